@@ -1,0 +1,183 @@
+# What every CMakeLists.txt of this project is written with: voxi_add_library and voxi_add_test,
+# and the settings that all targets of ours share (and no target of others gets).
+
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+include(GenerateExportHeader)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(CMAKE_INSTALL_RPATH "$ORIGIN:$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
+find_program(VOXI_CCACHE ccache)
+if(VOXI_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    # Without this sloppiness ccache does not cache sources that use a precompiled header.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${VOXI_CCACHE}")
+endif()
+
+set(VOXI_EXPORT_DIR "${PROJECT_BINARY_DIR}/export")
+set(VOXI_PRECOMPILED
+    <QtWidgets>
+    <algorithm>
+    <array>
+    <functional>
+    <map>
+    <memory>
+    <optional>
+    <string>
+    <unordered_map>
+    <utility>
+    <vector>)
+
+if(VOXI_SANITIZE STREQUAL "address")
+    # The vptr check needs type information across libraries, which hidden visibility removes.
+    set(VOXI_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize=vptr
+                            -fno-sanitize-recover=all -fno-omit-frame-pointer)
+elseif(VOXI_SANITIZE STREQUAL "thread")
+    set(VOXI_SANITIZE_FLAGS -fsanitize=thread -fno-omit-frame-pointer)
+elseif(VOXI_SANITIZE)
+    message(FATAL_ERROR "VOXI_SANITIZE is '${VOXI_SANITIZE}'; it can be address, thread or empty")
+endif()
+
+# Warnings, sanitizers and house definitions for one target of ours.
+function(voxi_house_settings target)
+    target_compile_options(
+        ${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual
+                          -Wnon-virtual-dtor $<$<BOOL:${VOXI_WERROR}>:-Werror>)
+    if(VOXI_SANITIZE_FLAGS)
+        target_compile_options(${target} PRIVATE ${VOXI_SANITIZE_FLAGS})
+        target_link_options(${target} PRIVATE ${VOXI_SANITIZE_FLAGS})
+    endif()
+endfunction()
+
+# What a target that uses Qt needs beyond that. -fPIC for programs too: one precompiled header
+# serves libraries and programs only when both are compiled for the same kind of code.
+function(voxi_qt_settings target)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
+                                                 QT_NO_CAST_TO_ASCII)
+    target_compile_options(${target} PRIVATE -fPIC)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(${target} PRIVATE -fpch-preprocess) # for ccache
+    endif()
+endfunction()
+
+# voxi_add_rooms(<folder>...): adds the folders in the given order.
+function(voxi_add_rooms)
+    foreach(room IN LISTS ARGN)
+        if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${room}/CMakeLists.txt")
+            add_subdirectory(${room})
+        endif()
+    endforeach()
+endfunction()
+
+# voxi_add_library(<name> HEADERS ... SOURCES ... [PUBLIC_LIBS ...] [PRIVATE_LIBS ...]
+#                  [BASE_DIR <dir>] [PRECOMPILE])
+# A shared library <name>, alias voxi::<name>, with its export header and its install rules.
+# Public headers lie under BASE_DIR (default: include). A library that links a Qt6:: target is
+# moc'ed and gets the house definitions for Qt; PRECOMPILE gives it a precompiled <QtWidgets>.
+function(voxi_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "PRECOMPILE" "BASE_DIR"
+                          "HEADERS;SOURCES;PUBLIC_LIBS;PRIVATE_LIBS")
+    voxi_require_all_parsed(voxi_add_library)
+    if(NOT arg_BASE_DIR)
+        set(arg_BASE_DIR include)
+    endif()
+
+    add_library(${name} SHARED ${arg_SOURCES})
+    add_library(voxi::${name} ALIAS ${name})
+    set(export_header "${VOXI_EXPORT_DIR}/${name}/${name}_export.h")
+    generate_export_header(${name} EXPORT_FILE_NAME "${export_header}")
+    target_sources(
+        ${name}
+        PUBLIC FILE_SET HEADERS
+               BASE_DIRS "${arg_BASE_DIR}" "${VOXI_EXPORT_DIR}"
+               FILES ${arg_HEADERS} "${export_header}")
+    target_compile_features(${name} PUBLIC cxx_std_20)
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC_LIBS} PRIVATE ${arg_PRIVATE_LIBS})
+    # voxi_util and VOXI_UTIL_EXPORT alike: the define symbol is the one that CMake derives.
+    set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION}
+                                             SOVERSION ${PROJECT_VERSION_MAJOR})
+    voxi_house_settings(${name})
+    if("${arg_PUBLIC_LIBS};${arg_PRIVATE_LIBS}" MATCHES "Qt6::")
+        voxi_qt_settings(${name})
+        set_property(GLOBAL APPEND PROPERTY VOXI_QT_LIBRARIES ${name})
+    else()
+        set_property(GLOBAL APPEND PROPERTY VOXI_PLAIN_LIBRARIES ${name})
+    endif()
+    if(arg_PRECOMPILE)
+        target_precompile_headers(${name} PRIVATE ${VOXI_PRECOMPILED})
+    endif()
+
+    install(
+        TARGETS ${name}
+        EXPORT voxi2_qtTargets
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+        FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+endfunction()
+
+# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [TIMEOUT <seconds>])
+# One GoogleTest program. Each of its tests is a ctest test of label unit; with X11 the program as
+# a whole is one ctest test of label x11, on a virtual display with a window manager of its own.
+# QT: runs inside the test support's QApplication, where an unexpected Qt warning fails the test.
+function(voxi_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11" "TIMEOUT" "SOURCES;LIBS")
+    voxi_require_all_parsed(voxi_add_test)
+    if((arg_QT OR arg_X11) AND NOT VOXI_WITH_QT)
+        return()
+    endif()
+
+    add_executable(${name} ${arg_SOURCES})
+    voxi_house_settings(${name})
+    if(arg_QT OR arg_X11)
+        voxi_qt_settings(${name})
+        target_link_libraries(${name} PRIVATE ${arg_LIBS} test_support_qt)
+        target_precompile_headers(${name} REUSE_FROM test_support_qt)
+    else()
+        target_link_libraries(${name} PRIVATE ${arg_LIBS} test_support)
+    endif()
+
+    if(arg_X11)
+        if(NOT arg_TIMEOUT)
+            set(arg_TIMEOUT 180)
+        endif()
+        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/xvfb-run.sh" $<TARGET_FILE:${name}>)
+        set_tests_properties(${name} PROPERTIES LABELS x11 TIMEOUT ${arg_TIMEOUT}
+                                                ENVIRONMENT QT_QPA_PLATFORM=xcb)
+    else()
+        if(NOT arg_TIMEOUT)
+            set(arg_TIMEOUT 60)
+        endif()
+        gtest_discover_tests(
+            ${name}
+            DISCOVERY_MODE PRE_TEST
+            DISCOVERY_TIMEOUT 60
+            PROPERTIES LABELS unit TIMEOUT ${arg_TIMEOUT} ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    endif()
+endfunction()
+
+# A misspelt keyword would otherwise drop files from a target in silence.
+macro(voxi_require_all_parsed who)
+    if(DEFINED arg_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "${who}(${name}): unknown arguments: ${arg_UNPARSED_ARGUMENTS}")
+    endif()
+endmacro()
+
+# Installs the package description: find_package(voxi2_qt) gives every library as voxi::<name>.
+function(voxi_install_package)
+    set(destination "${CMAKE_INSTALL_LIBDIR}/cmake/voxi2_qt")
+    configure_package_config_file(
+        "${PROJECT_SOURCE_DIR}/cmake/voxi2_qtConfig.cmake.in"
+        "${PROJECT_BINARY_DIR}/voxi2_qtConfig.cmake" INSTALL_DESTINATION "${destination}")
+    write_basic_package_version_file("${PROJECT_BINARY_DIR}/voxi2_qtConfigVersion.cmake"
+                                     COMPATIBILITY SameMajorVersion)
+    install(FILES "${PROJECT_BINARY_DIR}/voxi2_qtConfig.cmake"
+                  "${PROJECT_BINARY_DIR}/voxi2_qtConfigVersion.cmake" DESTINATION "${destination}")
+    install(EXPORT voxi2_qtTargets NAMESPACE voxi:: DESTINATION "${destination}")
+endfunction()
