@@ -1,10 +1,9 @@
 #include "support/qtwarnings.h"
 
-#include <gtest/gtest.h>
-
 #include <QRegularExpression>
 
 #include <cstdio>
+#include <gtest/gtest.h>
 #include <map>
 #include <mutex>
 
@@ -77,8 +76,7 @@ ExpectedQtWarning::ExpectedQtWarning(const char* expression)
           all.byId[++all.lastId].expression.setPattern(QString::fromUtf8(expression));
           return all.lastId;
       }())
-{
-}
+{}
 
 ExpectedQtWarning::~ExpectedQtWarning()
 {

@@ -24,9 +24,10 @@ void printThreads()
 } // namespace
 
 Watchdog::Watchdog(std::chrono::seconds limit, std::string what)
-    : m_limit(limit), m_what(std::move(what)), m_thread([this] { watch(); })
-{
-}
+    : m_limit(limit),
+      m_what(std::move(what)),
+      m_thread([this] { watch(); })
+{}
 
 Watchdog::~Watchdog()
 {

@@ -1,0 +1,134 @@
+#!/usr/bin/env python3
+"""Checks that every peer has its other halves, found by rule from its header's name:
+
+    voxi2_qt/export/include/voxi2_qt/controls/qtbutton2.h     the peer's header
+    voxi2_qt/controls/qtbutton2.cpp                           its source, listed in CMake
+    platform/voxi2/include/voxi2/controls/vxbutton2.h         the abstract class
+    platform/voxi2/src/controls/vxbutton2.cpp                 its source, listed in CMake
+    a row in voxi2_qt/kernel/qtfactory2.cpp                   names the peer's class
+    a test under tests/voxi2_qt/controls/                     names one of the two classes
+
+An abstract class whose object has an emitters table retires in its destructor, while the table
+still stands. Abstract kinds that no peer serves are reported and fail nothing.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+FOLDERS = ["kernel", "containers", "controls", "modelview"]
+PEER_HEADERS = Path("voxi2_qt/export/include/voxi2_qt")
+PEER_SOURCES = Path("voxi2_qt")
+ABSTRACT_HEADERS = Path("platform/voxi2/include/voxi2")
+ABSTRACT_SOURCES = Path("platform/voxi2/src")
+FACTORY = PEER_SOURCES / "kernel/qtfactory2.cpp"
+TESTS = Path("tests/voxi2_qt")
+
+# Stems (without qt and .h) of headers that are no peers: helpers, conversions, bases without an
+# abstract class of their own.
+NOT_PEERS = {
+    "kernel": {"*"},  # the kernel's headers are its machinery; its peers are named below
+    "containers": set(),
+    "controls": set(),
+    "modelview": set(),
+}
+KERNEL_PEERS = set()
+
+# Bases are made by no row of the factory, and tested through the peers that derive from them.
+BASES = {"widget2", "control2", "container2", "object2"}
+
+CLASS = re.compile(r"^class\s+(?:\w+_EXPORT\s+)?(\w+)[^;{]*\{?\s*$", re.MULTILINE)
+
+
+def text(path):
+    return path.read_text(encoding="utf-8") if path.is_file() else ""
+
+
+def class_in(header, stem, prefix):
+    """The class that gives the header its name: qtbutton2.h holds QtButton2."""
+    for name in CLASS.findall(text(header)):
+        if name.lower() == prefix + stem:
+            return name
+    return None
+
+
+def peers():
+    for folder in FOLDERS:
+        for header in sorted((PEER_HEADERS / folder).glob("qt*.h")):
+            stem = header.stem[2:]
+            if stem in NOT_PEERS[folder]:
+                continue
+            if "*" in NOT_PEERS[folder] and stem not in KERNEL_PEERS:
+                continue
+            yield folder, stem, header
+
+
+def faults_of(folder, stem, header, tests):
+    peer = class_in(header, stem, "qt")
+    if peer is None:
+        yield f"{header}: holds no class of the name qt{stem}"
+        return
+
+    abstract_header = ABSTRACT_HEADERS / folder / f"vx{stem}.h"
+    pairs = [
+        (PEER_SOURCES / folder / f"qt{stem}.cpp", PEER_SOURCES),
+        (ABSTRACT_SOURCES / folder / f"vx{stem}.cpp", ABSTRACT_SOURCES.parent),
+    ]
+    for source, library in pairs:
+        if not source.is_file():
+            yield f"{peer}: no {source}"
+        elif str(source.relative_to(library)) not in cmake_lists(library, folder):
+            yield f"{peer}: {source} is not listed in {library}/CMakeLists.txt"
+    abstract = class_in(abstract_header, stem, "vx")
+    if abstract is None:
+        yield f"{peer}: no abstract class in {abstract_header}"
+    if stem in BASES:
+        return
+    if not re.search(rf"\b{peer}\b", text(FACTORY)):
+        yield f"{peer}: no row in {FACTORY}"
+    if not re.search(rf"\b({peer}|{abstract})\b", tests[folder]):
+        yield f"{peer}: no test under {TESTS / folder}"
+
+
+def cmake_lists(library, folder):
+    """What CMake is told of a library: its own list, and one of the folder if there is one."""
+    lists = text(library / "CMakeLists.txt")
+    for line in text(library / folder / "CMakeLists.txt").split():
+        lists += f"\n{folder}/{line}"
+    return lists
+
+
+def retire_faults():
+    """A table belongs to its class, so each destructor below must have said goodbye first."""
+    for source in sorted(ABSTRACT_SOURCES.glob("*/vx*.cpp")):
+        content = text(source)
+        header = text(ABSTRACT_HEADERS / source.parent.name / f"{source.stem}.h")
+        if not re.search(r"\b\w*[eE]mitters\w*\b", header):
+            continue
+        destructor = re.search(r"^(\w+)::~\1\(\)[^{;]*(\{.*?^\}|\{[^\n]*\}|= default;)", content,
+                               re.MULTILINE | re.DOTALL)
+        if destructor is None:
+            yield f"{source}: a class with an emitters table has no destructor here"
+        elif "retire(" not in destructor[0]:
+            yield f"{source}: the destructor does not call retire()"
+
+
+def main():
+    tests = {
+        folder: "\n".join(text(path) for path in sorted((TESTS / folder).rglob("*.cpp")))
+        for folder in FOLDERS
+    }
+    faults = [fault for peer in peers() for fault in faults_of(*peer, tests)]
+    faults += retire_faults()
+    for fault in faults:
+        print(fault)
+
+    served = {stem for _, stem, _ in peers()}
+    factory_header = text(ABSTRACT_HEADERS / "kernel/vxfactory2.h")
+    kinds = {name.lower() for name in re.findall(r"\bcreate(\w+2)\b", factory_header)}
+    for kind in sorted(kinds - served):
+        print(f"note: no peer serves {kind}")
+    return 1 if faults else 0
+
+
+sys.exit(main())

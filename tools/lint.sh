@@ -1,0 +1,102 @@
+#!/usr/bin/env bash
+# lint.sh [--full]: every check of the house, each with OK, FAIL or SKIP; fails when one fails.
+# clang-tidy looks at the sources that differ from origin; with --full at all of them.
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+full=no
+[ "${1:-}" != --full ] || full=yes
+build=build/dev
+failed=0
+
+# check NAME COMMAND...: status 77 means that the check could not be made here.
+check() {
+    local name=$1 output status
+    shift
+    output=$("$@" 2>&1)
+    status=$?
+    case $status in
+    0) printf 'OK    %s\n' "$name" ;;
+    77) printf 'SKIP  %s: ' "$name" ;;
+    *)
+        printf 'FAIL  %s\n' "$name"
+        failed=1
+        ;;
+    esac
+    [ -z "$output" ] || printf '%s\n' "$output" | sed "$([ $status -eq 77 ] || echo 's/^/      /')"
+}
+
+sources() { git ls-files -z -co --exclude-standard -- '*.cpp' '*.h'; }
+
+check_format() {
+    local files
+    files=$(sources | xargs -0 -r -P2 -n40 clang-format --dry-run -Werror 2>&1 |
+        sed -nE 's/^([^ :]+):[0-9]+:[0-9]+: error.*/\1/p' | sort -u)
+    [ -z "$files" ] || { printf '%s\n' "$files" 'run ./dev format'; return 1; }
+}
+
+# no_match PATTERN PATHS...: fails when a tracked or new file has the pattern.
+no_match() {
+    local pattern=$1
+    shift
+    ! git grep --untracked -nIiE "$pattern" -- "$@"
+}
+
+# The tree explains itself: it cites no document from elsewhere, no machine and no server.
+# (Brackets keep the patterns from finding themselves.)
+check_references() {
+    no_match 'specif[i]cation|\bthe sp[e]c\b|\bsp[e]c\.md|\bPart[s]? [0-9]+\.[0-9]+' . &&
+        no_match '/(work|root)/[a-z.]|/tmp/bash[_]jobs|deb\.debian\.org|registry\.npmjs' .
+}
+
+# Text crosses between the toolkit and Qt in one place, so that every peer treats it the same.
+check_text_conversion() {
+    no_match '(from|to)Std(W|U16|U32)?String\b' platform voxi2_qt apps \
+        ':!voxi2_qt/kernel/*text*' ':!voxi2_qt/export/include/voxi2_qt/kernel/*text*'
+}
+
+check_qt_symbols() {
+    if ! ls $build/lib/*.so >/dev/null 2>&1; then
+        echo "nothing is built in $build"
+        return 77
+    fi
+    tools/check_qt_symbols.sh $build/lib
+}
+
+changed_sources() {
+    local base
+    if [ $full = yes ] || ! base=$(git merge-base HEAD origin/HEAD 2>/dev/null ||
+        git merge-base HEAD origin/main 2>/dev/null); then
+        [ $full = yes ] && git ls-files -- '*.cpp'
+        return 0
+    fi
+    git diff --name-only --diff-filter=d "$base" -- '*.cpp'
+    git ls-files -o --exclude-standard -- '*.cpp'
+}
+
+check_tidy() {
+    local files
+    if [ ! -f $build/compile_commands.json ]; then
+        echo "nothing is configured in $build"
+        return 77
+    fi
+    # A source outside the database (a consumer project's) has no flags to be checked with.
+    files=$(changed_sources | sort -u | while read -r file; do
+        ! grep -qF "\"$PWD/$file\"" $build/compile_commands.json || echo "$file"
+    done)
+    if [ -z "$files" ]; then
+        echo "no changed source (--full checks all)"
+        return 77
+    fi
+    printf '%s\n' "$files" | timeout 1200 python3 tools/run_tidy.py $build
+}
+
+check format check_format
+check layers python3 tools/check_layers.py
+check symmetry python3 tools/check_symmetry.py
+check qt-symbols check_qt_symbols
+check references check_references
+check text-conversion check_text_conversion
+check tidy check_tidy
+check sizes python3 tools/check_file_sizes.py
+exit $failed
