@@ -1,0 +1,355 @@
+#pragma once
+
+#include "trov/listener.h"
+#include "trov/packet.h"
+#include "trov/thread.h"
+#include "trov/trov_export.h"
+#include "trov/types.h"
+
+#include "voxi_util/readwritelock.h"
+
+#include <atomic>
+#include <functional>
+#include <typeinfo>
+#include <utility>
+
+namespace TROV {
+
+/// Guards who is connected to whom; held for writing while a connection is made or cut, never while
+/// a listener is called.
+TROV_EXPORT VOXI::ReadWriteLock& GetGlobalConnectionLock();
+
+namespace detail {
+
+/// The connections of one emitter at one moment. Never changed once published: an emission walks
+/// through the block it found while others publish new ones.
+struct ConnectionBlock {
+    std::uint32_t m_count = 0;
+    std::atomic<std::uint32_t> m_pins{0};  ///< emissions too deeply nested for their thread's pins
+    ConnectionBlock* m_nextRetired = nullptr;
+
+    Connection** items() noexcept { return reinterpret_cast<Connection**>(this + 1); }
+    Connection* const* items() const noexcept
+    {
+        return reinterpret_cast<Connection* const*>(this + 1);
+    }
+};
+
+/// Where an emitter keeps its connections; null as long as there are none.
+using ConnectionSite = std::atomic<ConnectionBlock*>;
+
+extern TROV_EXPORT std::atomic<int> s_retiredBlocks;
+TROV_EXPORT void collectRetiredBlocks();
+TROV_EXPORT void cutAllConnections(ConnectionSite& site);
+TROV_EXPORT int numberOfConnections(const ConnectionSite& site) noexcept;
+
+}  // namespace detail
+
+/// Emitter, listener, what to call and on which thread. Counted; made by the emitters' `connect`.
+class TROV_EXPORT Connection {
+public:
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// False once it was cut by either side.
+    bool isConnected() const noexcept { return m_alive.load(std::memory_order_acquire); }
+
+    /// The thread that calls are delivered on.
+    Thread* thread() const noexcept { return m_thread.get(); }
+
+    /// Cuts it; nothing happens when it is cut already. The listener's guarantees hold.
+    void disconnect();
+
+    const std::type_info& signature() const noexcept { return *m_signature; }
+
+    /// Whether it is one of the listener's; only while the global connection lock is held.
+    bool belongsTo(const Listener* listener) const noexcept { return m_listener == listener; }
+
+    /// For the library: calls the listener with the payload's arguments, which must match.
+    virtual void deliver(Payload& payload) = 0;
+
+    void ref() noexcept { m_refs.fetch_add(1, std::memory_order_relaxed); }
+    void deref();
+
+protected:
+    Connection(Listener* listener, Thread* thread, const std::type_info& signature)
+        : m_listener(listener), m_thread(thread), m_signature(&signature)
+    {
+    }
+    virtual ~Connection();
+
+    /// Enters the connection into the site and the listener's list, under the global lock.
+    void attach(detail::ConnectionSite& site);
+
+private:
+    friend class Listener;
+    friend void detail::cutAllConnections(detail::ConnectionSite& site);
+
+    void unlinkFromListener() noexcept;
+    static void cut(Connection* const* connections, std::size_t count);
+
+    std::atomic<int> m_refs{0};
+    std::atomic<bool> m_alive{false};
+    detail::ConnectionSite* m_site = nullptr;
+    Listener* m_listener;
+    ThreadRef m_thread;
+    const std::type_info* m_signature;
+    Connection* m_previous = nullptr;
+    Connection* m_next = nullptr;
+};
+
+/// A connection of a known signature.
+template <class R, class... A>
+class ConnectionImpl : public Connection {
+public:
+    /// Connects `function` to `site` on behalf of `listener`; the caller holds no reference.
+    template <class Function>
+    static ConnectionImpl* make(detail::ConnectionSite& site, Listener* listener, Thread* thread,
+                                Function function);
+
+    R call(Param<A>... arguments) { return m_call(this, arguments...); }
+
+    void deliver(Payload& payload) override
+    {
+        if (auto* mine = dynamic_cast<PayloadOf<R, sizeof...(A), A...>*>(&payload))
+            mine->apply([this](const A&... a) { return call(a...); });
+    }
+
+protected:
+    using Call = R (*)(ConnectionImpl*, Param<A>...);
+
+    ConnectionImpl(Listener* listener, Thread* thread, Call function)
+        : Connection(listener, thread, typeid(R(A...))), m_call(function)
+    {
+    }
+
+private:
+    Call m_call;
+};
+
+template <class R = void>
+using ConnectionImpl0 = ConnectionImpl<R>;
+template <class R, class A1>
+using ConnectionImpl1 = ConnectionImpl<R, A1>;
+template <class R, class A1, class A2>
+using ConnectionImpl2 = ConnectionImpl<R, A1, A2>;
+template <class R, class A1, class A2, class A3>
+using ConnectionImpl3 = ConnectionImpl<R, A1, A2, A3>;
+template <class R, class A1, class A2, class A3, class A4>
+using ConnectionImpl4 = ConnectionImpl<R, A1, A2, A3, A4>;
+
+namespace detail {
+
+template <class Function, class R, class... A>
+class FunctionConnection final : public ConnectionImpl<R, A...> {
+public:
+    FunctionConnection(Listener* listener, Thread* thread, Function function)
+        : ConnectionImpl<R, A...>(listener, thread, &invoke), m_function(std::move(function))
+    {
+    }
+
+private:
+    friend class ConnectionImpl<R, A...>;
+
+    static R invoke(ConnectionImpl<R, A...>* self, Param<A>... arguments)
+    {
+        Function& function = static_cast<FunctionConnection*>(self)->m_function;
+        // A handler that does not care for the arguments need not name them.
+        if constexpr (std::is_invocable_v<Function&, Param<A>...>)
+            return static_cast<R>(std::invoke(function, arguments...));
+        else
+            return static_cast<R>(std::invoke(function));
+    }
+
+    Function m_function;
+};
+
+}  // namespace detail
+
+template <class R, class... A>
+template <class Function>
+ConnectionImpl<R, A...>* ConnectionImpl<R, A...>::make(detail::ConnectionSite& site,
+                                                       Listener* listener, Thread* thread,
+                                                       Function function)
+{
+    static_assert(std::is_invocable_r_v<R, Function&, Param<A>...>
+                      || std::is_invocable_r_v<R, Function&>,
+                  "the handler must take the signal's arguments, or none");
+    auto* connection = new detail::FunctionConnection<Function, R, A...>(listener, thread,
+                                                                         std::move(function));
+    connection->attach(site);
+    return connection;
+}
+
+/// Names a connection so that it can be cut early. Copies name the same one; an empty handle names
+/// none. It does not keep the connection connected.
+class ConnectionHandle {
+public:
+    ConnectionHandle() = default;
+    explicit ConnectionHandle(Connection* connection) : m_connection(connection)
+    {
+        if (m_connection)
+            m_connection->ref();
+    }
+    ConnectionHandle(const ConnectionHandle& other) : ConnectionHandle(other.m_connection) {}
+    ConnectionHandle(ConnectionHandle&& other) noexcept
+        : m_connection(std::exchange(other.m_connection, nullptr))
+    {
+    }
+    ConnectionHandle& operator=(ConnectionHandle other) noexcept
+    {
+        std::swap(m_connection, other.m_connection);
+        return *this;
+    }
+    ~ConnectionHandle()
+    {
+        if (m_connection)
+            m_connection->deref();
+    }
+
+    bool isConnected() const noexcept { return m_connection && m_connection->isConnected(); }
+    void disconnect()
+    {
+        if (m_connection)
+            m_connection->disconnect();
+    }
+    Connection* connection() const noexcept { return m_connection; }
+
+private:
+    Connection* m_connection = nullptr;
+};
+
+namespace detail {
+
+/// Keeps the block that an emission walks through alive, and hands it out.
+class Emission {
+public:
+    Emission(Thread* thread, ConnectionSite& site) : m_pins(thread->pins()), m_depth(m_pins.m_depth++)
+    {
+        if (m_depth < EmissionPins::Depth) [[likely]] {
+            if (m_depth >= m_pins.m_highWater.load(std::memory_order_relaxed))
+                m_pins.m_highWater.store(m_depth + 1);
+            m_block = site.load(std::memory_order_acquire);
+            for (;;) {
+                // The exchange is a full barrier: whoever retires the block sees the pin, or we
+                // see that the block was replaced.
+                m_pins.m_pins[m_depth].exchange(m_block);
+                ConnectionBlock* now = site.load();
+                if (now == m_block)
+                    break;
+                m_block = now;
+            }
+        } else {
+            m_block = pinSlowly(site);
+        }
+    }
+
+    ~Emission()
+    {
+        --m_pins.m_depth;
+        if (m_depth < EmissionPins::Depth) [[likely]]
+            m_pins.m_pins[m_depth].store(nullptr, std::memory_order_release);
+        else if (m_block)
+            m_block->m_pins.fetch_sub(1, std::memory_order_release);
+        if (s_retiredBlocks.load(std::memory_order_relaxed) != 0 && m_depth == 0) [[unlikely]]
+            collectRetiredBlocks();
+    }
+
+    Emission(const Emission&) = delete;
+    Emission& operator=(const Emission&) = delete;
+
+    const ConnectionBlock* block() const noexcept { return m_block; }
+
+private:
+    TROV_EXPORT static ConnectionBlock* pinSlowly(ConnectionSite& site);
+
+    EmissionPins& m_pins;
+    unsigned m_depth;
+    ConnectionBlock* m_block = nullptr;
+};
+
+/// An emission on its way to a listener on another thread.
+template <class... A>
+struct QueuedEmission {
+    ConnectionHandle m_connection;
+    std::tuple<A...> m_arguments;
+
+    void deliver()
+    {
+        auto* connection = static_cast<ConnectionImpl<void, A...>*>(m_connection.connection());
+        if (connection->isConnected())
+            std::apply([&](const A&... a) { connection->call(a...); }, m_arguments);
+    }
+};
+
+/// Calls one listener on its thread; waits for it when there is a result or `wait` is set.
+template <class R, class... A>
+R callElsewhere(ConnectionImpl<R, A...>* connection, bool wait, Param<A>... arguments)
+{
+    if constexpr (std::is_void_v<R>) {
+        if (!wait) {
+            connection->thread()->enqueue(
+                QueuedEmission<A...>{ConnectionHandle(connection), std::tuple<A...>(arguments...)});
+            return;
+        }
+    }
+    return connection->thread()->template callAndWait<R>(connection, [&]() -> R {
+        if (!connection->isConnected())
+            return defaultResult<R>();
+        return connection->call(arguments...);
+    });
+}
+
+/// Calls every listener of the site in the order of connecting; the last one's result counts.
+/// Listeners that connect meanwhile are not called, those cut meanwhile are not called any more.
+template <class R, class... A>
+R emitTo(ConnectionSite& site, bool wait, Param<A>... arguments)
+{
+    Thread* const self = Thread::getCurrentThread();
+    const Emission emission(self, site);
+    const ConnectionBlock* block = emission.block();
+    if (!block)
+        return defaultResult<R>();
+    const auto callOne = [&](Connection* item) -> R {
+        auto* connection = static_cast<ConnectionImpl<R, A...>*>(item);
+        if (connection->thread() == self)
+            return connection->call(arguments...);
+        return callElsewhere<R, A...>(connection, wait, arguments...);
+    };
+    Connection* const* items = block->items();
+    if constexpr (std::is_void_v<R>) {
+        for (std::uint32_t i = 0; i < block->m_count; ++i) {
+            if (items[i]->isConnected())
+                callOne(items[i]);
+        }
+    } else {
+        R result = R();
+        for (std::uint32_t i = 0; i < block->m_count; ++i) {
+            if (items[i]->isConnected())
+                result = callOne(items[i]);
+        }
+        return result;
+    }
+}
+
+/// Delivers a packet to every listener of the site whose signature it has.
+TROV_EXPORT void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait);
+
+/// Wraps a member function and its object into a handler that takes what the signal sends, or
+/// nothing.
+template <class Object, class Member>
+auto memberHandler(Object* object, Member member)
+{
+    return [object, member](auto&&... arguments) -> decltype(auto)
+        requires std::is_invocable_v<Member, Object*, decltype(arguments)...>
+                 || std::is_invocable_v<Member, Object*>
+    {
+        if constexpr (std::is_invocable_v<Member, Object*, decltype(arguments)...>)
+            return std::invoke(member, object, std::forward<decltype(arguments)>(arguments)...);
+        else
+            return std::invoke(member, object);
+    };
+}
+
+}  // namespace detail
+}  // namespace TROV

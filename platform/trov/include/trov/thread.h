@@ -1,0 +1,269 @@
+#pragma once
+
+#include "trov/callqueue.h"
+#include "trov/trov_export.h"
+#include "trov/types.h"
+#include "voxi_util/spinlock.h"
+
+#include <atomic>
+#include <chrono>
+#include <exception>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace TROV {
+
+namespace detail {
+
+/// The blocks of connections that emissions on one thread are walking through right now.
+struct EmissionPins {
+    static constexpr unsigned Depth = 32;
+
+    std::atomic<const void*> m_pins[Depth] = {};
+    std::atomic<unsigned> m_highWater{0};
+    unsigned m_depth = 0;
+};
+
+}  // namespace detail
+
+/// An operating-system thread as the signal library sees it: a name and a queue of calls.
+///
+/// Every thread gets one when it first asks for it; the library starts no thread itself. The calls
+/// run when the thread's own loop asks for them: a plain worker runs `exec()`, a thread with a loop
+/// of its own binds a wake-up function and calls `process()` when woken. When the operating-system
+/// thread ends, or its loop is unbound, waiting senders are released with default answers and
+/// later calls are dropped.
+///
+/// Unless said otherwise, functions may be called from any thread.
+class TROV_EXPORT Thread {
+public:
+    using Clock = std::chrono::steady_clock;
+    using ExceptionHandler = std::function<void(std::exception_ptr)>;
+
+    Thread(const Thread&) = delete;
+    Thread& operator=(const Thread&) = delete;
+
+    /// The calling thread; never null.
+    static Thread* getCurrentThread()
+    {
+        return s_current ? s_current : attachCurrentThread();
+    }
+
+    /// The live thread of that name, or null. Of several the one named last answers.
+    static Thread* find(const std::string& name);
+
+    /// Names the thread; an empty name takes the name away.
+    void setName(const std::string& name);
+    std::string name() const;
+
+    /// Makes `wakeUp` what rouses the thread's own loop. It is called from sending threads, once
+    /// for any number of calls queued since the last `process()`. Owning thread only.
+    void bindWakeUp(std::function<void()> wakeUp);
+
+    /// Ends what `bindWakeUp` began: queued calls are dropped, waiting senders released. When it
+    /// returns the wake-up function is not running any more. Owning thread only.
+    void unbindWakeUp();
+
+    /// Runs queued calls in their order until none is left or `budget` is used up, and tells
+    /// whether some are left; the host then calls again after it has looked after input and
+    /// painting. May be called again from inside a call. Owning thread only.
+    bool process(std::chrono::nanoseconds budget = std::chrono::nanoseconds::max());
+
+    /// Runs calls as they come until `quit()`. Owning thread only.
+    void exec();
+
+    /// Ends the innermost `exec()`, or the next one if none runs.
+    void quit();
+
+    /// Tells whether calls sent now may still be answered.
+    bool isAccepting() const noexcept { return m_accepting.load(std::memory_order_acquire); }
+
+    /// Queues `function` to run on this thread; dropped when the thread is not accepting.
+    template <class Function>
+    void post(Function function)
+    {
+        struct Call {
+            Function m_function;
+            void deliver() { m_function(); }
+        };
+        enqueue(Call{std::move(function)});
+    }
+
+    /// Receives what queued calls throw, on their thread. The default reports it on stderr. The
+    /// queue goes on in any case. An empty handler restores the default.
+    static void setExceptionHandler(ExceptionHandler handler);
+
+    /// For the library's own templates: queues a call; false when the thread does not accept it.
+    template <class Call>
+    bool enqueue(Call call)
+    {
+        if constexpr (detail::fitsChunk<Call>) {
+            return push(std::move(call));
+        } else {
+            return push(detail::BoxedCall<Call>{std::make_unique<Call>(std::move(call))});
+        }
+    }
+
+    /// For the library's own templates: runs `function` on this thread and waits for its result.
+    /// While it waits the calling thread gives up its locks and answers requests addressed to it.
+    /// Default results when this thread does not accept calls, or `target` is cut meanwhile. What
+    /// `function` throws is thrown here.
+    template <class R, class Function>
+    R callAndWait(const void* target, Function&& function)
+    {
+        AskedCall<R, std::remove_reference_t<Function>> call(function, target);
+        if (!ask(call))
+            return detail::defaultResult<R>();
+        if (call.m_error)
+            std::rethrow_exception(call.m_error);
+        if constexpr (!std::is_void_v<R>)
+            return call.m_result ? std::move(*call.m_result) : R();
+    }
+
+    /// Releases every thread that waits for `target` on this thread with a default answer.
+    void releaseWaiters(const void* target);
+
+    detail::EmissionPins& pins() noexcept { return m_pins; }
+
+    /// Calls `function` with every thread there ever was; used to find pinned connections.
+    static void forEach(const std::function<void(Thread&)>& function);
+
+    /// A thread keeps its identity while somebody holds a reference to it.
+    void ref() noexcept { m_refs.fetch_add(1, std::memory_order_relaxed); }
+    void deref();
+
+private:
+    friend struct ThreadAttachment;
+
+    struct NoResult {};
+
+    template <class R, class Function>
+    struct AskedCall : detail::Waiter {
+        AskedCall(Function& function, const void* target) : m_function(function)
+        {
+            m_target = target;
+            m_execute = [](Waiter* waiter) {
+                auto* self = static_cast<AskedCall*>(waiter);
+                if constexpr (std::is_void_v<R>)
+                    self->m_function();
+                else
+                    self->m_result.emplace(self->m_function());
+            };
+        }
+
+        Function& m_function;
+        std::optional<std::conditional_t<std::is_void_v<R>, NoResult, R>> m_result;
+    };
+
+    Thread() = default;
+    ~Thread() = default;
+
+    static Thread* attachCurrentThread();
+
+    template <class Call>
+    bool push(Call call)
+    {
+        using Record = detail::RecordOf<Call>;
+        bool wake = false;
+        {
+            std::lock_guard lock(m_queueLock);
+            if (!m_accepting.load(std::memory_order_relaxed))
+                return false;
+            auto* record = new (m_incoming.allocate(Record::alignedSize())) Record(std::move(call));
+            record->m_sender = s_current;
+            wake = noteArrival();
+        }
+        if (wake)
+            wakeUp();
+        return true;
+    }
+
+    /// Notes that something was queued; true when the loop must be roused. Queue lock held.
+    bool noteArrival() noexcept
+    {
+        m_hasIncoming.store(true, std::memory_order_relaxed);
+        if (m_wakePending || m_draining)
+            return false;
+        m_wakePending = true;
+        return true;
+    }
+
+    bool ask(detail::Waiter& waiter);
+    void wait(detail::Waiter& waiter, Thread& asked);
+    void answer(detail::CallRecord* record);
+    void complete(detail::Waiter* waiter) noexcept;
+    void wakeUp();
+    void signal() noexcept;
+    void absorb();
+    void execute(detail::CallRecord* record, detail::CallChunk* chunk);
+    bool answerOneRequest();
+    bool lingerForMore();
+    void open();
+    void close();
+    void endQuestion(detail::Waiter* waiter) noexcept;
+    void unlinkWaiter(detail::Waiter* waiter) noexcept;  // queue lock held
+    static void reportException(std::exception_ptr error);
+
+#if defined(__GNUC__)
+    __attribute__((tls_model("initial-exec")))
+#endif
+    static thread_local constinit Thread* s_current;
+
+    // What other threads look at.
+    VOXI::SpinLock m_queueLock;
+    bool m_wakePending = false;    // guarded: the loop has been roused and has not come yet
+    bool m_draining = false;       // guarded: the loop looks again by itself before it leaves
+    detail::CallList m_incoming;   // guarded
+    detail::Waiter* m_waiters = nullptr;  // guarded: who waits for answers of this thread
+    std::atomic<bool> m_accepting{true};
+    std::atomic<bool> m_hasIncoming{false};
+    std::atomic<bool> m_busy{false};
+    std::atomic<int> m_requestsPending{0};
+    std::atomic<std::uint32_t> m_event{0};
+    std::atomic<int> m_refs{0};
+    std::atomic<bool> m_quit{false};
+    mutable std::mutex m_hostMutex;     // the name and the wake-up function
+    std::function<void()> m_wakeUp;
+    std::string m_name;
+
+    // What only the thread itself looks at.
+    detail::CallList m_current;
+    detail::EmissionPins m_pins;
+    Clock::time_point m_lastAnswer{};
+    bool m_answered = false;
+};
+
+/// A counted reference to a thread.
+class ThreadRef {
+public:
+    ThreadRef() = default;
+    explicit ThreadRef(Thread* thread) : m_thread(thread)
+    {
+        if (m_thread)
+            m_thread->ref();
+    }
+    ThreadRef(const ThreadRef& other) : ThreadRef(other.m_thread) {}
+    ThreadRef(ThreadRef&& other) noexcept : m_thread(std::exchange(other.m_thread, nullptr)) {}
+    ThreadRef& operator=(ThreadRef other) noexcept
+    {
+        std::swap(m_thread, other.m_thread);
+        return *this;
+    }
+    ~ThreadRef()
+    {
+        if (m_thread)
+            m_thread->deref();
+    }
+
+    Thread* get() const noexcept { return m_thread; }
+    Thread* operator->() const noexcept { return m_thread; }
+    explicit operator bool() const noexcept { return m_thread != nullptr; }
+
+private:
+    Thread* m_thread = nullptr;
+};
+
+}  // namespace TROV

@@ -1,0 +1,282 @@
+#include "trov/emitterstable.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <vector>
+
+namespace TROV {
+
+using detail::Binding;
+using detail::ConnectionSite;
+using detail::TableSite;
+using detail::TableSites;
+
+namespace {
+
+/// Seen as a byte in a table, whatever it carries.
+struct AnyTableEmitter : detail::TableEmitter {
+    using TableEmitter::index;
+    using TableEmitter::listeners;
+};
+
+const AnyTableEmitter& asTableEmitter(const EmitterBase& emitter) noexcept
+{
+    return static_cast<const AnyTableEmitter&>(static_cast<const detail::TableEmitter&>(emitter));
+}
+
+/// The bound operation behind the emitter; null for events and unserved requests.
+const detail::Operation* boundOperation(const AnyTableEmitter& emitter) noexcept
+{
+    const auto* operations = emitter.head().m_operations.load(std::memory_order_acquire);
+    if (!operations || emitter.index() >= operations->m_count
+        || !emitter.head().m_binding->servingThread())
+        return nullptr;
+    const TableSite* site = emitter.listeners();
+    if (site && site->m_boundCut.load(std::memory_order_acquire))
+        return nullptr;
+    return operations->rows() + emitter.index();
+}
+
+/// Guards which peer serves a binding, and the list of recycled bindings.
+VOXI::SpinLock s_bindingLock;
+Binding* s_freeBindings = nullptr;   // linked through m_peer, which nobody reads of a free one
+
+constexpr std::size_t BindingsPerSlab = 64;
+
+void endService(Binding& binding, Thread*& thread) noexcept
+{
+    TableSites* sites = binding.m_sites.load(std::memory_order_acquire);
+    thread = binding.servingThread();
+    binding.m_generation.fetch_add(1, std::memory_order_acq_rel);
+    binding.m_thread.store(Binding::nobody(), std::memory_order_release);
+    if (sites)
+        sites->m_thread.store(nullptr, std::memory_order_release);
+    binding.m_peer.store(nullptr, std::memory_order_release);
+}
+
+}  // namespace
+
+// EmitterBase -------------------------------------------------------------------------------------
+
+ConnectionSite* EmitterBase::site(bool create) const
+{
+    if (m_index == StandsAlone)
+        return &static_cast<const LoneEmitter*>(this)->m_site;
+    const AnyTableEmitter& emitter = asTableEmitter(*this);
+    if (TableSite* site = emitter.listeners())
+        return &site->m_site;
+    if (!create)
+        return nullptr;
+    const auto* operations = emitter.head().m_operations.load(std::memory_order_acquire);
+    const bool isRequest = operations && m_index < operations->m_count;
+    return &emitter.head().m_binding->siteOf(this, isRequest)->m_site;
+}
+
+int EmitterBase::numberOfConnections() const noexcept
+{
+    const bool bound = m_index != StandsAlone && boundOperation(asTableEmitter(*this));
+    const ConnectionSite* connections = site(false);
+    return (bound ? 1 : 0) + (connections ? detail::numberOfConnections(*connections) : 0);
+}
+
+void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) const
+{
+    struct QueuedCall {
+        Binding* m_binding;
+        std::uint32_t m_generation;
+        const detail::Operation* m_operation;
+        Packet m_packet;
+        void deliver()
+        {
+            if (m_binding->serves(m_generation))
+                m_packet.payload()->call(*m_operation, m_binding->m_peer.load());
+        }
+    };
+    if (packet.isEmpty())
+        return;
+    if (m_index != StandsAlone) {
+        const AnyTableEmitter& emitter = asTableEmitter(*this);
+        Binding* binding = emitter.head().m_binding;
+        const std::uint32_t generation = binding->m_generation.load(std::memory_order_acquire);
+        const detail::Operation* operation = boundOperation(emitter);
+        Thread* thread = binding->servingThread();
+        if (operation && thread && *operation->m_signature == packet.payload()->signature()) {
+            QueuedCall call{binding, generation, operation, packet};
+            if (wait || (mode == SendDirect && thread == Thread::getCurrentThread()))
+                thread->callAndWait<void>(binding, [&] { call.deliver(); });
+            else
+                thread->enqueue(std::move(call));
+            if (!binding->serves(generation))
+                return;
+        }
+    }
+    if (ConnectionSite* connections = site(false))
+        detail::sendPacketTo(*connections, packet, mode, wait);
+}
+
+void EmitterBase::disconnect(Listener* listener) const
+{
+    if (m_index != StandsAlone) {
+        const AnyTableEmitter& emitter = asTableEmitter(*this);
+        Binding* binding = emitter.head().m_binding;
+        if (boundOperation(emitter) && binding->m_peer.load(std::memory_order_acquire) == listener)
+            binding->siteOf(this, true)->m_boundCut = true;
+    }
+    ConnectionSite* connections = site(false);
+    if (!connections)
+        return;
+    std::vector<ConnectionHandle> found;
+    {
+        VOXI::ReadLocker lock(GetGlobalConnectionLock());
+        const detail::ConnectionBlock* block = connections->load();
+        for (std::uint32_t i = 0; block && i < block->m_count; ++i) {
+            if (block->items()[i]->belongsTo(listener))
+                found.emplace_back(block->items()[i]);
+        }
+    }
+    for (ConnectionHandle& handle : found)
+        handle.disconnect();
+}
+
+// Binding -----------------------------------------------------------------------------------------
+
+namespace detail {
+
+Thread* Binding::servingThread() const noexcept
+{
+    Thread* thread = m_thread.load(std::memory_order_acquire);
+    if (thread != nobody())
+        return thread;
+    const TableSites* sites = m_sites.load(std::memory_order_acquire);
+    return sites ? sites->m_thread.load(std::memory_order_acquire) : nullptr;
+}
+
+Binding* Binding::allocate()
+{
+    std::lock_guard lock(s_bindingLock);
+    if (!s_freeBindings) {
+        auto* slab = new Binding[BindingsPerSlab];
+        for (std::size_t i = BindingsPerSlab; i-- > 0;) {
+            slab[i].m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
+            s_freeBindings = &slab[i];
+        }
+    }
+    Binding* binding = s_freeBindings;
+    s_freeBindings = reinterpret_cast<Binding*>(binding->m_peer.load(std::memory_order_relaxed));
+    binding->m_peer.store(nullptr, std::memory_order_relaxed);
+    return binding;
+}
+
+void Binding::free(Binding* binding) noexcept
+{
+    Thread* thread = nullptr;
+    TableSites* sites = nullptr;
+    {
+        std::lock_guard lock(s_bindingLock);
+        endService(*binding, thread);
+        sites = binding->m_sites.exchange(nullptr);
+    }
+    if (thread)
+        thread->releaseWaiters(binding);
+    if (sites) {
+        for (TableSite* site = sites->m_first.load(); site;) {
+            cutAllConnections(site->m_site);
+            delete std::exchange(site, site->m_next);
+        }
+        delete sites;
+    }
+    {
+        std::lock_guard lock(s_bindingLock);
+        binding->m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
+        s_freeBindings = binding;
+    }
+    if (thread)
+        thread->deref();
+}
+
+TableSite* Binding::siteOf(const EmitterBase* emitter, bool isRequest)
+{
+    std::lock_guard lock(s_bindingLock);
+    TableSites* sites = m_sites.load(std::memory_order_acquire);
+    if (!sites) {
+        sites = new TableSites;
+        m_sites.store(sites, std::memory_order_release);
+    }
+    TableSite* site = sites->find(emitter);
+    if (!site) {
+        site = new TableSite;
+        site->m_emitter = emitter;
+        site->m_next = sites->m_first.load(std::memory_order_relaxed);
+        sites->m_first.store(site, std::memory_order_release);
+    }
+    if (isRequest)
+        stopDirectCalls();
+    return site;
+}
+
+void Binding::stopDirectCalls()
+{
+    TableSites* sites = m_sites.load(std::memory_order_acquire);
+    sites->m_onRequests = true;
+    Thread* thread = m_thread.load(std::memory_order_acquire);
+    if (thread == nobody())
+        return;
+    sites->m_thread.store(thread, std::memory_order_release);
+    m_thread.store(nobody(), std::memory_order_release);
+}
+
+void reportMisplacedRow(const std::type_info& emitters, std::size_t row)
+{
+    std::fprintf(stderr, "Operations of %s: row %zu is not the request that stands there\n",
+                 emitters.name(), row);
+    std::abort();
+}
+
+}  // namespace detail
+
+// RequestBinding ----------------------------------------------------------------------------------
+
+void RequestBinding::bindTable(detail::TableHead& table, Listener* peer,
+                               const detail::OperationsHead* operations)
+{
+    Binding& binding = *table.m_binding;
+    table.m_operations.store(operations, std::memory_order_release);
+    if (m_binding)
+        return;
+    Thread* thread = Thread::getCurrentThread();
+    Thread* formerThread = nullptr;
+    std::lock_guard lock(s_bindingLock);
+    endService(binding, formerThread);
+    if (formerThread)
+        formerThread->deref();
+    thread->ref();
+    binding.m_peer.store(peer, std::memory_order_release);
+    binding.m_thread.store(thread, std::memory_order_release);
+    const TableSites* sites = binding.m_sites.load(std::memory_order_acquire);
+    if (sites && sites->m_onRequests)
+        binding.stopDirectCalls();
+    m_binding = &binding;
+    m_generation = binding.m_generation.load(std::memory_order_acquire);
+}
+
+void RequestBinding::unbind() noexcept
+{
+    Binding* binding = std::exchange(m_binding, nullptr);
+    if (!binding)
+        return;
+    Thread* thread = nullptr;
+    {
+        std::lock_guard lock(s_bindingLock);
+        // The object may be gone, and its binding serve another one by now.
+        if (!binding->serves(m_generation))
+            return;
+        endService(*binding, thread);
+    }
+    if (thread) {
+        thread->releaseWaiters(binding);
+        thread->deref();
+    }
+}
+
+}  // namespace TROV

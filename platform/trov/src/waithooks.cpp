@@ -1,0 +1,34 @@
+#include "trov/waithooks.h"
+
+#include <atomic>
+
+namespace TROV {
+
+namespace {
+
+std::atomic<unsigned (*)()> s_release{nullptr};
+std::atomic<void (*)(unsigned)> s_reacquire{nullptr};
+
+}  // namespace
+
+void installWaitHooks(WaitHooks hooks)
+{
+    s_release = hooks.release;
+    s_reacquire = hooks.reacquire;
+}
+
+WaitRelease::WaitRelease() : m_holds(0)
+{
+    if (const auto release = s_release.load(std::memory_order_acquire))
+        m_holds = release();
+}
+
+WaitRelease::~WaitRelease()
+{
+    if (m_holds == 0)
+        return;
+    if (const auto reacquire = s_reacquire.load(std::memory_order_acquire))
+        reacquire(m_holds);
+}
+
+}  // namespace TROV

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <pthread.h>
+
+#include <atomic>
+
+namespace VOXI {
+
+/// A recursive mutex that knows its owner and can give up a whole hold at once.
+///
+/// Taking it again on the owning thread costs a comparison. `releaseAll` and `reacquire` let a
+/// thread that must wait for another one step aside without unwinding its call stack; nothing that
+/// the lock guards may be relied on across such a pair.
+class RecursiveLock {
+public:
+    RecursiveLock() = default;
+    RecursiveLock(const RecursiveLock&) = delete;
+    RecursiveLock& operator=(const RecursiveLock&) = delete;
+
+    void lock() noexcept
+    {
+        const pthread_t self = pthread_self();
+        if (m_owner.load(std::memory_order_relaxed) == self) {
+            ++m_depth;
+            return;
+        }
+        acquire(self, 1);
+    }
+
+    bool try_lock() noexcept
+    {
+        const pthread_t self = pthread_self();
+        if (m_owner.load(std::memory_order_relaxed) == self) {
+            ++m_depth;
+            return true;
+        }
+        int expected = Free;
+        if (!m_state.compare_exchange_strong(expected, Held, std::memory_order_acquire))
+            return false;
+        m_owner.store(self, std::memory_order_relaxed);
+        m_depth = 1;
+        return true;
+    }
+
+    /// Undoes one `lock`. Only the owning thread may call it.
+    void unlock() noexcept
+    {
+        if (--m_depth == 0)
+            release();
+    }
+
+    /// Gives up every hold of the calling thread and returns how many there were; 0 when it held
+    /// none, in which case nothing happens.
+    unsigned releaseAll() noexcept
+    {
+        if (!isHeldByCurrentThread())
+            return 0;
+        const unsigned depth = m_depth;
+        m_depth = 0;
+        release();
+        return depth;
+    }
+
+    /// Takes back the holds that `releaseAll` returned; 0 does nothing.
+    void reacquire(unsigned depth) noexcept
+    {
+        if (depth == 0)
+            return;
+        const pthread_t self = pthread_self();
+        if (m_owner.load(std::memory_order_relaxed) == self)
+            m_depth += depth;
+        else
+            acquire(self, depth);
+    }
+
+    bool isHeldByCurrentThread() const noexcept
+    {
+        return m_owner.load(std::memory_order_relaxed) == pthread_self();
+    }
+
+private:
+    enum State { Free = 0, Held = 1, Contended = 2 };
+
+    void acquire(pthread_t self, unsigned depth) noexcept
+    {
+        int expected = Free;
+        if (!m_state.compare_exchange_strong(expected, Held, std::memory_order_acquire))
+            acquireContended();
+        m_owner.store(self, std::memory_order_relaxed);
+        m_depth = depth;
+    }
+
+    void acquireContended() noexcept
+    {
+        for (int spins = 0; spins < 100; ++spins) {
+            int expected = Free;
+            if (m_state.load(std::memory_order_relaxed) == Free
+                && m_state.compare_exchange_weak(expected, Held, std::memory_order_acquire))
+                return;
+        }
+        while (m_state.exchange(Contended, std::memory_order_acquire) != Free)
+            m_state.wait(Contended, std::memory_order_relaxed);
+    }
+
+    void release() noexcept
+    {
+        m_owner.store(pthread_t{}, std::memory_order_relaxed);
+        if (m_state.exchange(Free, std::memory_order_release) == Contended)
+            m_state.notify_one();
+    }
+
+    std::atomic<pthread_t> m_owner{};
+    std::atomic<int> m_state{Free};
+    unsigned m_depth = 0;
+};
+
+}  // namespace VOXI
