@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """run_tidy.py BUILD-FOLDER < list of sources: clang-tidy, one process per core.
 
-Takes g++'s precompiled headers out of the commands: clang cannot read them, and their text
-header, which stays, includes the same.
+Takes g++'s precompiled headers out of the commands: clang cannot read them, and a source that
+leans on one instead of including what it uses is found this way.
 """
 
 import json
@@ -16,7 +16,7 @@ from pathlib import Path
 
 
 def clang_command(command):
-    return re.sub(r" -(fpch-preprocess|Winvalid-pch)\b", "", command)
+    return re.sub(r" -fpch-preprocess\b| -Winvalid-pch -include \S*cmake_pch\.hxx", "", command)
 
 
 def main():
