@@ -10,11 +10,13 @@ runtime=$(mktemp -d "${TMPDIR:-/tmp}/voxi-x11.XXXXXX")
 chmod 0700 "$runtime"
 server=""
 manager=""
+child=""
 
 cleanup() {
     trap - EXIT
-    [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
-    [ -z "$server" ] || kill "$server" 2>/dev/null || true
+    for process in $child $manager $server; do
+        kill "$process" 2>/dev/null || true
+    done
     wait 2>/dev/null || true
     rm -rf "$runtime"
 }
@@ -49,6 +51,9 @@ if ! read -r -t 30 <>"$runtime/managed"; then
     exit 1
 fi
 
+# In the background, because bash answers no signal while it waits for a foreground command.
+"$@" <&0 &
+child=$!
 status=0
-"$@" || status=$?
+wait "$child" || status=$?
 exit "$status"
