@@ -78,9 +78,11 @@ def main():
         ["git", "ls-files", "-co", "--exclude-standard", "--", "*.cpp", "*.h"],
         capture_output=True, text=True, check=True)
     faults = 0
+    files = 0
     for path in map(Path, listing.stdout.split()):
         if room_of_file(path) is None or not path.exists():
             continue
+        files += 1
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
             include = INCLUDE.match(line)
             if not include:
@@ -89,6 +91,7 @@ def main():
             if not may_see(path, room):
                 print(f"{path}:{number}: {room_of_file(path)} may not see {room}: {include[2]}")
                 faults += 1
+    print(f"note: {files} files looked at")
     return 1 if faults else 0
 
 

@@ -124,6 +124,7 @@ def main():
         print(fault)
 
     served = {stem for _, stem, _ in peers()}
+    print(f"note: {len(served)} peers looked at")
     factory_header = text(ABSTRACT_HEADERS / "kernel/vxfactory2.h")
     kinds = {name.lower() for name in re.findall(r"\bcreate(\w+2)\b", factory_header)}
     for kind in sorted(kinds - served):
