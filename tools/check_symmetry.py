@@ -103,7 +103,7 @@ def retire_faults():
     for source in sorted(ABSTRACT_SOURCES.glob("*/vx*.cpp")):
         content = text(source)
         header = text(ABSTRACT_HEADERS / source.parent.name / f"{source.stem}.h")
-        if not re.search(r"\b\w*[eE]mitters\w*\b", header):
+        if not re.search(r"\bVX\w+Emitters\s+m_emitters\b", header):
             continue
         destructor = re.search(r"^(\w+)::~\1\(\)[^{;]*(\{.*?^\}|\{[^\n]*\}|= default;)", content,
                                re.MULTILINE | re.DOTALL)
@@ -127,8 +127,8 @@ def main():
     print(f"note: {len(served)} peers looked at")
     factory_header = text(ABSTRACT_HEADERS / "kernel/vxfactory2.h")
     kinds = {name.lower() for name in re.findall(r"\bcreate(\w+2)\b", factory_header)}
-    for kind in sorted(kinds - served):
-        print(f"note: no peer serves {kind}")
+    if kinds - served:
+        print(f"note: no peer serves {' '.join(sorted(kinds - served))}")
     return 1 if faults else 0
 
 
