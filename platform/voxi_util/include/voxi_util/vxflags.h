@@ -73,7 +73,7 @@ private:
 
 /// Two flags of an enumeration that takes part by EnableFlags.
 template <class Enum>
-    requires EnableFlags<Enum>
+requires EnableFlags<Enum>
 constexpr VXFlags<Enum> operator|(Enum a, Enum b) noexcept
 {
     return VXFlags<Enum>(a) | VXFlags<Enum>(b);
