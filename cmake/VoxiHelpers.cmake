@@ -101,9 +101,10 @@ function(voxi_add_library name)
                FILES ${arg_HEADERS} "${export_header}")
     target_compile_features(${name} PUBLIC cxx_std_20)
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC_LIBS} PRIVATE ${arg_PRIVATE_LIBS})
-    # voxi_util and VOXI_UTIL_EXPORT alike: the define symbol is the one that CMake derives.
-    set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION}
-                                             SOVERSION ${PROJECT_VERSION_MAJOR})
+    # The language is told for a library that has only headers as yet.
+    set_target_properties(
+        ${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+                           LINKER_LANGUAGE CXX)
     voxi_house_settings(${name})
     if("${arg_PUBLIC_LIBS};${arg_PRIVATE_LIBS}" MATCHES "Qt6::")
         voxi_qt_settings(${name})
