@@ -1,0 +1,40 @@
+#pragma once
+
+#include "voxi/voxi_export.h"
+
+namespace VOXI {
+
+class VXObject;
+
+/// A peer as the registry sees it.
+class VOXI_EXPORT GuiObject {
+public:
+    GuiObject() = default;
+    GuiObject(const GuiObject&) = delete;
+    GuiObject& operator=(const GuiObject&) = delete;
+    virtual ~GuiObject();
+
+    /// The abstract object that the peer serves; null when it is gone.
+    virtual VXObject* getHandle() const;
+
+    /// Has the object deleted once the code that runs now has returned. Twice is as good as once.
+    virtual void scheduleDelete();
+
+protected:
+    /// How this kind of peer is deleted later. By default the thread's queue does it.
+    virtual void deferDelete();
+};
+
+/// Makes `peer` what the look-ups find under `id`, in place of an earlier peer. Null removes it.
+VOXI_EXPORT void addObject(unsigned id, GuiObject* peer);
+
+/// Forgets the peer of `id`; nothing happens when there is none.
+VOXI_EXPORT void removeObject(unsigned id);
+
+/// The peer of the object with that id, or null.
+VOXI_EXPORT GuiObject* lookup(unsigned id);
+
+/// The peer of `object`; null for a null or dead object, or one without peer.
+VOXI_EXPORT GuiObject* lookup(const VXObject* object);
+
+}  // namespace VOXI

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "voxi2/kernel/vxwidget2.h"
+#include "voxi2/kernel/windowflags.h"
+#include "voxi2/voxi2_export.h"
+
+#include "voxi_util/icon.h"
+#include "voxi_util/vxflags.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace VOXI {
+
+struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<void(std::string)> setTitle{*this};
+    TROV::Request<void(std::wstring)> setTitleU{*this};
+    TROV::Request<void(Icon)> setIcon{*this};
+    TROV::Request<void(unsigned)> setWindowFlags{*this};
+    TROV::Request<void(VXFlags<WindowState>)> setWindowState{*this};
+    TROV::Request<void(bool)> setModified{*this};
+    TROV::Request<std::string()> getTitle{*this};
+    TROV::Request<std::wstring()> getTitleU{*this};
+    TROV::Request<Icon()> getIcon{*this};
+    TROV::Request<unsigned()> getWindowFlags{*this};
+    TROV::Request<VXFlags<WindowState>()> getWindowState{*this};
+    TROV::Request<bool()> isModified{*this};
+    TROV::Request<bool()> close{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+/// What windows and dialogs have in common.
+///
+/// `closing()` asks before the user's request to close is carried out, and a handler may refuse. A
+/// closed window is hidden, not destroyed.
+class VOXI2_EXPORT VXAbstractWindow2 : public VXWidget2 {
+public:
+    ~VXAbstractWindow2() override;
+
+    /// All live windows and dialogs, oldest first.
+    static std::vector<VXAbstractWindow2*> windows();
+
+    /// The text "[*]" in a title stands for the mark of unsaved changes.
+    void setTitle(const std::string& title);
+    void setTitle(const std::wstring& title);
+    void setTitle(std::u16string_view title);
+    std::string title() const;
+    std::wstring titleU() const;
+
+    void setIcon(const Icon& icon);
+    /// The icon last set.
+    Icon icon() const;
+
+    /// The toolkit's window flags as a bit set; see `WindowFlag`. What comes back has more bits than
+    /// what was set: the window system's types share bits.
+    void setWindowFlags(unsigned flags);
+    unsigned windowFlags() const;
+
+    void setWindowState(VXFlags<WindowState> state);
+    VXFlags<WindowState> windowState() const;
+
+    /// Shows or takes away the mark of unsaved changes.
+    void setModified(bool modified);
+    bool isModified() const;
+
+    /// Closes the window as its user would: it may be refused. False when it was.
+    bool close();
+
+protected:
+    explicit VXAbstractWindow2(VXObject2* parent);
+
+    VXAbstractWindow2Emitters m_emitters;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "voxi2/containers/vxlayout2.h"
+#include "voxi2/kernel/direction.h"
+#include "voxi2/voxi2_export.h"
+
+namespace VOXI {
+
+struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters> {
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<void(VXObject*, int, Alignment)> boxAddWidget{*this};
+    TROV::Request<void(VXObject*, int, int, Alignment)> insertWidget{*this};
+    TROV::Request<void(int, int, int)> insertSpacer{*this};
+    TROV::Request<void(VXObject*, int)> setStretchFactor{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+/// Places widgets side by side, in one of four directions.
+class VOXI2_EXPORT VXBoxLayout2 : public VXLayout2 {
+public:
+    /// Lays out the inside of `parent`, if it is a widget without a layout.
+    explicit VXBoxLayout2(VXObject2* parent = nullptr,
+                          Direction direction = Direction::LeftToRight);
+    ~VXBoxLayout2() override;
+
+    using VXLayout2::addWidget;
+    /// Appends the widget; room to spare goes to widgets in proportion to their stretch.
+    void addWidget(VXObject* widget, int stretch, Alignment alignment = Alignment());
+    /// The same at a position; -1 appends.
+    void insertWidget(VXObject* widget, int index, int stretch = 0,
+                      Alignment alignment = Alignment());
+    /// With a stretch other than 0 the room grows and `size` is not used.
+    void insertSpacer(int index, int size, int stretch);
+    void setStretchFactor(VXObject* widget, int stretch);
+
+private:
+    VXBoxLayout2Emitters m_emitters;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "voxi2/kernel/alignment.h"
+#include "voxi2/kernel/vxobject2.h"
+#include "voxi2/voxi2_export.h"
+
+#include "voxi_util/geometry.h"
+
+namespace VOXI {
+
+struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<void(VXObject*, Alignment)> addWidget{*this};
+    TROV::Request<void(Size<int>, int)> addSpacer{*this};
+    TROV::Request<void()> invalidate{*this};
+    TROV::Request<void()> refresh{*this};
+    TROV::Request<void(VXObject*)> removeWidget{*this};
+    TROV::Request<void(bool)> setEnabled{*this};
+    TROV::Request<void(VXRect<int>)> setMargins{*this};
+    TROV::Request<void(int)> setSpacing{*this};
+    TROV::Request<bool()> isEnabled{*this};
+    TROV::Request<VXRect<int>()> getMargins{*this};
+    TROV::Request<int()> getSpacing{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+/// Places widgets inside another one.
+///
+/// A layout shows its widgets but does not own them; adding moves them into the widget that the
+/// layout fills. Null and dead widgets are ignored.
+class VOXI2_EXPORT VXLayout2 : public VXObject2 {
+public:
+    ~VXLayout2() override;
+
+    /// Appends the widget; `alignment` empty: it fills its cell.
+    void addWidget(VXObject* widget, Alignment alignment = Alignment());
+    /// Takes the widget out of the layout; it stays where it is until moved.
+    void removeWidget(VXObject* widget);
+    /// Appends empty room of that size, which grows when `expanding`.
+    void addSpacer(const Size<int>& size, bool expanding);
+
+    /// Left, top, right, bottom.
+    void setMargins(const VXRect<int>& margins);
+    VXRect<int> margins() const;
+    /// Between neighbours; -1 as an answer means that the style decides.
+    void setSpacing(int spacing);
+    int spacing() const;
+
+    /// While off, the layout does not place anything.
+    void setEnabled(bool enabled);
+    bool isEnabled() const;
+
+    /// Lays out at once.
+    void refresh();
+    /// Lays out when the program is idle next.
+    void invalidate();
+
+protected:
+    explicit VXLayout2(VXObject2* parent);
+
+    VXLayout2Emitters m_emitters;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "voxi2/kernel/alignment.h"
+#include "voxi2/kernel/vxwidget2.h"
+#include "voxi2/voxi2_export.h"
+
+#include <string>
+#include <string_view>
+
+namespace VOXI {
+
+struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<void(std::string)> setText{*this};
+    TROV::Request<void(std::wstring)> setTextU{*this};
+    TROV::Request<void(Alignment)> setAlignment{*this};
+    TROV::Request<void(bool)> setWordWrap{*this};
+    TROV::Request<void(VXWidget2*)> setBuddy{*this};
+    TROV::Request<void(bool)> setSelectable{*this};
+    TROV::Request<std::string()> getText{*this};
+    TROV::Request<std::wstring()> getTextU{*this};
+    TROV::Request<Alignment()> getAlignment{*this};
+    TROV::Request<bool()> getWordWrap{*this};
+    TROV::Request<VXWidget2*()> getBuddy{*this};
+    TROV::Request<bool()> isSelectable{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+/// A text that the user reads but does not edit.
+class VOXI2_EXPORT VXText2 : public VXWidget2 {
+public:
+    explicit VXText2(VXObject2* parent = nullptr);
+    ~VXText2() override;
+
+    void setText(const std::string& text);
+    void setText(const std::wstring& text);
+    void setText(std::u16string_view text);
+    std::string text() const;
+    std::wstring textU() const;
+
+    void setAlignment(Alignment alignment);
+    Alignment alignment() const;
+    void setWordWrap(bool wrap);
+    bool wordWrap() const;
+
+    /// The widget that gets the focus when the text's mnemonic is pressed; null takes it away, a
+    /// dead one is ignored.
+    void setBuddy(VXWidget2* buddy);
+    VXWidget2* buddy() const;
+
+    /// Whether the user may select and copy the text.
+    void setSelectable(bool selectable);
+    bool isSelectable() const;
+
+private:
+    VXText2Emitters m_emitters;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,27 @@
+#pragma once
+
+namespace VOXI {
+
+/// How a widget comes to have the keyboard focus.
+enum class FocusPolicy : int {
+    None = 0,
+    Tab = 1,
+    Click = 2,
+    Strong = 3,   ///< tab and click
+    Wheel = 4     ///< tab, click and wheel
+};
+
+/// Why the focus moved.
+enum class FocusReason : int {
+    Mouse,
+    Tab,
+    Backtab,
+    ActiveWindow,
+    Popup,
+    Shortcut,
+    MenuBar,
+    Other,
+    None
+};
+
+}  // namespace VOXI

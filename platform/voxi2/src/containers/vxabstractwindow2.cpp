@@ -1,0 +1,108 @@
+#include "voxi2/containers/vxabstractwindow2.h"
+
+#include "voxi_util/textencoding.h"
+
+namespace VOXI {
+
+namespace {
+
+std::vector<VXAbstractWindow2*>& allWindows()   // guarded by the object lock
+{
+    static auto* windows = new std::vector<VXAbstractWindow2*>;
+    return *windows;
+}
+
+}  // namespace
+
+VXAbstractWindow2::VXAbstractWindow2(VXObject2* parent)
+    : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+{
+    VXObjectDataLocker lock;
+    if (id() != 0)
+        allWindows().push_back(this);
+}
+
+VXAbstractWindow2::~VXAbstractWindow2()
+{
+    retire();
+    VXObjectDataLocker lock;
+    std::erase(allWindows(), this);
+}
+
+std::vector<VXAbstractWindow2*> VXAbstractWindow2::windows()
+{
+    VXObjectDataLocker lock;
+    return allWindows();
+}
+
+void VXAbstractWindow2::setTitle(const std::string& title)
+{
+    m_emitters.setTitle(title);
+}
+
+void VXAbstractWindow2::setTitle(const std::wstring& title)
+{
+    m_emitters.setTitleU(title);
+}
+
+void VXAbstractWindow2::setTitle(std::u16string_view title)
+{
+    m_emitters.setTitleU(wideFromUtf16(title));
+}
+
+std::string VXAbstractWindow2::title() const
+{
+    return m_emitters.getTitle();
+}
+
+std::wstring VXAbstractWindow2::titleU() const
+{
+    return m_emitters.getTitleU();
+}
+
+void VXAbstractWindow2::setIcon(const Icon& icon)
+{
+    m_emitters.setIcon(icon);
+}
+
+Icon VXAbstractWindow2::icon() const
+{
+    return m_emitters.getIcon();
+}
+
+void VXAbstractWindow2::setWindowFlags(unsigned flags)
+{
+    m_emitters.setWindowFlags(flags);
+}
+
+unsigned VXAbstractWindow2::windowFlags() const
+{
+    return m_emitters.getWindowFlags();
+}
+
+void VXAbstractWindow2::setWindowState(VXFlags<WindowState> state)
+{
+    m_emitters.setWindowState(state);
+}
+
+VXFlags<WindowState> VXAbstractWindow2::windowState() const
+{
+    return m_emitters.getWindowState();
+}
+
+void VXAbstractWindow2::setModified(bool modified)
+{
+    m_emitters.setModified(modified);
+}
+
+bool VXAbstractWindow2::isModified() const
+{
+    return m_emitters.isModified();
+}
+
+bool VXAbstractWindow2::close()
+{
+    return m_emitters.close();
+}
+
+}  // namespace VOXI

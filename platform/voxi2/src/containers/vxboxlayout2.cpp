@@ -1,0 +1,36 @@
+#include "voxi2/containers/vxboxlayout2.h"
+
+namespace VOXI {
+
+VXBoxLayout2::VXBoxLayout2(VXObject2* parent, Direction direction)
+    : VXLayout2(parent), m_emitters(VXLayout2::m_emitters)
+{
+    createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, parent, direction);
+}
+
+VXBoxLayout2::~VXBoxLayout2()
+{
+    retire();
+}
+
+void VXBoxLayout2::addWidget(VXObject* widget, int stretch, Alignment alignment)
+{
+    m_emitters.boxAddWidget(widget, stretch, alignment);
+}
+
+void VXBoxLayout2::insertWidget(VXObject* widget, int index, int stretch, Alignment alignment)
+{
+    m_emitters.insertWidget(widget, index, stretch, alignment);
+}
+
+void VXBoxLayout2::insertSpacer(int index, int size, int stretch)
+{
+    m_emitters.insertSpacer(index, size, stretch);
+}
+
+void VXBoxLayout2::setStretchFactor(VXObject* widget, int stretch)
+{
+    m_emitters.setStretchFactor(widget, stretch);
+}
+
+}  // namespace VOXI

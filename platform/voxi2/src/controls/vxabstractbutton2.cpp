@@ -1,0 +1,87 @@
+#include "voxi2/controls/vxabstractbutton2.h"
+
+#include "voxi_util/textencoding.h"
+
+namespace VOXI {
+
+VXAbstractButton2::VXAbstractButton2(VXObject2* parent)
+    : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+{
+}
+
+VXAbstractButton2::~VXAbstractButton2()
+{
+    retire();
+}
+
+void VXAbstractButton2::setLabel(const std::string& label)
+{
+    m_emitters.setLabel(label);
+}
+
+void VXAbstractButton2::setLabel(const std::wstring& label)
+{
+    m_emitters.setLabelU(label);
+}
+
+void VXAbstractButton2::setLabel(std::u16string_view label)
+{
+    m_emitters.setLabelU(wideFromUtf16(label));
+}
+
+std::string VXAbstractButton2::label() const
+{
+    return m_emitters.getLabel();
+}
+
+void VXAbstractButton2::setIcon(const Icon& icon)
+{
+    m_emitters.setIcon(icon);
+}
+
+Icon VXAbstractButton2::icon() const
+{
+    return m_emitters.getIcon();
+}
+
+void VXAbstractButton2::setCheckable(bool checkable)
+{
+    m_emitters.setCheckable(checkable);
+}
+
+bool VXAbstractButton2::isCheckable() const
+{
+    return m_emitters.isCheckable();
+}
+
+void VXAbstractButton2::setChecked(bool checked)
+{
+    m_emitters.setChecked(checked);
+}
+
+bool VXAbstractButton2::isChecked() const
+{
+    return m_emitters.isChecked();
+}
+
+void VXAbstractButton2::setExclusive(bool exclusive)
+{
+    m_emitters.setExclusive(exclusive);
+}
+
+bool VXAbstractButton2::isExclusive() const
+{
+    return m_emitters.isExclusive();
+}
+
+void VXAbstractButton2::imitateClick()
+{
+    m_emitters.click();
+}
+
+void VXAbstractButton2::imitateToggle()
+{
+    m_emitters.toggle();
+}
+
+}  // namespace VOXI

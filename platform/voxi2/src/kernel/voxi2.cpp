@@ -1,0 +1,55 @@
+#include "voxi2/voxi2.h"
+
+#include "trov/emitter.h"
+#include "voxi/vxbridge.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/vxclipboard2.h"
+#include "voxi2/kernel/vxdragmanager2.h"
+#include "voxi2/kernel/vxfactory2.h"
+
+#include <atomic>
+#include <vector>
+
+namespace VOXI {
+
+namespace {
+
+std::atomic<bool> s_initialized{false};
+std::atomic<bool> s_terminated{false};
+
+/// Raises the window behind a native window value.
+void raiseNativeWindow(long long value)
+{
+    for (VXAbstractWindow2* window : VXAbstractWindow2::windows()) {
+        if (window->isVisible() && static_cast<long long>(window->winId()) == value) {
+            window->setActiveWindow();
+            return;
+        }
+    }
+}
+
+}  // namespace
+
+void initialize_voxi2()
+{
+    if (s_initialized.exchange(true))
+        return;
+    static const TROV::Listener* const listener = [] {
+        auto* made = new TROV::Listener;
+        VXBridge::getBridge(StringID("qt"))->emitter().connect(made, &raiseNativeWindow);
+        return made;
+    }();
+    static_cast<void>(listener);
+}
+
+void terminate_voxi2()
+{
+    if (s_terminated.exchange(true))
+        return;
+    VXObject2::releaseAllPeers();
+    delete VXDragManager2::instance();
+    delete VXClipboard2::instance();
+    VXFactory2::unregisterAll();
+}
+
+}  // namespace VOXI

@@ -1,0 +1,59 @@
+#include "voxi2/kernel/vxclipboard2.h"
+
+#include "voxi2/kernel/vxfactory2.h"
+
+#include <atomic>
+
+namespace VOXI {
+
+namespace {
+
+std::atomic<VXClipboard2*> s_clipboard{nullptr};
+
+}  // namespace
+
+VXClipboard2::VXClipboard2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
+{
+    createPeer<void(VXObject2*, VXClipboard2Emitters*), VXObject2>(
+        &VXFactory2::createClipboard2, this, &m_emitters);
+}
+
+VXClipboard2::~VXClipboard2()
+{
+    VXClipboard2* self = this;
+    s_clipboard.compare_exchange_strong(self, nullptr);
+    retire();
+}
+
+void VXClipboard2::initImpl(StringID key)
+{
+    if (!instance() && VXFactory2::getFactory(key))
+        s_clipboard = new VXClipboard2;
+}
+
+VXClipboard2* VXClipboard2::instance()
+{
+    return s_clipboard.load(std::memory_order_acquire);
+}
+
+void VXClipboard2::setMimeData(const VXMimeData2& data)
+{
+    m_emitters.setMimeData(data);
+}
+
+void VXClipboard2::clear()
+{
+    m_emitters.clear();
+}
+
+void VXClipboard2::sync(unsigned change)
+{
+    m_emitters.sync(change);
+}
+
+any VXClipboard2::retrieveData(const StringID& format) const
+{
+    return m_emitters.retrieveData(format);
+}
+
+}  // namespace VOXI

@@ -1,0 +1,54 @@
+#include "voxi2/kernel/vxdragmanager2.h"
+
+#include "voxi2/kernel/vxfactory2.h"
+
+#include <atomic>
+
+namespace VOXI {
+
+namespace {
+
+std::atomic<VXDragManager2*> s_manager{nullptr};
+
+}  // namespace
+
+VXDragManager2::VXDragManager2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
+{
+    createPeer<void(VXObject2*, VXDragManager2Emitters*), VXObject2>(
+        &VXFactory2::createDragManager2, this, &m_emitters);
+}
+
+VXDragManager2::~VXDragManager2()
+{
+    VXDragManager2* self = this;
+    s_manager.compare_exchange_strong(self, nullptr);
+    retire();
+}
+
+void VXDragManager2::createImpl(StringID key)
+{
+    if (!instance() && VXFactory2::getFactory(key))
+        s_manager = new VXDragManager2;
+}
+
+VXDragManager2* VXDragManager2::instance()
+{
+    return s_manager.load(std::memory_order_acquire);
+}
+
+void VXDragManager2::startDrag(const VXDrag2& drag)
+{
+    m_emitters.startDrag(drag);
+}
+
+void VXDragManager2::cancelDrag()
+{
+    m_emitters.cancelDrag();
+}
+
+bool VXDragManager2::isDragging() const
+{
+    return m_emitters.isDragging();
+}
+
+}  // namespace VOXI

@@ -1,0 +1,80 @@
+#include "voxi2/kernel/vxfactory2.h"
+
+#include "trov/thread.h"
+#include "voxi/vxbridge.h"
+
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace VOXI {
+
+namespace {
+
+struct Factories {
+    std::mutex m_mutex;
+    std::map<std::string, VXFactory2*> m_byKey;
+    std::atomic<VXFactory2*> m_current{nullptr};
+};
+
+Factories& factories()
+{
+    static auto* instance = new Factories;
+    return *instance;
+}
+
+}  // namespace
+
+VXFactory2::VXFactory2(VXBridge* bridge) : m_bridge(bridge)
+{
+    if (m_bridge)
+        m_bridge->setThread(TROV::Thread::getCurrentThread());
+}
+
+VXFactory2::~VXFactory2()
+{
+    Factories& all = factories();
+    std::lock_guard lock(all.m_mutex);
+    std::erase_if(all.m_byKey, [this](const auto& entry) { return entry.second == this; });
+    VXFactory2* self = this;
+    all.m_current.compare_exchange_strong(self, nullptr);
+}
+
+void VXFactory2::registerFactory(const StringID& key, VXFactory2* factory)
+{
+    Factories& all = factories();
+    std::lock_guard lock(all.m_mutex);
+    const auto found = all.m_byKey.find(key.getString());
+    VXFactory2* former = found == all.m_byKey.end() ? nullptr : found->second;
+    if (factory)
+        all.m_byKey[key.getString()] = factory;
+    else if (former)
+        all.m_byKey.erase(found);
+    VXFactory2* current = all.m_current.load();
+    if (!current || current == former)
+        all.m_current = factory;
+}
+
+VXFactory2* VXFactory2::getFactory(const StringID& key)
+{
+    Factories& all = factories();
+    std::lock_guard lock(all.m_mutex);
+    const auto found = all.m_byKey.find(key.getString());
+    return found == all.m_byKey.end() ? nullptr : found->second;
+}
+
+VXFactory2* VXFactory2::current() noexcept
+{
+    return factories().m_current.load(std::memory_order_acquire);
+}
+
+void VXFactory2::unregisterAll()
+{
+    Factories& all = factories();
+    std::lock_guard lock(all.m_mutex);
+    all.m_byKey.clear();
+    all.m_current = nullptr;
+}
+
+}  // namespace VOXI

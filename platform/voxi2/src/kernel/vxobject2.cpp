@@ -1,0 +1,147 @@
+#include "voxi2/kernel/vxobject2.h"
+
+#include "voxi2/kernel/vxfactory2.h"
+
+namespace VOXI {
+
+VXObject2::VXObject2(VXObject2* parent)
+{
+    VXObjectDataLocker lock;
+    if (parent && isObjectValid(parent))
+        link(parent);
+}
+
+VXObject2::~VXObject2()
+{
+    retire();
+}
+
+void VXObject2::retire()
+{
+    VXObjectDataLocker lock;
+    if (m_retired)
+        return;
+    m_retired = true;
+    m_emitters.destroyed(id());
+    // The peer goes before those of the children: theirs then know that they go with it.
+    releasePeer();
+    while (m_firstChild)
+        delete m_firstChild;
+    unlink();
+    Listener::disconnect();
+    invalidate();
+}
+
+void VXObject2::releasePeer()
+{
+    TROV::Thread* thread = m_emitters.m_binding->servingThread();
+    if (!thread)
+        return;
+    if (thread == TROV::Thread::getCurrentThread()) {
+        m_emitters.destroy();
+    } else if (VXFactory2* factory = VXFactory2::current()) {
+        // By id: when it arrives, this object and its emitters are gone.
+        factory->destroyObject(id());
+    }
+}
+
+void VXObject2::releaseAllPeers()
+{
+    VXObjectDataLocker lock;
+    forEachObject([](VXObject* object) {
+        if (auto* mine = dynamic_cast<VXObject2*>(object))
+            mine->releasePeer();
+    });
+}
+
+VXFactory2* VXObject2::factoryForNewObject() const
+{
+    return id() != 0 ? VXFactory2::current() : nullptr;
+}
+
+// The tree of owners ------------------------------------------------------------------------------
+
+void VXObject2::link(VXObject2* parent)
+{
+    m_parent = parent;
+    m_next = nullptr;
+    if (VXObject2* first = parent->m_firstChild) {
+        m_previous = first->m_previous;
+        first->m_previous->m_next = this;
+        first->m_previous = this;
+    } else {
+        m_previous = this;
+        parent->m_firstChild = this;
+    }
+}
+
+void VXObject2::unlink()
+{
+    if (!m_parent)
+        return;
+    VXObject2* first = m_parent->m_firstChild;
+    VXObject2* last = first->m_previous;
+    if (this == first)
+        m_parent->m_firstChild = m_next;
+    else
+        m_previous->m_next = m_next;
+    if (m_next)
+        m_next->m_previous = m_previous;
+    if (this == last && first != this)
+        first->m_previous = m_previous;
+    m_parent = m_previous = m_next = nullptr;
+}
+
+bool VXObject2::isAncestorOf(const VXObject2* object) const
+{
+    for (; object; object = object->m_parent) {
+        if (object == this)
+            return true;
+    }
+    return false;
+}
+
+VXObject2* VXObject2::parent() const
+{
+    VXObjectDataLocker lock;
+    return m_parent;
+}
+
+void VXObject2::setParent(VXObject2* parent)
+{
+    {
+        VXObjectDataLocker lock;
+        if (parent && (!isObjectValid(parent) || isAncestorOf(parent)))
+            return;
+        unlink();
+        if (parent)
+            link(parent);
+    }
+    m_emitters.setParent(parent);
+}
+
+std::vector<VXObject2*> VXObject2::children(bool recursive) const
+{
+    VXObjectDataLocker lock;
+    std::vector<VXObject2*> result;
+    for (VXObject2* child = m_firstChild; child; child = child->m_next) {
+        result.push_back(child);
+        if (recursive) {
+            const auto below = child->children(true);
+            result.insert(result.end(), below.begin(), below.end());
+        }
+    }
+    return result;
+}
+
+VXObject* VXObject2::peerParent() const
+{
+    return m_emitters.getParent();
+}
+
+std::vector<VXObject*> VXObject2::peerChildren(bool recursive) const
+{
+    return m_emitters.getChildren(recursive);
+}
+
+}  // namespace VOXI
