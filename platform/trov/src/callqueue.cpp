@@ -1,7 +1,5 @@
 #include "trov/callqueue.h"
 
-#include <algorithm>
-
 namespace TROV::detail {
 
 namespace {
@@ -9,7 +7,7 @@ namespace {
 void freeChunk(CallChunk* chunk) noexcept
 {
     chunk->~CallChunk();
-    ::operator delete(chunk);
+    ::operator delete(chunk, std::align_val_t{alignof(CallChunk)});
 }
 
 }  // namespace
@@ -22,17 +20,16 @@ CallList::~CallList()
         freeChunk(std::exchange(m_spares, m_spares->m_next));
 }
 
-void CallList::addChunk(std::size_t size)
+void CallList::addChunk()
 {
     CallChunk* chunk = nullptr;
-    if (m_spares && m_spares->m_capacity >= size) {
+    if (m_spares) {
         chunk = std::exchange(m_spares, m_spares->m_next);
         chunk->m_next = nullptr;
         --m_spareCount;
     } else {
-        const std::size_t capacity = std::max(CallChunk::Bytes, size);
-        chunk = new (::operator new(sizeof(CallChunk) + capacity)) CallChunk;
-        chunk->m_capacity = capacity;
+        chunk = new (::operator new(sizeof(CallChunk) + CallChunk::Bytes,
+                                    std::align_val_t{alignof(CallChunk)})) CallChunk;
     }
     if (m_last)
         m_last->m_next = chunk;
@@ -88,14 +85,12 @@ void CallList::retireFirst() noexcept
 
 void CallList::recycle(CallChunk* chunk) noexcept
 {
-    if (m_spareCount == MostSpares || chunk->m_capacity != CallChunk::Bytes) {
+    if (m_spareCount == MostSpares) {
         freeChunk(chunk);
         return;
     }
-    const std::size_t capacity = chunk->m_capacity;
     chunk->~CallChunk();
     auto* spare = new (chunk) CallChunk;
-    spare->m_capacity = capacity;
     spare->m_next = std::exchange(m_spares, spare);
     ++m_spareCount;
 }

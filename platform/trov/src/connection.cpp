@@ -1,5 +1,6 @@
 #include "trov/connection.h"
 
+#include <algorithm>
 #include <mutex>
 #include <vector>
 
@@ -8,16 +9,10 @@ namespace TROV {
 using detail::ConnectionBlock;
 using detail::ConnectionSite;
 
-namespace detail {
-
-std::atomic<int> s_retiredBlocks{0};
-
-}  // namespace detail
-
 namespace {
 
-VOXI::SpinLock s_retiredLock;
-ConnectionBlock* s_retired = nullptr;
+std::mutex s_retiredMutex;
+ConnectionBlock* s_retired = nullptr;   // guarded
 
 ConnectionBlock* makeBlock(std::size_t count)
 {
@@ -41,10 +36,10 @@ void publish(ConnectionSite& site, ConnectionBlock* block)
     ConnectionBlock* old = site.exchange(block);
     if (!old)
         return;
-    std::lock_guard lock(s_retiredLock);
+    old->m_retired.store(true, std::memory_order_relaxed);
+    std::lock_guard lock(s_retiredMutex);
     old->m_nextRetired = s_retired;
     s_retired = old;
-    detail::s_retiredBlocks.fetch_add(1, std::memory_order_relaxed);
 }
 
 /// The site's block without the connections that are not alive; null when none is left.
@@ -86,38 +81,26 @@ namespace detail {
 
 void collectRetiredBlocks()
 {
-    ConnectionBlock* retired = nullptr;
+    ConnectionBlock* unused = nullptr;
     {
-        std::lock_guard lock(s_retiredLock);
-        retired = std::exchange(s_retired, nullptr);
-    }
-    if (!retired)
-        return;
-    const std::vector<const void*> pinned = pinnedBlocks();
-    ConnectionBlock* kept = nullptr;
-    ConnectionBlock* lastKept = nullptr;
-    int freed = 0;
-    while (retired) {
-        ConnectionBlock* block = std::exchange(retired, retired->m_nextRetired);
-        bool inUse = block->m_pins.load() != 0;
-        for (const void* pin : pinned)
-            inUse = inUse || pin == block;
-        if (inUse) {
-            block->m_nextRetired = kept;
-            kept = block;
-            if (!lastKept)
-                lastKept = block;
-        } else {
-            freeBlock(block);
-            ++freed;
+        std::lock_guard lock(s_retiredMutex);
+        if (!s_retired)
+            return;
+        const std::vector<const void*> pinned = pinnedBlocks();
+        for (ConnectionBlock** link = &s_retired; *link;) {
+            ConnectionBlock* block = *link;
+            if (block->m_pins.load() != 0
+                || std::find(pinned.begin(), pinned.end(), block) != pinned.end()) {
+                link = &block->m_nextRetired;
+                continue;
+            }
+            *link = block->m_nextRetired;
+            block->m_nextRetired = std::exchange(unused, block);
         }
     }
-    s_retiredBlocks.fetch_sub(freed, std::memory_order_relaxed);
-    if (kept) {
-        std::lock_guard lock(s_retiredLock);
-        lastKept->m_nextRetired = s_retired;
-        s_retired = kept;
-    }
+    // Frees closures, which may do anything.
+    while (unused)
+        freeBlock(std::exchange(unused, unused->m_nextRetired));
 }
 
 ConnectionBlock* Emission::pinSlowly(ConnectionSite& site)
@@ -188,10 +171,12 @@ void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, boo
         if (thread == self && (mode == SendDirect || wait)) {
             connection->deliver(*packet.payload());
         } else if (wait) {
-            thread->callAndWait<void>(connection, [&] {
-                if (connection->isConnected())
-                    connection->deliver(*packet.payload());
-            });
+            thread->callAndWait<void>(
+                connection, nullptr, [&] { return connection->isWanted(); },
+                [&] {
+                    if (connection->isConnected())
+                        connection->deliver(*packet.payload());
+                });
         } else {
             thread->enqueue(QueuedPacket{ConnectionHandle(connection), packet});
         }

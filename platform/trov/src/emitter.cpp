@@ -44,39 +44,72 @@ Binding* s_freeBindings = nullptr;   // linked through m_peer, which nobody read
 
 constexpr std::size_t BindingsPerSlab = 64;
 
-void endService(Binding& binding, Thread*& thread) noexcept
+/// Ends what the present peer serves and returns its thread, whose reference is the caller's now.
+/// Binding lock held.
+Thread* endService(Binding& binding) noexcept
 {
     TableSites* sites = binding.m_sites.load(std::memory_order_acquire);
-    thread = binding.servingThread();
-    binding.m_generation.fetch_add(1, std::memory_order_acq_rel);
+    Thread* thread = binding.servingThread();
+    // Operations fit their own peer only. Whoever sees the new generation sees them gone, so that
+    // they never meet the next peer.
+    for (detail::TableHead* table = binding.m_tables.load(); table; table = table->m_base)
+        table->m_operations.store(nullptr, std::memory_order_release);
+    binding.m_generation.fetch_add(1);
     binding.m_thread.store(Binding::nobody(), std::memory_order_release);
-    if (sites)
+    if (sites) {
         sites->m_thread.store(nullptr, std::memory_order_release);
+        for (TableSite* site = sites->m_first.load(); site; site = site->m_next)
+            site->m_boundCut = false;
+    }
+    binding.m_hasCuts = false;
     binding.m_peer.store(nullptr, std::memory_order_release);
+    return thread;
+}
+
+/// Releases who waits for the peer that was served on `thread`; null does nothing.
+void endWaiting(Thread* thread, const Binding* binding) noexcept
+{
+    if (!thread)
+        return;
+    thread->releaseWaiters(binding);
+    thread->deref();
+}
+
+/// From now on requests take the way past the listeners. Binding lock held.
+void stopDirectCalls(Binding& binding) noexcept
+{
+    TableSites* sites = binding.m_sites.load(std::memory_order_acquire);
+    sites->m_onRequests = true;
+    Thread* thread = binding.m_thread.load(std::memory_order_acquire);
+    if (thread == Binding::nobody())
+        return;
+    sites->m_thread.store(thread, std::memory_order_release);
+    binding.m_thread.store(Binding::nobody(), std::memory_order_release);
 }
 
 }  // namespace
 
 // EmitterBase -------------------------------------------------------------------------------------
 
-ConnectionSite* EmitterBase::site(bool create) const
+ConnectionSite* EmitterBase::site() const noexcept
 {
     if (m_index == StandsAlone)
         return &static_cast<const LoneEmitter*>(this)->m_site;
-    const AnyTableEmitter& emitter = asTableEmitter(*this);
-    if (TableSite* site = emitter.listeners())
-        return &site->m_site;
-    if (!create)
-        return nullptr;
-    const auto* operations = emitter.head().m_operations.load(std::memory_order_acquire);
-    const bool isRequest = operations && m_index < operations->m_count;
-    return &emitter.head().m_binding->siteOf(this, isRequest)->m_site;
+    TableSite* site = asTableEmitter(*this).listeners();
+    return site ? &site->m_site : nullptr;
+}
+
+ConnectionSite& EmitterBase::siteForListeners(bool isRequest) const
+{
+    if (m_index == StandsAlone)
+        return static_cast<const LoneEmitter*>(this)->m_site;
+    return asTableEmitter(*this).head().m_binding->siteOf(this, isRequest)->m_site;
 }
 
 int EmitterBase::numberOfConnections() const noexcept
 {
     const bool bound = m_index != StandsAlone && boundOperation(asTableEmitter(*this));
-    const ConnectionSite* connections = site(false);
+    const ConnectionSite* connections = site();
     return (bound ? 1 : 0) + (connections ? detail::numberOfConnections(*connections) : 0);
 }
 
@@ -84,13 +117,14 @@ void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) con
 {
     struct QueuedCall {
         Binding* m_binding;
-        std::uint32_t m_generation;
+        const EmitterBase* m_emitter;
         const detail::Operation* m_operation;
         Packet m_packet;
+        std::uint32_t m_generation;
         void deliver()
         {
-            if (m_binding->serves(m_generation))
-                m_packet.payload()->call(*m_operation, m_binding->m_peer.load());
+            if (Listener* peer = m_binding->peerFor(m_generation, m_emitter))
+                m_packet.payload()->call(*m_operation, peer);
         }
     };
     if (packet.isEmpty())
@@ -98,20 +132,24 @@ void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) con
     if (m_index != StandsAlone) {
         const AnyTableEmitter& emitter = asTableEmitter(*this);
         Binding* binding = emitter.head().m_binding;
+        const std::uint32_t object = binding->m_object.load(std::memory_order_acquire);
         const std::uint32_t generation = binding->m_generation.load(std::memory_order_acquire);
         const detail::Operation* operation = boundOperation(emitter);
         Thread* thread = binding->servingThread();
         if (operation && thread && *operation->m_signature == packet.payload()->signature()) {
-            QueuedCall call{binding, generation, operation, packet};
+            QueuedCall call{binding, this, operation, packet, generation};
             if (wait || (mode == SendDirect && thread == Thread::getCurrentThread()))
-                thread->callAndWait<void>(binding, [&] { call.deliver(); });
+                thread->callAndWait<void>(
+                    binding, this, [&] { return binding->serves(generation, this); },
+                    [&] { call.deliver(); });
             else
                 thread->enqueue(std::move(call));
-            if (!binding->serves(generation))
+            // The operation may have ended the object, and its emitters with it.
+            if (!binding->isOf(object))
                 return;
         }
     }
-    if (ConnectionSite* connections = site(false))
+    if (ConnectionSite* connections = site())
         detail::sendPacketTo(*connections, packet, mode, wait);
 }
 
@@ -120,10 +158,12 @@ void EmitterBase::disconnect(Listener* listener) const
     if (m_index != StandsAlone) {
         const AnyTableEmitter& emitter = asTableEmitter(*this);
         Binding* binding = emitter.head().m_binding;
-        if (boundOperation(emitter) && binding->m_peer.load(std::memory_order_acquire) == listener)
-            binding->siteOf(this, true)->m_boundCut = true;
+        const std::uint32_t generation = binding->m_generation.load(std::memory_order_acquire);
+        if (listener && boundOperation(emitter)
+            && binding->m_peer.load(std::memory_order_acquire) == listener)
+            binding->cut(generation, this);
     }
-    ConnectionSite* connections = site(false);
+    ConnectionSite* connections = site();
     if (!connections)
         return;
     std::vector<ConnectionHandle> found;
@@ -174,11 +214,12 @@ void Binding::free(Binding* binding) noexcept
     TableSites* sites = nullptr;
     {
         std::lock_guard lock(s_bindingLock);
-        endService(*binding, thread);
+        thread = endService(*binding);
+        binding->m_tables = nullptr;
         sites = binding->m_sites.exchange(nullptr);
+        binding->m_object.fetch_add(1, std::memory_order_acq_rel);
     }
-    if (thread)
-        thread->releaseWaiters(binding);
+    endWaiting(thread, binding);
     if (sites) {
         for (TableSite* site = sites->m_first.load(); site;) {
             cutAllConnections(site->m_site);
@@ -186,13 +227,16 @@ void Binding::free(Binding* binding) noexcept
         }
         delete sites;
     }
-    {
-        std::lock_guard lock(s_bindingLock);
-        binding->m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
-        s_freeBindings = binding;
-    }
-    if (thread)
-        thread->deref();
+    std::lock_guard lock(s_bindingLock);
+    binding->m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
+    s_freeBindings = binding;
+}
+
+void Binding::removeTable(TableHead* base) noexcept
+{
+    // The peer's thread may be about to unbind, and walk through the tables.
+    std::lock_guard lock(s_bindingLock);
+    m_tables.store(base, std::memory_order_release);
 }
 
 TableSite* Binding::siteOf(const EmitterBase* emitter, bool isRequest)
@@ -211,19 +255,35 @@ TableSite* Binding::siteOf(const EmitterBase* emitter, bool isRequest)
         sites->m_first.store(site, std::memory_order_release);
     }
     if (isRequest)
-        stopDirectCalls();
+        stopDirectCalls(*this);
     return site;
 }
 
-void Binding::stopDirectCalls()
+void Binding::cut(std::uint32_t generation, const EmitterBase* emitter)
 {
-    TableSites* sites = m_sites.load(std::memory_order_acquire);
-    sites->m_onRequests = true;
-    Thread* thread = m_thread.load(std::memory_order_acquire);
-    if (thread == nobody())
-        return;
-    sites->m_thread.store(thread, std::memory_order_release);
-    m_thread.store(nobody(), std::memory_order_release);
+    TableSite* site = siteOf(emitter, true);
+    ThreadRef thread;
+    {
+        std::lock_guard lock(s_bindingLock);
+        if (!serves(generation))
+            return;
+        site->m_boundCut = true;
+        m_hasCuts = true;
+        thread = ThreadRef(servingThread());
+    }
+    if (thread)
+        thread->releaseWaiters(emitter);
+}
+
+bool Binding::isCut(std::uint32_t generation, const EmitterBase* emitter) const noexcept
+{
+    // The object may be going at this moment; as long as it serves, its sites are there.
+    std::lock_guard lock(s_bindingLock);
+    if (!serves(generation))
+        return true;
+    const TableSites* sites = m_sites.load(std::memory_order_acquire);
+    const TableSite* site = sites ? sites->find(emitter) : nullptr;
+    return site && site->m_boundCut.load();
 }
 
 void reportMisplacedRow(const std::type_info& emitters, std::size_t row)
@@ -241,23 +301,28 @@ void RequestBinding::bindTable(detail::TableHead& table, Listener* peer,
                                const detail::OperationsHead* operations)
 {
     Binding& binding = *table.m_binding;
-    table.m_operations.store(operations, std::memory_order_release);
-    if (m_binding)
-        return;
-    Thread* thread = Thread::getCurrentThread();
+    if (m_binding && (m_binding != &binding || !binding.serves(m_generation)))
+        unbind();
+    Thread* const thread = Thread::getCurrentThread();
     Thread* formerThread = nullptr;
-    std::lock_guard lock(s_bindingLock);
-    endService(binding, formerThread);
-    if (formerThread)
-        formerThread->deref();
-    thread->ref();
-    binding.m_peer.store(peer, std::memory_order_release);
-    binding.m_thread.store(thread, std::memory_order_release);
-    const TableSites* sites = binding.m_sites.load(std::memory_order_acquire);
-    if (sites && sites->m_onRequests)
-        binding.stopDirectCalls();
-    m_binding = &binding;
-    m_generation = binding.m_generation.load(std::memory_order_acquire);
+    {
+        std::lock_guard lock(s_bindingLock);
+        if (!m_binding) {
+            formerThread = endService(binding);
+            thread->ref();
+            binding.m_peer.store(peer, std::memory_order_release);
+            binding.m_thread.store(thread, std::memory_order_release);
+            const TableSites* sites = binding.m_sites.load(std::memory_order_acquire);
+            if (sites && sites->m_onRequests)
+                stopDirectCalls(binding);
+            m_binding = &binding;
+            m_generation = binding.m_generation.load(std::memory_order_acquire);
+        }
+        // Another peer may have taken over since the look above.
+        if (binding.serves(m_generation))
+            table.m_operations.store(operations, std::memory_order_release);
+    }
+    endWaiting(formerThread, &binding);
 }
 
 void RequestBinding::unbind() noexcept
@@ -271,12 +336,9 @@ void RequestBinding::unbind() noexcept
         // The object may be gone, and its binding serve another one by now.
         if (!binding->serves(m_generation))
             return;
-        endService(*binding, thread);
+        thread = endService(*binding);
     }
-    if (thread) {
-        thread->releaseWaiters(binding);
-        thread->deref();
-    }
+    endWaiting(thread, binding);
 }
 
 }  // namespace TROV

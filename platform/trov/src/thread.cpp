@@ -7,11 +7,8 @@
 
 namespace TROV {
 
-using detail::CallChunk;
-using detail::CallRecord;
-using detail::Waiter;
-
 thread_local constinit Thread* Thread::s_current = nullptr;
+thread_local constinit bool Thread::s_ended = false;
 
 namespace {
 
@@ -40,23 +37,6 @@ ExceptionSink& exceptionSink()
     return *instance;
 }
 
-constexpr std::size_t QuestionSize =
-    (sizeof(CallRecord) + alignof(std::max_align_t) - 1) / alignof(std::max_align_t)
-    * alignof(std::max_align_t);
-
-// Requests that follow each other this closely are taken for one conversation: its next question
-// is awaited for a moment before the thread goes back to its loop.
-constexpr auto ConversationGap = std::chrono::microseconds(100);
-constexpr auto LingerTime = std::chrono::microseconds(25);
-constexpr int AnswerSpins = 400;
-
-void relax() noexcept
-{
-#if defined(__x86_64__) || defined(__i386__)
-    __builtin_ia32_pause();
-#endif
-}
-
 }  // namespace
 
 /// Ends the thread's life in the library when the operating-system thread ends.
@@ -65,18 +45,13 @@ struct ThreadAttachment {
 
     ~ThreadAttachment()
     {
-        if (!m_thread)
-            return;
-        m_thread->close();
-        m_thread->setName({});
-        Thread::s_current = nullptr;
-        m_thread->deref();
+        if (m_thread)
+            m_thread->detach();
     }
 };
 
 Thread* Thread::attachCurrentThread()
 {
-    static thread_local ThreadAttachment attachment;
     Thread* thread = nullptr;
     {
         ThreadDirectory& threads = directory();
@@ -87,14 +62,37 @@ Thread* Thread::attachCurrentThread()
         } else {
             thread = threads.m_free.back();
             threads.m_free.pop_back();
+            thread->m_isFree = false;
         }
+        thread->ref();
     }
-    thread->ref();
-    thread->open();
-    thread->m_quit = false;
-    attachment.m_thread = thread;
     s_current = thread;
+    if (s_ended) {
+        // The last destructors of an ending thread still send. Nobody will ever run what is sent
+        // back to it, and nothing tells when it has really ended: this one is never recycled.
+        thread->close();
+        return thread;
+    }
+    static thread_local ThreadAttachment attachment;
+    attachment.m_thread = thread;
+    thread->open();
     return thread;
+}
+
+void Thread::detach()
+{
+    {
+        std::lock_guard lock(m_wakeUpMutex);
+        m_wakeUp = nullptr;
+    }
+    m_isHosted = false;
+    // What is dropped may send, as this thread still.
+    close();
+    setName({});
+    m_quit = false;
+    s_ended = true;
+    s_current = nullptr;
+    deref();
 }
 
 void Thread::deref()
@@ -103,6 +101,10 @@ void Thread::deref()
         return;
     ThreadDirectory& threads = directory();
     std::lock_guard lock(threads.m_mutex);
+    // Somebody may have found it by its name in the meantime, and let go of it again.
+    if (m_isFree || m_refs.load(std::memory_order_acquire) != 0)
+        return;
+    m_isFree = true;
     threads.m_free.push_back(this);
 }
 
@@ -114,35 +116,47 @@ void Thread::forEach(const std::function<void(Thread&)>& function)
         function(*thread);
 }
 
+// Names -------------------------------------------------------------------------------------------
+
 Thread* Thread::find(const std::string& name)
 {
     if (name.empty())
         return nullptr;
     Thread* found = nullptr;
+    std::uint64_t foundNamed = 0;
     forEach([&](Thread& thread) {
-        if (thread.name() == name)
+        std::lock_guard lock(thread.m_nameLock);
+        if (thread.m_name == name && thread.m_named > foundNamed) {
             found = &thread;
+            foundNamed = thread.m_named;
+        }
     });
     return found;
 }
 
 void Thread::setName(const std::string& name)
 {
-    std::lock_guard lock(m_hostMutex);
-    m_name = name;
+    static std::atomic<std::uint64_t> namings{0};
+    std::string copy = name;
+    std::lock_guard lock(m_nameLock);
+    m_name.swap(copy);
+    m_named = ++namings;
 }
 
 std::string Thread::name() const
 {
-    std::lock_guard lock(m_hostMutex);
+    std::lock_guard lock(m_nameLock);
     return m_name;
 }
+
+// Exceptions --------------------------------------------------------------------------------------
 
 void Thread::setExceptionHandler(ExceptionHandler handler)
 {
     ExceptionSink& sink = exceptionSink();
+    // The former one is destroyed outside the lock.
     std::lock_guard lock(sink.m_mutex);
-    sink.m_handler = std::move(handler);
+    sink.m_handler.swap(handler);
 }
 
 void Thread::reportException(std::exception_ptr error)
@@ -171,9 +185,10 @@ void Thread::reportException(std::exception_ptr error)
 void Thread::bindWakeUp(std::function<void()> wakeUpFunction)
 {
     {
-        std::lock_guard lock(m_hostMutex);
+        std::lock_guard lock(m_wakeUpMutex);
         m_wakeUp = std::move(wakeUpFunction);
     }
+    m_isHosted = true;
     open();
     // What was sent before anybody could be roused still waits.
     wakeUp();
@@ -182,320 +197,46 @@ void Thread::bindWakeUp(std::function<void()> wakeUpFunction)
 void Thread::unbindWakeUp()
 {
     {
-        std::lock_guard lock(m_hostMutex);
+        std::lock_guard lock(m_wakeUpMutex);
         m_wakeUp = nullptr;
     }
-    close();
-}
-
-void Thread::open()
-{
-    std::lock_guard lock(m_queueLock);
-    m_accepting.store(true, std::memory_order_release);
-}
-
-void Thread::close()
-{
-    {
-        std::lock_guard lock(m_queueLock);
-        m_accepting.store(false, std::memory_order_release);
-    }
-    absorb();
-    CallChunk* chunk = nullptr;
-    while (CallRecord* record = m_current.front(chunk)) {
-        m_current.popFront(record);
-        record->m_consumed = true;
-        if (record->m_run) {
-            ++chunk->m_running;
-            record->m_run(record, CallRecord::Discard);
-            --chunk->m_running;
-            if (chunk->m_passed && chunk->m_running == 0)
-                m_current.recycle(chunk);
-        } else if (Waiter* waiter = record->m_waiter.exchange(nullptr)) {
-            endQuestion(waiter);
-            complete(waiter);
-        }
-    }
-}
-
-void Thread::exec()
-{
-    open();
-    while (!m_quit.load(std::memory_order_acquire)) {
-        const std::uint32_t seen = m_event.load(std::memory_order_acquire);
-        process();
-        if (m_quit.load(std::memory_order_acquire) || m_hasIncoming.load(std::memory_order_acquire))
-            continue;
-        WaitRelease released;
-        m_event.wait(seen, std::memory_order_acquire);
-    }
-    m_quit = false;
-    close();
-}
-
-void Thread::quit()
-{
-    m_quit.store(true, std::memory_order_release);
-    signal();
-}
-
-void Thread::signal() noexcept
-{
-    m_event.fetch_add(1, std::memory_order_acq_rel);
-    m_event.notify_all();
+    m_isHosted = false;
+    closeUnlessServed();
 }
 
 void Thread::wakeUp()
 {
     {
         // Held while the function runs, so that unbinding waits for it.
-        std::lock_guard lock(m_hostMutex);
-        if (m_wakeUp) {
+        std::lock_guard lock(m_wakeUpMutex);
+        if (m_wakeUp)
             m_wakeUp();
-            return;
-        }
     }
-    signal();
+    // It may be waiting, for us even, or be in an `exec` inside its host's loop.
+    m_rouser.rouse();
 }
 
-// Running calls -----------------------------------------------------------------------------------
-
-void Thread::absorb()
+void Thread::exec()
 {
-    std::lock_guard lock(m_queueLock);
-    m_current.append(m_incoming);
-    m_hasIncoming.store(false, std::memory_order_relaxed);
-    m_wakePending = false;
-    m_draining = false;
-}
-
-bool Thread::process(std::chrono::nanoseconds budget)
-{
-    const bool limited = budget != std::chrono::nanoseconds::max();
-    const auto deadline = limited ? Clock::now() + budget : Clock::time_point::max();
-    const bool wasBusy = m_busy.exchange(true, std::memory_order_relaxed);
-    bool left = false;
-    for (unsigned count = 0;;) {
-        absorb();
-        CallChunk* chunk = nullptr;
-        while (CallRecord* record = m_current.front(chunk)) {
-            m_current.popFront(record);
-            execute(record, chunk);
-            if (limited && ++count % 8 == 0 && Clock::now() >= deadline) {
-                left = true;
-                break;
-            }
-        }
-        if (left || (!m_hasIncoming.load(std::memory_order_acquire) && !lingerForMore()))
-            break;
-    }
-    m_busy.store(wasBusy, std::memory_order_relaxed);
-    CallChunk* chunk = nullptr;
-    return left && (m_current.front(chunk) || m_hasIncoming.load(std::memory_order_acquire));
-}
-
-void Thread::execute(CallRecord* record, CallChunk* chunk)
-{
-    record->m_consumed = true;
-    ++chunk->m_running;
-    if (record->m_run) {
-        try {
-            record->m_run(record, CallRecord::Deliver);
-        } catch (...) {
-            reportException(std::current_exception());
-        }
-    } else {
-        answer(record);
-    }
-    --chunk->m_running;
-    if (chunk->m_passed && chunk->m_running == 0)
-        m_current.recycle(chunk);
-}
-
-void Thread::answer(CallRecord* record)
-{
-    Waiter* waiter = record->m_waiter.exchange(nullptr, std::memory_order_acq_rel);
-    if (!waiter)
-        return;
-    endQuestion(waiter);
-    try {
-        waiter->m_execute(waiter);
-    } catch (...) {
-        waiter->m_error = std::current_exception();
-    }
-    complete(waiter);
-    m_answered = true;
-}
-
-void Thread::complete(Waiter* waiter) noexcept
-{
-    // The waiter is gone as soon as its thread sees the state.
-    Thread* waiting = waiter->m_waiting;
-    waiter->m_state.store(Waiter::Done, std::memory_order_release);
-    waiting->signal();
-}
-
-void Thread::unlinkWaiter(Waiter* waiter) noexcept
-{
-    if (waiter->m_previous)
-        waiter->m_previous->m_next = waiter->m_next;
-    else
-        m_waiters = waiter->m_next;
-    if (waiter->m_next)
-        waiter->m_next->m_previous = waiter->m_previous;
-    m_requestsPending.fetch_sub(1, std::memory_order_relaxed);
-}
-
-void Thread::endQuestion(Waiter* waiter) noexcept
-{
-    std::lock_guard lock(m_queueLock);
-    unlinkWaiter(waiter);
-}
-
-bool Thread::lingerForMore()
-{
-    if (!std::exchange(m_answered, false))
-        return false;
-    const auto now = Clock::now();
-    const bool conversation = now - m_lastAnswer < ConversationGap;
-    m_lastAnswer = now;
-    if (!conversation)
-        return false;
-    {
-        std::lock_guard lock(m_queueLock);
-        if (m_hasIncoming.load(std::memory_order_relaxed))
-            return true;
-        m_draining = true;
-    }
-    for (unsigned spins = 1;; ++spins) {
-        if (m_hasIncoming.load(std::memory_order_acquire))
-            return true;
-        if (spins % 16 == 0 && Clock::now() - now > LingerTime)
-            break;
-        relax();
-    }
-    std::lock_guard lock(m_queueLock);
-    m_draining = false;
-    return m_hasIncoming.load(std::memory_order_relaxed);
-}
-
-// Asking and waiting ------------------------------------------------------------------------------
-
-bool Thread::ask(Waiter& waiter)
-{
-    Thread* const self = getCurrentThread();
-    if (self == this) {
-        waiter.m_execute(&waiter);
-        return true;
-    }
-    waiter.m_waiting = self;
-    bool wake = false;
-    {
-        std::lock_guard lock(m_queueLock);
-        if (!m_accepting.load(std::memory_order_relaxed))
-            return false;
-        auto* record = new (m_incoming.allocate(QuestionSize)) CallRecord;
-        record->m_size = QuestionSize;
-        record->m_sender = self;
-        record->m_waiter.store(&waiter, std::memory_order_relaxed);
-        waiter.m_record = record;
-        waiter.m_next = m_waiters;
-        if (m_waiters)
-            m_waiters->m_previous = &waiter;
-        m_waiters = &waiter;
-        m_requestsPending.fetch_add(1, std::memory_order_release);
-        wake = noteArrival();
-    }
-    if (wake)
-        wakeUp();
-    signal();  // it may be waiting itself, for us even
-    self->wait(waiter, *this);
-    return true;
-}
-
-void Thread::wait(Waiter& waiter, Thread& asked)
-{
-    const auto isDone = [&] { return waiter.m_state.load(std::memory_order_acquire) == Waiter::Done; };
-    WaitRelease released;
-    for (int spins = 0; spins < AnswerSpins && asked.m_busy.load(std::memory_order_relaxed); ++spins) {
-        if (isDone())
-            return;
-        if (m_requestsPending.load(std::memory_order_relaxed) > 0)
-            break;
-        relax();
-    }
-    for (;;) {
-        const std::uint32_t seen = m_event.load(std::memory_order_acquire);
-        if (isDone())
-            return;
-        if (m_requestsPending.load(std::memory_order_acquire) > 0 && answerOneRequest())
+    open();
+    ++m_execDepth;
+    while (!m_quit.load(std::memory_order_acquire)) {
+        const std::uint32_t seen = m_rouser.count();
+        process();
+        if (m_quit.load(std::memory_order_acquire) || m_rouser.count() != seen)
             continue;
-        m_event.wait(seen, std::memory_order_acquire);
+        WaitRelease released;
+        m_rouser.sleep(seen);
     }
+    m_quit = false;
+    --m_execDepth;
+    closeUnlessServed();
 }
 
-bool Thread::answerOneRequest()
+void Thread::quit()
 {
-    absorb();
-    const Thread* sender = nullptr;
-    // Asked by somebody: first what that sender sent before, one call at a time, because running
-    // a call may change the queue; at last the question itself.
-    for (;;) {
-        CallRecord* next = nullptr;
-        CallChunk* nextChunk = nullptr;
-        CallRecord* question = nullptr;
-        CallChunk* questionChunk = nullptr;
-        for (CallChunk* chunk = m_current.firstChunk(); chunk && !question; chunk = chunk->m_next) {
-            for (std::size_t at = chunk->m_read; at < chunk->m_used;) {
-                CallRecord* record = chunk->recordAt(at);
-                at += record->m_size;
-                if (record->m_consumed)
-                    continue;
-                if (!next && record->m_run && record->m_sender == sender) {
-                    next = record;
-                    nextChunk = chunk;
-                }
-                if (!record->m_run && record->m_waiter.load(std::memory_order_acquire)
-                    && (!sender || record->m_sender == sender)) {
-                    question = record;
-                    questionChunk = chunk;
-                    break;
-                }
-            }
-        }
-        if (!question)
-            return sender != nullptr;
-        if (!sender) {
-            sender = question->m_sender;
-            continue;
-        }
-        if (!next) {
-            execute(question, questionChunk);
-            return true;
-        }
-        execute(next, nextChunk);
-    }
-}
-
-void Thread::releaseWaiters(const void* target)
-{
-    if (m_requestsPending.load(std::memory_order_acquire) == 0)
-        return;
-    Waiter* released = nullptr;
-    {
-        std::lock_guard lock(m_queueLock);
-        for (Waiter* waiter = m_waiters; waiter;) {
-            Waiter* next = waiter->m_next;
-            if (waiter->m_target == target && waiter->m_record->m_waiter.exchange(nullptr)) {
-                unlinkWaiter(waiter);
-                waiter->m_next = released;
-                released = waiter;
-            }
-            waiter = next;
-        }
-    }
-    while (released)
-        complete(std::exchange(released, released->m_next));
+    m_quit.store(true, std::memory_order_release);
+    m_rouser.rouse();
 }
 
 }  // namespace TROV

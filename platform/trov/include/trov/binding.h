@@ -27,7 +27,7 @@ struct TableSite {
 struct TableSites {
     std::atomic<TableSite*> m_first{nullptr};
     std::atomic<Thread*> m_thread{nullptr};  ///< of the peer, while direct calls are switched off
-    bool m_onRequests = false;               ///< some listen to requests: no direct calls any more
+    bool m_onRequests = false;  ///< some listen to requests: no direct calls any more; guarded
 
     TableSite* find(const EmitterBase* emitter) const noexcept
     {
@@ -47,7 +47,10 @@ struct TROV_EXPORT Binding {
     std::atomic<Thread*> m_thread{nobody()};  ///< whose calls go directly to the peer
     std::atomic<Listener*> m_peer{nullptr};
     std::atomic<TableSites*> m_sites{nullptr};
-    std::atomic<std::uint32_t> m_generation{0};
+    std::atomic<TableHead*> m_tables{nullptr};   ///< of the most derived class; they are linked
+    std::atomic<std::uint32_t> m_generation{0};  ///< changes with every bind and unbind
+    std::atomic<std::uint32_t> m_object{0};      ///< changes when the object goes
+    std::atomic<bool> m_hasCuts{false};          ///< the peer was disconnected from some requests
 
     /// A thread that is never the current one.
     static Thread* nobody() noexcept { return reinterpret_cast<Thread*>(std::uintptr_t{1}); }
@@ -60,11 +63,42 @@ struct TROV_EXPORT Binding {
         return m_generation.load(std::memory_order_acquire) == generation;
     }
 
+    /// Whether the peer of that generation still serves that very request.
+    bool serves(std::uint32_t generation, const EmitterBase* emitter) const noexcept
+    {
+        // In sequentially consistent order: see `Thread::releaseWaiters`.
+        return m_generation.load() == generation
+            && (!m_hasCuts.load() || !isCut(generation, emitter));
+    }
+
+    /// The peer, or null when it does not serve that request any more. On the peer's thread.
+    Listener* peerFor(std::uint32_t generation, const EmitterBase* emitter) const noexcept
+    {
+        // Taken before it is checked: a peer that has gone changed the generation first.
+        Listener* peer = m_peer.load(std::memory_order_acquire);
+        return serves(generation, emitter) ? peer : nullptr;
+    }
+
+    bool isOf(std::uint32_t object) const noexcept
+    {
+        return m_object.load(std::memory_order_acquire) == object;
+    }
+
     static Binding* allocate();
     static void free(Binding* binding) noexcept;
 
+    /// Where the emitter's listeners are kept; makes the place when there is none. Of a request it
+    /// ends the direct calls, which would pass the listeners by.
     TableSite* siteOf(const EmitterBase* emitter, bool isRequest);
-    void stopDirectCalls();
+
+    /// Cuts the peer of that generation from one request.
+    void cut(std::uint32_t generation, const EmitterBase* emitter);
+
+    void addTable(TableHead* table) noexcept { m_tables.store(table, std::memory_order_release); }
+    void removeTable(TableHead* base) noexcept;
+
+private:
+    bool isCut(std::uint32_t generation, const EmitterBase* emitter) const noexcept;
 };
 
 }  // namespace detail

@@ -25,11 +25,13 @@ struct TROV_EXPORT Waiter {
     std::atomic<std::uint32_t> m_state{Pending};
     Thread* m_waiting = nullptr;           ///< the thread that sleeps until the state is `Done`
     const void* m_target = nullptr;        ///< what is asked; cutting it ends the wait
+    const void* m_part = nullptr;          ///< the part of it that is asked; likewise, or null
     struct CallRecord* m_record = nullptr; ///< where the question stands in the queue
     Waiter* m_previous = nullptr;
     Waiter* m_next = nullptr;
     std::exception_ptr m_error;
     void (*m_execute)(Waiter*) = nullptr;  ///< runs on the asked thread; stores the result
+    bool (*m_isWanted)(Waiter*) = nullptr; ///< false once what is asked was cut
 };
 
 /// The head of every queued call. The call itself follows it in memory.
@@ -43,12 +45,12 @@ struct CallRecord {
     bool m_consumed = false;
 };
 
-/// A block of queued calls, filled from the front and emptied from the front.
-struct CallChunk {
+/// A block of queued calls, filled from the front and emptied from the front. Aligned, so that the
+/// records behind it are.
+struct alignas(64) CallChunk {
     static constexpr std::size_t Bytes = 32 * 1024;
 
     CallChunk* m_next = nullptr;
-    std::size_t m_capacity = 0;
     std::size_t m_used = 0;
     std::size_t m_read = 0;
     unsigned m_running = 0;   ///< calls of this chunk that are on the stack of their thread
@@ -69,13 +71,11 @@ public:
     CallList& operator=(const CallList&) = delete;
     ~CallList();
 
-    bool isEmpty() const noexcept { return !m_first || (m_first == m_last && m_first->m_read == m_first->m_used); }
-
     /// Room for a record of `size` bytes at the end.
     void* allocate(std::size_t size)
     {
-        if (!m_last || m_last->m_capacity - m_last->m_used < size)
-            addChunk(size);
+        if (!m_last || CallChunk::Bytes - m_last->m_used < size)
+            addChunk();
         void* room = m_last->bytes() + m_last->m_used;
         m_last->m_used += size;
         return room;
@@ -96,7 +96,7 @@ public:
     CallChunk* firstChunk() const noexcept { return m_first; }
 
 private:
-    void addChunk(std::size_t size);
+    void addChunk();
     void retireFirst() noexcept;
 
     CallChunk* m_first = nullptr;

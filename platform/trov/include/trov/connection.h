@@ -26,6 +26,7 @@ namespace detail {
 struct ConnectionBlock {
     std::uint32_t m_count = 0;
     std::atomic<std::uint32_t> m_pins{0};  ///< emissions too deeply nested for their thread's pins
+    std::atomic<bool> m_retired{false};    ///< replaced; to be freed when no emission is in it
     ConnectionBlock* m_nextRetired = nullptr;
 
     Connection** items() noexcept { return reinterpret_cast<Connection**>(this + 1); }
@@ -38,7 +39,6 @@ struct ConnectionBlock {
 /// Where an emitter keeps its connections; null as long as there are none.
 using ConnectionSite = std::atomic<ConnectionBlock*>;
 
-extern TROV_EXPORT std::atomic<int> s_retiredBlocks;
 TROV_EXPORT void collectRetiredBlocks();
 TROV_EXPORT void cutAllConnections(ConnectionSite& site);
 TROV_EXPORT int numberOfConnections(const ConnectionSite& site) noexcept;
@@ -53,6 +53,9 @@ public:
 
     /// False once it was cut by either side.
     bool isConnected() const noexcept { return m_alive.load(std::memory_order_acquire); }
+
+    /// The same for a thread that is about to wait: see `Thread::releaseWaiters`.
+    bool isWanted() const noexcept { return m_alive.load(); }
 
     /// The thread that calls are delivered on.
     Thread* thread() const noexcept { return m_thread.get(); }
@@ -98,89 +101,6 @@ private:
     Connection* m_next = nullptr;
 };
 
-/// A connection of a known signature.
-template <class R, class... A>
-class ConnectionImpl : public Connection {
-public:
-    /// Connects `function` to `site` on behalf of `listener`; the caller holds no reference.
-    template <class Function>
-    static ConnectionImpl* make(detail::ConnectionSite& site, Listener* listener, Thread* thread,
-                                Function function);
-
-    R call(Param<A>... arguments) { return m_call(this, arguments...); }
-
-    void deliver(Payload& payload) override
-    {
-        if (auto* mine = dynamic_cast<PayloadOf<R, sizeof...(A), A...>*>(&payload))
-            mine->apply([this](const A&... a) { return call(a...); });
-    }
-
-protected:
-    using Call = R (*)(ConnectionImpl*, Param<A>...);
-
-    ConnectionImpl(Listener* listener, Thread* thread, Call function)
-        : Connection(listener, thread, typeid(R(A...))), m_call(function)
-    {
-    }
-
-private:
-    Call m_call;
-};
-
-template <class R = void>
-using ConnectionImpl0 = ConnectionImpl<R>;
-template <class R, class A1>
-using ConnectionImpl1 = ConnectionImpl<R, A1>;
-template <class R, class A1, class A2>
-using ConnectionImpl2 = ConnectionImpl<R, A1, A2>;
-template <class R, class A1, class A2, class A3>
-using ConnectionImpl3 = ConnectionImpl<R, A1, A2, A3>;
-template <class R, class A1, class A2, class A3, class A4>
-using ConnectionImpl4 = ConnectionImpl<R, A1, A2, A3, A4>;
-
-namespace detail {
-
-template <class Function, class R, class... A>
-class FunctionConnection final : public ConnectionImpl<R, A...> {
-public:
-    FunctionConnection(Listener* listener, Thread* thread, Function function)
-        : ConnectionImpl<R, A...>(listener, thread, &invoke), m_function(std::move(function))
-    {
-    }
-
-private:
-    friend class ConnectionImpl<R, A...>;
-
-    static R invoke(ConnectionImpl<R, A...>* self, Param<A>... arguments)
-    {
-        Function& function = static_cast<FunctionConnection*>(self)->m_function;
-        // A handler that does not care for the arguments need not name them.
-        if constexpr (std::is_invocable_v<Function&, Param<A>...>)
-            return static_cast<R>(std::invoke(function, arguments...));
-        else
-            return static_cast<R>(std::invoke(function));
-    }
-
-    Function m_function;
-};
-
-}  // namespace detail
-
-template <class R, class... A>
-template <class Function>
-ConnectionImpl<R, A...>* ConnectionImpl<R, A...>::make(detail::ConnectionSite& site,
-                                                       Listener* listener, Thread* thread,
-                                                       Function function)
-{
-    static_assert(std::is_invocable_r_v<R, Function&, Param<A>...>
-                      || std::is_invocable_r_v<R, Function&>,
-                  "the handler must take the signal's arguments, or none");
-    auto* connection = new detail::FunctionConnection<Function, R, A...>(listener, thread,
-                                                                         std::move(function));
-    connection->attach(site);
-    return connection;
-}
-
 /// Names a connection so that it can be cut early. Copies name the same one; an empty handle names
 /// none. It does not keep the connection connected.
 class ConnectionHandle {
@@ -219,6 +139,114 @@ private:
     Connection* m_connection = nullptr;
 };
 
+/// A connection of a known signature.
+template <class R, class... A>
+class ConnectionImpl : public Connection {
+public:
+    /// Connects `function` to `site` on behalf of `listener`.
+    template <class Function>
+    static ConnectionHandle make(detail::ConnectionSite& site, Listener* listener, Thread* thread,
+                                Function function);
+
+    R call(Param<A>... arguments) { return m_call(this, arguments...); }
+
+    void deliver(Payload& payload) override
+    {
+        if (auto* mine = dynamic_cast<PayloadOf<R, sizeof...(A), A...>*>(&payload))
+            mine->apply([this](const A&... a) { return call(a...); });
+    }
+
+protected:
+    using Call = R (*)(ConnectionImpl*, Param<A>...);
+
+    ConnectionImpl(Listener* listener, Thread* thread, Call function)
+        : Connection(listener, thread, typeid(R(A...))), m_call(function)
+    {
+    }
+
+private:
+    Call m_call;
+};
+
+template <class R = void>
+using ConnectionImpl0 = ConnectionImpl<R>;
+template <class R, class A1>
+using ConnectionImpl1 = ConnectionImpl<R, A1>;
+template <class R, class A1, class A2>
+using ConnectionImpl2 = ConnectionImpl<R, A1, A2>;
+template <class R, class A1, class A2, class A3>
+using ConnectionImpl3 = ConnectionImpl<R, A1, A2, A3>;
+template <class R, class A1, class A2, class A3, class A4>
+using ConnectionImpl4 = ConnectionImpl<R, A1, A2, A3, A4>;
+
+namespace detail {
+
+/// How many of the first arguments the handler takes; -1 when it fits no number of them.
+template <class Function, class R, class... A>
+constexpr int acceptedArguments()
+{
+    constexpr auto fits = []<std::size_t... I>(std::index_sequence<I...>) {
+        return std::is_invocable_r_v<R, Function&,
+                                     std::tuple_element_t<I, std::tuple<Param<A>...>>...>;
+    };
+    constexpr auto search = [fits]<std::size_t N>(auto self,
+                                                  std::integral_constant<std::size_t, N>) -> int {
+        if constexpr (fits(std::make_index_sequence<N>()))
+            return static_cast<int>(N);
+        else if constexpr (N > 0)
+            return self(self, std::integral_constant<std::size_t, N - 1>());
+        else
+            return -1;
+    };
+    return search(search, std::integral_constant<std::size_t, sizeof...(A)>());
+}
+
+template <class Function, class R, class... A>
+class FunctionConnection final : public ConnectionImpl<R, A...> {
+public:
+    FunctionConnection(Listener* listener, Thread* thread, Function function)
+        : ConnectionImpl<R, A...>(listener, thread, &invoke), m_function(std::move(function))
+    {
+    }
+
+private:
+    friend class ConnectionImpl<R, A...>;
+
+    static R invoke(ConnectionImpl<R, A...>* self, Param<A>... arguments)
+    {
+        Function& function = static_cast<FunctionConnection*>(self)->m_function;
+        // A handler that does not care for the last arguments need not name them.
+        constexpr int Accepted = acceptedArguments<Function, R, A...>();
+        if constexpr (Accepted == sizeof...(A)) {
+            return static_cast<R>(std::invoke(function, arguments...));
+        } else {
+            return [&]<std::size_t... I>(std::index_sequence<I...>) -> R {
+                [[maybe_unused]] const auto all = std::forward_as_tuple(arguments...);
+                return static_cast<R>(std::invoke(function, std::get<I>(all)...));
+            }(std::make_index_sequence<Accepted>());
+        }
+    }
+
+    Function m_function;
+};
+
+}  // namespace detail
+
+template <class R, class... A>
+template <class Function>
+ConnectionHandle ConnectionImpl<R, A...>::make(detail::ConnectionSite& site, Listener* listener,
+                                               Thread* thread, Function function)
+{
+    static_assert(detail::acceptedArguments<Function, R, A...>() >= 0,
+                  "the handler must take the signal's arguments, or the first few of them");
+    auto* connection = new detail::FunctionConnection<Function, R, A...>(listener, thread,
+                                                                         std::move(function));
+    // Held before others can cut it.
+    ConnectionHandle handle(connection);
+    connection->attach(site);
+    return handle;
+}
+
 namespace detail {
 
 /// Keeps the block that an emission walks through alive, and hands it out.
@@ -246,12 +274,14 @@ public:
 
     ~Emission()
     {
+        // Whoever is the last in a retired block frees it, and with it what was cut meanwhile.
+        const bool retired = m_block && m_block->m_retired.load(std::memory_order_relaxed);
         --m_pins.m_depth;
         if (m_depth < EmissionPins::Depth) [[likely]]
             m_pins.m_pins[m_depth].store(nullptr, std::memory_order_release);
         else if (m_block)
             m_block->m_pins.fetch_sub(1, std::memory_order_release);
-        if (s_retiredBlocks.load(std::memory_order_relaxed) != 0 && m_depth == 0) [[unlikely]]
+        if (retired) [[unlikely]]
             collectRetiredBlocks();
     }
 
@@ -272,13 +302,13 @@ private:
 template <class... A>
 struct QueuedEmission {
     ConnectionHandle m_connection;
-    std::tuple<A...> m_arguments;
+    std::tuple<Kept<A>...> m_arguments;
 
     void deliver()
     {
         auto* connection = static_cast<ConnectionImpl<void, A...>*>(m_connection.connection());
         if (connection->isConnected())
-            std::apply([&](const A&... a) { connection->call(a...); }, m_arguments);
+            std::apply([&](auto&... a) { connection->call(a...); }, m_arguments);
     }
 };
 
@@ -289,15 +319,17 @@ R callElsewhere(ConnectionImpl<R, A...>* connection, bool wait, Param<A>... argu
     if constexpr (std::is_void_v<R>) {
         if (!wait) {
             connection->thread()->enqueue(
-                QueuedEmission<A...>{ConnectionHandle(connection), std::tuple<A...>(arguments...)});
+                QueuedEmission<A...>{ConnectionHandle(connection), {arguments...}});
             return;
         }
     }
-    return connection->thread()->template callAndWait<R>(connection, [&]() -> R {
-        if (!connection->isConnected())
-            return defaultResult<R>();
-        return connection->call(arguments...);
-    });
+    return connection->thread()->template callAndWait<R>(
+        connection, nullptr, [&] { return connection->isWanted(); },
+        [&]() -> R {
+            if (!connection->isConnected())
+                return defaultResult<R>();
+            return connection->call(arguments...);
+        });
 }
 
 /// Calls every listener of the site in the order of connecting; the last one's result counts.

@@ -22,7 +22,7 @@ public:
     int numberOfConnections() const noexcept;
 
     /// Sends `packet` to every listener of its signature. With `wait` it returns after all of them
-    /// have run. A request of another signature than the packet's does nothing.
+    /// have run; what they throw then arrives here. A packet of another signature does nothing.
     void sendPacket(const Packet& packet, SendMode mode, bool wait) const;
 
     /// Cuts the listener's connections to this emitter, that of a bound request included.
@@ -36,8 +36,11 @@ protected:
 
     std::uint8_t index() const noexcept { return m_index; }
 
-    /// Where the connections are kept; null when none was ever made and `create` is not set.
-    detail::ConnectionSite* site(bool create) const;
+    /// Where the connections are kept; null when none was ever made.
+    detail::ConnectionSite* site() const noexcept;
+
+    /// Where the connections are kept; makes the place if need be.
+    detail::ConnectionSite& siteForListeners(bool isRequest) const;
 
 private:
     template <class>
@@ -53,18 +56,22 @@ class Signal;
 template <class R, class... A>
 class Signal<R(A...)> {
 public:
-    explicit Signal(const EmitterBase& emitter) noexcept : m_emitter(&emitter) {}
+    explicit Signal(const EmitterBase& emitter, bool isRequest = false) noexcept
+        : m_emitter(&emitter), m_isRequest(isRequest)
+    {
+    }
 
     /// Calls `handler` for every emission, on `thread` (null: the calling thread), as long as
-    /// `listener` lives; the handler takes the signal's arguments or none. With a null listener
+    /// `listener` lives; the handler takes the signal's arguments or the first few of them, down to
+    /// none. With a null listener
     /// the connection lasts until it is cut by its handle or the emitter dies.
     template <class Handler>
     ConnectionHandle connect(Listener* listener, Handler handler, Thread* thread = nullptr) const
         requires(!std::is_member_pointer_v<Handler>)
     {
-        return ConnectionHandle(ConnectionImpl<R, A...>::make(
-            *m_emitter->site(true), listener, thread ? thread : Thread::getCurrentThread(),
-            std::move(handler)));
+        return ConnectionImpl<R, A...>::make(
+            m_emitter->siteForListeners(m_isRequest), listener,
+            thread ? thread : Thread::getCurrentThread(), std::move(handler));
     }
 
     /// The same for a member function of the listener, which takes the arguments or none.
@@ -80,6 +87,7 @@ public:
 
 private:
     const EmitterBase* m_emitter;
+    bool m_isRequest;
 };
 
 /// A typed signal that stands alone.

@@ -27,9 +27,12 @@ struct OperationsHead {
 struct TableHead {
     Binding* m_binding;
     std::atomic<const OperationsHead*> m_operations{nullptr};
-    void* m_base;
+    TableHead* m_base;
 
-    TableHead(Binding* binding, void* base) noexcept : m_binding(binding), m_base(base) {}
+    TableHead(Binding* binding, TableHead* base) noexcept : m_binding(binding), m_base(base)
+    {
+        m_binding->addTable(this);
+    }
     TableHead(const TableHead&) = delete;
     TableHead& operator=(const TableHead&) = delete;
 };
@@ -67,16 +70,15 @@ protected:
 template <class... A>
 struct QueuedRequest {
     Binding* m_binding;
-    std::uint32_t m_generation;
+    const EmitterBase* m_emitter;  ///< compared, never followed
     void (*m_call)(Listener*, Param<A>...);
-    std::tuple<A...> m_arguments;
+    std::uint32_t m_generation;
+    std::tuple<Kept<A>...> m_arguments;
 
     void deliver()
     {
-        if (m_binding->serves(m_generation)) {
-            Listener* peer = m_binding->m_peer.load(std::memory_order_acquire);
-            std::apply([&](const A&... a) { m_call(peer, a...); }, m_arguments);
-        }
+        if (Listener* peer = m_binding->peerFor(m_generation, m_emitter))
+            std::apply([&](auto&... a) { m_call(peer, a...); }, m_arguments);
     }
 };
 
@@ -87,6 +89,7 @@ struct QueuedRequest {
 template <class Base>
 struct EmittersTable : detail::TableHead {
     explicit EmittersTable(Base& base) noexcept : TableHead(base.m_binding, &base) {}
+    ~EmittersTable() { m_binding->removeTable(m_base); }
 
     /// The table of the base class.
     Base* base() const noexcept { return static_cast<Base*>(m_base); }
@@ -127,7 +130,7 @@ public:
     }
 
     /// For listeners beside the bound operation.
-    Signal<R(A...)> signal() const noexcept { return Signal<R(A...)>(*this); }
+    Signal<R(A...)> signal() const noexcept { return Signal<R(A...)>(*this, true); }
 
 private:
     using Call = R (*)(Listener*, Param<A>...);
@@ -140,46 +143,51 @@ private:
     R sendElsewhere(Param<A>... arguments) const
     {
         detail::Binding& binding = *head().m_binding;
+        const std::uint32_t object = binding.m_object.load(std::memory_order_acquire);
         const std::uint32_t generation = binding.m_generation.load(std::memory_order_acquire);
         const detail::TableSite* others = listeners();
         const auto* operations = head().m_operations.load(std::memory_order_acquire);
         Thread* thread = binding.servingThread();
         const bool bound = operations && thread && !(others && others->m_boundCut.load());
+        // The operation may end the object, and its emitters with it.
+        const auto hasOthers = [&] {
+            return others && binding.isOf(object)
+                && detail::numberOfConnections(others->m_site) > 0;
+        };
         if constexpr (std::is_void_v<R>) {
             if (bound)
                 sendBound(binding, generation, call(operations), *thread, arguments...);
-            // The operation may have ended the object, and its emitters with it.
-            if (others && (!bound || binding.serves(generation)))
+            if (hasOthers())
                 detail::emitTo<R, A...>(const_cast<detail::TableSite*>(others)->m_site, false,
                                         arguments...);
         } else {
             R result = R();
             if (bound)
                 result = sendBound(binding, generation, call(operations), *thread, arguments...);
-            if (others && (!bound || binding.serves(generation))
-                && detail::numberOfConnections(others->m_site) > 0)
+            if (hasOthers())
                 result = detail::emitTo<R, A...>(const_cast<detail::TableSite*>(others)->m_site,
                                                  false, arguments...);
             return result;
         }
     }
 
-    static R sendBound(detail::Binding& binding, std::uint32_t generation, Call operation,
-                       Thread& thread, Param<A>... arguments)
+    R sendBound(detail::Binding& binding, std::uint32_t generation, Call operation, Thread& thread,
+                Param<A>... arguments) const
     {
+        const EmitterBase* const emitter = this;
         const auto serve = [&]() -> R {
-            Listener* peer = binding.m_peer.load(std::memory_order_acquire);
-            if (!peer || !binding.serves(generation))
-                return detail::defaultResult<R>();
-            return operation(peer, arguments...);
+            if (Listener* peer = binding.peerFor(generation, emitter))
+                return operation(peer, arguments...);
+            return detail::defaultResult<R>();
         };
         if (&thread == Thread::getCurrentThread())
             return serve();
         if constexpr (std::is_void_v<R>)
-            thread.enqueue(detail::QueuedRequest<A...>{&binding, generation, operation,
-                                                       std::tuple<A...>(arguments...)});
+            thread.enqueue(detail::QueuedRequest<A...>{&binding, emitter, operation, generation,
+                                                       {arguments...}});
         else
-            return thread.callAndWait<R>(&binding, serve);
+            return thread.callAndWait<R>(
+                &binding, emitter, [&] { return binding.serves(generation, emitter); }, serve);
     }
 };
 
@@ -203,6 +211,13 @@ public:
     {
         if (detail::TableSite* site = listeners())
             detail::emitTo<void, A...>(site->m_site, false, arguments...);
+    }
+
+    /// Whether an emission would reach anybody; cheaper than counting.
+    bool isHeard() const noexcept
+    {
+        const detail::TableSite* site = listeners();
+        return site && site->m_site.load(std::memory_order_acquire);
     }
 
     int numberOfConnections() const noexcept
@@ -305,12 +320,15 @@ public:
     /// survive the first test run.
     void check(const Emitters& table) const
     {
+        if (m_isChecked.load(std::memory_order_relaxed))
+            return;
         for (std::size_t i = 0; i < Count; ++i) {
             if (m_places[i](table) != i)
                 detail::reportMisplacedRow(typeid(Emitters), i);
         }
         if (table.requestsEnd.place() != Count)
             detail::reportMisplacedRow(typeid(Emitters), Count);
+        m_isChecked.store(true, std::memory_order_relaxed);
     }
 
     const detail::OperationsHead* head() const noexcept { return &m_table.m_head; }
@@ -318,12 +336,13 @@ public:
 private:
     struct Table {
         detail::OperationsHead m_head;
-        detail::Operation m_rows[Count];
+        detail::Operation m_rows[Count ? Count : 1];
     };
     static_assert(offsetof(Table, m_rows) == sizeof(detail::OperationsHead));
 
     Table m_table;
-    std::size_t (*m_places[Count])(const Emitters&);
+    std::size_t (*m_places[Count ? Count : 1])(const Emitters&);
+    mutable std::atomic<bool> m_isChecked{false};
 };
 
 /// Makes the operations table of a peer class from its rows.
@@ -331,6 +350,13 @@ template <class Emitters, class... Rows>
 Operations<Emitters, sizeof...(Rows) + 1> operations(detail::Row<Emitters> first, Rows... rest)
 {
     return Operations<Emitters, sizeof...(Rows) + 1>(first, rest...);
+}
+
+/// The same for a table without requests.
+template <class Emitters>
+Operations<Emitters, 0> operations()
+{
+    return Operations<Emitters, 0>();
 }
 
 /// A peer's hold on the requests of its abstract object.
@@ -345,16 +371,17 @@ public:
     ~RequestBinding() { unbind(); }
 
     /// Lets `operations` of `peer` serve the requests of `table`, on the calling thread. Called
-    /// once per table of the object, all on one thread.
+    /// once per table of the object, all on one thread. A former peer of the object, or a former
+    /// object of this peer, is unbound. The operations must outlive every peer of theirs.
     template <class Emitters, std::size_t Count>
     void bind(Emitters& table, Listener* peer, const Operations<Emitters, Count>& operations)
     {
-        static const bool checked = (operations.check(table), true);
-        static_cast<void>(checked);
+        operations.check(table);
         bindTable(table, peer, operations.head());
     }
 
-    /// Ends serving: requests on their way are dropped, waiting senders get default answers.
+    /// Ends serving: requests on their way are dropped, waiting senders get default answers. On the
+    /// thread of `bind`, or after that thread has ended.
     void unbind() noexcept;
 
     bool isBound() const noexcept { return m_binding != nullptr; }

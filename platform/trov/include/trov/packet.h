@@ -2,8 +2,10 @@
 
 #include "trov/trov_export.h"
 #include "trov/types.h"
+#include "voxi_util/spinlock.h"
 
 #include <atomic>
+#include <mutex>
 #include <optional>
 #include <tuple>
 #include <typeinfo>
@@ -70,7 +72,7 @@ public:
 
     const std::tuple<A...>& arguments() const noexcept { return m_arguments; }
 
-    /// What the listener answered; empty before it did.
+    /// What the last listener answered; empty before one did. To be read after all of them have.
     auto& result() const noexcept
         requires(!std::is_void_v<R>)
     {
@@ -83,12 +85,17 @@ private:
     {
         if constexpr (std::is_void_v<R>)
             function();
-        else
-            m_result.emplace(function());
+        else {
+            R result = function();
+            // Listeners on several threads may answer the same packet.
+            std::lock_guard lock(m_resultLock);
+            m_result.emplace(std::move(result));
+        }
     }
 
     struct NoResult {};
     std::tuple<A...> m_arguments;
+    VOXI::SpinLock m_resultLock;
     std::optional<std::conditional_t<std::is_void_v<R>, NoResult, R>> m_result;
 };
 

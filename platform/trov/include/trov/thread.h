@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trov/callqueue.h"
+#include "trov/rouser.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
 #include "voxi_util/spinlock.h"
@@ -34,8 +35,8 @@ struct EmissionPins {
 /// Every thread gets one when it first asks for it; the library starts no thread itself. The calls
 /// run when the thread's own loop asks for them: a plain worker runs `exec()`, a thread with a loop
 /// of its own binds a wake-up function and calls `process()` when woken. When the operating-system
-/// thread ends, or its loop is unbound, waiting senders are released with default answers and
-/// later calls are dropped.
+/// thread ends, or the last of its loops does, waiting senders are released with default answers
+/// and later calls are dropped. What is sent before the first loop runs waits for it.
 ///
 /// Unless said otherwise, functions may be called from any thread.
 class TROV_EXPORT Thread {
@@ -60,7 +61,8 @@ public:
     std::string name() const;
 
     /// Makes `wakeUp` what rouses the thread's own loop. It is called from sending threads, once
-    /// for any number of calls queued since the last `process()`. Owning thread only.
+    /// for any number of calls queued since the last `process()`, and must neither bind nor unbind.
+    /// Owning thread only.
     void bindWakeUp(std::function<void()> wakeUp);
 
     /// Ends what `bindWakeUp` began: queued calls are dropped, waiting senders released. When it
@@ -72,7 +74,8 @@ public:
     /// painting. May be called again from inside a call. Owning thread only.
     bool process(std::chrono::nanoseconds budget = std::chrono::nanoseconds::max());
 
-    /// Runs calls as they come until `quit()`. Owning thread only.
+    /// Runs calls as they come until `quit()`. May be called again from inside a call, also while
+    /// a wake-up function is bound. Owning thread only.
     void exec();
 
     /// Ends the innermost `exec()`, or the next one if none runs.
@@ -109,12 +112,15 @@ public:
 
     /// For the library's own templates: runs `function` on this thread and waits for its result.
     /// While it waits the calling thread gives up its locks and answers requests addressed to it.
-    /// Default results when this thread does not accept calls, or `target` is cut meanwhile. What
-    /// `function` throws is thrown here.
-    template <class R, class Function>
-    R callAndWait(const void* target, Function&& function)
+    /// Default results when this thread does not accept calls, or `target` (or `part` of it) is
+    /// cut meanwhile, which `isWanted` tells. What `function` throws is thrown here.
+    template <class R, class Wanted, class Function>
+    R callAndWait(const void* target, const void* part, Wanted&& isWanted, Function&& function)
     {
-        AskedCall<R, std::remove_reference_t<Function>> call(function, target);
+        AskedCall<R, std::remove_reference_t<Wanted>, std::remove_reference_t<Function>> call(
+            isWanted, function);
+        call.m_target = target;
+        call.m_part = part;
         if (!ask(call))
             return detail::defaultResult<R>();
         if (call.m_error)
@@ -123,12 +129,13 @@ public:
             return call.m_result ? std::move(*call.m_result) : R();
     }
 
-    /// Releases every thread that waits for `target` on this thread with a default answer.
+    /// Releases every thread that waits for `target` on this thread with a default answer; called
+    /// after the mark that `isWanted` looks at was set in sequentially consistent order.
     void releaseWaiters(const void* target);
 
     detail::EmissionPins& pins() noexcept { return m_pins; }
 
-    /// Calls `function` with every thread there ever was; used to find pinned connections.
+    /// Calls `function` with every thread there ever was, while none can begin or end.
     static void forEach(const std::function<void(Thread&)>& function);
 
     /// A thread keeps its identity while somebody holds a reference to it.
@@ -140,11 +147,13 @@ private:
 
     struct NoResult {};
 
-    template <class R, class Function>
+    template <class R, class Wanted, class Function>
     struct AskedCall : detail::Waiter {
-        AskedCall(Function& function, const void* target) : m_function(function)
+        AskedCall(Wanted& isWanted, Function& function) : m_wanted(isWanted), m_function(function)
         {
-            m_target = target;
+            m_isWanted = [](Waiter* waiter) -> bool {
+                return static_cast<AskedCall*>(waiter)->m_wanted();
+            };
             m_execute = [](Waiter* waiter) {
                 auto* self = static_cast<AskedCall*>(waiter);
                 if constexpr (std::is_void_v<R>)
@@ -154,6 +163,7 @@ private:
             };
         }
 
+        Wanted& m_wanted;
         Function& m_function;
         std::optional<std::conditional_t<std::is_void_v<R>, NoResult, R>> m_result;
     };
@@ -164,16 +174,17 @@ private:
     static Thread* attachCurrentThread();
 
     template <class Call>
-    bool push(Call call)
+    bool push(Call&& call)
     {
         using Record = detail::RecordOf<Call>;
+        const Thread* const sender = getCurrentThread();
         bool wake = false;
         {
             std::lock_guard lock(m_queueLock);
             if (!m_accepting.load(std::memory_order_relaxed))
                 return false;
             auto* record = new (m_incoming.allocate(Record::alignedSize())) Record(std::move(call));
-            record->m_sender = s_current;
+            record->m_sender = sender;
             wake = noteArrival();
         }
         if (wake)
@@ -184,8 +195,8 @@ private:
     /// Notes that something was queued; true when the loop must be roused. Queue lock held.
     bool noteArrival() noexcept
     {
-        m_hasIncoming.store(true, std::memory_order_relaxed);
-        if (m_wakePending || m_draining)
+        m_hasIncoming.store(true, std::memory_order_release);
+        if (m_wakePending)
             return false;
         m_wakePending = true;
         return true;
@@ -196,13 +207,16 @@ private:
     void answer(detail::CallRecord* record);
     void complete(detail::Waiter* waiter) noexcept;
     void wakeUp();
-    void signal() noexcept;
     void absorb();
     void execute(detail::CallRecord* record, detail::CallChunk* chunk);
+    void leave(detail::CallChunk* chunk) noexcept;
     bool answerOneRequest();
+    void runOutOfTurn(const Thread* sender);
     bool lingerForMore();
     void open();
     void close();
+    void closeUnlessServed();
+    void detach();
     void endQuestion(detail::Waiter* waiter) noexcept;
     void unlinkWaiter(detail::Waiter* waiter) noexcept;  // queue lock held
     static void reportException(std::exception_ptr error);
@@ -211,29 +225,34 @@ private:
     __attribute__((tls_model("initial-exec")))
 #endif
     static thread_local constinit Thread* s_current;
+    static thread_local constinit bool s_ended;
 
     // What other threads look at.
     VOXI::SpinLock m_queueLock;
     bool m_wakePending = false;    // guarded: the loop has been roused and has not come yet
-    bool m_draining = false;       // guarded: the loop looks again by itself before it leaves
     detail::CallList m_incoming;   // guarded
     detail::Waiter* m_waiters = nullptr;  // guarded: who waits for answers of this thread
     std::atomic<bool> m_accepting{true};
     std::atomic<bool> m_hasIncoming{false};
     std::atomic<bool> m_busy{false};
     std::atomic<int> m_requestsPending{0};
-    std::atomic<std::uint32_t> m_event{0};
+    detail::Rouser m_rouser;            // of the thread itself, in `exec` or waiting for an answer
     std::atomic<int> m_refs{0};
     std::atomic<bool> m_quit{false};
-    mutable std::mutex m_hostMutex;     // the name and the wake-up function
-    std::function<void()> m_wakeUp;
-    std::string m_name;
+    std::mutex m_wakeUpMutex;
+    std::function<void()> m_wakeUp;     // guarded by m_wakeUpMutex
+    mutable VOXI::SpinLock m_nameLock;
+    std::string m_name;                 // guarded by m_nameLock
+    std::uint64_t m_named = 0;          // guarded by m_nameLock: when, as a serial number
+    bool m_isFree = false;              // guarded by the directory: no system thread has it
 
     // What only the thread itself looks at.
     detail::CallList m_current;
     detail::EmissionPins m_pins;
     Clock::time_point m_lastAnswer{};
+    unsigned m_execDepth = 0;
     bool m_answered = false;
+    bool m_isHosted = false;
 };
 
 /// A counted reference to a thread.

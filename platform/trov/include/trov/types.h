@@ -28,6 +28,10 @@ using Param = std::conditional_t<std::is_reference_v<A>, A,
 
 namespace detail {
 
+/// How an argument of type `A` is kept while it travels to another thread.
+template <class A>
+using Kept = std::remove_cvref_t<A>;
+
 /// The answer of a request that nobody answered.
 template <class R>
 R defaultResult()

@@ -1,0 +1,383 @@
+#include "trov/emitter.h"
+#include "worker.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace TROV {
+namespace {
+
+class EmitterTest : public WatchedTest
+{
+protected:
+    Listener m_listener;
+    std::vector<int> m_seen;
+
+    auto note(int value)
+    {
+        return [this, value] { m_seen.push_back(value); };
+    }
+};
+
+struct Recorder : Listener
+{
+    std::string m_log;
+
+    void nothing() { m_log += "n"; }
+    void one(int a) { m_log += std::to_string(a); }
+    void two(int a, const std::string& b) { m_log += std::to_string(a) + b; }
+    int twice(int a) const { return 2 * a; }
+};
+
+TEST_F(EmitterTest, CarriesUpToFourArgumentsAndAResult)
+{
+    Emitter0<> none;
+    Emitter1<void, std::string> one;
+    Emitter2<void, int, std::string> two;
+    Emitter3<int, int, int, int> three;
+    Emitter4<std::string, int, char, std::string, double> four;
+    std::string log;
+    none.connect(&m_listener, [&] { log += "0 "; });
+    one.connect(&m_listener, [&](const std::string& a) { log += a; });
+    two.connect(&m_listener, [&](int a, const std::string& b) { log += std::to_string(a) + b; });
+    three.connect(&m_listener, [](int a, int b, int c) { return a * 100 + b * 10 + c; });
+    four.connect(&m_listener, [](int a, char b, const std::string& c, double d) {
+        return std::to_string(a) + b + c + std::to_string(int(d));
+    });
+    none();
+    one("1 ");
+    two(2, " ");
+    EXPECT_EQ(log, "0 1 2 ");
+    EXPECT_EQ(three(1, 2, 3), 123);
+    EXPECT_EQ(four(1, 'b', "c", 4.0), "1bc4");
+}
+
+TEST_F(EmitterTest, CallsInTheOrderOfConnectingAndTheLastResultCounts)
+{
+    Emitter0<int> emitter;
+    EXPECT_EQ(emitter(), 0);
+    for (int i = 1; i <= 5; ++i)
+        emitter.connect(&m_listener, [this, i] {
+            m_seen.push_back(i);
+            return i * 10;
+        });
+    EXPECT_EQ(emitter(), 50);
+    EXPECT_EQ(m_seen, (std::vector{1, 2, 3, 4, 5}));
+}
+
+TEST_F(EmitterTest, HandlersMayTakeFewerArguments)
+{
+    Emitter2<int, int, std::string> emitter;
+    Recorder recorder;
+    emitter.connect(&recorder, [&] { return recorder.m_log += "l", 1; });
+    emitter.connect(&recorder, [&](int a) { return recorder.m_log += std::to_string(a), 2; });
+    emitter.connect(&recorder, &Recorder::twice);
+    EXPECT_EQ(emitter(7, "x"), 14);
+    EXPECT_EQ(recorder.m_log, "l7");
+
+    Emitter2<void, int, std::string> plain;
+    plain.connect(&recorder, &Recorder::nothing);
+    plain.connect(&recorder, &Recorder::one);
+    plain.connect(&recorder, &Recorder::two);
+    plain.connect(&recorder, &Recorder::twice);
+    recorder.m_log.clear();
+    plain(3, "b");
+    EXPECT_EQ(recorder.m_log, "n33b");
+}
+
+TEST_F(EmitterTest, CountsConnectionsAtEveryEnd)
+{
+    Emitter1<void, int> first;
+    Emitter0<> second;
+    {
+        Listener brief;
+        ConnectionHandle a = first.connect(&m_listener, [] {});
+        first.connect(&brief, [] {});
+        second.connect(&m_listener, [] {});
+        EXPECT_EQ(first.numberOfConnections(), 2);
+        EXPECT_EQ(first.signal().numberOfConnections(), 2);
+        EXPECT_EQ(m_listener.numberOfConnections(), 2);
+        a.disconnect();
+        a.disconnect();
+        EXPECT_FALSE(a.isConnected());
+        EXPECT_EQ(first.numberOfConnections(), 1);
+        EXPECT_EQ(m_listener.numberOfConnections(), 1);
+    }
+    EXPECT_EQ(first.numberOfConnections(), 0);
+    first.connect(&m_listener, [] {});
+    first.connect(&m_listener, [] {});
+    first.disconnect(&m_listener);
+    EXPECT_EQ(first.numberOfConnections(), 0);
+    EXPECT_EQ(second.numberOfConnections(), 1);
+    m_listener.disconnect();
+    EXPECT_EQ(second.numberOfConnections(), 0);
+    EXPECT_EQ(m_listener.numberOfConnections(), 0);
+}
+
+TEST_F(EmitterTest, HandlesNameOneConnection)
+{
+    ConnectionHandle handle;
+    EXPECT_FALSE(handle.isConnected());
+    handle.disconnect();
+    {
+        Emitter0<> emitter;
+        handle = emitter.connect(static_cast<Listener*>(nullptr), note(1));
+        ConnectionHandle copy = handle;
+        const ConnectionHandle moved = std::move(handle);
+        emitter();
+        EXPECT_TRUE(copy.isConnected() && moved.isConnected());
+        copy.disconnect();
+        EXPECT_FALSE(moved.isConnected());
+        emitter();
+        handle = emitter.connect(static_cast<Listener*>(nullptr), note(2));
+    }
+    EXPECT_FALSE(handle.isConnected());
+    EXPECT_EQ(m_seen, std::vector{1});
+}
+
+TEST_F(EmitterTest, ACopiedListenerHasNoConnections)
+{
+    Emitter0<> emitter;
+    auto original = std::make_unique<Recorder>();
+    emitter.connect(original.get(), &Recorder::nothing);
+    Recorder copy(*original);
+    Recorder assigned;
+    emitter.connect(&assigned, &Recorder::nothing);
+    assigned = *original;
+    EXPECT_EQ(copy.numberOfConnections(), 0);
+    EXPECT_EQ(assigned.numberOfConnections(), 1);
+    original.reset();
+    emitter();
+    EXPECT_EQ(assigned.m_log, "n");
+}
+
+// Re-entrancy -------------------------------------------------------------------------------------
+
+TEST_F(EmitterTest, ConnectingDuringAnEmissionIsForTheNextOne)
+{
+    Emitter0<> emitter;
+    emitter.connect(&m_listener, [&] {
+        m_seen.push_back(1);
+        if (m_seen.size() == 1)
+            emitter.connect(&m_listener, note(2));
+    });
+    emitter();
+    EXPECT_EQ(m_seen, std::vector{1});
+    emitter();
+    EXPECT_EQ(m_seen, (std::vector{1, 1, 2}));
+}
+
+TEST_F(EmitterTest, WhatIsCutDuringAnEmissionIsNotCalledAnyMore)
+{
+    Emitter0<> emitter;
+    auto victim = std::make_unique<Listener>();
+    ConnectionHandle own;
+    ConnectionHandle later;
+    own = emitter.connect(&m_listener, [&] {
+        m_seen.push_back(1);
+        own.disconnect();
+        later.disconnect();
+        victim.reset();
+        m_seen.push_back(2); // the closure is still there
+    });
+    later = emitter.connect(&m_listener, note(3));
+    emitter.connect(victim.get(), note(4));
+    emitter.connect(&m_listener, note(5));
+    emitter();
+    emitter();
+    EXPECT_EQ(m_seen, (std::vector{1, 2, 5, 5}));
+}
+
+TEST_F(EmitterTest, AHandlerMayDestroyTheEmitterAndItsOwnListener)
+{
+    auto emitter = std::make_unique<Emitter1<int, int>>();
+    auto listener = std::make_unique<Listener>();
+    emitter->connect(listener.get(), [&](int a) {
+        listener.reset();
+        emitter.reset();
+        m_seen.push_back(a);
+        return a + 1;
+    });
+    emitter->connect(&m_listener, [&](int) { return m_seen.push_back(-1), 0; });
+    EXPECT_EQ((*emitter)(5), 6);
+    EXPECT_EQ(m_seen, std::vector{5});
+    EXPECT_EQ(m_listener.numberOfConnections(), 0);
+}
+
+TEST_F(EmitterTest, ExceptionsReachTheSender)
+{
+    Emitter1<void, int> emitter;
+    emitter.connect(&m_listener, [&](int a) {
+        if (a < 0)
+            throw std::runtime_error("negative");
+        m_seen.push_back(a);
+    });
+    emitter.connect(&m_listener, note(100));
+    EXPECT_THROW(emitter(-1), std::runtime_error);
+    EXPECT_THROW(emitter.emitAndWait(-1), std::runtime_error);
+    EXPECT_TRUE(m_seen.empty());
+    emitter(1);
+    EXPECT_EQ(m_seen, (std::vector{1, 100}));
+}
+
+TEST_F(EmitterTest, EmissionsNestDeeplyWhileConnectionsComeAndGo)
+{
+    constexpr int Deep = 100; // beyond what a thread keeps track of in its own place
+    Emitter1<int, int> emitter;
+    const auto watched = std::make_shared<int>();
+    std::vector<ConnectionHandle> handles;
+    emitter.connect(&m_listener, [&](int depth) -> int {
+        handles.push_back(emitter.connect(&m_listener, [watched](int) { return 0; }));
+        const int below = depth == 0 ? 0 : emitter(depth - 1);
+        handles.back().disconnect();
+        handles.pop_back();
+        return below;
+    });
+    int calls = 0;
+    ConnectionHandle last = emitter.connect(&m_listener, [&](int depth) {
+        ++calls;
+        if (depth == 50)
+            last.disconnect(); // within fifty emissions that were to call it
+        return depth;
+    });
+    emitter(Deep);
+    EXPECT_EQ(calls, 51);
+    EXPECT_EQ(emitter.numberOfConnections(), 1);
+    EXPECT_EQ(watched.use_count(), 1);
+}
+
+// What the closures hold --------------------------------------------------------------------------
+
+TEST_F(EmitterTest, ClosuresGoWithTheirConnection)
+{
+    const auto watched = std::make_shared<int>();
+    auto handler = [watched] {};
+    const long idle = watched.use_count();
+    auto emitter = std::make_unique<Emitter0<>>();
+    auto listener = std::make_unique<Listener>();
+    ConnectionHandle byHandle = emitter->connect(&m_listener, handler);
+    emitter->connect(listener.get(), handler);
+    emitter->connect(&m_listener, handler);
+    EXPECT_EQ(watched.use_count(), idle + 3);
+    byHandle.disconnect();
+    byHandle = ConnectionHandle();
+    EXPECT_EQ(watched.use_count(), idle + 2);
+    listener.reset();
+    EXPECT_EQ(watched.use_count(), idle + 1);
+    emitter.reset();
+    EXPECT_EQ(watched.use_count(), idle);
+}
+
+TEST_F(EmitterTest, AClosureCutInItsOwnCallGoesWhenTheCallEnds)
+{
+    std::weak_ptr<int> watched;
+    Emitter0<> inner;
+    Emitter0<> outer;
+    {
+        const auto owned = std::make_shared<int>(7);
+        watched = owned;
+        inner.connect(&m_listener, [this, owned] {
+            m_listener.disconnect();
+            m_seen.push_back(*owned);
+        });
+    }
+    bool goneInside = false;
+    Listener other;
+    outer.connect(&other, [&] {
+        inner();
+        goneInside = watched.expired(); // though an emission is still going on around it
+    });
+    outer();
+    EXPECT_EQ(m_seen, std::vector{7});
+    EXPECT_TRUE(goneInside);
+}
+
+TEST_F(EmitterTest, AClosureMayUseTheLibraryWhenItGoes)
+{
+    Emitter0<> farewell;
+    Listener other;
+    farewell.connect(&other, note(1));
+    struct Guard
+    {
+        Emitter0<>* m_farewell;
+        Listener* m_other;
+        ~Guard()
+        {
+            (*m_farewell)();
+            m_other->disconnect();
+        }
+    };
+    Emitter0<> emitter;
+    emitter.connect(&m_listener, [this, guard = std::make_shared<Guard>(Guard{&farewell, &other})] {
+        m_listener.disconnect();
+    });
+    m_seen.clear(); // of the temporaries above
+    farewell.connect(&other, note(2));
+    emitter();
+    EXPECT_EQ(m_seen, std::vector{2});
+    EXPECT_EQ(farewell.numberOfConnections(), 0);
+}
+
+// Other threads -----------------------------------------------------------------------------------
+
+TEST_F(EmitterTest, ReferencesAreCopiedForOtherThreads)
+{
+    Worker worker;
+    Emitter2<void, const std::string&, std::string&> emitter;
+    std::promise<std::string> seen;
+    emitter.connect(
+        &m_listener,
+        [&](const std::string& a, std::string& b) {
+            b += "!";
+            seen.set_value(a + b);
+        },
+        worker.thread());
+    {
+        std::string a(100, 'a');
+        std::string b = "b";
+        emitter(a, b);
+        a.assign(100, 'x');
+        EXPECT_EQ(b, "b");
+    }
+    EXPECT_EQ(seen.get_future().get(), std::string(100, 'a') + "b!");
+}
+
+TEST_F(EmitterTest, WaitsForResultsAndOnDemandForTheRest)
+{
+    Worker worker;
+    std::atomic<int> runs{0};
+    Emitter1<int, int> asking;
+    asking.connect(
+        &m_listener, [&](int a) { return ++runs, a * 2; }, worker.thread());
+    EXPECT_EQ(asking(21), 42);
+    Emitter0<> plain;
+    plain.connect(
+        &m_listener, [&] { ++runs; }, worker.thread());
+    plain.emitAndWait();
+    EXPECT_EQ(runs, 2);
+}
+
+TEST_F(EmitterTest, NothingArrivesAfterTheCutOnTheDeliveringThread)
+{
+    Worker worker;
+    Emitter0<> emitter;
+    int calls = 0;
+    auto listener = std::make_unique<Listener>();
+    auto second = std::make_unique<Listener>();
+    const auto count = [&] { ++calls; };
+    emitter.connect(listener.get(), count, worker.thread());
+    emitter.connect(second.get(), count, worker.thread());
+    ConnectionHandle third = emitter.connect(&m_listener, count, worker.thread());
+    worker.run([&] {
+        std::thread([&] { emitter(); }).join(); // queued behind this call
+        listener->disconnect();
+        second.reset();
+        third.disconnect();
+    });
+    worker.run([] {});
+    EXPECT_EQ(calls, 0);
+}
+
+} // namespace
+} // namespace TROV

@@ -1,0 +1,350 @@
+#include "trov/emitterstable.h"
+#include "worker.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace TROV {
+namespace {
+
+struct ThingEmitters : EmittersTable<void>
+{
+    Request<void(int)> setSize{*this};
+    Request<int()> size{*this};
+    Request<void(std::string)> setName{*this};
+    RequestsEnd requestsEnd{*this};
+    Event<void(int)> resized{*this};
+};
+
+struct ButtonEmitters : EmittersTable<ThingEmitters>
+{
+    using EmittersTable::EmittersTable;
+    Request<void(bool)> setDown{*this};
+    Request<std::string(std::string, int)> repeat{*this};
+    RequestsEnd requestsEnd{*this};
+    Event<void()> clicked{*this};
+};
+
+struct Button
+{
+    ThingEmitters thing;
+    ButtonEmitters button{thing};
+};
+
+class Peer : public Listener
+{
+public:
+    explicit Peer(Button& object) { bind(object); }
+
+    void bind(Button& object)
+    {
+        static const auto thing = operations(row<&ThingEmitters::setSize, &Peer::doSetSize>(),
+                                             row<&ThingEmitters::size, &Peer::doSize>(),
+                                             row<&ThingEmitters::setName, &Peer::doSetName>());
+        static const auto button = operations(row<&ButtonEmitters::setDown, &Peer::doSetDown>(),
+                                              row<&ButtonEmitters::repeat, &Peer::doRepeat>());
+        m_binding.bind(object.thing, this, thing);
+        m_binding.bind(object.button, this, button);
+    }
+
+    virtual void doSetSize(int size)
+    {
+        m_size = size;
+        if (m_onSetSize)
+            m_onSetSize();
+    }
+    int doSize() const { return m_size; }
+    void doSetName(const std::string& name) { m_name = name; }
+    void doSetDown(bool down) { m_size = down; }
+    std::string doRepeat(const std::string& text, int times)
+    {
+        std::string result;
+        while (times-- > 0)
+            result += text;
+        return result;
+    }
+
+    RequestBinding m_binding;
+    int m_size = 0;
+    std::string m_name;
+    std::function<void()> m_onSetSize;
+};
+
+class DoublingPeer : public Peer
+{
+public:
+    using Peer::Peer;
+    void doSetSize(int size) override { Peer::doSetSize(2 * size); }
+};
+
+/// Serves the root table only, and is laid out otherwise than `Peer`.
+class RootPeer : public Listener
+{
+public:
+    explicit RootPeer(Button& object)
+    {
+        static const auto thing = operations(row<&ThingEmitters::setSize, &RootPeer::doSetSize>(),
+                                             row<&ThingEmitters::size, &RootPeer::doSize>(),
+                                             row<&ThingEmitters::setName, &RootPeer::doSetName>());
+        m_binding.bind(object.thing, this, thing);
+    }
+    void doSetSize(int) {}
+    int doSize() { return -1; }
+    void doSetName(std::string) {}
+
+    RequestBinding m_binding;
+};
+
+class EmittersTableTest : public WatchedTest
+{
+protected:
+    std::unique_ptr<Button> m_object = std::make_unique<Button>();
+    Listener m_listener;
+};
+
+TEST_F(EmittersTableTest, ARequestIsOneByte)
+{
+    EXPECT_EQ(sizeof(ThingEmitters::setSize), 1u);
+    EXPECT_EQ(sizeof(ButtonEmitters::clicked), 1u);
+    EXPECT_EQ(m_object->button.base(), &m_object->thing);
+    EXPECT_EQ(m_object->button.repeat.place(), 1u);
+}
+
+TEST_F(EmittersTableTest, UnboundRequestsDoNothing)
+{
+    Button& object = *m_object;
+    object.thing.setSize(3);
+    object.button.clicked();
+    EXPECT_EQ(object.thing.size(), 0);
+    EXPECT_EQ(object.button.repeat("a", 2), "");
+    EXPECT_EQ(object.thing.size.numberOfConnections(), 0);
+    EXPECT_EQ(object.button.clicked.numberOfConnections(), 0);
+}
+
+TEST_F(EmittersTableTest, ReachesThePeerVirtuallyAndCountsAsAConnection)
+{
+    Button& object = *m_object;
+    DoublingPeer peer(object);
+    object.thing.setSize(3);
+    EXPECT_EQ(object.thing.size(), 6);
+    object.thing.setName("n");
+    EXPECT_EQ(peer.m_name, "n");
+    EXPECT_EQ(object.button.repeat("ab", 2), "abab");
+    EXPECT_EQ(object.thing.size.numberOfConnections(), 1);
+    EXPECT_EQ(object.button.setDown.numberOfConnections(), 1);
+    EXPECT_EQ(object.button.clicked.numberOfConnections(), 0);
+    peer.m_binding.unbind();
+    EXPECT_FALSE(peer.m_binding.isBound());
+    EXPECT_EQ(object.thing.size.numberOfConnections(), 0);
+    EXPECT_EQ(object.thing.size(), 0);
+    object.thing.setSize(9);
+    EXPECT_EQ(peer.m_size, 6);
+}
+
+TEST_F(EmittersTableTest, ListenersBesideTheOperationComeAfterIt)
+{
+    Button& object = *m_object;
+    std::vector<std::string> log;
+    // Before there is a peer, and after.
+    object.thing.setSize.signal().connect(
+        &m_listener, [&](int a) { log.push_back("early" + std::to_string(a)); });
+    object.thing.setSize(0);
+    Peer peer(object);
+    peer.m_onSetSize = [&] { log.push_back("peer"); };
+    object.thing.setSize.signal().connect(&m_listener, [&] { log.push_back("late"); });
+    object.thing.setSize(1);
+    EXPECT_EQ(log, (std::vector<std::string>{"early0", "peer", "early1", "late"}));
+    EXPECT_EQ(object.thing.setSize.numberOfConnections(), 3);
+
+    EXPECT_EQ(object.thing.size(), 1);
+    ConnectionHandle handle = object.thing.size.signal().connect(&m_listener, [] { return 70; });
+    EXPECT_EQ(object.thing.size(), 70);
+    handle.disconnect();
+    EXPECT_EQ(object.thing.size(), 1);
+}
+
+TEST_F(EmittersTableTest, OneRequestCanBeCutFromItsPeer)
+{
+    Button& object = *m_object;
+    Peer peer(object);
+    object.thing.setSize(4);
+    object.thing.size.disconnect(&peer);
+    EXPECT_EQ(object.thing.size.numberOfConnections(), 0);
+    EXPECT_EQ(object.thing.size(), 0);
+    object.thing.setSize(5);
+    EXPECT_EQ(peer.m_size, 5);
+    // What was cut was the connection to that peer, not to every later one.
+    Peer next(object);
+    next.m_size = 8;
+    EXPECT_EQ(object.thing.size(), 8);
+}
+
+TEST_F(EmittersTableTest, CallsOnTheirWayToACutRequestAreDropped)
+{
+    Button& object = *m_object;
+    Peer peer(object);
+    std::thread([&] {
+        object.thing.setSize(4);
+        object.button.setDown(true);
+    }).join();
+    object.thing.setSize.disconnect(&peer);
+    peer.m_size = 9;
+    Thread::getCurrentThread()->process();
+    EXPECT_EQ(peer.m_size, 1);
+}
+
+TEST_F(EmittersTableTest, ReportsEvents)
+{
+    Button& object = *m_object;
+    int last = 0;
+    object.thing.resized.signal().connect(&m_listener, [&](int a) { last = a; });
+    EXPECT_EQ(object.thing.resized.numberOfConnections(), 1);
+    object.thing.resized(12);
+    EXPECT_EQ(last, 12);
+    object.thing.resized.disconnect(&m_listener);
+    object.thing.resized(13);
+    EXPECT_EQ(last, 12);
+    object.button.clicked.signal().connect(&m_listener, [&] { m_object.reset(); });
+    object.button.clicked();
+    EXPECT_EQ(m_listener.numberOfConnections(), 0);
+}
+
+TEST_F(EmittersTableTest, ASecondPeerTakesOver)
+{
+    Button& object = *m_object;
+    auto first = std::make_unique<Peer>(object);
+    std::thread([&] {
+        object.thing.setSize(1);
+        object.button.setDown(true);
+    }).join(); // for the first one
+    Peer second(object);
+    Thread::getCurrentThread()->process();
+    EXPECT_EQ(first->m_size + second.m_size, 0);
+    object.thing.setSize(2);
+    first.reset();
+    object.thing.setSize(object.thing.size() + 1);
+    EXPECT_EQ(second.m_size, 3);
+}
+
+TEST_F(EmittersTableTest, OperationsNeverMeetAPeerOfAnotherClass)
+{
+    Button& object = *m_object;
+    {
+        const Peer peer(object);
+    }
+    const RootPeer other(object);
+    EXPECT_EQ(object.thing.size(), -1);
+    EXPECT_EQ(object.button.repeat("a", 3), ""); // of nobody's
+    EXPECT_EQ(object.button.repeat.numberOfConnections(), 0);
+}
+
+TEST_F(EmittersTableTest, OnePeerCanServeAnotherObject)
+{
+    Button second;
+    Peer peer(*m_object);
+    peer.bind(second);
+    m_object->thing.setSize(3);
+    EXPECT_EQ(peer.m_size, 0);
+    second.thing.setSize(4);
+    EXPECT_EQ(peer.m_size, 4);
+}
+
+TEST_F(EmittersTableTest, AnOperationMayEndPeerAndObject)
+{
+    int beside = 0;
+    m_object->thing.setSize.signal().connect(&m_listener, [&] { ++beside; });
+    auto peer = std::make_unique<Peer>(*m_object);
+    peer->m_onSetSize = [&] { peer->m_binding.unbind(); };
+    m_object->thing.setSize(1);
+    EXPECT_EQ(beside, 1);
+    peer->bind(*m_object);
+    peer->m_onSetSize = [&] { m_object.reset(); };
+    m_object->thing.setSize(1);
+    EXPECT_EQ(beside, 1);
+    m_object = std::make_unique<Button>();
+    peer->bind(*m_object);
+    peer->m_onSetSize = [&] {
+        const std::function<void()> keep = std::move(peer->m_onSetSize);
+        peer.reset();
+    };
+    m_object->thing.setSize(1);
+    EXPECT_EQ(m_object->thing.setSize.numberOfConnections(), 0);
+}
+
+TEST_F(EmittersTableTest, QueuedCallsNeverOutliveObjectOrService)
+{
+    // Bindings are recycled, and the next object gets the very one of the last.
+    Peer peer(*m_object);
+    for (int i = 0; i < 200; ++i) {
+        std::thread([&] { m_object->thing.setSize(-1); }).join();
+        if (i % 2) {
+            m_object = std::make_unique<Button>();
+        } else {
+            peer.m_binding.unbind();
+        }
+        peer.bind(*m_object);
+        m_object->thing.setSize(i);
+        Thread::getCurrentThread()->process();
+        ASSERT_EQ(peer.m_size, i);
+    }
+}
+
+TEST_F(EmittersTableTest, PacketsReachTheOperation)
+{
+    Button& object = *m_object;
+    Peer peer(object);
+    object.thing.setSize.sendPacket(Packet(new Payload1<void, int>(6)), SendDirect, false);
+    EXPECT_EQ(peer.m_size, 6);
+    object.thing.setSize.sendPacket(Packet(new Payload1<void, long long, 1>(7)), SendDirect, true);
+    object.thing.setSize.sendPacket(Packet(new Payload1<void, int>(8)), SendQueued, false);
+    EXPECT_EQ(peer.m_size, 6);
+    auto* question = new Payload0<int>;
+    const Packet packet(question);
+    object.thing.size.sendPacket(packet, SendDirect, true);
+    EXPECT_EQ(question->result(), 6);
+    Thread::getCurrentThread()->process();
+    EXPECT_EQ(peer.m_size, 8);
+}
+
+// A wrong table of operations must end the first run of its class, also where another class has
+// bound the same requests rightly before.
+template <auto... Fields>
+void bindThingInOrder(Button& object)
+{
+    struct Sink : Listener
+    {
+        void doSetSize(int) {}
+        int doSize() { return 0; }
+        void doSetName(const std::string&) {}
+    } sink;
+    constexpr auto rowOf = []<auto Field>()
+    {
+        if constexpr (std::is_same_v<decltype(Field), decltype(&ThingEmitters::setSize)>)
+            return row<Field, &Sink::doSetSize>();
+        else if constexpr (std::is_same_v<decltype(Field), decltype(&ThingEmitters::size)>)
+            return row<Field, &Sink::doSize>();
+        else
+            return row<Field, &Sink::doSetName>();
+    };
+    const auto table = operations(rowOf.template operator()<Fields>()...);
+    RequestBinding binding;
+    binding.bind(object.thing, &sink, table);
+}
+
+TEST_F(EmittersTableTest, WrongRowsEndTheProgram)
+{
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    constexpr auto SetSize = &ThingEmitters::setSize;
+    constexpr auto Size = &ThingEmitters::size;
+    constexpr auto SetName = &ThingEmitters::setName;
+    bindThingInOrder<SetSize, Size, SetName>(*m_object);
+    EXPECT_DEATH((bindThingInOrder<Size, SetSize, SetName>(*m_object)), "row 0 is not");
+    EXPECT_DEATH((bindThingInOrder<SetSize, SetName>(*m_object)), "row 1 is not");
+    EXPECT_DEATH((bindThingInOrder<SetSize, Size>(*m_object)), "row 2 is not");
+    EXPECT_DEATH((bindThingInOrder<SetSize, SetSize, Size, SetName>(*m_object)), "row 1 is not");
+    EXPECT_DEATH((bindThingInOrder<SetSize, Size, SetName, SetName>(*m_object)), "row 3 is not");
+}
+
+} // namespace
+} // namespace TROV
