@@ -78,12 +78,12 @@ function(voxi_add_rooms)
 endfunction()
 
 # voxi_add_library(<name> HEADERS ... SOURCES ... [PUBLIC_LIBS ...] [PRIVATE_LIBS ...]
-#                  [BASE_DIR <dir>] [PRECOMPILE])
+#                  [BASE_DIR <dir>])
 # A shared library <name>, alias voxi::<name>, with its export header and its install rules.
 # Public headers lie under BASE_DIR (default: include). A library that links a Qt6:: target is
-# moc'ed and gets the house definitions for Qt; PRECOMPILE gives it a precompiled <QtWidgets>.
+# moc'ed and gets the house definitions for Qt; with Qt6::Widgets its <QtWidgets> is precompiled.
 function(voxi_add_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "PRECOMPILE" "BASE_DIR"
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR"
                           "HEADERS;SOURCES;PUBLIC_LIBS;PRIVATE_LIBS")
     voxi_require_all_parsed(voxi_add_library)
     if(NOT arg_BASE_DIR)
@@ -108,11 +108,8 @@ function(voxi_add_library name)
     voxi_house_settings(${name})
     if("${arg_PUBLIC_LIBS};${arg_PRIVATE_LIBS}" MATCHES "Qt6::")
         voxi_qt_settings(${name})
-        set_property(GLOBAL APPEND PROPERTY VOXI_QT_LIBRARIES ${name})
-    else()
-        set_property(GLOBAL APPEND PROPERTY VOXI_PLAIN_LIBRARIES ${name})
     endif()
-    if(arg_PRECOMPILE)
+    if("${arg_PUBLIC_LIBS};${arg_PRIVATE_LIBS}" MATCHES "Qt6::Widgets")
         target_precompile_headers(${name} PRIVATE ${VOXI_PRECOMPILED})
     endif()
 
