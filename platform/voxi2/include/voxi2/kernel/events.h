@@ -219,19 +219,29 @@ public:
     VXFlags<Modifier> modifiers() const noexcept { return m_shared->m_details.modifiers; }
     VXWidget2* source() const noexcept { return m_shared->m_details.source; }
 
+    enum class Answer { None, Ignored, Accepted };
+
     /// Takes the data, with the given action; `Ignore` refuses it.
-    void accept(DropAction action) const noexcept { m_shared->m_answer = action; }
+    void accept(DropAction action) const noexcept
+    {
+        m_shared->m_action = action;
+        m_shared->m_answer = action == DropAction::Ignore ? Answer::Ignored : Answer::Accepted;
+    }
     /// Takes the data with the proposed action.
     void acceptProposed() const noexcept { accept(proposedAction()); }
     void ignore() const noexcept { accept(DropAction::Ignore); }
-    /// The answer so far; `Ignore` as long as nobody accepted.
-    DropAction answer() const noexcept { return m_shared->m_answer; }
+
+    /// The last answer of a handler.
+    Answer answer() const noexcept { return m_shared->m_answer; }
+    /// What was accepted; `Ignore` as long as nobody accepted.
+    DropAction acceptedAction() const noexcept { return m_shared->m_action; }
 
 private:
     struct Shared {
         explicit Shared(Details details) : m_details(std::move(details)) {}
         Details m_details;
-        DropAction m_answer = DropAction::Ignore;
+        Answer m_answer = Answer::None;
+        DropAction m_action = DropAction::Ignore;
     };
     std::shared_ptr<Shared> m_shared;
 };

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "qthost/eventloopbinding.h"
+#include "qthost/qthost_export.h"
+
+#include <memory>
+#include <string>
+
+QT_BEGIN_NAMESPACE
+class QApplication;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// Makes a program a host of the toolkit, in its `main`:
+///
+///     int main(int argc, char** argv)
+///     {
+///         VOXI::QtHost host(argc, argv);
+///         Application application;      // voxi2 only
+///         return host.exec();
+///     }
+///
+/// Uses the `QApplication` that exists, or makes one. The toolkit is taken down by the destructor;
+/// it cannot be brought up again in the process.
+class QTHOST_EXPORT QtHost {
+public:
+    /// `argc` and `argv` must outlive the host. `library` names the back end to load at run time:
+    /// a file name or path; empty: the usual one, found as shared libraries are. Throws
+    /// `std::runtime_error` with the loader's message when it cannot be loaded.
+    QtHost(int& argc, char** argv, const std::string& library = std::string());
+
+    /// For a program that has a `QApplication`.
+    explicit QtHost(const std::string& library = std::string());
+    ~QtHost();
+    QtHost(const QtHost&) = delete;
+    QtHost& operator=(const QtHost&) = delete;
+
+    /// Runs the event loop until `quit`, or the last window closed; returns the exit code.
+    int exec();
+
+    /// Ends `exec`. Any thread.
+    static void quit(int exitCode = 0);
+
+private:
+    void bringUp(const std::string& library);
+
+    std::unique_ptr<QApplication> m_application;   // null: it is somebody else's
+    std::unique_ptr<EventLoopBinding> m_binding;
+    void (*m_terminate)() = nullptr;
+};
+
+}  // namespace VOXI

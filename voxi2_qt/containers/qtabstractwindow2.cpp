@@ -1,0 +1,114 @@
+#include "voxi2_qt/containers/qtabstractwindow2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <QIcon>
+#include <QWidget>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXAbstractWindow2Emitters;
+using P = QtAbstractWindow2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setTitle, &P::doSetTitle>(),
+    TROV::row<&E::setTitleU, &P::doSetTitleU>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::setWindowFlags, &P::doSetWindowFlags>(),
+    TROV::row<&E::setWindowState, &P::doSetWindowState>(),
+    TROV::row<&E::setModified, &P::doSetModified>(),
+    TROV::row<&E::getTitle, &P::doGetTitle>(),
+    TROV::row<&E::getTitleU, &P::doGetTitleU>(),
+    TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::getWindowFlags, &P::doGetWindowFlags>(),
+    TROV::row<&E::getWindowState, &P::doGetWindowState>(),
+    TROV::row<&E::isModified, &P::doIsModified>(),
+    TROV::row<&E::close, &P::doClose>());
+
+}  // namespace
+
+QtAbstractWindow2::QtAbstractWindow2(VXAbstractWindow2* window,
+                                     VXAbstractWindow2Emitters* emitters)
+    : QtWidget2(window, emitters->base())
+{
+    bindRequests(emitters, s_requests);
+}
+
+void QtAbstractWindow2::doSetTitle(const std::string& title)
+{
+    asQWidget()->setWindowTitle(toQString(title));
+}
+
+void QtAbstractWindow2::doSetTitleU(const std::wstring& title)
+{
+    asQWidget()->setWindowTitle(toQString(title));
+}
+
+void QtAbstractWindow2::doSetIcon(const Icon& icon)
+{
+    m_icon = icon;
+    asQWidget()->setWindowIcon(VX2Qt(icon));
+}
+
+void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
+{
+    QWidget* widget = asQWidget();
+    const bool visible = widget->isVisible();
+    // Qt hides a window whose flags change.
+    const QtEventBlocker blocker(*this,
+                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
+    widget->setWindowFlags(voxiFlagToQt(flags) | Qt::Window);
+    if (visible)
+        widget->show();
+}
+
+void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    asQWidget()->setWindowState(VX2Qt(state));
+}
+
+void QtAbstractWindow2::doSetModified(bool modified)
+{
+    asQWidget()->setWindowModified(modified);
+}
+
+std::string QtAbstractWindow2::doGetTitle()
+{
+    return toStdString(asQWidget()->windowTitle());
+}
+
+std::wstring QtAbstractWindow2::doGetTitleU()
+{
+    return toStdWString(asQWidget()->windowTitle());
+}
+
+Icon QtAbstractWindow2::doGetIcon()
+{
+    return m_icon;
+}
+
+unsigned QtAbstractWindow2::doGetWindowFlags()
+{
+    return QtFlagToVoxi(asQWidget()->windowFlags());
+}
+
+VXFlags<WindowState> QtAbstractWindow2::doGetWindowState()
+{
+    return Qt2VX(asQWidget()->windowState());
+}
+
+bool QtAbstractWindow2::doIsModified()
+{
+    return asQWidget()->isWindowModified();
+}
+
+bool QtAbstractWindow2::doClose()
+{
+    return asQWidget()->close();
+}
+
+}  // namespace VOXI

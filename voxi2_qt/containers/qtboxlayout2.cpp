@@ -1,0 +1,63 @@
+#include "voxi2_qt/containers/qtboxlayout2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+
+#include <QWidget>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXBoxLayout2Emitters;
+using P = QtBoxLayout2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::boxAddWidget, &P::doBoxAddWidget>(),
+    TROV::row<&E::insertWidget, &P::doInsertWidget>(),
+    TROV::row<&E::insertSpacer, &P::doInsertSpacer>(),
+    TROV::row<&E::setStretchFactor, &P::doSetStretchFactor>());
+
+}  // namespace
+
+QtBoxLayout2::QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, QWidget* parent,
+                           VOXI::Direction direction)
+    // A widget that has a layout keeps it; Qt would warn.
+    : QtObject2Shim(object, emitters, VX2Qt(direction),
+                    parent && !parent->layout() ? parent : nullptr)
+{
+    bindRequests(emitters, s_requests);
+}
+
+void QtBoxLayout2::doBoxAddWidget(VXObject* widget, int stretch, Alignment alignment)
+{
+    doInsertWidget(widget, -1, stretch, alignment);
+}
+
+void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alignment alignment)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (!child)
+            return;
+        QBoxLayout::insertWidget(index, child, stretch, VX2Qt(alignment));
+        invalidate();
+    });
+}
+
+void QtBoxLayout2::doInsertSpacer(int index, int size, int stretch)
+{
+    if (stretch != 0)
+        insertStretch(index, stretch);
+    else
+        insertSpacing(index, size);
+    invalidate();
+}
+
+void QtBoxLayout2::doSetStretchFactor(VXObject* widget, int stretch)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (child)
+            setStretchFactor(child, stretch);
+    });
+}
+
+}  // namespace VOXI

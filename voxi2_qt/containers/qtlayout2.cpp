@@ -1,0 +1,129 @@
+#include "voxi2_qt/containers/qtlayout2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+
+#include <QLayout>
+#include <QSpacerItem>
+#include <QWidget>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXLayout2Emitters;
+using P = QtLayout2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::addWidget, &P::doAddWidget>(),
+    TROV::row<&E::addSpacer, &P::doAddSpacer>(),
+    TROV::row<&E::invalidate, &P::doInvalidate>(),
+    TROV::row<&E::refresh, &P::doRefresh>(),
+    TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
+    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
+    TROV::row<&E::setMargins, &P::doSetMargins>(),
+    TROV::row<&E::setSpacing, &P::doSetSpacing>(),
+    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
+    TROV::row<&E::getMargins, &P::doGetMargins>(),
+    TROV::row<&E::getSpacing, &P::doGetSpacing>());
+
+}  // namespace
+
+QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
+    : QtObject2(object, emitters->base())
+{
+    bindRequests(emitters, s_requests);
+}
+
+QLayout* QtLayout2::layout() const noexcept
+{
+    return static_cast<QLayout*>(asQObject());
+}
+
+QLayout* QtLayout2::asQLayout(GuiObject* peer)
+{
+    return qobject_cast<QLayout*>(qObjectOf(peer));
+}
+
+void QtLayout2::doSetParent(VXObject* widget)
+{
+    withWidgetOf(widget, [this](QWidget* target) {
+        if (!target || target->layout() == layout())
+            return;
+        if (!target->layout()) {
+            // A layout that another widget holds is let go first; Qt would refuse it.
+            layout()->setParent(nullptr);
+            target->setLayout(layout());
+        }
+        doRefresh();
+    });
+}
+
+void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (!child)
+            return;
+        layout()->addWidget(child);
+        layout()->setAlignment(child, VX2Qt(alignment));
+        layout()->invalidate();
+    });
+}
+
+void QtLayout2::doAddSpacer(Size<int> size, int expanding)
+{
+    const QSizePolicy::Policy policy = expanding ? QSizePolicy::Expanding : QSizePolicy::Fixed;
+    layout()->addItem(new QSpacerItem(size.width, size.height, policy, policy));
+    layout()->invalidate();
+}
+
+void QtLayout2::doRemoveWidget(VXObject* widget)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (!child)
+            return;
+        layout()->removeWidget(child);
+        layout()->invalidate();
+    });
+}
+
+void QtLayout2::doInvalidate()
+{
+    layout()->invalidate();
+}
+
+void QtLayout2::doRefresh()
+{
+    layout()->activate();
+}
+
+void QtLayout2::doSetEnabled(bool enabled)
+{
+    layout()->setEnabled(enabled);
+}
+
+bool QtLayout2::doIsEnabled()
+{
+    return layout()->isEnabled();
+}
+
+void QtLayout2::doSetMargins(VXRect<int> margins)
+{
+    layout()->setContentsMargins(toQMargins(margins));
+}
+
+VXRect<int> QtLayout2::doGetMargins()
+{
+    return toVXMargins(layout()->contentsMargins());
+}
+
+void QtLayout2::doSetSpacing(int spacing)
+{
+    layout()->setSpacing(spacing);
+}
+
+int QtLayout2::doGetSpacing()
+{
+    return layout()->spacing();
+}
+
+}  // namespace VOXI

@@ -1,0 +1,23 @@
+#include "voxi2_qt/containers/qtpanel2.h"
+
+namespace VOXI {
+
+namespace {
+
+const auto s_requests = TROV::operations<VXPanel2Emitters>();
+
+}  // namespace
+
+QtPanel2::QtPanel2(VXPanel2* object, VXPanel2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+}
+
+void QtPanel2::doSetColor(ColorRole role, Color color)
+{
+    setVisibleColor(role, color);
+}
+
+}  // namespace VOXI

@@ -1,0 +1,122 @@
+#include "voxi2_qt/controls/qtabstractbutton2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtsignalblocker.h"
+
+#include <QAbstractButton>
+#include <QIcon>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXAbstractButton2Emitters;
+using P = QtAbstractButton2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setCheckable, &P::doSetCheckable>(),
+    TROV::row<&E::setChecked, &P::doSetChecked>(),
+    TROV::row<&E::setExclusive, &P::doSetExclusive>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setLabelU, &P::doSetLabelU>(),
+    TROV::row<&E::isCheckable, &P::doIsCheckable>(),
+    TROV::row<&E::isChecked, &P::doIsChecked>(),
+    TROV::row<&E::isExclusive, &P::doIsExclusive>(),
+    TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::getLabel, &P::doGetLabel>(),
+    TROV::row<&E::click, &P::doimClick>(),
+    TROV::row<&E::toggle, &P::doimToggle>());
+
+}  // namespace
+
+QtAbstractButton2::QtAbstractButton2(VXAbstractButton2* button,
+                                     VXAbstractButton2Emitters* emitters)
+    : QtWidget2(button, emitters->base()), m_emitters(emitters)
+{
+    bindRequests(emitters, s_requests);
+}
+
+QAbstractButton* QtAbstractButton2::button() const noexcept
+{
+    return static_cast<QAbstractButton*>(asQWidget());
+}
+
+void QtAbstractButton2::doSetCheckable(bool checkable)
+{
+    button()->setCheckable(checkable);
+}
+
+void QtAbstractButton2::doSetChecked(bool checked)
+{
+    const QtSignalBlocker blocker(button());
+    button()->setChecked(checked);
+}
+
+void QtAbstractButton2::doSetExclusive(bool exclusive)
+{
+    button()->setAutoExclusive(exclusive);
+}
+
+void QtAbstractButton2::doSetIcon(const Icon& icon)
+{
+    m_icon = icon;
+    button()->setIcon(VX2Qt(icon));
+}
+
+void QtAbstractButton2::doSetLabel(const std::string& label)
+{
+    button()->setText(toQString(label));
+}
+
+void QtAbstractButton2::doSetLabelU(const std::wstring& label)
+{
+    button()->setText(toQString(label));
+}
+
+bool QtAbstractButton2::doIsCheckable()
+{
+    return button()->isCheckable();
+}
+
+bool QtAbstractButton2::doIsChecked()
+{
+    return button()->isChecked();
+}
+
+bool QtAbstractButton2::doIsExclusive()
+{
+    return button()->autoExclusive();
+}
+
+Icon QtAbstractButton2::doGetIcon()
+{
+    return m_icon;
+}
+
+std::string QtAbstractButton2::doGetLabel()
+{
+    return toStdString(button()->text());
+}
+
+void QtAbstractButton2::doimClick()
+{
+    button()->click();
+}
+
+void QtAbstractButton2::doimToggle()
+{
+    button()->toggle();
+}
+
+void QtAbstractButton2::reportClick()
+{
+    report(m_emitters->clicked, abstractObject<VXAbstractButton2>());
+}
+
+void QtAbstractButton2::reportToggle(bool checked)
+{
+    report(m_emitters->toggled, abstractObject<VXAbstractButton2>(), checked);
+}
+
+}  // namespace VOXI

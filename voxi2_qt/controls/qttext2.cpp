@@ -1,0 +1,99 @@
+#include "voxi2_qt/controls/qttext2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+
+namespace VOXI {
+
+namespace {
+
+using E = VXText2Emitters;
+using P = QtText2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setText, &P::doSetText>(),
+    TROV::row<&E::setTextU, &P::doSetTextU>(),
+    TROV::row<&E::setAlignment, &P::doSetAlignment>(),
+    TROV::row<&E::setWordWrap, &P::doSetWordWrap>(),
+    TROV::row<&E::setBuddy, &P::doSetBuddy>(),
+    TROV::row<&E::setSelectable, &P::doSetSelectable>(),
+    TROV::row<&E::getText, &P::doGetText>(),
+    TROV::row<&E::getTextU, &P::doGetTextU>(),
+    TROV::row<&E::getAlignment, &P::doGetAlignment>(),
+    TROV::row<&E::getWordWrap, &P::doGetWordWrap>(),
+    TROV::row<&E::getBuddy, &P::doGetBuddy>(),
+    TROV::row<&E::isSelectable, &P::doIsSelectable>());
+
+}  // namespace
+
+QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+}
+
+void QtText2::doSetText(const std::string& text)
+{
+    setText(toQString(text));
+}
+
+void QtText2::doSetTextU(const std::wstring& text)
+{
+    setText(toQString(text));
+}
+
+void QtText2::doSetAlignment(Alignment alignment)
+{
+    setAlignment(VX2Qt(alignment));
+}
+
+void QtText2::doSetWordWrap(bool wrap)
+{
+    setWordWrap(wrap);
+}
+
+void QtText2::doSetBuddy(VXWidget2* buddy)
+{
+    if (!buddy)
+        setBuddy(nullptr);
+    else
+        withWidgetOf(buddy, [this](QWidget* widget) { setBuddy(widget); });
+}
+
+void QtText2::doSetSelectable(bool selectable)
+{
+    setTextInteractionFlags(selectable ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                       : Qt::TextInteractionFlags(Qt::LinksAccessibleByMouse));
+}
+
+std::string QtText2::doGetText()
+{
+    return toStdString(text());
+}
+
+std::wstring QtText2::doGetTextU()
+{
+    return toStdWString(text());
+}
+
+Alignment QtText2::doGetAlignment()
+{
+    return Qt2VX(alignment());
+}
+
+bool QtText2::doGetWordWrap()
+{
+    return wordWrap();
+}
+
+VXWidget2* QtText2::doGetBuddy()
+{
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(buddy()));
+}
+
+bool QtText2::doIsSelectable()
+{
+    return textInteractionFlags().testFlag(Qt::TextSelectableByMouse);
+}
+
+}  // namespace VOXI

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "voxi2/containers/vxabstractwindow2.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+namespace VOXI {
+
+/// The base of the peers of windows and dialogs.
+class VOXI2_QT_EXPORT QtAbstractWindow2 : public QtWidget2 {
+public:
+    // Requests, in the order of the emitters table
+    virtual void doSetTitle(const std::string& title);
+    virtual void doSetTitleU(const std::wstring& title);
+    virtual void doSetIcon(const Icon& icon);
+    virtual void doSetWindowFlags(unsigned flags);
+    virtual void doSetWindowState(VXFlags<WindowState> state);
+    virtual void doSetModified(bool modified);
+    virtual std::string doGetTitle();
+    virtual std::wstring doGetTitleU();
+    virtual Icon doGetIcon();
+    virtual unsigned doGetWindowFlags();
+    virtual VXFlags<WindowState> doGetWindowState();
+    virtual bool doIsModified();
+    virtual bool doClose();
+
+protected:
+    QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow2Emitters* emitters);
+
+private:
+    Icon m_icon;   // a Qt icon cannot be turned back
+};
+
+}  // namespace VOXI

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2_qt/containers/qtlayout2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QBoxLayout>
+
+namespace VOXI {
+
+/// The peer of the box layout.
+class VOXI2_QT_EXPORT QtBoxLayout2 : public QtObject2Shim<QBoxLayout, QtLayout2> {
+    Q_OBJECT
+
+public:
+    QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, QWidget* parent,
+                 VOXI::Direction direction);
+
+    // Requests, in the order of the emitters table
+    virtual void doBoxAddWidget(VXObject* widget, int stretch, Alignment alignment);
+    virtual void doInsertWidget(VXObject* widget, int index, int stretch, Alignment alignment);
+    virtual void doInsertSpacer(int index, int size, int stretch);
+    virtual void doSetStretchFactor(VXObject* widget, int stretch);
+};
+
+}  // namespace VOXI

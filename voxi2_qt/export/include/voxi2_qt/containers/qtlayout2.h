@@ -1,0 +1,40 @@
+#pragma once
+
+#include "voxi2/containers/vxlayout2.h"
+#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+QT_BEGIN_NAMESPACE
+class QLayout;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// The base of the layouts' peers. A layout does not own the peers of its widgets.
+class VOXI2_QT_EXPORT QtLayout2 : public QtObject2 {
+public:
+    void doSetParent(VXObject* widget) override;
+
+    // Requests, in the order of the emitters table
+    virtual void doAddWidget(VXObject* widget, Alignment alignment);
+    virtual void doAddSpacer(Size<int> size, int expanding);
+    virtual void doInvalidate();
+    virtual void doRefresh();
+    virtual void doRemoveWidget(VXObject* widget);
+    virtual void doSetEnabled(bool enabled);
+    virtual void doSetMargins(VXRect<int> margins);
+    virtual void doSetSpacing(int spacing);
+    virtual bool doIsEnabled();
+    virtual VXRect<int> doGetMargins();
+    virtual int doGetSpacing();
+
+    /// The Qt layout of a peer; null for null or another kind.
+    static QLayout* asQLayout(GuiObject* peer);
+
+protected:
+    QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters);
+
+    QLayout* layout() const noexcept;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "voxi2/controls/vxabstractbutton2.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+QT_BEGIN_NAMESPACE
+class QAbstractButton;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// What the peers of all buttons share.
+class VOXI2_QT_EXPORT QtAbstractButton2 : public QtWidget2 {
+public:
+    // Requests, in the order of the emitters table
+    virtual void doSetCheckable(bool checkable);
+    virtual void doSetChecked(bool checked);
+    virtual void doSetExclusive(bool exclusive);
+    virtual void doSetIcon(const Icon& icon);
+    virtual void doSetLabel(const std::string& label);
+    virtual void doSetLabelU(const std::wstring& label);
+    virtual bool doIsCheckable();
+    virtual bool doIsChecked();
+    virtual bool doIsExclusive();
+    virtual Icon doGetIcon();
+    virtual std::string doGetLabel();
+    virtual void doimClick();
+    virtual void doimToggle();
+
+protected:
+    QtAbstractButton2(VXAbstractButton2* button, VXAbstractButton2Emitters* emitters);
+
+    /// The Qt button that this peer is.
+    QAbstractButton* button() const noexcept;
+
+    void reportClick();
+    void reportToggle(bool checked);
+
+private:
+    Icon m_icon;   // a Qt icon cannot be turned back
+    VXAbstractButton2Emitters* m_emitters;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QLabel>
+
+namespace VOXI {
+
+/// The peer of the text label.
+class VOXI2_QT_EXPORT QtText2 : public QtWidget2Shim<VXText2, VXText2Emitters, QtWidget2, QLabel> {
+    Q_OBJECT
+
+public:
+    QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent);
+
+    // Requests, in the order of the emitters table
+    virtual void doSetText(const std::string& text);
+    virtual void doSetTextU(const std::wstring& text);
+    virtual void doSetAlignment(Alignment alignment);
+    virtual void doSetWordWrap(bool wrap);
+    virtual void doSetBuddy(VXWidget2* buddy);
+    virtual void doSetSelectable(bool selectable);
+    virtual std::string doGetText();
+    virtual std::wstring doGetTextU();
+    virtual Alignment doGetAlignment();
+    virtual bool doGetWordWrap();
+    virtual VXWidget2* doGetBuddy();
+    virtual bool doIsSelectable();
+};
+
+}  // namespace VOXI

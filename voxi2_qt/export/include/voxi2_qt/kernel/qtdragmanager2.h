@@ -1,0 +1,29 @@
+#pragma once
+
+#include "voxi2/kernel/vxdragmanager2.h"
+#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QObject>
+
+namespace VOXI {
+
+/// The peer of the drag manager: runs drags with the window system.
+class VOXI2_QT_EXPORT QtDragManager2 : public QtObject2Shim<QObject> {
+    Q_OBJECT
+
+public:
+    QtDragManager2(VXObject2* manager, VXDragManager2Emitters* emitters);
+
+    virtual void doStartDrag(const VXDrag2& drag);
+    virtual void doCancelDrag();
+    virtual bool doIsDragging();
+
+private:
+    void runDrag(const VXDrag2& drag, unsigned sourceId);
+
+    VXDragManager2Emitters* m_emitters;
+    bool m_dragging = false;
+};
+
+}  // namespace VOXI

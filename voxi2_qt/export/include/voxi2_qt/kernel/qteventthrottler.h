@@ -1,0 +1,63 @@
+#pragma once
+
+#include "trov/emitter.h"
+#include "voxi2/kernel/events.h"
+#include "voxi2/kernel/eventthrottler.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <memory>
+
+namespace VOXI {
+
+class VXWidget2;
+
+/// Keeps the frequent events of one widget from flooding the abstract side.
+///
+/// A posted event is delivered at the next turn of the event loop; until then later ones of its kind
+/// are dropped. A kind is free again as soon as its event was delivered, whatever its handlers did,
+/// or could not be sent at all.
+class VOXI2_QT_EXPORT EventThrottler final : public EventThrottlerBase, public TROV::Listener {
+public:
+    explicit EventThrottler(VXWidget2* widget);
+    ~EventThrottler() override;
+
+    /// Whether an event of that kind is on its way.
+    bool isPending(WidgetEvent event) const;
+
+    // What is posted for a kind that is on its way already is dropped: ask `isPending` before
+    // building it.
+    void postMouseMove(const VXMouseEvent2& event) { post(m_mouse, event); }
+    void postWheel(const VXMouseEvent2& event) { post(m_mouse, event); }
+    void postDragMove(const VXDragEvent2& event) { post(m_drag, event); }
+    void postResize(const VXResizeEvent2& event) { post(m_resize, event); }
+    void postKeyPress(const VXKeyEvent2& event) { post(m_key, event); }
+    void postKeyRelease(const VXKeyEvent2& event) { post(m_key, event); }
+
+    /// The pending bit of an event; 0 for events that are never throttled.
+    static unsigned pendingBit(WidgetEvent event) noexcept;
+
+private:
+    template <class E>
+    using Emitter = TROV::Emitter3<void, VXWidget2*, WidgetEvent, E>;
+
+    template <class E>
+    void post(const Emitter<E>& emitter, const E& event);
+    template <class E>
+    void deliver(VXWidget2* widget, WidgetEvent type, const E& event);
+
+    VXWidget2* m_widget;
+    unsigned m_widgetId;
+    Emitter<VXMouseEvent2> m_mouse;
+    Emitter<VXResizeEvent2> m_resize;
+    Emitter<VXDragEvent2> m_drag;
+    Emitter<VXKeyEvent2> m_key;
+    std::shared_ptr<unsigned> m_pending;   // outlives the throttler while an event is delivered
+};
+
+/// Makes the throttlers above.
+class VOXI2_QT_EXPORT EventThrottlerFactory final : public EventThrottlerFactoryBase {
+public:
+    std::unique_ptr<EventThrottlerBase> createEventThrottler(VXWidget2* widget) override;
+};
+
+}  // namespace VOXI

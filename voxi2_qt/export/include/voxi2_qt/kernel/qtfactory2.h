@@ -1,0 +1,46 @@
+#pragma once
+
+#include "trov/listener.h"
+#include "voxi2/kernel/direction.h"
+#include "voxi2/kernel/vxfactory2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+QT_BEGIN_NAMESPACE
+class QObject;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// Makes the Qt peer for every abstract object, and ends them by id. One for the process.
+///
+/// A parent whose peer is of the wrong kind counts as none: the peer is then made without a parent.
+class VOXI2_QT_EXPORT QtFactory2 : public TROV::Listener {
+public:
+    ~QtFactory2() override;
+
+    /// Makes the one instance and connects it to the factory's requests; again it does nothing.
+    static void createFactory(VXFactory2* factory);
+
+    void createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, VXObject* parent,
+                          Direction direction);
+    void createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent);
+    void createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
+    void createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters);
+    void createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent);
+    void createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent);
+    void createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent);
+
+    /// Destroys the peer of the object with that id; unknown ids are ignored.
+    void destroyObject(unsigned uid);
+
+private:
+    explicit QtFactory2(VXFactory2* factory);
+
+    static QWidget* getQWidget(VXObject* object);
+    static QObject* getQObject(VXObject* object);
+
+    static QtFactory2* m_factory;
+};
+
+}  // namespace VOXI

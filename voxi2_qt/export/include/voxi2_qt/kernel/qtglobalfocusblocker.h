@@ -1,0 +1,54 @@
+#pragma once
+
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <unordered_map>
+
+QT_BEGIN_NAMESPACE
+class QFocusEvent;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// Keeps focus-in reports of windows back whose focus the program is just changing.
+///
+/// A request to show, raise, activate or focus may take effect long after it returned: the window
+/// manager decides when a window becomes active. A registered window's focus reports are kept back
+/// until the change has settled: the window has become active and the events of that turn are
+/// through, or nothing came of it for a while. Focus that the user moves (mouse, tab, shortcut) is
+/// reported in any case. GUI thread only.
+class VOXI2_QT_EXPORT QtGlobalFocusBlocker : public QObject {
+public:
+    static QtGlobalFocusBlocker& instance();
+
+    /// Registers the window, unless it is registered already, is null, or does not want it (a
+    /// `QtWindow2` can say so). It is released by itself.
+    void registerWindow(QWidget* window);
+
+    bool isRegistered(const QWidget* window) const;
+
+    /// Whether the report of this event on that widget is to be kept back.
+    bool blocks(const QWidget* widget, const QFocusEvent& event) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    struct Entry {
+        QPointer<QWidget> m_window;
+        int m_timer = 0;
+    };
+
+    QtGlobalFocusBlocker() = default;
+    void settle(const QObject* window, int milliseconds);
+    void releaseWindow(const QObject* window);
+
+    std::unordered_map<const QObject*, Entry> m_windows;
+};
+
+}  // namespace VOXI

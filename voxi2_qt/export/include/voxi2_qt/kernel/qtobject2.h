@@ -1,0 +1,156 @@
+#pragma once
+
+#include "trov/emitterstable.h"
+#include "voxi/guiobject.h"
+#include "voxi/vxobject.h"
+#include "voxi2/kernel/vxobject2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <utility>
+#include <vector>
+
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
+class QObject;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+enum class VXMessageType : int;
+class QtMessage;
+
+/// The base of every peer: ties one abstract object to one Qt object.
+///
+/// The constructor registers the peer under the abstract object's id and binds the requests of the
+/// object to the thread it runs on. A peer ends in one of three ways: the abstract object asks, the
+/// factory is told to destroy it, or its Qt parent deletes it. In each the requests are cut and the
+/// registry entry is gone before the Qt base is destroyed. GUI thread only, but for what is said
+/// otherwise.
+class VOXI2_QT_EXPORT QtObject2 : public TROV::Listener, public GuiObject {
+public:
+    ~QtObject2() override;
+
+    virtual void vxMessageNotify(VXMessageType type, QtMessage* message);
+
+    /// Called by the factory once the peer is whole.
+    virtual void init();
+
+    // Requests of the abstract object
+    virtual void doSetParent(VXObject* parent);
+    virtual VXObject* doGetParent();
+    virtual std::vector<VXObject*> doGetChildren(bool recursive);
+    void doDestroy();
+
+    VXObject* getHandle() const override;
+    void scheduleDelete() override;
+
+    /// Ends all connections and the service of the abstract object's requests.
+    void disconnect() override;
+
+    unsigned getUID() const noexcept { return m_uid; }
+
+    /// Whether the abstract object is alive; hold `VXObject::m_lock` to rely on it.
+    bool isVXObjectValid() const;
+
+    /// The Qt object that this peer is. Null in the constructor and destructor of the peer's bases.
+    virtual QObject* asQObject() const noexcept = 0;
+
+    /// The same as a widget; null for peers that are none.
+    virtual QWidget* asQWidget() const noexcept;
+
+protected:
+    QtObject2(VXObject2* object, VXObject2Emitters* emitters);
+
+    /// Lets this peer's operations serve the requests of one of its object's emitters tables.
+    template <class Emitters, std::size_t Count>
+    void bindRequests(Emitters* emitters, const TROV::Operations<Emitters, Count>& operations)
+    {
+        m_requests.bind(*emitters, this, operations);
+    }
+
+    /// Reports a user action: builds the event `E(arguments...)` and sends it, if the abstract
+    /// object is alive and somebody listens. The handlers run under the object lock and may destroy
+    /// this peer's object.
+    template <class E, class... Arguments>
+    void report(const TROV::Event<void(const E&)>& event, Arguments&&... arguments) const
+    {
+        VXObjectDataLocker lock;
+        if (isVXObjectValid() && event.isHeard())
+            event(E(std::forward<Arguments>(arguments)...));
+    }
+
+    /// The abstract object as what it was made as; only to be passed on while it is valid.
+    template <class Object>
+    Object* abstractObject() const noexcept
+    {
+        return static_cast<Object*>(m_object);
+    }
+
+    /// What the destructor of every class that joins a peer base and a Qt class begins with.
+    void endPeer();
+
+    /// How the Qt object is deleted later: together with its parent where that goes too.
+    void deferDelete() override;
+
+private:
+    void addObject();
+    void removeObject();
+
+    VXObject2* m_object;
+    unsigned m_uid;
+    bool m_scheduled = false;
+    TROV::RequestBinding m_requests;
+};
+
+/// The peer behind a Qt object; null when it is none, or null itself.
+VOXI2_QT_EXPORT QtObject2* peerOf(const QObject* object) noexcept;
+
+/// The live abstract object behind a Qt object, or null.
+VOXI2_QT_EXPORT VXObject* abstractObjectOf(const QObject* object);
+
+/// The Qt object or widget of a peer found in the registry; null for null or another kind.
+VOXI2_QT_EXPORT QObject* qObjectOf(GuiObject* peer) noexcept;
+VOXI2_QT_EXPORT QWidget* qWidgetOf(GuiObject* peer) noexcept;
+
+/// Calls `function` with the peer of `object` as a `Peer*`, null if it is of another kind, under the
+/// object lock; does nothing when `object` is dead or null.
+template <class Peer, class Function>
+void withPeerOf(const VXObject* object, Function&& function)
+{
+    VXObjectDataLocker lock;
+    if (VXObject::isObjectValid(object))
+        function(dynamic_cast<Peer*>(lookup(object)));
+}
+
+/// The same with the peer's widget, null if it is none.
+template <class Function>
+void withWidgetOf(const VXObject* object, Function&& function)
+{
+    VXObjectDataLocker lock;
+    if (VXObject::isObjectValid(object))
+        function(qWidgetOf(lookup(object)));
+}
+
+/// Joins a Qt object class that is no widget with a peer base.
+template <class Q, class Base = QtObject2>
+class QtObject2Shim : public Q, public Base {
+public:
+    ~QtObject2Shim() override { this->endPeer(); }
+
+    QObject* asQObject() const noexcept override
+    {
+        return const_cast<Q*>(static_cast<const Q*>(this));
+    }
+
+protected:
+    /// `arguments` go to the Qt class.
+    template <class Object, class Emitters, class... Arguments>
+    QtObject2Shim(Object* object, Emitters* emitters, Arguments&&... arguments)
+        : Q(std::forward<Arguments>(arguments)...), Base(object, emitters->base())
+    {
+    }
+};
+
+}  // namespace VOXI

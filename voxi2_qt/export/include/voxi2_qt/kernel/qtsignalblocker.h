@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+
+namespace VOXI {
+
+/// Blocks an object's Qt signals for a scope.
+///
+/// Its end switches blocking off rather than restoring what was before, so blockers of one object
+/// must not be nested.
+class QtSignalBlocker {
+public:
+    explicit QtSignalBlocker(QObject* object) noexcept : m_object(object)
+    {
+        m_object->blockSignals(true);
+    }
+    ~QtSignalBlocker() { m_object->blockSignals(false); }
+    QtSignalBlocker(const QtSignalBlocker&) = delete;
+    QtSignalBlocker& operator=(const QtSignalBlocker&) = delete;
+
+private:
+    QObject* m_object;
+};
+
+}  // namespace VOXI

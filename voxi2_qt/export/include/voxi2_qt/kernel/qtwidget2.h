@@ -1,0 +1,165 @@
+#pragma once
+
+#include "voxi2/kernel/vxwidget2.h"
+#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QColor>
+#include <QPointer>
+
+#include <map>
+#include <string>
+
+QT_BEGIN_NAMESPACE
+class QAbstractScrollArea;
+class QAction;
+class QDragEnterEvent;
+class QDragLeaveEvent;
+class QDragMoveEvent;
+class QDropEvent;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+class QtDragDelegate2;
+class QtEventFilter2;
+
+/// The base of every peer that is a widget: the requests common to all of them, the switches that
+/// say which user events are passed back, and the highlight.
+class VOXI2_QT_EXPORT QtWidget2 : public QtObject2 {
+public:
+    ~QtWidget2() override;
+
+    void doSetParent(VXObject* parent) override;
+    void scheduleDelete() override;
+
+    // Requests, in the order of the emitters table
+    virtual void doShow();
+    virtual void doHide();
+    virtual void doRaise();
+    virtual void doLower();
+    virtual void doSetActiveWindow();
+    virtual void doRefresh();
+    virtual void doUpdate();
+    virtual void doAdjustSize();
+    virtual void doSetContentsMargins(VXRect<int> margins);
+    virtual void doSetColor(ColorRole role, Color color);
+    virtual void doSetEnabled(bool enabled);
+    virtual void doSetEventConsumed(WidgetEvent event, bool consumed);
+    virtual void doSetFocus();
+    virtual void doSetFocusPolicy(FocusPolicy policy);
+    virtual void doSetFocusProxy(VXWidget2* proxy);
+    virtual void doSetFont(const VXFont& font);
+    virtual void doSetMaximumSize(Size<int> size);
+    virtual void doSetMinimumSize(Size<int> size);
+    virtual void doResize(Size<int> size);
+    virtual void doSetPosition(VXRect<int> geometry);
+    virtual void doMoveTo(VXPoint<int> position);
+    virtual void doSetAcceptDrops(bool accept);
+    virtual void doSetToolTip(const std::string& text);
+    virtual void doSetToolTipU(const std::wstring& text);
+    virtual void doSetVisible(bool visible);
+    virtual void doSetCursor(const Cursor& cursor);
+    virtual void doSetObjectName(const std::string& name);
+    virtual void doSetUpdatesEnabled(bool enabled);
+    virtual void doUnsetCursor();
+    virtual void doSetDragDelegate(VXDragDelegate2* delegate);
+    virtual void doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha);
+    virtual void doRestoreGeometry(const std::string& geometry);
+    virtual void doSetSizeConstraint(SizeConstraint constraint);
+    virtual void doSetFixedSize(Size<int> size);
+    virtual void doSetSizePolicy(Policy horizontal, Policy vertical);
+    virtual bool doIsActiveWindow();
+    virtual Color doGetColor(ColorRole role);
+    virtual bool doIsEnabled();
+    virtual bool doIsEventConsumed(WidgetEvent event);
+    virtual bool doHasFocus();
+    virtual FocusPolicy doGetFocusPolicy();
+    virtual VXWidget2* doGetFocusProxy();
+    virtual VXFont doGetFont();
+    virtual Size<int> doGetMaximumSize();
+    virtual Size<int> doGetMinimumSize();
+    virtual VXRect<int> doGetPosition();
+    virtual VXRect<int> doGetGlobalPosition();
+    virtual VXPoint<int> doMapToGlobal(VXPoint<int> point);
+    virtual VXPoint<int> doMapFromGlobal(VXPoint<int> point);
+    virtual bool doCanAcceptDrops();
+    virtual VXRect<int> doGetContentsRect();
+    virtual std::string doGetToolTip();
+    virtual std::wstring doGetToolTipU();
+    virtual VXRect<int> doGetContentsMargins();
+    virtual bool doIsVisible();
+    virtual std::string doGetObjectName();
+    virtual Cursor doGetCursor();
+    virtual VXDragDelegate2* doGetDragDelegate();
+    virtual unsigned long long doGetWinId();
+    virtual bool doIsWidgetHighlighted();
+    virtual std::string doSaveGeometry();
+
+    // Requests to act as the user would: what they cause is reported
+    void doimTriggerWidgetEvent(WidgetEvent event);
+    void doimTriggerContextMenuEvent(VXPoint<int> local, VXPoint<int> global);
+    void doimTriggerFocusEvent(WidgetEvent event);
+    void doimTriggerKeyEvent(WidgetEvent event, const VXKeyEvent2& key);
+    void doimTriggerMouseEvent(WidgetEvent event, const VXMouseEvent2& mouse);
+    void doimTriggerMoveEvent(VXPoint<int> position);
+    void doimTriggerResizeEvent(Size<int> size);
+
+    // Accessibility
+    virtual void doSetAccessibleName(const std::wstring& name);
+    virtual void doSetAccessibleDescription(const std::wstring& description);
+    virtual std::wstring doGetAccessibleName();
+    virtual std::wstring doGetAccessibleDescription();
+
+    // Which events are passed back. The functions for one event throw std::out_of_range for a value
+    // that is none, and do nothing (or answer false) while broadcasting is off as a whole.
+    void enableEventBroadcasting();
+    void disableEventBroadcasting();
+    bool isEventBroadcastingEnabled() const noexcept { return m_eventFilter != nullptr; }
+    void enableEventBroadcasting(WidgetEvent event);
+    void disableEventBroadcasting(WidgetEvent event);
+    bool isEventBroadcastingEnabled(WidgetEvent event) const;
+    void enableGestureEvents();
+    void disableGestureEvents();
+
+    bool isWidgetHighlighted() const noexcept { return m_highlighted; }
+    /// Paints the highlight over what the widget has painted; inside a paint event only.
+    void paintHighlight();
+
+    /// The action that stands for the widget in a tool bar or menu; null when there is none. Hiding
+    /// the widget by request hides the action as well.
+    void addWidgetAction(QAction* action);
+    QAction* getWidgetAction() const;
+
+    /// The emitters of the abstract widget; only while it is valid.
+    VXWidget2Emitters* widgetEmitters() const noexcept { return m_emitters; }
+    /// The delegate that decides about drags over this widget; null when there is none.
+    QtDragDelegate2* dragDelegate() const;
+    VXWidget2* abstractWidget() const noexcept { return abstractObject<VXWidget2>(); }
+
+protected:
+    QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters);
+
+    void endPeer();
+
+    // Drags over the widget, as the shim receives them
+    void passDragEnter(QDragEnterEvent* event);
+    void passDragMove(QDragMoveEvent* event);
+    void passDragLeave(QDragLeaveEvent* event);
+    void passDrop(QDropEvent* event);
+
+private:
+    template <class Function>
+    void passToDelegate(Function&& function);
+    QAbstractScrollArea* scrollArea() const noexcept;
+
+    static std::map<QtWidget2*, QAction*> m_ActionMap;
+
+    QColor m_highlightColor;
+    bool m_highlighted = false;
+    unsigned m_dragDelegateId = 0;
+    QtEventFilter2* m_eventFilter = nullptr;
+    VXWidget2Emitters* m_emitters;
+};
+
+}  // namespace VOXI

@@ -1,0 +1,42 @@
+#include "voxi2_qt/kernel/qtdraggesture.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+namespace VOXI {
+
+void QtDragGesture::press(const QtWidget2& widget, const QMouseEvent& event)
+{
+    if (m_pressed || event.button() != Qt::LeftButton)
+        return;
+    m_globalPosition = event.globalPosition().toPoint();
+    m_localPosition = widget.asQWidget()->mapFromGlobal(m_globalPosition);
+    m_deliveredPosition = event.position().toPoint();
+    m_pressed = true;
+}
+
+void QtDragGesture::move(QtWidget2& widget, const QMouseEvent& event)
+{
+    if (!m_pressed)
+        return;
+    const QPoint way = m_deliveredPosition - event.position().toPoint();
+    if (way.manhattanLength() <= QApplication::startDragDistance())
+        return;
+    VXObjectDataLocker lock;
+    if (!widget.isVXObjectValid())
+        return;
+    // Before the handlers run: one of them may destroy the widget, and this gesture with it.
+    m_pressed = false;
+    VXWidget2* source = widget.abstractWidget();
+    const auto& dragDetect = widget.widgetEmitters()->dragDetect;
+    if (dragDetect.isHeard()) {
+        dragDetect(VXMouseEvent2(source, WidgetEvent::MouseMove, Qt2VX(m_localPosition),
+                                 Qt2VX(m_globalPosition), Qt2VX(event.button()),
+                                 Qt2VX(event.buttons()), Qt2VX(event.modifiers())));
+    }
+}
+
+}  // namespace VOXI

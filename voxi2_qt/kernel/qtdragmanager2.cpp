@@ -1,0 +1,76 @@
+#include "voxi2_qt/kernel/qtdragmanager2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include <QDrag>
+#include <QMimeData>
+#include <QPixmap>
+#include <QPointer>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXDragManager2Emitters;
+using P = QtDragManager2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::startDrag, &P::doStartDrag>(),
+    TROV::row<&E::cancelDrag, &P::doCancelDrag>(),
+    TROV::row<&E::isDragging, &P::doIsDragging>());
+
+}  // namespace
+
+QtDragManager2::QtDragManager2(VXObject2* manager, VXDragManager2Emitters* emitters)
+    : QtObject2Shim(manager, emitters), m_emitters(emitters)
+{
+    bindRequests(emitters, s_requests);
+}
+
+void QtDragManager2::doStartDrag(const VXDrag2& drag)
+{
+    if (m_dragging || drag.mimeData.isEmpty() || !qWidgetOf(lookup(drag.source)))
+        return;
+    m_dragging = true;
+    // A drag runs an event loop of its own until it ends; the request returns before.
+    const unsigned sourceId = drag.source->id();
+    QMetaObject::invokeMethod(
+        this, [this, drag, sourceId] { runDrag(drag, sourceId); }, Qt::QueuedConnection);
+}
+
+void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
+{
+    DropAction action = DropAction::Ignore;
+    const QPointer<QtDragManager2> self(this);
+    if (QWidget* source = qWidgetOf(lookup(sourceId))) {
+        auto* running = new QDrag(source);   // Qt deletes it when the drag is over
+        running->setMimeData(VX2Qt(drag.mimeData));
+        const QPixmap pixmap = toQPixmap(drag.pixmap);
+        if (!pixmap.isNull()) {
+            running->setPixmap(pixmap);
+            running->setHotSpot(drag.hotSpot == VXPoint<int>{-1, -1}
+                                    ? QPoint(pixmap.width() / 2, pixmap.height() / 2)
+                                    : VX2Qt(drag.hotSpot));
+        }
+        action = Qt2VX(running->exec(VX2Qt(drag.actions), VX2Qt(drag.defaultAction)));
+    }
+    if (!self)
+        return;
+    m_dragging = false;
+    auto* source = static_cast<VXWidget2*>(VXObject::objectById(sourceId));
+    report(m_emitters->finished, source, action);
+}
+
+void QtDragManager2::doCancelDrag()
+{
+    if (m_dragging)
+        QDrag::cancel();
+}
+
+bool QtDragManager2::doIsDragging()
+{
+    return m_dragging;
+}
+
+}  // namespace VOXI

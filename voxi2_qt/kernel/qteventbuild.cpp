@@ -1,0 +1,188 @@
+#include "qteventbuild.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtobject2.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QFocusEvent>
+#include <QGestureEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QMoveEvent>
+#include <QPanGesture>
+#include <QPinchGesture>
+#include <QResizeEvent>
+#include <QTouchEvent>
+#include <QWheelEvent>
+#include <QWidget>
+
+namespace VOXI {
+
+namespace {
+
+QPoint inWidget(const EventTarget& target, QPoint position)
+{
+    return target.m_receiver == target.m_widget
+        ? position
+        : target.m_receiver->mapTo(target.m_widget, position);
+}
+
+QPointF inWidget(const EventTarget& target, QPointF position)
+{
+    return target.m_receiver == target.m_widget
+        ? position
+        : target.m_receiver->mapTo(target.m_widget, position);
+}
+
+TouchPoint::State stateOf(QEventPoint::State state)
+{
+    switch (state) {
+    case QEventPoint::Pressed:
+        return TouchPoint::State::Pressed;
+    case QEventPoint::Updated:
+        return TouchPoint::State::Updated;
+    case QEventPoint::Stationary:
+        return TouchPoint::State::Stationary;
+    case QEventPoint::Released:
+        return TouchPoint::State::Released;
+    default:
+        return TouchPoint::State::Unknown;
+    }
+}
+
+}  // namespace
+
+bool widgetEventOf(QEvent::Type type, WidgetEvent& event) noexcept
+{
+    // On the way of every event of every widget: one jump, not a search.
+    switch (type) {
+    case QEvent::Close: event = WidgetEvent::Close; return true;
+    case QEvent::ContextMenu: event = WidgetEvent::ContextMenu; return true;
+    case QEvent::DragEnter: event = WidgetEvent::DragEnter; return true;
+    case QEvent::DragLeave: event = WidgetEvent::DragLeave; return true;
+    case QEvent::DragMove: event = WidgetEvent::DragMove; return true;
+    case QEvent::Drop: event = WidgetEvent::Drop; return true;
+    case QEvent::Enter: event = WidgetEvent::MouseEnter; return true;
+    case QEvent::FocusIn: event = WidgetEvent::FocusIn; return true;
+    case QEvent::FocusOut: event = WidgetEvent::FocusOut; return true;
+    case QEvent::Hide: event = WidgetEvent::Hide; return true;
+    case QEvent::KeyPress: event = WidgetEvent::KeyPress; return true;
+    case QEvent::KeyRelease: event = WidgetEvent::KeyRelease; return true;
+    case QEvent::Leave: event = WidgetEvent::MouseLeave; return true;
+    case QEvent::MouseButtonDblClick: event = WidgetEvent::MouseDoubleClick; return true;
+    case QEvent::MouseMove: event = WidgetEvent::MouseMove; return true;
+    case QEvent::MouseButtonPress: event = WidgetEvent::MousePress; return true;
+    case QEvent::MouseButtonRelease: event = WidgetEvent::MouseRelease; return true;
+    case QEvent::Wheel: event = WidgetEvent::Wheel; return true;
+    case QEvent::Move: event = WidgetEvent::Move; return true;
+    case QEvent::Resize: event = WidgetEvent::Resize; return true;
+    case QEvent::Gesture: event = WidgetEvent::Gesture; return true;
+    case QEvent::TouchBegin: event = WidgetEvent::TouchBegin; return true;
+    case QEvent::TouchUpdate: event = WidgetEvent::TouchUpdate; return true;
+    case QEvent::TouchEnd: event = WidgetEvent::TouchEnd; return true;
+    case QEvent::Show: event = WidgetEvent::Show; return true;
+    default: return false;
+    }
+}
+
+VXMouseEvent2 mouseEvent(const EventTarget& target, WidgetEvent type, const QMouseEvent& event)
+{
+    return VXMouseEvent2(target.m_abstract, type,
+                         Qt2VX(inWidget(target, event.position().toPoint())),
+                         Qt2VX(event.globalPosition().toPoint()), Qt2VX(event.button()),
+                         Qt2VX(event.buttons()), Qt2VX(event.modifiers()));
+}
+
+VXMouseEvent2 wheelEvent(const EventTarget& target, const QWheelEvent& event)
+{
+    return VXMouseEvent2(target.m_abstract, WidgetEvent::Wheel,
+                         Qt2VX(inWidget(target, event.position().toPoint())),
+                         Qt2VX(event.globalPosition().toPoint()), MouseButton::None,
+                         Qt2VX(event.buttons()), Qt2VX(event.modifiers()),
+                         Qt2VX(event.angleDelta()));
+}
+
+VXKeyEvent2 keyEvent(const EventTarget& target, WidgetEvent type, const QKeyEvent& event)
+{
+    return VXKeyEvent2(target.m_abstract, type, Qt2VX(static_cast<Qt::Key>(event.key())),
+                       Qt2VX(event.modifiers()), toStdWString(event.text()), event.isAutoRepeat(),
+                       event.count());
+}
+
+VXFocusEvent2 focusEvent(const EventTarget& target, WidgetEvent type, const QFocusEvent& event)
+{
+    return VXFocusEvent2(target.m_abstract, type, Qt2VX(event.reason()));
+}
+
+VXMoveEvent2 moveEvent(const EventTarget& target, const QMoveEvent& event)
+{
+    return VXMoveEvent2(target.m_abstract, Qt2VX(event.oldPos()), Qt2VX(event.pos()));
+}
+
+VXResizeEvent2 resizeEvent(const EventTarget& target, const QResizeEvent& event)
+{
+    return VXResizeEvent2(target.m_abstract, Qt2VX(event.oldSize()), Qt2VX(event.size()));
+}
+
+VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, const QContextMenuEvent& event)
+{
+    using Reason = VXContextMenuEvent2::Reason;
+    const Reason reason = event.reason() == QContextMenuEvent::Mouse ? Reason::Mouse
+        : event.reason() == QContextMenuEvent::Keyboard              ? Reason::Keyboard
+                                                                     : Reason::Other;
+    return VXContextMenuEvent2(target.m_abstract, Qt2VX(inWidget(target, event.pos())),
+                               Qt2VX(event.globalPos()), reason);
+}
+
+VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropEvent& event)
+{
+    VXDragEvent2::Details details;
+    details.position = Qt2VX(inWidget(target, event.position().toPoint()));
+    if (event.mimeData())
+        details.mimeData = Qt2VX(*event.mimeData());
+    details.possibleActions = Qt2VX(event.possibleActions());
+    details.proposedAction = Qt2VX(event.proposedAction());
+    details.buttons = Qt2VX(event.buttons());
+    details.modifiers = Qt2VX(event.modifiers());
+    details.source = dynamic_cast<VXWidget2*>(abstractObjectOf(event.source()));
+    return VXDragEvent2(target.m_abstract, type, std::move(details));
+}
+
+VXTouchEvent2 touchEvent(const EventTarget& target, WidgetEvent type, const QTouchEvent& event)
+{
+    std::vector<TouchPoint> points;
+    points.reserve(static_cast<std::size_t>(event.points().size()));
+    for (const QEventPoint& point : event.points()) {
+        TouchPoint mine;
+        mine.id = point.id();
+        mine.state = stateOf(point.state());
+        mine.position = Qt2VX(inWidget(target, point.position()));
+        mine.globalPosition = Qt2VX(point.globalPosition());
+        mine.pressure = point.pressure();
+        points.push_back(mine);
+    }
+    return VXTouchEvent2(target.m_abstract, type, std::move(points));
+}
+
+std::vector<VXGestureEvent2> gestureEvents(const EventTarget& target, const QGestureEvent& event)
+{
+    std::vector<VXGestureEvent2> result;
+    for (const QGesture* gesture : event.gestures()) {
+        VXGestureEvent2::Details details;
+        details.type = Qt2VX(gesture->gestureType());
+        details.state = Qt2VX(gesture->state());
+        details.hotSpot = Qt2VX(gesture->hotSpot());
+        if (const auto* pan = qobject_cast<const QPanGesture*>(gesture)) {
+            details.offset = Qt2VX(pan->offset());
+        } else if (const auto* pinch = qobject_cast<const QPinchGesture*>(gesture)) {
+            details.scale = pinch->scaleFactor();
+            details.totalScale = pinch->totalScaleFactor();
+            details.rotation = pinch->totalRotationAngle();
+        }
+        result.emplace_back(target.m_abstract, details);
+    }
+    return result;
+}
+
+}  // namespace VOXI

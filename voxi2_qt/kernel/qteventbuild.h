@@ -1,0 +1,47 @@
+#pragma once
+
+#include "voxi2/kernel/events.h"
+
+#include <QEvent>
+
+QT_BEGIN_NAMESPACE
+class QContextMenuEvent;
+class QDropEvent;
+class QFocusEvent;
+class QGestureEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QMoveEvent;
+class QResizeEvent;
+class QTouchEvent;
+class QWheelEvent;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// The toolkit's event type for a Qt event type; false when there is none.
+bool widgetEventOf(QEvent::Type type, WidgetEvent& event) noexcept;
+
+/// Where an event was received: the abstract widget, its Qt widget, and the widget that Qt delivered
+/// to, which for scroll areas is the viewport. Positions come out in the widget's coordinates.
+struct EventTarget {
+    VXWidget2* m_abstract;
+    QWidget* m_widget;
+    QWidget* m_receiver;
+};
+
+VXMouseEvent2 mouseEvent(const EventTarget& target, WidgetEvent type, const QMouseEvent& event);
+VXMouseEvent2 wheelEvent(const EventTarget& target, const QWheelEvent& event);
+VXKeyEvent2 keyEvent(const EventTarget& target, WidgetEvent type, const QKeyEvent& event);
+VXFocusEvent2 focusEvent(const EventTarget& target, WidgetEvent type, const QFocusEvent& event);
+VXMoveEvent2 moveEvent(const EventTarget& target, const QMoveEvent& event);
+VXResizeEvent2 resizeEvent(const EventTarget& target, const QResizeEvent& event);
+VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, const QContextMenuEvent& event);
+/// Enter, move and drop.
+VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropEvent& event);
+VXTouchEvent2 touchEvent(const EventTarget& target, WidgetEvent type, const QTouchEvent& event);
+/// One for each gesture in the event.
+std::vector<VXGestureEvent2> gestureEvents(const EventTarget& target, const QGestureEvent& event);
+
+}  // namespace VOXI

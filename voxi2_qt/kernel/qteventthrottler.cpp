@@ -1,0 +1,134 @@
+#include "voxi2_qt/kernel/qteventthrottler.h"
+
+#include "trov/thread.h"
+#include "voxi2/kernel/vxwidget2.h"
+
+#include <mutex>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+/// Guards the pending bits of all throttlers; never held while an event is sent.
+std::mutex s_pendingMutex;
+
+const TROV::Event<void(const VXMouseEvent2&)>& emitterOf(VXWidget2Emitters& emitters,
+                                                         const VXMouseEvent2& event)
+{
+    return event.type() == WidgetEvent::Wheel ? emitters.wheel : emitters.mouseMove;
+}
+
+const TROV::Event<void(const VXDragEvent2&)>& emitterOf(VXWidget2Emitters& emitters,
+                                                        const VXDragEvent2&)
+{
+    return emitters.dragMove;
+}
+
+const TROV::Event<void(const VXResizeEvent2&)>& emitterOf(VXWidget2Emitters& emitters,
+                                                          const VXResizeEvent2&)
+{
+    return emitters.resized;
+}
+
+const TROV::Event<void(const VXKeyEvent2&)>& emitterOf(VXWidget2Emitters& emitters,
+                                                       const VXKeyEvent2& event)
+{
+    return event.type() == WidgetEvent::KeyPress ? emitters.keyPress : emitters.keyRelease;
+}
+
+/// Frees a kind of event at the end of a scope.
+class PendingEnd {
+public:
+    PendingEnd(std::shared_ptr<unsigned> pending, unsigned bit)
+        : m_pending(std::move(pending)), m_bit(bit)
+    {
+    }
+    ~PendingEnd()
+    {
+        std::lock_guard lock(s_pendingMutex);
+        *m_pending &= ~m_bit;
+    }
+    PendingEnd(const PendingEnd&) = delete;
+    PendingEnd& operator=(const PendingEnd&) = delete;
+
+private:
+    std::shared_ptr<unsigned> m_pending;
+    unsigned m_bit;
+};
+
+}  // namespace
+
+EventThrottler::EventThrottler(VXWidget2* widget)
+    : m_widget(widget), m_widgetId(widget->id()), m_pending(std::make_shared<unsigned>(0))
+{
+    m_mouse.connect(this, &EventThrottler::deliver<VXMouseEvent2>);
+    m_resize.connect(this, &EventThrottler::deliver<VXResizeEvent2>);
+    m_drag.connect(this, &EventThrottler::deliver<VXDragEvent2>);
+    m_key.connect(this, &EventThrottler::deliver<VXKeyEvent2>);
+}
+
+EventThrottler::~EventThrottler()
+{
+    Listener::disconnect();
+}
+
+unsigned EventThrottler::pendingBit(WidgetEvent event) noexcept
+{
+    switch (event) {
+    case WidgetEvent::MouseMove:
+        return 0x01;
+    case WidgetEvent::DragMove:
+        return 0x02;
+    case WidgetEvent::Wheel:
+        return 0x04;
+    case WidgetEvent::Resize:
+        return 0x08;
+    case WidgetEvent::KeyPress:
+        return 0x10;
+    case WidgetEvent::KeyRelease:
+        return 0x20;
+    default:
+        return 0;
+    }
+}
+
+bool EventThrottler::isPending(WidgetEvent event) const
+{
+    std::lock_guard lock(s_pendingMutex);
+    return (*m_pending & pendingBit(event)) != 0;
+}
+
+template <class E>
+void EventThrottler::post(const Emitter<E>& emitter, const E& event)
+{
+    if (!TROV::Thread::getCurrentThread()->isAccepting())
+        return;  // nobody runs the queue any more, and nothing would ever clear the bit
+    if (isPending(event.type()))
+        return;
+    {
+        std::lock_guard lock(s_pendingMutex);
+        *m_pending |= pendingBit(event.type());
+    }
+    emitter.sendPacket(TROV::Packet(new TROV::Payload3<void, VXWidget2*, WidgetEvent, E>(
+                           m_widget, event.type(), event)),
+                       TROV::SendQueued, false);
+}
+
+template <class E>
+void EventThrottler::deliver(VXWidget2* widget, WidgetEvent type, const E& event)
+{
+    // A handler may throw, or destroy the widget and this throttler with it.
+    const PendingEnd end(m_pending, pendingBit(type));
+    const E copy = event;
+    VXObjectDataLocker lock;
+    if (VXObject::objectById(m_widgetId) == widget)
+        emitterOf(*widget->widgetEmitters(), copy)(copy);
+}
+
+std::unique_ptr<EventThrottlerBase> EventThrottlerFactory::createEventThrottler(VXWidget2* widget)
+{
+    return std::make_unique<EventThrottler>(widget);
+}
+
+}  // namespace VOXI

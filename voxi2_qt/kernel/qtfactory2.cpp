@@ -1,0 +1,109 @@
+#include "voxi2_qt/kernel/qtfactory2.h"
+
+#include "trov/connection.h"
+#include "voxi/vxbridge.h"
+#include "voxi2_qt/containers/qtboxlayout2.h"
+#include "voxi2_qt/containers/qtpanel2.h"
+#include "voxi2_qt/containers/qtwindow2.h"
+#include "voxi2_qt/controls/qtbutton2.h"
+#include "voxi2_qt/controls/qttext2.h"
+#include "voxi2_qt/kernel/qtdragdelegate2.h"
+#include "voxi2_qt/kernel/qtdragmanager2.h"
+
+namespace VOXI {
+
+namespace {
+
+/// Makes a peer of class `Peer` and finishes it. A peer that throws is not left behind.
+template <class Peer, class... Arguments>
+void create(Arguments... arguments)
+{
+    auto* peer = new Peer(arguments...);
+    peer->init();
+}
+
+}  // namespace
+
+QtFactory2* QtFactory2::m_factory = nullptr;
+
+void QtFactory2::createFactory(VXFactory2* factory)
+{
+    if (!m_factory)
+        m_factory = new QtFactory2(factory);
+}
+
+QtFactory2::QtFactory2(VXFactory2* factory)
+{
+    TROV::Thread* const thread = factory->getBridge()->thread();
+    const auto connect = [&](auto& request, auto operation) {
+        request.connect(this, operation, thread);
+    };
+    // In the order of the requests in `VXFactory2`; kinds without a peer are left unconnected.
+    connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
+    connect(factory->createButton2, &QtFactory2::createButton2);
+    connect(factory->createDragManager2, &QtFactory2::createDragManager2);
+    connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
+    connect(factory->createPanel2, &QtFactory2::createPanel2);
+    connect(factory->createText2, &QtFactory2::createText2);
+    connect(factory->createWindow2, &QtFactory2::createWindow2);
+    connect(factory->destroyObject, &QtFactory2::destroyObject);
+}
+
+QtFactory2::~QtFactory2()
+{
+    disconnect();
+}
+
+QWidget* QtFactory2::getQWidget(VXObject* object)
+{
+    return object ? qWidgetOf(lookup(object)) : nullptr;
+}
+
+QObject* QtFactory2::getQObject(VXObject* object)
+{
+    return object ? qObjectOf(lookup(object)) : nullptr;
+}
+
+void QtFactory2::createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters,
+                                  VXObject* parent, Direction direction)
+{
+    create<QtBoxLayout2>(object, emitters, getQWidget(parent), direction);
+}
+
+void QtFactory2::createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent)
+{
+    create<QtButton2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)
+{
+    create<QtDragManager2>(object, emitters);
+}
+
+void QtFactory2::createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters)
+{
+    create<QtDragDelegate2>(object, emitters);
+}
+
+void QtFactory2::createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent)
+{
+    create<QtPanel2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
+{
+    create<QtText2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent)
+{
+    create<QtWindow2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::destroyObject(unsigned uid)
+{
+    if (auto* peer = dynamic_cast<QtObject2*>(lookup(uid)))
+        peer->doDestroy();
+}
+
+}  // namespace VOXI

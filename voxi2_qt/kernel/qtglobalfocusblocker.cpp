@@ -1,0 +1,112 @@
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
+
+#include "voxi2_qt/containers/qtwindow2.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QTimerEvent>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace VOXI {
+
+namespace {
+
+// A window manager that has not answered by then will not.
+constexpr int GiveUpAfter = 500;
+
+}  // namespace
+
+QtGlobalFocusBlocker& QtGlobalFocusBlocker::instance()
+{
+    // A child of the application would be destroyed with it while windows still ask.
+    static auto* blocker = new QtGlobalFocusBlocker;
+    return *blocker;
+}
+
+void QtGlobalFocusBlocker::registerWindow(QWidget* window)
+{
+    if (!window || isRegistered(window))
+        return;
+    if (auto* peer = dynamic_cast<QtWindow2*>(window)) {
+        if (!peer->doGetSupportsGlobalFocusBlocker())
+            return;
+    }
+    m_windows[window].m_window = window;
+    window->installEventFilter(this);
+    // An active window changes its focus at once; only the events of this turn are to be waited
+    // for. Any other has to be activated first.
+    settle(window, window->isActiveWindow() ? 0 : GiveUpAfter);
+}
+
+bool QtGlobalFocusBlocker::isRegistered(const QWidget* window) const
+{
+    return m_windows.count(window) != 0;
+}
+
+bool QtGlobalFocusBlocker::blocks(const QWidget* widget, const QFocusEvent& event) const
+{
+    if (m_windows.empty() || !isRegistered(widget->window()))
+        return false;
+    switch (event.reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::OtherFocusReason:
+    case Qt::NoFocusReason:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool QtGlobalFocusBlocker::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::WindowActivate:
+        settle(watched, 0);
+        break;
+    case QEvent::Hide:
+    case QEvent::Destroy:
+        releaseWindow(watched);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void QtGlobalFocusBlocker::timerEvent(QTimerEvent* event)
+{
+    const auto found = std::find_if(m_windows.begin(), m_windows.end(), [&](const auto& entry) {
+        return entry.second.m_timer == event->timerId();
+    });
+    if (found != m_windows.end())
+        releaseWindow(found->first);
+    else
+        killTimer(event->timerId());
+}
+
+void QtGlobalFocusBlocker::settle(const QObject* window, int milliseconds)
+{
+    const auto found = m_windows.find(window);
+    if (found == m_windows.end())
+        return;
+    if (found->second.m_timer != 0)
+        killTimer(found->second.m_timer);
+    found->second.m_timer = startTimer(milliseconds);
+}
+
+void QtGlobalFocusBlocker::releaseWindow(const QObject* window)
+{
+    const auto found = m_windows.find(window);
+    if (found == m_windows.end())
+        return;
+    if (found->second.m_timer != 0)
+        killTimer(found->second.m_timer);
+    if (found->second.m_window)
+        found->second.m_window->removeEventFilter(this);
+    m_windows.erase(found);
+}
+
+}  // namespace VOXI

@@ -1,0 +1,567 @@
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtcursorregistry.h"
+#include "voxi2_qt/kernel/qtdragdelegate2.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+#include "voxi2_qt/kernel/qteventfilter2.h"
+
+#include <QAbstractScrollArea>
+#include <QAction>
+#include <QLayout>
+#include <QPainter>
+#include <QWidget>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXWidget2Emitters;
+using P = QtWidget2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::show, &P::doShow>(),
+    TROV::row<&E::hide, &P::doHide>(),
+    TROV::row<&E::raise, &P::doRaise>(),
+    TROV::row<&E::lower, &P::doLower>(),
+    TROV::row<&E::setActiveWindow, &P::doSetActiveWindow>(),
+    TROV::row<&E::refresh, &P::doRefresh>(),
+    TROV::row<&E::update, &P::doUpdate>(),
+    TROV::row<&E::adjustSize, &P::doAdjustSize>(),
+    TROV::row<&E::setContentsMargins, &P::doSetContentsMargins>(),
+    TROV::row<&E::setColor, &P::doSetColor>(),
+    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
+    TROV::row<&E::setEventConsumed, &P::doSetEventConsumed>(),
+    TROV::row<&E::setFocus, &P::doSetFocus>(),
+    TROV::row<&E::setFocusPolicy, &P::doSetFocusPolicy>(),
+    TROV::row<&E::setFocusProxy, &P::doSetFocusProxy>(),
+    TROV::row<&E::setFont, &P::doSetFont>(),
+    TROV::row<&E::setMaximumSize, &P::doSetMaximumSize>(),
+    TROV::row<&E::setMinimumSize, &P::doSetMinimumSize>(),
+    TROV::row<&E::resize, &P::doResize>(),
+    TROV::row<&E::setPosition, &P::doSetPosition>(),
+    TROV::row<&E::moveTo, &P::doMoveTo>(),
+    TROV::row<&E::setAcceptDrops, &P::doSetAcceptDrops>(),
+    TROV::row<&E::setToolTip, &P::doSetToolTip>(),
+    TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
+    TROV::row<&E::setVisible, &P::doSetVisible>(),
+    TROV::row<&E::setCursor, &P::doSetCursor>(),
+    TROV::row<&E::setObjectName, &P::doSetObjectName>(),
+    TROV::row<&E::setUpdatesEnabled, &P::doSetUpdatesEnabled>(),
+    TROV::row<&E::unsetCursor, &P::doUnsetCursor>(),
+    TROV::row<&E::setDragDelegate, &P::doSetDragDelegate>(),
+    TROV::row<&E::setWidgetHighlight, &P::doSetWidgetHighlight>(),
+    TROV::row<&E::restoreGeometry, &P::doRestoreGeometry>(),
+    TROV::row<&E::setSizeConstraint, &P::doSetSizeConstraint>(),
+    TROV::row<&E::setFixedSize, &P::doSetFixedSize>(),
+    TROV::row<&E::setSizePolicy, &P::doSetSizePolicy>(),
+    TROV::row<&E::isActiveWindow, &P::doIsActiveWindow>(),
+    TROV::row<&E::getColor, &P::doGetColor>(),
+    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
+    TROV::row<&E::isEventConsumed, &P::doIsEventConsumed>(),
+    TROV::row<&E::hasFocus, &P::doHasFocus>(),
+    TROV::row<&E::getFocusPolicy, &P::doGetFocusPolicy>(),
+    TROV::row<&E::getFocusProxy, &P::doGetFocusProxy>(),
+    TROV::row<&E::getFont, &P::doGetFont>(),
+    TROV::row<&E::getMaximumSize, &P::doGetMaximumSize>(),
+    TROV::row<&E::getMinimumSize, &P::doGetMinimumSize>(),
+    TROV::row<&E::getPosition, &P::doGetPosition>(),
+    TROV::row<&E::getGlobalPosition, &P::doGetGlobalPosition>(),
+    TROV::row<&E::mapToGlobal, &P::doMapToGlobal>(),
+    TROV::row<&E::mapFromGlobal, &P::doMapFromGlobal>(),
+    TROV::row<&E::canAcceptDrops, &P::doCanAcceptDrops>(),
+    TROV::row<&E::getContentsRect, &P::doGetContentsRect>(),
+    TROV::row<&E::getToolTip, &P::doGetToolTip>(),
+    TROV::row<&E::getToolTipU, &P::doGetToolTipU>(),
+    TROV::row<&E::getContentsMargins, &P::doGetContentsMargins>(),
+    TROV::row<&E::isVisible, &P::doIsVisible>(),
+    TROV::row<&E::getObjectName, &P::doGetObjectName>(),
+    TROV::row<&E::getCursor, &P::doGetCursor>(),
+    TROV::row<&E::getDragDelegate, &P::doGetDragDelegate>(),
+    TROV::row<&E::getWinId, &P::doGetWinId>(),
+    TROV::row<&E::isWidgetHighlighted, &P::doIsWidgetHighlighted>(),
+    TROV::row<&E::saveGeometry, &P::doSaveGeometry>(),
+    TROV::row<&E::triggerWidgetEvent, &P::doimTriggerWidgetEvent>(),
+    TROV::row<&E::triggerContextMenuEvent, &P::doimTriggerContextMenuEvent>(),
+    TROV::row<&E::triggerFocusEvent, &P::doimTriggerFocusEvent>(),
+    TROV::row<&E::triggerKeyEvent, &P::doimTriggerKeyEvent>(),
+    TROV::row<&E::triggerMouseEvent, &P::doimTriggerMouseEvent>(),
+    TROV::row<&E::triggerMoveEvent, &P::doimTriggerMoveEvent>(),
+    TROV::row<&E::triggerResizeEvent, &P::doimTriggerResizeEvent>(),
+    TROV::row<&E::setAccessibleName, &P::doSetAccessibleName>(),
+    TROV::row<&E::setAccessibleDescription, &P::doSetAccessibleDescription>(),
+    TROV::row<&E::getAccessibleName, &P::doGetAccessibleName>(),
+    TROV::row<&E::getAccessibleDescription, &P::doGetAccessibleDescription>());
+
+/// Where a toolkit colour role lives in a widget's palette.
+struct PaletteEntry {
+    bool m_disabled;
+    QPalette::ColorRole m_role;
+};
+
+PaletteEntry paletteEntry(ColorRole role, const QWidget& widget)
+{
+    const bool foreground =
+        role == ColorRole::Foreground || role == ColorRole::DisabledForeground;
+    return {role == ColorRole::DisabledBackground || role == ColorRole::DisabledForeground,
+            foreground ? widget.foregroundRole() : widget.backgroundRole()};
+}
+
+}  // namespace
+
+std::map<QtWidget2*, QAction*> QtWidget2::m_ActionMap;
+
+QtWidget2::QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters)
+    : QtObject2(widget, emitters->base()), m_emitters(emitters)
+{
+    bindRequests(emitters, s_requests);
+}
+
+QtWidget2::~QtWidget2()
+{
+    if (!m_ActionMap.empty())
+        m_ActionMap.erase(this);
+}
+
+void QtWidget2::endPeer()
+{
+    QtObject2::endPeer();
+    disableEventBroadcasting();
+}
+
+void QtWidget2::scheduleDelete()
+{
+    disableEventBroadcasting();
+    QtObject2::scheduleDelete();
+}
+
+void QtWidget2::doSetParent(VXObject* parent)
+{
+    if (!parent) {
+        asQWidget()->setParent(nullptr);
+        return;
+    }
+    withWidgetOf(parent, [this](QWidget* widget) { asQWidget()->setParent(widget); });
+}
+
+// Showing -----------------------------------------------------------------------------------------
+
+void QtWidget2::doShow()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Show, WidgetEvent::FocusIn});
+    asQWidget()->show();
+}
+
+void QtWidget2::doHide()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
+    asQWidget()->hide();
+}
+
+void QtWidget2::doRaise()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    asQWidget()->raise();
+}
+
+void QtWidget2::doLower()
+{
+    asQWidget()->lower();
+}
+
+void QtWidget2::doSetActiveWindow()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    asQWidget()->activateWindow();
+    asQWidget()->raise();
+}
+
+void QtWidget2::doRefresh()
+{
+    asQWidget()->updateGeometry();
+    asQWidget()->repaint();
+}
+
+void QtWidget2::doUpdate()
+{
+    asQWidget()->update();
+}
+
+void QtWidget2::doSetVisible(bool visible)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Show, WidgetEvent::Hide});
+    asQWidget()->setVisible(visible);
+    if (QAction* action = getWidgetAction())
+        action->setVisible(visible);
+}
+
+bool QtWidget2::doIsVisible()
+{
+    return asQWidget()->isVisible() && !asQWidget()->isMinimized();
+}
+
+bool QtWidget2::doIsActiveWindow()
+{
+    return asQWidget()->isActiveWindow();
+}
+
+void QtWidget2::doSetUpdatesEnabled(bool enabled)
+{
+    asQWidget()->setUpdatesEnabled(enabled);
+}
+
+// Geometry ----------------------------------------------------------------------------------------
+
+void QtWidget2::doAdjustSize()
+{
+    asQWidget()->adjustSize();
+}
+
+void QtWidget2::doResize(Size<int> size)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    asQWidget()->resize(VX2Qt(size));
+}
+
+void QtWidget2::doSetPosition(VXRect<int> geometry)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    asQWidget()->setGeometry(VX2Qt(geometry));
+}
+
+void QtWidget2::doMoveTo(VXPoint<int> position)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move});
+    asQWidget()->move(VX2Qt(position));
+}
+
+VXRect<int> QtWidget2::doGetPosition()
+{
+    return Qt2VX(asQWidget()->geometry());
+}
+
+VXRect<int> QtWidget2::doGetGlobalPosition()
+{
+    const QWidget* widget = asQWidget();
+    return Qt2VX(QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size()));
+}
+
+VXPoint<int> QtWidget2::doMapToGlobal(VXPoint<int> point)
+{
+    return Qt2VX(asQWidget()->mapToGlobal(VX2Qt(point)));
+}
+
+VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
+{
+    return Qt2VX(asQWidget()->mapFromGlobal(VX2Qt(point)));
+}
+
+void QtWidget2::doSetMaximumSize(Size<int> size)
+{
+    if (size.width == -1)
+        asQWidget()->setMaximumHeight(size.height);
+    else if (size.height == -1)
+        asQWidget()->setMaximumWidth(size.width);
+    else
+        asQWidget()->setMaximumSize(VX2Qt(size));
+}
+
+void QtWidget2::doSetMinimumSize(Size<int> size)
+{
+    if (size.width == -1)
+        asQWidget()->setMinimumHeight(size.height);
+    else if (size.height == -1)
+        asQWidget()->setMinimumWidth(size.width);
+    else
+        asQWidget()->setMinimumSize(VX2Qt(size));
+}
+
+Size<int> QtWidget2::doGetMaximumSize()
+{
+    return Qt2VX(asQWidget()->maximumSize());
+}
+
+Size<int> QtWidget2::doGetMinimumSize()
+{
+    return Qt2VX(asQWidget()->minimumSize());
+}
+
+void QtWidget2::doSetFixedSize(Size<int> size)
+{
+    asQWidget()->setFixedSize(VX2Qt(size));
+}
+
+void QtWidget2::doSetSizePolicy(Policy horizontal, Policy vertical)
+{
+    asQWidget()->setSizePolicy(VX2Qt(horizontal), VX2Qt(vertical));
+}
+
+void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
+{
+    if (QLayout* layout = asQWidget()->layout())
+        layout->setSizeConstraint(VX2Qt(constraint));
+}
+
+void QtWidget2::doSetContentsMargins(VXRect<int> margins)
+{
+    asQWidget()->setContentsMargins(toQMargins(margins));
+}
+
+VXRect<int> QtWidget2::doGetContentsMargins()
+{
+    return toVXMargins(asQWidget()->contentsMargins());
+}
+
+VXRect<int> QtWidget2::doGetContentsRect()
+{
+    return Qt2VX(asQWidget()->contentsRect());
+}
+
+std::string QtWidget2::doSaveGeometry()
+{
+    return asQWidget()->saveGeometry().toBase64().toStdString();
+}
+
+void QtWidget2::doRestoreGeometry(const std::string& geometry)
+{
+    asQWidget()->restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
+}
+
+// Looks -------------------------------------------------------------------------------------------
+
+void QtWidget2::doSetColor(ColorRole role, Color color)
+{
+    QWidget* widget = asQWidget();
+    const PaletteEntry entry = paletteEntry(role, *widget);
+    const QBrush brush(QColor(color.red(), color.green(), color.blue()));
+    QPalette palette = widget->palette();
+    if (entry.m_disabled) {
+        palette.setBrush(QPalette::Disabled, entry.m_role, brush);
+    } else {
+        palette.setBrush(QPalette::Active, entry.m_role, brush);
+        palette.setBrush(QPalette::Inactive, entry.m_role, brush);
+    }
+    widget->setPalette(palette);
+}
+
+Color QtWidget2::doGetColor(ColorRole role)
+{
+    const QWidget* widget = asQWidget();
+    const PaletteEntry entry = paletteEntry(role, *widget);
+    return Qt2VX(widget->palette().color(entry.m_disabled ? QPalette::Disabled : QPalette::Active,
+                                         entry.m_role));
+}
+
+void QtWidget2::doSetFont(const VXFont& font)
+{
+    asQWidget()->setFont(VX2Qt(font));
+}
+
+VXFont QtWidget2::doGetFont()
+{
+    return Qt2VX(asQWidget()->font());
+}
+
+void QtWidget2::doSetCursor(const Cursor& cursor)
+{
+    asQWidget()->setCursor(QtCursorRegistry::toQCursor(cursor));
+}
+
+void QtWidget2::doUnsetCursor()
+{
+    asQWidget()->unsetCursor();
+}
+
+Cursor QtWidget2::doGetCursor()
+{
+    return QtCursorRegistry::toCursor(asQWidget()->cursor());
+}
+
+void QtWidget2::doSetToolTip(const std::string& text)
+{
+    asQWidget()->setToolTip(toQString(text));
+}
+
+void QtWidget2::doSetToolTipU(const std::wstring& text)
+{
+    asQWidget()->setToolTip(toQString(text));
+}
+
+std::string QtWidget2::doGetToolTip()
+{
+    return toStdString(asQWidget()->toolTip());
+}
+
+std::wstring QtWidget2::doGetToolTipU()
+{
+    return toStdWString(asQWidget()->toolTip());
+}
+
+void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha)
+{
+    m_highlighted = on;
+    m_highlightColor = QColor(red, green, blue, alpha);
+    if (QAbstractScrollArea* area = scrollArea())
+        area->viewport()->update();
+    asQWidget()->update();
+}
+
+bool QtWidget2::doIsWidgetHighlighted()
+{
+    return m_highlighted;
+}
+
+void QtWidget2::paintHighlight()
+{
+    constexpr qreal penWidth = 2;
+    constexpr qreal radius = 4;
+    QAbstractScrollArea* area = scrollArea();
+    QWidget* surface = area ? area->viewport() : asQWidget();
+    QPainter painter(surface);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(m_highlightColor, penWidth));
+    painter.setBrush(Qt::NoBrush);
+    const qreal inset = penWidth / 2;
+    painter.drawRoundedRect(QRectF(surface->rect()).adjusted(inset, inset, -inset, -inset), radius,
+                            radius);
+}
+
+void QtWidget2::doSetAccessibleName(const std::wstring& name)
+{
+    asQWidget()->setAccessibleName(toQString(name));
+}
+
+void QtWidget2::doSetAccessibleDescription(const std::wstring& description)
+{
+    asQWidget()->setAccessibleDescription(toQString(description));
+}
+
+std::wstring QtWidget2::doGetAccessibleName()
+{
+    return toStdWString(asQWidget()->accessibleName());
+}
+
+std::wstring QtWidget2::doGetAccessibleDescription()
+{
+    return toStdWString(asQWidget()->accessibleDescription());
+}
+
+// Input -------------------------------------------------------------------------------------------
+
+void QtWidget2::doSetEnabled(bool enabled)
+{
+    asQWidget()->setEnabled(enabled);
+}
+
+bool QtWidget2::doIsEnabled()
+{
+    return asQWidget()->isEnabled();
+}
+
+void QtWidget2::doSetFocus()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    asQWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+bool QtWidget2::doHasFocus()
+{
+    return asQWidget()->hasFocus();
+}
+
+void QtWidget2::doSetFocusPolicy(FocusPolicy policy)
+{
+    asQWidget()->setFocusPolicy(VX2Qt(policy));
+}
+
+FocusPolicy QtWidget2::doGetFocusPolicy()
+{
+    return Qt2VX(asQWidget()->focusPolicy());
+}
+
+void QtWidget2::doSetFocusProxy(VXWidget2* proxy)
+{
+    if (!proxy) {
+        asQWidget()->setFocusProxy(nullptr);
+        return;
+    }
+    withWidgetOf(proxy, [this](QWidget* widget) { asQWidget()->setFocusProxy(widget); });
+}
+
+VXWidget2* QtWidget2::doGetFocusProxy()
+{
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(asQWidget()->focusProxy()));
+}
+
+void QtWidget2::doSetAcceptDrops(bool accept)
+{
+    asQWidget()->setAcceptDrops(accept);
+}
+
+bool QtWidget2::doCanAcceptDrops()
+{
+    return asQWidget()->acceptDrops();
+}
+
+void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
+{
+    if (!delegate) {
+        m_dragDelegateId = 0;
+        return;
+    }
+    withPeerOf<QtDragDelegate2>(delegate, [this](QtDragDelegate2* peer) {
+        m_dragDelegateId = peer ? peer->getUID() : 0;
+    });
+}
+
+VXDragDelegate2* QtWidget2::doGetDragDelegate()
+{
+    const QtDragDelegate2* delegate = dragDelegate();
+    return delegate ? dynamic_cast<VXDragDelegate2*>(delegate->getHandle()) : nullptr;
+}
+
+QtDragDelegate2* QtWidget2::dragDelegate() const
+{
+    // By id: the delegate may have gone meanwhile.
+    return m_dragDelegateId ? dynamic_cast<QtDragDelegate2*>(lookup(m_dragDelegateId)) : nullptr;
+}
+
+// Identity ----------------------------------------------------------------------------------------
+
+void QtWidget2::doSetObjectName(const std::string& name)
+{
+    asQWidget()->setObjectName(toQString(name));
+}
+
+std::string QtWidget2::doGetObjectName()
+{
+    return toStdString(asQWidget()->objectName());
+}
+
+unsigned long long QtWidget2::doGetWinId()
+{
+    return asQWidget()->winId();
+}
+
+void QtWidget2::addWidgetAction(QAction* action)
+{
+    if (action)
+        m_ActionMap[this] = action;
+    else
+        m_ActionMap.erase(this);
+}
+
+QAction* QtWidget2::getWidgetAction() const
+{
+    if (m_ActionMap.empty())
+        return nullptr;
+    const auto found = m_ActionMap.find(const_cast<QtWidget2*>(this));
+    return found == m_ActionMap.end() ? nullptr : found->second;
+}
+
+QAbstractScrollArea* QtWidget2::scrollArea() const noexcept
+{
+    return qobject_cast<QAbstractScrollArea*>(asQWidget());
+}
+
+}  // namespace VOXI

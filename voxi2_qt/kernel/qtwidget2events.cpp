@@ -1,0 +1,187 @@
+// The part of QtWidget2 that is about events: which are passed back, and those that a program has
+// happen as if the user had caused them.
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtdragdelegate2.h"
+#include "voxi2_qt/kernel/qteventfilter2.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+namespace VOXI {
+
+// Switches ----------------------------------------------------------------------------------------
+
+void QtWidget2::enableEventBroadcasting()
+{
+    if (m_eventFilter)
+        return;
+    QWidget* widget = asQWidget();
+    QAbstractScrollArea* area = scrollArea();
+    m_eventFilter = new QtEventFilter2(*this, widget, area);
+    widget->installEventFilter(m_eventFilter);
+    if (area) {
+        area->viewport()->installEventFilter(m_eventFilter);
+        area->viewport()->grabGesture(Qt::PinchGesture);
+        area->viewport()->grabGesture(Qt::PanGesture);
+    }
+}
+
+void QtWidget2::disableEventBroadcasting()
+{
+    if (!m_eventFilter)
+        return;
+    if (QAbstractScrollArea* area = scrollArea(); area && area->viewport()) {
+        area->viewport()->removeEventFilter(m_eventFilter);
+        area->viewport()->ungrabGesture(Qt::PinchGesture);
+        area->viewport()->ungrabGesture(Qt::PanGesture);
+    }
+    asQWidget()->removeEventFilter(m_eventFilter);
+    delete std::exchange(m_eventFilter, nullptr);
+}
+
+void QtWidget2::enableEventBroadcasting(WidgetEvent event)
+{
+    if (m_eventFilter)
+        m_eventFilter->setBroadcast(event, true);
+}
+
+void QtWidget2::disableEventBroadcasting(WidgetEvent event)
+{
+    if (m_eventFilter)
+        m_eventFilter->setBroadcast(event, false);
+}
+
+bool QtWidget2::isEventBroadcastingEnabled(WidgetEvent event) const
+{
+    return m_eventFilter && m_eventFilter->isBroadcast(event);
+}
+
+void QtWidget2::doSetEventConsumed(WidgetEvent event, bool consumed)
+{
+    if (m_eventFilter)
+        m_eventFilter->setConsumed(event, consumed);
+}
+
+bool QtWidget2::doIsEventConsumed(WidgetEvent event)
+{
+    return m_eventFilter && m_eventFilter->isConsumed(event);
+}
+
+void QtWidget2::enableGestureEvents()
+{
+    for (const Qt::GestureType type : {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture,
+                                       Qt::PinchGesture, Qt::SwipeGesture})
+        asQWidget()->grabGesture(type);
+}
+
+void QtWidget2::disableGestureEvents()
+{
+    for (const Qt::GestureType type : {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture,
+                                       Qt::PinchGesture, Qt::SwipeGesture})
+        asQWidget()->ungrabGesture(type);
+}
+
+// As if the user had done it ----------------------------------------------------------------------
+
+void QtWidget2::doimTriggerWidgetEvent(WidgetEvent event)
+{
+    switch (event) {
+    case WidgetEvent::Close:
+        asQWidget()->close();
+        break;
+    case WidgetEvent::Hide:
+        asQWidget()->hide();
+        break;
+    case WidgetEvent::Show:
+        asQWidget()->show();
+        break;
+    default:
+        break;
+    }
+}
+
+void QtWidget2::doimTriggerContextMenuEvent(VXPoint<int> local, VXPoint<int> global)
+{
+    QContextMenuEvent event(QContextMenuEvent::Other, VX2Qt(local), VX2Qt(global));
+    QApplication::sendEvent(asQWidget(), &event);
+}
+
+void QtWidget2::doimTriggerFocusEvent(WidgetEvent event)
+{
+    if (event == WidgetEvent::FocusIn)
+        asQWidget()->setFocus(Qt::OtherFocusReason);
+    else if (event == WidgetEvent::FocusOut)
+        asQWidget()->clearFocus();
+}
+
+void QtWidget2::doimTriggerKeyEvent(WidgetEvent type, const VXKeyEvent2& key)
+{
+    QKeyEvent event(VX2Qt(type), VX2Qt(key.key()), VX2Qt(key.modifiers()), toQString(key.text()),
+                    key.isAutoRepeat(), static_cast<quint16>(key.count()));
+    QApplication::sendEvent(asQWidget(), &event);
+}
+
+void QtWidget2::doimTriggerMouseEvent(WidgetEvent type, const VXMouseEvent2& mouse)
+{
+    // A scroll area gets its mouse events through the viewport.
+    QWidget* target = asQWidget();
+    QPoint position = VX2Qt(mouse.position());
+    if (QAbstractScrollArea* area = scrollArea()) {
+        target = area->viewport();
+        position = target->mapFrom(area, position);
+    }
+    QMouseEvent event(VX2Qt(type), position, target->mapToGlobal(position), VX2Qt(mouse.button()),
+                      VX2Qt(mouse.buttons()), VX2Qt(mouse.modifiers()));
+    QApplication::sendEvent(target, &event);
+}
+
+void QtWidget2::doimTriggerMoveEvent(VXPoint<int> position)
+{
+    asQWidget()->move(VX2Qt(position));
+}
+
+void QtWidget2::doimTriggerResizeEvent(Size<int> size)
+{
+    asQWidget()->resize(VX2Qt(size));
+}
+
+// Drags over the widget ---------------------------------------------------------------------------
+
+void QtWidget2::passDragEnter(QDragEnterEvent* event)
+{
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragEnter(abstractWidget(), event); });
+}
+
+void QtWidget2::passDragMove(QDragMoveEvent* event)
+{
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragMove(abstractWidget(), event); });
+}
+
+void QtWidget2::passDragLeave(QDragLeaveEvent* event)
+{
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragLeave(abstractWidget(), event); });
+}
+
+void QtWidget2::passDrop(QDropEvent* event)
+{
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.drop(abstractWidget(), event); });
+}
+
+template <class Function>
+void QtWidget2::passToDelegate(Function&& function)
+{
+    QtDragDelegate2* delegate = dragDelegate();
+    if (!delegate)
+        return;
+    VXObjectDataLocker lock;
+    if (isVXObjectValid())
+        function(*delegate);
+}
+
+}  // namespace VOXI
