@@ -53,7 +53,7 @@ check_references() {
 # Bytes (QByteArray) are no text.
 check_text_conversion() {
     ! git grep --untracked -nE -e 'QString::fromStd|(\.|->)toStd(W|U16|U32)?String\(' \
-        --and --not -e 'QByteArray|Base64' -- platform voxi2_qt apps \
+        --and --not -e 'QByteArray|Base64' -- voxi2_qt apps \
         ':!voxi2_qt/kernel/*text*' ':!voxi2_qt/export/include/voxi2_qt/kernel/*text*'
 }
 
