@@ -1,0 +1,7 @@
+#pragma once
+
+// Every conversion between values of the toolkit and values of Qt.
+#include "voxi2_qt/kernel/qtgeometry.h"
+#include "voxi2_qt/kernel/qtinput.h"
+#include "voxi2_qt/kernel/qttext.h"
+#include "voxi2_qt/kernel/qtwindowflags.h"

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "voxi_util/geometry.h"
+
+#include <QMargins>
+#include <QPoint>
+#include <QPointF>
+#include <QRect>
+#include <QSize>
+
+namespace VOXI {
+
+inline constexpr QPoint VX2Qt(const VXPoint<int>& point) noexcept
+{
+    return {point.x, point.y};
+}
+
+inline constexpr VXPoint<int> Qt2VX(const QPoint& point) noexcept
+{
+    return {point.x(), point.y()};
+}
+
+inline constexpr QPointF VX2Qt(const VXPoint<double>& point) noexcept
+{
+    return {point.x, point.y};
+}
+
+inline constexpr VXPoint<double> Qt2VX(const QPointF& point) noexcept
+{
+    return {point.x(), point.y()};
+}
+
+inline constexpr QSize VX2Qt(const Size<int>& size) noexcept
+{
+    return {size.width, size.height};
+}
+
+inline constexpr Size<int> Qt2VX(const QSize& size) noexcept
+{
+    return {size.width(), size.height()};
+}
+
+/// A rectangle: x, y, width and height.
+inline constexpr QRect VX2Qt(const VXRect<int>& rect) noexcept
+{
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+/// The rectangle, as x, y, width and height.
+inline constexpr VXRect<int> Qt2VX(const QRect& rect) noexcept
+{
+    return {rect.x(), rect.y(), rect.width(), rect.height()};
+}
+
+/// Four numbers that stand for margins, in the order left, top, right, bottom.
+inline constexpr QMargins toQMargins(const VXRect<int>& margins) noexcept
+{
+    return {margins.marginLeft(), margins.marginTop(), margins.marginRight(),
+            margins.marginBottom()};
+}
+
+/// Margins as four numbers, in the order left, top, right, bottom.
+inline constexpr VXRect<int> toVXMargins(const QMargins& margins) noexcept
+{
+    return VXRect<int>::margins(margins.left(), margins.top(), margins.right(), margins.bottom());
+}
+
+} // namespace VOXI

@@ -1,0 +1,80 @@
+#include "voxi2_qt/kernel/qttext.h"
+
+#include <QUtf8StringView>
+
+#include <algorithm>
+
+namespace VOXI {
+
+namespace {
+constexpr char32_t FirstSurrogate = 0xd800;
+constexpr char32_t LastSurrogate = 0xdfff;
+constexpr char32_t LastOfBmp = 0xffff;
+
+std::u16string_view viewOf(const QString& text)
+{
+    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+
+bool isSurrogate(char16_t unit)
+{
+    return unit >= FirstSurrogate && unit <= LastSurrogate;
+}
+
+std::string latin1FromUtf16(std::u16string_view text)
+{
+    std::string result(text.size(), '\0');
+    std::transform(text.begin(), text.end(), result.begin(), [](char16_t unit) {
+        return unit > 0xff ? '?' : static_cast<char>(static_cast<unsigned char>(unit));
+    });
+    return result;
+}
+} // namespace
+
+// Qt's own reader drops a byte order mark and counts ill-formed sequences in another way than
+// voxi_util; it serves the texts that have neither.
+QString Detail::qStringFromUtf8(std::string_view text)
+{
+    const QUtf8StringView view(text.data(), static_cast<qsizetype>(text.size()));
+    if (!text.starts_with("\xef\xbb\xbf") && view.isValidUtf8())
+        return QString::fromUtf8(view.data(), view.size());
+    return toQString(wideFromUtf8(text));
+}
+
+// Qt would write a lone surrogate as '?'.
+std::string Detail::utf8FromQString(const QString& text)
+{
+    if (!text.isValidUtf16())
+        return utf8FromWide(toStdWString(text));
+    const QByteArray bytes = text.toUtf8();
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+QString toQString(const std::wstring& text)
+{
+    const bool oneUnitEach = std::all_of(text.begin(), text.end(), [](wchar_t character) {
+        return static_cast<char32_t>(character) <= LastOfBmp;
+    });
+    if (!oneUnitEach)
+        return toQString(std::u16string_view(utf16FromWide(text)));
+    QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](wchar_t character) { return QChar(static_cast<char16_t>(character)); });
+    return result;
+}
+
+std::string toStdString(const QString& text)
+{
+    return narrowTextEncoding() == NarrowTextEncoding::Latin1 ? latin1FromUtf16(viewOf(text))
+                                                              : Detail::utf8FromQString(text);
+}
+
+std::wstring toStdWString(const QString& text)
+{
+    const std::u16string_view units = viewOf(text);
+    if (std::any_of(units.begin(), units.end(), isSurrogate))
+        return wideFromUtf16(units);
+    return {units.begin(), units.end()};
+}
+
+} // namespace VOXI
