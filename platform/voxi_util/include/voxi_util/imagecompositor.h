@@ -1,0 +1,23 @@
+#pragma once
+
+#include "voxi_util/icon.h"
+#include "voxi_util/voxi_util_export.h"
+
+namespace VOXI {
+
+/// Works out what an icon looks like.
+class VOXI_UTIL_EXPORT ImageCompositor
+{
+public:
+    /// A raw pixmap of exactly `pixels`. Any thread.
+    ///
+    /// Of each layer it takes the best source: of the mode and state asked for, else of mode
+    /// Normal, else of the other state; of those the smallest that is large enough. A missing
+    /// Disabled picture is made from the Normal one, grey and half transparent. Pictures keep
+    /// their proportions and are centred. Layers that cannot be decoded are left out; the result
+    /// is null when nothing is left or `pixels` is empty.
+    static Pixmap compose(const Icon& icon, Size<int> pixels, Icon::IconMode mode,
+                          Icon::IconState state);
+};
+
+} // namespace VOXI

@@ -1,0 +1,264 @@
+#include "voxi_util/imagecompositor.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace VOXI {
+namespace {
+
+/// Red, green, blue and alpha of 0 to 1, premultiplied: only so may pixels be averaged.
+using Sample = std::array<float, 4>;
+
+struct Plane
+{
+    int width = 0;
+    int height = 0;
+    std::vector<Sample> samples;
+
+    Plane(int w, int h)
+        : width(w),
+          height(h),
+          samples(static_cast<std::size_t>(w) * static_cast<std::size_t>(h))
+    {}
+    Sample& at(int x, int y) { return samples[index(x, y)]; }
+    const Sample& at(int x, int y) const { return samples[index(x, y)]; }
+
+private:
+    std::size_t index(int x, int y) const
+    {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width)
+               + static_cast<std::size_t>(x);
+    }
+};
+
+/// 0 for a source of exactly the mode and state; the less it suits, the more.
+int mismatch(const Icon::Source& source, Icon::IconMode mode, Icon::IconState state)
+{
+    const int modeStep = source.mode == mode ? 0 : source.mode == Icon::IconMode::Normal ? 1 : 4;
+    return modeStep + (source.state == state ? 0 : 2);
+}
+
+bool coversSize(Size<int> size, Size<int> wanted)
+{
+    return size.width >= wanted.width && size.height >= wanted.height;
+}
+
+/// Large enough and as small as possible, else of no size of its own, else as large as possible.
+bool suitsBetter(Size<int> a, Size<int> b, Size<int> wanted)
+{
+    const auto rank = [wanted](Size<int> size) {
+        return size.isEmpty() ? 1 : coversSize(size, wanted) ? 0 : 2;
+    };
+    const auto area = [](Size<int> size) { return static_cast<double>(size.width) * size.height; };
+    if (rank(a) != rank(b))
+        return rank(a) < rank(b);
+    return rank(a) == 0 ? area(a) < area(b) : area(a) > area(b);
+}
+
+/// Null when the layer has no source.
+const Icon::Source* bestSource(const Icon::Layer& layer, Size<int> wanted, Icon::IconMode mode,
+                               Icon::IconState state)
+{
+    const Icon::Source* best = nullptr;
+    for (const Icon::Source& source : layer.sources) {
+        if (!best) {
+            best = &source;
+            continue;
+        }
+        const int difference = mismatch(source, mode, state) - mismatch(*best, mode, state);
+        if (difference < 0
+            || (difference == 0 && suitsBetter(source.nominalSize, best->nominalSize, wanted)))
+            best = &source;
+    }
+    return best;
+}
+
+/// Null when it cannot be decoded.
+Pixmap rawPixmap(const Pixmap& pixmap, Size<int> wanted)
+{
+    if (pixmap.isRaw())
+        return pixmap;
+    const std::shared_ptr<ImageDecoder> decoder = ImageDecoder::installed();
+    const Pixmap decoded = decoder ? decoder->decode(pixmap, wanted) : Pixmap();
+    return decoded.isRaw() ? decoded : Pixmap();
+}
+
+Plane planeOf(const Pixmap& pixmap)
+{
+    Plane plane(pixmap.width(), pixmap.height());
+    for (std::size_t i = 0; i < plane.samples.size(); ++i) {
+        const std::uint32_t rgba = pixmap.pixels()[i];
+        const float alpha = static_cast<float>(rgba & 0xffu) / 255.f;
+        const auto premultiplied = [rgba, alpha](int shift) {
+            return static_cast<float>(rgba >> shift & 0xffu) / 255.f * alpha;
+        };
+        plane.samples[i] = {premultiplied(24), premultiplied(16), premultiplied(8), alpha};
+    }
+    return plane;
+}
+
+Pixmap pixmapOf(const Plane& plane)
+{
+    std::vector<std::uint32_t> pixels;
+    pixels.reserve(plane.samples.size());
+    for (const Sample& sample : plane.samples) {
+        const auto byte = [](float value) {
+            return static_cast<std::uint32_t>(std::lround(std::clamp(value, 0.f, 1.f) * 255.f));
+        };
+        const float alpha = sample[3];
+        if (byte(alpha) == 0) {
+            pixels.push_back(0);
+            continue;
+        }
+        pixels.push_back(byte(sample[0] / alpha) << 24 | byte(sample[1] / alpha) << 16
+                         | byte(sample[2] / alpha) << 8 | byte(alpha));
+    }
+    return Pixmap(plane.width, plane.height, std::move(pixels));
+}
+
+struct Share
+{
+    int from;
+    float weight;
+};
+
+/// Which source positions each of `target` positions is made of: by area when there are fewer
+/// than in the source, else linear between the two nearest.
+std::vector<std::vector<Share>> sharesOf(int source, int target)
+{
+    std::vector<std::vector<Share>> shares(static_cast<std::size_t>(target));
+    const double step = static_cast<double>(source) / target;
+    for (int i = 0; i < target; ++i) {
+        std::vector<Share>& own = shares[static_cast<std::size_t>(i)];
+        if (target < source) {
+            const double begin = i * step;
+            const double end = begin + step;
+            for (int k = static_cast<int>(begin); k < source && k < end; ++k) {
+                const double covered = std::min(end, k + 1.0) - std::max(begin, double(k));
+                own.push_back({k, static_cast<float>(covered / step)});
+            }
+        } else {
+            const double centre = std::clamp((i + 0.5) * step - 0.5, 0.0, source - 1.0);
+            const int low = static_cast<int>(centre);
+            const auto part = static_cast<float>(centre - low);
+            own = {{low, 1 - part}, {std::min(low + 1, source - 1), part}};
+        }
+    }
+    return shares;
+}
+
+void addWeighted(Sample& sum, const Sample& sample, float weight)
+{
+    for (std::size_t i = 0; i < sum.size(); ++i)
+        sum[i] += sample[i] * weight;
+}
+
+Plane scaled(const Plane& source, Size<int> size)
+{
+    if (size == Size<int>{source.width, source.height})
+        return source;
+    const auto columns = sharesOf(source.width, size.width);
+    const auto rows = sharesOf(source.height, size.height);
+    Plane narrow(size.width, source.height);
+    for (int y = 0; y < source.height; ++y)
+        for (int x = 0; x < size.width; ++x)
+            for (const Share& share : columns[static_cast<std::size_t>(x)])
+                addWeighted(narrow.at(x, y), source.at(share.from, y), share.weight);
+    Plane result(size.width, size.height);
+    for (int y = 0; y < size.height; ++y)
+        for (const Share& share : rows[static_cast<std::size_t>(y)])
+            for (int x = 0; x < size.width; ++x)
+                addWeighted(result.at(x, y), narrow.at(x, share.from), share.weight);
+    return result;
+}
+
+void makeDisabled(Plane& plane)
+{
+    for (Sample& sample : plane.samples) {
+        const float grey = 0.299f * sample[0] + 0.587f * sample[1] + 0.114f * sample[2];
+        sample = {grey / 2, grey / 2, grey / 2, sample[3] / 2};
+    }
+}
+
+/// Source over: what is below shows as far as the source is transparent.
+void draw(Plane& canvas, const Plane& source, VXPoint<int> at, double opacity)
+{
+    const auto factor = static_cast<float>(opacity > 0 ? std::min(opacity, 1.0) : 0.0);
+    const int endX = std::min(source.width, canvas.width - at.x);
+    const int endY = std::min(source.height, canvas.height - at.y);
+    for (int y = std::max(0, -at.y); y < endY; ++y) {
+        for (int x = std::max(0, -at.x); x < endX; ++x) {
+            const Sample& above = source.at(x, y);
+            Sample& pixel = canvas.at(at.x + x, at.y + y);
+            const float remaining = 1 - above[3] * factor;
+            for (std::size_t i = 0; i < pixel.size(); ++i)
+                pixel[i] = above[i] * factor + pixel[i] * remaining;
+        }
+    }
+}
+
+/// The placement in pixels; fractions far outside would ask for pictures of any size.
+VXRect<int> boxOf(const VXRect<double>& placement, Size<int> pixels)
+{
+    const auto edge = [](double fraction, int extent) {
+        const double limited = fraction > -4 ? std::min(fraction, 4.0) : -4.0;
+        return static_cast<int>(std::lround(limited * extent));
+    };
+    const int left = edge(placement.x, pixels.width);
+    const int top = edge(placement.y, pixels.height);
+    return {left, top, edge(placement.x + placement.width, pixels.width) - left,
+            edge(placement.y + placement.height, pixels.height) - top};
+}
+
+/// The largest of the picture's proportions that fits.
+Size<int> fitted(Size<int> picture, Size<int> box)
+{
+    const double factor = std::min(static_cast<double>(box.width) / picture.width,
+                                   static_cast<double>(box.height) / picture.height);
+    const auto extent = [factor](int value) {
+        return std::max(1, static_cast<int>(std::lround(value * factor)));
+    };
+    return {extent(picture.width), extent(picture.height)};
+}
+
+} // namespace
+
+Pixmap ImageCompositor::compose(const Icon& icon, Size<int> pixels, Icon::IconMode mode,
+                                Icon::IconState state)
+{
+    if (pixels.isEmpty() || icon.isNull())
+        return {};
+    Plane canvas(pixels.width, pixels.height);
+    bool anything = false;
+    for (const Icon::Layer& layer : icon.layers()) {
+        const VXRect<int> box = boxOf(layer.placement, pixels);
+        const Icon::Source* const source =
+            box.isEmpty() ? nullptr : bestSource(layer, box.size(), mode, state);
+        const Pixmap pixmap = source ? rawPixmap(source->pixmap, box.size()) : Pixmap();
+        if (pixmap.isNull())
+            continue;
+        const bool derive =
+            mode == Icon::IconMode::Disabled && source->mode != Icon::IconMode::Disabled;
+        // The everyday case costs nothing: one picture that is as it should be.
+        if (icon.layers().size() == 1 && !derive && pixmap.size() == pixels
+            && box == VXRect<int>{0, 0, pixels.width, pixels.height} && layer.opacity >= 1)
+            return pixmap;
+
+        Plane picture = scaled(planeOf(pixmap), fitted(pixmap.size(), box.size()));
+        if (derive)
+            makeDisabled(picture);
+        draw(canvas, picture,
+             {box.x + (box.width - picture.width) / 2, box.y + (box.height - picture.height) / 2},
+             layer.opacity);
+        anything = true;
+    }
+    return anything ? pixmapOf(canvas) : Pixmap();
+}
+
+} // namespace VOXI
