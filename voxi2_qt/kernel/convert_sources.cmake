@@ -1,11 +1,19 @@
 # The conversions between toolkit values and Qt values, relative to voxi2_qt.
 set(VOXI2_QT_CONVERT_HEADERS
+    export/include/voxi2_qt/kernel/qtcolor.h
     export/include/voxi2_qt/kernel/qtconvert.h
+    export/include/voxi2_qt/kernel/qtcursor.h
+    export/include/voxi2_qt/kernel/qtenums.h
+    export/include/voxi2_qt/kernel/qtfont.h
     export/include/voxi2_qt/kernel/qtgeometry.h
     export/include/voxi2_qt/kernel/qtinput.h
     export/include/voxi2_qt/kernel/qttext.h
     export/include/voxi2_qt/kernel/qtwindowflags.h)
 set(VOXI2_QT_CONVERT_SOURCES
+    kernel/qtcursor.cpp
+    kernel/qtenums.cpp
+    kernel/qtenumsviews.cpp
+    kernel/qtfont.cpp
     kernel/qtinput.cpp
     kernel/qtkey.cpp
     kernel/qttext.cpp

@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QPixmap>
 #include <QPointer>
+#include <QWidget>
 
 namespace VOXI {
 

@@ -1,5 +1,6 @@
 #include "qteventbuild.h"
 
+#include "voxi2/kernel/vxwidget2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 

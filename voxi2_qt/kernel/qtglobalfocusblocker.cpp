@@ -1,6 +1,6 @@
 #include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 
-#include "voxi2_qt/containers/qtwindow2.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -30,10 +30,9 @@ void QtGlobalFocusBlocker::registerWindow(QWidget* window)
 {
     if (!window || isRegistered(window))
         return;
-    if (auto* peer = dynamic_cast<QtWindow2*>(window)) {
-        if (!peer->doGetSupportsGlobalFocusBlocker())
-            return;
-    }
+    const auto* peer = dynamic_cast<QtWidget2*>(peerOf(window));
+    if (peer && !peer->supportsGlobalFocusBlocker())
+        return;
     m_windows[window].m_window = window;
     window->installEventFilter(this);
     // An active window changes its focus at once; only the events of this turn are to be waited

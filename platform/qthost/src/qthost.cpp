@@ -1,8 +1,13 @@
 #include "qthost/qthost.h"
 
+#include "voxi/guiobject.h"
+#include "voxi/vxobject.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QLibrary>
+#include <QPixmap>
+#include <QWidget>
 
 #include <stdexcept>
 
@@ -49,6 +54,19 @@ QtHost::~QtHost()
 int QtHost::exec()
 {
     return QApplication::exec();
+}
+
+bool QtHost::saveScreenshot(const VXObject& window, const std::string& file)
+{
+    // Through the registry: the host knows no peer class.
+    auto* widget = dynamic_cast<QWidget*>(lookup(&window));
+    if (!widget)
+        return false;
+    // Layouts and queued requests may take some turns of the loop.
+    constexpr int turns = 5;
+    for (int i = 0; i < turns; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    return widget->grab().save(QString::fromLocal8Bit(file.data(), qsizetype(file.size())));
 }
 
 void QtHost::quit(int exitCode)

@@ -6,11 +6,11 @@
 #include <memory>
 #include <string>
 
-QT_BEGIN_NAMESPACE
 class QApplication;
-QT_END_NAMESPACE
 
 namespace VOXI {
+
+class VXObject;
 
 /// Makes a program a host of the toolkit, in its `main`:
 ///
@@ -38,6 +38,10 @@ public:
 
     /// Runs the event loop until `quit`, or the last window closed; returns the exit code.
     int exec();
+
+    /// Lets the window appear whole and writes its picture, without the frame, to a file whose name
+    /// says the format. False when the object has no widget or the file cannot be written.
+    bool saveScreenshot(const VXObject& window, const std::string& file);
 
     /// Ends `exec`. Any thread.
     static void quit(int exitCode = 0);

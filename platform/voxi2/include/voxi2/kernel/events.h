@@ -203,9 +203,14 @@ public:
         VXWidget2* source = nullptr;                   ///< null when it comes from another program
     };
 
-    VXDragEvent2(VXWidget2* widget, WidgetEvent type, Details details = {})
-        : VXWidgetEvent2(widget, type), m_shared(std::make_shared<Shared>(std::move(details)))
+    VXDragEvent2(VXWidget2* widget, WidgetEvent type)
+        : VXWidgetEvent2(widget, type), m_shared(std::make_shared<Shared>())
     {
+    }
+    VXDragEvent2(VXWidget2* widget, WidgetEvent type, Details details)
+        : VXDragEvent2(widget, type)
+    {
+        m_shared->m_details = std::move(details);
     }
 
     VXPoint<int> position() const noexcept { return m_shared->m_details.position; }
@@ -238,7 +243,6 @@ public:
 
 private:
     struct Shared {
-        explicit Shared(Details details) : m_details(std::move(details)) {}
         Details m_details;
         Answer m_answer = Answer::None;
         DropAction m_action = DropAction::Ignore;

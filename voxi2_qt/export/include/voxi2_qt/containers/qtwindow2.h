@@ -23,6 +23,8 @@ public:
     virtual void doSetSupportsGlobalFocusBlocker(bool supports);
     virtual bool doGetSupportsGlobalFocusBlocker();
 
+    bool supportsGlobalFocusBlocker() const override { return m_supportsFocusBlocker; }
+
 private:
     bool m_supportsFocusBlocker = true;
 };

@@ -5,6 +5,8 @@
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QtGlobal>
+
 QT_BEGIN_NAMESPACE
 class QObject;
 class QWidget;

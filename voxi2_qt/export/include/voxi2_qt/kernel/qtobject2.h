@@ -6,10 +6,10 @@
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QtGlobal>
+
 #include <utility>
 #include <vector>
-
-#include <QtGlobal>
 
 QT_BEGIN_NAMESPACE
 class QObject;

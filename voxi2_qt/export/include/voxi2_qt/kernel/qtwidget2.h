@@ -126,6 +126,9 @@ public:
     /// Paints the highlight over what the widget has painted; inside a paint event only.
     void paintHighlight();
 
+    /// Whether the global focus blocker may keep back focus reports of this window.
+    virtual bool supportsGlobalFocusBlocker() const { return true; }
+
     /// The action that stands for the widget in a tool bar or menu; null when there is none. Hiding
     /// the widget by request hides the action as well.
     void addWidgetAction(QAction* action);

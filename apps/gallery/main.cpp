@@ -1,0 +1,73 @@
+#include "gallerywindow.h"
+
+#include "qthost/qthost.h"
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+
+namespace {
+
+struct Options {
+    std::string m_page;
+    std::string m_screenshots;
+};
+
+bool parse(int argc, char** argv, Options& options)
+{
+    for (int i = 1; i < argc; i += 2) {
+        const std::string name = argv[i];
+        if (i + 1 == argc || (name != "--page" && name != "--screenshot"))
+            return false;
+        (name == "--page" ? options.m_page : options.m_screenshots) = argv[i + 1];
+    }
+    return true;
+}
+
+/// Writes one picture of each page, or of the one that was named.
+int takeScreenshots(VOXI::QtHost& host, gallery::GalleryWindow& window, const Options& options)
+{
+    std::filesystem::create_directories(options.m_screenshots);
+    for (const gallery::Page& page : gallery::pages()) {
+        if (!options.m_page.empty() && page.name != options.m_page)
+            continue;
+        window.select(page.name);
+        const auto file = std::filesystem::path(options.m_screenshots) / (page.name + ".png");
+        if (!host.saveScreenshot(*window.window(), file.string())) {
+            std::fprintf(stderr, "gallery: cannot write %s\n", file.c_str());
+            return 1;
+        }
+        std::printf("%s\n", file.c_str());
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        VOXI::QtHost host(argc, argv);
+        Options options;
+        if (!parse(argc, argv, options)) {
+            std::fprintf(stderr, "usage: gallery [--page NAME] [--screenshot DIR]\n");
+            return 2;
+        }
+        gallery::GalleryWindow window;
+        if (!options.m_page.empty() && !window.select(options.m_page)) {
+            std::fprintf(stderr, "gallery: there is no page \"%s\"; pages are:",
+                         options.m_page.c_str());
+            for (const gallery::Page& page : gallery::pages())
+                std::fprintf(stderr, " %s", page.name.c_str());
+            std::fprintf(stderr, "\n");
+            return 2;
+        }
+        if (!options.m_screenshots.empty())
+            return takeScreenshots(host, window, options);
+        return host.exec();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "gallery: %s\n", error.what());
+        return 1;
+    }
+}
