@@ -95,9 +95,9 @@ VXMouseEvent2 mouseEvent(const EventTarget& target, WidgetEvent type, const QMou
                          Qt2VX(event.buttons()), Qt2VX(event.modifiers()));
 }
 
-VXMouseEvent2 wheelEvent(const EventTarget& target, const QWheelEvent& event)
+VXMouseEvent2 wheelEvent(const EventTarget& target, WidgetEvent type, const QWheelEvent& event)
 {
-    return VXMouseEvent2(target.m_abstract, WidgetEvent::Wheel,
+    return VXMouseEvent2(target.m_abstract, type,
                          Qt2VX(inWidget(target, event.position().toPoint())),
                          Qt2VX(event.globalPosition().toPoint()), MouseButton::None,
                          Qt2VX(event.buttons()), Qt2VX(event.modifiers()),
@@ -116,17 +116,17 @@ VXFocusEvent2 focusEvent(const EventTarget& target, WidgetEvent type, const QFoc
     return VXFocusEvent2(target.m_abstract, type, Qt2VX(event.reason()));
 }
 
-VXMoveEvent2 moveEvent(const EventTarget& target, const QMoveEvent& event)
+VXMoveEvent2 moveEvent(const EventTarget& target, WidgetEvent, const QMoveEvent& event)
 {
     return VXMoveEvent2(target.m_abstract, Qt2VX(event.oldPos()), Qt2VX(event.pos()));
 }
 
-VXResizeEvent2 resizeEvent(const EventTarget& target, const QResizeEvent& event)
+VXResizeEvent2 resizeEvent(const EventTarget& target, WidgetEvent, const QResizeEvent& event)
 {
     return VXResizeEvent2(target.m_abstract, Qt2VX(event.oldSize()), Qt2VX(event.size()));
 }
 
-VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, const QContextMenuEvent& event)
+VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, WidgetEvent, const QContextMenuEvent& event)
 {
     using Reason = VXContextMenuEvent2::Reason;
     const Reason reason = event.reason() == QContextMenuEvent::Mouse ? Reason::Mouse
@@ -134,6 +134,16 @@ VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, const QContextMe
                                                                      : Reason::Other;
     return VXContextMenuEvent2(target.m_abstract, Qt2VX(inWidget(target, event.pos())),
                                Qt2VX(event.globalPos()), reason);
+}
+
+VXWidgetEvent2 plainEvent(const EventTarget& target, WidgetEvent type, const QEvent&)
+{
+    return VXWidgetEvent2(target.m_abstract, type);
+}
+
+VXDragEvent2 dragLeaveEvent(const EventTarget& target, WidgetEvent type, const QEvent&)
+{
+    return VXDragEvent2(target.m_abstract, type);
 }
 
 VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropEvent& event)

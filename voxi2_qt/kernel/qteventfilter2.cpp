@@ -17,6 +17,8 @@
 #include <QTouchEvent>
 #include <QWheelEvent>
 
+#include <iterator>
+
 namespace VOXI {
 
 namespace {
@@ -44,6 +46,103 @@ bool pointerPosition(const QEvent& event, QPoint& position)
         return false;
     }
 }
+
+/// One event on its way to the abstract side.
+struct Passing {
+    QtEventFilter2& m_filter;
+    const VXWidget2Emitters& m_emitters;
+    const EventTarget& m_target;
+    WidgetEvent m_type;
+    QEvent& m_event;
+};
+
+using Sender = void (*)(const Passing&);
+
+/// Sends what `Build` makes of the Qt event, if anybody listens.
+template <auto Field, class Q, auto Build>
+void send(const Passing& passing)
+{
+    const auto& emitter = passing.m_emitters.*Field;
+    if (emitter.isHeard())
+        emitter(Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
+}
+
+/// The same through the throttler; what would be dropped there is not built.
+template <auto Field, class Q, auto Build>
+void post(const Passing& passing)
+{
+    if (!(passing.m_emitters.*Field).isHeard())
+        return;
+    EventThrottler& throttler = passing.m_filter.throttler();
+    if (!throttler.isPending(passing.m_type))
+        throttler.post(
+            Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
+}
+
+void sendClose(const Passing& passing)
+{
+    if (!passing.m_emitters.closing.isHeard())
+        return;
+    QEvent& event = passing.m_event;
+    const VXCloseEvent2 closing(passing.m_target.m_abstract);
+    passing.m_emitters.closing(closing);
+    event.setAccepted(!closing.isRefused());
+}
+
+void sendFocusIn(const Passing& passing)
+{
+    const auto& focus = static_cast<const QFocusEvent&>(passing.m_event);
+    if (!QtGlobalFocusBlocker::instance().blocks(passing.m_target.m_widget, focus))
+        send<&VXWidget2Emitters::focusIn, QFocusEvent, &focusEvent>(passing);
+}
+
+void sendGestures(const Passing& passing)
+{
+    const auto& emitter = passing.m_emitters.gesture;
+    if (!emitter.isHeard())
+        return;
+    const unsigned widgetId = passing.m_target.m_abstract->id();
+    for (const VXGestureEvent2& gesture :
+         gestureEvents(passing.m_target, static_cast<const QGestureEvent&>(passing.m_event))) {
+        if (VXObject::isObjectValid(widgetId))
+            emitter(gesture);
+    }
+}
+
+void sendNothing(const Passing&) {}
+
+using E = VXWidget2Emitters;
+
+/// What becomes of each event, in the order of `WidgetEvent`.
+constexpr Sender s_senders[] = {
+    &sendClose,
+    &send<&E::contextMenu, QContextMenuEvent, &contextMenuEvent>,
+    &send<&E::dragEnter, QDropEvent, &dragEvent>,
+    &send<&E::dragLeave, QEvent, &dragLeaveEvent>,
+    &post<&E::dragMove, QDropEvent, &dragEvent>,
+    &send<&E::drop, QDropEvent, &dragEvent>,
+    &send<&E::mouseEnter, QEvent, &plainEvent>,
+    &sendFocusIn,
+    &send<&E::focusOut, QFocusEvent, &focusEvent>,
+    &send<&E::hidden, QEvent, &plainEvent>,
+    &post<&E::keyPress, QKeyEvent, &keyEvent>,
+    &post<&E::keyRelease, QKeyEvent, &keyEvent>,
+    &send<&E::mouseLeave, QEvent, &plainEvent>,
+    &send<&E::mouseDoubleClick, QMouseEvent, &mouseEvent>,
+    &post<&E::mouseMove, QMouseEvent, &mouseEvent>,
+    &send<&E::mousePress, QMouseEvent, &mouseEvent>,
+    &send<&E::mouseRelease, QMouseEvent, &mouseEvent>,
+    &post<&E::wheel, QWheelEvent, &wheelEvent>,
+    &send<&E::moved, QMoveEvent, &moveEvent>,
+    &post<&E::resized, QResizeEvent, &resizeEvent>,
+    &sendGestures,
+    &send<&E::touchBegin, QTouchEvent, &touchEvent>,
+    &send<&E::touchUpdate, QTouchEvent, &touchEvent>,
+    &send<&E::touchEnd, QTouchEvent, &touchEvent>,
+    &send<&E::shown, QEvent, &plainEvent>,
+    &sendNothing,
+};
+static_assert(std::size(s_senders) == WidgetEventCount);
 
 }  // namespace
 
@@ -128,139 +227,9 @@ void QtEventFilter2::pass(WidgetEvent type, QObject* watched, QEvent* event)
     VXObjectDataLocker lock;
     if (!m_peer.isVXObjectValid())
         return;
-    const VXWidget2Emitters& emitters = *m_peer.widgetEmitters();
     const EventTarget target{m_peer.abstractWidget(), m_peer.asQWidget(),
                              static_cast<QWidget*>(watched)};
-    const auto send = [](const auto& emitter, auto&& build) {
-        if (emitter.isHeard())
-            emitter(build());
-    };
-    const auto sendMouse = [&](const auto& emitter) {
-        send(emitter, [&] {
-            return mouseEvent(target, type, static_cast<const QMouseEvent&>(*event));
-        });
-    };
-    const auto sendPlain = [&](const auto& emitter) {
-        send(emitter, [&] { return VXWidgetEvent2(target.m_abstract, type); });
-    };
-    const auto sendTouch = [&](const auto& emitter) {
-        send(emitter, [&] {
-            return touchEvent(target, type, static_cast<const QTouchEvent&>(*event));
-        });
-    };
-    const auto sendDrag = [&](const auto& emitter) {
-        if (!emitter.isHeard())
-            return;
-        auto& drop = static_cast<QDropEvent&>(*event);
-        emitter(dragEvent(target, type, drop));
-    };
-    // A throttled kind that is on its way is not built again.
-    const auto isWanted = [&](const auto& emitter) {
-        return emitter.isHeard() && !(m_throttler && m_throttler->isPending(type));
-    };
-
-    switch (type) {
-    case WidgetEvent::Close:
-        if (emitters.closing.isHeard()) {
-            const VXCloseEvent2 closing(target.m_abstract);
-            emitters.closing(closing);
-            event->setAccepted(!closing.isRefused());
-        }
-        break;
-    case WidgetEvent::ContextMenu:
-        send(emitters.contextMenu, [&] {
-            return contextMenuEvent(target, static_cast<const QContextMenuEvent&>(*event));
-        });
-        break;
-    case WidgetEvent::DragEnter:
-        sendDrag(emitters.dragEnter);
-        break;
-    case WidgetEvent::DragLeave:
-        send(emitters.dragLeave, [&] { return VXDragEvent2(target.m_abstract, type); });
-        break;
-    case WidgetEvent::DragMove:
-        if (isWanted(emitters.dragMove))
-            throttler().postDragMove(dragEvent(target, type, static_cast<QDropEvent&>(*event)));
-        break;
-    case WidgetEvent::Drop:
-        sendDrag(emitters.drop);
-        break;
-    case WidgetEvent::MouseEnter:
-        sendPlain(emitters.mouseEnter);
-        break;
-    case WidgetEvent::MouseLeave:
-        sendPlain(emitters.mouseLeave);
-        break;
-    case WidgetEvent::FocusIn:
-    case WidgetEvent::FocusOut: {
-        const auto& focus = static_cast<const QFocusEvent&>(*event);
-        if (type == WidgetEvent::FocusIn
-            && QtGlobalFocusBlocker::instance().blocks(target.m_widget, focus))
-            break;
-        send(type == WidgetEvent::FocusIn ? emitters.focusIn : emitters.focusOut,
-             [&] { return focusEvent(target, type, focus); });
-        break;
-    }
-    case WidgetEvent::Hide:
-        sendPlain(emitters.hidden);
-        break;
-    case WidgetEvent::Show:
-        sendPlain(emitters.shown);
-        break;
-    case WidgetEvent::KeyPress:
-        if (isWanted(emitters.keyPress))
-            throttler().postKeyPress(keyEvent(target, type, static_cast<QKeyEvent&>(*event)));
-        break;
-    case WidgetEvent::KeyRelease:
-        if (isWanted(emitters.keyRelease))
-            throttler().postKeyRelease(keyEvent(target, type, static_cast<QKeyEvent&>(*event)));
-        break;
-    case WidgetEvent::MouseDoubleClick:
-        sendMouse(emitters.mouseDoubleClick);
-        break;
-    case WidgetEvent::MousePress:
-        sendMouse(emitters.mousePress);
-        break;
-    case WidgetEvent::MouseRelease:
-        sendMouse(emitters.mouseRelease);
-        break;
-    case WidgetEvent::MouseMove:
-        if (isWanted(emitters.mouseMove))
-            throttler().postMouseMove(mouseEvent(target, type, static_cast<QMouseEvent&>(*event)));
-        break;
-    case WidgetEvent::Wheel:
-        if (isWanted(emitters.wheel))
-            throttler().postWheel(wheelEvent(target, static_cast<QWheelEvent&>(*event)));
-        break;
-    case WidgetEvent::Move:
-        send(emitters.moved,
-             [&] { return moveEvent(target, static_cast<const QMoveEvent&>(*event)); });
-        break;
-    case WidgetEvent::Resize:
-        if (isWanted(emitters.resized))
-            throttler().postResize(resizeEvent(target, static_cast<QResizeEvent&>(*event)));
-        break;
-    case WidgetEvent::Gesture:
-        if (emitters.gesture.isHeard()) {
-            for (const auto& gesture :
-                 gestureEvents(target, static_cast<const QGestureEvent&>(*event))) {
-                if (m_peer.isVXObjectValid())
-                    emitters.gesture(gesture);
-            }
-        }
-        break;
-    case WidgetEvent::TouchBegin:
-        sendTouch(emitters.touchBegin);
-        break;
-    case WidgetEvent::TouchUpdate:
-        sendTouch(emitters.touchUpdate);
-        break;
-    case WidgetEvent::TouchEnd:
-        sendTouch(emitters.touchEnd);
-        break;
-    case WidgetEvent::Other:
-        break;
-    }
+    s_senders[bit(type)](Passing{*this, *m_peer.widgetEmitters(), target, type, *event});
 }
 
 }  // namespace VOXI

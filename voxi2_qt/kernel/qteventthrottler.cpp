@@ -100,7 +100,7 @@ bool EventThrottler::isPending(WidgetEvent event) const
 }
 
 template <class E>
-void EventThrottler::post(const Emitter<E>& emitter, const E& event)
+void EventThrottler::postOn(const Emitter<E>& emitter, const E& event)
 {
     if (!TROV::Thread::getCurrentThread()->isAccepting())
         return;  // nobody runs the queue any more, and nothing would ever clear the bit

@@ -33,7 +33,8 @@ public:
     void setConsumed(WidgetEvent event, bool on) { m_consumed.set(bit(event), on); }
     bool isConsumed(WidgetEvent event) const { return m_consumed.test(bit(event)); }
 
-    QtWidget2& peer() const noexcept { return m_peer; }
+    /// Made for the first event that needs it.
+    EventThrottler& throttler();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -43,13 +44,12 @@ private:
 
     bool isSeenTwice(const QObject* watched, const QEvent& event) const;
     void pass(WidgetEvent type, QObject* watched, QEvent* event);
-    EventThrottler& throttler();
 
     QtWidget2& m_peer;
     QAbstractScrollArea* m_area;
     std::bitset<WidgetEventCount> m_broadcast;
     std::bitset<WidgetEventCount> m_consumed;
-    std::unique_ptr<EventThrottler> m_throttler;   // made for the first event that it throttles
+    std::unique_ptr<EventThrottler> m_throttler;
 };
 
 }  // namespace VOXI

@@ -25,13 +25,11 @@ public:
     bool isPending(WidgetEvent event) const;
 
     // What is posted for a kind that is on its way already is dropped: ask `isPending` before
-    // building it.
-    void postMouseMove(const VXMouseEvent2& event) { post(m_mouse, event); }
-    void postWheel(const VXMouseEvent2& event) { post(m_mouse, event); }
-    void postDragMove(const VXDragEvent2& event) { post(m_drag, event); }
-    void postResize(const VXResizeEvent2& event) { post(m_resize, event); }
-    void postKeyPress(const VXKeyEvent2& event) { post(m_key, event); }
-    void postKeyRelease(const VXKeyEvent2& event) { post(m_key, event); }
+    // building it. The type of the event says which kind it is.
+    void post(const VXMouseEvent2& event) { postOn(m_mouse, event); }
+    void post(const VXResizeEvent2& event) { postOn(m_resize, event); }
+    void post(const VXDragEvent2& event) { postOn(m_drag, event); }
+    void post(const VXKeyEvent2& event) { postOn(m_key, event); }
 
     /// The pending bit of an event; 0 for events that are never throttled.
     static unsigned pendingBit(WidgetEvent event) noexcept;
@@ -41,7 +39,7 @@ private:
     using Emitter = TROV::Emitter3<void, VXWidget2*, WidgetEvent, E>;
 
     template <class E>
-    void post(const Emitter<E>& emitter, const E& event);
+    void postOn(const Emitter<E>& emitter, const E& event);
     template <class E>
     void deliver(VXWidget2* widget, WidgetEvent type, const E& event);
 
