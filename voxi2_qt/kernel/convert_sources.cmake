@@ -6,6 +6,8 @@ set(VOXI2_QT_CONVERT_HEADERS
     export/include/voxi2_qt/kernel/qtenums.h
     export/include/voxi2_qt/kernel/qtfont.h
     export/include/voxi2_qt/kernel/qtgeometry.h
+    export/include/voxi2_qt/kernel/qticon.h
+    export/include/voxi2_qt/kernel/qtimage.h
     export/include/voxi2_qt/kernel/qtinput.h
     export/include/voxi2_qt/kernel/qttext.h
     export/include/voxi2_qt/kernel/qtwindowflags.h)
@@ -14,6 +16,8 @@ set(VOXI2_QT_CONVERT_SOURCES
     kernel/qtenums.cpp
     kernel/qtenumsviews.cpp
     kernel/qtfont.cpp
+    kernel/qticon.cpp
+    kernel/qtimage.cpp
     kernel/qtinput.cpp
     kernel/qtkey.cpp
     kernel/qttext.cpp

@@ -6,6 +6,8 @@
 #include "voxi2_qt/kernel/qtenums.h"
 #include "voxi2_qt/kernel/qtfont.h"
 #include "voxi2_qt/kernel/qtgeometry.h"
+#include "voxi2_qt/kernel/qticon.h"
+#include "voxi2_qt/kernel/qtimage.h"
 #include "voxi2_qt/kernel/qtinput.h"
 #include "voxi2_qt/kernel/qttext.h"
 #include "voxi2_qt/kernel/qtwindowflags.h"

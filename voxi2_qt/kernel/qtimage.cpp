@@ -1,0 +1,127 @@
+#include "voxi2_qt/kernel/qtimage.h"
+
+#include "voxi2_qt/kernel/qtgeometry.h"
+#include "voxi2_qt/kernel/qttext.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace VOXI {
+
+namespace {
+QImage fromRaw(const Pixmap& pixmap)
+{
+    QImage image(VX2Qt(pixmap.size()), QImage::Format_ARGB32);
+    auto from = pixmap.pixels().begin();
+    for (int y = 0; y < image.height(); ++y, from += image.width()) {
+        std::transform(from, from + image.width(), reinterpret_cast<QRgb*>(image.scanLine(y)),
+                       [](std::uint32_t rgba) -> QRgb { return rgba >> 8 | rgba << 24; });
+    }
+    return image;
+}
+
+QByteArray encodedBytes(const Pixmap& pixmap)
+{
+    if (!pixmap.path().empty()) {
+        QFile file(Detail::qStringFromUtf8(pixmap.path()));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    const ByteArray& data = pixmap.data();
+    // Not a copy: the pixmap outlives the bytes.
+    return QByteArray::fromRawData(data.data(), static_cast<qsizetype>(data.size()));
+}
+
+/// Markup, or a compressed file; no other picture begins like that.
+bool looksLikeSvg(const QByteArray& bytes)
+{
+    const QByteArray start = bytes.first(std::min<qsizetype>(bytes.size(), 256));
+    return start.startsWith("\x1f\x8b") || start.startsWith("\xef\xbb\xbf<")
+           || start.trimmed().startsWith('<');
+}
+
+QImage drawnSvg(const QByteArray& bytes, QSize wanted)
+{
+    QSvgRenderer renderer;
+    if (!renderer.load(bytes))
+        return {};
+    QSize size = renderer.defaultSize();
+    if (!wanted.isEmpty())
+        size = size.isEmpty() ? wanted : size.scaled(wanted, Qt::KeepAspectRatio);
+    QImage image(size.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return {};
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    return image;
+}
+
+QImage decoded(const Pixmap& pixmap, QSize wanted)
+{
+    QByteArray bytes = encodedBytes(pixmap);
+    if (looksLikeSvg(bytes))
+        return drawnSvg(bytes, wanted);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    return reader.read();
+}
+
+class QtImageDecoder : public ImageDecoder
+{
+public:
+    Pixmap decode(const Pixmap& source, Size<int> wanted) override
+    {
+        return source.isRaw() ? source : Qt2VX(decoded(source, VX2Qt(wanted)));
+    }
+};
+} // namespace
+
+QImage toQImage(const Pixmap& pixmap)
+{
+    if (pixmap.isNull())
+        return {};
+    return pixmap.isRaw() ? fromRaw(pixmap) : decoded(pixmap, {});
+}
+
+QPixmap toQPixmap(const Pixmap& pixmap)
+{
+    return QPixmap::fromImage(toQImage(pixmap));
+}
+
+Pixmap Qt2VX(const QImage& image)
+{
+    const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
+    std::vector<std::uint32_t> pixels;
+    pixels.reserve(static_cast<std::size_t>(argb.width())
+                   * static_cast<std::size_t>(argb.height()));
+    for (int y = 0; y < argb.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(argb.constScanLine(y));
+        std::transform(line, line + argb.width(), std::back_inserter(pixels),
+                       [](QRgb pixel) -> std::uint32_t { return pixel << 8 | pixel >> 24; });
+    }
+    return Pixmap(argb.width(), argb.height(), std::move(pixels));
+}
+
+Pixmap Qt2VX(const QPixmap& pixmap)
+{
+    return Qt2VX(pixmap.toImage());
+}
+
+void installQtImageDecoder()
+{
+    ImageDecoder::install(std::make_shared<QtImageDecoder>());
+}
+
+} // namespace VOXI
