@@ -66,6 +66,27 @@ TEST_F(EmitterTest, CallsInTheOrderOfConnectingAndTheLastResultCounts)
     EXPECT_EQ(m_seen, (std::vector{1, 2, 3, 4, 5}));
 }
 
+TEST_F(EmitterTest, OnTheSameThreadNothingIsCopied)
+{
+    struct Copied
+    {
+        Copied() = default;
+        Copied(const Copied&) { ++copies(); }
+        static int& copies()
+        {
+            static int count = 0;
+            return count;
+        }
+    };
+    Emitter1<void, Copied> emitter;
+    const Copied* seen = nullptr;
+    emitter.connect(&m_listener, [&](const Copied& argument) { seen = &argument; });
+    const Copied argument;
+    emitter(argument);
+    EXPECT_EQ(seen, &argument);
+    EXPECT_EQ(Copied::copies(), 0);
+}
+
 TEST_F(EmitterTest, HandlersMayTakeFewerArguments)
 {
     Emitter2<int, int, std::string> emitter;

@@ -112,6 +112,32 @@ TEST_F(StressTest, ConnectionsComeAndGoWhileOthersEmit)
     EXPECT_EQ(watched.use_count(), 1);
 }
 
+TEST_F(StressTest, EmissionsUnderWayOutliveWhatIsCut)
+{
+    Emitter1<void, std::string> emitter;
+    Worker worker;
+    Listener lasting;
+    std::atomic<int> received{0};
+    emitter.connect(
+        &lasting, [&](const std::string& text) { received += int(text.size()); }, worker.thread());
+    const auto watched = std::make_shared<std::string>("alive");
+    inParallel(4, [&](int id) {
+        for (int i = 0; i < 5000; ++i) {
+            if (id < 2) {
+                emitter("12");
+            } else {
+                Listener brief;
+                emitter.connect(
+                    &brief, [watched] { ASSERT_EQ(*watched, "alive"); }, worker.thread());
+            }
+        }
+    });
+    worker.run([] {});
+    EXPECT_EQ(received, 2 * 2 * 5000);
+    emitter.connect(&lasting, [] {}).disconnect();
+    EXPECT_EQ(watched.use_count(), 1);
+}
+
 TEST_F(StressTest, PeersComeAndGoWhileOthersAsk)
 {
     Emitters emitters;

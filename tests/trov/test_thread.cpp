@@ -3,6 +3,7 @@
 
 #include <array>
 #include <condition_variable>
+#include <filesystem>
 #include <latch>
 #include <memory>
 #include <mutex>
@@ -118,6 +119,23 @@ TEST_F(ThreadTest, RunsCallsInOrderAndDropsThemAtItsEnd)
     worker.thread()->post([watched] {});
     EXPECT_FALSE(worker.thread()->isAccepting());
     EXPECT_EQ(watched.use_count(), 1);
+}
+
+TEST_F(ThreadTest, TheLibraryStartsNoThread)
+{
+    const auto tasks = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+    };
+    const auto before = tasks();
+    onItsOwnThread([&] {
+        const TestLoop loop(m_self);
+        Emitter0<> emitter;
+        Listener listener;
+        emitter.connect(&listener, [] {});
+        emitter.sendPacket(Packet(new Payload0<void>()), SendQueued, false);
+        m_self->process();
+        EXPECT_LE(tasks(), before + 1); // this one
+    });
 }
 
 TEST_F(ThreadTest, QuitBeforeExecEndsTheNextOne)

@@ -7,10 +7,10 @@ namespace {
 void freeChunk(CallChunk* chunk) noexcept
 {
     chunk->~CallChunk();
-    ::operator delete(chunk, std::align_val_t{alignof(CallChunk)});
+    ::operator delete (chunk, std::align_val_t{alignof(CallChunk)});
 }
 
-}  // namespace
+} // namespace
 
 CallList::~CallList()
 {
@@ -28,8 +28,8 @@ void CallList::addChunk()
         chunk->m_next = nullptr;
         --m_spareCount;
     } else {
-        chunk = new (::operator new(sizeof(CallChunk) + CallChunk::Bytes,
-                                    std::align_val_t{alignof(CallChunk)})) CallChunk;
+        chunk = new (::operator new (sizeof(CallChunk) + CallChunk::Bytes,
+                                     std::align_val_t{alignof(CallChunk)})) CallChunk;
     }
     if (m_last)
         m_last->m_next = chunk;
@@ -95,4 +95,4 @@ void CallList::recycle(CallChunk* chunk) noexcept
     ++m_spareCount;
 }
 
-}  // namespace TROV::detail
+} // namespace TROV::detail

@@ -12,7 +12,7 @@ using detail::ConnectionSite;
 namespace {
 
 std::mutex s_retiredMutex;
-ConnectionBlock* s_retired = nullptr;   // guarded
+ConnectionBlock* s_retired = nullptr; // guarded
 
 ConnectionBlock* makeBlock(std::size_t count)
 {
@@ -75,7 +75,7 @@ std::vector<const void*> pinnedBlocks()
     return pinned;
 }
 
-}  // namespace
+} // namespace
 
 namespace detail {
 
@@ -149,7 +149,8 @@ void cutAllConnections(ConnectionSite& site)
 
 void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait)
 {
-    struct QueuedPacket {
+    struct QueuedPacket
+    {
         ConnectionHandle m_connection;
         Packet m_packet;
         void deliver()
@@ -183,7 +184,7 @@ void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, boo
     }
 }
 
-}  // namespace detail
+} // namespace detail
 
 VOXI::ReadWriteLock& GetGlobalConnectionLock()
 {
@@ -304,4 +305,4 @@ int Listener::numberOfConnections() const
     return count;
 }
 
-}  // namespace TROV
+} // namespace TROV

@@ -15,7 +15,8 @@ using detail::TableSites;
 namespace {
 
 /// Seen as a byte in a table, whatever it carries.
-struct AnyTableEmitter : detail::TableEmitter {
+struct AnyTableEmitter : detail::TableEmitter
+{
     using TableEmitter::index;
     using TableEmitter::listeners;
 };
@@ -40,7 +41,7 @@ const detail::Operation* boundOperation(const AnyTableEmitter& emitter) noexcept
 
 /// Guards which peer serves a binding, and the list of recycled bindings.
 VOXI::SpinLock s_bindingLock;
-Binding* s_freeBindings = nullptr;   // linked through m_peer, which nobody reads of a free one
+Binding* s_freeBindings = nullptr; // linked through m_peer, which nobody reads of a free one
 
 constexpr std::size_t BindingsPerSlab = 64;
 
@@ -87,7 +88,7 @@ void stopDirectCalls(Binding& binding) noexcept
     binding.m_thread.store(Binding::nobody(), std::memory_order_release);
 }
 
-}  // namespace
+} // namespace
 
 // EmitterBase -------------------------------------------------------------------------------------
 
@@ -115,7 +116,8 @@ int EmitterBase::numberOfConnections() const noexcept
 
 void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) const
 {
-    struct QueuedCall {
+    struct QueuedCall
+    {
         Binding* m_binding;
         const EmitterBase* m_emitter;
         const detail::Operation* m_operation;
@@ -293,7 +295,7 @@ void reportMisplacedRow(const std::type_info& emitters, std::size_t row)
     std::abort();
 }
 
-}  // namespace detail
+} // namespace detail
 
 // RequestBinding ----------------------------------------------------------------------------------
 
@@ -341,4 +343,4 @@ void RequestBinding::unbind() noexcept
     endWaiting(thread, binding);
 }
 
-}  // namespace TROV
+} // namespace TROV

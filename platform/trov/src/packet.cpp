@@ -10,4 +10,4 @@ Packet::~Packet()
         delete m_payload;
 }
 
-}  // namespace TROV
+} // namespace TROV

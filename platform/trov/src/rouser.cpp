@@ -48,4 +48,4 @@ void Rouser::rouse() noexcept
 
 #endif
 
-}  // namespace TROV::detail
+} // namespace TROV::detail

@@ -14,7 +14,8 @@ namespace {
 
 /// All threads there ever were. They are recycled but never freed: a sender that has just been
 /// answered may end while the answering thread is still about to rouse it.
-struct ThreadDirectory {
+struct ThreadDirectory
+{
     std::mutex m_mutex;
     std::vector<Thread*> m_all;
     std::vector<Thread*> m_free;
@@ -26,7 +27,8 @@ ThreadDirectory& directory()
     return *instance;
 }
 
-struct ExceptionSink {
+struct ExceptionSink
+{
     std::mutex m_mutex;
     Thread::ExceptionHandler m_handler;
 };
@@ -37,10 +39,11 @@ ExceptionSink& exceptionSink()
     return *instance;
 }
 
-}  // namespace
+} // namespace
 
 /// Ends the thread's life in the library when the operating-system thread ends.
-struct ThreadAttachment {
+struct ThreadAttachment
+{
     Thread* m_thread = nullptr;
 
     ~ThreadAttachment()
@@ -239,4 +242,4 @@ void Thread::quit()
     m_rouser.rouse();
 }
 
-}  // namespace TROV
+} // namespace TROV

@@ -1,5 +1,4 @@
 #include "trov/thread.h"
-
 #include "trov/waithooks.h"
 
 #include <algorithm>
@@ -12,15 +11,46 @@ using detail::Waiter;
 
 namespace {
 
-constexpr std::size_t QuestionSize =
-    (sizeof(CallRecord) + alignof(std::max_align_t) - 1) / alignof(std::max_align_t)
-    * alignof(std::max_align_t);
+constexpr std::size_t QuestionSize = (sizeof(CallRecord) + alignof(std::max_align_t) - 1)
+                                     / alignof(std::max_align_t) * alignof(std::max_align_t);
 
 // Requests that follow each other this closely are taken for one conversation: its next question
 // is awaited for a moment before the thread goes back to its loop.
 constexpr auto ConversationGap = std::chrono::microseconds(100);
 constexpr auto LingerTime = std::chrono::microseconds(25);
 constexpr int AnswerSpins = 400;
+
+/// Tells when a turn's time is over, looking at the clock seldom while the calls are short.
+class TurnClock
+{
+public:
+    explicit TurnClock(std::chrono::nanoseconds budget)
+        : m_isLimited(budget != std::chrono::nanoseconds::max()),
+          m_budget(budget)
+    {
+        if (m_isLimited)
+            m_start = m_last = Thread::Clock::now();
+    }
+
+    bool isOver()
+    {
+        if (!m_isLimited || --m_unseen > 0)
+            return false;
+        const auto now = Thread::Clock::now();
+        m_step = now - m_last < m_budget / 64 ? std::min(2 * m_step, 32u) : 1;
+        m_unseen = m_step;
+        m_last = now;
+        return now - m_start >= m_budget;
+    }
+
+private:
+    const bool m_isLimited;
+    const std::chrono::nanoseconds m_budget;
+    Thread::Clock::time_point m_start;
+    Thread::Clock::time_point m_last;
+    unsigned m_step = 1;
+    unsigned m_unseen = 1;
+};
 
 void relax() noexcept
 {
@@ -29,7 +59,7 @@ void relax() noexcept
 #endif
 }
 
-}  // namespace
+} // namespace
 
 // Accepting calls ---------------------------------------------------------------------------------
 
@@ -78,24 +108,22 @@ void Thread::absorb()
 
 bool Thread::process(std::chrono::nanoseconds budget)
 {
-    const bool limited = budget != std::chrono::nanoseconds::max();
-    const auto deadline = limited ? Clock::now() + budget : Clock::time_point::max();
-    const bool wasBusy = m_busy.exchange(true, std::memory_order_relaxed);
+    TurnClock clock(budget);
+    const bool wasBusy = setBusy(true);
     CallChunk* chunk = nullptr;
     bool left = false;
-    unsigned count = 0;
     do {
         absorb();
         while (CallRecord* record = m_current.front(chunk)) {
             m_current.popFront(record);
             execute(record, chunk);
-            if (limited && ++count % 8 == 0 && Clock::now() >= deadline) {
+            if (clock.isOver()) {
                 left = true;
                 break;
             }
         }
     } while (!left && (m_hasIncoming.load(std::memory_order_acquire) || lingerForMore()));
-    m_busy.store(wasBusy, std::memory_order_relaxed);
+    setBusy(wasBusy);
     return left && (m_current.front(chunk) || m_hasIncoming.load(std::memory_order_acquire));
 }
 
@@ -183,7 +211,7 @@ bool Thread::ask(Waiter& waiter)
     if (wake)
         wakeUp();
     else
-        m_rouser.rouse();  // it may be waiting itself, for us even
+        m_rouser.rouse(); // it may be waiting itself, for us even
     self->wait(waiter, *this);
     return true;
 }
@@ -331,4 +359,4 @@ void Thread::releaseWaiters(const void* target)
         complete(std::exchange(released, released->m_next));
 }
 
-}  // namespace TROV
+} // namespace TROV

@@ -1,5 +1,7 @@
 #include "trov/waithooks.h"
 
+#include "trov/thread.h"
+
 #include <atomic>
 
 namespace TROV {
@@ -9,7 +11,7 @@ namespace {
 std::atomic<unsigned (*)()> s_release{nullptr};
 std::atomic<void (*)(unsigned)> s_reacquire{nullptr};
 
-}  // namespace
+} // namespace
 
 void installWaitHooks(WaitHooks hooks)
 {
@@ -17,7 +19,7 @@ void installWaitHooks(WaitHooks hooks)
     s_reacquire = hooks.reacquire;
 }
 
-WaitRelease::WaitRelease() : m_holds(0)
+WaitRelease::WaitRelease() : m_holds(0), m_wasBusy(Thread::getCurrentThread()->setBusy(false))
 {
     if (const auto release = s_release.load(std::memory_order_acquire))
         m_holds = release();
@@ -25,10 +27,11 @@ WaitRelease::WaitRelease() : m_holds(0)
 
 WaitRelease::~WaitRelease()
 {
+    Thread::getCurrentThread()->setBusy(m_wasBusy);
     if (m_holds == 0)
         return;
     if (const auto reacquire = s_reacquire.load(std::memory_order_acquire))
         reacquire(m_holds);
 }
 
-}  // namespace TROV
+} // namespace TROV

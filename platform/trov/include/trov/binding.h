@@ -16,18 +16,20 @@ namespace detail {
 struct TableHead;
 
 /// The connections of one emitter of a table, made when the first listener connects.
-struct TableSite {
+struct TableSite
+{
     const EmitterBase* m_emitter = nullptr;
     ConnectionSite m_site{nullptr};
-    std::atomic<bool> m_boundCut{false};   ///< the bound operation was disconnected from this one
+    std::atomic<bool> m_boundCut{false}; ///< the bound operation was disconnected from this one
     TableSite* m_next = nullptr;
 };
 
 /// What few objects need: listeners on their emitters.
-struct TableSites {
+struct TableSites
+{
     std::atomic<TableSite*> m_first{nullptr};
-    std::atomic<Thread*> m_thread{nullptr};  ///< of the peer, while direct calls are switched off
-    bool m_onRequests = false;  ///< some listen to requests: no direct calls any more; guarded
+    std::atomic<Thread*> m_thread{nullptr}; ///< of the peer, while direct calls are switched off
+    bool m_onRequests = false; ///< some listen to requests: no direct calls any more; guarded
 
     TableSite* find(const EmitterBase* emitter) const noexcept
     {
@@ -43,14 +45,15 @@ struct TableSites {
 ///
 /// Lives as long as the object's emitters tables; the memory is recycled but never given back, so a
 /// queued call may look at a binding that has gone and see by the generation that it has.
-struct TROV_EXPORT Binding {
-    std::atomic<Thread*> m_thread{nobody()};  ///< whose calls go directly to the peer
+struct TROV_EXPORT Binding
+{
+    std::atomic<Thread*> m_thread{nobody()}; ///< whose calls go directly to the peer
     std::atomic<Listener*> m_peer{nullptr};
     std::atomic<TableSites*> m_sites{nullptr};
-    std::atomic<TableHead*> m_tables{nullptr};   ///< of the most derived class; they are linked
-    std::atomic<std::uint32_t> m_generation{0};  ///< changes with every bind and unbind
-    std::atomic<std::uint32_t> m_object{0};      ///< changes when the object goes
-    std::atomic<bool> m_hasCuts{false};          ///< the peer was disconnected from some requests
+    std::atomic<TableHead*> m_tables{nullptr};  ///< of the most derived class; they are linked
+    std::atomic<std::uint32_t> m_generation{0}; ///< changes with every bind and unbind
+    std::atomic<std::uint32_t> m_object{0};     ///< changes when the object goes
+    std::atomic<bool> m_hasCuts{false};         ///< the peer was disconnected from some requests
 
     /// A thread that is never the current one.
     static Thread* nobody() noexcept { return reinterpret_cast<Thread*>(std::uintptr_t{1}); }
@@ -68,7 +71,7 @@ struct TROV_EXPORT Binding {
     {
         // In sequentially consistent order: see `Thread::releaseWaiters`.
         return m_generation.load() == generation
-            && (!m_hasCuts.load() || !isCut(generation, emitter));
+               && (!m_hasCuts.load() || !isCut(generation, emitter));
     }
 
     /// The peer, or null when it does not serve that request any more. On the peer's thread.
@@ -101,5 +104,5 @@ private:
     bool isCut(std::uint32_t generation, const EmitterBase* emitter) const noexcept;
 };
 
-}  // namespace detail
-}  // namespace TROV
+} // namespace detail
+} // namespace TROV

@@ -19,7 +19,8 @@ class Thread;
 namespace detail {
 
 /// One thread's wait for the answer of another; lives on the stack of the waiting thread.
-struct TROV_EXPORT Waiter {
+struct TROV_EXPORT Waiter
+{
     enum State : std::uint32_t { Pending, Done };
 
     std::atomic<std::uint32_t> m_state{Pending};
@@ -35,26 +36,28 @@ struct TROV_EXPORT Waiter {
 };
 
 /// The head of every queued call. The call itself follows it in memory.
-struct CallRecord {
+struct CallRecord
+{
     enum Action { Deliver, Discard };
 
-    void (*m_run)(CallRecord*, Action) = nullptr;  ///< ends the life of the call in either case
-    const Thread* m_sender = nullptr;              ///< compared, never followed
-    std::atomic<Waiter*> m_waiter{nullptr};        ///< whoever takes it out may end the wait
+    void (*m_run)(CallRecord*, Action) = nullptr; ///< ends the life of the call in either case
+    const Thread* m_sender = nullptr;             ///< compared, never followed
+    std::atomic<Waiter*> m_waiter{nullptr};       ///< whoever takes it out may end the wait
     std::uint32_t m_size = 0;
     bool m_consumed = false;
 };
 
 /// A block of queued calls, filled from the front and emptied from the front. Aligned, so that the
 /// records behind it are.
-struct alignas(64) CallChunk {
+struct alignas(64) CallChunk
+{
     static constexpr std::size_t Bytes = 32 * 1024;
 
     CallChunk* m_next = nullptr;
     std::size_t m_used = 0;
     std::size_t m_read = 0;
-    unsigned m_running = 0;   ///< calls of this chunk that are on the stack of their thread
-    bool m_passed = false;    ///< the queue has moved on; free it when nothing runs
+    unsigned m_running = 0; ///< calls of this chunk that are on the stack of their thread
+    bool m_passed = false;  ///< the queue has moved on; free it when nothing runs
 
     std::byte* bytes() noexcept { return reinterpret_cast<std::byte*>(this + 1); }
     CallRecord* recordAt(std::size_t offset) noexcept
@@ -64,7 +67,8 @@ struct alignas(64) CallChunk {
 };
 
 /// A first-in first-out list of chunks. It does not lock.
-class TROV_EXPORT CallList {
+class TROV_EXPORT CallList
+{
 public:
     CallList() = default;
     CallList(const CallList&) = delete;
@@ -109,7 +113,8 @@ private:
 
 /// A queued call of type `Call`, which has `void deliver()`.
 template <class Call>
-struct RecordOf : CallRecord {
+struct RecordOf : CallRecord
+{
     explicit RecordOf(Call&& call) : m_call(std::move(call))
     {
         m_run = &run;
@@ -126,7 +131,8 @@ struct RecordOf : CallRecord {
     {
         auto* self = static_cast<RecordOf*>(record);
         // The call leaves the queue first: delivering it may run the queue again.
-        struct Destroy {
+        struct Destroy
+        {
             Call& m_call;
             ~Destroy() { m_call.~Call(); }
         } destroy{self->m_call};
@@ -134,7 +140,8 @@ struct RecordOf : CallRecord {
             self->m_call.deliver();
     }
 
-    union {
+    union
+    {
         Call m_call;
     };
     ~RecordOf() {}
@@ -142,15 +149,15 @@ struct RecordOf : CallRecord {
 
 /// Carries a call whose move may throw, or that is too large for a chunk.
 template <class Call>
-struct BoxedCall {
+struct BoxedCall
+{
     std::unique_ptr<Call> m_call;
     void deliver() { m_call->deliver(); }
 };
 
 template <class Call>
-inline constexpr bool fitsChunk =
-    std::is_nothrow_move_constructible_v<Call> && sizeof(Call) <= 1024
-    && alignof(Call) <= alignof(std::max_align_t);
+inline constexpr bool fitsChunk = std::is_nothrow_move_constructible_v<Call> && sizeof(Call) <= 1024
+                                  && alignof(Call) <= alignof(std::max_align_t);
 
-}  // namespace detail
-}  // namespace TROV
+} // namespace detail
+} // namespace TROV

@@ -5,7 +5,6 @@
 #include "trov/thread.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
-
 #include "voxi_util/readwritelock.h"
 
 #include <atomic>
@@ -23,10 +22,11 @@ namespace detail {
 
 /// The connections of one emitter at one moment. Never changed once published: an emission walks
 /// through the block it found while others publish new ones.
-struct ConnectionBlock {
+struct ConnectionBlock
+{
     std::uint32_t m_count = 0;
-    std::atomic<std::uint32_t> m_pins{0};  ///< emissions too deeply nested for their thread's pins
-    std::atomic<bool> m_retired{false};    ///< replaced; to be freed when no emission is in it
+    std::atomic<std::uint32_t> m_pins{0}; ///< emissions too deeply nested for their thread's pins
+    std::atomic<bool> m_retired{false};   ///< replaced; to be freed when no emission is in it
     ConnectionBlock* m_nextRetired = nullptr;
 
     Connection** items() noexcept { return reinterpret_cast<Connection**>(this + 1); }
@@ -43,10 +43,11 @@ TROV_EXPORT void collectRetiredBlocks();
 TROV_EXPORT void cutAllConnections(ConnectionSite& site);
 TROV_EXPORT int numberOfConnections(const ConnectionSite& site) noexcept;
 
-}  // namespace detail
+} // namespace detail
 
 /// Emitter, listener, what to call and on which thread. Counted; made by the emitters' `connect`.
-class TROV_EXPORT Connection {
+class TROV_EXPORT Connection
+{
 public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -76,9 +77,10 @@ public:
 
 protected:
     Connection(Listener* listener, Thread* thread, const std::type_info& signature)
-        : m_listener(listener), m_thread(thread), m_signature(&signature)
-    {
-    }
+        : m_listener(listener),
+          m_thread(thread),
+          m_signature(&signature)
+    {}
     virtual ~Connection();
 
     /// Enters the connection into the site and the listener's list, under the global lock.
@@ -103,7 +105,8 @@ private:
 
 /// Names a connection so that it can be cut early. Copies name the same one; an empty handle names
 /// none. It does not keep the connection connected.
-class ConnectionHandle {
+class ConnectionHandle
+{
 public:
     ConnectionHandle() = default;
     explicit ConnectionHandle(Connection* connection) : m_connection(connection)
@@ -114,8 +117,7 @@ public:
     ConnectionHandle(const ConnectionHandle& other) : ConnectionHandle(other.m_connection) {}
     ConnectionHandle(ConnectionHandle&& other) noexcept
         : m_connection(std::exchange(other.m_connection, nullptr))
-    {
-    }
+    {}
     ConnectionHandle& operator=(ConnectionHandle other) noexcept
     {
         std::swap(m_connection, other.m_connection);
@@ -141,12 +143,13 @@ private:
 
 /// A connection of a known signature.
 template <class R, class... A>
-class ConnectionImpl : public Connection {
+class ConnectionImpl : public Connection
+{
 public:
     /// Connects `function` to `site` on behalf of `listener`.
     template <class Function>
     static ConnectionHandle make(detail::ConnectionSite& site, Listener* listener, Thread* thread,
-                                Function function);
+                                 Function function);
 
     R call(Param<A>... arguments) { return m_call(this, arguments...); }
 
@@ -160,9 +163,9 @@ protected:
     using Call = R (*)(ConnectionImpl*, Param<A>...);
 
     ConnectionImpl(Listener* listener, Thread* thread, Call function)
-        : Connection(listener, thread, typeid(R(A...))), m_call(function)
-    {
-    }
+        : Connection(listener, thread, typeid(R(A...))),
+          m_call(function)
+    {}
 
 private:
     Call m_call;
@@ -185,7 +188,8 @@ namespace detail {
 template <class Function, class R, class... A>
 constexpr int acceptedArguments()
 {
-    constexpr auto fits = []<std::size_t... I>(std::index_sequence<I...>) {
+    constexpr auto fits = []<std::size_t... I>(std::index_sequence<I...>)
+    {
         return std::is_invocable_r_v<R, Function&,
                                      std::tuple_element_t<I, std::tuple<Param<A>...>>...>;
     };
@@ -202,12 +206,13 @@ constexpr int acceptedArguments()
 }
 
 template <class Function, class R, class... A>
-class FunctionConnection final : public ConnectionImpl<R, A...> {
+class FunctionConnection final : public ConnectionImpl<R, A...>
+{
 public:
     FunctionConnection(Listener* listener, Thread* thread, Function function)
-        : ConnectionImpl<R, A...>(listener, thread, &invoke), m_function(std::move(function))
-    {
-    }
+        : ConnectionImpl<R, A...>(listener, thread, &invoke),
+          m_function(std::move(function))
+    {}
 
 private:
     friend class ConnectionImpl<R, A...>;
@@ -220,17 +225,19 @@ private:
         if constexpr (Accepted == sizeof...(A)) {
             return static_cast<R>(std::invoke(function, arguments...));
         } else {
-            return [&]<std::size_t... I>(std::index_sequence<I...>) -> R {
+            return [&]<std::size_t... I>(std::index_sequence<I...>)->R
+            {
                 [[maybe_unused]] const auto all = std::forward_as_tuple(arguments...);
                 return static_cast<R>(std::invoke(function, std::get<I>(all)...));
-            }(std::make_index_sequence<Accepted>());
+            }
+            (std::make_index_sequence<Accepted>());
         }
     }
 
     Function m_function;
 };
 
-}  // namespace detail
+} // namespace detail
 
 template <class R, class... A>
 template <class Function>
@@ -239,8 +246,8 @@ ConnectionHandle ConnectionImpl<R, A...>::make(detail::ConnectionSite& site, Lis
 {
     static_assert(detail::acceptedArguments<Function, R, A...>() >= 0,
                   "the handler must take the signal's arguments, or the first few of them");
-    auto* connection = new detail::FunctionConnection<Function, R, A...>(listener, thread,
-                                                                         std::move(function));
+    auto* connection =
+        new detail::FunctionConnection<Function, R, A...>(listener, thread, std::move(function));
     // Held before others can cut it.
     ConnectionHandle handle(connection);
     connection->attach(site);
@@ -250,9 +257,12 @@ ConnectionHandle ConnectionImpl<R, A...>::make(detail::ConnectionSite& site, Lis
 namespace detail {
 
 /// Keeps the block that an emission walks through alive, and hands it out.
-class Emission {
+class Emission
+{
 public:
-    Emission(Thread* thread, ConnectionSite& site) : m_pins(thread->pins()), m_depth(m_pins.m_depth++)
+    Emission(Thread* thread, ConnectionSite& site)
+        : m_pins(thread->pins()),
+          m_depth(m_pins.m_depth++)
     {
         if (m_depth < EmissionPins::Depth) [[likely]] {
             if (m_depth >= m_pins.m_highWater.load(std::memory_order_relaxed))
@@ -300,7 +310,8 @@ private:
 
 /// An emission on its way to a listener on another thread.
 template <class... A>
-struct QueuedEmission {
+struct QueuedEmission
+{
     ConnectionHandle m_connection;
     std::tuple<Kept<A>...> m_arguments;
 
@@ -367,21 +378,20 @@ R emitTo(ConnectionSite& site, bool wait, Param<A>... arguments)
 /// Delivers a packet to every listener of the site whose signature it has.
 TROV_EXPORT void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait);
 
-/// Wraps a member function and its object into a handler that takes what the signal sends, or
-/// nothing.
+/// A member function and its object, as a handler.
 template <class Object, class Member>
-auto memberHandler(Object* object, Member member)
+struct MemberHandler
 {
-    return [object, member](auto&&... arguments) -> decltype(auto)
-        requires std::is_invocable_v<Member, Object*, decltype(arguments)...>
-                 || std::is_invocable_v<Member, Object*>
-    {
-        if constexpr (std::is_invocable_v<Member, Object*, decltype(arguments)...>)
-            return std::invoke(member, object, std::forward<decltype(arguments)>(arguments)...);
-        else
-            return std::invoke(member, object);
-    };
-}
+    Object* m_object;
+    Member m_member;
 
-}  // namespace detail
-}  // namespace TROV
+    template <class... A>
+    requires std::is_invocable_v<const Member&, Object*, A...>
+    decltype(auto) operator()(A&&... arguments) const
+    {
+        return std::invoke(m_member, m_object, std::forward<A>(arguments)...);
+    }
+};
+
+} // namespace detail
+} // namespace TROV

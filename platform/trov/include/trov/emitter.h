@@ -13,7 +13,8 @@ namespace TROV {
 ///
 /// An emitter is one byte: the number of its place in an emitters table, whose head knows the rest.
 /// An `Emitter` that stands alone keeps its connections behind that byte.
-class TROV_EXPORT EmitterBase {
+class TROV_EXPORT EmitterBase
+{
 public:
     EmitterBase(const EmitterBase&) = delete;
     EmitterBase& operator=(const EmitterBase&) = delete;
@@ -54,12 +55,13 @@ template <class Signature>
 class Signal;
 
 template <class R, class... A>
-class Signal<R(A...)> {
+class Signal<R(A...)>
+{
 public:
     explicit Signal(const EmitterBase& emitter, bool isRequest = false) noexcept
-        : m_emitter(&emitter), m_isRequest(isRequest)
-    {
-    }
+        : m_emitter(&emitter),
+          m_isRequest(isRequest)
+    {}
 
     /// Calls `handler` for every emission, on `thread` (null: the calling thread), as long as
     /// `listener` lives; the handler takes the signal's arguments or the first few of them, down to
@@ -69,18 +71,18 @@ public:
     ConnectionHandle connect(Listener* listener, Handler handler, Thread* thread = nullptr) const
         requires(!std::is_member_pointer_v<Handler>)
     {
-        return ConnectionImpl<R, A...>::make(
-            m_emitter->siteForListeners(m_isRequest), listener,
-            thread ? thread : Thread::getCurrentThread(), std::move(handler));
+        return ConnectionImpl<R, A...>::make(m_emitter->siteForListeners(m_isRequest), listener,
+                                             thread ? thread : Thread::getCurrentThread(),
+                                             std::move(handler));
     }
 
     /// The same for a member function of the listener, which takes the arguments or none.
     template <class Object, class Member>
-    ConnectionHandle connect(Object* listener, Member member, Thread* thread = nullptr) const
-        requires std::is_member_function_pointer_v<Member>
+    ConnectionHandle connect(Object* listener, Member member, Thread* thread = nullptr)
+        const requires std::is_member_function_pointer_v<Member>
     {
-        return connect(static_cast<Listener*>(listener), detail::memberHandler(listener, member),
-                       thread);
+        return connect(static_cast<Listener*>(listener),
+                       detail::MemberHandler<Object, Member>{listener, member}, thread);
     }
 
     int numberOfConnections() const noexcept { return m_emitter->numberOfConnections(); }
@@ -99,7 +101,8 @@ template <class Signature>
 class Emitter;
 
 /// The part that does not depend on the signature.
-class TROV_EXPORT LoneEmitter : public EmitterBase {
+class TROV_EXPORT LoneEmitter : public EmitterBase
+{
 protected:
     LoneEmitter() noexcept : EmitterBase(StandsAlone) {}
     ~LoneEmitter() { detail::cutAllConnections(m_site); }
@@ -111,7 +114,8 @@ private:
 };
 
 template <class R, class... A>
-class Emitter<R(A...)> : public LoneEmitter {
+class Emitter<R(A...)> : public LoneEmitter
+{
     static_assert(sizeof...(A) <= 4, "emitters carry up to four arguments");
 
 public:
@@ -154,4 +158,4 @@ using Emitter3 = Emitter<R(A1, A2, A3)>;
 template <class R, class A1, class A2, class A3, class A4>
 using Emitter4 = Emitter<R(A1, A2, A3, A4)>;
 
-}  // namespace TROV
+} // namespace TROV

@@ -17,14 +17,16 @@ namespace TROV {
 namespace detail {
 
 /// The operations of one peer class for one emitters table; the operations themselves follow.
-struct OperationsHead {
+struct OperationsHead
+{
     std::size_t m_count;
 
     const Operation* rows() const noexcept { return reinterpret_cast<const Operation*>(this + 1); }
 };
 
 /// The head of an emitters table. The table's emitters, one byte each, follow it.
-struct TableHead {
+struct TableHead
+{
     Binding* m_binding;
     std::atomic<const OperationsHead*> m_operations{nullptr};
     TableHead* m_base;
@@ -38,7 +40,8 @@ struct TableHead {
 };
 
 /// An emitter that is a byte in a table.
-class TableEmitter : public EmitterBase {
+class TableEmitter : public EmitterBase
+{
 public:
     const TableHead& head() const noexcept
     {
@@ -54,8 +57,7 @@ protected:
         : EmitterBase(static_cast<std::uint8_t>(reinterpret_cast<std::uintptr_t>(this)
                                                 - reinterpret_cast<std::uintptr_t>(&head)
                                                 - sizeof(TableHead)))
-    {
-    }
+    {}
     ~TableEmitter() = default;
 
     /// The listeners' site, or null while nobody ever listened.
@@ -68,9 +70,10 @@ protected:
 
 /// A request on its way to a peer on another thread.
 template <class... A>
-struct QueuedRequest {
+struct QueuedRequest
+{
     Binding* m_binding;
-    const EmitterBase* m_emitter;  ///< compared, never followed
+    const EmitterBase* m_emitter; ///< compared, never followed
     void (*m_call)(Listener*, Param<A>...);
     std::uint32_t m_generation;
     std::tuple<Kept<A>...> m_arguments;
@@ -82,12 +85,13 @@ struct QueuedRequest {
     }
 };
 
-}  // namespace detail
+} // namespace detail
 
 /// An emitters table: first the pointer to the table of the base class, then the requests in their
 /// fixed order, then `RequestsEnd`, then the events. Every emitter is declared `name{*this}`.
 template <class Base>
-struct EmittersTable : detail::TableHead {
+struct EmittersTable : detail::TableHead
+{
     explicit EmittersTable(Base& base) noexcept : TableHead(base.m_binding, &base) {}
     ~EmittersTable() { m_binding->removeTable(m_base); }
 
@@ -97,7 +101,8 @@ struct EmittersTable : detail::TableHead {
 
 /// The table at the root of an object's tables; it owns the object's binding.
 template <>
-struct TROV_EXPORT EmittersTable<void> : detail::TableHead {
+struct TROV_EXPORT EmittersTable<void> : detail::TableHead
+{
     EmittersTable() : TableHead(detail::Binding::allocate(), nullptr) {}
     ~EmittersTable() { detail::Binding::free(m_binding); }
 };
@@ -108,7 +113,8 @@ template <class Signature>
 class Request;
 
 template <class R, class... A>
-class Request<R(A...)> : public detail::TableEmitter {
+class Request<R(A...)> : public detail::TableEmitter
+{
     static_assert(sizeof...(A) <= 5, "requests carry up to five arguments");
 
 public:
@@ -152,7 +158,7 @@ private:
         // The operation may end the object, and its emitters with it.
         const auto hasOthers = [&] {
             return others && binding.isOf(object)
-                && detail::numberOfConnections(others->m_site) > 0;
+                   && detail::numberOfConnections(others->m_site) > 0;
         };
         if constexpr (std::is_void_v<R>) {
             if (bound)
@@ -183,8 +189,8 @@ private:
         if (&thread == Thread::getCurrentThread())
             return serve();
         if constexpr (std::is_void_v<R>)
-            thread.enqueue(detail::QueuedRequest<A...>{&binding, emitter, operation, generation,
-                                                       {arguments...}});
+            thread.enqueue(detail::QueuedRequest<A...>{
+                &binding, emitter, operation, generation, {arguments...}});
         else
             return thread.callAndWait<R>(
                 &binding, emitter, [&] { return binding.serves(generation, emitter); }, serve);
@@ -192,7 +198,8 @@ private:
 };
 
 /// Marks the end of the requests of a table; what follows are events.
-class RequestsEnd : public detail::TableEmitter {
+class RequestsEnd : public detail::TableEmitter
+{
 public:
     explicit RequestsEnd(const detail::TableHead& head) noexcept : TableEmitter(head) {}
 };
@@ -202,7 +209,8 @@ template <class Signature>
 class Event;
 
 template <class... A>
-class Event<void(A...)> : public detail::TableEmitter {
+class Event<void(A...)> : public detail::TableEmitter
+{
 public:
     explicit Event(const detail::TableHead& head) noexcept : TableEmitter(head) {}
 
@@ -237,14 +245,16 @@ template <class Member>
 struct FieldTraits;
 
 template <class Table, class R, class... A>
-struct FieldTraits<Request<R(A...)> Table::*> {
+struct FieldTraits<Request<R(A...)> Table::*>
+{
     using Emitters = Table;
 
     template <class Class, class Result, class... B>
     static constexpr bool matches(Result (Class::*)(B...))
     {
-        return std::is_same_v<R, Result>
-            && std::is_same_v<std::tuple<A...>, std::tuple<std::remove_cvref_t<B>...>>;
+        return std::is_same_v<
+                   R,
+                   Result> && std::is_same_v<std::tuple<A...>, std::tuple<std::remove_cvref_t<B>...>>;
     }
     template <class Class, class Result, class... B>
     static constexpr bool matches(Result (Class::*)(B...) const)
@@ -264,17 +274,20 @@ struct FieldTraits<Request<R(A...)> Table::*> {
 template <class Member>
 struct OperationTraits;
 template <class Class, class R, class... A>
-struct OperationTraits<R (Class::*)(A...)> {
+struct OperationTraits<R (Class::*)(A...)>
+{
     using Peer = Class;
 };
 template <class Class, class R, class... A>
-struct OperationTraits<R (Class::*)(A...) const> {
+struct OperationTraits<R (Class::*)(A...) const>
+{
     using Peer = Class;
 };
 
 /// One row of an operations table: a request and the operation that serves it.
 template <class Emitters>
-struct Row {
+struct Row
+{
     Operation m_operation;
     std::size_t (*m_place)(const Emitters&);
 };
@@ -294,7 +307,7 @@ Row<typename FieldTraits<decltype(Field)>::Emitters> makeRow()
 
 [[noreturn]] TROV_EXPORT void reportMisplacedRow(const std::type_info& emitters, std::size_t row);
 
-}  // namespace detail
+} // namespace detail
 
 /// A row of an operations table: `TROV::row<&VXThing2Emitters::setSize, &QtThing2::doSetSize>()`.
 /// The operation is called virtually where it is virtual.
@@ -307,13 +320,14 @@ auto row()
 /// The operations of one peer class, in the order of the requests of one emitters table. Made once
 /// per class; every peer of the class refers to it.
 template <class Emitters, std::size_t Count>
-class Operations {
+class Operations
+{
 public:
     template <class... Rows>
     explicit Operations(Rows... rows)
-        : m_table{{Count}, {rows.m_operation...}}, m_places{rows.m_place...}
-    {
-    }
+        : m_table{{Count}, {rows.m_operation...}},
+          m_places{rows.m_place...}
+    {}
 
     /// Ends the program with a message if the rows are not exactly the requests of `table`, each
     /// once and in order: a request bound to nothing, or to its neighbour's operation, must not
@@ -334,11 +348,14 @@ public:
     const detail::OperationsHead* head() const noexcept { return &m_table.m_head; }
 
 private:
-    struct Table {
+    struct Table
+    {
         detail::OperationsHead m_head;
         detail::Operation m_rows[Count ? Count : 1];
     };
     static_assert(offsetof(Table, m_rows) == sizeof(detail::OperationsHead));
+    static_assert(sizeof(Emitters) < sizeof(detail::TableHead) + 0xff,
+                  "an emitter's place in its table is one byte");
 
     Table m_table;
     std::size_t (*m_places[Count ? Count : 1])(const Emitters&);
@@ -363,7 +380,8 @@ Operations<Emitters, 0> operations()
 ///
 /// From outside it looks like one connection per request: counted, ordered, bound to the thread of
 /// the first `bind`, cut by `unbind` or with the object.
-class TROV_EXPORT RequestBinding {
+class TROV_EXPORT RequestBinding
+{
 public:
     RequestBinding() = default;
     RequestBinding(const RequestBinding&) = delete;
@@ -394,4 +412,4 @@ private:
     std::uint32_t m_generation = 0;
 };
 
-}  // namespace TROV
+} // namespace TROV

@@ -10,7 +10,8 @@ namespace TROV {
 /// A connection is cut when its listener is destroyed. On the thread that a connection delivers on,
 /// nothing of it arrives after `disconnect()` or the destructor has returned; a call that is
 /// running on another thread at that moment runs to its end.
-class TROV_EXPORT Listener {
+class TROV_EXPORT Listener
+{
 public:
     Listener() = default;
     /// Connections belong to one listener: a copy starts without any.
@@ -26,7 +27,7 @@ public:
 
 private:
     friend class Connection;
-    Connection* m_first = nullptr;  // guarded by the global connection lock
+    Connection* m_first = nullptr; // guarded by the global connection lock
 };
 
-}  // namespace TROV
+} // namespace TROV

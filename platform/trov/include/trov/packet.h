@@ -16,15 +16,17 @@ namespace TROV {
 namespace detail {
 
 /// A request served by a bound operation: an untyped function pointer and its true signature.
-struct Operation {
+struct Operation
+{
     void (*m_call)() = nullptr;
     const std::type_info* m_signature = nullptr;
 };
 
-}  // namespace detail
+} // namespace detail
 
 /// The arguments of one emission, and room for its result.
-class TROV_EXPORT Payload {
+class TROV_EXPORT Payload
+{
 public:
     virtual ~Payload();
 
@@ -44,7 +46,8 @@ private:
 
 /// The arguments `A...` of an emission with result `R`. `Count` is their number.
 template <class R, int Count, class... A>
-class PayloadOf : public Payload {
+class PayloadOf : public Payload
+{
     static_assert(Count == sizeof...(A));
 
 public:
@@ -65,19 +68,14 @@ public:
     template <class Function>
     void apply(Function&& function)
     {
-        keep([&] {
-            return std::apply([&](const A&... a) { return function(a...); }, m_arguments);
-        });
+        keep(
+            [&] { return std::apply([&](const A&... a) { return function(a...); }, m_arguments); });
     }
 
     const std::tuple<A...>& arguments() const noexcept { return m_arguments; }
 
     /// What the last listener answered; empty before one did. To be read after all of them have.
-    auto& result() const noexcept
-        requires(!std::is_void_v<R>)
-    {
-        return m_result;
-    }
+    auto& result() const noexcept requires(!std::is_void_v<R>) { return m_result; }
 
 private:
     template <class Function>
@@ -93,7 +91,8 @@ private:
         }
     }
 
-    struct NoResult {};
+    struct NoResult
+    {};
     std::tuple<A...> m_arguments;
     VOXI::SpinLock m_resultLock;
     std::optional<std::conditional_t<std::is_void_v<R>, NoResult, R>> m_result;
@@ -111,7 +110,8 @@ template <class R, class A1, class A2, class A3, class A4, int Count = 4>
 using Payload4 = PayloadOf<R, Count, A1, A2, A3, A4>;
 
 /// Owns a payload while it travels. Copies share the payload; the last one deletes it.
-class TROV_EXPORT Packet {
+class TROV_EXPORT Packet
+{
 public:
     Packet() = default;
 
@@ -137,4 +137,4 @@ private:
     Payload* m_payload = nullptr;
 };
 
-}  // namespace TROV
+} // namespace TROV

@@ -12,7 +12,8 @@ namespace TROV::detail {
 /// The sleeper notes `count()`, looks whether there is anything to do, and calls `sleep` with the
 /// noted value: if anybody roused it meanwhile it does not sleep at all. Rousing a thread that is
 /// awake costs no system call.
-class TROV_EXPORT Rouser {
+class TROV_EXPORT Rouser
+{
 public:
     std::uint32_t count() const noexcept { return m_count.load(std::memory_order_acquire); }
 
@@ -26,4 +27,4 @@ private:
     std::atomic<bool> m_sleeping{false};
 };
 
-}  // namespace TROV::detail
+} // namespace TROV::detail

@@ -20,7 +20,8 @@ namespace TROV {
 namespace detail {
 
 /// The blocks of connections that emissions on one thread are walking through right now.
-struct EmissionPins {
+struct EmissionPins
+{
     static constexpr unsigned Depth = 32;
 
     std::atomic<const void*> m_pins[Depth] = {};
@@ -28,7 +29,7 @@ struct EmissionPins {
     unsigned m_depth = 0;
 };
 
-}  // namespace detail
+} // namespace detail
 
 /// An operating-system thread as the signal library sees it: a name and a queue of calls.
 ///
@@ -39,7 +40,8 @@ struct EmissionPins {
 /// and later calls are dropped. What is sent before the first loop runs waits for it.
 ///
 /// Unless said otherwise, functions may be called from any thread.
-class TROV_EXPORT Thread {
+class TROV_EXPORT Thread
+{
 public:
     using Clock = std::chrono::steady_clock;
     using ExceptionHandler = std::function<void(std::exception_ptr)>;
@@ -48,10 +50,7 @@ public:
     Thread& operator=(const Thread&) = delete;
 
     /// The calling thread; never null.
-    static Thread* getCurrentThread()
-    {
-        return s_current ? s_current : attachCurrentThread();
-    }
+    static Thread* getCurrentThread() { return s_current ? s_current : attachCurrentThread(); }
 
     /// The live thread of that name, or null. Of several the one named last answers.
     static Thread* find(const std::string& name);
@@ -88,7 +87,8 @@ public:
     template <class Function>
     void post(Function function)
     {
-        struct Call {
+        struct Call
+        {
             Function m_function;
             void deliver() { m_function(); }
         };
@@ -135,6 +135,10 @@ public:
 
     detail::EmissionPins& pins() noexcept { return m_pins; }
 
+    /// Notes whether calls are being run, so that an answer is worth a moment's spinning; returns
+    /// what it was.
+    bool setBusy(bool busy) noexcept { return m_busy.exchange(busy, std::memory_order_relaxed); }
+
     /// Calls `function` with every thread there ever was, while none can begin or end.
     static void forEach(const std::function<void(Thread&)>& function);
 
@@ -145,10 +149,12 @@ public:
 private:
     friend struct ThreadAttachment;
 
-    struct NoResult {};
+    struct NoResult
+    {};
 
     template <class R, class Wanted, class Function>
-    struct AskedCall : detail::Waiter {
+    struct AskedCall : detail::Waiter
+    {
         AskedCall(Wanted& isWanted, Function& function) : m_wanted(isWanted), m_function(function)
         {
             m_isWanted = [](Waiter* waiter) -> bool {
@@ -218,7 +224,7 @@ private:
     void closeUnlessServed();
     void detach();
     void endQuestion(detail::Waiter* waiter) noexcept;
-    void unlinkWaiter(detail::Waiter* waiter) noexcept;  // queue lock held
+    void unlinkWaiter(detail::Waiter* waiter) noexcept; // queue lock held
     static void reportException(std::exception_ptr error);
 
 #if defined(__GNUC__)
@@ -229,22 +235,22 @@ private:
 
     // What other threads look at.
     VOXI::SpinLock m_queueLock;
-    bool m_wakePending = false;    // guarded: the loop has been roused and has not come yet
-    detail::CallList m_incoming;   // guarded
-    detail::Waiter* m_waiters = nullptr;  // guarded: who waits for answers of this thread
+    bool m_wakePending = false;          // guarded: the loop has been roused and has not come yet
+    detail::CallList m_incoming;         // guarded
+    detail::Waiter* m_waiters = nullptr; // guarded: who waits for answers of this thread
     std::atomic<bool> m_accepting{true};
     std::atomic<bool> m_hasIncoming{false};
     std::atomic<bool> m_busy{false};
     std::atomic<int> m_requestsPending{0};
-    detail::Rouser m_rouser;            // of the thread itself, in `exec` or waiting for an answer
+    detail::Rouser m_rouser; // of the thread itself, in `exec` or waiting for an answer
     std::atomic<int> m_refs{0};
     std::atomic<bool> m_quit{false};
     std::mutex m_wakeUpMutex;
-    std::function<void()> m_wakeUp;     // guarded by m_wakeUpMutex
+    std::function<void()> m_wakeUp; // guarded by m_wakeUpMutex
     mutable VOXI::SpinLock m_nameLock;
-    std::string m_name;                 // guarded by m_nameLock
-    std::uint64_t m_named = 0;          // guarded by m_nameLock: when, as a serial number
-    bool m_isFree = false;              // guarded by the directory: no system thread has it
+    std::string m_name;        // guarded by m_nameLock
+    std::uint64_t m_named = 0; // guarded by m_nameLock: when, as a serial number
+    bool m_isFree = false;     // guarded by the directory: no system thread has it
 
     // What only the thread itself looks at.
     detail::CallList m_current;
@@ -256,7 +262,8 @@ private:
 };
 
 /// A counted reference to a thread.
-class ThreadRef {
+class ThreadRef
+{
 public:
     ThreadRef() = default;
     explicit ThreadRef(Thread* thread) : m_thread(thread)
@@ -285,4 +292,4 @@ private:
     Thread* m_thread = nullptr;
 };
 
-}  // namespace TROV
+} // namespace TROV

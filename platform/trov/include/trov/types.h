@@ -15,16 +15,16 @@ class Thread;
 
 /// How an emission travels to a listener.
 enum SendMode : int {
-    SendDirect = 0,    ///< a plain call when the listener's thread is the sender's, else queued
-    SendQueued = 1     ///< always through the queue of the listener's thread
+    SendDirect = 0, ///< a plain call when the listener's thread is the sender's, else queued
+    SendQueued = 1  ///< always through the queue of the listener's thread
 };
 
 /// How an argument of type `A` is handed on: small plain values by value, others by reference.
 template <class A>
-using Param = std::conditional_t<std::is_reference_v<A>, A,
-                                 std::conditional_t<std::is_trivially_copyable_v<A>
-                                                        && sizeof(A) <= 2 * sizeof(void*),
-                                                    A, const A&>>;
+using Param = std::conditional_t<
+    std::is_reference_v<A>, A,
+    std::conditional_t<std::is_trivially_copyable_v<A> && sizeof(A) <= 2 * sizeof(void*), A,
+                       const A&>>;
 
 namespace detail {
 
@@ -40,5 +40,5 @@ R defaultResult()
         return R();
 }
 
-}  // namespace detail
-}  // namespace TROV
+} // namespace detail
+} // namespace TROV

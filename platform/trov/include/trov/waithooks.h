@@ -8,9 +8,10 @@ namespace TROV {
 ///
 /// A thread that waits for an answer while it holds a lock which the answering thread may want
 /// would wait for ever. Whoever owns such a lock installs these hooks once, before threads run.
-struct WaitHooks {
-    unsigned (*release)() = nullptr;          ///< gives up the calling thread's holds, returns them
-    void (*reacquire)(unsigned) = nullptr;    ///< takes them back
+struct WaitHooks
+{
+    unsigned (*release)() = nullptr;       ///< gives up the calling thread's holds, returns them
+    void (*reacquire)(unsigned) = nullptr; ///< takes them back
 };
 
 /// Installs the hooks; null members do nothing. Call it from one thread, before any waiting.
@@ -18,7 +19,8 @@ TROV_EXPORT void installWaitHooks(WaitHooks hooks);
 
 /// Steps aside for the lifetime of the object: for waits that do not go through this library, such
 /// as a host's event loop going to sleep.
-class TROV_EXPORT WaitRelease {
+class TROV_EXPORT WaitRelease
+{
 public:
     WaitRelease();
     ~WaitRelease();
@@ -27,6 +29,7 @@ public:
 
 private:
     unsigned m_holds;
+    bool m_wasBusy;
 };
 
-}  // namespace TROV
+} // namespace TROV
