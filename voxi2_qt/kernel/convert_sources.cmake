@@ -9,6 +9,7 @@ set(VOXI2_QT_CONVERT_HEADERS
     export/include/voxi2_qt/kernel/qticon.h
     export/include/voxi2_qt/kernel/qtimage.h
     export/include/voxi2_qt/kernel/qtinput.h
+    export/include/voxi2_qt/kernel/qtmime.h
     export/include/voxi2_qt/kernel/qttext.h
     export/include/voxi2_qt/kernel/qtwindowflags.h)
 set(VOXI2_QT_CONVERT_SOURCES
@@ -20,5 +21,6 @@ set(VOXI2_QT_CONVERT_SOURCES
     kernel/qtimage.cpp
     kernel/qtinput.cpp
     kernel/qtkey.cpp
+    kernel/qtmime.cpp
     kernel/qttext.cpp
     kernel/qtwindowflags.cpp)

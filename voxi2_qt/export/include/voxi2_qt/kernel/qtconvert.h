@@ -9,5 +9,6 @@
 #include "voxi2_qt/kernel/qticon.h"
 #include "voxi2_qt/kernel/qtimage.h"
 #include "voxi2_qt/kernel/qtinput.h"
+#include "voxi2_qt/kernel/qtmime.h"
 #include "voxi2_qt/kernel/qttext.h"
 #include "voxi2_qt/kernel/qtwindowflags.h"

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "voxi2_qt/voxi2_qt_export.h"
+#include "voxi_util/any.h"
+#include "voxi_util/vxmimedata2.h"
+
+#include <QMimeData>
+#include <QString>
+
+namespace VOXI {
+
+/// A new object with every format of `data`, for a clipboard or a drag; the caller owns it. Never
+/// null.
+///
+/// Bytes are given as they are, pictures as PNG (and as Qt's own image format, which other programs
+/// read), values of other types as their text in UTF-8. Within this program the values themselves
+/// come back.
+VOXI2_QT_EXPORT QMimeData* VX2Qt(const VXMimeData2& data);
+
+/// Every format with its data, as anyFromMime gives them, in Qt's order. Data of another program
+/// are fetched from it.
+VOXI2_QT_EXPORT VXMimeData2 Qt2VX(const QMimeData& data);
+
+/// The data of one format: the value itself if it was set in this program, a Pixmap for an image,
+/// else a ByteArray. Empty when there is no such format.
+VOXI2_QT_EXPORT any anyFromMime(const QMimeData& data, const QString& format);
+
+} // namespace VOXI
