@@ -27,11 +27,10 @@ WaitRelease::WaitRelease() : m_holds(0), m_wasBusy(Thread::getCurrentThread()->s
 
 WaitRelease::~WaitRelease()
 {
-    Thread::getCurrentThread()->setBusy(m_wasBusy);
-    if (m_holds == 0)
-        return;
-    if (const auto reacquire = s_reacquire.load(std::memory_order_acquire))
+    const auto reacquire = s_reacquire.load(std::memory_order_acquire);
+    if (m_holds != 0 && reacquire)
         reacquire(m_holds);
+    Thread::getCurrentThread()->setBusy(m_wasBusy);
 }
 
 } // namespace TROV
