@@ -92,6 +92,10 @@ function(voxi_add_library name)
 
     add_library(${name} SHARED ${arg_SOURCES})
     add_library(voxi::${name} ALIAS ${name})
+    if(NOT VOXI_SANITIZE)
+        # Libraries are loaded at run time too: what is missing must not wait until then.
+        target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    endif()
     set(export_header "${VOXI_EXPORT_DIR}/${name}/${name}_export.h")
     generate_export_header(${name} EXPORT_FILE_NAME "${export_header}")
     target_sources(

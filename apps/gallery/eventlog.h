@@ -1,6 +1,5 @@
 #pragma once
 
-#include "trov/listener.h"
 #include "voxi2/controls/vxabstractbutton2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxwidget2.h"

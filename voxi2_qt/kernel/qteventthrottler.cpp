@@ -115,6 +115,26 @@ void EventThrottler::postOn(const Emitter<E>& emitter, const E& event)
                        TROV::SendQueued, false);
 }
 
+void EventThrottler::post(const VXMouseEvent2& event)
+{
+    postOn(m_mouse, event);
+}
+
+void EventThrottler::post(const VXResizeEvent2& event)
+{
+    postOn(m_resize, event);
+}
+
+void EventThrottler::post(const VXDragEvent2& event)
+{
+    postOn(m_drag, event);
+}
+
+void EventThrottler::post(const VXKeyEvent2& event)
+{
+    postOn(m_key, event);
+}
+
 template <class E>
 void EventThrottler::deliver(VXWidget2* widget, WidgetEvent type, const E& event)
 {

@@ -5,10 +5,10 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QLibrary>
 #include <QPixmap>
 #include <QWidget>
 
+#include <dlfcn.h>
 #include <stdexcept>
 
 namespace VOXI {
@@ -29,15 +29,18 @@ QtHost::QtHost(const std::string& library)
 
 void QtHost::bringUp(const std::string& library)
 {
-    QLibrary backEnd(library.empty() ? QStringLiteral("voxi2_qt")
-                                     : QString::fromLocal8Bit(library.data(),
-                                                              qsizetype(library.size())));
-    // Its objects live as long as the process.
-    backEnd.setLoadHints(QLibrary::PreventUnloadHint | QLibrary::ResolveAllSymbolsHint);
-    const auto initialize = backEnd.resolve("initialize_voxi2_qt");
-    m_terminate = backEnd.resolve("terminate_voxi2_qt");
-    if (!initialize || !m_terminate)
-        throw std::runtime_error(backEnd.errorString().toLocal8Bit().toStdString());
+    // Never closed: its objects live as long as the process. Loaded from here, it is found beside
+    // this library.
+    const std::string file = library.empty() ? "libvoxi2_qt.so" : library;
+    void* backEnd = dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
+    const auto find = [&](const char* name) {
+        void* symbol = backEnd ? dlsym(backEnd, name) : nullptr;
+        if (!symbol)
+            throw std::runtime_error(dlerror());
+        return reinterpret_cast<void (*)()>(symbol);
+    };
+    const auto initialize = find("initialize_voxi2_qt");
+    m_terminate = find("terminate_voxi2_qt");
     m_binding = std::make_unique<EventLoopBinding>();
     initialize();
 }

@@ -26,10 +26,10 @@ public:
 
     // What is posted for a kind that is on its way already is dropped: ask `isPending` before
     // building it. The type of the event says which kind it is.
-    void post(const VXMouseEvent2& event) { postOn(m_mouse, event); }
-    void post(const VXResizeEvent2& event) { postOn(m_resize, event); }
-    void post(const VXDragEvent2& event) { postOn(m_drag, event); }
-    void post(const VXKeyEvent2& event) { postOn(m_key, event); }
+    void post(const VXMouseEvent2& event);
+    void post(const VXResizeEvent2& event);
+    void post(const VXDragEvent2& event);
+    void post(const VXKeyEvent2& event);
 
     /// The pending bit of an event; 0 for events that are never throttled.
     static unsigned pendingBit(WidgetEvent event) noexcept;
