@@ -4,7 +4,10 @@
 #include "voxi_util/typeinfo.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace VOXI {
@@ -32,6 +35,33 @@ StringID imageFormat()
 {
     static const StringID format("application/x-voxi-image");
     return format;
+}
+
+StringID colorFormat()
+{
+    static const StringID format("application/x-color");
+    return format;
+}
+
+/// The form that other programs understand: red, green, blue and opacity as 16-bit numbers in the
+/// order of bytes of this machine.
+using WideChannels = std::array<std::uint16_t, 4>;
+
+ByteArray bytesOf(Color color)
+{
+    const auto wide = [](int channel) { return static_cast<std::uint16_t>(channel * 257); };
+    const WideChannels channels{wide(color.red()), wide(color.green()), wide(color.blue()),
+                                wide(color.alpha())};
+    return {channels.data(), sizeof channels};
+}
+
+std::optional<Color> colorOf(const ByteArray& bytes)
+{
+    WideChannels channels;
+    if (bytes.size() != sizeof channels)
+        return std::nullopt;
+    std::memcpy(channels.data(), bytes.data(), sizeof channels);
+    return Color(channels[0] >> 8, channels[1] >> 8, channels[2] >> 8, channels[3] >> 8);
 }
 
 /// Whether both hold the type, and equal values of it.
@@ -185,7 +215,22 @@ Pixmap VXMimeData2::image() const
 
 void VXMimeData2::setImage(const Pixmap& image)
 {
-    setData(imageFormat(), any(image));
+    setData(imageFormat(), image.isNull() ? any() : any(image));
+}
+
+std::optional<Color> VXMimeData2::color() const
+{
+    const any* const value = find(colorFormat());
+    if (!value)
+        return std::nullopt;
+    if (const Color* const color = std::any_cast<Color>(value))
+        return *color;
+    return colorOf(bytes(colorFormat()));
+}
+
+void VXMimeData2::setColor(Color color)
+{
+    setData(colorFormat(), bytesOf(color));
 }
 
 bool operator==(const VXMimeData2& a, const VXMimeData2& b)

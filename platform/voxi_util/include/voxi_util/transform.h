@@ -2,6 +2,7 @@
 
 #include "voxi_util/geometry.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -38,14 +39,30 @@ struct Transform
         return {a * point.x + c * point.y + dx, b * point.x + d * point.y + dy};
     }
 
+    /// The smallest upright rectangle that holds the mapped corners.
+    constexpr VXRect<double> mapRect(const VXRect<double>& rect) const noexcept
+    {
+        const VXPoint<double> end = rect.end();
+        const VXPoint<double> corners[] = {map(rect.topLeft()), map({end.x, rect.y}),
+                                           map({rect.x, end.y}), map(end)};
+        VXPoint<double> low = corners[0];
+        VXPoint<double> high = corners[0];
+        for (const VXPoint<double>& corner : corners) {
+            low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
+            high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
+        }
+        return {low.x, low.y, high.x - low.x, high.y - low.y};
+    }
+
     constexpr double determinant() const noexcept { return a * d - b * c; }
     constexpr bool isIdentity() const noexcept { return *this == Transform{}; }
 
-    /// The map that undoes this one; none when this one flattens the plane.
+    /// The map that undoes this one; none when this one flattens the plane or is no map at
+    /// all (NaN).
     constexpr std::optional<Transform> inverted() const noexcept
     {
         const double det = determinant();
-        if (det == 0)
+        if (!(det < 0 || det > 0))
             return std::nullopt;
         return Transform{
             d / det, -b / det, -c / det, a / det, (c * dy - d * dx) / det, (b * dx - a * dy) / det};

@@ -2,12 +2,14 @@
 
 #include "voxi_util/any.h"
 #include "voxi_util/bytearray.h"
+#include "voxi_util/color.h"
 #include "voxi_util/pixmap.h"
 #include "voxi_util/stringid.h"
 #include "voxi_util/voxi_util_export.h"
 #include "voxi_util/vxstringlist.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -55,7 +57,13 @@ public:
 
     /// "application/x-voxi-image"; null when there is none.
     Pixmap image() const;
+    /// A null pixmap removes the format.
     void setImage(const Pixmap& image);
+
+    /// "application/x-color", in the form that other programs exchange; none when there is none.
+    /// Reads a Color value too.
+    std::optional<Color> color() const;
+    void setColor(Color color);
 
     /// Same formats in the same order with equal data. Data of a type that TypeInfo does not know
     /// are equal only among copies of the same mime data.

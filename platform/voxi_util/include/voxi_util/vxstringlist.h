@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -25,6 +28,21 @@ public:
         }
         return joined;
     }
+
+    /// The reverse of join: always at least one text. An empty separator does not split.
+    static VXStringList split(std::string_view text, std::string_view separator)
+    {
+        VXStringList texts;
+        std::size_t end = std::string_view::npos;
+        while (!separator.empty() && (end = text.find(separator)) != std::string_view::npos) {
+            texts.emplace_back(text.substr(0, end));
+            text.remove_prefix(end + separator.size());
+        }
+        texts.emplace_back(text);
+        return texts;
+    }
+
+    bool contains(std::string_view text) const { return std::find(begin(), end(), text) != end(); }
 };
 
 } // namespace VOXI

@@ -1,0 +1,89 @@
+#include "support/watchdog.h"
+#include "voxi_util/stringid.h"
+
+#include <atomic>
+#include <chrono>
+#include <gtest/gtest.h>
+#include <latch>
+#include <set>
+#include <string>
+#include <thread>
+#include <unordered_set>
+#include <vector>
+
+using namespace VOXI;
+
+TEST(StringID, equalTextsAreOneName)
+{
+    const std::string text = "format/one";
+    const StringID fromText(text);
+    const StringID fromLiteral("format/one");
+    EXPECT_EQ(fromText, fromLiteral);
+    EXPECT_EQ(std::hash<StringID>{}(fromText), std::hash<StringID>{}(fromLiteral));
+    EXPECT_EQ(&fromText.getString(), &fromLiteral.getString());
+    EXPECT_NE(fromText, StringID("format/two"));
+    EXPECT_NE(fromText, StringID("FORMAT/ONE"));
+}
+
+TEST(StringID, nothingIsTheEmptyText)
+{
+    const char* const none = nullptr;
+    for (const StringID& empty :
+         {StringID(), StringID(""), StringID(none), StringID(std::string())}) {
+        EXPECT_TRUE(empty.isEmpty());
+        EXPECT_EQ(empty, StringID());
+        EXPECT_EQ(empty.getString(), "");
+    }
+    EXPECT_LT(StringID(), StringID("anything"));
+}
+
+TEST(StringID, charactersOfValueZeroCount)
+{
+    const std::string zero(1, '\0');
+    const StringID one(zero);
+    const StringID tail("a" + zero + "b");
+    EXPECT_FALSE(one.isEmpty());
+    EXPECT_NE(tail, StringID("a"));
+    EXPECT_NE(tail, StringID("a" + zero + "c"));
+    EXPECT_EQ(tail.getString().size(), 3u);
+}
+
+TEST(StringID, servesAsKeyInBothKindsOfContainers)
+{
+    const std::vector<StringID> ids{"key-b", "key-a", "key-b", "", "key-c", "key-a"};
+    EXPECT_EQ(std::set<StringID>(ids.begin(), ids.end()).size(), 4u);
+    EXPECT_EQ(std::unordered_set<StringID>(ids.begin(), ids.end()).size(), 4u);
+}
+
+// Threads meet the same new texts at the same time, in different orders.
+TEST(StringID, threadsAgreeOnTheNameOfANewText)
+{
+    const Watchdog watchdog(std::chrono::seconds(60), "StringID threads");
+    constexpr int threadCount = 4;
+    constexpr int textCount = 2000;
+    std::vector<std::vector<StringID>> found(threadCount, std::vector<StringID>(textCount));
+    std::atomic<int> wrongTexts{0};
+    std::latch start(threadCount);
+    std::vector<std::thread> threads;
+    for (int t = 0; t < threadCount; ++t) {
+        threads.emplace_back([&, t] {
+            start.arrive_and_wait();
+            for (int i = 0; i < textCount; ++i) {
+                const int which = t % 2 ? textCount - 1 - i : i;
+                const std::string text = "shared name " + std::to_string(which);
+                const StringID id(text);
+                found[static_cast<std::size_t>(t)][static_cast<std::size_t>(which)] = id;
+                if (id.getString() != text)
+                    ++wrongTexts;
+            }
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+
+    EXPECT_EQ(wrongTexts, 0);
+    for (const std::vector<StringID>& other : found)
+        EXPECT_EQ(other, found.front());
+    EXPECT_EQ(std::set<StringID>(found.front().begin(), found.front().end()).size(),
+              static_cast<std::size_t>(textCount));
+}
