@@ -151,7 +151,7 @@ VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropE
     VXDragEvent2::Details details;
     details.position = Qt2VX(inWidget(target, event.position().toPoint()));
     if (event.mimeData())
-        details.mimeData = Qt2VX(*event.mimeData());
+        details.data = dragDataOf(*event.mimeData());
     details.possibleActions = Qt2VX(event.possibleActions());
     details.proposedAction = Qt2VX(event.proposedAction());
     details.buttons = Qt2VX(event.buttons());

@@ -7,11 +7,15 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QPointer>
 #include <QStringList>
+#include <QThread>
 #include <QVariant>
 
+#include <algorithm>
 #include <any>
 #include <utility>
+#include <vector>
 
 namespace VOXI {
 
@@ -46,6 +50,12 @@ QByteArray bytesOf(const any& value)
     if (const auto* pixmap = std::any_cast<Pixmap>(&value))
         return pngOf(*pixmap);
     return QByteArray::fromStdString(utf8FromWide(TypeInfo::of(value).convertToUString(value)));
+}
+
+/// The toolkit has a name of its own for what Qt calls an image.
+const QString& toolkitFormat(const QString& format)
+{
+    return format == qtImageFormat() ? imageFormat() : format;
 }
 
 StringID idOf(const QString& format)
@@ -88,6 +98,52 @@ private:
     VXMimeData2 m_data;
 };
 
+/// Dragged inside this program.
+class OwnDragData : public VXDragData2
+{
+public:
+    explicit OwnDragData(VXMimeData2 data) : m_data(std::move(data)) {}
+
+    std::vector<StringID> formats() const override { return m_data.formats(); }
+    any data(StringID format) const override { return m_data.data(format); }
+
+private:
+    VXMimeData2 m_data;
+};
+
+/// Dragged out of another program, or by Qt code that knows nothing of the toolkit.
+class ForeignDragData : public VXDragData2
+{
+public:
+    explicit ForeignDragData(const QMimeData& data) : m_data(&data) {}
+
+    std::vector<StringID> formats() const override
+    {
+        std::vector<StringID> formats;
+        if (!isWithinReach())
+            return formats;
+        const QStringList names = m_data->formats();
+        for (const QString& format : names) {
+            const StringID id = idOf(toolkitFormat(format));
+            if (std::find(formats.begin(), formats.end(), id) == formats.end())
+                formats.push_back(id);
+        }
+        return formats;
+    }
+
+    any data(StringID format) const override
+    {
+        return isWithinReach() ? anyFromMime(*m_data, toQString(format.getString())) : any();
+    }
+
+private:
+    // The thread first: on another one the pointer may change while it is looked at.
+    bool isWithinReach() const { return QThread::currentThread() == m_thread && m_data; }
+
+    const QThread* m_thread = QThread::currentThread();
+    QPointer<const QMimeData> m_data;
+};
+
 /// Empty when there is none. Programs of this toolkit offer the encoded picture too.
 any imageFrom(const QMimeData& data)
 {
@@ -113,7 +169,7 @@ VXMimeData2 Qt2VX(const QMimeData& data)
     VXMimeData2 result;
     const QStringList formats = data.formats();
     for (const QString& format : formats) {
-        const QString& name = format == qtImageFormat() ? imageFormat() : format;
+        const QString& name = toolkitFormat(format);
         result.setData(idOf(name), anyFromMime(data, name));
     }
     return result;
@@ -130,6 +186,13 @@ any anyFromMime(const QMimeData& data, const QString& format)
         return {};
     const QByteArray bytes = data.data(format);
     return ByteArray(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+std::shared_ptr<const VXDragData2> dragDataOf(const QMimeData& data)
+{
+    if (const auto* own = dynamic_cast<const ToolkitMimeData*>(&data))
+        return std::make_shared<OwnDragData>(own->toolkitData());
+    return std::make_shared<ForeignDragData>(data);
 }
 
 } // namespace VOXI

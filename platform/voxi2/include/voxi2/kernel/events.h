@@ -189,13 +189,29 @@ private:
     std::shared_ptr<bool> m_refused;
 };
 
+/// Reads what is being dragged. The data may lie in another program, which is asked only for what
+/// somebody wants to have.
+class VXDragData2 {
+public:
+    virtual ~VXDragData2() = default;
+
+    /// The best first.
+    virtual std::vector<StringID> formats() const = 0;
+    /// Empty when there is no such format.
+    virtual any data(StringID format) const = 0;
+};
+
 /// Data is dragged over the widget, or dropped on it. All copies of an event share one answer.
+///
+/// The data of another program can be read on the toolkit's thread and only until the handlers
+/// have returned; elsewhere and later there are no formats. Data dragged inside this program can be
+/// read anywhere and as long as the event is kept.
 class VXDragEvent2 : public VXWidgetEvent2 {
 public:
     /// What is being dragged, and what becomes of it.
     struct Details {
         VXPoint<int> position{};                       ///< in the widget
-        VXMimeData2 mimeData;                          ///< empty when the drag leaves
+        std::shared_ptr<const VXDragData2> data;       ///< null when the drag leaves
         VXFlags<DropAction> possibleActions{};
         DropAction proposedAction = DropAction::Ignore;
         VXFlags<MouseButton> buttons{};
@@ -214,7 +230,27 @@ public:
     }
 
     VXPoint<int> position() const noexcept { return m_shared->m_details.position; }
-    const VXMimeData2& mimeData() const noexcept { return m_shared->m_details.mimeData; }
+    /// The formats that the data can be had in, the best first; none when the drag leaves.
+    std::vector<StringID> formats() const
+    {
+        const auto& data = m_shared->m_details.data;
+        return data ? data->formats() : std::vector<StringID>();
+    }
+    /// Empty when there is no such format.
+    any data(StringID format) const
+    {
+        const auto& data = m_shared->m_details.data;
+        return data ? data->data(format) : any();
+    }
+    /// The data in all their formats. What lies in another program is fetched at every call, which
+    /// may take its time: to look whether a drag is welcome, `formats` is enough.
+    VXMimeData2 mimeData() const
+    {
+        VXMimeData2 result;
+        for (const StringID format : formats())
+            result.setData(format, data(format));
+        return result;
+    }
     VXFlags<DropAction> possibleActions() const noexcept
     {
         return m_shared->m_details.possibleActions;

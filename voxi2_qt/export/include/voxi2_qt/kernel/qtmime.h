@@ -1,11 +1,14 @@
 #pragma once
 
+#include "voxi2/kernel/events.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 #include "voxi_util/any.h"
 #include "voxi_util/vxmimedata2.h"
 
 #include <QMimeData>
 #include <QString>
+
+#include <memory>
 
 namespace VOXI {
 
@@ -24,5 +27,9 @@ VOXI2_QT_EXPORT VXMimeData2 Qt2VX(const QMimeData& data);
 /// The data of one format: the value itself if it was set in this program, a Pixmap for an image,
 /// else a ByteArray. Empty when there is no such format.
 VOXI2_QT_EXPORT any anyFromMime(const QMimeData& data, const QString& format);
+
+/// Reads `data` when it is asked to, on the thread that calls this; elsewhere, and when `data` is
+/// no more, it has no formats. Data of this program it keeps, and reads anywhere.
+VOXI2_QT_EXPORT std::shared_ptr<const VXDragData2> dragDataOf(const QMimeData& data);
 
 } // namespace VOXI
