@@ -1,0 +1,183 @@
+#include "enumpairs.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+
+#include <QMetaEnum>
+
+#include <cctype>
+
+using namespace VOXI;
+
+TEST(ConvertInput, ButtonsAndModifiers)
+{
+    expectPairs<Qt::MouseButton, MouseButton>({{MouseButton::None, 0},
+                                               {MouseButton::Left, 1},
+                                               {MouseButton::Right, 2},
+                                               {MouseButton::Middle, 4},
+                                               {MouseButton::Back, 8},
+                                               {MouseButton::Forward, 16}});
+    expectFlags<Qt::MouseButtons, MouseButton>({{MouseButton::Left, 1},
+                                                {MouseButton::Right, 2},
+                                                {MouseButton::Middle, 4},
+                                                {MouseButton::Back, 8},
+                                                {MouseButton::Forward, 0x10},
+                                                {MouseButton::Extra3, 0x20},
+                                                {MouseButton::Extra4, 0x40},
+                                                {MouseButton::Extra5, 0x80},
+                                                {MouseButton::Extra6, 0x100}});
+    EXPECT_EQ(Qt2VX(Qt::ExtraButton24), MouseButton::None);
+    EXPECT_EQ(Qt2VX(Qt::LeftButton | Qt::ExtraButton24), VXFlags(MouseButton::Left));
+    expectFlags<Qt::KeyboardModifiers, Modifier>({{Modifier::Shift, 0x02000000},
+                                                  {Modifier::Control, 0x04000000},
+                                                  {Modifier::Alt, 0x08000000},
+                                                  {Modifier::Meta, 0x10000000},
+                                                  {Modifier::Keypad, 0x20000000},
+                                                  {Modifier::GroupSwitch, 0x40000000}});
+}
+
+TEST(ConvertInput, FocusDropAndGestures)
+{
+    expectPairs<Qt::FocusPolicy, FocusPolicy>({{FocusPolicy::None, 0},
+                                               {FocusPolicy::Tab, 1},
+                                               {FocusPolicy::Click, 2},
+                                               {FocusPolicy::Strong, 0xb},
+                                               {FocusPolicy::Wheel, 0xf}});
+    expectPairs<Qt::FocusReason, FocusReason>({{FocusReason::Mouse, 0},
+                                               {FocusReason::Tab, 1},
+                                               {FocusReason::Backtab, 2},
+                                               {FocusReason::ActiveWindow, 3},
+                                               {FocusReason::Popup, 4},
+                                               {FocusReason::Shortcut, 5},
+                                               {FocusReason::MenuBar, 6},
+                                               {FocusReason::Other, 7},
+                                               {FocusReason::None, 8}});
+    expectPairs<Qt::DropAction, DropAction>({{DropAction::Ignore, 0},
+                                             {DropAction::Copy, 1},
+                                             {DropAction::Move, 2},
+                                             {DropAction::Link, 4},
+                                             {DropAction::TargetMove, 0x8002}});
+    expectFlags<Qt::DropActions, DropAction>(
+        {{DropAction::Copy, 1}, {DropAction::Move, 2}, {DropAction::Link, 4}});
+    EXPECT_EQ(VX2Qt(DropAction::Copy | DropAction::TargetMove).toInt(), 0x8003);
+    expectPairs<Qt::GestureType, GestureType>({{GestureType::Tap, 1},
+                                               {GestureType::TapAndHold, 2},
+                                               {GestureType::Pan, 3},
+                                               {GestureType::Pinch, 4},
+                                               {GestureType::Swipe, 5},
+                                               {GestureType::Custom, 0x100}});
+    EXPECT_EQ(Qt2VX(static_cast<Qt::GestureType>(0x101)), GestureType::Custom);
+    expectPairs<Qt::GestureState, GestureState>({{GestureState::None, 0},
+                                                 {GestureState::Started, 1},
+                                                 {GestureState::Updated, 2},
+                                                 {GestureState::Finished, 3},
+                                                 {GestureState::Canceled, 4}});
+}
+
+TEST(ConvertInput, WidgetEvents)
+{
+    const QEvent::Type expected[] = {QEvent::Close,
+                                     QEvent::ContextMenu,
+                                     QEvent::DragEnter,
+                                     QEvent::DragLeave,
+                                     QEvent::DragMove,
+                                     QEvent::Drop,
+                                     QEvent::Enter,
+                                     QEvent::FocusIn,
+                                     QEvent::FocusOut,
+                                     QEvent::Hide,
+                                     QEvent::KeyPress,
+                                     QEvent::KeyRelease,
+                                     QEvent::Leave,
+                                     QEvent::MouseButtonDblClick,
+                                     QEvent::MouseMove,
+                                     QEvent::MouseButtonPress,
+                                     QEvent::MouseButtonRelease,
+                                     QEvent::Wheel,
+                                     QEvent::Move,
+                                     QEvent::Resize,
+                                     QEvent::Gesture,
+                                     QEvent::TouchBegin,
+                                     QEvent::TouchUpdate,
+                                     QEvent::TouchEnd,
+                                     QEvent::Show};
+    static_assert(std::size(expected) == WidgetEventCount - 1);
+    for (unsigned i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(VX2Qt(static_cast<WidgetEvent>(i)), expected[i]);
+        EXPECT_EQ(Qt2VX(expected[i]), static_cast<WidgetEvent>(i));
+    }
+    EXPECT_EQ(VX2Qt(WidgetEvent::Other), QEvent::Close);
+    EXPECT_EQ(VX2Qt(static_cast<WidgetEvent>(26)), QEvent::Close);
+    EXPECT_EQ(Qt2VX(QEvent::Paint), WidgetEvent::Close);
+}
+
+TEST(ConvertInput, EveryKeyComesBack)
+{
+    int converted = 0;
+    for (int code = 1; code < 0x2000; ++code) {
+        const Qt::Key key = VX2Qt(static_cast<Key>(code));
+        if (key == Qt::Key_unknown)
+            continue;
+        ++converted;
+        EXPECT_EQ(Qt2VX(key), static_cast<Key>(code)) << std::hex << code;
+    }
+    // 69 character codes; 12 + 8 + 22 keys that edit, move and modify; F1 to F35; 22 of sound,
+    // 54 of applications, 20 of the machine, 28 of text input.
+    EXPECT_EQ(converted, 69 + 12 + 8 + 22 + 35 + 22 + 54 + 20 + 28);
+    EXPECT_EQ(VX2Qt(Key::Unknown), Qt::Key_unknown);
+    EXPECT_EQ(Qt2VX(Qt::Key_unknown), Key::Unknown);
+    for (const int code : {0, 0x61, 0x7f, 0xe4, 0x0410, 0x01001252})
+        EXPECT_EQ(Qt2VX(static_cast<Qt::Key>(code)), Key::Unknown) << std::hex << code;
+}
+
+TEST(ConvertInput, CharactersAreTheirCodes)
+{
+    for (int code = 0x20; code < 0x7f; ++code) {
+        if (std::islower(code))
+            continue;
+        EXPECT_EQ(static_cast<int>(VX2Qt(static_cast<Key>(code))), code);
+    }
+}
+
+TEST(ConvertInput, KeysHaveTheirMeaning)
+{
+    const std::pair<Key, const char*> names[] = {
+        {Key::A, "Key_A"},
+        {Key::Digit7, "Key_7"},
+        {Key::Circumflex, "Key_AsciiCircum"},
+        {Key::Escape, "Key_Escape"},
+        {Key::Backtab, "Key_Backtab"},
+        {Key::Return, "Key_Return"},
+        {Key::Enter, "Key_Enter"},
+        {Key::Delete, "Key_Delete"},
+        {Key::Clear, "Key_Clear"},
+        {Key::Left, "Key_Left"},
+        {Key::Down, "Key_Down"},
+        {Key::PageDown, "Key_PageDown"},
+        {Key::Meta, "Key_Meta"},
+        {Key::AltGr, "Key_AltGr"},
+        {Key::SuperRight, "Key_Super_R"},
+        {Key::HyperLeft, "Key_Hyper_L"},
+        {Key::Menu, "Key_Menu"},
+        {Key::Select, "Key_Select"},
+        {Key::Zoom, "Key_Zoom"},
+        {Key::VolumeUp, "Key_VolumeUp"},
+        {Key::MicVolumeDown, "Key_MicVolumeDown"},
+        {Key::Back, "Key_Back"},
+        {Key::LaunchF, "Key_LaunchF"},
+        {Key::WebCamera, "Key_WebCam"},
+        {Key::Find, "Key_Find"},
+        {Key::Video, "Key_Video"},
+        {Key::MonitorBrightnessDown, "Key_MonBrightnessDown"},
+        {Key::WirelessLan, "Key_WLAN"},
+        {Key::MultiKey, "Key_Multi_key"},
+        {Key::EisuToggle, "Key_Eisu_toggle"},
+        {Key::HangulRomaja, "Key_Hangul_Romaja"},
+    };
+    const QMetaEnum keys = QMetaEnum::fromType<Qt::Key>();
+    for (const auto& [key, name] : names)
+        EXPECT_EQ(static_cast<int>(VX2Qt(key)), keys.keyToValue(name)) << name;
+    for (int n = 1; n <= 35; ++n) {
+        const Key key = static_cast<Key>(static_cast<int>(Key::F1) + n - 1);
+        const std::string name = "Key_F" + std::to_string(n);
+        EXPECT_EQ(static_cast<int>(VX2Qt(key)), keys.keyToValue(name.c_str())) << name;
+    }
+}
