@@ -54,39 +54,6 @@ TouchPoint::State stateOf(QEventPoint::State state)
 
 }  // namespace
 
-bool widgetEventOf(QEvent::Type type, WidgetEvent& event) noexcept
-{
-    // On the way of every event of every widget: one jump, not a search.
-    switch (type) {
-    case QEvent::Close: event = WidgetEvent::Close; return true;
-    case QEvent::ContextMenu: event = WidgetEvent::ContextMenu; return true;
-    case QEvent::DragEnter: event = WidgetEvent::DragEnter; return true;
-    case QEvent::DragLeave: event = WidgetEvent::DragLeave; return true;
-    case QEvent::DragMove: event = WidgetEvent::DragMove; return true;
-    case QEvent::Drop: event = WidgetEvent::Drop; return true;
-    case QEvent::Enter: event = WidgetEvent::MouseEnter; return true;
-    case QEvent::FocusIn: event = WidgetEvent::FocusIn; return true;
-    case QEvent::FocusOut: event = WidgetEvent::FocusOut; return true;
-    case QEvent::Hide: event = WidgetEvent::Hide; return true;
-    case QEvent::KeyPress: event = WidgetEvent::KeyPress; return true;
-    case QEvent::KeyRelease: event = WidgetEvent::KeyRelease; return true;
-    case QEvent::Leave: event = WidgetEvent::MouseLeave; return true;
-    case QEvent::MouseButtonDblClick: event = WidgetEvent::MouseDoubleClick; return true;
-    case QEvent::MouseMove: event = WidgetEvent::MouseMove; return true;
-    case QEvent::MouseButtonPress: event = WidgetEvent::MousePress; return true;
-    case QEvent::MouseButtonRelease: event = WidgetEvent::MouseRelease; return true;
-    case QEvent::Wheel: event = WidgetEvent::Wheel; return true;
-    case QEvent::Move: event = WidgetEvent::Move; return true;
-    case QEvent::Resize: event = WidgetEvent::Resize; return true;
-    case QEvent::Gesture: event = WidgetEvent::Gesture; return true;
-    case QEvent::TouchBegin: event = WidgetEvent::TouchBegin; return true;
-    case QEvent::TouchUpdate: event = WidgetEvent::TouchUpdate; return true;
-    case QEvent::TouchEnd: event = WidgetEvent::TouchEnd; return true;
-    case QEvent::Show: event = WidgetEvent::Show; return true;
-    default: return false;
-    }
-}
-
 VXMouseEvent2 mouseEvent(const EventTarget& target, WidgetEvent type, const QMouseEvent& event)
 {
     return VXMouseEvent2(target.m_abstract, type,

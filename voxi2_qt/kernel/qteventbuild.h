@@ -20,9 +20,6 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
-/// The toolkit's event type for a Qt event type; false when there is none.
-bool widgetEventOf(QEvent::Type type, WidgetEvent& event) noexcept;
-
 // What the toolkit tells of a Qt event. All take the same, so that a table can name them; kinds with
 // one type of event ignore the type.
 

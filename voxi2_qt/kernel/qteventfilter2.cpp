@@ -3,6 +3,7 @@
 #include "qteventbuild.h"
 #include "voxi2_qt/kernel/qteventthrottler.h"
 #include "voxi2_qt/kernel/qtglobalfocusblocker.h"
+#include "voxi2_qt/kernel/qtinput.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QAbstractScrollArea>
@@ -157,7 +158,7 @@ QtEventFilter2::~QtEventFilter2() = default;
 bool QtEventFilter2::eventFilter(QObject* watched, QEvent* event)
 {
     WidgetEvent type;
-    if (!widgetEventOf(event->type(), type))
+    if (!isWidgetEvent(event->type(), type))
         return false;
     if (m_area && isSeenTwice(watched, *event))
         return false;

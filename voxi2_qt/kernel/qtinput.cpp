@@ -100,6 +100,16 @@ constexpr auto WidgetEvents = enumTable<WidgetEvent, QEvent::Type>({
     {WidgetEvent::TouchEnd, QEvent::TouchEnd},
     {WidgetEvent::Show, QEvent::Show},
 });
+
+/// The same by Qt's number: every event of every widget is looked up.
+constexpr auto WidgetEventsByType = [] {
+    std::array<WidgetEvent, 256> byType{};
+    byType.fill(WidgetEvent::Other);
+    for (const auto& row : WidgetEvents.m_rows)
+        byType[static_cast<std::size_t>(row.m_qt)] = row.m_vx;
+    return byType;
+}();
+
 } // namespace
 
 Qt::MouseButton VX2Qt(MouseButton button) noexcept
@@ -200,6 +210,13 @@ QEvent::Type VX2Qt(WidgetEvent event) noexcept
 WidgetEvent Qt2VX(QEvent::Type type) noexcept
 {
     return WidgetEvents.toVx(type);
+}
+
+bool isWidgetEvent(QEvent::Type type, WidgetEvent& event) noexcept
+{
+    const auto number = static_cast<std::size_t>(type);
+    event = number < WidgetEventsByType.size() ? WidgetEventsByType[number] : WidgetEvent::Other;
+    return event != WidgetEvent::Other;
 }
 
 } // namespace VOXI

@@ -46,5 +46,7 @@ VOXI2_QT_EXPORT GestureState Qt2VX(Qt::GestureState state) noexcept;
 VOXI2_QT_EXPORT QEvent::Type VX2Qt(WidgetEvent event) noexcept;
 /// A type that is none of the toolkit's becomes WidgetEvent::Close.
 VOXI2_QT_EXPORT WidgetEvent Qt2VX(QEvent::Type type) noexcept;
+/// Whether a type is one of the toolkit's, and which.
+VOXI2_QT_EXPORT bool isWidgetEvent(QEvent::Type type, WidgetEvent& event) noexcept;
 
 } // namespace VOXI
