@@ -14,12 +14,14 @@ protected:
     /// Whether another thread could take the object lock at this moment.
     static bool isFreeForOthers()
     {
-        return std::async(std::launch::async, [] {
-                   if (!VXObject::m_lock.try_lock())
-                       return false;
-                   VXObject::m_lock.unlock();
-                   return true;
-               }).get();
+        return std::async(std::launch::async,
+                          [] {
+                              if (!VXObject::m_lock.try_lock())
+                                  return false;
+                              VXObject::m_lock.unlock();
+                              return true;
+                          })
+            .get();
     }
 };
 

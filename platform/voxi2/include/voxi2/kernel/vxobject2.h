@@ -31,8 +31,9 @@ class VOXI2_EXPORT VXObject2 : public VXObject {
 public:
     ~VXObject2() override;
 
-    /// Deletes the object and its children.
-    void destroy() { delete this; }
+    /// Deletes the object and its children. Does nothing while that is going on already, which a
+    /// handler of `destroyed()` may not know.
+    void destroy();
 
     /// The object that owns this one; null for none.
     VXObject2* parent() const;
@@ -81,6 +82,7 @@ protected:
 
 private:
     VXFactory2* factoryForNewObject() const;
+    void announceEnd() noexcept;
     void link(VXObject2* parent);
     void unlink();
     bool isAncestorOf(const VXObject2* object) const;
