@@ -52,7 +52,8 @@ public:
     /// The abstract objects whose peers are held by this one's.
     std::vector<VXObject*> peerChildren(bool recursive = false) const;
 
-    /// Sent with the object's id when it is about to go, while it still can be asked.
+    /// Sent with the object's id when it is about to go, while it still can be asked. Reaches
+    /// handlers on the thread that ends the object; on others the connection may end first.
     TROV::Signal<void(unsigned)> destroyed() const { return m_emitters.destroyed.signal(); }
 
     /// For back ends.
