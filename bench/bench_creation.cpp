@@ -86,7 +86,7 @@ struct QtWindow
     void show() { m_window->show(); }
     static Panel* makePanel() { return new Panel; }
 
-    /// A button that behaves as the toolkit's does.
+    /// A button that behaves as the toolkit's does, and whose user hears of the same.
     static void construct(Panel* panel)
     {
         auto* button = new QPushButton(panel);
@@ -94,6 +94,8 @@ struct QtWindow
         button->setFocusPolicy(Qt::StrongFocus);
         button->setBackgroundRole(QPalette::Button);
         button->setForegroundRole(QPalette::ButtonText);
+        QObject::connect(button, &QPushButton::clicked, button, [] {});
+        QObject::connect(button, &QPushButton::toggled, button, [](bool) {});
     }
 };
 
