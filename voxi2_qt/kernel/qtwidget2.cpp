@@ -142,7 +142,11 @@ void QtWidget2::doSetParent(VXObject* parent)
         asQWidget()->setParent(nullptr);
         return;
     }
-    withWidgetOf(parent, [this](QWidget* widget) { asQWidget()->setParent(widget); });
+    withWidgetOf(parent, [this](QWidget* widget) {
+        // Qt's tree is not the owners': what lies inside this widget cannot hold it.
+        if (!isWithin(asQWidget(), widget))
+            asQWidget()->setParent(widget);
+    });
 }
 
 // Showing -----------------------------------------------------------------------------------------
@@ -215,6 +219,7 @@ void QtWidget2::doSetUpdatesEnabled(bool enabled)
 
 void QtWidget2::doAdjustSize()
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->adjustSize();
 }
 
@@ -263,6 +268,7 @@ VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
 
 void QtWidget2::doSetMaximumSize(Size<int> size)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     if (size.width == -1)
         asQWidget()->setMaximumHeight(size.height);
     else if (size.height == -1)
@@ -273,6 +279,7 @@ void QtWidget2::doSetMaximumSize(Size<int> size)
 
 void QtWidget2::doSetMinimumSize(Size<int> size)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     if (size.width == -1)
         asQWidget()->setMinimumHeight(size.height);
     else if (size.height == -1)
@@ -293,6 +300,7 @@ Size<int> QtWidget2::doGetMinimumSize()
 
 void QtWidget2::doSetFixedSize(Size<int> size)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->setFixedSize(VX2Qt(size));
 }
 
@@ -309,6 +317,7 @@ void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
 
 void QtWidget2::doSetContentsMargins(VXRect<int> margins)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->setContentsMargins(toQMargins(margins));
 }
 
@@ -329,6 +338,7 @@ std::string QtWidget2::doSaveGeometry()
 
 void QtWidget2::doRestoreGeometry(const std::string& geometry)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
     asQWidget()->restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
 }
 
