@@ -93,7 +93,7 @@ TEST_F(HandleThreads, useObjectsThatComeAndGo)
                 }
             });
         }
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < 60; ++i) {
             auto* button = new VXButton2;
             {
                 const VXObjectDataLocker lock;
