@@ -44,9 +44,13 @@ void QtDragManager2::doStartDrag(const VXDrag2& drag)
 void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
 {
     DropAction action = DropAction::Ignore;
+    m_sourceId = sourceId;
     const QPointer<QtDragManager2> self(this);
     if (QWidget* source = qWidgetOf(lookup(sourceId))) {
-        auto* running = new QDrag(source);   // Qt deletes it when the drag is over
+        // Not a child of its source, which may go meanwhile: Qt would lose the drag in its middle.
+        auto* running = new QDrag(this);   // Qt deletes it when the drag is over
+        // With the window the pointer's grab is lost, and nothing would ever end the drag.
+        QObject::connect(source->window(), &QObject::destroyed, running, [] { QDrag::cancel(); });
         running->setMimeData(VX2Qt(drag.mimeData));
         const QPixmap pixmap = toQPixmap(drag.pixmap);
         if (!pixmap.isNull()) {
@@ -60,8 +64,13 @@ void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
     if (!self)
         return;
     m_dragging = false;
-    auto* source = static_cast<VXWidget2*>(VXObject::objectById(sourceId));
-    report(m_emitters->finished, source, action);
+    VXObjectDataLocker lock;   // the source must not go between the look-up and the report
+    report(m_emitters->finished, source(), action);
+}
+
+VXWidget2* QtDragManager2::source() const
+{
+    return static_cast<VXWidget2*>(VXObject::objectById(m_sourceId));
 }
 
 void QtDragManager2::doCancelDrag()

@@ -2,7 +2,7 @@
 
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
-#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/kernel/qtdragmanager2.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -123,7 +123,10 @@ VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropE
     details.proposedAction = Qt2VX(event.proposedAction());
     details.buttons = Qt2VX(event.buttons());
     details.modifiers = Qt2VX(event.modifiers());
-    details.source = dynamic_cast<VXWidget2*>(abstractObjectOf(event.source()));
+    if (auto* manager = qobject_cast<QtDragManager2*>(event.source()))
+        details.source = manager->source();
+    else
+        details.source = dynamic_cast<VXWidget2*>(abstractObjectOf(event.source()));
     return VXDragEvent2(target.m_abstract, type, std::move(details));
 }
 

@@ -71,7 +71,7 @@ TEST_F(DragGesture, belongsToTheFirstPressOfTheLeftButton)
     EXPECT_TRUE(drags.isEmpty());
 
     press(Qt::LeftButton, {20, 30});
-    press(Qt::LeftButton, {80, 80});   // the first one counts
+    press(Qt::LeftButton, {80, 80}); // the first one counts
     move({80, 81});
     ASSERT_EQ(drags.count(), 1);
     EXPECT_EQ(drags.last().position(), (VXPoint<int>{20, 30}));
@@ -189,8 +189,10 @@ TEST_F(Drops, theDelegateDecides)
     EXPECT_EQ(left.count(), 1);
     EXPECT_EQ(left.last().widget(), &m_target);
 
-    m_delegate.moved().connect(&m_listener, [](const VXDragEvent2& e) { e.accept(DropAction::Copy); });
-    m_delegate.dropped().connect(&m_listener, [](const VXDragEvent2& e) { e.accept(DropAction::Move); });
+    m_delegate.moved().connect(&m_listener,
+                               [](const VXDragEvent2& e) { e.accept(DropAction::Copy); });
+    m_delegate.dropped().connect(&m_listener,
+                                 [](const VXDragEvent2& e) { e.accept(DropAction::Move); });
     enter();
     outcome = move();
     EXPECT_TRUE(outcome.m_accepted);
@@ -287,13 +289,13 @@ TEST(DragManager, refusesWhatCannotBeDragged)
     VXPanel2 source;
     VXDrag2 drag;
     drag.mimeData.setText(L"x");
-    manager.startDrag(drag);   // from nowhere
+    manager.startDrag(drag); // from nowhere
     drag.source = new VXPanel2;
     delete drag.source;
-    manager.startDrag(drag);   // from a dead widget
+    manager.startDrag(drag); // from a dead widget
     drag.source = &source;
     drag.mimeData.clear();
-    manager.startDrag(drag);   // nothing
+    manager.startDrag(drag); // nothing
     EXPECT_FALSE(manager.isDragging());
     manager.cancelDrag();
     turn();

@@ -29,7 +29,8 @@ protected:
     void settle()
     {
         turn();
-        EXPECT_TRUE(waitFor([&] { return !QtGlobalFocusBlocker::instance().isRegistered(qt(m_window)); }));
+        EXPECT_TRUE(
+            waitFor([&] { return !QtGlobalFocusBlocker::instance().isRegistered(qt(m_window)); }));
     }
 
     VXPanel2 m_window;
@@ -90,7 +91,7 @@ TEST_F(Echo, ofAHiddenWidgetsGeometryIsNotReportedWhenItIsShown)
     auto& later = *new VXProbe2(&m_window);
     auto squeezed = Log(later.resized());
     later.resize({50, 60});
-    qt(later)->resize(40, 30);   // as a layout would
+    qt(later)->resize(40, 30); // as a layout would
     later.show();
     turn();
     ASSERT_EQ(squeezed.count(), 1);
@@ -216,7 +217,8 @@ TEST_F(FocusBlocker, releasesAWindowThatHasSettled)
     VXPanel2 window;
     window.show();
     EXPECT_TRUE(isRegistered(*qt(window)));
-    EXPECT_TRUE(waitFor([&] { return qt(window)->isActiveWindow() && !isRegistered(*qt(window)); }));
+    EXPECT_TRUE(
+        waitFor([&] { return qt(window)->isActiveWindow() && !isRegistered(*qt(window)); }));
 
     window.raise();
     EXPECT_TRUE(isRegistered(*qt(window)));

@@ -80,7 +80,8 @@ TEST_F(WidgetEvents, wheelAndContextMenu)
     auto wheel = Log(m_probe.wheelTurned());
     auto menus = Log(m_probe.contextMenuRequested());
     QWheelEvent turned(QPointF(7, 8), m_widget->mapToGlobal(QPointF(7, 8)), QPoint(),
-                       QPoint(-15, 240), Qt::LeftButton, Qt::MetaModifier, Qt::NoScrollPhase, false);
+                       QPoint(-15, 240), Qt::LeftButton, Qt::MetaModifier, Qt::NoScrollPhase,
+                       false);
     QApplication::sendEvent(m_widget, &turned);
     turn();
     ASSERT_EQ(wheel.count(), 1);
@@ -92,10 +93,9 @@ TEST_F(WidgetEvents, wheelAndContextMenu)
     EXPECT_EQ(wheel.last().modifiers(), Modifier::Meta);
 
     using Reason = VXContextMenuEvent2::Reason;
-    for (const auto& [reason, expected] :
-         {std::pair(QContextMenuEvent::Mouse, Reason::Mouse),
-          std::pair(QContextMenuEvent::Keyboard, Reason::Keyboard),
-          std::pair(QContextMenuEvent::Other, Reason::Other)}) {
+    for (const auto& [reason, expected] : {std::pair(QContextMenuEvent::Mouse, Reason::Mouse),
+                                           std::pair(QContextMenuEvent::Keyboard, Reason::Keyboard),
+                                           std::pair(QContextMenuEvent::Other, Reason::Other)}) {
         QContextMenuEvent wanted(reason, QPoint(3, 4), m_widget->mapToGlobal(QPoint(3, 4)));
         QApplication::sendEvent(m_widget, &wanted);
         EXPECT_EQ(menus.last().position(), (VXPoint<int>{3, 4}));
@@ -250,7 +250,6 @@ TEST_F(WidgetEvents, touchAndWhatBecomesOfIt)
     EXPECT_EQ(clicks.count(), 1);
 }
 
-
 TEST_F(WidgetEvents, switchesAndConsumption)
 {
     auto presses = Log(m_probe.mousePressed());
@@ -263,7 +262,7 @@ TEST_F(WidgetEvents, switchesAndConsumption)
     const auto total = [&] {
         turn();
         const int sum = presses.count() + moves.count() + keys.count() + hides.count()
-            + resizes.count() + menus.count() + leaves.count();
+                        + resizes.count() + menus.count() + leaves.count();
         presses.clear(), moves.clear(), keys.clear(), hides.clear(), resizes.clear();
         menus.clear(), leaves.clear();
         return sum;
@@ -279,8 +278,9 @@ TEST_F(WidgetEvents, switchesAndConsumption)
          [&] { QTest::mousePress(m_widget, Qt::LeftButton); }},
         {WidgetEvent::MouseMove, QEvent::MouseMove,
          [&] {
-             QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), m_widget->mapToGlobal(QPointF(1, 1)),
-                              Qt::NoButton, Qt::LeftButton, {});
+             QMouseEvent move(QEvent::MouseMove, QPointF(1, 1),
+                              m_widget->mapToGlobal(QPointF(1, 1)), Qt::NoButton, Qt::LeftButton,
+                              {});
              QApplication::sendEvent(m_widget, &move);
          }},
         {WidgetEvent::KeyPress, QEvent::KeyPress, [&] { QTest::keyPress(m_widget, Qt::Key_B); }},

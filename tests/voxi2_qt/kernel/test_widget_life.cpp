@@ -47,7 +47,8 @@ const Kind s_widgetKinds[] = {
 };
 
 const Kind s_otherKinds[] = {
-    {"layout", [](VXObject2* parent) -> VXObject2* {
+    {"layout",
+     [](VXObject2* parent) -> VXObject2* {
          return new VXBoxLayout2(static_cast<VXWidget2*>(parent), Direction::TopToBottom);
      }},
     {"drag delegate", &make<VXDragDelegate2>},
@@ -122,7 +123,7 @@ TEST(WidgetLife, theFactoryEndsAPeer)
         VXFactory2::current()->destroyObject(object->id());
         EXPECT_EQ(lookup(object.get()), nullptr);
         EXPECT_EQ(object->objectEmitters()->getParent.signal().numberOfConnections(), 0);
-        VXFactory2::current()->destroyObject(object->id());   // again: nothing
+        VXFactory2::current()->destroyObject(object->id()); // again: nothing
         runDeletions();
         EXPECT_FALSE(alive);
         EXPECT_EQ(object->peerParent(), nullptr);
@@ -138,7 +139,7 @@ TEST(WidgetLife, theQtParentEndsAPeer)
         if (alive->parent())
             delete qt(parent);
         else
-            delete alive.data();   // nobody holds it in Qt
+            delete alive.data(); // nobody holds it in Qt
         EXPECT_FALSE(alive);
         EXPECT_EQ(lookup(object.get()), nullptr);
         EXPECT_EQ(object->objectEmitters()->getParent.signal().numberOfConnections(), 0);
@@ -226,7 +227,8 @@ public:
             break;
         }
         case 4:
-            if (VXWidget2* const widget = anyWidget(); widget && qt(*widget) && !qt(*widget)->layout())
+            if (VXWidget2* const widget = anyWidget();
+                widget && qt(*widget) && !qt(*widget)->layout())
                 add(s_otherKinds[below(std::size(s_otherKinds))].m_make(widget));
             break;
         case 5:
@@ -316,8 +318,8 @@ private:
 TEST(WidgetLife, randomTrees)
 {
     const char* const given = std::getenv("VOXI_TEST_SEED");
-    const unsigned seed = given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10))
-                                : std::random_device{}();
+    const unsigned seed =
+        given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
     std::cout << "VOXI_TEST_SEED=" << seed << std::endl;
     SCOPED_TRACE("VOXI_TEST_SEED=" + std::to_string(seed));
     const QWidgetList before = QApplication::allWidgets();

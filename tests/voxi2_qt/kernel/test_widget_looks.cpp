@@ -1,5 +1,5 @@
-// Colours, fonts, cursors, the highlight; what assistive technology gets to know; and that all of it
-// survives a change of the style or the palette.
+// Colours, fonts, cursors, the highlight; what assistive technology gets to know; and that all of
+// it survives a change of the style or the palette.
 
 #include "probe.h"
 #include "voxi2/containers/vxpanel2.h"
@@ -75,9 +75,8 @@ TEST(WidgetLooks, fonts)
     EXPECT_EQ(probe.font(), font);
 
     probe.setFont(VXFont("No such family", 12));
-    EXPECT_EQ(probe.font().family(), QFontInfo(QFont(QStringLiteral("No such family")))
-                                         .family()
-                                         .toStdString())
+    EXPECT_EQ(probe.font().family(),
+              QFontInfo(QFont(QStringLiteral("No such family"))).family().toStdString())
         << "the closest scalable family";
     qt(probe)->setStyleSheet(QString());
     QFont pixels;

@@ -184,7 +184,7 @@ TEST_F(WidgetRequests, sizeLimits)
     EXPECT_EQ(m_widget->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
     EXPECT_EQ(m_widget->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
 
-    m_probe.setSizeConstraint(SizeConstraint::Fixed);   // no layout: nothing
+    m_probe.setSizeConstraint(SizeConstraint::Fixed); // no layout: nothing
     new VXBoxLayout2(&m_probe, Direction::LeftToRight);
     m_probe.setSizeConstraint(SizeConstraint::Fixed);
     EXPECT_EQ(m_widget->layout()->sizeConstraint(), QLayout::SetFixedSize);

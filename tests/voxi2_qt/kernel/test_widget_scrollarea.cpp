@@ -1,5 +1,5 @@
-// Scroll areas get their events through the viewport, some of them twice; reported they are once and
-// in the widget's own coordinates. And events that the program has happen as if the user had.
+// Scroll areas get their events through the viewport, some of them twice; reported they are once
+// and in the widget's own coordinates. And events that the program has happen as if the user had.
 
 #include "probe.h"
 #include "voxi2/containers/vxpanel2.h"
@@ -285,11 +285,12 @@ TEST_F(Imitation, ofOtherEventsDoesNothing)
     const VXKeyEvent2 key(&m_probe, WidgetEvent::KeyPress, Key::A);
     for (unsigned i = 0; i <= WidgetEventCount; ++i) {
         const auto event = static_cast<WidgetEvent>(i);
-        const bool isPlain = event == WidgetEvent::Close || event == WidgetEvent::Hide
-            || event == WidgetEvent::Show;
+        const bool isPlain =
+            event == WidgetEvent::Close || event == WidgetEvent::Hide || event == WidgetEvent::Show;
         const bool isFocus = event == WidgetEvent::FocusIn || event == WidgetEvent::FocusOut;
         const bool isKey = event == WidgetEvent::KeyPress || event == WidgetEvent::KeyRelease;
-        const bool isMouse = (event >= WidgetEvent::MouseDoubleClick && event <= WidgetEvent::Wheel);
+        const bool isMouse =
+            (event >= WidgetEvent::MouseDoubleClick && event <= WidgetEvent::Wheel);
         if (!isPlain)
             m_probe.imitate(event);
         if (!isFocus)

@@ -73,7 +73,7 @@ TEST_F(Throttling, aFloodCollapsesToTheFirstOfEachKind)
             key(QEvent::KeyRelease);
         }
         const int count = moves.count() + wheels.count() + drags.count() + sizes.count()
-            + presses.count() + releases.count();
+                          + presses.count() + releases.count();
         EXPECT_EQ(count, 6 * round) << "nothing before the next turn";
         turn();
         for (const int each : {moves.count(), wheels.count(), drags.count(), sizes.count(),
@@ -93,8 +93,9 @@ TEST_F(Throttling, otherEventsAreNotHeldBack)
     for (unsigned i = 0; i < WidgetEventCount; ++i) {
         const auto event = static_cast<WidgetEvent>(i);
         const bool throttled = event == WidgetEvent::MouseMove || event == WidgetEvent::DragMove
-            || event == WidgetEvent::Wheel || event == WidgetEvent::Resize
-            || event == WidgetEvent::KeyPress || event == WidgetEvent::KeyRelease;
+                               || event == WidgetEvent::Wheel || event == WidgetEvent::Resize
+                               || event == WidgetEvent::KeyPress
+                               || event == WidgetEvent::KeyRelease;
         EXPECT_EQ(EventThrottler::pendingBit(event) != 0, throttled) << i;
     }
 }
@@ -105,7 +106,7 @@ TEST_F(Throttling, theNextOfAKindIsPostedOnlyAfterTheHandler)
     int calls = 0;
     m_probe->mouseMoved().connect(&listener, [&] {
         ++calls;
-        move(1);   // while one is being delivered
+        move(1); // while one is being delivered
     });
     move(1);
     turn();
@@ -187,8 +188,8 @@ TEST_F(Throttling, anEndedEventLoopBlocksNothing)
     auto moves = Log(m_probe->mouseMoved());
     auto keys = Log(m_probe->keyPressed());
     move(1);
-    eventLoopBinding().reset();   // what is queued is dropped
-    key(QEvent::KeyPress);        // nobody takes it
+    eventLoopBinding().reset(); // what is queued is dropped
+    key(QEvent::KeyPress);      // nobody takes it
     turn();
     EXPECT_EQ(moves.count() + keys.count(), 0);
 
@@ -213,7 +214,8 @@ TEST_F(Throttling, anotherThreadMayListen)
     ASSERT_TRUE(QTest::qWaitFor([&] { return ready.load(); }));
     std::atomic<int> calls{0};
     TROV::Listener listener;
-    m_probe->mouseMoved().connect(&listener, [&] { ++calls; }, worker);
+    m_probe->mouseMoved().connect(
+        &listener, [&] { ++calls; }, worker);
     for (int i = 1; i <= 3; ++i) {
         move(i);
         EXPECT_TRUE(QTest::qWaitFor([&] { return calls == i; }));

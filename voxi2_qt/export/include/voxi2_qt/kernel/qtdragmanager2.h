@@ -19,11 +19,15 @@ public:
     virtual void doCancelDrag();
     virtual bool doIsDragging();
 
+    /// The widget that the drag in progress started from, or null.
+    VXWidget2* source() const;
+
 private:
     void runDrag(const VXDrag2& drag, unsigned sourceId);
 
     VXDragManager2Emitters* m_emitters;
     bool m_dragging = false;
+    unsigned m_sourceId = 0;
 };
 
 }  // namespace VOXI
