@@ -38,17 +38,23 @@ void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alig
     withWidgetOf(widget, [&](QWidget* child) {
         if (!canHold(child))
             return;
-        QBoxLayout::insertWidget(index, child, stretch, VX2Qt(alignment));
+        QBoxLayout::insertWidget(placeFor(index), child, stretch, VX2Qt(alignment));
         invalidate();
     });
+}
+
+int QtBoxLayout2::placeFor(int index) const
+{
+    // Qt does not check it.
+    return index < 0 || index > count() ? -1 : index;
 }
 
 void QtBoxLayout2::doInsertSpacer(int index, int size, int stretch)
 {
     if (stretch != 0)
-        insertStretch(index, stretch);
+        insertStretch(placeFor(index), stretch);
     else
-        insertSpacing(index, size);
+        insertSpacing(placeFor(index), size);
     invalidate();
 }
 

@@ -1,15 +1,12 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include "voxi2_qt/kernel/qtconvert.h"
-#include "voxi2_qt/kernel/qtcursorregistry.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 #include "voxi2_qt/kernel/qteventfilter2.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>
-#include <QLayout>
-#include <QPainter>
 #include <QWidget>
 
 namespace VOXI {
@@ -91,21 +88,11 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setAccessibleName, &P::doSetAccessibleName>(),
     TROV::row<&E::setAccessibleDescription, &P::doSetAccessibleDescription>(),
     TROV::row<&E::getAccessibleName, &P::doGetAccessibleName>(),
-    TROV::row<&E::getAccessibleDescription, &P::doGetAccessibleDescription>());
-
-/// Where a toolkit colour role lives in a widget's palette.
-struct PaletteEntry {
-    bool m_disabled;
-    QPalette::ColorRole m_role;
-};
-
-PaletteEntry paletteEntry(ColorRole role, const QWidget& widget)
-{
-    const bool foreground =
-        role == ColorRole::Foreground || role == ColorRole::DisabledForeground;
-    return {role == ColorRole::DisabledBackground || role == ColorRole::DisabledForeground,
-            foreground ? widget.foregroundRole() : widget.backgroundRole()};
-}
+    TROV::row<&E::getAccessibleDescription, &P::doGetAccessibleDescription>(),
+    TROV::row<&E::setMouseTracking, &P::doSetMouseTracking>(),
+    TROV::row<&E::hasMouseTracking, &P::doHasMouseTracking>(),
+    TROV::row<&E::setTouchEnabled, &P::doSetTouchEnabled>(),
+    TROV::row<&E::isTouchEnabled, &P::doIsTouchEnabled>());
 
 }  // namespace
 
@@ -215,252 +202,6 @@ void QtWidget2::doSetUpdatesEnabled(bool enabled)
     asQWidget()->setUpdatesEnabled(enabled);
 }
 
-// Geometry ----------------------------------------------------------------------------------------
-
-void QtWidget2::doAdjustSize()
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    asQWidget()->adjustSize();
-}
-
-void QtWidget2::doResize(Size<int> size)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    asQWidget()->resize(VX2Qt(size));
-    keepDelayedBack(WidgetEvent::Resize);
-}
-
-void QtWidget2::doSetPosition(VXRect<int> geometry)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    asQWidget()->setGeometry(VX2Qt(geometry));
-    keepDelayedBack(WidgetEvent::Move);
-    keepDelayedBack(WidgetEvent::Resize);
-}
-
-void QtWidget2::doMoveTo(VXPoint<int> position)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move});
-    asQWidget()->move(VX2Qt(position));
-    keepDelayedBack(WidgetEvent::Move);
-}
-
-VXRect<int> QtWidget2::doGetPosition()
-{
-    return Qt2VX(asQWidget()->geometry());
-}
-
-VXRect<int> QtWidget2::doGetGlobalPosition()
-{
-    const QWidget* widget = asQWidget();
-    return Qt2VX(QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size()));
-}
-
-VXPoint<int> QtWidget2::doMapToGlobal(VXPoint<int> point)
-{
-    return Qt2VX(asQWidget()->mapToGlobal(VX2Qt(point)));
-}
-
-VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
-{
-    return Qt2VX(asQWidget()->mapFromGlobal(VX2Qt(point)));
-}
-
-void QtWidget2::doSetMaximumSize(Size<int> size)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    if (size.width == -1)
-        asQWidget()->setMaximumHeight(size.height);
-    else if (size.height == -1)
-        asQWidget()->setMaximumWidth(size.width);
-    else
-        asQWidget()->setMaximumSize(VX2Qt(size));
-}
-
-void QtWidget2::doSetMinimumSize(Size<int> size)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    if (size.width == -1)
-        asQWidget()->setMinimumHeight(size.height);
-    else if (size.height == -1)
-        asQWidget()->setMinimumWidth(size.width);
-    else
-        asQWidget()->setMinimumSize(VX2Qt(size));
-}
-
-Size<int> QtWidget2::doGetMaximumSize()
-{
-    return Qt2VX(asQWidget()->maximumSize());
-}
-
-Size<int> QtWidget2::doGetMinimumSize()
-{
-    return Qt2VX(asQWidget()->minimumSize());
-}
-
-void QtWidget2::doSetFixedSize(Size<int> size)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    asQWidget()->setFixedSize(VX2Qt(size));
-}
-
-void QtWidget2::doSetSizePolicy(Policy horizontal, Policy vertical)
-{
-    asQWidget()->setSizePolicy(VX2Qt(horizontal), VX2Qt(vertical));
-}
-
-void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
-{
-    if (QLayout* layout = asQWidget()->layout())
-        layout->setSizeConstraint(VX2Qt(constraint));
-}
-
-void QtWidget2::doSetContentsMargins(VXRect<int> margins)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    asQWidget()->setContentsMargins(toQMargins(margins));
-}
-
-VXRect<int> QtWidget2::doGetContentsMargins()
-{
-    return toVXMargins(asQWidget()->contentsMargins());
-}
-
-VXRect<int> QtWidget2::doGetContentsRect()
-{
-    return Qt2VX(asQWidget()->contentsRect());
-}
-
-std::string QtWidget2::doSaveGeometry()
-{
-    return asQWidget()->saveGeometry().toBase64().toStdString();
-}
-
-void QtWidget2::doRestoreGeometry(const std::string& geometry)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    asQWidget()->restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
-}
-
-// Looks -------------------------------------------------------------------------------------------
-
-void QtWidget2::doSetColor(ColorRole role, Color color)
-{
-    QWidget* widget = asQWidget();
-    const PaletteEntry entry = paletteEntry(role, *widget);
-    const QBrush brush(QColor(color.red(), color.green(), color.blue()));
-    QPalette palette = widget->palette();
-    if (entry.m_disabled) {
-        palette.setBrush(QPalette::Disabled, entry.m_role, brush);
-    } else {
-        palette.setBrush(QPalette::Active, entry.m_role, brush);
-        palette.setBrush(QPalette::Inactive, entry.m_role, brush);
-    }
-    widget->setPalette(palette);
-}
-
-Color QtWidget2::doGetColor(ColorRole role)
-{
-    const QWidget* widget = asQWidget();
-    const PaletteEntry entry = paletteEntry(role, *widget);
-    return Qt2VX(widget->palette().color(entry.m_disabled ? QPalette::Disabled : QPalette::Active,
-                                         entry.m_role));
-}
-
-void QtWidget2::doSetFont(const VXFont& font)
-{
-    asQWidget()->setFont(VX2Qt(font));
-}
-
-VXFont QtWidget2::doGetFont()
-{
-    return Qt2VX(asQWidget()->font());
-}
-
-void QtWidget2::doSetCursor(const Cursor& cursor)
-{
-    asQWidget()->setCursor(QtCursorRegistry::toQCursor(cursor));
-}
-
-void QtWidget2::doUnsetCursor()
-{
-    asQWidget()->unsetCursor();
-}
-
-Cursor QtWidget2::doGetCursor()
-{
-    return QtCursorRegistry::toCursor(asQWidget()->cursor());
-}
-
-void QtWidget2::doSetToolTip(const std::string& text)
-{
-    asQWidget()->setToolTip(toQString(text));
-}
-
-void QtWidget2::doSetToolTipU(const std::wstring& text)
-{
-    asQWidget()->setToolTip(toQString(text));
-}
-
-std::string QtWidget2::doGetToolTip()
-{
-    return toStdString(asQWidget()->toolTip());
-}
-
-std::wstring QtWidget2::doGetToolTipU()
-{
-    return toStdWString(asQWidget()->toolTip());
-}
-
-void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha)
-{
-    m_highlighted = on;
-    m_highlightColor = QColor(red, green, blue, alpha).rgba();
-    if (QAbstractScrollArea* area = scrollArea())
-        area->viewport()->update();
-    asQWidget()->update();
-}
-
-bool QtWidget2::doIsWidgetHighlighted()
-{
-    return m_highlighted;
-}
-
-void QtWidget2::paintHighlight()
-{
-    constexpr qreal penWidth = 2;
-    constexpr qreal radius = 4;
-    QAbstractScrollArea* area = scrollArea();
-    QWidget* surface = area ? area->viewport() : asQWidget();
-    QPainter painter(surface);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor::fromRgba(m_highlightColor), penWidth));
-    painter.setBrush(Qt::NoBrush);
-    const qreal inset = penWidth / 2;
-    painter.drawRoundedRect(QRectF(surface->rect()).adjusted(inset, inset, -inset, -inset), radius,
-                            radius);
-}
-
-void QtWidget2::doSetAccessibleName(const std::wstring& name)
-{
-    asQWidget()->setAccessibleName(toQString(name));
-}
-
-void QtWidget2::doSetAccessibleDescription(const std::wstring& description)
-{
-    asQWidget()->setAccessibleDescription(toQString(description));
-}
-
-std::wstring QtWidget2::doGetAccessibleName()
-{
-    return toStdWString(asQWidget()->accessibleName());
-}
-
-std::wstring QtWidget2::doGetAccessibleDescription()
-{
-    return toStdWString(asQWidget()->accessibleDescription());
-}
-
 // Input -------------------------------------------------------------------------------------------
 
 void QtWidget2::doSetEnabled(bool enabled)
@@ -506,6 +247,30 @@ void QtWidget2::doSetFocusProxy(VXWidget2* proxy)
 VXWidget2* QtWidget2::doGetFocusProxy()
 {
     return dynamic_cast<VXWidget2*>(abstractObjectOf(asQWidget()->focusProxy()));
+}
+
+void QtWidget2::doSetMouseTracking(bool tracking)
+{
+    asQWidget()->setMouseTracking(tracking);
+}
+
+bool QtWidget2::doHasMouseTracking()
+{
+    return asQWidget()->hasMouseTracking();
+}
+
+void QtWidget2::doSetTouchEnabled(bool enabled)
+{
+    asQWidget()->setAttribute(Qt::WA_AcceptTouchEvents, enabled);
+    if (enabled)
+        enableGestureEvents();
+    else
+        disableGestureEvents();
+}
+
+bool QtWidget2::doIsTouchEnabled()
+{
+    return asQWidget()->testAttribute(Qt::WA_AcceptTouchEvents);
 }
 
 void QtWidget2::doSetAcceptDrops(bool accept)

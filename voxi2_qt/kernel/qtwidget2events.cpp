@@ -27,8 +27,6 @@ void QtWidget2::enableEventBroadcasting()
     QAbstractScrollArea* area = scrollArea();
     m_eventFilter = new QtEventFilter2(*this, widget, area);
     widget->installEventFilter(m_eventFilter);
-    // Touches that nobody consumes still become mouse events.
-    widget->setAttribute(Qt::WA_AcceptTouchEvents);
     if (area) {
         area->viewport()->installEventFilter(m_eventFilter);
         area->viewport()->grabGesture(Qt::PinchGesture);

@@ -9,9 +9,26 @@
 #include <QWidget>
 
 #include <dlfcn.h>
+#include <filesystem>
 #include <stdexcept>
 
 namespace VOXI {
+
+namespace {
+
+/// The back end that lies beside this library; if there is none, what the loader finds by name.
+std::string usualLibrary()
+{
+    const std::string name = "libvoxi2_qt.so";
+    Dl_info self;
+    if (dladdr(reinterpret_cast<void*>(&usualLibrary), &self) == 0)
+        return name;
+    std::error_code error;
+    const auto beside = std::filesystem::path(self.dli_fname).replace_filename(name);
+    return std::filesystem::exists(beside, error) ? beside.string() : name;
+}
+
+} // namespace
 
 QtHost::QtHost(int& argc, char** argv, const std::string& library)
 {
@@ -29,9 +46,8 @@ QtHost::QtHost(const std::string& library)
 
 void QtHost::bringUp(const std::string& library)
 {
-    // Never closed: its objects live as long as the process. Loaded from here, it is found beside
-    // this library.
-    const std::string file = library.empty() ? "libvoxi2_qt.so" : library;
+    // Never closed: its objects live as long as the process.
+    const std::string file = library.empty() ? usualLibrary() : library;
     void* backEnd = dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
     const auto find = [&](const char* name) {
         void* symbol = backEnd ? dlsym(backEnd, name) : nullptr;

@@ -27,7 +27,7 @@ public:
     using VXLayout2::addWidget;
     /// Appends the widget; room to spare goes to widgets in proportion to their stretch.
     void addWidget(VXObject* widget, int stretch, Alignment alignment = Alignment());
-    /// The same at a position; -1 appends.
+    /// The same at a position; -1, or one beyond the end, appends.
     void insertWidget(VXObject* widget, int index, int stretch = 0,
                       Alignment alignment = Alignment());
     /// With a stretch other than 0 the room grows and `size` is not used.

@@ -102,6 +102,13 @@ public:
     /// Throws `std::out_of_range` for a value that is no widget event.
     void setEventConsumed(WidgetEvent event, bool consumed);
     bool isEventConsumed(WidgetEvent event) const;
+    /// Whether mouse moves are reported while no button is down, too; off by default.
+    void setMouseTracking(bool tracking);
+    bool hasMouseTracking() const;
+    /// Whether touch and gestures on the widget are reported; off by default, except that scroll
+    /// areas report pinching and panning.
+    void setTouchEnabled(bool enabled);
+    bool isTouchEnabled() const;
     void setAcceptDrops(bool accept);
     bool canAcceptDrops() const;
     /// Decides about drags over the widget; null takes it away, a dead one is ignored.

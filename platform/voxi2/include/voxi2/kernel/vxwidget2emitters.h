@@ -103,6 +103,12 @@ struct VXWidget2Emitters : TROV::EmittersTable<VXObject2Emitters> {
     TROV::Request<void(std::wstring)> setAccessibleDescription{*this};
     TROV::Request<std::wstring()> getAccessibleName{*this};
     TROV::Request<std::wstring()> getAccessibleDescription{*this};
+
+    // Events that have to be asked for
+    TROV::Request<void(bool)> setMouseTracking{*this};
+    TROV::Request<bool()> hasMouseTracking{*this};
+    TROV::Request<void(bool)> setTouchEnabled{*this};
+    TROV::Request<bool()> isTouchEnabled{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     // Events, in the order of `WidgetEvent`

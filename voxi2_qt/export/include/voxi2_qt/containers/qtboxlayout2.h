@@ -21,6 +21,10 @@ public:
     virtual void doInsertWidget(VXObject* widget, int index, int stretch, Alignment alignment);
     virtual void doInsertSpacer(int index, int size, int stretch);
     virtual void doSetStretchFactor(VXObject* widget, int stretch);
+
+private:
+    /// The position to insert at; -1, which appends, for none.
+    int placeFor(int index) const;
 };
 
 }  // namespace VOXI

@@ -111,6 +111,12 @@ public:
     virtual std::wstring doGetAccessibleName();
     virtual std::wstring doGetAccessibleDescription();
 
+    // Events that have to be asked for
+    virtual void doSetMouseTracking(bool tracking);
+    virtual bool doHasMouseTracking();
+    virtual void doSetTouchEnabled(bool enabled);
+    virtual bool doIsTouchEnabled();
+
     // Which events are passed back. The functions for one event throw std::out_of_range for a value
     // that is none, and do nothing (or answer false) while broadcasting is off as a whole.
     void enableEventBroadcasting();

@@ -1,0 +1,137 @@
+// The part of QtWidget2 that is about positions and sizes.
+
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include <QLayout>
+#include <QWidget>
+
+namespace VOXI {
+
+void QtWidget2::doAdjustSize()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    asQWidget()->adjustSize();
+}
+
+void QtWidget2::doResize(Size<int> size)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    asQWidget()->resize(VX2Qt(size));
+    keepDelayedBack(WidgetEvent::Resize);
+}
+
+void QtWidget2::doSetPosition(VXRect<int> geometry)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    asQWidget()->setGeometry(VX2Qt(geometry));
+    keepDelayedBack(WidgetEvent::Move);
+    keepDelayedBack(WidgetEvent::Resize);
+}
+
+void QtWidget2::doMoveTo(VXPoint<int> position)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move});
+    asQWidget()->move(VX2Qt(position));
+    keepDelayedBack(WidgetEvent::Move);
+}
+
+VXRect<int> QtWidget2::doGetPosition()
+{
+    return Qt2VX(asQWidget()->geometry());
+}
+
+VXRect<int> QtWidget2::doGetGlobalPosition()
+{
+    const QWidget* widget = asQWidget();
+    return Qt2VX(QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size()));
+}
+
+VXPoint<int> QtWidget2::doMapToGlobal(VXPoint<int> point)
+{
+    return Qt2VX(asQWidget()->mapToGlobal(VX2Qt(point)));
+}
+
+VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
+{
+    return Qt2VX(asQWidget()->mapFromGlobal(VX2Qt(point)));
+}
+
+void QtWidget2::doSetMaximumSize(Size<int> size)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    if (size.width == -1)
+        asQWidget()->setMaximumHeight(size.height);
+    else if (size.height == -1)
+        asQWidget()->setMaximumWidth(size.width);
+    else
+        asQWidget()->setMaximumSize(VX2Qt(size));
+}
+
+void QtWidget2::doSetMinimumSize(Size<int> size)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    if (size.width == -1)
+        asQWidget()->setMinimumHeight(size.height);
+    else if (size.height == -1)
+        asQWidget()->setMinimumWidth(size.width);
+    else
+        asQWidget()->setMinimumSize(VX2Qt(size));
+}
+
+Size<int> QtWidget2::doGetMaximumSize()
+{
+    return Qt2VX(asQWidget()->maximumSize());
+}
+
+Size<int> QtWidget2::doGetMinimumSize()
+{
+    return Qt2VX(asQWidget()->minimumSize());
+}
+
+void QtWidget2::doSetFixedSize(Size<int> size)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    asQWidget()->setFixedSize(VX2Qt(size));
+}
+
+void QtWidget2::doSetSizePolicy(Policy horizontal, Policy vertical)
+{
+    asQWidget()->setSizePolicy(VX2Qt(horizontal), VX2Qt(vertical));
+}
+
+void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
+{
+    if (QLayout* layout = asQWidget()->layout())
+        layout->setSizeConstraint(VX2Qt(constraint));
+}
+
+void QtWidget2::doSetContentsMargins(VXRect<int> margins)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    asQWidget()->setContentsMargins(toQMargins(margins));
+}
+
+VXRect<int> QtWidget2::doGetContentsMargins()
+{
+    return toVXMargins(asQWidget()->contentsMargins());
+}
+
+VXRect<int> QtWidget2::doGetContentsRect()
+{
+    return Qt2VX(asQWidget()->contentsRect());
+}
+
+std::string QtWidget2::doSaveGeometry()
+{
+    return asQWidget()->saveGeometry().toBase64().toStdString();
+}
+
+void QtWidget2::doRestoreGeometry(const std::string& geometry)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    asQWidget()->restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
+}
+
+} // namespace VOXI
