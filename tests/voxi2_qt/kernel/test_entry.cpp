@@ -35,7 +35,7 @@ namespace {
 
 void* find(const char* name)
 {
-    void* const library = dlopen("libvoxi2_qt.so", RTLD_NOW | RTLD_GLOBAL);
+    void* const library = dlopen(VOXI2_QT_LIBRARY, RTLD_NOW | RTLD_GLOBAL);
     if (!library)
         ADD_FAILURE() << dlerror();
     return library ? dlsym(library, name) : nullptr;
