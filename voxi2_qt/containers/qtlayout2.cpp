@@ -59,11 +59,8 @@ void QtLayout2::doSetParent(VXObject* widget)
     withWidgetOf(widget, [this](QWidget* target) {
         if (!target || target->layout() == layout() || !canLieIn(*layout(), *target))
             return;
-        if (!target->layout()) {
-            // A layout that another widget holds is let go first; Qt would refuse it.
-            layout()->setParent(nullptr);
-            target->setLayout(layout());
-        }
+        if (!target->layout())
+            target->setLayout(layout()); // takes it from the widget that holds it now
         doRefresh();
     });
 }

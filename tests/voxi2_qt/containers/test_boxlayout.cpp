@@ -1,0 +1,142 @@
+#include "../kernel/toolkit.h"
+
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxtext2.h"
+
+#include <QBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+class BoxLayout : public ::testing::Test
+{
+protected:
+    ~BoxLayout() override
+    {
+        delete m_panel;
+        runDeletions();
+    }
+
+    QBoxLayout* qtLayout() const { return qobject_cast<QBoxLayout*>(qt(*m_panel)->layout()); }
+
+    VXPanel2* m_panel = new VXPanel2;
+    VXBoxLayout2* m_layout = new VXBoxLayout2(m_panel, Direction::LeftToRight);
+    VXText2* m_first = new VXText2(m_panel);
+    VXText2* m_second = new VXText2(m_panel);
+};
+
+TEST_F(BoxLayout, goesInTheDirectionItWasMadeWith)
+{
+    EXPECT_EQ(qtLayout()->direction(), QBoxLayout::LeftToRight);
+    VXPanel2 other;
+    auto* upwards = new VXBoxLayout2(&other, Direction::BottomToTop);
+    EXPECT_EQ(static_cast<QBoxLayout*>(qt(other)->layout())->direction(), QBoxLayout::BottomToTop);
+    delete upwards;
+}
+
+TEST_F(BoxLayout, placesWidgetsWhereTheyAreToGo)
+{
+    m_layout->addWidget(m_second, 3, AlignmentFlag::Top);
+    m_layout->insertWidget(m_first, 0, 1);
+    ASSERT_EQ(qtLayout()->count(), 2);
+    EXPECT_EQ(qtLayout()->itemAt(0)->widget(), qt(*m_first));
+    EXPECT_EQ(qtLayout()->itemAt(1)->widget(), qt(*m_second));
+    EXPECT_EQ(qtLayout()->itemAt(1)->alignment(), Qt::AlignTop);
+    EXPECT_EQ(qtLayout()->stretch(0), 1);
+    EXPECT_EQ(qtLayout()->stretch(1), 3);
+
+    m_layout->setStretchFactor(m_first, 5);
+    EXPECT_EQ(qtLayout()->stretch(0), 5);
+    m_layout->removeWidget(m_first);
+    EXPECT_EQ(qtLayout()->count(), 1);
+    EXPECT_EQ(qt(*m_first)->parentWidget(), qt(*m_panel)) << "it stays where it is";
+}
+
+TEST_F(BoxLayout, spacersAreFixedOrGrow)
+{
+    m_layout->insertSpacer(-1, 20, 0);
+    m_layout->insertSpacer(-1, 20, 2);
+    m_layout->addSpacer({7, 8}, false);
+    m_layout->addSpacer({7, 8}, true);
+    ASSERT_EQ(qtLayout()->count(), 4);
+    EXPECT_EQ(qtLayout()->itemAt(0)->sizeHint(), QSize(20, 0));
+    EXPECT_EQ(qtLayout()->stretch(0), 0);
+    EXPECT_EQ(qtLayout()->itemAt(1)->sizeHint(), QSize(0, 0)) << "the size is not used";
+    EXPECT_EQ(qtLayout()->stretch(1), 2);
+    EXPECT_EQ(qtLayout()->itemAt(2)->sizeHint(), QSize(7, 8));
+    EXPECT_EQ(qtLayout()->itemAt(2)->expandingDirections(), Qt::Orientations());
+    EXPECT_EQ(qtLayout()->itemAt(3)->expandingDirections(), Qt::Horizontal | Qt::Vertical);
+}
+
+TEST_F(BoxLayout, marginsSpacingAndEnabling)
+{
+    m_layout->setMargins(VXRect<int>::margins(1, 2, 3, 4));
+    EXPECT_EQ(qtLayout()->contentsMargins(), QMargins(1, 2, 3, 4));
+    EXPECT_EQ(m_layout->margins(), VXRect<int>::margins(1, 2, 3, 4));
+    m_layout->setSpacing(9);
+    EXPECT_EQ(m_layout->spacing(), 9);
+    m_layout->setEnabled(false);
+    EXPECT_FALSE(m_layout->isEnabled());
+    EXPECT_FALSE(qtLayout()->isEnabled());
+}
+
+TEST_F(BoxLayout, refreshLaysOutAtOnce)
+{
+    m_panel->resize({200, 50});
+    m_layout->setMargins({});
+    m_layout->addWidget(m_first);
+    m_panel->show();
+    m_first->setMinimumSize({150, 20});
+    m_layout->refresh();
+    EXPECT_GE(m_first->position().width, 150);
+}
+
+TEST_F(BoxLayout, ignoresNothingAndTheDead)
+{
+    auto* dead = new VXText2(m_panel);
+    auto* address = static_cast<VXObject*>(dead);
+    delete dead;
+    m_layout->addWidget(nullptr);
+    m_layout->addWidget(nullptr, 1);
+    m_layout->insertWidget(nullptr, 0);
+    m_layout->removeWidget(nullptr);
+    m_layout->setStretchFactor(nullptr, 1);
+    m_layout->addWidget(address);
+    m_layout->addWidget(m_layout, 1);   // no widget
+    EXPECT_EQ(qtLayout()->count(), 0);
+}
+
+TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
+{
+    m_layout->addWidget(m_first);
+    VXPanel2 other;
+    m_layout->setParent(&other);
+    EXPECT_EQ(qt(*m_panel)->layout(), nullptr);
+    EXPECT_EQ(qt(other)->layout()->itemAt(0)->widget(), qt(*m_first));
+    EXPECT_EQ(m_first->peerParent(), &other);
+    delete m_first;
+    runDeletions();
+    EXPECT_EQ(qt(other)->layout()->count(), 0);
+}
+
+TEST_F(BoxLayout, itsEndLeavesTheWidgets)
+{
+    m_layout->addWidget(m_first);
+    delete m_layout;
+    runDeletions();
+    EXPECT_EQ(qt(*m_panel)->layout(), nullptr);
+    EXPECT_EQ(qt(*m_first)->parentWidget(), qt(*m_panel));
+}
+
+TEST_F(BoxLayout, aSecondLayoutLeavesTheFirst)
+{
+    const VXBoxLayout2 second(m_panel);
+    EXPECT_NE(qtLayout(), nullptr);
+    EXPECT_EQ(qtLayout(), qObjectOf(lookup(m_layout)));
+}
+
+} // namespace
+} // namespace VOXI
