@@ -205,6 +205,24 @@ TEST_F(WidgetEvents, closingCanBeRefused)
     EXPECT_TRUE(qt(m_window)->isVisible());
 }
 
+TEST_F(WidgetEvents, movesWithoutAButtonWhenTracked)
+{
+    auto moves = Log(m_probe.mouseMoved());
+    QWindow* const window = qt(m_window)->windowHandle(); // leaves the real pointer where it is
+    QTest::mouseMove(window, QPoint(50, 60));
+    turn();
+    QTest::mouseMove(window, QPoint(55, 60));
+    turn();
+    EXPECT_EQ(moves.count(), 0);
+    m_probe.setMouseTracking(true);
+    EXPECT_TRUE(m_probe.hasMouseTracking());
+    QTest::mouseMove(window, QPoint(60, 60));
+    turn();
+    ASSERT_EQ(moves.count(), 1);
+    EXPECT_EQ(moves.last().position(), (VXPoint<int>{40, 30}));
+    EXPECT_EQ(moves.last().buttons(), MouseButton::None);
+}
+
 TEST_F(WidgetEvents, touchAndWhatBecomesOfIt)
 {
     const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
@@ -213,6 +231,7 @@ TEST_F(WidgetEvents, touchAndWhatBecomesOfIt)
     auto ended = Log(m_probe.touchEnded());
     auto presses = Log(m_probe.mousePressed());
 
+    m_probe.setTouchEnabled(true);
     m_probe.setEventConsumed(WidgetEvent::TouchBegin, true);
     QTest::touchEvent(m_widget, screen.get()).press(4, QPoint(10, 20), m_widget);
     QTest::touchEvent(m_widget, screen.get())
@@ -240,6 +259,7 @@ TEST_F(WidgetEvents, touchAndWhatBecomesOfIt)
 
     // Touches that nobody wants work as the mouse does.
     VXButton2 button;
+    button.setTouchEnabled(true);
     button.show();
     auto clicks = Log(button.clicked());
     auto touched = Log(button.touchBegan());

@@ -114,6 +114,20 @@ TEST(WidgetLife, theAbstractObjectEndsItsPeer)
     });
 }
 
+TEST(WidgetLife, aFaultOfARequestReachesItsSenderOnAnyThread)
+{
+    VXProbe2 probe;
+    bool thrown = false;
+    runElsewhere([&] {
+        try {
+            probe.isEventConsumed(static_cast<WidgetEvent>(WidgetEventCount));
+        } catch (const std::out_of_range&) {
+            thrown = true;
+        }
+    });
+    EXPECT_TRUE(thrown);
+}
+
 TEST(WidgetLife, theFactoryEndsAPeer)
 {
     forEachKind([](const Kind& kind) {

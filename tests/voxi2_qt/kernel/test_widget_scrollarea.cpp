@@ -151,6 +151,39 @@ TEST_F(ScrollAreaEvents, gesturesAndTouch)
     EXPECT_TRUE(gestures.isEmpty());
 }
 
+TEST_F(ScrollAreaEvents, otherWidgetsGetGesturesWhenTouchIsEnabled)
+{
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    VXProbe2 probe;
+    probe.setPosition({20, 20, 200, 150});
+    probe.show();
+    turn();
+    auto gestures = Log(probe.gestured());
+    QWidget* const widget = qt(probe);
+    const auto pinch = [&] {
+        gestures.clear();
+        const auto touch = [&] { return QTest::touchEvent(widget, screen.get()); };
+        touch().press(0, QPoint(60, 60), widget).press(1, QPoint(80, 60), widget);
+        touch().move(0, QPoint(50, 60), widget).move(1, QPoint(90, 60), widget);
+        touch().move(0, QPoint(40, 60), widget).move(1, QPoint(100, 60), widget);
+        touch().release(0, QPoint(40, 60), widget).release(1, QPoint(100, 60), widget);
+        turn();
+        int pinches = 0;
+        for (int i = 0; i < gestures.count(); ++i)
+            pinches += gestures[std::size_t(i)].details().type == GestureType::Pinch;
+        return pinches;
+    };
+    EXPECT_EQ(pinch(), 0);
+    EXPECT_FALSE(probe.isTouchEnabled());
+    probe.setTouchEnabled(true);
+    EXPECT_TRUE(probe.isTouchEnabled());
+    probe.setEventConsumed(WidgetEvent::TouchBegin, true);
+    EXPECT_GE(pinch(), 3);
+    probe.setTouchEnabled(false);
+    EXPECT_FALSE(probe.isTouchEnabled());
+    EXPECT_EQ(pinch(), 0);
+}
+
 TEST_F(ScrollAreaEvents, dragsOnce)
 {
     auto entered = Log(m_probe.dragEntered());
