@@ -7,6 +7,7 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
 #include "voxi2_qt/controls/qttext2.h"
+#include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
 
@@ -39,6 +40,7 @@ QtFactory2::QtFactory2(VXFactory2* factory)
         request.connect(this, operation, thread);
     };
     // In the order of the requests in `VXFactory2`; kinds without a peer are left unconnected.
+    connect(factory->createAction2, &QtFactory2::createAction2);
     connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
     connect(factory->createButton2, &QtFactory2::createButton2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
@@ -62,6 +64,11 @@ QWidget* QtFactory2::getQWidget(VXObject* object)
 QObject* QtFactory2::getQObject(VXObject* object)
 {
     return object ? qObjectOf(lookup(object)) : nullptr;
+}
+
+void QtFactory2::createAction2(VXAction2* object, VXAction2Emitters* emitters, VXObject* parent)
+{
+    create<QtAction2>(object, emitters, getQObject(parent));
 }
 
 void QtFactory2::createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters,

@@ -24,6 +24,7 @@ public:
     /// Makes the one instance and connects it to the factory's requests; again it does nothing.
     static void createFactory(VXFactory2* factory);
 
+    void createAction2(VXAction2* object, VXAction2Emitters* emitters, VXObject* parent);
     void createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, VXObject* parent,
                           Direction direction);
     void createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent);
