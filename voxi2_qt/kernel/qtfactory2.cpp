@@ -6,7 +6,10 @@
 #include "voxi2_qt/containers/qtpanel2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
+#include "voxi2_qt/controls/qtmenu2.h"
+#include "voxi2_qt/controls/qtmenubar2.h"
 #include "voxi2_qt/controls/qttext2.h"
+#include "voxi2_qt/controls/qttoolbar2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
@@ -45,8 +48,11 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createButton2, &QtFactory2::createButton2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
+    connect(factory->createMenu2, &QtFactory2::createMenu2);
+    connect(factory->createMenuBar2, &QtFactory2::createMenuBar2);
     connect(factory->createPanel2, &QtFactory2::createPanel2);
     connect(factory->createText2, &QtFactory2::createText2);
+    connect(factory->createToolbar2, &QtFactory2::createToolbar2);
     connect(factory->createWindow2, &QtFactory2::createWindow2);
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
@@ -92,6 +98,16 @@ void QtFactory2::createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emi
     create<QtDragDelegate2>(object, emitters);
 }
 
+void QtFactory2::createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent)
+{
+    create<QtMenu2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, VXObject* parent)
+{
+    create<QtMenuBar2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent)
 {
     create<QtPanel2>(object, emitters, getQWidget(parent));
@@ -100,6 +116,11 @@ void QtFactory2::createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXOb
 void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
 {
     create<QtText2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent)
+{
+    create<QtToolBar2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent)

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace VOXI {
+
+class VXMenu2;
+
+/// A menu is about to be shown.
+class VXMenuEvent2 {
+public:
+    explicit VXMenuEvent2(VXMenu2* menu) noexcept : m_menu(menu) {}
+
+    VXMenu2* menu() const noexcept { return m_menu; }
+
+private:
+    VXMenu2* m_menu;
+};
+
+}  // namespace VOXI
