@@ -23,34 +23,23 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setAccelerator, &P::doSetAccelerator>(),
     TROV::row<&E::setAccelerators, &P::doSetAccelerators>(),
     TROV::row<&E::setCheckable, &P::doSetCheckable>(),
-    TROV::row<&E::setChecked, &P::doSetChecked>(),
-    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
-    TROV::row<&E::setIcon, &P::doSetIcon>(),
-    TROV::row<&E::setLabel, &P::doSetLabel>(),
-    TROV::row<&E::setLabelU, &P::doSetLabelU>(),
-    TROV::row<&E::setStatusTip, &P::doSetStatusTip>(),
-    TROV::row<&E::setToolTip, &P::doSetToolTip>(),
-    TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
+    TROV::row<&E::setChecked, &P::doSetChecked>(), TROV::row<&E::setEnabled, &P::doSetEnabled>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(), TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setLabelU, &P::doSetLabelU>(), TROV::row<&E::setStatusTip, &P::doSetStatusTip>(),
+    TROV::row<&E::setToolTip, &P::doSetToolTip>(), TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
     TROV::row<&E::setVisible, &P::doSetVisible>(),
     TROV::row<&E::getAccelerator, &P::doGetAccelerator>(),
     TROV::row<&E::getAccelerators, &P::doGetAccelerators>(),
-    TROV::row<&E::isCheckable, &P::doIsCheckable>(),
-    TROV::row<&E::isChecked, &P::doIsChecked>(),
-    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
-    TROV::row<&E::getIcon, &P::doGetIcon>(),
-    TROV::row<&E::getLabel, &P::doGetLabel>(),
-    TROV::row<&E::getStatusTip, &P::doGetStatusTip>(),
-    TROV::row<&E::getToolTip, &P::doGetToolTip>(),
-    TROV::row<&E::isVisible, &P::doIsVisible>(),
-    TROV::row<&E::toggle, &P::doimToggle>(),
-    TROV::row<&E::trigger, &P::doimTrigger>(),
+    TROV::row<&E::isCheckable, &P::doIsCheckable>(), TROV::row<&E::isChecked, &P::doIsChecked>(),
+    TROV::row<&E::isEnabled, &P::doIsEnabled>(), TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::getLabel, &P::doGetLabel>(), TROV::row<&E::getStatusTip, &P::doGetStatusTip>(),
+    TROV::row<&E::getToolTip, &P::doGetToolTip>(), TROV::row<&E::isVisible, &P::doIsVisible>(),
+    TROV::row<&E::toggle, &P::doimToggle>(), TROV::row<&E::trigger, &P::doimTrigger>(),
     TROV::row<&E::setStatusTipU, &P::doSetStatusTipU>(),
     TROV::row<&E::setSeparator, &P::doSetSeparator>(),
     TROV::row<&E::setShortcutContext, &P::doSetShortcutContext>(),
-    TROV::row<&E::setAutoRepeat, &P::doSetAutoRepeat>(),
-    TROV::row<&E::setGroup, &P::doSetGroup>(),
-    TROV::row<&E::attachTo, &P::doAttachTo>(),
-    TROV::row<&E::detachFrom, &P::doDetachFrom>(),
+    TROV::row<&E::setAutoRepeat, &P::doSetAutoRepeat>(), TROV::row<&E::setGroup, &P::doSetGroup>(),
+    TROV::row<&E::attachTo, &P::doAttachTo>(), TROV::row<&E::detachFrom, &P::doDetachFrom>(),
     TROV::row<&E::getLabelU, &P::doGetLabelU>(),
     TROV::row<&E::getStatusTipU, &P::doGetStatusTipU>(),
     TROV::row<&E::getToolTipU, &P::doGetToolTipU>(),
@@ -90,10 +79,11 @@ std::map<unsigned, QActionGroup*>& groups()
     return *instance;
 }
 
-}  // namespace
+} // namespace
 
 QtAction2::QtAction2(VXAction2* object, VXAction2Emitters* emitters, QObject* parent)
-    : QtObject2Shim(object, emitters, parent), m_emitters(emitters)
+    : QtObject2Shim(object, emitters, parent),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
     QObject::connect(this, &QAction::toggled, this, &QtAction2::slotActionToggled);
@@ -127,20 +117,19 @@ void QtAction2::doSetAccelerators(const VXStringList& accelerators)
 
 void QtAction2::doSetCheckable(bool checkable)
 {
-    if (isCheckable() != checkable)
-        setCheckable(checkable);
+    if (isCheckable() == checkable)
+        return;
+    // An action remembers that it was checked while it was not checkable, and would report it.
+    quietly([&] { setCheckable(checkable); });
 }
 
 void QtAction2::doSetChecked(bool checked)
 {
-    if (isChecked() == checked)
+    if (isCheckable() && isChecked() == checked)
         return;
-    const QActionGroup* group = actionGroup();
-    if (checked && group && group->isExclusive()) {
-        if (auto* former = dynamic_cast<QtAction2*>(group->checkedAction()))
-            former->checkQuietly(false);
-    }
-    checkQuietly(checked);
+    if (checked)
+        uncheckOthers(actionGroup());
+    quietly([&] { setChecked(checked); });
 }
 
 void QtAction2::doSetEnabled(bool enabled)
@@ -282,6 +271,10 @@ void QtAction2::doSetGroup(unsigned group, ActionExclusion exclusion)
     if (!qGroup)
         qGroup = new QActionGroup(nullptr);
     qGroup->setExclusionPolicy(policyOf(exclusion));
+    if (actionGroup() == qGroup)
+        return;
+    if (isChecked())
+        uncheckOthers(qGroup);
     setActionGroup(qGroup);
 }
 
@@ -377,15 +370,24 @@ void QtAction2::changeToolTip(const QString& text)
         setToolTip(text);
 }
 
-void QtAction2::checkQuietly(bool checked)
+template <class Function>
+void QtAction2::quietly(Function&& change)
 {
     {
         const QtSignalBlocker blocker(this);
-        setChecked(checked);
+        change();
     }
     // What groups know of the state of their actions they learn from this signal.
     if (actionGroup())
         Q_EMIT changed();
+}
+
+void QtAction2::uncheckOthers(const QActionGroup* group)
+{
+    auto* former =
+        group && group->isExclusive() ? dynamic_cast<QtAction2*>(group->checkedAction()) : nullptr;
+    if (former && former != this)
+        former->quietly([&] { former->setChecked(false); });
 }
 
 void QtAction2::leaveGroup()
@@ -400,4 +402,4 @@ void QtAction2::leaveGroup()
     }
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -1,5 +1,6 @@
 #include "voxi2/kernel/vxaction2.h"
 
+#include "voxi2/kernel/vxactiongroup2.h"
 #include "voxi_util/textencoding.h"
 
 namespace VOXI {
@@ -194,6 +195,12 @@ bool VXAction2::isSeparator() const
     return m_emitters.isSeparator();
 }
 
+VXActionGroup2* VXAction2::group() const
+{
+    VXObjectDataLocker lock;
+    return static_cast<VXActionGroup2*>(m_group ? objectById(m_group) : nullptr);
+}
+
 void VXAction2::attachTo(VXWidget2* widget)
 {
     m_emitters.attachTo(widget);
@@ -214,4 +221,4 @@ void VXAction2::imitateToggle(bool checked)
     m_emitters.toggle(checked);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

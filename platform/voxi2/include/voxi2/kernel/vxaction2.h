@@ -5,7 +5,6 @@
 #include "voxi2/kernel/vxactionevents2.h"
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/icon.h"
 #include "voxi_util/vxstringlist.h"
 
@@ -17,7 +16,8 @@ namespace VOXI {
 class VXActionGroup2;
 class VXWidget2;
 
-struct VXAction2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+struct VXAction2Emitters : TROV::EmittersTable<VXObject2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(std::string)> setAccelerator{*this};
@@ -68,7 +68,8 @@ struct VXAction2Emitters : TROV::EmittersTable<VXObject2Emitters> {
 ///
 /// Accelerators are written in portable notation: `Ctrl+S`, `F5`, `Ctrl+K, Ctrl+C` for two strokes.
 /// They work once the action is in a menu or tool bar of the window, or attached to a widget.
-class VOXI2_EXPORT VXAction2 : public VXObject2 {
+class VOXI2_EXPORT VXAction2 : public VXObject2
+{
 public:
     explicit VXAction2(VXObject2* parent = nullptr);
     ~VXAction2() override;
@@ -85,7 +86,8 @@ public:
     /// The icon last set.
     Icon icon() const;
 
-    /// Text that is no accelerator is ignored, an empty one too: `clearAccelerators` takes them away.
+    /// Text that is no accelerator is ignored, an empty one too: `clearAccelerators` takes them
+    /// away.
     void setAccelerator(const std::string& accelerator);
     /// Replaces all accelerators; texts that are none are left out.
     void setAccelerators(const VXStringList& accelerators);
@@ -170,7 +172,7 @@ private:
     friend class VXActionGroup2;
 
     VXAction2Emitters m_emitters;
-    unsigned m_group = 0;   // guarded by the object lock
+    unsigned m_group = 0; // guarded by the object lock
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -8,7 +8,8 @@ namespace VOXI {
 class VXAction2;
 
 /// An action was carried out.
-class VXActionTriggerEvent2 {
+class VXActionTriggerEvent2
+{
 public:
     explicit VXActionTriggerEvent2(VXAction2* action) noexcept : m_action(action) {}
 
@@ -19,12 +20,13 @@ private:
 };
 
 /// A checkable action changed its state.
-class VXActionToggleEvent2 {
+class VXActionToggleEvent2
+{
 public:
     VXActionToggleEvent2(VXAction2* action, bool checked) noexcept
-        : m_action(action), m_checked(checked)
-    {
-    }
+        : m_action(action),
+          m_checked(checked)
+    {}
 
     VXAction2* action() const noexcept { return m_action; }
     bool isChecked() const noexcept { return m_checked; }
@@ -34,14 +36,15 @@ private:
     bool m_checked;
 };
 
-/// An accelerator of an action was pressed that something else in reach has as well, so that nothing
-/// was carried out.
-class VXActionAmbiguityEvent2 {
+/// An accelerator of an action was pressed that something else in reach has as well, so that
+/// nothing was carried out.
+class VXActionAmbiguityEvent2
+{
 public:
     VXActionAmbiguityEvent2(VXAction2* action, std::string accelerator)
-        : m_action(action), m_accelerator(std::move(accelerator))
-    {
-    }
+        : m_action(action),
+          m_accelerator(std::move(accelerator))
+    {}
 
     /// One of those that have the accelerator; at the next press it is another.
     VXAction2* action() const noexcept { return m_action; }
@@ -53,4 +56,4 @@ private:
     std::string m_accelerator;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -6,13 +6,18 @@
 
 #include <QAction>
 
+QT_BEGIN_NAMESPACE
+class QActionGroup;
+QT_END_NAMESPACE
+
 namespace VOXI {
 
 /// The peer of the action; the peers of menus, tool bars and buttons add it as it is.
 ///
 /// Setters leave the action untouched when nothing changes, so that whatever shows it is not laid
 /// out and painted again.
-class VOXI2_QT_EXPORT QtAction2 : public QtObject2Shim<QAction> {
+class VOXI2_QT_EXPORT QtAction2 : public QtObject2Shim<QAction>
+{
     Q_OBJECT
 
 public:
@@ -69,11 +74,13 @@ private:
     void changeText(const QString& text);
     void changeStatusTip(const QString& text);
     void changeToolTip(const QString& text);
-    void checkQuietly(bool checked);
+    template <class Function>
+    void quietly(Function&& change);
+    void uncheckOthers(const QActionGroup* group);
     void leaveGroup();
 
-    Icon m_icon;   // a Qt icon cannot be turned back
+    Icon m_icon; // a Qt icon cannot be turned back
     VXAction2Emitters* m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI
