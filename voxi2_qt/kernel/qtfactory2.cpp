@@ -6,10 +6,13 @@
 #include "voxi2_qt/containers/qtpanel2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
+#include "voxi2_qt/controls/qtcheckbox2.h"
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/controls/qtmenubar2.h"
+#include "voxi2_qt/controls/qtradiobutton2.h"
 #include "voxi2_qt/controls/qttext2.h"
 #include "voxi2_qt/controls/qttoolbar2.h"
+#include "voxi2_qt/controls/qttoolbutton2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
@@ -46,13 +49,16 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createAction2, &QtFactory2::createAction2);
     connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
     connect(factory->createButton2, &QtFactory2::createButton2);
+    connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
     connect(factory->createMenu2, &QtFactory2::createMenu2);
     connect(factory->createMenuBar2, &QtFactory2::createMenuBar2);
     connect(factory->createPanel2, &QtFactory2::createPanel2);
+    connect(factory->createRadioButton2, &QtFactory2::createRadioButton2);
     connect(factory->createText2, &QtFactory2::createText2);
     connect(factory->createToolbar2, &QtFactory2::createToolbar2);
+    connect(factory->createToolButton2, &QtFactory2::createToolButton2);
     connect(factory->createWindow2, &QtFactory2::createWindow2);
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
@@ -88,6 +94,12 @@ void QtFactory2::createButton2(VXButton2* object, VXButton2Emitters* emitters, V
     create<QtButton2>(object, emitters, getQWidget(parent));
 }
 
+void QtFactory2::createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters,
+                                 VXObject* parent)
+{
+    create<QtCheckBox2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)
 {
     create<QtDragManager2>(object, emitters);
@@ -113,6 +125,12 @@ void QtFactory2::createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXOb
     create<QtPanel2>(object, emitters, getQWidget(parent));
 }
 
+void QtFactory2::createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters,
+                                    VXObject* parent)
+{
+    create<QtRadioButton2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
 {
     create<QtText2>(object, emitters, getQWidget(parent));
@@ -121,6 +139,12 @@ void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObjec
 void QtFactory2::createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent)
 {
     create<QtToolBar2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
+                                   VXObject* parent)
+{
+    create<QtToolButton2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent)
