@@ -1,0 +1,69 @@
+#pragma once
+
+#include "qthost/eventloopbinding.h"
+#include "trov/emitter.h"
+#include "voxi2/kernel/vxwidget2.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include <QCoreApplication>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+namespace VOXI {
+
+/// The tie between the toolkit's calls and the test's event loop; the environment of the tests
+/// brings the back end up with it. A test may end it and make it anew.
+std::unique_ptr<EventLoopBinding>& eventLoopBinding();
+
+/// One turn of the event loop: what was posted is delivered.
+inline void turn()
+{
+    QCoreApplication::processEvents();
+}
+
+/// Runs the deletions that are due.
+void runDeletions();
+
+inline QWidget* qt(const VXWidget2& widget)
+{
+    return qWidgetOf(lookup(&widget));
+}
+
+inline QtWidget2& peer(const VXWidget2& widget)
+{
+    return dynamic_cast<QtWidget2&>(*lookup(&widget));
+}
+
+/// Keeps what a signal sends.
+template <class E>
+class Log : public TROV::Listener
+{
+public:
+    explicit Log(TROV::Signal<void(const E&)> signal)
+    {
+        signal.connect(this, [this](const E& event) { m_events.push_back(event); });
+    }
+
+    int count() const { return static_cast<int>(m_events.size()); }
+    bool isEmpty() const { return m_events.empty(); }
+    void clear() { m_events.clear(); }
+    const E& last() const { return m_events.back(); }
+    const E& operator[](std::size_t i) const { return m_events.at(i); }
+
+    /// Whether there is exactly one, which is forgotten.
+    bool takeOne()
+    {
+        const bool one = m_events.size() == 1;
+        m_events.clear();
+        return one;
+    }
+
+private:
+    std::vector<E> m_events;
+};
+template <class E>
+Log(TROV::Signal<void(const E&)>) -> Log<E>;
+
+} // namespace VOXI
