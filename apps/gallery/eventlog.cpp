@@ -1,54 +1,36 @@
 #include "eventlog.h"
 
+#include "eventtext.h"
+#include "ui.h"
+
 namespace gallery {
 
 using namespace VOXI;
 
-namespace {
-
-std::string text(VXPoint<int> point)
+EventLog::EventLog(VXObject2* parent)
 {
-    return "(" + std::to_string(point.x) + ", " + std::to_string(point.y) + ")";
-}
+    const Box outside = column(parent, 4);
+    m_outside = outside.panel;
+    const Box head = row(outside.panel);
+    VXButton2* clear = button(head.panel, "C&lear", "clear-log");
+    clear->setFocusPolicy(FocusPolicy::None);
+    clear->clicked().connect(this, [this] { this->clear(); });
+    head.layout->addWidget(heading(head.panel, "Event log"));
+    head.layout->insertSpacer(-1, 0, 1);
+    head.layout->addWidget(clear);
 
-std::string text(Size<int> size)
-{
-    return std::to_string(size.width) + " x " + std::to_string(size.height);
-}
-
-std::string describe(const VXWidgetEvent2&)
-{
-    return {};
-}
-
-std::string describe(const VXMouseEvent2& event)
-{
-    return " at " + text(event.position());
-}
-
-std::string describe(const VXKeyEvent2& event)
-{
-    return " key " + std::to_string(static_cast<int>(event.key()));
-}
-
-std::string describe(const VXMoveEvent2& event)
-{
-    return " to " + text(event.position());
-}
-
-std::string describe(const VXResizeEvent2& event)
-{
-    return " to " + text(event.size());
-}
-
-}  // namespace
-
-EventLog::EventLog(VXObject2* parent) : m_pane(new VXText2(parent))
-{
+    const Frame paper = frame(outside.panel, PaperColor);
+    m_pane = new VXText2(paper.inside.panel);
     m_pane->setObjectName("log");
-    m_pane->setAlignment(AlignmentFlag::Left | AlignmentFlag::Bottom);
-    m_pane->setMinimumSize({-1, 140});
+    m_pane->setAlignment(AlignmentFlag::Left | AlignmentFlag::Top);
     m_pane->setAccessibleName(L"Event log");
+    // Long lines are cut off; they must not widen the window.
+    m_pane->setSizePolicy(Policy::Ignored, Policy::Preferred);
+    m_pane->setMinimumSize({-1, 126});
+    m_pane->setMaximumSize({-1, 126});
+    paper.inside.layout->addWidget(m_pane);
+    outside.layout->addWidget(head.panel);
+    outside.layout->addWidget(paper.outside);
 }
 
 void EventLog::add(const std::string& line)
@@ -56,36 +38,105 @@ void EventLog::add(const std::string& line)
     m_lines.push_back(std::to_string(++m_count) + "  " + line);
     if (m_lines.size() > Lines)
         m_lines.pop_front();
+    showLines();
+}
+
+void EventLog::clear()
+{
+    m_lines.clear();
+    m_count = 0;
+    showLines();
+}
+
+void EventLog::showLines()
+{
     std::string all;
     for (const std::string& each : m_lines)
         all += (all.empty() ? "" : "\n") + each;
     m_pane->setText(all);
 }
 
-void EventLog::watch(VXWidget2* widget, const std::string& name)
+TROV::ConnectionHandle EventLog::watch(VXWidget2* widget, WidgetEvent event,
+                                       const std::string& name)
 {
-    const auto log = [&](const auto& signal, const char* what) {
-        signal.connect(this, [this, name, what](const auto& event) {
-            add(name + ": " + what + describe(event));
+    const auto log = [&](const auto& signal) {
+        return signal.connect(this, [this, name, event](const auto& what) {
+            add(name + ": " + eventName(event) + describe(what));
         });
     };
-    log(widget->mouseEntered(), "mouse entered");
-    log(widget->mouseLeft(), "mouse left");
-    log(widget->mousePressed(), "mouse pressed");
-    log(widget->mouseReleased(), "mouse released");
-    log(widget->mouseDoubleClicked(), "double click");
-    log(widget->wheelTurned(), "wheel turned");
-    log(widget->keyPressed(), "key pressed");
-    log(widget->keyReleased(), "key released");
-    log(widget->focusGained(), "focus gained");
-    log(widget->focusLost(), "focus lost");
-    log(widget->contextMenuRequested(), "context menu requested");
-    log(widget->dragDetected(), "drag detected");
-    log(widget->moved(), "moved");
-    log(widget->resized(), "resized");
-    log(widget->shown(), "shown");
-    log(widget->hidden(), "hidden");
-    log(widget->closing(), "closing");
+    switch (event) {
+    case WidgetEvent::Close:
+        return log(widget->closing());
+    case WidgetEvent::ContextMenu:
+        return log(widget->contextMenuRequested());
+    case WidgetEvent::DragEnter:
+        return log(widget->dragEntered());
+    case WidgetEvent::DragLeave:
+        return log(widget->dragLeft());
+    case WidgetEvent::DragMove:
+        return log(widget->dragMoved());
+    case WidgetEvent::Drop:
+        return log(widget->dropped());
+    case WidgetEvent::MouseEnter:
+        return log(widget->mouseEntered());
+    case WidgetEvent::FocusIn:
+        return log(widget->focusGained());
+    case WidgetEvent::FocusOut:
+        return log(widget->focusLost());
+    case WidgetEvent::Hide:
+        return log(widget->hidden());
+    case WidgetEvent::KeyPress:
+        return log(widget->keyPressed());
+    case WidgetEvent::KeyRelease:
+        return log(widget->keyReleased());
+    case WidgetEvent::MouseLeave:
+        return log(widget->mouseLeft());
+    case WidgetEvent::MouseDoubleClick:
+        return log(widget->mouseDoubleClicked());
+    case WidgetEvent::MouseMove:
+        return log(widget->mouseMoved());
+    case WidgetEvent::MousePress:
+        return log(widget->mousePressed());
+    case WidgetEvent::MouseRelease:
+        return log(widget->mouseReleased());
+    case WidgetEvent::Wheel:
+        return log(widget->wheelTurned());
+    case WidgetEvent::Move:
+        return log(widget->moved());
+    case WidgetEvent::Resize:
+        return log(widget->resized());
+    case WidgetEvent::Gesture:
+        return log(widget->gestured());
+    case WidgetEvent::TouchBegin:
+        return log(widget->touchBegan());
+    case WidgetEvent::TouchUpdate:
+        return log(widget->touchMoved());
+    case WidgetEvent::TouchEnd:
+        return log(widget->touchEnded());
+    case WidgetEvent::Show:
+        return log(widget->shown());
+    case WidgetEvent::Other:
+        break;
+    }
+    return log(widget->dragDetected());
+}
+
+void EventLog::watch(VXWidget2* widget, const std::string& name)
+{
+    for (unsigned i = 0; i < WidgetEventCount; ++i) {
+        const auto event = static_cast<WidgetEvent>(i);
+        switch (event) {
+        case WidgetEvent::MouseMove:
+        case WidgetEvent::DragMove:
+        case WidgetEvent::Move:
+        case WidgetEvent::Resize:
+        case WidgetEvent::Show:
+        case WidgetEvent::Hide:
+            break;
+        default:
+            watch(widget, event, name);
+        }
+    }
 }
 
 void EventLog::watchButton(VXAbstractButton2* button, const std::string& name)
@@ -97,4 +148,4 @@ void EventLog::watchButton(VXAbstractButton2* button, const std::string& name)
     });
 }
 
-}  // namespace gallery
+} // namespace gallery

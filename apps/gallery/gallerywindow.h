@@ -2,9 +2,8 @@
 
 #include "eventlog.h"
 #include "page.h"
-
+#include "ui.h"
 #include "voxi2/containers/vxwindow2.h"
-#include "voxi2/controls/vxbutton2.h"
 
 #include <memory>
 #include <string>
@@ -13,7 +12,8 @@
 namespace gallery {
 
 /// The gallery: the list of pages on the left, the page on the right, the log below.
-class GalleryWindow {
+class GalleryWindow
+{
 public:
     GalleryWindow();
     ~GalleryWindow();
@@ -26,11 +26,13 @@ public:
     VOXI::VXWindow2* window() const { return m_window; }
 
 private:
-    struct Entry {
+    struct Entry
+    {
         VOXI::VXButton2* m_button;
         VOXI::VXWidget2* m_page;
     };
 
+    void addPage(const Page& page, const Box& list, const Box& area);
     void showPage(std::size_t index);
 
     VOXI::VXWindow2* m_window;
@@ -38,4 +40,4 @@ private:
     std::vector<Entry> m_entries;
 };
 
-}  // namespace gallery
+} // namespace gallery

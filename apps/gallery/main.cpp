@@ -1,5 +1,4 @@
 #include "gallerywindow.h"
-
 #include "qthost/qthost.h"
 
 #include <cstdio>
@@ -9,7 +8,8 @@
 
 namespace {
 
-struct Options {
+struct Options
+{
     std::string m_page;
     std::string m_screenshots;
 };
@@ -43,7 +43,7 @@ int takeScreenshots(VOXI::QtHost& host, gallery::GalleryWindow& window, const Op
     return 0;
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -56,8 +56,8 @@ int main(int argc, char** argv)
         }
         gallery::GalleryWindow window;
         if (!options.m_page.empty() && !window.select(options.m_page)) {
-            std::fprintf(stderr, "gallery: there is no page \"%s\"; pages are:",
-                         options.m_page.c_str());
+            std::fprintf(stderr,
+                         "gallery: there is no page \"%s\"; pages are:", options.m_page.c_str());
             for (const gallery::Page& page : gallery::pages())
                 std::fprintf(stderr, " %s", page.name.c_str());
             std::fprintf(stderr, "\n");

@@ -10,10 +10,12 @@ namespace gallery {
 
 class EventLog;
 
-/// One page of the gallery: a name for the command line, a title for the list, and what makes it.
-struct Page {
-    std::string name;
-    std::string title;
+/// One page of the gallery.
+struct Page
+{
+    std::string name;    ///< for the command line
+    std::string title;   ///< for the list and the heading
+    std::string summary; ///< what there is to see, in a sentence or two
     /// Makes the page's widgets inside `parent` and has the log watch them.
     std::function<VOXI::VXWidget2*(VOXI::VXObject2* parent, EventLog& log)> create;
 };
@@ -23,5 +25,10 @@ const std::vector<Page>& pages();
 
 // One function for each file under pages/.
 Page countingPage();
+Page eventsPage();
+Page dragDropPage();
+Page focusPage();
+Page cursorsPage();
+Page threadsPage();
 
-}  // namespace gallery
+} // namespace gallery

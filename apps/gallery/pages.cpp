@@ -5,9 +5,9 @@ namespace gallery {
 const std::vector<Page>& pages()
 {
     static const std::vector<Page> all = {
-        countingPage(),
+        countingPage(), eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage(),
     };
     return all;
 }
 
-}  // namespace gallery
+} // namespace gallery

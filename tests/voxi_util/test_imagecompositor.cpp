@@ -203,6 +203,11 @@ TEST(ImageCompositor, undecodablePicturesLeaveNothing)
     const auto decoder = std::make_shared<RedDecoder>();
     ImageDecoder::install(decoder);
     EXPECT_EQ(shown(coded, 4), red);
+    Icon partly = Icon::fromPixmap(filled(8, green));
+    partly.addPixmap(Pixmap::fromFile("no such file"), Mode::Normal, State::Off, {4, 4});
+    partly.addPixmap(Pixmap::fromFile("no such file"), Mode::Disabled);
+    EXPECT_EQ(shown(partly, 4), green);
+    expectNear(shown(partly, 4, Mode::Disabled), Color(150, 150, 150, 128));
     Icon mixed = Icon::fromFile("no such file");
     EXPECT_TRUE(composed(mixed, 4).isNull());
     mixed.addLayer(coded);

@@ -3,8 +3,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstddef>
 #include <gtest/gtest.h>
-#include <latch>
 #include <set>
 #include <string>
 #include <thread>
@@ -55,25 +55,28 @@ TEST(StringID, servesAsKeyInBothKindsOfContainers)
     EXPECT_EQ(std::unordered_set<StringID>(ids.begin(), ids.end()).size(), 4u);
 }
 
-// Threads meet the same new texts at the same time, in different orders.
+// All threads ask for the same new text at the same moment, again and again. Long texts take long
+// to look up, which leaves time for several threads to find that there is none yet.
 TEST(StringID, threadsAgreeOnTheNameOfANewText)
 {
     const Watchdog watchdog(std::chrono::seconds(60), "StringID threads");
-    constexpr int threadCount = 4;
-    constexpr int textCount = 2000;
+    constexpr std::size_t threadCount = 3;
+    constexpr std::size_t textCount = 100;
+    const std::string tail(300000, 'x');
     std::vector<std::vector<StringID>> found(threadCount, std::vector<StringID>(textCount));
     std::atomic<int> wrongTexts{0};
-    std::latch start(threadCount);
+    std::atomic<std::size_t> arrived{0};
     std::vector<std::thread> threads;
-    for (int t = 0; t < threadCount; ++t) {
-        threads.emplace_back([&, t] {
-            start.arrive_and_wait();
-            for (int i = 0; i < textCount; ++i) {
-                const int which = t % 2 ? textCount - 1 - i : i;
-                const std::string text = "shared name " + std::to_string(which);
-                const StringID id(text);
-                found[static_cast<std::size_t>(t)][static_cast<std::size_t>(which)] = id;
-                if (id.getString() != text)
+    for (std::vector<StringID>& own : found) {
+        threads.emplace_back([&] {
+            for (std::size_t i = 0; i < textCount; ++i) {
+                const std::string text = std::to_string(i) + tail;
+                // Not a barrier: threads that it puts to sleep wake too late to meet.
+                ++arrived;
+                while (arrived < (i + 1) * threadCount)
+                    std::this_thread::yield();
+                own[i] = StringID(text);
+                if (own[i].getString() != text)
                     ++wrongTexts;
             }
         });
@@ -84,6 +87,5 @@ TEST(StringID, threadsAgreeOnTheNameOfANewText)
     EXPECT_EQ(wrongTexts, 0);
     for (const std::vector<StringID>& other : found)
         EXPECT_EQ(other, found.front());
-    EXPECT_EQ(std::set<StringID>(found.front().begin(), found.front().end()).size(),
-              static_cast<std::size_t>(textCount));
+    EXPECT_EQ(std::set<StringID>(found.front().begin(), found.front().end()).size(), textCount);
 }

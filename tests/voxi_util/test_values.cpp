@@ -13,7 +13,9 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <mutex>
 #include <numbers>
+#include <shared_mutex>
 #include <thread>
 #include <vector>
 
@@ -208,16 +210,19 @@ TEST(ReadWriteLock, writersAloneAndReadersBetweenThem)
     std::vector<std::thread> threads;
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&, t] {
+            const auto write = [&](const auto& /*locker*/) {
+                ++first;
+                ++second;
+            };
+            const auto read = [&](const auto& /*locker*/) {
+                if (first != second)
+                    ++readsThatSawHalf;
+            };
             for (int i = 0; i < 1000; ++i) {
-                if (t % 2) {
-                    WriteLocker writing(lock);
-                    ++first;
-                    ++second;
-                } else {
-                    ReadLocker reading(lock);
-                    if (first != second)
-                        ++readsThatSawHalf;
-                }
+                if (t % 2 == 0)
+                    i % 2 ? write(WriteLocker(lock)) : write(std::unique_lock(lock));
+                else
+                    i % 2 ? read(ReadLocker(lock)) : read(std::shared_lock(lock));
             }
         });
     }

@@ -8,7 +8,7 @@ namespace VOXI {
 
 namespace {
 
-const QtCursorRegistry* installed()
+QtCursorRegistry* installed()
 {
     return dynamic_cast<QtCursorRegistry*>(CustomCursorRegistry::instance());
 }
@@ -43,7 +43,7 @@ QCursor QtCursorRegistry::toQCursor(const Cursor& cursor)
 {
     if (!cursor.isCustom())
         return QCursor(VX2Qt(cursor));
-    auto* registry = const_cast<QtCursorRegistry*>(installed());
+    QtCursorRegistry* registry = installed();
     if (!registry)
         return QCursor();
     std::lock_guard lock(registry->m_mutex);
@@ -61,7 +61,7 @@ Cursor QtCursorRegistry::toCursor(const QCursor& cursor)
 {
     if (cursor.shape() != Qt::BitmapCursor)
         return Qt2VX(cursor.shape());
-    if (const QtCursorRegistry* registry = installed()) {
+    if (QtCursorRegistry* registry = installed()) {
         std::lock_guard lock(registry->m_mutex);
         for (const auto& [name, entry] : registry->m_entries) {
             if (entry.m_made && entry.m_cursor == cursor)

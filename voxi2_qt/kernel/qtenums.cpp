@@ -5,6 +5,8 @@
 namespace VOXI {
 
 namespace {
+// The first row of each table is what Qt uses unless it is told otherwise.
+
 constexpr auto Alignments = enumTable<AlignmentFlag, Qt::AlignmentFlag>({
     {AlignmentFlag::Left, Qt::AlignLeft},
     {AlignmentFlag::Right, Qt::AlignRight},
@@ -79,8 +81,8 @@ constexpr auto ToolButtonStyles = enumTable<ToolButtonStyle, Qt::ToolButtonStyle
 });
 
 constexpr auto ShortcutContexts = enumTable<ShortcutContext, Qt::ShortcutContext>({
-    {ShortcutContext::Widget, Qt::WidgetShortcut},
     {ShortcutContext::Window, Qt::WindowShortcut},
+    {ShortcutContext::Widget, Qt::WidgetShortcut},
     {ShortcutContext::Application, Qt::ApplicationShortcut},
     {ShortcutContext::WidgetWithChildren, Qt::WidgetWithChildrenShortcut},
 });

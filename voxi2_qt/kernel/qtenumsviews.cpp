@@ -4,6 +4,8 @@
 namespace VOXI {
 
 namespace {
+// The first row of each table is what Qt uses unless it is told otherwise.
+
 constexpr auto Triggers = enumTable<EditTrigger, QAbstractItemView::EditTrigger>({
     {EditTrigger::None, QAbstractItemView::NoEditTriggers},
     {EditTrigger::CurrentChanged, QAbstractItemView::CurrentChanged},
@@ -15,10 +17,10 @@ constexpr auto Triggers = enumTable<EditTrigger, QAbstractItemView::EditTrigger>
 });
 
 constexpr auto InsertPolicies = enumTable<ComboInsertPolicy, QComboBox::InsertPolicy>({
+    {ComboInsertPolicy::AtBottom, QComboBox::InsertAtBottom},
     {ComboInsertPolicy::None, QComboBox::NoInsert},
     {ComboInsertPolicy::AtTop, QComboBox::InsertAtTop},
     {ComboInsertPolicy::AtCurrent, QComboBox::InsertAtCurrent},
-    {ComboInsertPolicy::AtBottom, QComboBox::InsertAtBottom},
     {ComboInsertPolicy::AfterCurrent, QComboBox::InsertAfterCurrent},
     {ComboInsertPolicy::BeforeCurrent, QComboBox::InsertBeforeCurrent},
     {ComboInsertPolicy::Alphabetically, QComboBox::InsertAlphabetically},
@@ -38,16 +40,16 @@ constexpr auto Behaviors = enumTable<SelectionBehavior, QAbstractItemView::Selec
 });
 
 constexpr auto Modes = enumTable<SelectionMode, QAbstractItemView::SelectionMode>({
-    {SelectionMode::None, QAbstractItemView::NoSelection},
     {SelectionMode::Single, QAbstractItemView::SingleSelection},
+    {SelectionMode::None, QAbstractItemView::NoSelection},
     {SelectionMode::Multi, QAbstractItemView::MultiSelection},
     {SelectionMode::Extended, QAbstractItemView::ExtendedSelection},
     {SelectionMode::Contiguous, QAbstractItemView::ContiguousSelection},
 });
 
 constexpr auto ElideModes = enumTable<TextElideMode, Qt::TextElideMode>({
-    {TextElideMode::Left, Qt::ElideLeft},
     {TextElideMode::Right, Qt::ElideRight},
+    {TextElideMode::Left, Qt::ElideLeft},
     {TextElideMode::Middle, Qt::ElideMiddle},
     {TextElideMode::None, Qt::ElideNone},
 });

@@ -13,7 +13,7 @@ struct KeyRow
     Qt::Key m_qt;
 };
 
-// Every key whose number is not a character code, in the order of Key.
+// Every key that types no character, in the order of Key.
 constexpr KeyRow KeyRows[] = {
     {Key::Escape, Qt::Key_Escape},
     {Key::Tab, Qt::Key_Tab},
@@ -114,6 +114,20 @@ constexpr KeyRow KeyRows[] = {
     {Key::MicMute, Qt::Key_MicMute},
     {Key::MicVolumeUp, Qt::Key_MicVolumeUp},
     {Key::MicVolumeDown, Qt::Key_MicVolumeDown},
+    {Key::CD, Qt::Key_CD},
+    {Key::Subtitle, Qt::Key_Subtitle},
+    {Key::AudioCycleTrack, Qt::Key_AudioCycleTrack},
+    {Key::Time, Qt::Key_Time},
+    {Key::Red, Qt::Key_Red},
+    {Key::Green, Qt::Key_Green},
+    {Key::Yellow, Qt::Key_Yellow},
+    {Key::Blue, Qt::Key_Blue},
+    {Key::ChannelUp, Qt::Key_ChannelUp},
+    {Key::ChannelDown, Qt::Key_ChannelDown},
+    {Key::Guide, Qt::Key_Guide},
+    {Key::Info, Qt::Key_Info},
+    {Key::MediaLast, Qt::Key_MediaLast},
+    {Key::Play, Qt::Key_Play},
     {Key::Back, Qt::Key_Back},
     {Key::Forward, Qt::Key_Forward},
     {Key::Stop, Qt::Key_Stop},
@@ -168,6 +182,42 @@ constexpr KeyRow KeyRows[] = {
     {Key::Phone, Qt::Key_Phone},
     {Key::Pictures, Qt::Key_Pictures},
     {Key::Video, Qt::Key_Video},
+    {Key::Shop, Qt::Key_Shop},
+    {Key::History, Qt::Key_History},
+    {Key::AddFavorite, Qt::Key_AddFavorite},
+    {Key::HotLinks, Qt::Key_HotLinks},
+    {Key::Community, Qt::Key_Community},
+    {Key::BackForward, Qt::Key_BackForward},
+    {Key::ApplicationLeft, Qt::Key_ApplicationLeft},
+    {Key::ApplicationRight, Qt::Key_ApplicationRight},
+    {Key::Book, Qt::Key_Book},
+    {Key::ToDoList, Qt::Key_ToDoList},
+    {Key::DOS, Qt::Key_DOS},
+    {Key::Excel, Qt::Key_Excel},
+    {Key::Go, Qt::Key_Go},
+    {Key::ITouch, Qt::Key_iTouch},
+    {Key::Market, Qt::Key_Market},
+    {Key::Meeting, Qt::Key_Meeting},
+    {Key::MySites, Qt::Key_MySites},
+    {Key::OfficeHome, Qt::Key_OfficeHome},
+    {Key::Option, Qt::Key_Option},
+    {Key::SplitScreen, Qt::Key_SplitScreen},
+    {Key::Support, Qt::Key_Support},
+    {Key::TaskPane, Qt::Key_TaskPane},
+    {Key::Terminal, Qt::Key_Terminal},
+    {Key::Tools, Qt::Key_Tools},
+    {Key::Travel, Qt::Key_Travel},
+    {Key::Word, Qt::Key_Word},
+    {Key::Transfer, Qt::Key_Xfer},
+    {Key::ZoomIn, Qt::Key_ZoomIn},
+    {Key::ZoomOut, Qt::Key_ZoomOut},
+    {Key::Away, Qt::Key_Away},
+    {Key::View, Qt::Key_View},
+    {Key::TopMenu, Qt::Key_TopMenu},
+    {Key::LaunchG, Qt::Key_LaunchG},
+    {Key::LaunchH, Qt::Key_LaunchH},
+    {Key::New, Qt::Key_New},
+    {Key::Exit, Qt::Key_Exit},
     {Key::MonitorBrightnessUp, Qt::Key_MonBrightnessUp},
     {Key::MonitorBrightnessDown, Qt::Key_MonBrightnessDown},
     {Key::KeyboardLightOnOff, Qt::Key_KeyboardLightOnOff},
@@ -188,6 +238,19 @@ constexpr KeyRow KeyRows[] = {
     {Key::Bluetooth, Qt::Key_Bluetooth},
     {Key::WirelessLan, Qt::Key_WLAN},
     {Key::Battery, Qt::Key_Battery},
+    {Key::BrightnessAdjust, Qt::Key_BrightnessAdjust},
+    {Key::ClearGrab, Qt::Key_ClearGrab},
+    {Key::Display, Qt::Key_Display},
+    {Key::LogOff, Qt::Key_LogOff},
+    {Key::MenuKB, Qt::Key_MenuKB},
+    {Key::MenuPB, Qt::Key_MenuPB},
+    {Key::RotateWindows, Qt::Key_RotateWindows},
+    {Key::RotationPB, Qt::Key_RotationPB},
+    {Key::RotationKB, Qt::Key_RotationKB},
+    {Key::UWB, Qt::Key_UWB},
+    {Key::PowerDown, Qt::Key_PowerDown},
+    {Key::ContrastAdjust, Qt::Key_ContrastAdjust},
+    {Key::Settings, Qt::Key_Settings},
     {Key::MultiKey, Qt::Key_Multi_key},
     {Key::Codeinput, Qt::Key_Codeinput},
     {Key::SingleCandidate, Qt::Key_SingleCandidate},
@@ -216,6 +279,74 @@ constexpr KeyRow KeyRows[] = {
     {Key::HangulHanja, Qt::Key_Hangul_Hanja},
     {Key::HangulJamo, Qt::Key_Hangul_Jamo},
     {Key::HangulRomaja, Qt::Key_Hangul_Romaja},
+    {Key::DirectionLeft, Qt::Key_Direction_L},
+    {Key::DirectionRight, Qt::Key_Direction_R},
+    {Key::HangulJeonja, Qt::Key_Hangul_Jeonja},
+    {Key::HangulBanja, Qt::Key_Hangul_Banja},
+    {Key::HangulPreHanja, Qt::Key_Hangul_PreHanja},
+    {Key::HangulPostHanja, Qt::Key_Hangul_PostHanja},
+    {Key::HangulSpecial, Qt::Key_Hangul_Special},
+    {Key::Context1, Qt::Key_Context1},
+    {Key::Context2, Qt::Key_Context2},
+    {Key::Context3, Qt::Key_Context3},
+    {Key::Context4, Qt::Key_Context4},
+    {Key::Call, Qt::Key_Call},
+    {Key::HangUp, Qt::Key_Hangup},
+    {Key::Flip, Qt::Key_Flip},
+    {Key::ToggleCallHangup, Qt::Key_ToggleCallHangup},
+    {Key::VoiceDial, Qt::Key_VoiceDial},
+    {Key::LastNumberRedial, Qt::Key_LastNumberRedial},
+    {Key::Camera, Qt::Key_Camera},
+    {Key::CameraFocus, Qt::Key_CameraFocus},
+    {Key::DeadGrave, Qt::Key_Dead_Grave},
+    {Key::DeadAcute, Qt::Key_Dead_Acute},
+    {Key::DeadCircumflex, Qt::Key_Dead_Circumflex},
+    {Key::DeadTilde, Qt::Key_Dead_Tilde},
+    {Key::DeadMacron, Qt::Key_Dead_Macron},
+    {Key::DeadBreve, Qt::Key_Dead_Breve},
+    {Key::DeadAboveDot, Qt::Key_Dead_Abovedot},
+    {Key::DeadDiaeresis, Qt::Key_Dead_Diaeresis},
+    {Key::DeadAboveRing, Qt::Key_Dead_Abovering},
+    {Key::DeadDoubleAcute, Qt::Key_Dead_Doubleacute},
+    {Key::DeadCaron, Qt::Key_Dead_Caron},
+    {Key::DeadCedilla, Qt::Key_Dead_Cedilla},
+    {Key::DeadOgonek, Qt::Key_Dead_Ogonek},
+    {Key::DeadIota, Qt::Key_Dead_Iota},
+    {Key::DeadVoicedSound, Qt::Key_Dead_Voiced_Sound},
+    {Key::DeadSemivoicedSound, Qt::Key_Dead_Semivoiced_Sound},
+    {Key::DeadBelowDot, Qt::Key_Dead_Belowdot},
+    {Key::DeadHook, Qt::Key_Dead_Hook},
+    {Key::DeadHorn, Qt::Key_Dead_Horn},
+    {Key::DeadStroke, Qt::Key_Dead_Stroke},
+    {Key::DeadAboveComma, Qt::Key_Dead_Abovecomma},
+    {Key::DeadAboveReversedComma, Qt::Key_Dead_Abovereversedcomma},
+    {Key::DeadDoubleGrave, Qt::Key_Dead_Doublegrave},
+    {Key::DeadBelowRing, Qt::Key_Dead_Belowring},
+    {Key::DeadBelowMacron, Qt::Key_Dead_Belowmacron},
+    {Key::DeadBelowCircumflex, Qt::Key_Dead_Belowcircumflex},
+    {Key::DeadBelowTilde, Qt::Key_Dead_Belowtilde},
+    {Key::DeadBelowBreve, Qt::Key_Dead_Belowbreve},
+    {Key::DeadBelowDiaeresis, Qt::Key_Dead_Belowdiaeresis},
+    {Key::DeadInvertedBreve, Qt::Key_Dead_Invertedbreve},
+    {Key::DeadBelowComma, Qt::Key_Dead_Belowcomma},
+    {Key::DeadCurrency, Qt::Key_Dead_Currency},
+    {Key::DeadSmallA, Qt::Key_Dead_a},
+    {Key::DeadCapitalA, Qt::Key_Dead_A},
+    {Key::DeadSmallE, Qt::Key_Dead_e},
+    {Key::DeadCapitalE, Qt::Key_Dead_E},
+    {Key::DeadSmallI, Qt::Key_Dead_i},
+    {Key::DeadCapitalI, Qt::Key_Dead_I},
+    {Key::DeadSmallO, Qt::Key_Dead_o},
+    {Key::DeadCapitalO, Qt::Key_Dead_O},
+    {Key::DeadSmallU, Qt::Key_Dead_u},
+    {Key::DeadCapitalU, Qt::Key_Dead_U},
+    {Key::DeadSmallSchwa, Qt::Key_Dead_Small_Schwa},
+    {Key::DeadCapitalSchwa, Qt::Key_Dead_Capital_Schwa},
+    {Key::DeadGreek, Qt::Key_Dead_Greek},
+    {Key::DeadLowLine, Qt::Key_Dead_Lowline},
+    {Key::DeadAboveVerticalLine, Qt::Key_Dead_Aboveverticalline},
+    {Key::DeadBelowVerticalLine, Qt::Key_Dead_Belowverticalline},
+    {Key::DeadLongSolidusOverlay, Qt::Key_Dead_Longsolidusoverlay},
 };
 
 constexpr auto sortedByQt()
@@ -235,17 +366,17 @@ static_assert(std::adjacent_find(KeyRowsByQt.begin(), KeyRowsByQt.end(),
                                  [](const KeyRow& a, const KeyRow& b) { return a.m_qt == b.m_qt; })
               == KeyRowsByQt.end());
 
-/// Both sides number these by their ASCII codes; letters have the codes of the capitals.
-constexpr bool isCharacterCode(int code) noexcept
+/// Both sides number these by their characters; letters are capitals.
+constexpr bool isCharacter(int code) noexcept
 {
-    return (code >= 0x20 && code <= 0x60) || (code >= 0x7b && code <= 0x7e);
+    return code >= 0x20 && code <= 0x10ffff;
 }
 } // namespace
 
 Qt::Key VX2Qt(Key key) noexcept
 {
     const int code = static_cast<int>(key);
-    if (isCharacterCode(code))
+    if (isCharacter(code))
         return static_cast<Qt::Key>(code);
     const KeyRow* row = std::lower_bound(std::begin(KeyRows), std::end(KeyRows), key,
                                          [](const KeyRow& r, Key k) { return r.m_vx < k; });
@@ -254,7 +385,7 @@ Qt::Key VX2Qt(Key key) noexcept
 
 Key Qt2VX(Qt::Key key) noexcept
 {
-    if (isCharacterCode(key))
+    if (isCharacter(key))
         return static_cast<Key>(static_cast<int>(key));
     const auto row = std::lower_bound(KeyRowsByQt.begin(), KeyRowsByQt.end(), key,
                                       [](const KeyRow& r, Qt::Key k) { return r.m_qt < k; });

@@ -93,9 +93,6 @@ bool QtObject2::isVXObjectValid() const
 
 void QtObject2::scheduleDelete()
 {
-    if (m_scheduled)
-        return;
-    m_scheduled = true;
     disconnect();
     removeObject();
     GuiObject::scheduleDelete();
@@ -106,7 +103,7 @@ void QtObject2::deferDelete()
     QObject* object = asQObject();
     const QtObject2* parent = peerOf(object->parent());
     // Whoever goes with its parent need not go one by one: that would be quadratic in the parent.
-    if (!parent || !parent->m_scheduled)
+    if (!parent || !parent->isDeletionScheduled())
         object->deleteLater();
 }
 

@@ -10,6 +10,7 @@ namespace {
 constexpr char32_t FirstSurrogate = 0xd800;
 constexpr char32_t LastSurrogate = 0xdfff;
 constexpr char32_t LastOfBmp = 0xffff;
+constexpr qsizetype LongText = 48;
 
 std::u16string_view viewOf(const QString& text)
 {
@@ -21,10 +22,16 @@ bool isSurrogate(char16_t unit)
     return unit >= FirstSurrogate && unit <= LastSurrogate;
 }
 
-std::string latin1FromUtf16(std::u16string_view text)
+std::string latin1Of(const QString& text)
 {
-    std::string result(text.size(), '\0');
-    std::transform(text.begin(), text.end(), result.begin(), [](char16_t unit) {
+    // Qt writes many characters at a time, but into a buffer of its own: that pays for long texts.
+    if (text.size() > LongText) {
+        const QByteArray bytes = text.toLatin1();
+        return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+    }
+    const std::u16string_view units = viewOf(text);
+    std::string result(units.size(), '\0');
+    std::transform(units.begin(), units.end(), result.begin(), [](char16_t unit) {
         return unit > 0xff ? '?' : static_cast<char>(static_cast<unsigned char>(unit));
     });
     return result;
@@ -65,7 +72,7 @@ QString toQString(const std::wstring& text)
 
 std::string toStdString(const QString& text)
 {
-    return narrowTextEncoding() == NarrowTextEncoding::Latin1 ? latin1FromUtf16(viewOf(text))
+    return narrowTextEncoding() == NarrowTextEncoding::Latin1 ? latin1Of(text)
                                                               : Detail::utf8FromQString(text);
 }
 

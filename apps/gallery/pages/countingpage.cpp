@@ -1,10 +1,6 @@
 #include "../eventlog.h"
 #include "../page.h"
-
-#include "voxi2/containers/vxboxlayout2.h"
-#include "voxi2/containers/vxpanel2.h"
-#include "voxi2/controls/vxbutton2.h"
-#include "voxi2/controls/vxtext2.h"
+#include "../ui.h"
 
 namespace gallery {
 
@@ -14,31 +10,33 @@ namespace {
 
 VXWidget2* create(VXObject2* parent, EventLog& log)
 {
-    auto* page = new VXPanel2(parent);
-    auto* row = new VXBoxLayout2(page, Direction::LeftToRight);
-    auto* count = new VXText2(page);
-    auto* button = new VXButton2(page);
+    const Box page = column(parent);
+    const Box line = row(page.panel, 12);
+    const Frame display = frame(line.panel, PaperColor);
+    VXText2* count = heading(display.inside.panel, "0", 28);
+    VXButton2* counter = button(line.panel, "&Count", "counter");
     count->setObjectName("count");
-    count->setText("0");
     count->setAlignment(AlignmentFlag::Center);
-    button->setObjectName("counter");
-    button->setLabel("&Count");
-    row->addWidget(count);
-    row->addWidget(button);
-    row->insertSpacer(-1, 0, 1);
+    count->setMinimumSize({120, -1});
+    display.inside.layout->addWidget(count);
+    line.layout->addWidget(display.outside);
+    line.layout->addWidget(counter);
+    line.layout->insertSpacer(-1, 0, 1);
+    page.layout->addWidget(line.panel);
+    page.layout->insertSpacer(-1, 0, 1);
 
-    button->clicked().connect(count, [count, n = 0](const VXButtonClickEvent2&) mutable {
+    counter->clicked().connect(count, [count, n = 0](const VXButtonClickEvent2&) mutable {
         count->setText(std::to_string(++n));
     });
-    log.watchButton(button, "counter");
-    return page;
+    log.watchButton(counter, "counter");
+    return page.panel;
 }
 
-}  // namespace
+} // namespace
 
 Page countingPage()
 {
-    return {"counting", "Counting", &create};
+    return {"counting", "Counting", "A button, a text, and one line between them.", &create};
 }
 
-}  // namespace gallery
+} // namespace gallery

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
+#include <utility>
 
 namespace VOXI {
 
@@ -143,12 +145,14 @@ VXObject* GuiObject::getHandle() const
 
 void GuiObject::scheduleDelete()
 {
-    deferDelete();
+    if (!std::exchange(m_deletionScheduled, true))
+        deferDelete();
 }
 
 void GuiObject::deferDelete()
 {
-    TROV::Thread::getCurrentThread()->post([this] { delete this; });
+    // A call that the thread does not come to any more is dropped, and the object with it.
+    TROV::Thread::getCurrentThread()->post([self = std::unique_ptr<GuiObject>(this)] {});
 }
 
 void addObject(unsigned id, GuiObject* peer)

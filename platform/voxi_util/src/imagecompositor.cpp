@@ -61,22 +61,20 @@ bool suitsBetter(Size<int> a, Size<int> b, Size<int> wanted)
     return rank(a) == 0 ? area(a) < area(b) : area(a) > area(b);
 }
 
-/// Null when the layer has no source.
-const Icon::Source* bestSource(const Icon::Layer& layer, Size<int> wanted, Icon::IconMode mode,
-                               Icon::IconState state)
+/// All sources of the layer, those that suit best first.
+std::vector<const Icon::Source*> bySuitability(const Icon::Layer& layer, Size<int> wanted,
+                                               Icon::IconMode mode, Icon::IconState state)
 {
-    const Icon::Source* best = nullptr;
-    for (const Icon::Source& source : layer.sources) {
-        if (!best) {
-            best = &source;
-            continue;
-        }
-        const int difference = mismatch(source, mode, state) - mismatch(*best, mode, state);
-        if (difference < 0
-            || (difference == 0 && suitsBetter(source.nominalSize, best->nominalSize, wanted)))
-            best = &source;
-    }
-    return best;
+    std::vector<const Icon::Source*> sources;
+    for (const Icon::Source& source : layer.sources)
+        sources.push_back(&source);
+    std::stable_sort(
+        sources.begin(), sources.end(), [=](const Icon::Source* a, const Icon::Source* b) {
+            const int difference = mismatch(*a, mode, state) - mismatch(*b, mode, state);
+            return difference != 0 ? difference < 0
+                                   : suitsBetter(a->nominalSize, b->nominalSize, wanted);
+        });
+    return sources;
 }
 
 /// Null when it cannot be decoded.
@@ -87,6 +85,24 @@ Pixmap rawPixmap(const Pixmap& pixmap, Size<int> wanted)
     const std::shared_ptr<ImageDecoder> decoder = ImageDecoder::installed();
     const Pixmap decoded = decoder ? decoder->decode(pixmap, wanted) : Pixmap();
     return decoded.isRaw() ? decoded : Pixmap();
+}
+
+struct Picture
+{
+    Pixmap pixmap;
+    bool isForMode = false;
+};
+
+/// The best picture of a layer that can be decoded; a null one when there is none.
+Picture bestPicture(const Icon::Layer& layer, Size<int> wanted, Icon::IconMode mode,
+                    Icon::IconState state)
+{
+    for (const Icon::Source* const source : bySuitability(layer, wanted, mode, state)) {
+        Pixmap pixmap = rawPixmap(source->pixmap, wanted);
+        if (!pixmap.isNull())
+            return {std::move(pixmap), source->mode == mode};
+    }
+    return {};
 }
 
 Plane planeOf(const Pixmap& pixmap)
@@ -238,13 +254,12 @@ Pixmap ImageCompositor::compose(const Icon& icon, Size<int> pixels, Icon::IconMo
     bool anything = false;
     for (const Icon::Layer& layer : icon.layers()) {
         const VXRect<int> box = boxOf(layer.placement, pixels);
-        const Icon::Source* const source =
-            box.isEmpty() ? nullptr : bestSource(layer, box.size(), mode, state);
-        const Pixmap pixmap = source ? rawPixmap(source->pixmap, box.size()) : Pixmap();
+        if (box.isEmpty())
+            continue;
+        const auto [pixmap, isForMode] = bestPicture(layer, box.size(), mode, state);
         if (pixmap.isNull())
             continue;
-        const bool derive =
-            mode == Icon::IconMode::Disabled && source->mode != Icon::IconMode::Disabled;
+        const bool derive = mode == Icon::IconMode::Disabled && !isForMode;
         // The everyday case costs nothing: one picture that is as it should be.
         if (icon.layers().size() == 1 && !derive && pixmap.size() == pixels
             && box == VXRect<int>{0, 0, pixels.width, pixels.height} && layer.opacity >= 1)

@@ -24,6 +24,13 @@ std::string Path::toString() const
     return utf8(m_path);
 }
 
+std::string Path::toNative() const
+{
+    std::filesystem::path native = m_path;
+    const std::u8string text = native.make_preferred().u8string();
+    return {text.begin(), text.end()};
+}
+
 std::string Path::fileName() const
 {
     return utf8(m_path.filename());

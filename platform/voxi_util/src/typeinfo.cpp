@@ -190,7 +190,7 @@ TypeInfo::Registry& TypeInfo::registry()
     return theRegistry;
 }
 
-TypeInfo TypeInfo::ofType(const std::type_info& type)
+TypeInfo TypeInfo::of(std::type_index type)
 {
     Registry& types = registry();
     ReadLocker reading(types.lock);
@@ -206,7 +206,7 @@ TypeInfo TypeInfo::byName(const std::string& name)
     return TypeInfo(found == types.byName.end() ? nullptr : found->second);
 }
 
-TypeInfo TypeInfo::add(const std::string& name, const std::type_info& type, ToString toString,
+TypeInfo TypeInfo::add(const std::string& name, std::type_index type, ToString toString,
                        FromString fromString)
 {
     return TypeInfo(registry().insert(

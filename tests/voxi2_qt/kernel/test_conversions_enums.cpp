@@ -1,6 +1,9 @@
 #include "enumpairs.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QAction>
+#include <QTreeView>
+
 using namespace VOXI;
 
 TEST(ConvertEnums, LayoutAndSizes)
@@ -97,8 +100,14 @@ TEST(ConvertEnums, ItemViewsAndCombos)
                                                    {TextElideMode::Right, 1},
                                                    {TextElideMode::Middle, 2},
                                                    {TextElideMode::None, 3}});
-    EXPECT_EQ(VX2Qt(static_cast<ComboInsertPolicy>(99)), QComboBox::NoInsert);
-    EXPECT_EQ(Qt2VX(static_cast<QComboBox::InsertPolicy>(7)), ComboInsertPolicy::None);
+    // What is no member becomes what a fresh widget has.
+    EXPECT_EQ(VX2Qt(static_cast<ComboInsertPolicy>(99)), QComboBox().insertPolicy());
+    EXPECT_EQ(Qt2VX(static_cast<QComboBox::InsertPolicy>(7)), ComboInsertPolicy::AtBottom);
+    EXPECT_EQ(VX2Qt(static_cast<SelectionMode>(99)), QTreeView().selectionMode());
+    EXPECT_EQ(VX2Qt(static_cast<TextElideMode>(99)), QTreeView().textElideMode());
+    EXPECT_EQ(VX2Qt(static_cast<ShortcutContext>(99)), QAction().shortcutContext());
+    EXPECT_EQ(VX2Qt(static_cast<ToolButtonPopupMode>(99)), QToolButton().popupMode());
+    EXPECT_EQ(VX2Qt(static_cast<FrameShape>(99)), QFrame().frameShape());
 }
 
 TEST(ConvertEnums, EditTriggers)

@@ -109,6 +109,14 @@ TEST_F(QtImages, AnIconIsComposedForTheScreensPixels)
     EXPECT_EQ(Qt2VX(qIcon.pixmap(QSize(16, 16), 1.0, QIcon::Disabled)), filled(16, 16, 0x00ff00ff));
     EXPECT_EQ(qIcon.availableSizes(), QList<QSize>{QSize(16, 16)});
     EXPECT_TRUE(VX2Qt(Icon()).isNull());
+    // Without a picture of its own a disabled icon is made to look so.
+    const QIcon plain = VX2Qt(Icon::fromPixmap(filled(16, 16, Red)));
+    const QColor disabled =
+        plain.pixmap(QSize(16, 16), 1.0, QIcon::Disabled).toImage().pixelColor(8, 8);
+    EXPECT_EQ(disabled.saturation(), 0);
+    EXPECT_LT(disabled.alpha(), 255);
+    // A screen of a fractional scale gets its own pixels too.
+    EXPECT_EQ(plain.pixmap(QSize(16, 16), 1.5).size(), QSize(24, 24));
     EXPECT_FALSE(qIcon.isNull());
 }
 

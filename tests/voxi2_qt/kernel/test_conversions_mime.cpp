@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <thread>
 
 using namespace VOXI;
 
@@ -20,6 +21,25 @@ Pixmap picture()
 {
     return Pixmap(2, 1, {0xff0000ff, 0x0000ffff});
 }
+
+/// Data of another program, which is asked for each format by itself.
+class ForeignMimeData : public QMimeData
+{
+public:
+    QStringList formats() const override
+    {
+        return {QStringLiteral("text/plain"), QStringLiteral("application/x-qt-image"),
+                QStringLiteral("application/x-voxi-image")};
+    }
+    mutable int m_fetched = 0;
+
+protected:
+    QVariant retrieveData(const QString& format, QMetaType) const override
+    {
+        ++m_fetched;
+        return format == QStringLiteral("text/plain") ? QVariant(QByteArray("x")) : QVariant();
+    }
+};
 
 const QString TextFormat = QStringLiteral("text/plain");
 const QString ImageFormat = QStringLiteral("application/x-voxi-image");
@@ -106,4 +126,41 @@ TEST(ConvertMime, PicturesOfOtherPrograms)
     QMimeData received;
     received.setData(ImageFormat, sender->data(ImageFormat));
     EXPECT_EQ(Qt2VX(toQImage(Qt2VX(received).image())), picture());
+}
+
+TEST(ConvertMime, DraggedDataAreFetchedWhenTheyAreAskedFor)
+{
+    auto foreign = std::make_unique<ForeignMimeData>();
+    VXDragEvent2::Details details;
+    details.data = dragDataOf(*foreign);
+    const VXDragEvent2 event(nullptr, WidgetEvent::DragMove, details);
+    EXPECT_EQ(event.formats(), (std::vector<StringID>{"text/plain", "application/x-voxi-image"}));
+    EXPECT_EQ(foreign->m_fetched, 0);
+    EXPECT_EQ(std::any_cast<ByteArray>(event.data("text/plain")), ByteArray(std::string("x")));
+    EXPECT_EQ(foreign->m_fetched, 1);
+    EXPECT_EQ(event.mimeData().text(), L"x");
+
+    // Out of reach: on another thread, and when the drag is over.
+    std::thread([&event] {
+        EXPECT_TRUE(event.formats().empty());
+        EXPECT_FALSE(event.data("text/plain").has_value());
+    }).join();
+    foreign.reset();
+    EXPECT_TRUE(event.formats().empty());
+    EXPECT_FALSE(event.data("text/plain").has_value());
+
+    EXPECT_TRUE(VXDragEvent2(nullptr, WidgetEvent::DragLeave).mimeData().isEmpty());
+}
+
+TEST(ConvertMime, DataDraggedInsideTheProgramStayReadable)
+{
+    VXMimeData2 sent;
+    sent.setData("application/x-here", any(OnlyHere{7}));
+    VXDragEvent2::Details details;
+    details.data = dragDataOf(*std::unique_ptr<QMimeData>(VX2Qt(sent)));
+    const VXDragEvent2 event(nullptr, WidgetEvent::Drop, details);
+    std::thread([&event] {
+        EXPECT_EQ(std::any_cast<OnlyHere>(event.data("application/x-here")).value, 7);
+        EXPECT_EQ(event.formats().size(), 1u);
+    }).join();
 }

@@ -40,6 +40,16 @@ TEST(ConvertText, Latin1WritesAQuestionMarkForEachForeignUnit)
 {
     EXPECT_EQ(toStdString(toQString(u"\u20ac=\u00ff")), "?=\xff");
     EXPECT_EQ(toStdString(toQString(u"\U0001f600\u0100")), "???");
+    // At every place of texts of every length.
+    for (qsizetype length = 1; length < 100; ++length) {
+        for (qsizetype place = 0; place < length; ++place) {
+            QString text(length, QChar(0xe9));
+            text[place] = QChar(place % 2 ? 0x100 : 0xd83d);
+            std::string expected(static_cast<std::size_t>(length), '\xe9');
+            expected[static_cast<std::size_t>(place)] = '?';
+            ASSERT_EQ(toStdString(text), expected) << length << ", " << place;
+        }
+    }
 }
 
 TEST(ConvertText, TextUpToNul)

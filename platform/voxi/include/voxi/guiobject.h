@@ -21,8 +21,15 @@ public:
     virtual void scheduleDelete();
 
 protected:
-    /// How this kind of peer is deleted later. By default the thread's queue does it.
+    /// How this kind of peer is deleted later; called once. By default the queue of the calling
+    /// thread does it, at the latest when that thread ends.
     virtual void deferDelete();
+
+    /// Whether `scheduleDelete` has been called.
+    bool isDeletionScheduled() const noexcept { return m_deletionScheduled; }
+
+private:
+    bool m_deletionScheduled = false;
 };
 
 /// Makes `peer` what the look-ups find under `id`, in place of an earlier peer. Null removes it.

@@ -24,9 +24,10 @@ VXAbstractWindow2::VXAbstractWindow2(VXObject2* parent)
 
 VXAbstractWindow2::~VXAbstractWindow2()
 {
-    retire();
+    // In one go: a window that is listed is alive.
     VXObjectDataLocker lock;
     std::erase(allWindows(), this);
+    retire();
 }
 
 std::vector<VXAbstractWindow2*> VXAbstractWindow2::windows()

@@ -20,6 +20,8 @@ std::atomic<bool> s_terminated{false};
 /// Raises the window behind a native window value.
 void raiseNativeWindow(long long value)
 {
+    // Other threads may destroy windows.
+    VXObjectDataLocker lock;
     for (VXAbstractWindow2* window : VXAbstractWindow2::windows()) {
         if (window->isVisible() && static_cast<long long>(window->winId()) == value) {
             window->setActiveWindow();

@@ -1,13 +1,17 @@
 #include "voxi2/kernel/vxobject2.h"
 
+#include "trov/thread.h"
 #include "voxi2/kernel/vxfactory2.h"
+
+#include <exception>
 
 namespace VOXI {
 
 VXObject2::VXObject2(VXObject2* parent)
 {
     VXObjectDataLocker lock;
-    if (parent && isObjectValid(parent))
+    // A dead parent's memory may be what this object was made in.
+    if (parent != this && isObjectValid(parent))
         link(parent);
 }
 
@@ -16,20 +20,48 @@ VXObject2::~VXObject2()
     retire();
 }
 
+void VXObject2::destroy()
+{
+    {
+        VXObjectDataLocker lock;
+        // What has no id stands for objects that are gone, and is shared.
+        if (m_retired || id() == 0)
+            return;
+    }
+    delete this;
+}
+
 void VXObject2::retire()
 {
     VXObjectDataLocker lock;
     if (m_retired)
         return;
     m_retired = true;
-    m_emitters.destroyed(id());
+    announceEnd();
     // The peer goes before those of the children: theirs then know that they go with it.
     releasePeer();
-    while (m_firstChild)
-        delete m_firstChild;
+    while (VXObject2* child = m_firstChild) {
+        // A handler of the child's end may have ended us; the child is on its way already then.
+        if (child->m_retired)
+            child->unlink();
+        else
+            delete child;
+    }
     unlink();
     Listener::disconnect();
     invalidate();
+}
+
+void VXObject2::announceEnd() noexcept
+{
+    try {
+        m_emitters.destroyed(id());
+    } catch (...) {
+        // Nobody could catch it on the way out of a destructor, so it goes where exceptions of
+        // queued calls go.
+        TROV::Thread::getCurrentThread()->post(
+            [error = std::current_exception()] { std::rethrow_exception(error); });
+    }
 }
 
 void VXObject2::releasePeer()
@@ -111,7 +143,7 @@ void VXObject2::setParent(VXObject2* parent)
 {
     {
         VXObjectDataLocker lock;
-        if (parent && (!isObjectValid(parent) || isAncestorOf(parent)))
+        if (id() == 0 || (parent && (!isObjectValid(parent) || isAncestorOf(parent))))
             return;
         unlink();
         if (parent)

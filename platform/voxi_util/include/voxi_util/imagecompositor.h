@@ -12,10 +12,10 @@ public:
     /// A raw pixmap of exactly `pixels`. Any thread.
     ///
     /// Of each layer it takes the best source: of the mode and state asked for, else of mode
-    /// Normal, else of the other state; of those the smallest that is large enough. A missing
-    /// Disabled picture is made from the Normal one, grey and half transparent. Pictures keep
-    /// their proportions and are centred. Layers that cannot be decoded are left out; the result
-    /// is null when nothing is left or `pixels` is empty.
+    /// Normal, else of the other state; of those the smallest that is large enough. One that
+    /// cannot be decoded gives way to the next. A missing Disabled picture is made from another,
+    /// grey and half transparent. Pictures keep their proportions and are centred. Layers without
+    /// a picture are left out; the result is null when nothing is left or `pixels` is empty.
     static Pixmap compose(const Icon& icon, Size<int> pixels, Icon::IconMode mode,
                           Icon::IconState state);
 };

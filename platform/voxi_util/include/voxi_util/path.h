@@ -21,6 +21,8 @@ public:
 
     std::string toString() const;
     const std::filesystem::path& toStd() const noexcept { return m_path; }
+    /// With the system's own separators, for showing it to the user or to other programs.
+    std::string toNative() const;
 
     bool isEmpty() const noexcept { return m_path.empty(); }
     bool isAbsolute() const { return m_path.is_absolute(); }

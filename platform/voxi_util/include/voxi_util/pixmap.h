@@ -69,7 +69,8 @@ public:
     ImageDecoder& operator=(const ImageDecoder&) = delete;
 
     /// A raw pixmap of `source`; null when it cannot be decoded. `wanted` is a hint for pictures
-    /// that have no size of their own, such as drawings; {0, 0} asks for the natural size.
+    /// that have no size of their own, such as drawings; {0, 0} asks for the natural size. Does not
+    /// throw for a picture that is missing or broken.
     virtual Pixmap decode(const Pixmap& source, Size<int> wanted) = 0;
 
     /// Replaces the decoder of the process; null removes it.

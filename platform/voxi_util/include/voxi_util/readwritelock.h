@@ -5,6 +5,9 @@
 namespace VOXI {
 
 /// A lock that many readers or one writer may hold. Not recursive in either way.
+///
+/// It has the names of the standard library's shared mutexes too, so that std::unique_lock,
+/// std::shared_lock and std::scoped_lock work with it.
 class ReadWriteLock
 {
 public:
@@ -12,6 +15,13 @@ public:
     void lockForWrite() { m_mutex.lock(); }
     void unlockRead() { m_mutex.unlock_shared(); }
     void unlockWrite() { m_mutex.unlock(); }
+
+    void lock() { m_mutex.lock(); }
+    bool try_lock() { return m_mutex.try_lock(); }
+    void unlock() { m_mutex.unlock(); }
+    void lock_shared() { m_mutex.lock_shared(); }
+    bool try_lock_shared() { return m_mutex.try_lock_shared(); }
+    void unlock_shared() { m_mutex.unlock_shared(); }
 
 private:
     std::shared_mutex m_mutex;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <typeindex>
 #include <typeinfo>
 #include <utility>
 
@@ -40,10 +41,12 @@ public:
     template <class T>
     static TypeInfo of()
     {
-        return ofType(typeid(T));
+        return of(std::type_index(typeid(T)));
     }
     /// Of the value's type; invalid for an empty value.
-    static TypeInfo of(const any& value) { return ofType(value.type()); }
+    static TypeInfo of(const any& value) { return of(std::type_index(value.type())); }
+    /// Invalid unless the type is known.
+    static TypeInfo of(std::type_index type);
     /// Invalid unless a type of the name is known.
     static TypeInfo byName(const std::string& name);
 
@@ -75,7 +78,9 @@ public:
     std::string convertToString(const any& value) const;
     std::wstring convertToUString(const any& value) const;
 
-    /// The value that the whole text stands for; empty when it stands for none.
+    /// The value that the whole text stands for; empty when it stands for none: blanks around a
+    /// number are refused, and so is a number that the type cannot hold. A bool is "true", "false",
+    /// "1" or "0". Numbers are written and read alike in every locale.
     any convertFromString(const std::string& text) const;
     any convertFromUString(const std::wstring& text) const;
 
@@ -89,8 +94,7 @@ private:
 
     explicit TypeInfo(const Entry* entry) noexcept : m_entry(entry) {}
     static Registry& registry();
-    static TypeInfo ofType(const std::type_info& type);
-    static TypeInfo add(const std::string& name, const std::type_info& type, ToString toString,
+    static TypeInfo add(const std::string& name, std::type_index type, ToString toString,
                         FromString fromString);
     const Entry* entryFor(const any& value) const;
 

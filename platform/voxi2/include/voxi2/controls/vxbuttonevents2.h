@@ -5,7 +5,8 @@ namespace VOXI {
 class VXAbstractButton2;
 
 /// A button was clicked.
-class VXButtonClickEvent2 {
+class VXButtonClickEvent2
+{
 public:
     explicit VXButtonClickEvent2(VXAbstractButton2* button) noexcept : m_button(button) {}
 
@@ -16,12 +17,13 @@ private:
 };
 
 /// A checkable button changed its state.
-class VXButtonToggleEvent2 {
+class VXButtonToggleEvent2
+{
 public:
     VXButtonToggleEvent2(VXAbstractButton2* button, bool checked) noexcept
-        : m_button(button), m_checked(checked)
-    {
-    }
+        : m_button(button),
+          m_checked(checked)
+    {}
 
     VXAbstractButton2* button() const noexcept { return m_button; }
     bool isChecked() const noexcept { return m_checked; }
@@ -31,4 +33,4 @@ private:
     bool m_checked;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

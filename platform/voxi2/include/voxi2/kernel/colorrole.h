@@ -10,4 +10,4 @@ enum class ColorRole : int {
     DisabledForeground = 3
 };
 
-}  // namespace VOXI
+} // namespace VOXI

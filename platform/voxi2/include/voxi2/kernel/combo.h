@@ -6,11 +6,11 @@ namespace VOXI {
 enum class ComboInsertPolicy : int {
     None,
     AtTop,
-    AtCurrent,
+    AtCurrent, ///< in place of the current one
     AtBottom,
     AfterCurrent,
     BeforeCurrent,
     Alphabetically
 };
 
-}  // namespace VOXI
+} // namespace VOXI

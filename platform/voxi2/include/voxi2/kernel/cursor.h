@@ -6,7 +6,8 @@ namespace VOXI {
 
 /// The shape of the mouse pointer: a standard one, or one that the application registered with the
 /// `CustomCursorRegistry` under a name.
-class CursorShape {
+class CursorShape
+{
 public:
     enum Standard : int {
         Arrow,
@@ -34,7 +35,9 @@ public:
         Custom
     };
 
+    /// `Custom` without a name is shown as the arrow.
     CursorShape(Standard shape = Arrow) : m_shape(shape) {}
+    /// A name that nobody has registered is shown as the arrow.
     explicit CursorShape(const StringID& customName) : m_shape(Custom), m_name(customName) {}
 
     Standard shape() const noexcept { return m_shape; }
@@ -55,4 +58,4 @@ private:
 /// What a widget's pointer looks like.
 using Cursor = CursorShape;
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,9 +10,9 @@ enum class DropAction : unsigned {
     Copy = 0x1,
     Move = 0x2,
     Link = 0x4,
-    TargetMove = 0x8002   ///< a move whose source is cleared by the target
+    TargetMove = 0x8002 ///< a move whose source is cleared by the target
 };
 template <>
 inline constexpr bool EnableFlags<DropAction> = true;
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -6,7 +6,6 @@
 #include "voxi2/kernel/key.h"
 #include "voxi2/kernel/mouse.h"
 #include "voxi2/kernel/widgetevent.h"
-
 #include "voxi_util/geometry.h"
 #include "voxi_util/vxflags.h"
 #include "voxi_util/vxmimedata2.h"
@@ -23,7 +22,8 @@ class VXWidget2;
 /// Something that happened to a widget; by itself: entered, left, shown, hidden.
 ///
 /// Events are values. In a handler on another thread than the toolkit's, the source may be gone.
-class VXWidgetEvent2 {
+class VXWidgetEvent2
+{
 public:
     VXWidgetEvent2(VXWidget2* widget, WidgetEvent type) noexcept : m_widget(widget), m_type(type) {}
 
@@ -36,7 +36,8 @@ private:
 };
 
 /// Press, release, double click, move, wheel, and the start of a drag.
-class VXMouseEvent2 : public VXWidgetEvent2 {
+class VXMouseEvent2 : public VXWidgetEvent2
+{
 public:
     VXMouseEvent2(VXWidget2* widget, WidgetEvent type, VXPoint<int> position,
                   VXPoint<int> globalPosition, MouseButton button, VXFlags<MouseButton> buttons,
@@ -48,8 +49,7 @@ public:
           m_button(button),
           m_buttons(buttons),
           m_modifiers(modifiers)
-    {
-    }
+    {}
 
     /// In the widget.
     VXPoint<int> position() const noexcept { return m_position; }
@@ -60,8 +60,8 @@ public:
     /// All buttons that are down.
     VXFlags<MouseButton> buttons() const noexcept { return m_buttons; }
     VXFlags<Modifier> modifiers() const noexcept { return m_modifiers; }
-    /// How far the wheel turned, in eighths of a degree; (0, 0) unless it did. Positive is away from
-    /// the user, or to the right.
+    /// How far the wheel turned, in eighths of a degree; (0, 0) unless it did. Positive is away
+    /// from the user, or to the right.
     VXPoint<int> wheelDelta() const noexcept { return m_wheelDelta; }
 
 private:
@@ -73,7 +73,9 @@ private:
     VXFlags<Modifier> m_modifiers;
 };
 
-class VXKeyEvent2 : public VXWidgetEvent2 {
+/// A key was pressed or released.
+class VXKeyEvent2 : public VXWidgetEvent2
+{
 public:
     VXKeyEvent2(VXWidget2* widget, WidgetEvent type, Key key, VXFlags<Modifier> modifiers = {},
                 std::wstring text = {}, bool autoRepeat = false, int count = 1)
@@ -83,8 +85,7 @@ public:
           m_text(std::move(text)),
           m_autoRepeat(autoRepeat),
           m_count(count)
-    {
-    }
+    {}
 
     Key key() const noexcept { return m_key; }
     VXFlags<Modifier> modifiers() const noexcept { return m_modifiers; }
@@ -103,12 +104,14 @@ private:
     int m_count;
 };
 
-class VXFocusEvent2 : public VXWidgetEvent2 {
+/// The keyboard focus came or went.
+class VXFocusEvent2 : public VXWidgetEvent2
+{
 public:
     VXFocusEvent2(VXWidget2* widget, WidgetEvent type, FocusReason reason) noexcept
-        : VXWidgetEvent2(widget, type), m_reason(reason)
-    {
-    }
+        : VXWidgetEvent2(widget, type),
+          m_reason(reason)
+    {}
 
     FocusReason reason() const noexcept { return m_reason; }
 
@@ -116,15 +119,15 @@ private:
     FocusReason m_reason;
 };
 
-/// Positions are in the parent; of windows on the screen.
-class VXMoveEvent2 : public VXWidgetEvent2 {
+/// The widget was moved. Positions are in the parent; of windows on the screen.
+class VXMoveEvent2 : public VXWidgetEvent2
+{
 public:
     VXMoveEvent2(VXWidget2* widget, VXPoint<int> oldPosition, VXPoint<int> position) noexcept
         : VXWidgetEvent2(widget, WidgetEvent::Move),
           m_oldPosition(oldPosition),
           m_position(position)
-    {
-    }
+    {}
 
     VXPoint<int> oldPosition() const noexcept { return m_oldPosition; }
     VXPoint<int> position() const noexcept { return m_position; }
@@ -134,12 +137,15 @@ private:
     VXPoint<int> m_position;
 };
 
-class VXResizeEvent2 : public VXWidgetEvent2 {
+/// The widget has another size.
+class VXResizeEvent2 : public VXWidgetEvent2
+{
 public:
     VXResizeEvent2(VXWidget2* widget, Size<int> oldSize, Size<int> size) noexcept
-        : VXWidgetEvent2(widget, WidgetEvent::Resize), m_oldSize(oldSize), m_size(size)
-    {
-    }
+        : VXWidgetEvent2(widget, WidgetEvent::Resize),
+          m_oldSize(oldSize),
+          m_size(size)
+    {}
 
     /// (-1, -1) the first time.
     Size<int> oldSize() const noexcept { return m_oldSize; }
@@ -150,8 +156,11 @@ private:
     Size<int> m_size;
 };
 
-class VXContextMenuEvent2 : public VXWidgetEvent2 {
+/// The user asks for a context menu.
+class VXContextMenuEvent2 : public VXWidgetEvent2
+{
 public:
+    /// What the user asks with; `Other` is also the program's imitation.
     enum class Reason { Mouse, Keyboard, Other };
 
     VXContextMenuEvent2(VXWidget2* widget, VXPoint<int> position, VXPoint<int> globalPosition,
@@ -160,10 +169,11 @@ public:
           m_position(position),
           m_globalPosition(globalPosition),
           m_reason(reason)
-    {
-    }
+    {}
 
+    /// In the widget.
     VXPoint<int> position() const noexcept { return m_position; }
+    /// On the screen.
     VXPoint<int> globalPosition() const noexcept { return m_globalPosition; }
     Reason reason() const noexcept { return m_reason; }
 
@@ -174,12 +184,13 @@ private:
 };
 
 /// The window is about to close. All copies of an event share one answer.
-class VXCloseEvent2 : public VXWidgetEvent2 {
+class VXCloseEvent2 : public VXWidgetEvent2
+{
 public:
     explicit VXCloseEvent2(VXWidget2* widget)
-        : VXWidgetEvent2(widget, WidgetEvent::Close), m_refused(std::make_shared<bool>(false))
-    {
-    }
+        : VXWidgetEvent2(widget, WidgetEvent::Close),
+          m_refused(std::make_shared<bool>(false))
+    {}
 
     /// Keeps the window open. Only counts while the event is being sent.
     void refuse() const noexcept { *m_refused = true; }
@@ -191,7 +202,8 @@ private:
 
 /// Reads what is being dragged. The data may lie in another program, which is asked only for what
 /// somebody wants to have.
-class VXDragData2 {
+class VXDragData2
+{
 public:
     virtual ~VXDragData2() = default;
 
@@ -206,25 +218,26 @@ public:
 /// The data of another program can be read on the toolkit's thread and only until the handlers
 /// have returned; elsewhere and later there are no formats. Data dragged inside this program can be
 /// read anywhere and as long as the event is kept.
-class VXDragEvent2 : public VXWidgetEvent2 {
+class VXDragEvent2 : public VXWidgetEvent2
+{
 public:
     /// What is being dragged, and what becomes of it.
-    struct Details {
-        VXPoint<int> position{};                       ///< in the widget
-        std::shared_ptr<const VXDragData2> data;       ///< null when the drag leaves
+    struct Details
+    {
+        VXPoint<int> position{};                 ///< in the widget
+        std::shared_ptr<const VXDragData2> data; ///< null when the drag leaves
         VXFlags<DropAction> possibleActions{};
         DropAction proposedAction = DropAction::Ignore;
         VXFlags<MouseButton> buttons{};
         VXFlags<Modifier> modifiers{};
-        VXWidget2* source = nullptr;                   ///< null when it comes from another program
+        VXWidget2* source = nullptr; ///< null when it comes from another program
     };
 
     VXDragEvent2(VXWidget2* widget, WidgetEvent type)
-        : VXWidgetEvent2(widget, type), m_shared(std::make_shared<Shared>())
-    {
-    }
-    VXDragEvent2(VXWidget2* widget, WidgetEvent type, Details details)
-        : VXDragEvent2(widget, type)
+        : VXWidgetEvent2(widget, type),
+          m_shared(std::make_shared<Shared>())
+    {}
+    VXDragEvent2(VXWidget2* widget, WidgetEvent type, Details details) : VXDragEvent2(widget, type)
     {
         m_shared->m_details = std::move(details);
     }
@@ -260,6 +273,7 @@ public:
     VXFlags<Modifier> modifiers() const noexcept { return m_shared->m_details.modifiers; }
     VXWidget2* source() const noexcept { return m_shared->m_details.source; }
 
+    /// What a handler has said.
     enum class Answer { None, Ignored, Accepted };
 
     /// Takes the data, with the given action; `Ignore` refuses it.
@@ -278,7 +292,8 @@ public:
     DropAction acceptedAction() const noexcept { return m_shared->m_action; }
 
 private:
-    struct Shared {
+    struct Shared
+    {
         Details m_details;
         Answer m_answer = Answer::None;
         DropAction m_action = DropAction::Ignore;
@@ -286,22 +301,25 @@ private:
     std::shared_ptr<Shared> m_shared;
 };
 
-class VXGestureEvent2 : public VXWidgetEvent2 {
+/// A gesture on a touch screen or touch pad.
+class VXGestureEvent2 : public VXWidgetEvent2
+{
 public:
-    struct Details {
+    struct Details
+    {
         GestureType type = GestureType::Custom;
         GestureState state = GestureState::None;
-        VXPoint<double> hotSpot{};        ///< on the screen
-        VXPoint<double> offset{};         ///< of a pan, since it began
-        double scale = 1;                 ///< of a pinch, since the last event
-        double totalScale = 1;            ///< of a pinch, since it began
-        double rotation = 0;              ///< of a pinch, in degrees since it began
+        VXPoint<double> hotSpot{}; ///< on the screen
+        VXPoint<double> offset{};  ///< of a pan, since it began
+        double scale = 1;          ///< of a pinch, since the last event
+        double totalScale = 1;     ///< of a pinch, since it began
+        double rotation = 0;       ///< of a pinch, in degrees since it began
     };
 
     VXGestureEvent2(VXWidget2* widget, const Details& details) noexcept
-        : VXWidgetEvent2(widget, WidgetEvent::Gesture), m_details(details)
-    {
-    }
+        : VXWidgetEvent2(widget, WidgetEvent::Gesture),
+          m_details(details)
+    {}
 
     const Details& details() const noexcept { return m_details; }
 
@@ -309,17 +327,20 @@ private:
     Details m_details;
 };
 
-class VXTouchEvent2 : public VXWidgetEvent2 {
+/// Fingers on a touch screen: the first came down, something changed, the last one left.
+class VXTouchEvent2 : public VXWidgetEvent2
+{
 public:
     VXTouchEvent2(VXWidget2* widget, WidgetEvent type, std::vector<TouchPoint> points)
-        : VXWidgetEvent2(widget, type), m_points(std::move(points))
-    {
-    }
+        : VXWidgetEvent2(widget, type),
+          m_points(std::move(points))
+    {}
 
+    /// All fingers, those too that did not change.
     const std::vector<TouchPoint>& points() const noexcept { return m_points; }
 
 private:
     std::vector<TouchPoint> m_points;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

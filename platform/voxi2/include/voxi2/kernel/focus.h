@@ -7,8 +7,8 @@ enum class FocusPolicy : int {
     None = 0,
     Tab = 1,
     Click = 2,
-    Strong = 3,   ///< tab and click
-    Wheel = 4     ///< tab, click and wheel
+    Strong = 3, ///< tab and click
+    Wheel = 4   ///< tab, click and wheel
 };
 
 /// Why the focus moved.
@@ -16,12 +16,12 @@ enum class FocusReason : int {
     Mouse,
     Tab,
     Backtab,
-    ActiveWindow,
-    Popup,
-    Shortcut,
+    ActiveWindow, ///< the window became active or ceased to be
+    Popup,        ///< a popup took the keyboard or gave it back
+    Shortcut,     ///< the shortcut of a label
     MenuBar,
-    Other,
+    Other, ///< the program
     None
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -4,86 +4,98 @@ namespace VOXI {
 
 /// Keys by what is engraved on them. A key of the keypad is the key of the same meaning, with
 /// `Modifier::Keypad`.
+///
+/// The number of a key that types a character is that character in Unicode, of letters the capital;
+/// characters that have no name here are passed as their numbers. Other keys have numbers beyond
+/// Unicode.
+// clang-format off
 enum class Key : int {
     Unknown = 0,
 
-    // Letters, digits, space: their character codes
-    Space = 0x20, A = 0x41, B = 0x42, C = 0x43, D = 0x44, E = 0x45, F = 0x46, G = 0x47, H = 0x48,
-    I = 0x49, J = 0x4a, K = 0x4b, L = 0x4c, M = 0x4d, N = 0x4e, O = 0x4f, P = 0x50, Q = 0x51,
-    R = 0x52, S = 0x53, T = 0x54, U = 0x55, V = 0x56, W = 0x57, X = 0x58, Y = 0x59, Z = 0x5a,
-    Digit0 = 0x30, Digit1 = 0x31, Digit2 = 0x32, Digit3 = 0x33, Digit4 = 0x34, Digit5 = 0x35,
-    Digit6 = 0x36, Digit7 = 0x37, Digit8 = 0x38, Digit9 = 0x39,
+    // Space, digits, letters
+    Space = 0x20,
+    Digit0 = 0x30, Digit1, Digit2, Digit3, Digit4, Digit5, Digit6, Digit7, Digit8, Digit9,
+    A = 0x41, B, C, D, E, F, G, H, I, J, K, L, M, N, O, P, Q, R, S, T, U, V, W, X, Y, Z,
 
-    // Punctuation: character codes too
-    Exclamation = 0x21, QuoteDouble = 0x22, NumberSign = 0x23, Dollar = 0x24, Percent = 0x25,
-    Ampersand = 0x26, Apostrophe = 0x27, ParenLeft = 0x28, ParenRight = 0x29, Asterisk = 0x2a,
-    Plus = 0x2b, Comma = 0x2c, Minus = 0x2d, Period = 0x2e, Slash = 0x2f, Colon = 0x3a,
-    Semicolon = 0x3b, Less = 0x3c, Equal = 0x3d, Greater = 0x3e, Question = 0x3f, At = 0x40,
-    BracketLeft = 0x5b, Backslash = 0x5c, BracketRight = 0x5d, Circumflex = 0x5e,
-    Underscore = 0x5f, QuoteLeft = 0x60, BraceLeft = 0x7b, Bar = 0x7c, BraceRight = 0x7d,
-    Tilde = 0x7e,
+    // Punctuation
+    Exclamation = 0x21, QuoteDouble, NumberSign, Dollar, Percent, Ampersand, Apostrophe, ParenLeft,
+    ParenRight, Asterisk, Plus, Comma, Minus, Period, Slash, Colon = 0x3a, Semicolon, Less, Equal,
+    Greater, Question, At, BracketLeft = 0x5b, Backslash, BracketRight, Circumflex, Underscore,
+    QuoteLeft, BraceLeft = 0x7b, Bar, BraceRight, Tilde,
+
+    // The other characters of Latin-1
+    NoBreakSpace = 0xa0, ExclamationDown, Cent, Sterling, Currency, Yen, BrokenBar, Section,
+    Diaeresis, Copyright, OrdinalFeminine, GuillemotLeft, NotSign, Hyphen, Registered, Macron,
+    Degree, PlusMinus, TwoSuperior, ThreeSuperior, Acute, Mu, Paragraph, PeriodCentered, Cedilla,
+    OneSuperior, OrdinalMasculine, GuillemotRight, OneQuarter, OneHalf, ThreeQuarters, QuestionDown,
+    AGrave, AAcute, ACircumflex, ATilde, ADiaeresis, ARing, AE, CCedilla, EGrave, EAcute,
+    ECircumflex, EDiaeresis, IGrave, IAcute, ICircumflex, IDiaeresis, Eth, NTilde, OGrave, OAcute,
+    OCircumflex, OTilde, ODiaeresis, Multiply, OOblique, UGrave, UAcute, UCircumflex, UDiaeresis,
+    YAcute, Thorn, SharpS, Division = 0xf7, YDiaeresis = 0xff,
 
     // Editing
-    Escape = 0x1000, Tab = 0x1001, Backtab = 0x1002, Backspace = 0x1003, Return = 0x1004,
-    Enter = 0x1005, Insert = 0x1006, Delete = 0x1007, Pause = 0x1008, Print = 0x1009,
-    SysReq = 0x100a, Clear = 0x100b,
+    Escape = 0x110000, Tab, Backtab, Backspace, Return, Enter, Insert, Delete, Pause, Print, SysReq,
+    Clear,
 
     // Navigation
-    Home = 0x1020, End = 0x1021, Left = 0x1022, Up = 0x1023, Right = 0x1024, Down = 0x1025,
-    PageUp = 0x1026, PageDown = 0x1027,
+    Home = 0x110020, End, Left, Up, Right, Down, PageUp, PageDown,
 
     // Modifiers and locks
-    Shift = 0x1040, Control = 0x1041, Meta = 0x1042, Alt = 0x1043, AltGr = 0x1044,
-    CapsLock = 0x1045, NumLock = 0x1046, ScrollLock = 0x1047, SuperLeft = 0x1048,
-    SuperRight = 0x1049, Menu = 0x104a, HyperLeft = 0x104b, HyperRight = 0x104c, Help = 0x104d,
-    Select = 0x104e, Yes = 0x104f, No = 0x1050, Cancel = 0x1051, Execute = 0x1052,
-    Printer = 0x1053, Sleep = 0x1054, Zoom = 0x1055,
+    Shift = 0x110040, Control, Meta, Alt, AltGr, CapsLock, NumLock, ScrollLock, SuperLeft,
+    SuperRight, Menu, HyperLeft, HyperRight, Help, Select, Yes, No, Cancel, Execute, Printer, Sleep,
+    Zoom,
 
     // Function keys
-    F1 = 0x1100, F2 = 0x1101, F3 = 0x1102, F4 = 0x1103, F5 = 0x1104, F6 = 0x1105, F7 = 0x1106,
-    F8 = 0x1107, F9 = 0x1108, F10 = 0x1109, F11 = 0x110a, F12 = 0x110b, F13 = 0x110c,
-    F14 = 0x110d, F15 = 0x110e, F16 = 0x110f, F17 = 0x1110, F18 = 0x1111, F19 = 0x1112,
-    F20 = 0x1113, F21 = 0x1114, F22 = 0x1115, F23 = 0x1116, F24 = 0x1117, F25 = 0x1118,
-    F26 = 0x1119, F27 = 0x111a, F28 = 0x111b, F29 = 0x111c, F30 = 0x111d, F31 = 0x111e,
-    F32 = 0x111f, F33 = 0x1120, F34 = 0x1121, F35 = 0x1122,
+    F1 = 0x110100, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12, F13, F14, F15, F16, F17, F18, F19,
+    F20, F21, F22, F23, F24, F25, F26, F27, F28, F29, F30, F31, F32, F33, F34, F35,
 
     // Sound and media
-    VolumeDown = 0x1200, VolumeMute = 0x1201, VolumeUp = 0x1202, BassBoost = 0x1203,
-    BassUp = 0x1204, BassDown = 0x1205, TrebleUp = 0x1206, TrebleDown = 0x1207,
-    MediaPlay = 0x1208, MediaStop = 0x1209, MediaPrevious = 0x120a, MediaNext = 0x120b,
-    MediaRecord = 0x120c, MediaPause = 0x120d, MediaTogglePlayPause = 0x120e,
-    AudioRewind = 0x120f, AudioForward = 0x1210, AudioRepeat = 0x1211, AudioRandomPlay = 0x1212,
-    MicMute = 0x1213, MicVolumeUp = 0x1214, MicVolumeDown = 0x1215,
+    VolumeDown = 0x110200, VolumeMute, VolumeUp, BassBoost, BassUp, BassDown, TrebleUp, TrebleDown,
+    MediaPlay, MediaStop, MediaPrevious, MediaNext, MediaRecord, MediaPause, MediaTogglePlayPause,
+    AudioRewind, AudioForward, AudioRepeat, AudioRandomPlay, MicMute, MicVolumeUp, MicVolumeDown,
+    CD, Subtitle, AudioCycleTrack, Time, Red, Green, Yellow, Blue, ChannelUp, ChannelDown, Guide,
+    Info, MediaLast, Play,
 
     // Browser and applications
-    Back = 0x1240, Forward = 0x1241, Stop = 0x1242, Refresh = 0x1243, HomePage = 0x1244,
-    Favorites = 0x1245, Search = 0x1246, Standby = 0x1247, OpenUrl = 0x1248, LaunchMail = 0x1249,
-    LaunchMedia = 0x124a, Launch0 = 0x124b, Launch1 = 0x124c, Launch2 = 0x124d, Launch3 = 0x124e,
-    Launch4 = 0x124f, Launch5 = 0x1250, Launch6 = 0x1251, Launch7 = 0x1252, Launch8 = 0x1253,
-    Launch9 = 0x1254, LaunchA = 0x1255, LaunchB = 0x1256, LaunchC = 0x1257, LaunchD = 0x1258,
-    LaunchE = 0x1259, LaunchF = 0x125a, Calculator = 0x125b, Calendar = 0x125c,
-    Documents = 0x125d, Explorer = 0x125e, News = 0x125f, Messenger = 0x1260, Mail = 0x1261,
-    Music = 0x1262, Finance = 0x1263, Game = 0x1264, WebCamera = 0x1265, Copy = 0x1266,
-    Cut = 0x1267, Paste = 0x1268, Undo = 0x1269, Redo = 0x126a, Find = 0x126b, Open = 0x126c,
-    Close = 0x126d, Save = 0x126e, Reload = 0x126f, Reply = 0x1270, Send = 0x1271, Spell = 0x1272,
-    Phone = 0x1273, Pictures = 0x1274, Video = 0x1275,
+    Back = 0x110240, Forward, Stop, Refresh, HomePage, Favorites, Search, Standby, OpenUrl,
+    LaunchMail, LaunchMedia, Launch0, Launch1, Launch2, Launch3, Launch4, Launch5, Launch6, Launch7,
+    Launch8, Launch9, LaunchA, LaunchB, LaunchC, LaunchD, LaunchE, LaunchF, Calculator, Calendar,
+    Documents, Explorer, News, Messenger, Mail, Music, Finance, Game, WebCamera, Copy, Cut, Paste,
+    Undo, Redo, Find, Open, Close, Save, Reload, Reply, Send, Spell, Phone, Pictures, Video, Shop,
+    History, AddFavorite, HotLinks, Community, BackForward, ApplicationLeft, ApplicationRight, Book,
+    ToDoList, DOS, Excel, Go, ITouch, Market, Meeting, MySites, OfficeHome, Option, SplitScreen,
+    Support, TaskPane, Terminal, Tools, Travel, Word, Transfer, ZoomIn, ZoomOut, Away, View,
+    TopMenu, LaunchG, LaunchH, New, Exit,
 
     // The machine
-    MonitorBrightnessUp = 0x12c0, MonitorBrightnessDown = 0x12c1, KeyboardLightOnOff = 0x12c2,
-    KeyboardBrightnessUp = 0x12c3, KeyboardBrightnessDown = 0x12c4, PowerOff = 0x12c5,
-    WakeUp = 0x12c6, Eject = 0x12c7, ScreenSaver = 0x12c8, WWW = 0x12c9, Memo = 0x12ca,
-    LightBulb = 0x12cb, Suspend = 0x12cc, Hibernate = 0x12cd, TouchpadToggle = 0x12ce,
-    TouchpadOn = 0x12cf, TouchpadOff = 0x12d0, Bluetooth = 0x12d1, WirelessLan = 0x12d2,
-    Battery = 0x12d3,
+    MonitorBrightnessUp = 0x1102c0, MonitorBrightnessDown, KeyboardLightOnOff, KeyboardBrightnessUp,
+    KeyboardBrightnessDown, PowerOff, WakeUp, Eject, ScreenSaver, WWW, Memo, LightBulb, Suspend,
+    Hibernate, TouchpadToggle, TouchpadOn, TouchpadOff, Bluetooth, WirelessLan, Battery,
+    BrightnessAdjust, ClearGrab, Display, LogOff, MenuKB, MenuPB, RotateWindows, RotationPB,
+    RotationKB, UWB, PowerDown, ContrastAdjust, Settings,
 
     // Text input
-    MultiKey = 0x1300, Codeinput = 0x1301, SingleCandidate = 0x1302, MultipleCandidate = 0x1303,
-    PreviousCandidate = 0x1304, ModeSwitch = 0x1305, Kanji = 0x1306, Muhenkan = 0x1307,
-    Henkan = 0x1308, Romaji = 0x1309, Hiragana = 0x130a, Katakana = 0x130b,
-    HiraganaKatakana = 0x130c, Zenkaku = 0x130d, Hankaku = 0x130e, ZenkakuHankaku = 0x130f,
-    Touroku = 0x1310, Massyo = 0x1311, KanaLock = 0x1312, KanaShift = 0x1313, EisuShift = 0x1314,
-    EisuToggle = 0x1315, Hangul = 0x1316, HangulStart = 0x1317, HangulEnd = 0x1318,
-    HangulHanja = 0x1319, HangulJamo = 0x131a, HangulRomaja = 0x131b
-};
+    MultiKey = 0x110300, Codeinput, SingleCandidate, MultipleCandidate, PreviousCandidate,
+    ModeSwitch, Kanji, Muhenkan, Henkan, Romaji, Hiragana, Katakana, HiraganaKatakana, Zenkaku,
+    Hankaku, ZenkakuHankaku, Touroku, Massyo, KanaLock, KanaShift, EisuShift, EisuToggle, Hangul,
+    HangulStart, HangulEnd, HangulHanja, HangulJamo, HangulRomaja, DirectionLeft, DirectionRight,
+    HangulJeonja, HangulBanja, HangulPreHanja, HangulPostHanja, HangulSpecial,
 
-}  // namespace VOXI
+    // Telephones and cameras
+    Context1 = 0x110380, Context2, Context3, Context4, Call, HangUp, Flip, ToggleCallHangup,
+    VoiceDial, LastNumberRedial, Camera, CameraFocus,
+
+    // Accents that wait for their letter
+    DeadGrave = 0x1103c0, DeadAcute, DeadCircumflex, DeadTilde, DeadMacron, DeadBreve, DeadAboveDot,
+    DeadDiaeresis, DeadAboveRing, DeadDoubleAcute, DeadCaron, DeadCedilla, DeadOgonek, DeadIota,
+    DeadVoicedSound, DeadSemivoicedSound, DeadBelowDot, DeadHook, DeadHorn, DeadStroke,
+    DeadAboveComma, DeadAboveReversedComma, DeadDoubleGrave, DeadBelowRing, DeadBelowMacron,
+    DeadBelowCircumflex, DeadBelowTilde, DeadBelowBreve, DeadBelowDiaeresis, DeadInvertedBreve,
+    DeadBelowComma, DeadCurrency, DeadSmallA, DeadCapitalA, DeadSmallE, DeadCapitalE, DeadSmallI,
+    DeadCapitalI, DeadSmallO, DeadCapitalO, DeadSmallU, DeadCapitalU, DeadSmallSchwa,
+    DeadCapitalSchwa, DeadGreek, DeadLowLine, DeadAboveVerticalLine, DeadBelowVerticalLine,
+    DeadLongSolidusOverlay
+};
+// clang-format on
+
+} // namespace VOXI

@@ -4,6 +4,7 @@
 
 namespace VOXI {
 
+/// A button of the mouse, and the set of those that are down.
 enum class MouseButton : unsigned {
     None = 0,
     Left = 0x01,
@@ -26,10 +27,10 @@ enum class Modifier : unsigned {
     Control = 0x02,
     Alt = 0x04,
     Meta = 0x08,
-    Keypad = 0x10,      ///< the key lies on the keypad
+    Keypad = 0x10, ///< the key lies on the keypad
     GroupSwitch = 0x20
 };
 template <>
 inline constexpr bool EnableFlags<Modifier> = true;
 
-}  // namespace VOXI
+} // namespace VOXI

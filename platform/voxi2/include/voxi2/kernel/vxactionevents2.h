@@ -7,12 +7,13 @@ namespace VOXI {
 
 class VXAction2;
 
-/// An action was carried out.
+/// An action was triggered.
 class VXActionTriggerEvent2
 {
 public:
     explicit VXActionTriggerEvent2(VXAction2* action) noexcept : m_action(action) {}
 
+    /// Never null. In a handler on another thread than the toolkit's it may be gone.
     VXAction2* action() const noexcept { return m_action; }
 
 private:
@@ -28,7 +29,9 @@ public:
           m_checked(checked)
     {}
 
+    /// Never null. In a handler on another thread than the toolkit's it may be gone.
     VXAction2* action() const noexcept { return m_action; }
+    /// The new state.
     bool isChecked() const noexcept { return m_checked; }
 
 private:

@@ -31,8 +31,9 @@ class VOXI2_EXPORT VXObject2 : public VXObject {
 public:
     ~VXObject2() override;
 
-    /// Deletes the object and its children.
-    void destroy() { delete this; }
+    /// Deletes the object and its children. Does nothing while that is going on already, which a
+    /// handler of `destroyed()` may not know.
+    void destroy();
 
     /// The object that owns this one; null for none.
     VXObject2* parent() const;
@@ -51,7 +52,8 @@ public:
     /// The abstract objects whose peers are held by this one's.
     std::vector<VXObject*> peerChildren(bool recursive = false) const;
 
-    /// Sent with the object's id when it is about to go, while it still can be asked.
+    /// Sent with the object's id when it is about to go, while it still can be asked. Reaches
+    /// handlers on the thread that ends the object; on others the connection may end first.
     TROV::Signal<void(unsigned)> destroyed() const { return m_emitters.destroyed.signal(); }
 
     /// For back ends.
@@ -81,6 +83,7 @@ protected:
 
 private:
     VXFactory2* factoryForNewObject() const;
+    void announceEnd() noexcept;
     void link(VXObject2* parent);
     void unlink();
     bool isAncestorOf(const VXObject2* object) const;

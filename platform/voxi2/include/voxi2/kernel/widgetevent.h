@@ -29,9 +29,10 @@ enum class WidgetEvent : unsigned {
     TouchUpdate = 22,
     TouchEnd = 23,
     Show = 24,
-    Other = 25   ///< has a switch, but nothing that happens to a widget is reported as it
+    Other = 25 ///< has a switch, but nothing that happens to a widget is reported as it
 };
 
+/// How many widget events there are.
 inline constexpr unsigned WidgetEventCount = 26;
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -20,9 +20,10 @@ enum WindowFlag : unsigned {
     WindowFlagFrameless = 0x1000,
     WindowFlagContextHelp = 0x2000,
     WindowFlagBypassWindowManager = 0x4000,
-    WindowFlagBorderless = 0x8000   ///< another name of frameless
+    WindowFlagBorderless = 0x8000 ///< another name of frameless
 };
 
+/// What a window is at the moment; a window can be minimised and maximised at once.
 enum class WindowState : unsigned {
     Normal = 0,
     Minimized = 0x1,
@@ -33,4 +34,4 @@ enum class WindowState : unsigned {
 template <>
 inline constexpr bool EnableFlags<WindowState> = true;
 
-}  // namespace VOXI
+} // namespace VOXI

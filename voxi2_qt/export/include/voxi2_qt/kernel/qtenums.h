@@ -21,7 +21,7 @@
 
 namespace VOXI {
 
-// Member by member. What has no counterpart maps to the other side's member of lowest value.
+// Member by member. What has no counterpart maps to what Qt uses unless it is told otherwise.
 
 /// Bit by bit; bits without a counterpart are dropped.
 VOXI2_QT_EXPORT Qt::Alignment VX2Qt(Alignment alignment) noexcept;

@@ -100,7 +100,6 @@ private:
 
     VXObject2* m_object;
     unsigned m_uid;
-    bool m_scheduled = false;
     TROV::RequestBinding m_requests;
 };
 

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi_util/color.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace gallery {
+
+// The gallery's colours.
+inline constexpr VOXI::Color FrameColor{168, 174, 184};
+inline constexpr VOXI::Color PaperColor{252, 252, 250};
+inline constexpr VOXI::Color PadColor{214, 228, 244};
+inline constexpr VOXI::Color InkColor{32, 36, 44};
+inline constexpr VOXI::Color GoodColor{36, 150, 72};
+inline constexpr VOXI::Color BadColor{200, 48, 48};
+
+/// A panel with the layout that fills it, without margins of its own.
+struct Box
+{
+    VOXI::VXPanel2* panel;
+    VOXI::VXBoxLayout2* layout;
+};
+Box row(VOXI::VXObject2* parent, int spacing = 6);
+Box column(VOXI::VXObject2* parent, int spacing = 6);
+
+/// A column inside a thin frame, filled with a colour; children go into `inside`.
+struct Frame
+{
+    VOXI::VXPanel2* outside;
+    Box inside;
+};
+Frame frame(VOXI::VXObject2* parent, VOXI::Color fill);
+
+/// A bold line; `pointSize` 0 is that of other texts.
+VOXI::VXText2* heading(VOXI::VXObject2* parent, const std::string& text, int pointSize = 0);
+VOXI::VXText2* label(VOXI::VXObject2* parent, const std::string& text);
+VOXI::VXButton2* button(VOXI::VXObject2* parent, const std::string& text,
+                        const std::string& objectName);
+
+/// Makes a row of alternatives, of which `chosen` is checked at first. Clicking one calls `choose`
+/// with its index. The buttons do not take the keyboard focus.
+Box alternatives(VOXI::VXObject2* parent, const std::string& title,
+                 const std::vector<std::string>& labels, std::size_t chosen,
+                 std::function<void(std::size_t)> choose);
+
+/// The width of the titles in front of rows, so that what follows is aligned.
+inline constexpr int TitleWidth = 130;
+/// A row that begins with a title.
+Box titledRow(VOXI::VXObject2* parent, const std::string& title);
+
+} // namespace gallery

@@ -1,0 +1,190 @@
+// The life of many buttons, time and memory.
+
+#include "benchsupport.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxbutton2.h"
+
+#include <QBoxLayout>
+#include <QMainWindow>
+#include <QPushButton>
+
+#include <benchmark/benchmark.h>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace {
+
+constexpr std::int64_t Buttons = 10'000;
+
+const std::string s_toolTip = "Writes all that was changed";
+
+QString latin1(const std::string& text)
+{
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// A window of panels, each with a row of so many buttons, as an application writes it.
+struct VoxiWindow
+{
+    using Panel = VOXI::VXPanel2;
+
+    std::unique_ptr<VOXI::VXWindow2> m_window = std::make_unique<VOXI::VXWindow2>();
+    Panel* m_page = new Panel(m_window.get());
+    VOXI::VXBoxLayout2* m_column = new VOXI::VXBoxLayout2(m_page, VOXI::Direction::TopToBottom);
+
+    VoxiWindow() { m_window->setCentralWidget(m_page); }
+
+    void addPanel(std::int64_t buttons)
+    {
+        auto* panel = new Panel(m_page);
+        auto* row = new VOXI::VXBoxLayout2(panel, VOXI::Direction::LeftToRight);
+        m_column->addWidget(panel);
+        for (std::int64_t i = 0; i < buttons; ++i) {
+            auto* button = new VOXI::VXButton2(panel);
+            button->setLabel(bench::labelText(i % 2));
+            button->setToolTip(s_toolTip);
+            button->setEnabled(i % 4 != 0);
+            row->addWidget(button);
+        }
+    }
+
+    void show() { m_window->show(); }
+    static Panel* makePanel() { return new Panel; }
+    static void construct(Panel* panel) { new VOXI::VXButton2(panel); }
+};
+
+/// The same with plain Qt.
+struct QtWindow
+{
+    using Panel = QWidget;
+
+    std::unique_ptr<QMainWindow> m_window = std::make_unique<QMainWindow>();
+    Panel* m_page = new Panel(m_window.get());
+    QBoxLayout* m_column = new QBoxLayout(QBoxLayout::TopToBottom, m_page);
+
+    QtWindow() { m_window->setCentralWidget(m_page); }
+
+    void addPanel(std::int64_t buttons)
+    {
+        auto* panel = new Panel(m_page);
+        auto* row = new QBoxLayout(QBoxLayout::LeftToRight, panel);
+        m_column->addWidget(panel);
+        for (std::int64_t i = 0; i < buttons; ++i) {
+            auto* button = new QPushButton(panel);
+            button->setText(latin1(bench::labelText(i % 2)));
+            button->setToolTip(latin1(s_toolTip));
+            button->setEnabled(i % 4 != 0);
+            row->addWidget(button);
+        }
+    }
+
+    void show() { m_window->show(); }
+    static Panel* makePanel() { return new Panel; }
+
+    /// A button that behaves as the toolkit's does.
+    static void construct(Panel* panel)
+    {
+        auto* button = new QPushButton(panel);
+        button->setAutoDefault(false);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setBackgroundRole(QPalette::Button);
+        button->setForegroundRole(QPalette::ButtonText);
+    }
+};
+
+/// Less than what the toolkit's buttons are.
+struct BareQtWindow : QtWindow
+{
+    static void construct(Panel* panel) { new QPushButton(panel); }
+};
+
+/// Create, configure, lay out, show, destroy; ARG buttons to a panel.
+template <class Window>
+void createButtons(benchmark::State& state)
+{
+    const std::int64_t perPanel = state.range(0);
+    double bytes = 0;
+    for (auto _ : state) {
+        const std::size_t before = bench::heapInUse();
+        auto window = std::make_unique<Window>();
+        for (std::int64_t made = 0; made < Buttons; made += perPanel)
+            window->addPanel(perPanel);
+        window->show();
+        bench::settle();
+        bytes = static_cast<double>(bench::heapInUse() - before) / Buttons;
+        window.reset();
+        bench::settle();
+    }
+    state.counters["bytes_per_widget"] = bytes;
+}
+BENCHMARK(createButtons<VoxiWindow>)
+    ->Name("CreateButtons/voxi")
+    ->Arg(100)
+    ->Arg(1'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(createButtons<QtWindow>)
+    ->Name("CreateButtons/qt")
+    ->Arg(100)
+    ->Arg(1'000)
+    ->Unit(benchmark::kMillisecond);
+
+/// Construction alone, hidden, 100 to a panel; time per button.
+template <class Window>
+void constructButtons(benchmark::State& state)
+{
+    constexpr std::int64_t perPanel = 100;
+    double bytes = 0;
+    while (state.KeepRunningBatch(Buttons)) {
+        std::vector<std::unique_ptr<typename Window::Panel>> panels;
+        for (std::int64_t made = 0; made < Buttons; made += perPanel)
+            panels.emplace_back(Window::makePanel());
+        const std::size_t before = bench::heapInUse();
+        const auto begin = bench::Clock::now();
+        for (const auto& panel : panels) {
+            for (std::int64_t i = 0; i < perPanel; ++i)
+                Window::construct(panel.get());
+        }
+        state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
+        bench::settle();
+        bytes = static_cast<double>(bench::heapInUse() - before) / Buttons;
+        panels.clear();
+        bench::settle();
+    }
+    state.counters["bytes_per_widget"] = bytes;
+}
+BENCHMARK(constructButtons<VoxiWindow>)->Name("ConstructButtons/voxi")->UseManualTime();
+BENCHMARK(constructButtons<QtWindow>)->Name("ConstructButtons/qt")->UseManualTime();
+BENCHMARK(constructButtons<VoxiWindow>)->Name("ConstructButtonsBare/voxi")->UseManualTime();
+BENCHMARK(constructButtons<BareQtWindow>)->Name("ConstructButtonsBare/qt")->UseManualTime();
+
+/// Destruction alone of one window with ARG buttons side by side; time per button.
+template <class Window>
+void destroyButtons(benchmark::State& state)
+{
+    const std::int64_t buttons = state.range(0);
+    while (state.KeepRunningBatch(buttons)) {
+        std::unique_ptr<typename Window::Panel> panel(Window::makePanel());
+        for (std::int64_t i = 0; i < buttons; ++i)
+            Window::construct(panel.get());
+        bench::settle();
+        const auto begin = bench::Clock::now();
+        panel.reset();
+        bench::settle();
+        state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
+    }
+}
+BENCHMARK(destroyButtons<VoxiWindow>)
+    ->Name("DestroyButtons/voxi")
+    ->Arg(1'000)
+    ->Arg(Buttons)
+    ->UseManualTime();
+BENCHMARK(destroyButtons<QtWindow>)
+    ->Name("DestroyButtons/qt")
+    ->Arg(1'000)
+    ->Arg(Buttons)
+    ->UseManualTime();
+
+} // namespace

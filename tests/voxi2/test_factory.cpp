@@ -1,0 +1,158 @@
+#include "fakebackend.h"
+
+#include <memory>
+#include <stdexcept>
+
+namespace VOXI {
+namespace {
+
+TEST(FactoryRegistration, theFirstOneIsCurrentUntilItIsTakenOut)
+{
+    EXPECT_EQ(VXFactory2::getFactory(StringID("a")), nullptr);
+    VXBridge* const bridge = VXBridge::getBridge(StringID("a"));
+    VXFactory2 a(bridge);
+    EXPECT_EQ(a.getBridge(), bridge);
+    EXPECT_EQ(bridge->thread(), TROV::Thread::getCurrentThread());
+    EXPECT_EQ(VXFactory2::current(), nullptr);
+
+    VXFactory2::registerFactory(StringID("a"), &a);
+    EXPECT_EQ(VXFactory2::current(), &a);
+    {
+        VXFactory2 b(VXBridge::getBridge(StringID("b")));
+        VXFactory2::registerFactory(StringID("b"), &b);
+        EXPECT_EQ(VXFactory2::current(), &a);
+        EXPECT_EQ(VXFactory2::getFactory(StringID("b")), &b);
+        VXFactory2::registerFactory(StringID("b"), nullptr);
+        VXFactory2::registerFactory(StringID("b"), nullptr);
+        EXPECT_EQ(VXFactory2::getFactory(StringID("b")), nullptr);
+        EXPECT_EQ(VXFactory2::current(), &a);
+
+        VXFactory2::registerFactory(StringID("a"), &b);
+        EXPECT_EQ(VXFactory2::current(), &b);
+    }
+    // A factory that goes leaves nothing behind.
+    EXPECT_EQ(VXFactory2::current(), nullptr);
+    EXPECT_EQ(VXFactory2::getFactory(StringID("a")), nullptr);
+    VXFactory2::registerFactory(StringID("a"), &a);
+    VXFactory2::unregisterAll();
+    EXPECT_EQ(VXFactory2::current(), nullptr);
+    VXFactory2 withoutBridge(nullptr);
+    EXPECT_EQ(withoutBridge.getBridge(), nullptr);
+}
+
+class CreationRequests : public WatchedTest
+{
+protected:
+    FakeBackEnd m_backEnd;
+};
+
+TEST_F(CreationRequests, carryObjectEmittersParentAndExtra)
+{
+    struct Seen
+    {
+        VXObject* m_object;
+        void* m_emitters;
+        VXObject* m_parent;
+        int m_extra;
+        bool operator==(const Seen&) const = default;
+    };
+    std::vector<Seen> seen;
+    VXFactory2& factory = m_backEnd.factory();
+    factory.createBoxLayout2.connect(&m_backEnd, [&](VXBoxLayout2* object,
+                                                     VXBoxLayout2Emitters* emitters,
+                                                     VXObject* parent, Direction direction) {
+        seen.push_back({object, emitters->base()->base(), parent, static_cast<int>(direction)});
+    });
+    factory.createWindow2.connect(
+        &m_backEnd, [&](VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent) {
+            seen.push_back({object, emitters->base()->base()->base(), parent, -1});
+        });
+    factory.createDragDelegate2.connect(
+        &m_backEnd, [&](VXDragDelegate2* object, VXDragDelegate2Emitters* emitters) {
+            seen.push_back({object, emitters->base(), nullptr, -1});
+        });
+    VXWindow2 window;
+    auto* owned = new VXWindow2(&window);
+    auto* layout = new VXBoxLayout2(&window, Direction::BottomToTop);
+    auto* delegate = new VXDragDelegate2(&window);
+    EXPECT_EQ(seen, (std::vector<Seen>{{&window, window.objectEmitters(), nullptr, -1},
+                                       {owned, owned->objectEmitters(), &window, -1},
+                                       {layout, layout->objectEmitters(), &window,
+                                        static_cast<int>(Direction::BottomToTop)},
+                                       {delegate, delegate->objectEmitters(), nullptr, -1}}));
+}
+
+TEST_F(CreationRequests, ofKindsThatNobodyServesMakeNoPeer)
+{
+    // Nobody ever listens to the first; the second has no listener here.
+    EXPECT_EQ(m_backEnd.factory().createPropertyBrowser2.numberOfConnections(), 0);
+    m_backEnd.factory().createPropertyBrowser2.emitAndWait(nullptr, nullptr, nullptr);
+    const VXText2 text;
+    EXPECT_EQ(lookup(&text), nullptr);
+    EXPECT_EQ(text.text(), "");
+}
+
+TEST_F(CreationRequests, aPeerThatThrowsLeavesNothingBehind)
+{
+    unsigned id = 0;
+    VXPanel2 parent;
+    const auto expectThrow = [&] {
+        EXPECT_THROW(new VXButton2(&parent), std::runtime_error);
+        EXPECT_NE(id, 0u);
+        EXPECT_FALSE(VXObject::isObjectValid(id));
+        EXPECT_EQ(lookup(id), nullptr);
+        EXPECT_TRUE(parent.children().empty());
+    };
+    m_backEnd.onButton = [&](VXButton2* button, VXButton2Emitters*, VXObject*) {
+        id = button->id();
+        throw std::runtime_error("no peer");
+    };
+    expectThrow();
+    onWorker(expectThrow);
+
+    // The peer was made and only its finishing failed: it goes as well.
+    const int alive = FakePeer::s_alive;
+    m_backEnd.onButton = [&](VXButton2* button, VXButton2Emitters*, VXObject*) {
+        id = button->id();
+        new FakePeer(button);
+        throw std::runtime_error("no end");
+    };
+    expectThrow();
+    EXPECT_EQ(FakePeer::s_alive, alive);
+    onWorker([&] { EXPECT_THROW(new VXButton2(&parent), std::runtime_error); });
+    EXPECT_EQ(FakePeer::s_alive, alive);
+    EXPECT_EQ(lookup(id), nullptr);
+}
+
+TEST_F(CreationRequests, returnWhenThePeerExistsOnAnyThread)
+{
+    TROV::Thread* const gui = TROV::Thread::getCurrentThread();
+    m_backEnd.onButton = [&](VXButton2* button, VXButton2Emitters*, VXObject*) {
+        EXPECT_EQ(TROV::Thread::getCurrentThread(), gui);
+        new FakePeer(button);
+    };
+    onWorker([&] {
+        // Holding the object lock must not keep the other thread from making the peer.
+        const VXObjectDataLocker lock;
+        const VXButton2 button;
+        EXPECT_NE(lookup(&button), nullptr);
+        EXPECT_EQ(button.peerParent(), &button);
+    });
+    EXPECT_EQ(FakePeer::s_alive, 0);
+}
+
+TEST_F(CreationRequests, requestsGoToTheThreadOfThePeer)
+{
+    VXButton2 button;
+    onWorker([&] {
+        VXPanel2 panel;
+        button.setParent(&panel);
+        EXPECT_EQ(button.peerParent(), &button);
+        EXPECT_EQ(FakePeer::of(&button)->m_parents, std::vector<VXObject*>{&panel});
+        button.setParent(nullptr);
+    });
+    EXPECT_EQ(FakePeer::of(&button)->m_parents.size(), 2u);
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,115 @@
+#include "fakebackend.h"
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+namespace VOXI {
+namespace {
+
+TEST(Handle, namesAnObjectAsLongAsItLives)
+{
+    VXHandle<VXButton2> empty;
+    EXPECT_FALSE(empty.isValid());
+    EXPECT_EQ(empty.get(), nullptr);
+    EXPECT_EQ(VXHandle<VXButton2>(nullptr), empty);
+
+    auto button = std::make_unique<VXButton2>();
+    const VXHandle<VXButton2> handle(button.get());
+    const VXHandle<VXButton2> copy = handle;
+    EXPECT_TRUE(handle.isValid());
+    EXPECT_TRUE(copy);
+    EXPECT_EQ(copy, handle);
+    EXPECT_EQ(handle.get(), button.get());
+    EXPECT_EQ(handle->id(), button->id());
+    button.reset();
+    EXPECT_FALSE(handle);
+    EXPECT_EQ(handle.get(), nullptr);
+    EXPECT_NE(handle.id(), 0u);
+}
+
+TEST(Handle, callsOnTheDeadDoNothing)
+{
+    VXHandle<VXButton2> handle;
+    VXPanel2 panel;
+    {
+        VXButton2 button;
+        handle = &button;
+    }
+    handle->setLabel("gone");
+    EXPECT_EQ(handle->label(), "");
+    EXPECT_FALSE(handle->isEnabled());
+
+    // What stands in for the dead is shared: nobody may own, move or end it.
+    handle->setParent(&panel);
+    EXPECT_EQ(handle->parent(), nullptr);
+    EXPECT_TRUE(panel.children().empty());
+    handle->destroy();
+    handle->destroy();
+    const std::unique_ptr<VXPanel2> child(new VXPanel2(handle.operator->().operator->()));
+    EXPECT_EQ(child->parent(), nullptr);
+    EXPECT_TRUE(handle->children().empty());
+    int called = 0;
+    handle->destroyed().connect(&panel, [&] { ++called; });
+    handle->destroy();
+    EXPECT_EQ(called, 0);
+    EXPECT_EQ(handle->label(), "");
+}
+
+TEST(Handle, endsItsObject)
+{
+    VXHandle<VXButton2> handle(new VXButton2);
+    handle->destroy();
+    EXPECT_FALSE(handle);
+    EXPECT_FALSE(VXObject::m_lock.isHeldByCurrentThread());
+}
+
+class HandleThreads : public WatchedTest
+{};
+
+TEST_F(HandleThreads, useObjectsThatComeAndGo)
+{
+    FakeBackEnd backEnd;
+    std::atomic<unsigned> id{0};
+    std::atomic<bool> stop{false};
+    VXHandle<VXButton2> handle;
+    onWorker([&] {
+        std::vector<std::thread> users;
+        std::atomic<int> uses{0};
+        VXHandle<VXButton2> current;
+        for (int i = 0; i < 3; ++i) {
+            users.emplace_back([&] {
+                while (!stop) {
+                    VXHandle<VXButton2> mine;
+                    {
+                        const VXObjectDataLocker lock;
+                        mine = current;
+                    }
+                    mine->setLabel("text");
+                    mine->setParent(nullptr);
+                    // A getter waits, and the object may go meanwhile.
+                    static_cast<void>(mine->peerParent());
+                    ++uses;
+                }
+            });
+        }
+        for (int i = 0; i < 200; ++i) {
+            auto* button = new VXButton2;
+            {
+                const VXObjectDataLocker lock;
+                current = button;
+            }
+            const int before = uses;
+            while (uses == before)
+                std::this_thread::yield();
+            delete button;
+        }
+        stop = true;
+        for (std::thread& user : users)
+            user.join();
+    });
+    EXPECT_EQ(FakePeer::s_alive, 0);
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,84 @@
+#include "voxi_util/recursivelock.h"
+#include "voxi_util/spinlock.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace VOXI {
+namespace {
+
+void runOnThreads(const std::function<void()>& work)
+{
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back(work);
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST(RecursiveLock, guardsWhatManyThreadsChange)
+{
+    RecursiveLock lock;
+    int counter = 0;
+    runOnThreads([&] {
+        for (int round = 0; round < 5000; ++round) {
+            const std::lock_guard outer(lock);
+            const int before = counter;
+            {
+                const std::lock_guard inner(lock);
+                counter = before + 1;
+            }
+            if (round % 64 == 0)
+                lock.reacquire(lock.releaseAll());
+        }
+    });
+    EXPECT_EQ(counter, 20000);
+    EXPECT_EQ(lock.releaseAll(), 0u);
+}
+
+TEST(RecursiveLock, handsItsHoldsBackByNumber)
+{
+    RecursiveLock lock;
+    lock.lock();
+    lock.lock();
+    EXPECT_TRUE(lock.try_lock());
+    std::thread([&] { EXPECT_FALSE(lock.try_lock()); }).join();
+    const unsigned holds = lock.releaseAll();
+    EXPECT_EQ(holds, 3u);
+    EXPECT_FALSE(lock.isHeldByCurrentThread());
+    std::thread([&] {
+        EXPECT_TRUE(lock.try_lock());
+        lock.unlock();
+    }).join();
+    EXPECT_EQ(lock.releaseAll(), 0u);
+    lock.reacquire(0);
+    EXPECT_FALSE(lock.isHeldByCurrentThread());
+
+    // What was taken meanwhile adds to what comes back.
+    lock.lock();
+    lock.reacquire(holds);
+    EXPECT_EQ(lock.releaseAll(), 4u);
+}
+
+TEST(SpinLock, guardsWhatManyThreadsChange)
+{
+    SpinLock lock;
+    int counter = 0;
+    runOnThreads([&] {
+        for (int round = 0; round < 5000; ++round) {
+            const std::lock_guard guard(lock);
+            ++counter;
+        }
+    });
+    EXPECT_EQ(counter, 20000);
+    EXPECT_TRUE(lock.try_lock());
+    EXPECT_FALSE(lock.try_lock());
+    lock.unlock();
+    EXPECT_TRUE(lock.try_lock());
+}
+
+} // namespace
+} // namespace VOXI
