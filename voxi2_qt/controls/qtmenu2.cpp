@@ -390,6 +390,7 @@ void QtMenu2::startFreezeTimer()
     if (!m_freezeTimer) {
         m_freezeTimer = std::make_unique<QTimer>();
         m_freezeTimer->setSingleShot(true);
+        m_freezeTimer->setTimerType(Qt::PreciseTimer);
         QObject::connect(m_freezeTimer.get(), &QTimer::timeout, this, &QtMenu2::onUnfreezeTimer);
     }
     m_freezeTimer->start(POPUP_HOLD_TIMEOUT);

@@ -23,20 +23,30 @@ void VXMenu2::addAction(VXAction2* action)
     m_emitters.addMenuItem(action);
 }
 
+namespace {
+
+template <class Text>
+VXAction2* appendNew(VXMenu2& menu, const Text& label)
+{
+    // What a handle of a dead menu stands for owns nothing.
+    if (menu.id() == 0)
+        return nullptr;
+    auto* action = new VXAction2(&menu);
+    action->setLabel(label);
+    menu.addAction(action);
+    return action;
+}
+
+}  // namespace
+
 VXAction2* VXMenu2::addAction(const std::string& label)
 {
-    auto* action = new VXAction2(this);
-    action->setLabel(label);
-    addAction(action);
-    return action;
+    return appendNew(*this, label);
 }
 
 VXAction2* VXMenu2::addAction(const std::wstring& label)
 {
-    auto* action = new VXAction2(this);
-    action->setLabel(label);
-    addAction(action);
-    return action;
+    return appendNew(*this, label);
 }
 
 void VXMenu2::addMenu(const std::string& title, VXMenu2* menu)

@@ -62,7 +62,7 @@ public:
     /// Appends the action; one that the menu shows already moves to its end. Null and dead ones are
     /// ignored.
     void addAction(VXAction2* action);
-    /// Appends a new action that belongs to the menu.
+    /// Appends a new action that belongs to the menu; null through the handle of a dead menu.
     VXAction2* addAction(const std::string& label);
     VXAction2* addAction(const std::wstring& label);
     /// Appends a menu under that title; an ampersand makes the character after it the mnemonic. A
