@@ -25,6 +25,7 @@ const std::vector<Page>& pages();
 
 // One function for each file under pages/.
 Page countingPage();
+Page buttonsPage();
 Page eventsPage();
 Page dragDropPage();
 Page focusPage();
