@@ -31,5 +31,7 @@ Page dragDropPage();
 Page focusPage();
 Page cursorsPage();
 Page threadsPage();
+Page actionsPage();
+Page digMenusPage();
 
 } // namespace gallery

@@ -1,10 +1,12 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 
-#include "voxi2_qt/controls/qtmenubar2.h"
-#include "voxi2_qt/controls/qttoolbar2.h"
+#include "voxi2/controls/vxmenubar2.h"
+#include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QLayout>
+#include <QMenuBar>
+#include <QToolBar>
 
 namespace VOXI {
 
@@ -24,6 +26,16 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::insertToolBarBreak, &P::doInsertToolBarBreak>(),
     TROV::row<&E::getMenuBar, &P::doGetMenuBar>(),
     TROV::row<&E::getToolBarArea, &P::doGetToolBarArea>());
+
+/// Calls `function` with the peer of a live tool bar, and its widget.
+template <class Function>
+void withToolBarOf(VXToolBar2* bar, Function&& function)
+{
+    withPeerOf<QtWidget2>(bar, [&](QtWidget2* peer) {
+        if (QToolBar* widget = peer ? qobject_cast<QToolBar*>(peer->asQWidget()) : nullptr)
+            function(*peer, widget);
+    });
+}
 
 Qt::ToolBarArea toQtArea(ToolBarArea area)
 {
@@ -102,7 +114,8 @@ bool QtWindow2::doGetSupportsGlobalFocusBlocker()
 
 void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
 {
-    const auto place = [this](QMenuBar* wanted) {
+    const auto place = [this](QWidget* widget) {
+        auto* wanted = qobject_cast<QMenuBar*>(widget);
         if (wanted && wanted == menuWidget())
             return;
         // Qt would delete the former one, which has an owner of its own.
@@ -115,42 +128,35 @@ void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
             wanted->show();
         }
     };
-    if (bar) {
-        withPeerOf<QtMenuBar2>(bar, [&](QtMenuBar2* peer) {
-            if (peer)
-                place(peer);
-        });
-    } else {
+    if (bar)
+        withWidgetOf(bar, place);
+    else
         place(nullptr);
-    }
 }
 
 void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
 {
-    withPeerOf<QtToolBar2>(bar, [&](QtToolBar2* peer) {
-        if (!peer)
-            return;
-        addToolBar(toQtArea(area), peer);
-        const QtEventBlocker blocker(*peer, {WidgetEvent::Show});
-        peer->show();   // one that was removed is hidden
+    withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
+        const QtEventBlocker blocker(peer, {WidgetEvent::Show});
+        addToolBar(toQtArea(area), widget);
+        widget->show();   // one that was removed is hidden
     });
 }
 
 void QtWindow2::doRemoveToolBar(VXToolBar2* bar)
 {
-    withPeerOf<QtToolBar2>(bar, [&](QtToolBar2* peer) {
-        if (!peer || toolBarArea(peer) == Qt::NoToolBarArea)
-            return;
-        const QtEventBlocker blocker(*peer, {WidgetEvent::Hide});
-        removeToolBar(peer);
+    withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
+        const QtEventBlocker blocker(peer, {WidgetEvent::Hide});
+        if (toolBarArea(widget) != Qt::NoToolBarArea)
+            removeToolBar(widget);
     });
 }
 
 void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
 {
-    withPeerOf<QtToolBar2>(before, [&](QtToolBar2* peer) {
-        if (peer && toolBarArea(peer) != Qt::NoToolBarArea)
-            insertToolBarBreak(peer);
+    withToolBarOf(before, [&](QtWidget2&, QToolBar* widget) {
+        if (toolBarArea(widget) != Qt::NoToolBarArea)
+            insertToolBarBreak(widget);
     });
 }
 
@@ -162,9 +168,8 @@ VXMenuBar2* QtWindow2::doGetMenuBar()
 ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
 {
     ToolBarArea result = ToolBarArea::None;
-    withPeerOf<QtToolBar2>(bar, [&](QtToolBar2* peer) {
-        if (peer)
-            result = fromQtArea(toolBarArea(peer));
+    withToolBarOf(bar, [&](QtWidget2&, QToolBar* widget) {
+        result = fromQtArea(toolBarArea(widget));
     });
     return result;
 }

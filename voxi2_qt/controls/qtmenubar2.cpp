@@ -11,12 +11,10 @@ using E = VXMenuBar2Emitters;
 using P = QtMenuBar2;
 
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::glAddMenu, &P::glAddMenu>(),
-    TROV::row<&E::addMenuU, &P::doAddMenuU>(),
-    TROV::row<&E::removeMenu, &P::doRemoveMenu>(),
-    TROV::row<&E::clear, &P::doClear>());
+    TROV::row<&E::glAddMenu, &P::glAddMenu>(), TROV::row<&E::addMenuU, &P::doAddMenuU>(),
+    TROV::row<&E::removeMenu, &P::doRemoveMenu>(), TROV::row<&E::clear, &P::doClear>());
 
-}  // namespace
+} // namespace
 
 QtMenuBar2::QtMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, parent)
@@ -58,4 +56,4 @@ void QtMenuBar2::addTitled(const QString& title, VXMenu2* menu)
     });
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -66,8 +66,7 @@ void Pointer::moveTo(QPoint global)
         QCursor::setPos(global);
     }
     ASSERT_TRUE(waitFor([&] { return m_last == global && QCursor::pos() == global; }))
-        << "to " << global.x() << "," << global.y() << "; seen " << m_last.x() << ","
-        << m_last.y();
+        << "to " << global.x() << "," << global.y() << "; seen " << m_last.x() << "," << m_last.y();
 }
 
 void Pointer::travelTo(QPoint global)

@@ -28,8 +28,8 @@ protected:
     }
     bool isShownWhole() const
     {
-        return m_sub->isVisible() && m_sub->updatesEnabled()
-               && m_sub->size() == m_sub->sizeHint() && m_sub->size() != OnePixel;
+        return m_sub->isVisible() && m_sub->updatesEnabled() && m_sub->size() == m_sub->sizeHint()
+               && m_sub->size() != OnePixel;
     }
     QRect entryOnScreen() const
     {
@@ -85,8 +85,7 @@ TEST_F(DigMenus, are_placed_beside_their_parent_whenever_the_answer_comes)
     fill(*later, 7);
     later->digComplete(m_menu);
     EXPECT_TRUE(isShownWhole());
-    EXPECT_EQ(m_sub->pos(),
-              QPoint(entryOnScreen().right() + overlap() + 1, entryOnScreen().top()));
+    EXPECT_EQ(m_sub->pos(), QPoint(entryOnScreen().right() + overlap() + 1, entryOnScreen().top()));
 }
 
 TEST_F(DigMenus, can_be_filled_by_another_thread)
@@ -250,8 +249,9 @@ TEST_F(DigMenus, open_on_the_other_side_where_they_do_not_fit)
     openBoth({area().right() - m_top->sizeHint().width() + 1, 100});
     m_dig->addAction("Wider than one pixel");
     m_dig->digComplete(m_menu);
-    EXPECT_EQ(m_sub->x(), m_top->mapToGlobal(m_top->actionGeometry(m_sub->menuAction()).topLeft()).x()
-                              - m_sub->width() - overlap());
+    EXPECT_EQ(m_sub->x(),
+              m_top->mapToGlobal(m_top->actionGeometry(m_sub->menuAction()).topLeft()).x()
+                  - m_sub->width() - overlap());
     EXPECT_EQ(m_sub->y(), entryOnScreen().top());
     m_menu->hide();
 

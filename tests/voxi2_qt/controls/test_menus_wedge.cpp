@@ -51,10 +51,7 @@ protected:
         return QPoint(m_isLeft ? m_top->geometry().left() + 5 : m_top->geometry().right() - 5,
                       start.y() + dy);
     }
-    QAction* underPointer() const
-    {
-        return m_top->actionAt(m_top->mapFromGlobal(QCursor::pos()));
-    }
+    QAction* underPointer() const { return m_top->actionAt(m_top->mapFromGlobal(QCursor::pos())); }
     bool staysOpen() const
     {
         return !waitFor([&] { return m_top->activeAction() != m_sub->menuAction(); }, Long)

@@ -164,7 +164,8 @@ TEST_F(ToolBars, repair_their_layout_once_for_several_items_that_leave)
     EXPECT_TRUE(m_outer->actions().isEmpty());
     runDeletions(); // the buttons
     ASSERT_TRUE(waitFor([&] { return resizes.m_sizes.size() >= 2; }));
-    EXPECT_FALSE(waitFor([&] { return resizes.m_sizes.size() > 2; }, std::chrono::milliseconds(50)));
+    EXPECT_FALSE(
+        waitFor([&] { return resizes.m_sizes.size() > 2; }, std::chrono::milliseconds(50)));
     EXPECT_EQ(resizes.m_sizes[0], size + QSize(1, 0));
     EXPECT_EQ(resizes.m_sizes[1], size);
     EXPECT_EQ(reported, 0);

@@ -37,7 +37,7 @@ VXAction2* appendNew(VXMenu2& menu, const Text& label)
     return action;
 }
 
-}  // namespace
+} // namespace
 
 VXAction2* VXMenu2::addAction(const std::string& label)
 {
@@ -179,4 +179,4 @@ void VXMenu2::digFailed()
     m_emitters.digAccessFailed();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -39,4 +39,4 @@ void VXMenuBar2::clear()
     m_emitters.clear();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

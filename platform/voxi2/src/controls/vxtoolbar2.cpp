@@ -119,4 +119,4 @@ ToolButtonStyle VXToolBar2::toolButtonStyle() const
     return m_emitters.getToolButtonStyle();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

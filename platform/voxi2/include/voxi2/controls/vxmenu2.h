@@ -12,7 +12,8 @@ namespace VOXI {
 
 class VXMenu2;
 
-struct VXMenu2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXMenu2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void()> clear{*this};
@@ -52,7 +53,8 @@ struct VXMenu2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
 ///             recent->addAction(file);
 ///         recent->digComplete(fileMenu);
 ///     });
-class VOXI2_EXPORT VXMenu2 : public VXWidget2 {
+class VOXI2_EXPORT VXMenu2 : public VXWidget2
+{
 public:
     explicit VXMenu2(VXObject2* parent = nullptr);
     ~VXMenu2() override;
@@ -105,9 +107,10 @@ public:
     /// `digFailed` until it shows more than one pixel.
     void setDigMenu(bool dig);
     bool isDigMenu() const;
-    /// Answers `aboutToShow()`: the items are in place, the menu is given its size and its position.
-    /// `parent` is the menu from whose entry it opened, null for none; that menu then leaves it open
-    /// while the pointer travels to it. When the menu has been closed meanwhile nothing is shown.
+    /// Answers `aboutToShow()`: the items are in place, the menu is given its size and its
+    /// position. `parent` is the menu from whose entry it opened, null for none; that menu then
+    /// leaves it open while the pointer travels to it. When the menu has been closed meanwhile
+    /// nothing is shown.
     void digComplete(VXMenu2* parent = nullptr);
     /// Answers `aboutToShow()`: there is nothing to show; the menu is cleared and closed.
     void digFailed();
@@ -123,7 +126,7 @@ public:
 
 private:
     VXMenu2Emitters m_emitters;
-    std::map<unsigned, TROV::ConnectionHandle> m_contextMenus;   // by the widget's id
+    std::map<unsigned, TROV::ConnectionHandle> m_contextMenus; // by the widget's id
 };
 
-}  // namespace VOXI
+} // namespace VOXI

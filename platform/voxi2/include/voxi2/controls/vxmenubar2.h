@@ -8,7 +8,8 @@
 
 namespace VOXI {
 
-struct VXMenuBar2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXMenuBar2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(std::string, VXMenu2*)> glAddMenu{*this};
@@ -19,7 +20,8 @@ struct VXMenuBar2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
 };
 
 /// A row of menu titles, usually at the top of a window: see `VXWindow2::setMenuBar`.
-class VOXI2_EXPORT VXMenuBar2 : public VXWidget2 {
+class VOXI2_EXPORT VXMenuBar2 : public VXWidget2
+{
 public:
     explicit VXMenuBar2(VXObject2* parent = nullptr);
     ~VXMenuBar2() override;
@@ -38,4 +40,4 @@ private:
     VXMenuBar2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,7 +10,8 @@
 
 namespace VOXI {
 
-struct VXToolBar2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXToolBar2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(VXAction2*)> addAction{*this};
@@ -38,7 +39,8 @@ struct VXToolBar2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
 
 /// A row of buttons for actions, and of other widgets, docked in a window: see
 /// `VXWindow2::addToolBar`. What does not fit goes into a menu behind an arrow at its end.
-class VOXI2_EXPORT VXToolBar2 : public VXWidget2 {
+class VOXI2_EXPORT VXToolBar2 : public VXWidget2
+{
 public:
     explicit VXToolBar2(VXObject2* parent = nullptr);
     ~VXToolBar2() override;
@@ -55,9 +57,9 @@ public:
     /// Takes the widget out of the bar and hides it; it can be added again.
     void removeWidget(VXWidget2* widget);
 
-    /// The first `count` items that are added from now on stay together and are never put behind the
-    /// arrow; separators and widgets count as well. Call it once, before anything is added. Counts
-    /// below two change nothing.
+    /// The first `count` items that are added from now on stay together and are never put behind
+    /// the arrow; separators and widgets count as well. Call it once, before anything is added.
+    /// Counts below two change nothing.
     void setMinimumVisibleItems(int count);
     /// 1 until another count was set.
     int minimumVisibleItems() const;
@@ -90,4 +92,4 @@ private:
     VXToolBar2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

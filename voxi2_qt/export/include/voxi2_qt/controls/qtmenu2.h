@@ -22,8 +22,8 @@ namespace VOXI {
 /// It adds two things to Qt's menu. A *dig menu* is shown at one pixel while the application fills
 /// it, and is placed here once it is filled. And a menu from whose entry a dig menu has opened is
 /// *frozen* as long as the pointer travels towards that: its active entry stays what it is.
-class VOXI2_QT_EXPORT QtMenu2
-    : public QtWidget2Shim<VXMenu2, VXMenu2Emitters, QtWidget2, QMenu> {
+class VOXI2_QT_EXPORT QtMenu2 : public QtWidget2Shim<VXMenu2, VXMenu2Emitters, QtWidget2, QMenu>
+{
     Q_OBJECT
 
 public:
@@ -86,15 +86,15 @@ private:
     VXMenu2Emitters* m_emitters;
     bool m_isDigMenu = false;
     bool m_digAccessPending = false;
-    bool m_isAboutToShow = false;   // Qt shows the menu once the handlers have returned
+    bool m_isAboutToShow = false; // Qt shows the menu once the handlers have returned
     QSize m_savedMaximumSize;
     QSize m_savedMinimumSize;
     QPointer<QtMenu2> m_parentDigMenu;
-    std::unique_ptr<QTimer> m_freezeTimer;   // only while it runs
+    std::unique_ptr<QTimer> m_freezeTimer; // only while it runs
     QPointer<QtMenu2> m_frozenPopup;
     QPoint m_freezeAnchor;
-    QPoint m_freezeEdgeA;   // from the anchor to the ends of the popup's near edge
+    QPoint m_freezeEdgeA; // from the anchor to the ends of the popup's near edge
     QPoint m_freezeEdgeB;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

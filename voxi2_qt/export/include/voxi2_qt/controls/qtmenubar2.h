@@ -10,7 +10,8 @@ namespace VOXI {
 
 /// The peer of the menu bar.
 class VOXI2_QT_EXPORT QtMenuBar2
-    : public QtWidget2Shim<VXMenuBar2, VXMenuBar2Emitters, QtWidget2, QMenuBar> {
+    : public QtWidget2Shim<VXMenuBar2, VXMenuBar2Emitters, QtWidget2, QMenuBar>
+{
     Q_OBJECT
 
 public:
@@ -26,4 +27,4 @@ private:
     void addTitled(const QString& title, VXMenu2* menu);
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -8,9 +8,10 @@
 
 namespace VOXI {
 
-/// A tool bar inside a tool bar: its items stay together. It paints nothing of its own, so that they
-/// look like the outer one's.
-class VOXI2_QT_EXPORT InnerToolBar : public QToolBar {
+/// A tool bar inside a tool bar: its items stay together. It paints nothing of its own, so that
+/// they look like the outer one's.
+class VOXI2_QT_EXPORT InnerToolBar : public QToolBar
+{
     Q_OBJECT
 
 public:
@@ -22,7 +23,8 @@ protected:
 
 /// The peer of the tool bar.
 class VOXI2_QT_EXPORT QtToolBar2
-    : public QtWidget2Shim<VXToolBar2, VXToolBar2Emitters, QtWidget2, QToolBar> {
+    : public QtWidget2Shim<VXToolBar2, VXToolBar2Emitters, QtWidget2, QToolBar>
+{
     Q_OBJECT
 
 public:
@@ -61,9 +63,9 @@ private:
     QToolBar& barForNextItem();
     QList<InnerToolBar*> innerToolBars() const;
 
-    InnerToolBar* m_innerToolBar = nullptr;   // the newest; a Qt child
+    InnerToolBar* m_innerToolBar = nullptr; // the newest; a Qt child
     int m_minimumVisibleItems = 1;
     bool m_layoutFixPending = false;
 };
 
-}  // namespace VOXI
+} // namespace VOXI
