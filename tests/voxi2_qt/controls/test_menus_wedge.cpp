@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QScreen>
+#include <QTimer>
 
 namespace VOXI {
 
@@ -32,10 +33,12 @@ protected:
         const QRect area = m_top->screen()->geometry();
         const int x = GetParam().m_isAtRightEdge ? area.right() - m_top->sizeHint().width() + 1
                                                  : area.center().x();
-        openFilledUnderPointer({x, area.top() + 150});
+        open({x, area.top() + 150});
         ASSERT_FALSE(HasFatalFailure());
         m_isLeft = m_sub->x() < m_top->x();
     }
+    virtual void open(QPoint position) { openFilledUnderPointer(position); }
+
     /// A point of the sub-menu near its edge towards the menu.
     QPoint target() const
     {
@@ -52,6 +55,19 @@ protected:
                       start.y() + dy);
     }
     QAction* underPointer() const { return m_top->actionAt(m_top->mapFromGlobal(QCursor::pos())); }
+    /// Straight to the target; the dig menu's entry stays active all the way.
+    void travel()
+    {
+        bool crossed = false;
+        const QPoint start = QCursor::pos();
+        for (int i = 1; i <= 12; ++i) {
+            m_pointer.moveTo(start + (target() - start) * i / 12);
+            ASSERT_FALSE(HasFatalFailure());
+            crossed = crossed || (underPointer() && underPointer() != m_sub->menuAction());
+            ASSERT_EQ(m_top->activeAction(), m_sub->menuAction()) << "step " << i;
+        }
+        EXPECT_TRUE(crossed) << "the path is worth nothing";
+    }
     bool staysOpen() const
     {
         return !waitFor([&] { return m_top->activeAction() != m_sub->menuAction(); }, Long)
@@ -64,18 +80,34 @@ protected:
 
 TEST_P(Wedge, keeps_the_menu_open_while_the_pointer_travels_across_other_entries)
 {
-    bool crossed = false;
-    const QPoint start = QCursor::pos();
-    for (int i = 1; i <= 12; ++i) {
-        m_pointer.moveTo(start + (target() - start) * i / 12);
-        ASSERT_FALSE(HasFatalFailure());
-        crossed = crossed || (underPointer() && underPointer() != m_sub->menuAction());
-        ASSERT_EQ(m_top->activeAction(), m_sub->menuAction()) << "step " << i;
-    }
-    EXPECT_TRUE(crossed) << "the path is worth nothing";
+    travel();
+    ASSERT_FALSE(HasFatalFailure());
     // Arrived: however long it stays.
     EXPECT_TRUE(staysOpen());
     EXPECT_TRUE(m_sub->activeAction());
+}
+
+/// The pointer itself opens the dig menu. Qt then tells the menu at once that the pointer has left
+/// it, which is not so.
+class WedgeByPointer : public Wedge
+{
+protected:
+    void open(QPoint position) override
+    {
+        m_dig->aboutToShow().connect(m_window.get(), [this] {
+            fill(*m_dig, 14);
+            QTimer::singleShot(50, qApp, [this] { m_dig->digComplete(m_menu); });
+        });
+        m_menu->popup(position.x(), position.y());
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_top));
+        m_pointer.moveTo(middleOf(DigEntry));
+        ASSERT_TRUE(waitFor([&] { return m_sub->isVisible() && m_sub->updatesEnabled(); }));
+    }
+};
+
+TEST_P(WedgeByPointer, keeps_the_menu_open_as_well)
+{
+    travel();
 }
 
 TEST_P(Wedge, is_released_by_lingering_over_another_entry)
@@ -144,11 +176,17 @@ TEST_P(Wedge, is_released_by_clearing_the_menu)
     EXPECT_EQ(m_top->activeAction(), underPointer());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Wedge,
-                         testing::Values(Side{"Right", false, Qt::LeftToRight},
-                                         Side{"Left", true, Qt::LeftToRight},
-                                         Side{"RightToLeft", false, Qt::RightToLeft}),
-                         [](const auto& test) { return std::string(test.param.m_name); });
+const auto s_sides =
+    testing::Values(Side{"Right", false, Qt::LeftToRight}, Side{"Left", true, Qt::LeftToRight},
+                    Side{"RightToLeft", false, Qt::RightToLeft});
+
+std::string nameOf(const testing::TestParamInfo<Side>& test)
+{
+    return test.param.m_name;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Wedge, s_sides, nameOf);
+INSTANTIATE_TEST_SUITE_P(All, WedgeByPointer, s_sides, nameOf);
 
 } // namespace
 
