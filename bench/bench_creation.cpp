@@ -51,6 +51,7 @@ struct VoxiWindow
         }
     }
 
+    void setPainted(bool on) { m_window->setUpdatesEnabled(on); }
     void show() { m_window->show(); }
     static Panel* makePanel() { return new Panel; }
     static void construct(Panel* panel) { new VOXI::VXButton2(panel); }
@@ -81,10 +82,11 @@ struct QtWindow
         }
     }
 
+    void setPainted(bool on) { m_window->setUpdatesEnabled(on); }
     void show() { m_window->show(); }
     static Panel* makePanel() { return new Panel; }
 
-    /// A button that behaves as the toolkit's does.
+    /// A button that behaves as the toolkit's does, and whose user hears of the same.
     static void construct(Panel* panel)
     {
         auto* button = new QPushButton(panel);
@@ -92,6 +94,8 @@ struct QtWindow
         button->setFocusPolicy(Qt::StrongFocus);
         button->setBackgroundRole(QPalette::Button);
         button->setForegroundRole(QPalette::ButtonText);
+        QObject::connect(button, &QPushButton::clicked, button, [] {});
+        QObject::connect(button, &QPushButton::toggled, button, [](bool) {});
     }
 };
 
@@ -101,35 +105,47 @@ struct BareQtWindow : QtWindow
     static void construct(Panel* panel) { new QPushButton(panel); }
 };
 
-/// Create, configure, lay out, show, destroy; ARG buttons to a panel.
 template <class Window>
+std::unique_ptr<Window> makeWindow(std::int64_t perPanel, bool isPainted)
+{
+    auto window = std::make_unique<Window>();
+    window->setPainted(isPainted);
+    for (std::int64_t made = 0; made < Buttons; made += perPanel)
+        window->addPanel(perPanel);
+    window->show();
+    bench::settle();
+    return window;
+}
+
+/// Create, configure, lay out, show, destroy; ARG buttons to a panel. What is painted is not
+/// counted as the widgets' memory.
+template <class Window, bool IsPainted>
 void createButtons(benchmark::State& state)
 {
     const std::int64_t perPanel = state.range(0);
-    double bytes = 0;
+    const std::size_t before = bench::heapInUse();
+    auto window = makeWindow<Window>(perPanel, IsPainted);
+    if (!IsPainted) {
+        state.counters["bytes_per_widget"] =
+            static_cast<double>(bench::heapInUse() - before) / Buttons;
+    }
+    window.reset();
+    bench::settle();
     for (auto _ : state) {
-        const std::size_t before = bench::heapInUse();
-        auto window = std::make_unique<Window>();
-        for (std::int64_t made = 0; made < Buttons; made += perPanel)
-            window->addPanel(perPanel);
-        window->show();
-        bench::settle();
-        bytes = static_cast<double>(bench::heapInUse() - before) / Buttons;
+        window = makeWindow<Window>(perPanel, IsPainted);
         window.reset();
         bench::settle();
     }
-    state.counters["bytes_per_widget"] = bytes;
 }
-BENCHMARK(createButtons<VoxiWindow>)
-    ->Name("CreateButtons/voxi")
-    ->Arg(100)
-    ->Arg(1'000)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(createButtons<QtWindow>)
-    ->Name("CreateButtons/qt")
-    ->Arg(100)
-    ->Arg(1'000)
-    ->Unit(benchmark::kMillisecond);
+
+void siblings(benchmark::internal::Benchmark* bench)
+{
+    bench->Arg(100)->Arg(1'000)->Unit(benchmark::kMillisecond);
+}
+BENCHMARK(createButtons<VoxiWindow, true>)->Name("CreateButtons/voxi")->Apply(siblings);
+BENCHMARK(createButtons<QtWindow, true>)->Name("CreateButtons/qt")->Apply(siblings);
+BENCHMARK(createButtons<VoxiWindow, false>)->Name("CreateUnpaintedButtons/voxi")->Apply(siblings);
+BENCHMARK(createButtons<QtWindow, false>)->Name("CreateUnpaintedButtons/qt")->Apply(siblings);
 
 /// Construction alone, hidden, 100 to a panel; time per button.
 template <class Window>

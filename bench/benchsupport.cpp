@@ -26,7 +26,8 @@ QWidget* widgetOf(const VOXI::VXObject* object)
 
 std::size_t heapInUse()
 {
-    return mallinfo2().uordblks + mallinfo2().hblkhd;
+    const auto info = mallinfo2();
+    return info.uordblks + info.hblkhd;
 }
 
 void settle()

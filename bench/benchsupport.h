@@ -29,7 +29,7 @@ const std::string& labelText(bool second);
 /// The Qt widget behind an abstract object; never null for one that has a peer.
 QWidget* widgetOf(const VOXI::VXObject* object);
 
-/// Bytes on the heap that are in use.
+/// Bytes on the heap that are in use. Slow: it looks at every free piece.
 std::size_t heapInUse();
 
 /// Runs what the event loop has to do until nothing is left, deferred deletions included.

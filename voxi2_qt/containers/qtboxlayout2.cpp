@@ -36,7 +36,7 @@ void QtBoxLayout2::doBoxAddWidget(VXObject* widget, int stretch, Alignment align
 void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alignment alignment)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child)
+        if (!canHold(child))
             return;
         QBoxLayout::insertWidget(index, child, stretch, VX2Qt(alignment));
         invalidate();

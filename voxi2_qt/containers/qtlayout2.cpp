@@ -26,6 +26,16 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getMargins, &P::doGetMargins>(),
     TROV::row<&E::getSpacing, &P::doGetSpacing>());
 
+/// Whether none of the layout's widgets is, or holds, the one that the layout shall fill.
+bool canLieIn(const QLayout& layout, const QWidget& target)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        if (const QWidget* child = layout.itemAt(i)->widget(); child && isWithin(child, &target))
+            return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
@@ -47,7 +57,7 @@ QLayout* QtLayout2::asQLayout(GuiObject* peer)
 void QtLayout2::doSetParent(VXObject* widget)
 {
     withWidgetOf(widget, [this](QWidget* target) {
-        if (!target || target->layout() == layout())
+        if (!target || target->layout() == layout() || !canLieIn(*layout(), *target))
             return;
         if (!target->layout()) {
             // A layout that another widget holds is let go first; Qt would refuse it.
@@ -58,10 +68,15 @@ void QtLayout2::doSetParent(VXObject* widget)
     });
 }
 
+bool QtLayout2::canHold(const QWidget* child) const
+{
+    return child && !isWithin(child, layout()->parentWidget());
+}
+
 void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child)
+        if (!canHold(child))
             return;
         layout()->addWidget(child);
         layout()->setAlignment(child, VX2Qt(alignment));

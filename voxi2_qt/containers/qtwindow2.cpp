@@ -8,6 +8,8 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include <optional>
+
 namespace VOXI {
 
 namespace {
@@ -81,13 +83,11 @@ QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* pa
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
 {
     const auto place = [this](QWidget* child) {
-        if (child == centralWidget())
+        if (child && (child == centralWidget() || isWithin(child, this)))
             return;
         // Qt would delete the former one, which has an owner of its own.
-        if (QWidget* former = takeCentralWidget()) {
-            former->hide();
-            former->setParent(this);
-        }
+        if (QWidget* former = takeCentralWidget())
+            keepHidden(former);
         if (child)
             setCentralWidget(child);
     };
@@ -95,6 +95,15 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         withWidgetOf(widget, place);
     else
         place(nullptr);
+}
+
+void QtWindow2::keepHidden(QWidget* widget)
+{
+    std::optional<QtEventBlocker> blocker;
+    if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
+        blocker.emplace(*peer, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
+    widget->hide();
+    widget->setParent(this);
 }
 
 VXWidget2* QtWindow2::doGetCentralWidget()

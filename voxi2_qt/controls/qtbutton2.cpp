@@ -1,5 +1,7 @@
 #include "voxi2_qt/controls/qtbutton2.h"
 
+#include "voxi2_qt/kernel/qtslotconnection.h"
+
 namespace VOXI {
 
 namespace {
@@ -24,8 +26,11 @@ QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* pa
     setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Button);
     setForegroundRole(QPalette::ButtonText);
-    QObject::connect(this, &QPushButton::clicked, this, &QtButton2::slotClicked);
-    QObject::connect(this, &QPushButton::toggled, this, &QtButton2::slotToggled);
+    static const QtSlotConnection click(&QPushButton::clicked, staticMetaObject, "slotClicked()");
+    static const QtSlotConnection toggle(&QPushButton::toggled, staticMetaObject,
+                                         "slotToggled(bool)");
+    click.connect(this);
+    toggle.connect(this);
 }
 
 void QtButton2::doSetDefault(bool isDefault)

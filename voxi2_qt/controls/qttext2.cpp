@@ -16,12 +16,14 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setWordWrap, &P::doSetWordWrap>(),
     TROV::row<&E::setBuddy, &P::doSetBuddy>(),
     TROV::row<&E::setSelectable, &P::doSetSelectable>(),
+    TROV::row<&E::setRichText, &P::doSetRichText>(),
     TROV::row<&E::getText, &P::doGetText>(),
     TROV::row<&E::getTextU, &P::doGetTextU>(),
     TROV::row<&E::getAlignment, &P::doGetAlignment>(),
     TROV::row<&E::getWordWrap, &P::doGetWordWrap>(),
     TROV::row<&E::getBuddy, &P::doGetBuddy>(),
-    TROV::row<&E::isSelectable, &P::doIsSelectable>());
+    TROV::row<&E::isSelectable, &P::doIsSelectable>(),
+    TROV::row<&E::isRichText, &P::doIsRichText>());
 
 }  // namespace
 
@@ -30,6 +32,7 @@ QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
 {
     enableEventBroadcasting();
     bindRequests(emitters, s_requests);
+    setTextFormat(Qt::PlainText);
 }
 
 void QtText2::doSetText(const std::string& text)
@@ -66,6 +69,11 @@ void QtText2::doSetSelectable(bool selectable)
                                        : Qt::TextInteractionFlags(Qt::LinksAccessibleByMouse));
 }
 
+void QtText2::doSetRichText(bool rich)
+{
+    setTextFormat(rich ? Qt::RichText : Qt::PlainText);
+}
+
 std::string QtText2::doGetText()
 {
     return toStdString(text());
@@ -94,6 +102,11 @@ VXWidget2* QtText2::doGetBuddy()
 bool QtText2::doIsSelectable()
 {
     return textInteractionFlags().testFlag(Qt::TextSelectableByMouse);
+}
+
+bool QtText2::doIsRichText()
+{
+    return textFormat() == Qt::RichText;
 }
 
 }  // namespace VOXI

@@ -53,17 +53,7 @@ void QtDragDelegate2::ask(const TROV::Event<void(const VXDragEvent2&)>& emitter,
     const VXDragEvent2 question =
         dragEvent(EventTarget{widget, receiver, receiver}, type, *event);
     emitter(question);
-    switch (question.answer()) {
-    case VXDragEvent2::Answer::None:
-        break;   // Qt's own answer, or the last one, stays
-    case VXDragEvent2::Answer::Ignored:
-        event->ignore();
-        break;
-    case VXDragEvent2::Answer::Accepted:
-        event->setDropAction(VX2Qt(question.acceptedAction()));
-        event->accept();
-        break;
-    }
+    applyAnswer(question, *event);
 }
 
 }  // namespace VOXI

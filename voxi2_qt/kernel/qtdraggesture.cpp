@@ -9,12 +9,11 @@
 
 namespace VOXI {
 
-void QtDragGesture::press(const QtWidget2& widget, const QMouseEvent& event)
+void QtDragGesture::press(const QMouseEvent& event)
 {
     if (m_pressed || event.button() != Qt::LeftButton)
         return;
     m_globalPosition = event.globalPosition().toPoint();
-    m_localPosition = widget.asQWidget()->mapFromGlobal(m_globalPosition);
     m_deliveredPosition = event.position().toPoint();
     m_pressed = true;
 }
@@ -34,8 +33,10 @@ void QtDragGesture::move(QtWidget2& widget, const QMouseEvent& event)
     VXWidget2* source = widget.abstractWidget();
     const auto& dragDetect = widget.widgetEmitters()->dragDetect;
     if (dragDetect.isHeard()) {
-        dragDetect(VXMouseEvent2(source, WidgetEvent::MouseMove, Qt2VX(m_localPosition),
-                                 Qt2VX(m_globalPosition), Qt2VX(event.button()),
+        // Mapped only now: most presses never become a drag.
+        const VXPoint<int> local = Qt2VX(widget.asQWidget()->mapFromGlobal(m_globalPosition));
+        dragDetect(VXMouseEvent2(source, WidgetEvent::MouseMove, local, Qt2VX(m_globalPosition),
+                                 Qt2VX(event.button()),
                                  Qt2VX(event.buttons()), Qt2VX(event.modifiers())));
     }
 }

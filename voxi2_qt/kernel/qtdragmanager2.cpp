@@ -31,6 +31,7 @@ QtDragManager2::QtDragManager2(VXObject2* manager, VXDragManager2Emitters* emitt
 
 void QtDragManager2::doStartDrag(const VXDrag2& drag)
 {
+    VXObjectDataLocker lock;
     if (m_dragging || drag.mimeData.isEmpty() || !qWidgetOf(lookup(drag.source)))
         return;
     m_dragging = true;

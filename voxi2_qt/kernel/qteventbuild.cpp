@@ -127,6 +127,21 @@ VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropE
     return VXDragEvent2(target.m_abstract, type, std::move(details));
 }
 
+void applyAnswer(const VXDragEvent2& answered, QDropEvent& event)
+{
+    switch (answered.answer()) {
+    case VXDragEvent2::Answer::None:
+        break;
+    case VXDragEvent2::Answer::Ignored:
+        event.ignore();
+        break;
+    case VXDragEvent2::Answer::Accepted:
+        event.setDropAction(VX2Qt(answered.acceptedAction()));
+        event.accept();
+        break;
+    }
+}
+
 VXTouchEvent2 touchEvent(const EventTarget& target, WidgetEvent type, const QTouchEvent& event)
 {
     std::vector<TouchPoint> points;

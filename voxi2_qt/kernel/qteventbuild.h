@@ -44,6 +44,8 @@ VXWidgetEvent2 plainEvent(const EventTarget& target, WidgetEvent type, const QEv
 VXDragEvent2 dragLeaveEvent(const EventTarget& target, WidgetEvent type, const QEvent& event);
 /// Drag enter, drag move and drop.
 VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropEvent& event);
+/// Carries the handlers' answer to Qt; without one Qt's own answer, or the last one, stays.
+void applyAnswer(const VXDragEvent2& answered, QDropEvent& event);
 VXTouchEvent2 touchEvent(const EventTarget& target, WidgetEvent type, const QTouchEvent& event);
 /// One for each gesture in the event.
 std::vector<VXGestureEvent2> gestureEvents(const EventTarget& target, const QGestureEvent& event);

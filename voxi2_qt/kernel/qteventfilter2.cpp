@@ -19,6 +19,7 @@
 #include <QWheelEvent>
 
 #include <iterator>
+#include <utility>
 
 namespace VOXI {
 
@@ -80,6 +81,19 @@ void post(const Passing& passing)
             Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
 }
 
+/// The same for drags, which a handler may answer there and then.
+template <auto Field>
+void sendDrag(const Passing& passing)
+{
+    const auto& emitter = passing.m_emitters.*Field;
+    if (!emitter.isHeard())
+        return;
+    auto& event = static_cast<QDropEvent&>(passing.m_event);
+    const VXDragEvent2 question = dragEvent(passing.m_target, passing.m_type, event);
+    emitter(question);
+    applyAnswer(question, event);
+}
+
 void sendClose(const Passing& passing)
 {
     if (!passing.m_emitters.closing.isHeard())
@@ -118,10 +132,10 @@ using E = VXWidget2Emitters;
 constexpr Sender s_senders[] = {
     &sendClose,
     &send<&E::contextMenu, QContextMenuEvent, &contextMenuEvent>,
-    &send<&E::dragEnter, QDropEvent, &dragEvent>,
+    &sendDrag<&E::dragEnter>,
     &send<&E::dragLeave, QEvent, &dragLeaveEvent>,
     &post<&E::dragMove, QDropEvent, &dragEvent>,
-    &send<&E::drop, QDropEvent, &dragEvent>,
+    &sendDrag<&E::drop>,
     &send<&E::mouseEnter, QEvent, &plainEvent>,
     &sendFocusIn,
     &send<&E::focusOut, QFocusEvent, &focusEvent>,
@@ -155,6 +169,8 @@ QtEventFilter2::QtEventFilter2(QtWidget2& peer, QWidget* widget, QAbstractScroll
 
 QtEventFilter2::~QtEventFilter2() = default;
 
+QtEventFilter2::Extras::~Extras() = default;
+
 bool QtEventFilter2::eventFilter(QObject* watched, QEvent* event)
 {
     WidgetEvent type;
@@ -167,7 +183,7 @@ bool QtEventFilter2::eventFilter(QObject* watched, QEvent* event)
     const bool closing = type == WidgetEvent::Close;
     if (closing)
         event->accept();
-    if (m_broadcast.test(bit(type)))
+    if (m_broadcast.test(bit(type)) && !(m_extras && isKeptBack(type, *event)))
         pass(type, watched, event);
     const bool refused = closing && !event->isAccepted();
     if (closing && consumed)
@@ -206,25 +222,72 @@ bool QtEventFilter2::isSeenTwice(const QObject* watched, const QEvent& event) co
     }
 }
 
+void QtEventFilter2::silence()
+{
+    m_broadcast.reset();
+    m_consumed.reset();
+    m_area = nullptr;
+    m_extras.reset();
+}
+
+QtEventFilter2::Extras& QtEventFilter2::extras()
+{
+    if (!m_extras)
+        m_extras = std::make_unique<Extras>();
+    return *m_extras;
+}
+
+void QtEventFilter2::keepPlaceBack()
+{
+    const QWidget* widget = m_peer.asQWidget();
+    if (widget->testAttribute(Qt::WA_PendingMoveEvent))
+        extras().m_placeKeptBack = widget->geometry().topLeft();
+}
+
+void QtEventFilter2::keepSizeBack()
+{
+    const QWidget* widget = m_peer.asQWidget();
+    if (widget->testAttribute(Qt::WA_PendingResizeEvent))
+        extras().m_sizeKeptBack = widget->size();
+}
+
+bool QtEventFilter2::isKeptBack(WidgetEvent type, const QEvent& event)
+{
+    // Anything else than what was kept back is news, from the layout or the window system.
+    if (type == WidgetEvent::Move) {
+        const auto place = std::exchange(m_extras->m_placeKeptBack, std::nullopt);
+        return place == static_cast<const QMoveEvent&>(event).pos();
+    }
+    if (type == WidgetEvent::Resize) {
+        const auto size = std::exchange(m_extras->m_sizeKeptBack, std::nullopt);
+        return size == static_cast<const QResizeEvent&>(event).size();
+    }
+    return false;
+}
+
 EventThrottler& QtEventFilter2::throttler()
 {
-    if (!m_throttler) {
+    std::unique_ptr<EventThrottler>& throttler = extras().m_throttler;
+    if (!throttler) {
         VXWidget2* widget = m_peer.abstractWidget();
         std::unique_ptr<EventThrottlerBase> made;
         if (EventThrottlerFactoryBase* factory = EventThrottlerFactoryBase::instance())
             made = factory->createEventThrottler(widget);
         if (auto* mine = dynamic_cast<EventThrottler*>(made.get())) {
             made.release();
-            m_throttler.reset(mine);
+            throttler.reset(mine);
         } else {
-            m_throttler = std::make_unique<EventThrottler>(widget);
+            throttler = std::make_unique<EventThrottler>(widget);
         }
     }
-    return *m_throttler;
+    return *throttler;
 }
 
 void QtEventFilter2::pass(WidgetEvent type, QObject* watched, QEvent* event)
 {
+    // Most widgets have no listeners. The focus blocker hears of each focus-in all the same.
+    if (!m_peer.mayBeHeard() && type != WidgetEvent::FocusIn)
+        return;
     VXObjectDataLocker lock;
     if (!m_peer.isVXObjectValid())
         return;

@@ -1,6 +1,6 @@
 #include "voxi2_qt/kernel/qteventthrottler.h"
 
-#include "trov/thread.h"
+#include "trov/packet.h"
 #include "voxi2/kernel/vxwidget2.h"
 
 #include <mutex>
@@ -57,6 +57,21 @@ private:
     unsigned m_bit;
 };
 
+/// A posted event. Its kind is free again when it goes, whether it was delivered, its handler threw,
+/// or it was dropped because the queue has ended.
+template <class E>
+class PostedEvent final : public TROV::Payload3<void, VXWidget2*, WidgetEvent, E> {
+public:
+    PostedEvent(VXWidget2* widget, const E& event, std::shared_ptr<unsigned> pending, unsigned bit)
+        : TROV::Payload3<void, VXWidget2*, WidgetEvent, E>(widget, event.type(), event),
+          m_end(std::move(pending), bit)
+    {
+    }
+
+private:
+    PendingEnd m_end;
+};
+
 }  // namespace
 
 EventThrottler::EventThrottler(VXWidget2* widget)
@@ -102,16 +117,14 @@ bool EventThrottler::isPending(WidgetEvent event) const
 template <class E>
 void EventThrottler::postOn(const Emitter<E>& emitter, const E& event)
 {
-    if (!TROV::Thread::getCurrentThread()->isAccepting())
-        return;  // nobody runs the queue any more, and nothing would ever clear the bit
-    if (isPending(event.type()))
-        return;
+    const unsigned bit = pendingBit(event.type());
     {
         std::lock_guard lock(s_pendingMutex);
-        *m_pending |= pendingBit(event.type());
+        if ((*m_pending & bit) != 0)
+            return;
+        *m_pending |= bit;
     }
-    emitter.sendPacket(TROV::Packet(new TROV::Payload3<void, VXWidget2*, WidgetEvent, E>(
-                           m_widget, event.type(), event)),
+    emitter.sendPacket(TROV::Packet(new PostedEvent<E>(m_widget, event, m_pending, bit)),
                        TROV::SendQueued, false);
 }
 
@@ -136,10 +149,9 @@ void EventThrottler::post(const VXKeyEvent2& event)
 }
 
 template <class E>
-void EventThrottler::deliver(VXWidget2* widget, WidgetEvent type, const E& event)
+void EventThrottler::deliver(VXWidget2* widget, WidgetEvent, const E& event)
 {
-    // A handler may throw, or destroy the widget and this throttler with it.
-    const PendingEnd end(m_pending, pendingBit(type));
+    // A handler may destroy the widget, and this throttler with it.
     const E copy = event;
     VXObjectDataLocker lock;
     if (VXObject::objectById(m_widgetId) == widget)

@@ -154,7 +154,7 @@ void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, V
 
 void QtFactory2::destroyObject(unsigned uid)
 {
-    if (auto* peer = dynamic_cast<QtObject2*>(lookup(uid)))
+    if (QtObject2* peer = qtPeer(lookup(uid)))
         peer->doDestroy();
 }
 

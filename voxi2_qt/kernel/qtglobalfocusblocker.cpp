@@ -28,15 +28,18 @@ QtGlobalFocusBlocker& QtGlobalFocusBlocker::instance()
 
 void QtGlobalFocusBlocker::registerWindow(QWidget* window)
 {
-    if (!window || isRegistered(window))
+    if (!window)
         return;
     const auto* peer = dynamic_cast<QtWidget2*>(peerOf(window));
     if (peer && !peer->supportsGlobalFocusBlocker())
         return;
-    m_windows[window].m_window = window;
-    window->installEventFilter(this);
+    const auto [entry, isNew] = m_windows.try_emplace(window);
+    if (isNew) {
+        entry->second.m_window = window;
+        window->installEventFilter(this);
+    }
     // An active window changes its focus at once; only the events of this turn are to be waited
-    // for. Any other has to be activated first.
+    // for. Any other has to be activated first, for which every request has the whole time.
     settle(window, window->isActiveWindow() ? 0 : GiveUpAfter);
 }
 
@@ -47,7 +50,7 @@ bool QtGlobalFocusBlocker::isRegistered(const QWidget* window) const
 
 bool QtGlobalFocusBlocker::blocks(const QWidget* widget, const QFocusEvent& event) const
 {
-    if (m_windows.empty() || !isRegistered(widget->window()))
+    if (m_windows.empty() || m_suspensions > 0 || !isRegistered(widget->window()))
         return false;
     switch (event.reason()) {
     case Qt::ActiveWindowFocusReason:
@@ -63,9 +66,13 @@ bool QtGlobalFocusBlocker::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::WindowActivate:
+    case QEvent::Hide:
         settle(watched, 0);
         break;
-    case QEvent::Hide:
+    case QEvent::Show:
+        // Hidden a moment ago, as by a change of its flags.
+        settle(watched, GiveUpAfter);
+        break;
     case QEvent::Destroy:
         releaseWindow(watched);
         break;
@@ -80,10 +87,12 @@ void QtGlobalFocusBlocker::timerEvent(QTimerEvent* event)
     const auto found = std::find_if(m_windows.begin(), m_windows.end(), [&](const auto& entry) {
         return entry.second.m_timer == event->timerId();
     });
-    if (found != m_windows.end())
+    if (found == m_windows.end())
+        killTimer(event->timerId());
+    else if (found->second.m_isLastTurn)
         releaseWindow(found->first);
     else
-        killTimer(event->timerId());
+        settle(found->first, 0);   // a busy program has yet to see what came meanwhile
 }
 
 void QtGlobalFocusBlocker::settle(const QObject* window, int milliseconds)
@@ -94,6 +103,7 @@ void QtGlobalFocusBlocker::settle(const QObject* window, int milliseconds)
     if (found->second.m_timer != 0)
         killTimer(found->second.m_timer);
     found->second.m_timer = startTimer(milliseconds);
+    found->second.m_isLastTurn = milliseconds == 0;
 }
 
 void QtGlobalFocusBlocker::releaseWindow(const QObject* window)

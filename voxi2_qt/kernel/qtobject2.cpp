@@ -16,10 +16,17 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getParent, &P::doGetParent>(),
     TROV::row<&E::getChildren, &P::doGetChildren>());
 
+/// The scheduled parent of the peer scheduled last. Children go one after the other, and finding the
+/// peer behind a Qt object is slow. GUI thread only.
+const QObject* s_goingParent = nullptr;
+
+/// Its address is what this back end's peers share.
+const char s_family = 0;
+
 }  // namespace
 
 QtObject2::QtObject2(VXObject2* object, VXObject2Emitters* emitters)
-    : m_object(object), m_uid(object ? object->id() : 0)
+    : m_uid(object ? object->id() : 0), m_object(object)
 {
     addObject();
     if (emitters)
@@ -28,12 +35,15 @@ QtObject2::QtObject2(VXObject2* object, VXObject2Emitters* emitters)
 
 QtObject2::~QtObject2()
 {
-    QtObject2::disconnect();
+    // For a peer whose derived class did not get as far as `endPeer`.
+    m_requests.unbind();
     removeObject();
 }
 
 void QtObject2::endPeer()
 {
+    if (s_goingParent == asQObject())
+        s_goingParent = nullptr;
     disconnect();
     removeObject();
 }
@@ -91,6 +101,11 @@ bool QtObject2::isVXObjectValid() const
     return VXObject::objectById(m_uid) == m_object && m_object;
 }
 
+const void* QtObject2::family() const noexcept
+{
+    return &s_family;
+}
+
 void QtObject2::scheduleDelete()
 {
     disconnect();
@@ -101,9 +116,14 @@ void QtObject2::scheduleDelete()
 void QtObject2::deferDelete()
 {
     QObject* object = asQObject();
-    const QtObject2* parent = peerOf(object->parent());
+    const QObject* parent = object->parent();
+    if (parent && parent == s_goingParent)
+        return;
     // Whoever goes with its parent need not go one by one: that would be quadratic in the parent.
-    if (!parent || !parent->isDeletionScheduled())
+    const QtObject2* peer = peerOf(parent);
+    if (peer && peer->isDeletionScheduled())
+        s_goingParent = parent;
+    else
         object->deleteLater();
 }
 
@@ -115,14 +135,18 @@ void QtObject2::disconnect()
 
 void QtObject2::addObject()
 {
-    if (m_uid != 0)
-        VOXI::addObject(m_uid, this);
+    if (m_uid == 0)
+        return;
+    VOXI::addObject(m_uid, this);
+    m_isRegistered = true;
 }
 
 void QtObject2::removeObject()
 {
+    if (!std::exchange(m_isRegistered, false))
+        return;
     VXObjectDataLocker lock;
-    if (m_uid != 0 && lookup(m_uid) == this)
+    if (lookup(m_uid) == this)
         VOXI::removeObject(m_uid);
 }
 
@@ -144,19 +168,30 @@ VXObject* abstractObjectOf(const QObject* object)
     return peer ? peer->getHandle() : nullptr;
 }
 
+QtObject2* qtPeer(GuiObject* peer) noexcept
+{
+    return peer && peer->family() == &s_family ? static_cast<QtObject2*>(peer) : nullptr;
+}
+
 QObject* qObjectOf(GuiObject* peer) noexcept
 {
-    // Through the peer base, because that is much faster than a cast across the classes.
-    if (const auto* mine = dynamic_cast<QtObject2*>(peer))
-        return mine->asQObject();
-    return dynamic_cast<QObject*>(peer);
+    const QtObject2* mine = qtPeer(peer);
+    return mine ? mine->asQObject() : dynamic_cast<QObject*>(peer);
 }
 
 QWidget* qWidgetOf(GuiObject* peer) noexcept
 {
-    if (const auto* mine = dynamic_cast<QtObject2*>(peer))
-        return mine->asQWidget();
-    return dynamic_cast<QWidget*>(peer);
+    const QtObject2* mine = qtPeer(peer);
+    return mine ? mine->asQWidget() : dynamic_cast<QWidget*>(peer);
+}
+
+bool isWithin(const QWidget* outer, const QWidget* inner) noexcept
+{
+    for (; inner; inner = inner->parentWidget()) {
+        if (inner == outer)
+            return true;
+    }
+    return false;
 }
 
 }  // namespace VOXI

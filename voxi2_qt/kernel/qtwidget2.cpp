@@ -126,22 +126,27 @@ QtWidget2::~QtWidget2()
 void QtWidget2::endPeer()
 {
     QtObject2::endPeer();
-    disableEventBroadcasting();
+    endEventBroadcasting();
 }
 
 void QtWidget2::scheduleDelete()
 {
-    disableEventBroadcasting();
+    endEventBroadcasting();
     QtObject2::scheduleDelete();
 }
 
 void QtWidget2::doSetParent(VXObject* parent)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});   // Qt hides what moves elsewhere
     if (!parent) {
         asQWidget()->setParent(nullptr);
         return;
     }
-    withWidgetOf(parent, [this](QWidget* widget) { asQWidget()->setParent(widget); });
+    withWidgetOf(parent, [this](QWidget* widget) {
+        // Qt's tree is not the owners': what lies inside this widget cannot hold it.
+        if (!isWithin(asQWidget(), widget))
+            asQWidget()->setParent(widget);
+    });
 }
 
 // Showing -----------------------------------------------------------------------------------------
@@ -214,6 +219,7 @@ void QtWidget2::doSetUpdatesEnabled(bool enabled)
 
 void QtWidget2::doAdjustSize()
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->adjustSize();
 }
 
@@ -221,18 +227,22 @@ void QtWidget2::doResize(Size<int> size)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->resize(VX2Qt(size));
+    keepDelayedBack(WidgetEvent::Resize);
 }
 
 void QtWidget2::doSetPosition(VXRect<int> geometry)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
     asQWidget()->setGeometry(VX2Qt(geometry));
+    keepDelayedBack(WidgetEvent::Move);
+    keepDelayedBack(WidgetEvent::Resize);
 }
 
 void QtWidget2::doMoveTo(VXPoint<int> position)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Move});
     asQWidget()->move(VX2Qt(position));
+    keepDelayedBack(WidgetEvent::Move);
 }
 
 VXRect<int> QtWidget2::doGetPosition()
@@ -258,6 +268,7 @@ VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
 
 void QtWidget2::doSetMaximumSize(Size<int> size)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     if (size.width == -1)
         asQWidget()->setMaximumHeight(size.height);
     else if (size.height == -1)
@@ -268,6 +279,7 @@ void QtWidget2::doSetMaximumSize(Size<int> size)
 
 void QtWidget2::doSetMinimumSize(Size<int> size)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     if (size.width == -1)
         asQWidget()->setMinimumHeight(size.height);
     else if (size.height == -1)
@@ -288,6 +300,7 @@ Size<int> QtWidget2::doGetMinimumSize()
 
 void QtWidget2::doSetFixedSize(Size<int> size)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->setFixedSize(VX2Qt(size));
 }
 
@@ -304,6 +317,7 @@ void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
 
 void QtWidget2::doSetContentsMargins(VXRect<int> margins)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->setContentsMargins(toQMargins(margins));
 }
 
@@ -324,6 +338,7 @@ std::string QtWidget2::doSaveGeometry()
 
 void QtWidget2::doRestoreGeometry(const std::string& geometry)
 {
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
     asQWidget()->restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
 }
 
@@ -400,7 +415,7 @@ std::wstring QtWidget2::doGetToolTipU()
 void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha)
 {
     m_highlighted = on;
-    m_highlightColor = QColor(red, green, blue, alpha);
+    m_highlightColor = QColor(red, green, blue, alpha).rgba();
     if (QAbstractScrollArea* area = scrollArea())
         area->viewport()->update();
     asQWidget()->update();
@@ -419,7 +434,7 @@ void QtWidget2::paintHighlight()
     QWidget* surface = area ? area->viewport() : asQWidget();
     QPainter painter(surface);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_highlightColor, penWidth));
+    painter.setPen(QPen(QColor::fromRgba(m_highlightColor), penWidth));
     painter.setBrush(Qt::NoBrush);
     const qreal inset = penWidth / 2;
     painter.drawRoundedRect(QRectF(surface->rect()).adjusted(inset, inset, -inset, -inset), radius,
@@ -545,10 +560,17 @@ unsigned long long QtWidget2::doGetWinId()
 
 void QtWidget2::addWidgetAction(QAction* action)
 {
-    if (action)
-        m_ActionMap[this] = action;
-    else
+    if (!action) {
         m_ActionMap.erase(this);
+        return;
+    }
+    m_ActionMap[this] = action;
+    // The bar or menu may go, and the action with it, while the widget lives on.
+    QObject::connect(action, &QObject::destroyed, asQObject(), [this, action] {
+        const auto found = m_ActionMap.find(this);
+        if (found != m_ActionMap.end() && found->second == action)
+            m_ActionMap.erase(found);
+    });
 }
 
 QAction* QtWidget2::getWidgetAction() const

@@ -4,6 +4,7 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qteventfilter2.h"
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QAbstractScrollArea>
@@ -11,6 +12,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <QWidget>
 
 namespace VOXI {
@@ -25,6 +27,8 @@ void QtWidget2::enableEventBroadcasting()
     QAbstractScrollArea* area = scrollArea();
     m_eventFilter = new QtEventFilter2(*this, widget, area);
     widget->installEventFilter(m_eventFilter);
+    // Touches that nobody consumes still become mouse events.
+    widget->setAttribute(Qt::WA_AcceptTouchEvents);
     if (area) {
         area->viewport()->installEventFilter(m_eventFilter);
         area->viewport()->grabGesture(Qt::PinchGesture);
@@ -43,6 +47,13 @@ void QtWidget2::disableEventBroadcasting()
     }
     asQWidget()->removeEventFilter(m_eventFilter);
     delete std::exchange(m_eventFilter, nullptr);
+}
+
+void QtWidget2::endEventBroadcasting()
+{
+    // Taking the filter out would send events about it; it goes with the widget.
+    if (m_eventFilter)
+        std::exchange(m_eventFilter, nullptr)->silence();
 }
 
 void QtWidget2::enableEventBroadcasting(WidgetEvent event)
@@ -87,7 +98,26 @@ void QtWidget2::disableGestureEvents()
         asQWidget()->ungrabGesture(type);
 }
 
+void QtWidget2::keepDelayedBack(WidgetEvent event)
+{
+    if (!m_eventFilter)
+        return;
+    if (event == WidgetEvent::Move)
+        m_eventFilter->keepPlaceBack();
+    else
+        m_eventFilter->keepSizeBack();
+}
+
 // As if the user had done it ----------------------------------------------------------------------
+
+QWidget* QtWidget2::pointerTarget(QPoint& position) const
+{
+    QAbstractScrollArea* area = scrollArea();
+    if (!area)
+        return asQWidget();
+    position = area->viewport()->mapFrom(area, position);
+    return area->viewport();
+}
 
 void QtWidget2::doimTriggerWidgetEvent(WidgetEvent event)
 {
@@ -108,12 +138,15 @@ void QtWidget2::doimTriggerWidgetEvent(WidgetEvent event)
 
 void QtWidget2::doimTriggerContextMenuEvent(VXPoint<int> local, VXPoint<int> global)
 {
-    QContextMenuEvent event(QContextMenuEvent::Other, VX2Qt(local), VX2Qt(global));
-    QApplication::sendEvent(asQWidget(), &event);
+    QPoint position = VX2Qt(local);
+    QWidget* target = pointerTarget(position);
+    QContextMenuEvent event(QContextMenuEvent::Other, position, VX2Qt(global));
+    QApplication::sendEvent(target, &event);
 }
 
 void QtWidget2::doimTriggerFocusEvent(WidgetEvent event)
 {
+    const QtGlobalFocusBlocker::Suspension suspension;
     if (event == WidgetEvent::FocusIn)
         asQWidget()->setFocus(Qt::OtherFocusReason);
     else if (event == WidgetEvent::FocusOut)
@@ -122,6 +155,9 @@ void QtWidget2::doimTriggerFocusEvent(WidgetEvent event)
 
 void QtWidget2::doimTriggerKeyEvent(WidgetEvent type, const VXKeyEvent2& key)
 {
+    // Qt takes the class of an event from its type.
+    if (type != WidgetEvent::KeyPress && type != WidgetEvent::KeyRelease)
+        return;
     QKeyEvent event(VX2Qt(type), VX2Qt(key.key()), VX2Qt(key.modifiers()), toQString(key.text()),
                     key.isAutoRepeat(), static_cast<quint16>(key.count()));
     QApplication::sendEvent(asQWidget(), &event);
@@ -129,16 +165,29 @@ void QtWidget2::doimTriggerKeyEvent(WidgetEvent type, const VXKeyEvent2& key)
 
 void QtWidget2::doimTriggerMouseEvent(WidgetEvent type, const VXMouseEvent2& mouse)
 {
-    // A scroll area gets its mouse events through the viewport.
-    QWidget* target = asQWidget();
     QPoint position = VX2Qt(mouse.position());
-    if (QAbstractScrollArea* area = scrollArea()) {
-        target = area->viewport();
-        position = target->mapFrom(area, position);
+    QWidget* target = pointerTarget(position);
+    const QPoint global = target->mapToGlobal(position);
+    switch (type) {
+    case WidgetEvent::MousePress:
+    case WidgetEvent::MouseRelease:
+    case WidgetEvent::MouseDoubleClick:
+    case WidgetEvent::MouseMove: {
+        QMouseEvent event(VX2Qt(type), position, global, VX2Qt(mouse.button()),
+                          VX2Qt(mouse.buttons()), VX2Qt(mouse.modifiers()));
+        QApplication::sendEvent(target, &event);
+        break;
     }
-    QMouseEvent event(VX2Qt(type), position, target->mapToGlobal(position), VX2Qt(mouse.button()),
-                      VX2Qt(mouse.buttons()), VX2Qt(mouse.modifiers()));
-    QApplication::sendEvent(target, &event);
+    case WidgetEvent::Wheel: {
+        QWheelEvent event(position, global, QPoint(), VX2Qt(mouse.wheelDelta()),
+                          VX2Qt(mouse.buttons()), VX2Qt(mouse.modifiers()), Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(target, &event);
+        break;
+    }
+    default:
+        break;
+    }
 }
 
 void QtWidget2::doimTriggerMoveEvent(VXPoint<int> position)

@@ -89,7 +89,8 @@ void makeTarget(VXPanel2* target, const Welcome& welcome, const Take& take, cons
             drag.acceptProposed();
         else
             drag.ignore();
-        target->setHighlight(true, good ? GoodColor : BadColor);
+        // A target that refused does not hear when the drag goes away, so it gets no mark.
+        target->setHighlight(good, GoodColor);
         status->m_proposed->setText(text(drag.proposedAction()) + " of "
                                     + text(drag.possibleActions()));
         status->m_accepted->setText(text(drag.acceptedAction()));

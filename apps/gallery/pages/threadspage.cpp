@@ -57,7 +57,7 @@ private:
             const auto waited = duration_cast<microseconds>(steady_clock::now() - asked);
             if (m_number % 250 == 0)
                 m_answer->setText("asked for the text, got " + shown + " after "
-                                  + std::to_string(waited.count()) + " µs");
+                                  + std::to_string(waited.count()) + " microseconds");
         }
         m_running = false;
     }
@@ -110,7 +110,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     VXButton2* click = button(mean.panel, "&Click me", "meanwhile");
     VXText2* clicks = label(mean.panel, "not clicked yet");
     click->clicked().connect(
-        clicks, [clicks, n = 0]() mutable { clicks->setText(std::to_string(++n) + " clicks"); });
+        clicks, [clicks, n = 0]() mutable { clicks->setText("clicks: " + std::to_string(++n)); });
     mean.layout->addWidget(click);
     mean.layout->addWidget(clicks);
     mean.layout->insertSpacer(-1, 0, 1);

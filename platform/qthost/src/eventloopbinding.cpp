@@ -27,8 +27,7 @@ public:
     {
         m_thread->bindWakeUp([this] { QCoreApplication::postEvent(this, new QEvent(wakeUpType())); });
         QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
-        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this,
-                [this] { m_released.emplace(); });
+        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] { sleep(); });
         connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { m_released.reset(); });
     }
 
@@ -63,9 +62,24 @@ private:
 
     void run()
     {
+        if (m_thread->process(TurnBudget))
+            runAgain();
+    }
+
+    void runAgain()
+    {
         // A timer of no length comes after the input and painting that wait already.
-        if (m_thread->process(TurnBudget) && m_timer == 0)
+        if (m_timer == 0)
             m_timer = startTimer(0);
+    }
+
+    void sleep()
+    {
+        // A loop that one call opened must run the calls behind it: it may be one of them that ends
+        // the loop, and none of them rouses it any more.
+        if (m_thread->hasCallsLeft())
+            runAgain();
+        m_released.emplace();
     }
 
     TROV::Thread* m_thread;

@@ -124,7 +124,13 @@ bool Thread::process(std::chrono::nanoseconds budget)
         }
     } while (!left && (m_hasIncoming.load(std::memory_order_acquire) || lingerForMore()));
     setBusy(wasBusy);
-    return left && (m_current.front(chunk) || m_hasIncoming.load(std::memory_order_acquire));
+    return left && (hasCallsLeft() || m_hasIncoming.load(std::memory_order_acquire));
+}
+
+bool Thread::hasCallsLeft() noexcept
+{
+    CallChunk* chunk = nullptr;
+    return m_current.front(chunk) != nullptr;
 }
 
 void Thread::execute(CallRecord* record, CallChunk* chunk)

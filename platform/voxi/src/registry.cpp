@@ -143,6 +143,11 @@ VXObject* GuiObject::getHandle() const
     return nullptr;
 }
 
+const void* GuiObject::family() const noexcept
+{
+    return nullptr;
+}
+
 void GuiObject::scheduleDelete()
 {
     if (!std::exchange(m_deletionScheduled, true))

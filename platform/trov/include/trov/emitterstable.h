@@ -404,6 +404,13 @@ public:
 
     bool isBound() const noexcept { return m_binding != nullptr; }
 
+    /// False if it is bound and nobody has ever listened to any emitter of the object: a quick look
+    /// before it is made sure that the object still lives. On the thread of `bind`.
+    bool mayBeHeard() const noexcept
+    {
+        return !m_binding || m_binding->m_sites.load(std::memory_order_acquire);
+    }
+
 private:
     void bindTable(detail::TableHead& table, Listener* peer,
                    const detail::OperationsHead* operations);

@@ -73,6 +73,10 @@ public:
     /// painting. May be called again from inside a call. Owning thread only.
     bool process(std::chrono::nanoseconds budget = std::chrono::nanoseconds::max());
 
+    /// Whether calls are left that nobody is roused for any more: those that stand behind the call
+    /// which runs right now. A host asks before a nested loop goes to sleep. Owning thread only.
+    bool hasCallsLeft() noexcept;
+
     /// Runs calls as they come until `quit()`. May be called again from inside a call, also while
     /// a wake-up function is bound. Owning thread only.
     void exec();

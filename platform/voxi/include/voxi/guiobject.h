@@ -17,6 +17,10 @@ public:
     /// The abstract object that the peer serves; null when it is gone.
     virtual VXObject* getHandle() const;
 
+    /// An address that the peers of one back end share and no others have, so that the back end
+    /// knows its own without a search through their classes; null for none.
+    virtual const void* family() const noexcept;
+
     /// Has the object deleted once the code that runs now has returned. Twice is as good as once.
     virtual void scheduleDelete();
 

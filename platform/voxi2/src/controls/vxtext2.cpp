@@ -79,4 +79,14 @@ bool VXText2::isSelectable() const
     return m_emitters.isSelectable();
 }
 
+void VXText2::setRichText(bool rich)
+{
+    m_emitters.setRichText(rich);
+}
+
+bool VXText2::isRichText() const
+{
+    return m_emitters.isRichText();
+}
+
 }  // namespace VOXI

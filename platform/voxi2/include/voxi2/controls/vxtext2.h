@@ -18,12 +18,14 @@ struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
     TROV::Request<void(bool)> setWordWrap{*this};
     TROV::Request<void(VXWidget2*)> setBuddy{*this};
     TROV::Request<void(bool)> setSelectable{*this};
+    TROV::Request<void(bool)> setRichText{*this};
     TROV::Request<std::string()> getText{*this};
     TROV::Request<std::wstring()> getTextU{*this};
     TROV::Request<Alignment()> getAlignment{*this};
     TROV::Request<bool()> getWordWrap{*this};
     TROV::Request<VXWidget2*()> getBuddy{*this};
     TROV::Request<bool()> isSelectable{*this};
+    TROV::Request<bool()> isRichText{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -52,6 +54,11 @@ public:
     /// Whether the user may select and copy the text.
     void setSelectable(bool selectable);
     bool isSelectable() const;
+
+    /// Whether markup in the text is shown as what it means; off by default, so that a text from
+    /// elsewhere is shown as it is.
+    void setRichText(bool rich);
+    bool isRichText() const;
 
 private:
     VXText2Emitters m_emitters;

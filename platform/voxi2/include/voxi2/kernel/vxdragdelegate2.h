@@ -27,12 +27,12 @@ public:
     explicit VXDragDelegate2(VXObject2* parent = nullptr);
     ~VXDragDelegate2() override;
 
-    /// A drag comes over the widget. Without an acceptance nothing more is heard of it until it
-    /// leaves.
+    /// A drag comes over the widget. Without an acceptance nothing more is heard of it, not even
+    /// that it left.
     TROV::Signal<void(const VXDragEvent2&)> entered() const { return m_emitters.entered.signal(); }
     /// The drag moves over the widget. Without an answer the last one counts.
     TROV::Signal<void(const VXDragEvent2&)> moved() const { return m_emitters.moved.signal(); }
-    /// The drag left the widget or was given up.
+    /// An accepted drag left the widget or was given up.
     TROV::Signal<void(const VXDragEvent2&)> left() const { return m_emitters.left.signal(); }
     /// The data was dropped; the accepted action is what the source learns.
     TROV::Signal<void(const VXDragEvent2&)> dropped() const { return m_emitters.dropped.signal(); }

@@ -120,7 +120,10 @@ public:
     void imitateContextMenu(const VXPoint<int>& local, const VXPoint<int>& global);
     /// Focus in or focus out; other events do nothing.
     void imitateFocus(WidgetEvent event);
+    /// Key press or key release; other events do nothing.
     void imitateKey(WidgetEvent event, const VXKeyEvent2& key);
+    /// Press, release, double click, move or wheel; other events do nothing. The position on the
+    /// screen follows from the one in the widget.
     void imitateMouse(WidgetEvent event, const VXMouseEvent2& mouse);
     void imitateMove(const VXPoint<int>& position);
     void imitateResize(const Size<int>& size);

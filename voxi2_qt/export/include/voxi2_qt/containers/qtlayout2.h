@@ -6,6 +6,7 @@
 
 QT_BEGIN_NAMESPACE
 class QLayout;
+class QWidget;
 QT_END_NAMESPACE
 
 namespace VOXI {
@@ -35,6 +36,9 @@ protected:
     QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters);
 
     QLayout* layout() const noexcept;
+
+    /// Whether the widget can be laid out: null cannot, nor one that the layout itself lies in.
+    bool canHold(const QWidget* child) const;
 };
 
 }  // namespace VOXI

@@ -32,6 +32,8 @@ public:
     bool supportsGlobalFocusBlocker() const override { return m_supportsFocusBlocker; }
 
 private:
+    void keepHidden(QWidget* widget);
+
     bool m_supportsFocusBlocker = true;
 };
 

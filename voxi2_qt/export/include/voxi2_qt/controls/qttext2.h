@@ -22,12 +22,14 @@ public:
     virtual void doSetWordWrap(bool wrap);
     virtual void doSetBuddy(VXWidget2* buddy);
     virtual void doSetSelectable(bool selectable);
+    virtual void doSetRichText(bool rich);
     virtual std::string doGetText();
     virtual std::wstring doGetTextU();
     virtual Alignment doGetAlignment();
     virtual bool doGetWordWrap();
     virtual VXWidget2* doGetBuddy();
     virtual bool doIsSelectable();
+    virtual bool doIsRichText();
 };
 
 }  // namespace VOXI

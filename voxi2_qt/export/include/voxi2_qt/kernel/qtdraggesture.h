@@ -17,7 +17,7 @@ class QtWidget2;
 class VOXI2_QT_EXPORT QtDragGesture {
 public:
     /// Remembers the first left-button press.
-    void press(const QtWidget2& widget, const QMouseEvent& event);
+    void press(const QMouseEvent& event);
     /// Reports the drag when the pointer has gone far enough. The handlers may destroy the widget's
     /// object.
     void move(QtWidget2& widget, const QMouseEvent& event);
@@ -25,7 +25,6 @@ public:
 
 private:
     bool m_pressed = false;
-    QPoint m_localPosition;
     QPoint m_globalPosition;
     QPoint m_deliveredPosition;
 };

@@ -4,9 +4,12 @@
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QObject>
+#include <QPoint>
+#include <QSize>
 
 #include <bitset>
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QAbstractScrollArea;
@@ -33,8 +36,16 @@ public:
     void setConsumed(WidgetEvent event, bool on) { m_consumed.set(bit(event), on); }
     bool isConsumed(WidgetEvent event) const { return m_consumed.test(bit(event)); }
 
+    /// Passes nothing on from now on: for a widget that goes, and takes the filter with it.
+    void silence();
+
     /// Made for the first event that needs it.
     EventThrottler& throttler();
+
+    /// Keeps the report of the widget's present place, or size, back if Qt delays it: it tells a
+    /// hidden widget of them when it is shown.
+    void keepPlaceBack();
+    void keepSizeBack();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -42,6 +53,16 @@ protected:
 private:
     static std::size_t bit(WidgetEvent event) { return static_cast<std::size_t>(event); }
 
+    /// What few widgets need.
+    struct Extras {
+        ~Extras();
+        std::unique_ptr<EventThrottler> m_throttler;
+        std::optional<QPoint> m_placeKeptBack;
+        std::optional<QSize> m_sizeKeptBack;
+    };
+
+    Extras& extras();
+    bool isKeptBack(WidgetEvent type, const QEvent& event);
     bool isSeenTwice(const QObject* watched, const QEvent& event) const;
     void pass(WidgetEvent type, QObject* watched, QEvent* event);
 
@@ -49,7 +70,7 @@ private:
     QAbstractScrollArea* m_area;
     std::bitset<WidgetEventCount> m_broadcast;
     std::bitset<WidgetEventCount> m_consumed;
-    std::unique_ptr<EventThrottler> m_throttler;
+    std::unique_ptr<Extras> m_extras;
 };
 
 }  // namespace VOXI

@@ -15,7 +15,7 @@ class VXWidget2;
 ///
 /// A posted event is delivered at the next turn of the event loop; until then later ones of its kind
 /// are dropped. A kind is free again as soon as its event was delivered, whatever its handlers did,
-/// or could not be sent at all.
+/// or was dropped undelivered.
 class VOXI2_QT_EXPORT EventThrottler final : public EventThrottlerBase, public TROV::Listener {
 public:
     explicit EventThrottler(VXWidget2* widget);
@@ -49,7 +49,7 @@ private:
     Emitter<VXResizeEvent2> m_resize;
     Emitter<VXDragEvent2> m_drag;
     Emitter<VXKeyEvent2> m_key;
-    std::shared_ptr<unsigned> m_pending;   // outlives the throttler while an event is delivered
+    std::shared_ptr<unsigned> m_pending;   // outlives the throttler while an event is on its way
 };
 
 /// Makes the throttlers above.

@@ -25,11 +25,20 @@ class VOXI2_QT_EXPORT QtGlobalFocusBlocker : public QObject {
 public:
     static QtGlobalFocusBlocker& instance();
 
-    /// Registers the window, unless it is registered already, is null, or does not want it (a
-    /// `QtWindow2` can say so). It is released by itself.
+    /// Registers the window, unless it is null or does not want it (a `QtWindow2` can say so); of a
+    /// registered one the time begins anew. It is released by itself.
     void registerWindow(QWidget* window);
 
     bool isRegistered(const QWidget* window) const;
+
+    /// While one lives nothing is kept back: what happens now counts as the user's doing.
+    class Suspension {
+    public:
+        Suspension() { ++instance().m_suspensions; }
+        ~Suspension() { --instance().m_suspensions; }
+        Suspension(const Suspension&) = delete;
+        Suspension& operator=(const Suspension&) = delete;
+    };
 
     /// Whether the report of this event on that widget is to be kept back.
     bool blocks(const QWidget* widget, const QFocusEvent& event) const;
@@ -42,6 +51,7 @@ private:
     struct Entry {
         QPointer<QWidget> m_window;
         int m_timer = 0;
+        bool m_isLastTurn = false;   // released when the timer runs out; else it has one turn more
     };
 
     QtGlobalFocusBlocker() = default;
@@ -49,6 +59,7 @@ private:
     void releaseWindow(const QObject* window);
 
     std::unordered_map<const QObject*, Entry> m_windows;
+    int m_suspensions = 0;
 };
 
 }  // namespace VOXI

@@ -44,6 +44,7 @@ public:
     void doDestroy();
 
     VXObject* getHandle() const override;
+    const void* family() const noexcept override;
     void scheduleDelete() override;
 
     /// Ends all connections and the service of the abstract object's requests.
@@ -53,6 +54,9 @@ public:
 
     /// Whether the abstract object is alive; hold `VXObject::m_lock` to rely on it.
     bool isVXObjectValid() const;
+
+    /// False while nobody has ever listened to the abstract object: a quick look that needs no lock.
+    bool mayBeHeard() const noexcept { return m_requests.mayBeHeard(); }
 
     /// The Qt object that this peer is. Null in the constructor and destructor of the peer's bases.
     virtual QObject* asQObject() const noexcept = 0;
@@ -76,8 +80,10 @@ protected:
     template <class E, class... Arguments>
     void report(const TROV::Event<void(const E&)>& event, Arguments&&... arguments) const
     {
+        if (isDeletionScheduled() || !mayBeHeard())
+            return;
         VXObjectDataLocker lock;
-        if (isVXObjectValid() && event.isHeard())
+        if (!isDeletionScheduled() && isVXObjectValid() && event.isHeard())
             event(E(std::forward<Arguments>(arguments)...));
     }
 
@@ -98,8 +104,9 @@ private:
     void addObject();
     void removeObject();
 
-    VXObject2* m_object;
+    bool m_isRegistered = false; // both in the room that the base leaves
     unsigned m_uid;
+    VXObject2* m_object;
     TROV::RequestBinding m_requests;
 };
 
@@ -109,9 +116,16 @@ VOXI2_QT_EXPORT QtObject2* peerOf(const QObject* object) noexcept;
 /// The live abstract object behind a Qt object, or null.
 VOXI2_QT_EXPORT VXObject* abstractObjectOf(const QObject* object);
 
+/// A peer found in the registry as one of this back end; null for null or another one's.
+VOXI2_QT_EXPORT QtObject2* qtPeer(GuiObject* peer) noexcept;
+
 /// The Qt object or widget of a peer found in the registry; null for null or another kind.
 VOXI2_QT_EXPORT QObject* qObjectOf(GuiObject* peer) noexcept;
 VOXI2_QT_EXPORT QWidget* qWidgetOf(GuiObject* peer) noexcept;
+
+/// Whether `inner` is `outer` or lies inside it; then it cannot hold it. Unlike Qt's own test, also
+/// across windows.
+VOXI2_QT_EXPORT bool isWithin(const QWidget* outer, const QWidget* inner) noexcept;
 
 /// Calls `function` with the peer of `object` as a `Peer*`, null if it is of another kind, under the
 /// object lock; does nothing when `object` is dead or null.

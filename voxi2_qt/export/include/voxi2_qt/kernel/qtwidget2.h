@@ -154,15 +154,19 @@ protected:
 private:
     template <class Function>
     void passToDelegate(Function&& function);
+    void keepDelayedBack(WidgetEvent event);
+    void endEventBroadcasting();
     QAbstractScrollArea* scrollArea() const noexcept;
+    /// Who gets the pointer's events, a scroll area through its viewport; `position` becomes its.
+    QWidget* pointerTarget(QPoint& position) const;
 
     static std::map<QtWidget2*, QAction*> m_ActionMap;
 
-    QColor m_highlightColor;
-    bool m_highlighted = false;
-    unsigned m_dragDelegateId = 0;
-    QtEventFilter2* m_eventFilter = nullptr;
     VXWidget2Emitters* m_emitters;
+    QtEventFilter2* m_eventFilter = nullptr;
+    unsigned m_dragDelegateId = 0;
+    QRgb m_highlightColor = 0;
+    bool m_highlighted = false;
 };
 
 }  // namespace VOXI

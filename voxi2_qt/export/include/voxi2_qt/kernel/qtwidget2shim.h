@@ -36,7 +36,7 @@ protected:
 
     void mousePressEvent(QMouseEvent* event) override
     {
-        m_dragGesture.press(*this, *event);
+        m_dragGesture.press(*event);
         Q::mousePressEvent(event);
     }
 

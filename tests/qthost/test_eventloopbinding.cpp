@@ -1,0 +1,275 @@
+#include "qthost/eventloopbinding.h"
+#include "support/waitfor.h"
+#include "support/watchdog.h"
+#include "trov/thread.h"
+#include "voxi/vxobject.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace VOXI {
+namespace {
+
+/// Counts the house events that the application delivers, and can keep them from their receivers.
+class HouseEvents : public QObject
+{
+public:
+    HouseEvents() { qApp->installEventFilter(this); }
+
+    int m_count = 0;
+    bool m_swallow = false;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() < QEvent::User)
+            return false;
+        ++m_count;
+        return m_swallow;
+    }
+};
+
+/// Ends a nested loop that nothing else ended, and the test with it.
+class Rescue
+{
+public:
+    template <class Loop>
+    explicit Rescue(Loop* loop)
+    {
+        m_timer.setSingleShot(true);
+        QObject::connect(&m_timer, &QTimer::timeout, loop, [loop] {
+            ADD_FAILURE() << "nobody ended the nested loop";
+            if constexpr (std::is_base_of_v<QDialog, Loop>)
+                loop->reject();
+            else
+                loop->quit();
+        });
+        m_timer.start(10000);
+    }
+
+private:
+    QTimer m_timer;
+};
+
+class EventLoopBindingTest : public testing::Test
+{
+protected:
+    TROV::Thread* const m_gui = TROV::Thread::getCurrentThread();
+    std::optional<EventLoopBinding> m_binding{std::in_place};
+
+private:
+    Watchdog m_watchdog{std::chrono::seconds(50),
+                        testing::UnitTest::GetInstance()->current_test_info()->name()};
+};
+
+TEST_F(EventLoopBindingTest, callsOfOtherThreadsRunInTheLoopInTheirOrder)
+{
+    std::vector<int> order;
+    std::thread worker([&] {
+        for (int i = 0; i < 1000; ++i) {
+            m_gui->post([&, i] {
+                EXPECT_EQ(TROV::Thread::getCurrentThread(), m_gui);
+                order.push_back(i);
+            });
+        }
+    });
+    EXPECT_TRUE(waitFor([&] { return order.size() == 1000; }));
+    worker.join();
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST_F(EventLoopBindingTest, aBurstCostsOneWakeUp)
+{
+    int run = 0;
+    QCoreApplication::processEvents();
+    HouseEvents events;
+    for (int burst = 1; burst <= 3; ++burst) {
+        std::thread([&] {
+            for (int i = 0; i < 1000; ++i)
+                m_gui->post([&] { ++run; });
+        }).join();
+        EXPECT_TRUE(waitFor([&] { return run == 1000 * burst; }));
+        EXPECT_EQ(events.m_count, burst);
+    }
+}
+
+TEST_F(EventLoopBindingTest, aFloodDoesNotStarvePaintingTimersAndEvents)
+{
+    class Painted : public QWidget
+    {
+    public:
+        int m_paints = 0;
+
+    protected:
+        void paintEvent(QPaintEvent*) override { ++m_paints; }
+    } widget;
+    widget.show();
+    ASSERT_TRUE(waitFor([&] { return widget.m_paints > 0; }));
+
+    constexpr int Calls = 100000;
+    int run = 0;
+    std::thread([&] {
+        for (int i = 0; i < Calls; ++i) {
+            m_gui->post([&] {
+                // Real work: a call that shows something takes about that long.
+                QElapsedTimer clock;
+                clock.start();
+                while (clock.nsecsElapsed() < 5000) {
+                }
+                ++run;
+            });
+        }
+    }).join();
+
+    struct Ticks
+    {
+        QTimer m_timer;
+        int m_count = 0;
+        explicit Ticks(int interval, const int& callsRun, QWidget* painted = nullptr)
+        {
+            QObject::connect(&m_timer, &QTimer::timeout, [this, &callsRun, painted] {
+                if (callsRun == Calls)
+                    return;
+                ++m_count;
+                if (painted)
+                    painted->update();
+            });
+            m_timer.start(interval);
+        }
+    };
+    Ticks idle(0, run, &widget);
+    Ticks regular(20, run);
+    const int paintsBefore = widget.m_paints;
+    bool posted = false;
+    QMetaObject::invokeMethod(
+        &widget, [&] { posted = run < Calls; }, Qt::QueuedConnection);
+    ASSERT_TRUE(waitFor([&] { return run == Calls; }, std::chrono::seconds(40)));
+    // The flood is half a second of work at least, which is some sixty turns.
+    EXPECT_GE(idle.m_count, 10);
+    EXPECT_GE(regular.m_count, 5);
+    EXPECT_GE(widget.m_paints - paintsBefore, 10);
+    EXPECT_TRUE(posted);
+}
+
+TEST_F(EventLoopBindingTest, nestedLoopsRunWhatCameInTheSameBurst)
+{
+    // The first call opens a loop that only the second one ends: it waits already by then.
+    bool nested = false;
+    std::thread([&] {
+        auto loop = std::make_shared<QEventLoop*>(nullptr);
+        m_gui->post([&, loop] {
+            QEventLoop inner;
+            *loop = &inner;
+            const Rescue rescue(&inner);
+            inner.exec();
+            nested = true;
+        });
+        m_gui->post([loop] { (*loop)->quit(); });
+    }).join();
+    EXPECT_TRUE(waitFor([&] { return nested; }, std::chrono::seconds(20)));
+}
+
+TEST_F(EventLoopBindingTest, modalDialogsOpenedByACallGoOnDelivering)
+{
+    QDialog dialog;
+    const Rescue rescue(&dialog);
+    int answered = 0;
+    std::optional<int> result;
+    std::thread worker([&] {
+        m_gui->post([&] { result = dialog.exec(); });
+        for (int i = 0; i < 100; ++i) {
+            answered += m_gui->callAndWait<int>(
+                nullptr, nullptr, [] { return true; }, [&] { return dialog.isVisible() ? 1 : 0; });
+        }
+        m_gui->post([&] { dialog.accept(); });
+    });
+    EXPECT_TRUE(waitFor([&] { return result.has_value(); }, std::chrono::seconds(20)));
+    worker.join();
+    EXPECT_EQ(result, QDialog::Accepted);
+    EXPECT_EQ(answered, 100);
+}
+
+TEST_F(EventLoopBindingTest, theObjectLockIsFreeWhileANestedLoopSleeps)
+{
+    const VXObjectDataLocker outer;
+    std::thread worker;
+    {
+        const VXObjectDataLocker inner;
+        QEventLoop loop;
+        const Rescue rescue(&loop);
+        worker = std::thread([&] {
+            const VXObjectDataLocker mine;
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        loop.exec();
+    }
+    EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
+    worker.join();
+}
+
+TEST_F(EventLoopBindingTest, itsEndReleasesWhoeverWaits)
+{
+    HouseEvents events;
+    events.m_swallow = true;
+    int answer = 1;
+    bool ran = false;
+    std::thread worker([&] {
+        answer = m_gui->callAndWait<int>(
+            nullptr, nullptr, [] { return true; },
+            [&] {
+                ran = true;
+                return 2;
+            });
+    });
+    // The loop was roused: the question is in the queue.
+    ASSERT_TRUE(waitFor([&] { return events.m_count == 1; }));
+    m_binding.reset();
+    worker.join();
+    EXPECT_EQ(answer, 0);
+    EXPECT_FALSE(ran);
+
+    // Later calls are dropped, until there is a loop again.
+    EXPECT_FALSE(m_gui->isAccepting());
+    events.m_swallow = false;
+    m_binding.emplace();
+    std::thread([&] { m_gui->post([&] { ran = true; }); }).join();
+    EXPECT_TRUE(waitFor([&] { return ran; }));
+}
+
+TEST_F(EventLoopBindingTest, whatCallsThrowDoesNotPassThroughTheLoop)
+{
+    std::atomic<int> reported{0};
+    TROV::Thread::setExceptionHandler([&](std::exception_ptr) { ++reported; });
+    bool after = false;
+    std::string caught;
+    std::thread worker([&] {
+        m_gui->post([] { throw std::runtime_error("queued"); });
+        try {
+            m_gui->callAndWait<void>(
+                nullptr, nullptr, [] { return true; }, [] { throw std::runtime_error("asked"); });
+        } catch (const std::runtime_error& error) {
+            caught = error.what();
+        }
+        m_gui->post([&] { after = true; });
+    });
+    EXPECT_TRUE(waitFor([&] { return after; }));
+    worker.join();
+    EXPECT_EQ(reported, 1);
+    EXPECT_EQ(caught, "asked");
+    TROV::Thread::setExceptionHandler({});
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,66 @@
+#include "qthost/qthost.h"
+#include "support/watchdog.h"
+#include "voxi/guiobject.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/vxfactory2.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <thread>
+
+namespace VOXI {
+namespace {
+
+// One test, because the toolkit comes up once in a process.
+TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
+{
+    const Watchdog watchdog(std::chrono::seconds(50), "host");
+    EXPECT_THROW(QtHost("libno_such_back_end.so"), std::runtime_error);
+    EXPECT_THROW(QtHost("libvoxi2.so"), std::runtime_error);
+    EXPECT_EQ(VXFactory2::current(), nullptr);
+
+    VXText2* survivor = nullptr;
+    {
+        QtHost host;
+        ASSERT_NE(VXFactory2::current(), nullptr);
+        VXWindow2 window;
+        window.resize({120, 80});
+        survivor = new VXText2;
+        survivor->setText("alive");
+        EXPECT_EQ(survivor->text(), "alive");
+
+        const QTemporaryDir folder;
+        const std::string file = folder.filePath(QStringLiteral("window.png")).toStdString();
+        window.show();
+        EXPECT_TRUE(host.saveScreenshot(window, file));
+        const QImage picture(QString::fromStdString(file));
+        EXPECT_EQ(picture.size() / picture.devicePixelRatio(), QSize(120, 80));
+        EXPECT_FALSE(host.saveScreenshot(window, folder.path().toStdString() + "/no/folder.png"));
+        EXPECT_FALSE(host.saveScreenshot(VXBoxLayout2(), file));
+
+        std::thread worker;
+        QTimer::singleShot(0, qApp, [&] {
+            worker = std::thread([&] {
+                survivor->setText("from a worker");
+                QtHost::quit(7);
+            });
+        });
+        EXPECT_EQ(host.exec(), 7);
+        worker.join();
+        EXPECT_EQ(survivor->text(), "from a worker");
+    }
+    EXPECT_EQ(VXFactory2::current(), nullptr);
+    EXPECT_EQ(lookup(survivor), nullptr);
+    survivor->setText("nobody sees it");
+    EXPECT_EQ(survivor->text(), "");
+    delete survivor;
+}
+
+} // namespace
+} // namespace VOXI

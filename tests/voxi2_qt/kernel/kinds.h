@@ -1,0 +1,58 @@
+#pragma once
+
+#include "toolkit.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/vxdragdelegate2.h"
+
+#include <QAccessible>
+#include <QBoxLayout>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+
+#include <ostream>
+
+namespace VOXI {
+
+/// A kind of object that the back end has a peer for, as the contract tests see it.
+struct Kind
+{
+    const char* m_name;
+    VXObject2* (*m_make)(VXObject2* parent);
+    const QMetaObject* m_qtClass;
+    QAccessible::Role m_role; ///< NoRole for what is no widget
+    const TROV::EmitterBase& (*m_request)(VXFactory2& factory);
+
+    friend std::ostream& operator<<(std::ostream& out, const Kind& kind)
+    {
+        return out << kind.m_name;
+    }
+};
+
+template <class Object, class Q, auto Request>
+Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
+{
+    return {name, [](VXObject2* parent) -> VXObject2* { return new Object(parent); },
+            &Q::staticMetaObject, role,
+            [](VXFactory2& factory) -> const TROV::EmitterBase& { return factory.*Request; }};
+}
+
+/// All of them; a new kind is one line here.
+inline std::vector<Kind> allKinds()
+{
+    using F = VXFactory2;
+    return {
+        kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
+        kind<VXButton2, QPushButton, &F::createButton2>("Button", QAccessible::Button),
+        kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
+        kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
+        kind<VXText2, QLabel, &F::createText2>("Text", QAccessible::StaticText),
+        kind<VXWindow2, QMainWindow, &F::createWindow2>("Window", QAccessible::Window),
+    };
+}
+
+} // namespace VOXI

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "toolkit.h"
+#include "trov/emitterstable.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+
+#include <QAbstractScrollArea>
+#include <QEvent>
+
+#include <algorithm>
+#include <vector>
+
+namespace VOXI {
+
+/// A kind of widget that the tests add themselves, as other libraries may: its one request of its
+/// own is answered with the double. Its widget notes the events that it gets to see.
+struct VXProbe2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<int(int)> twice{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+class VXProbe2 : public VXWidget2
+{
+public:
+    enum Kind { Plain, ScrollArea };
+
+    explicit VXProbe2(VXObject2* parent = nullptr, Kind kind = Plain);
+    ~VXProbe2() override;
+
+    int twice(int number) const { return m_emitters.twice(number); }
+
+private:
+    VXProbe2Emitters m_emitters;
+};
+
+/// The peer of the probe.
+template <class Q>
+class QtProbe2 : public QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>
+{
+public:
+    QtProbe2(VXProbe2* object, VXProbe2Emitters* emitters, QWidget* parent)
+        : QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>(object, emitters, parent)
+    {
+        this->enableEventBroadcasting();
+        this->bindRequests(emitters, requests());
+    }
+
+    int doTwice(int number) { return 2 * number; }
+
+    bool saw(QEvent::Type type) const
+    {
+        return std::find(m_seen.begin(), m_seen.end(), type) != m_seen.end();
+    }
+    void forget() { m_seen.clear(); }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        m_seen.push_back(event->type());
+        return Q::event(event);
+    }
+
+    std::vector<QEvent::Type> m_seen;
+
+private:
+    static const auto& requests()
+    {
+        static const auto table = TROV::operations<VXProbe2Emitters>(
+            TROV::row<&VXProbe2Emitters::twice, &QtProbe2::doTwice>());
+        return table;
+    }
+};
+
+using QtPlainProbe2 = QtProbe2<QWidget>;
+
+/// Of a scroll area it notes what comes through the viewport as well.
+class QtAreaProbe2 : public QtProbe2<QAbstractScrollArea>
+{
+public:
+    using QtProbe2<QAbstractScrollArea>::QtProbe2;
+
+protected:
+    bool viewportEvent(QEvent* event) override
+    {
+        m_seen.push_back(event->type());
+        return QtProbe2<QAbstractScrollArea>::viewportEvent(event);
+    }
+};
+
+inline QtPlainProbe2& plain(const VXProbe2& probe)
+{
+    return dynamic_cast<QtPlainProbe2&>(*lookup(&probe));
+}
+
+inline QtAreaProbe2& area(const VXProbe2& probe)
+{
+    return dynamic_cast<QtAreaProbe2&>(*lookup(&probe));
+}
+
+} // namespace VOXI

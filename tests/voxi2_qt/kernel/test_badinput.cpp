@@ -1,0 +1,192 @@
+// What nobody should pass, and what comes of it.
+
+#include "toolkit.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/vxdragdelegate2.h"
+#include "voxi2/kernel/vxdragmanager2.h"
+
+#include <QLabel>
+#include <QLayout>
+#include <QMainWindow>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace VOXI {
+namespace {
+
+/// The address of an object that has gone.
+template <class T>
+T* dead()
+{
+    auto object = std::make_unique<T>();
+    T* const address = object.get();
+    object.reset();
+    runDeletions();
+    // Something else may live there by now, but no abstract object.
+    return VXObject::isObjectValid(address) ? nullptr : address;
+}
+
+TEST(BadInput, nullAndDeadObjectsAreIgnored)
+{
+    VXWindow2 window;
+    auto* panel = new VXPanel2(&window);
+    auto* text = new VXText2(panel);
+    auto* layout = new VXBoxLayout2(panel);
+    auto* buddy = new VXButton2(panel);
+    layout->addWidget(text);
+    text->setBuddy(buddy);
+    text->setFocusProxy(buddy);
+    window.setCentralWidget(panel);
+
+    auto* const gone = dead<VXButton2>();
+    ASSERT_NE(gone, nullptr);
+    layout->addWidget(gone);
+    layout->addWidget(gone, 1);
+    layout->insertWidget(gone, 0);
+    layout->removeWidget(gone);
+    layout->setStretchFactor(gone, 2);
+    layout->setParent(gone);
+    text->setBuddy(gone);
+    text->setFocusProxy(gone);
+    text->setParent(gone);
+    text->setDragDelegate(dead<VXDragDelegate2>());
+    window.setCentralWidget(gone);
+    EXPECT_EQ(text->buddy(), buddy);
+    EXPECT_EQ(text->focusProxy(), buddy);
+    EXPECT_EQ(text->parent(), panel);
+    EXPECT_EQ(text->dragDelegate(), nullptr);
+    EXPECT_EQ(window.centralWidget(), panel);
+    EXPECT_EQ(qt(*panel)->layout()->count(), 1);
+
+    layout->addWidget(nullptr);
+    layout->insertWidget(nullptr, 7, -1);
+    layout->removeWidget(nullptr);
+    layout->setStretchFactor(nullptr, 1);
+    EXPECT_EQ(qt(*panel)->layout()->count(), 1);
+    text->setBuddy(nullptr);
+    text->setFocusProxy(nullptr);
+    text->setDragDelegate(nullptr);
+    EXPECT_EQ(text->buddy(), nullptr);
+    EXPECT_EQ(text->focusProxy(), nullptr);
+    window.setCentralWidget(nullptr);
+    EXPECT_EQ(window.centralWidget(), nullptr);
+    EXPECT_NE(lookup(panel), nullptr);
+    VXDragManager2::instance()->startDrag(VXDrag2());
+    EXPECT_FALSE(VXDragManager2::instance()->isDragging());
+}
+
+TEST(BadInput, objectsOfTheWrongKindAreIgnored)
+{
+    VXPanel2 panel;
+    auto* layout = new VXBoxLayout2(&panel);
+    auto* other = new VXBoxLayout2(&panel);
+    auto* button = new VXButton2(&panel);
+    // Neither is a widget; the panel cannot lie inside itself.
+    layout->addWidget(other);
+    layout->addWidget(new VXDragDelegate2(&panel));
+    layout->addWidget(&panel);
+    layout->addWidget(&panel, 1);
+    EXPECT_EQ(qt(panel)->layout()->count(), 0);
+    other->addWidget(&panel);
+    other->setParent(&panel);
+    layout->addWidget(button);
+    layout->insertWidget(button, 99, -3);
+    layout->insertWidget(button, -99);
+    EXPECT_EQ(qt(panel)->layout()->indexOf(qt(*button)), 0);
+    layout->setMargins(VXRect<int>::margins(-1, -1, -1, -1));
+    layout->setSpacing(-7);
+    layout->insertSpacer(50, -1, 0);
+}
+
+TEST(BadInput, nothingComesToLieInsideItself)
+{
+    // Owned by nobody, so that only the widgets' own tree forbids it.
+    VXWindow2 window;
+    VXPanel2 outer;
+    VXPanel2 inner;
+    VXBoxLayout2 layout;
+    layout.setParent(&outer);
+    layout.addWidget(&inner);
+    window.setCentralWidget(&outer);
+    ASSERT_EQ(inner.peerParent(), &outer);
+    inner.setParent(nullptr);
+    outer.setParent(nullptr);
+    layout.addWidget(&inner);
+    outer.setParent(&inner);
+    EXPECT_EQ(qt(outer)->parentWidget(), nullptr);
+    VXWindow2 below(&outer);
+    below.setCentralWidget(&outer);
+    below.setCentralWidget(&below);
+    EXPECT_EQ(below.centralWidget(), nullptr);
+    outer.setParent(nullptr);
+}
+
+TEST(BadInput, numbersOutOfRangeHaveADefinedEffect)
+{
+    VXPanel2 panel;
+    auto* text = new VXText2(&panel);
+    EXPECT_THROW(text->setEventConsumed(static_cast<WidgetEvent>(26), true), std::out_of_range);
+    EXPECT_THROW(static_cast<void>(text->isEventConsumed(static_cast<WidgetEvent>(99))),
+                 std::out_of_range);
+    text->imitate(static_cast<WidgetEvent>(77));
+    text->imitateFocus(static_cast<WidgetEvent>(77));
+    text->setColor(static_cast<ColorRole>(9), Color());
+    text->setFocusPolicy(static_cast<FocusPolicy>(1234));
+    text->setSizePolicy(static_cast<Policy>(-3), static_cast<Policy>(200));
+    text->setCursor(Cursor(static_cast<CursorShape::Standard>(-4)));
+    text->setAlignment(static_cast<AlignmentFlag>(0xffffffffu));
+    text->restoreGeometry("*** no base64 ***");
+    text->restoreGeometry(std::string("\0\xff\x80", 3));
+    text->resize({-5, -5});
+    EXPECT_GE(text->position().width, 0);
+    EXPECT_NE(lookup(text), nullptr);
+}
+
+TEST(BadInput, narrowTextsCrossByteByByte)
+{
+    VXButton2 button;
+    VXText2 text;
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    button.setLabel(all);
+    EXPECT_EQ(button.label(), all);
+    EXPECT_EQ(static_cast<QPushButton*>(qt(button))->text().size(), 256);
+    text.setText(all);
+    EXPECT_EQ(text.text(), all);
+    text.setToolTip(all);
+    EXPECT_EQ(text.toolTip(), all);
+    text.setObjectName(all);
+    EXPECT_EQ(text.objectName(), all);
+    // What is no UTF-8 is nothing special.
+    text.setText("\xff\xfe\xc3");
+    EXPECT_EQ(text.textU(), L"\xff\xfe\xc3");
+}
+
+TEST(BadInput, wideTextsKeepWhatNarrowOnesCannotSay)
+{
+    VXText2 text;
+    const std::wstring wide(L"a\0\u20ac\U0001F600z", 5);
+    text.setText(wide);
+    EXPECT_EQ(text.textU(), wide);
+    EXPECT_EQ(text.text(), std::string("a\0?\?\?z", 6));
+    text.setText(std::u16string_view(u"\xd800 alone"));
+    EXPECT_EQ(text.textU().substr(1), L" alone");
+    text.setText(std::wstring(1, static_cast<wchar_t>(0x7fffffff)));
+    EXPECT_FALSE(text.textU().empty());
+    text.setText(std::wstring());
+    EXPECT_EQ(text.text(), "");
+    text.setText(std::string(1000000, 'x'));
+    EXPECT_EQ(text.text().size(), 1000000u);
+}
+
+} // namespace
+} // namespace VOXI

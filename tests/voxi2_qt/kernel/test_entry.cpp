@@ -1,0 +1,228 @@
+// The library as a host finds it: loaded by name, without its headers. What is brought up once in a
+// process is tested in processes of its own.
+
+#include "jhost_services/raisewindow.h"
+#include "qthost/eventloopbinding.h"
+#include "support/waitfor.h"
+#include "support/watchdog.h"
+#include "voxi/guiobject.h"
+#include "voxi/vxbridge.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/customcursorregistry.h"
+#include "voxi2/kernel/eventthrottler.h"
+#include "voxi2/kernel/vxdragmanager2.h"
+#include "voxi2/kernel/vxfactory2.h"
+#include "voxi_util/textencoding.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <thread>
+
+namespace VOXI {
+namespace {
+
+void* find(const char* name)
+{
+    void* const library = dlopen("libvoxi2_qt.so", RTLD_NOW | RTLD_GLOBAL);
+    if (!library)
+        ADD_FAILURE() << dlerror();
+    return library ? dlsym(library, name) : nullptr;
+}
+
+void call(const char* function)
+{
+    reinterpret_cast<void (*)()>(find(function))();
+}
+
+void initialize()
+{
+    call("initialize_voxi2_qt");
+}
+
+void terminate()
+{
+    call("terminate_voxi2_qt");
+}
+
+template <class Q>
+Q* qt(const VXObject& object)
+{
+    return dynamic_cast<Q*>(lookup(&object));
+}
+
+/// Runs `body` in a process of its own; what fails there fails here.
+class EntryTest : public testing::Test
+{
+protected:
+    static void inOwnProcess(const std::function<void()>& body)
+    {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        const auto run = [&] {
+            const Watchdog watchdog(std::chrono::seconds(50), "own process");
+            body();
+            std::fflush(nullptr);
+            std::_Exit(testing::Test::HasFailure() ? 1 : 0);
+        };
+        EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
+    }
+};
+
+TEST_F(EntryTest, fourNamesAreFoundUnmangled)
+{
+    EXPECT_NE(find("initialize_voxi2_qt"), nullptr);
+    EXPECT_NE(find("terminate_voxi2_qt"), nullptr);
+    void* const version = find("voxi2_qt_version");
+    void* const date = find("voxi2_qt_build_date");
+    ASSERT_NE(version, nullptr);
+    ASSERT_NE(date, nullptr);
+    EXPECT_STREQ(*static_cast<const char**>(version), "8.3.0.441");
+    EXPECT_STREQ(*static_cast<const char**>(date), "Jan 29 2014");
+    // Loading alone brings nothing up.
+    EXPECT_EQ(VXFactory2::current(), nullptr);
+    EXPECT_FALSE(voxiRaiseWindow(1));
+}
+
+TEST_F(EntryTest, comesUpOnceAndStaysDown)
+{
+    inOwnProcess([] {
+        const EventLoopBinding binding;
+        initialize();
+        VXFactory2* const factory = VXFactory2::getFactory(StringID("qt"));
+        ASSERT_NE(factory, nullptr);
+        EXPECT_EQ(VXFactory2::current(), factory);
+        EXPECT_EQ(factory->getBridge(), VXBridge::getBridge(StringID("qt")));
+        EXPECT_EQ(factory->getBridge()->thread(), TROV::Thread::getCurrentThread());
+        VXDragManager2* const dragManager = VXDragManager2::instance();
+        ASSERT_NE(dragManager, nullptr);
+        EXPECT_NE(lookup(dragManager), nullptr);
+        const auto* const cursors = CustomCursorRegistry::instance();
+        const auto* const throttlers = EventThrottlerFactoryBase::instance();
+        EXPECT_NE(cursors, nullptr);
+        EXPECT_NE(throttlers, nullptr);
+
+        initialize();
+        EXPECT_EQ(VXFactory2::getFactory(StringID("qt")), factory);
+        EXPECT_EQ(VXDragManager2::instance(), dragManager);
+        EXPECT_EQ(CustomCursorRegistry::instance(), cursors);
+        EXPECT_EQ(EventThrottlerFactoryBase::instance(), throttlers);
+        // Exactly one peer factory listens.
+        EXPECT_EQ(factory->createButton2.numberOfConnections(), 1);
+        EXPECT_EQ(factory->destroyObject.numberOfConnections(), 1);
+        EXPECT_EQ(factory->createPropertyBrowser2.numberOfConnections(), 0);
+
+        terminate();
+        terminate();
+        EXPECT_EQ(VXFactory2::current(), nullptr);
+        EXPECT_EQ(VXDragManager2::instance(), nullptr);
+        initialize();
+        EXPECT_EQ(VXFactory2::current(), nullptr);
+        EXPECT_EQ(VXFactory2::getFactory(StringID("qt")), nullptr);
+        EXPECT_EQ(VXDragManager2::instance(), nullptr);
+        EXPECT_FALSE(voxiRaiseWindow(1));
+        const VXButton2 button;
+        EXPECT_EQ(lookup(&button), nullptr);
+    });
+}
+
+TEST_F(EntryTest, requestsAfterTheEndAreAnsweredWithDefaults)
+{
+    inOwnProcess([] {
+        const EventLoopBinding binding;
+        initialize();
+        auto* window = new VXWindow2;
+        auto* layout = new VXBoxLayout2(window, Direction::LeftToRight);
+        auto* button = new VXButton2(window);
+        layout->addWidget(button);
+        window->show();
+        button->setLabel("label");
+        EXPECT_EQ(button->label(), "label");
+        const QPointer<QWidget> shown = qt<QWidget>(*window);
+        terminate();
+
+        button->setLabel("another");
+        window->setTitle("title");
+        layout->setSpacing(3);
+        EXPECT_EQ(button->label(), "");
+        EXPECT_FALSE(window->isVisible());
+        EXPECT_EQ(layout->spacing(), 0);
+        EXPECT_EQ(lookup(button), nullptr);
+        EXPECT_EQ(button->widgetEmitters()->show.numberOfConnections(), 0);
+        EXPECT_EQ(button->parent(), window);
+        // Asked from elsewhere, it must not wait for a thread that serves no more.
+        std::thread([&] { EXPECT_EQ(button->label(), ""); }).join();
+        EXPECT_TRUE(waitFor([&] { return shown.isNull(); }));
+        std::thread([&] { delete window; }).join();
+        EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+    });
+}
+
+TEST_F(EntryTest, theHostRaisesTheWindowItNames)
+{
+    inOwnProcess([] {
+        const EventLoopBinding binding;
+        initialize();
+        VXWindow2 first;
+        VXWindow2 second;
+        VXWindow2 hidden;
+        first.show();
+        second.show();
+        const auto isActive = [](const VXWindow2& window) {
+            return waitFor([&] { return QApplication::activeWindow() == qt<QWidget>(window); });
+        };
+        second.setActiveWindow();
+        ASSERT_TRUE(isActive(second));
+        EXPECT_TRUE(voxiRaiseWindow(static_cast<long long>(first.winId())));
+        EXPECT_TRUE(isActive(first));
+        // From any thread, too.
+        std::thread([id = second.winId()] {
+            EXPECT_TRUE(voxiRaiseWindow(static_cast<long long>(id)));
+        }).join();
+        EXPECT_TRUE(isActive(second));
+        // Values of no window, or of one that is not shown, change nothing.
+        for (const long long value : {0ll, -1ll, static_cast<long long>(hidden.winId())})
+            EXPECT_TRUE(voxiRaiseWindow(value));
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(isActive(second));
+        EXPECT_FALSE(hidden.isVisible());
+
+        terminate();
+        EXPECT_FALSE(voxiRaiseWindow(static_cast<long long>(first.winId())));
+    });
+}
+
+TEST_F(EntryTest, narrowTextsAreUtf8ForAProgramThatChoseSo)
+{
+    inOwnProcess([] {
+        EXPECT_TRUE(setNarrowTextEncoding(NarrowTextEncoding::Utf8));
+        const EventLoopBinding binding;
+        initialize();
+        VXButton2 button;
+        VXText2 text;
+        button.setLabel("gr\xc3\xbc\xc3\x9f \xe2\x82\xac");
+        EXPECT_EQ(qt<QPushButton>(button)->text(), QStringLiteral("gr\u00fc\u00df \u20ac"));
+        EXPECT_EQ(button.label(), "gr\xc3\xbc\xc3\x9f \xe2\x82\xac");
+        text.setText(std::string("a\0b", 3));
+        EXPECT_EQ(text.text(), std::string("a\0b", 3));
+        text.setText("bad \xff\xc3 end");
+        EXPECT_EQ(text.textU(), L"bad \xfffd\xfffd end");
+        // Too late now.
+        EXPECT_FALSE(setNarrowTextEncoding(NarrowTextEncoding::Latin1));
+        EXPECT_EQ(button.label(), "gr\xc3\xbc\xc3\x9f \xe2\x82\xac");
+        terminate();
+    });
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,304 @@
+// The gesture that starts a drag, and what a widget and its delegate make of drags over them.
+
+#include "probe.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/kernel/vxdragdelegate2.h"
+#include "voxi2/kernel/vxdragmanager2.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+class DragGesture : public testing::Test
+{
+protected:
+    DragGesture()
+    {
+        QApplication::setStartDragDistance(10);
+        m_probe->resize({200, 100});
+        m_probe->moveTo({50, 60});
+        m_probe->show();
+        turn();
+    }
+
+    void press(Qt::MouseButton button, QPoint at)
+    {
+        QTest::mousePress(qt(*m_probe), button, {}, at);
+    }
+    void move(QPoint to, Qt::MouseButtons buttons = Qt::LeftButton)
+    {
+        QMouseEvent event(QEvent::MouseMove, QPointF(to), qt(*m_probe)->mapToGlobal(QPointF(to)),
+                          Qt::NoButton, buttons, Qt::ShiftModifier);
+        QApplication::sendEvent(qt(*m_probe), &event);
+    }
+
+    std::unique_ptr<VXProbe2> m_probe = std::make_unique<VXProbe2>();
+};
+
+TEST_F(DragGesture, needsMoreThanTheDragDistance)
+{
+    auto drags = Log(m_probe->dragDetected());
+    press(Qt::LeftButton, {20, 30});
+    move({25, 35});
+    move({15, 25});
+    move({26, 34});
+    EXPECT_TRUE(drags.isEmpty()) << "10 on the way";
+    plain(*m_probe).forget();
+    move({26, 35});
+    ASSERT_EQ(drags.count(), 1);
+    EXPECT_EQ(drags.last().widget(), m_probe.get());
+    EXPECT_EQ(drags.last().position(), (VXPoint<int>{20, 30})) << "where it began";
+    EXPECT_EQ(drags.last().globalPosition(), m_probe->mapToGlobal({20, 30}));
+    EXPECT_EQ(drags.last().button(), MouseButton::None);
+    EXPECT_EQ(drags.last().buttons(), MouseButton::Left);
+    EXPECT_EQ(drags.last().modifiers(), Modifier::Shift);
+    EXPECT_TRUE(plain(*m_probe).saw(QEvent::MouseMove)) << "the widget moves on as ever";
+    move({90, 90});
+    EXPECT_EQ(drags.count(), 1) << "once for a press";
+}
+
+TEST_F(DragGesture, belongsToTheFirstPressOfTheLeftButton)
+{
+    auto drags = Log(m_probe->dragDetected());
+    press(Qt::RightButton, {20, 30});
+    move({90, 90}, Qt::RightButton);
+    EXPECT_TRUE(drags.isEmpty());
+
+    press(Qt::LeftButton, {20, 30});
+    press(Qt::LeftButton, {80, 80});   // the first one counts
+    move({80, 81});
+    ASSERT_EQ(drags.count(), 1);
+    EXPECT_EQ(drags.last().position(), (VXPoint<int>{20, 30}));
+
+    press(Qt::LeftButton, {20, 30});
+    QTest::mouseRelease(qt(*m_probe), Qt::LeftButton, {}, QPoint(20, 30));
+    move({90, 90});
+    EXPECT_EQ(drags.count(), 1);
+
+    // Nobody listened: the press is used up all the same.
+    drags.disconnect();
+    press(Qt::LeftButton, {20, 30});
+    move({60, 60});
+    auto late = Log(m_probe->dragDetected());
+    move({90, 90});
+    EXPECT_TRUE(late.isEmpty());
+}
+
+TEST_F(DragGesture, survivesTheEndOfItsWidget)
+{
+    TROV::Listener listener;
+    m_probe->dragDetected().connect(&listener, [&] { m_probe.reset(); });
+    QWidget* const widget = qt(*m_probe);
+    press(Qt::LeftButton, {20, 30});
+    QMouseEvent event(QEvent::MouseMove, QPointF(90, 90), QPointF(90, 90), Qt::NoButton,
+                      Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &event);
+    EXPECT_EQ(m_probe, nullptr);
+    runDeletions();
+}
+
+class Drops : public testing::Test
+{
+protected:
+    Drops()
+    {
+        m_target.setAcceptDrops(true);
+        m_target.resize({100, 100});
+        m_target.show();
+        turn();
+        m_data.setText(QStringLiteral("payload"));
+    }
+
+    struct Outcome
+    {
+        bool m_accepted;
+        Qt::DropAction m_action;
+    };
+
+    Outcome sendEvent(QDropEvent&& event)
+    {
+        QApplication::sendEvent(qt(m_target), &event);
+        return {event.isAccepted(), event.dropAction()};
+    }
+    Outcome enter(Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction)
+    {
+        return sendEvent(
+            QDragEnterEvent(QPoint(5, 6), possible, &m_data, Qt::LeftButton, Qt::ShiftModifier));
+    }
+    Outcome move()
+    {
+        return sendEvent(QDragMoveEvent(QPoint(7, 8), Qt::CopyAction | Qt::MoveAction, &m_data,
+                                        Qt::LeftButton, {}));
+    }
+    Outcome drop()
+    {
+        return sendEvent(QDropEvent(QPointF(9, 10), Qt::CopyAction | Qt::MoveAction, &m_data,
+                                    Qt::LeftButton, {}));
+    }
+    void leave()
+    {
+        QDragLeaveEvent event;
+        QApplication::sendEvent(qt(m_target), &event);
+    }
+
+    VXButton2 m_target;
+    VXDragDelegate2 m_delegate;
+    TROV::Listener m_listener;
+    QMimeData m_data;
+};
+
+TEST_F(Drops, theDelegateDecides)
+{
+    m_target.setDragDelegate(&m_delegate);
+    EXPECT_EQ(m_target.dragDelegate(), &m_delegate);
+    auto entered = Log(m_delegate.entered());
+    auto moved = Log(m_delegate.moved());
+    auto left = Log(m_delegate.left());
+    auto dropped = Log(m_delegate.dropped());
+
+    EXPECT_FALSE(enter().m_accepted) << "nobody accepted";
+    ASSERT_EQ(entered.count(), 1);
+    const VXDragEvent2& event = entered.last();
+    EXPECT_EQ(event.widget(), &m_target);
+    EXPECT_EQ(event.type(), WidgetEvent::DragEnter);
+    EXPECT_EQ(event.position(), (VXPoint<int>{5, 6}));
+    EXPECT_EQ(event.formats(), std::vector<StringID>{StringID("text/plain")});
+    EXPECT_EQ(event.mimeData().text(), L"payload");
+    EXPECT_EQ(event.possibleActions(), DropAction::Copy | DropAction::Move);
+    EXPECT_EQ(event.proposedAction(), DropAction::Move) << "shift is held";
+    EXPECT_EQ(event.buttons(), MouseButton::Left);
+    EXPECT_EQ(event.modifiers(), Modifier::Shift);
+    EXPECT_EQ(event.source(), nullptr);
+    EXPECT_FALSE(move().m_accepted);
+    EXPECT_TRUE(moved.isEmpty()) << "not wanted here";
+
+    m_delegate.entered().connect(&m_listener, [](const VXDragEvent2& e) { e.acceptProposed(); });
+    Outcome outcome = enter();
+    EXPECT_TRUE(outcome.m_accepted);
+    EXPECT_EQ(outcome.m_action, Qt::MoveAction);
+    EXPECT_FALSE(move().m_accepted) << "no answer changes nothing";
+    EXPECT_EQ(moved.count(), 1);
+    EXPECT_EQ(moved.last().position(), (VXPoint<int>{7, 8}));
+    leave();
+    EXPECT_EQ(left.count(), 1);
+    EXPECT_EQ(left.last().widget(), &m_target);
+
+    m_delegate.moved().connect(&m_listener, [](const VXDragEvent2& e) { e.accept(DropAction::Copy); });
+    m_delegate.dropped().connect(&m_listener, [](const VXDragEvent2& e) { e.accept(DropAction::Move); });
+    enter();
+    outcome = move();
+    EXPECT_TRUE(outcome.m_accepted);
+    EXPECT_EQ(outcome.m_action, Qt::CopyAction);
+    outcome = drop();
+    EXPECT_TRUE(outcome.m_accepted);
+    EXPECT_EQ(outcome.m_action, Qt::MoveAction);
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped.last().type(), WidgetEvent::Drop);
+    EXPECT_EQ(dropped.last().position(), (VXPoint<int>{9, 10}));
+
+    m_delegate.entered().connect(&m_listener, [](const VXDragEvent2& e) { e.ignore(); });
+    EXPECT_FALSE(enter().m_accepted) << "the last answer counts";
+}
+
+TEST_F(Drops, theWidgetsOwnHandlersMayDecide)
+{
+    auto entered = Log(m_target.dragEntered());
+    auto left = Log(m_target.dragLeft());
+    auto moved = Log(m_target.dragMoved());
+    auto dropped = Log(m_target.dropped());
+    EXPECT_FALSE(enter().m_accepted) << "without delegate and handlers only Qt decides";
+    EXPECT_EQ(entered.count(), 1);
+    const auto accept = [](const VXDragEvent2& event) { event.accept(DropAction::Copy); };
+    m_target.dragEntered().connect(&m_listener, accept);
+    m_target.dropped().connect(&m_listener, accept);
+    EXPECT_TRUE(enter().m_accepted);
+    move();
+    turn();
+    EXPECT_EQ(moved.count(), 1);
+    EXPECT_EQ(moved.last().type(), WidgetEvent::DragMove);
+    leave();
+    EXPECT_EQ(left.count(), 1);
+    EXPECT_EQ(left.last().type(), WidgetEvent::DragLeave);
+    EXPECT_TRUE(left.last().formats().empty());
+
+    enter();
+    const Outcome outcome = drop();
+    EXPECT_TRUE(outcome.m_accepted);
+    EXPECT_EQ(outcome.m_action, Qt::CopyAction);
+    EXPECT_EQ(dropped.last().mimeData().text(), L"payload");
+
+    m_target.setDragDelegate(&m_delegate);
+    m_delegate.entered().connect(&m_listener, [](const VXDragEvent2& e) { e.ignore(); });
+    EXPECT_FALSE(enter().m_accepted) << "the delegate has the last word";
+}
+
+TEST_F(Drops, delegatesMayGo)
+{
+    {
+        VXDragDelegate2 passing;
+        m_target.setDragDelegate(&passing);
+        passing.entered().connect(&m_listener, [](const VXDragEvent2& e) { e.acceptProposed(); });
+        EXPECT_TRUE(enter().m_accepted);
+    }
+    EXPECT_EQ(m_target.dragDelegate(), nullptr);
+    EXPECT_FALSE(enter().m_accepted);
+
+    m_target.setDragDelegate(&m_delegate);
+    auto* const dead = new VXDragDelegate2;
+    delete dead;
+    m_target.setDragDelegate(dead);
+    EXPECT_EQ(m_target.dragDelegate(), &m_delegate) << "a dead one is ignored";
+    m_target.setDragDelegate(nullptr);
+    EXPECT_EQ(m_target.dragDelegate(), nullptr);
+
+    // In its own handler.
+    auto* const brief = new VXDragDelegate2;
+    m_target.setDragDelegate(brief);
+    brief->entered().connect(&m_listener, [&](const VXDragEvent2& event) {
+        event.acceptProposed();
+        delete brief;
+    });
+    EXPECT_TRUE(enter().m_accepted);
+    EXPECT_EQ(m_target.dragDelegate(), nullptr);
+    runDeletions();
+}
+
+TEST_F(Drops, consumedDragsDoNotReachTheDelegate)
+{
+    m_target.setDragDelegate(&m_delegate);
+    auto entered = Log(m_delegate.entered());
+    auto broadcast = Log(m_target.dragEntered());
+    m_target.setEventConsumed(WidgetEvent::DragEnter, true);
+    enter();
+    EXPECT_EQ(broadcast.count(), 1);
+    EXPECT_TRUE(entered.isEmpty());
+}
+
+TEST(DragManager, refusesWhatCannotBeDragged)
+{
+    VXDragManager2& manager = *VXDragManager2::instance();
+    auto finished = Log(manager.finished());
+    VXPanel2 source;
+    VXDrag2 drag;
+    drag.mimeData.setText(L"x");
+    manager.startDrag(drag);   // from nowhere
+    drag.source = new VXPanel2;
+    delete drag.source;
+    manager.startDrag(drag);   // from a dead widget
+    drag.source = &source;
+    drag.mimeData.clear();
+    manager.startDrag(drag);   // nothing
+    EXPECT_FALSE(manager.isDragging());
+    manager.cancelDrag();
+    turn();
+    EXPECT_TRUE(finished.isEmpty());
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,278 @@
+// What the program sets is not reported; what the user does afterwards is.
+
+#include "probe.h"
+#include "support/waitfor.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+class Echo : public testing::Test
+{
+protected:
+    Echo()
+    {
+        m_window.setPosition({100, 80, 300, 200});
+        m_window.show();
+        m_window.setActiveWindow();
+        settle();
+    }
+
+    /// Until no window is kept back any more.
+    void settle()
+    {
+        turn();
+        EXPECT_TRUE(waitFor([&] { return !QtGlobalFocusBlocker::instance().isRegistered(qt(m_window)); }));
+    }
+
+    VXPanel2 m_window;
+    VXProbe2& m_probe = *new VXProbe2(&m_window);
+    QWidget* m_widget = qt(m_probe);
+};
+
+TEST_F(Echo, ofShowingAndGeometryIsNotReported)
+{
+    auto shown = Log(m_probe.shown());
+    auto hidden = Log(m_probe.hidden());
+    auto moved = Log(m_probe.moved());
+    auto resized = Log(m_probe.resized());
+    const auto total = [&] {
+        turn();
+        return shown.count() + hidden.count() + moved.count() + resized.count();
+    };
+    m_probe.hide();
+    m_probe.show();
+    m_probe.setVisible(false);
+    m_probe.setVisible(true);
+    m_probe.resize({50, 40});
+    m_probe.moveTo({7, 8});
+    m_probe.setPosition({1, 2, 30, 20});
+    EXPECT_EQ(total(), 0);
+
+    m_widget->hide();
+    m_widget->show();
+    m_widget->setGeometry(3, 4, 60, 70);
+    EXPECT_EQ(total(), 4);
+    EXPECT_EQ(shown.count(), 1);
+    EXPECT_EQ(hidden.count(), 1);
+    EXPECT_EQ(moved.count(), 1);
+    EXPECT_EQ(resized.count(), 1);
+}
+
+TEST_F(Echo, ofAHiddenWidgetsGeometryIsNotReportedWhenItIsShown)
+{
+    auto& late = *new VXProbe2(&m_window);
+    auto moved = Log(late.moved());
+    auto resized = Log(late.resized());
+    late.setPosition({10, 20, 30, 40});
+    late.resize({50, 60});
+    late.show();
+    turn();
+    EXPECT_EQ(moved.count(), 0);
+    EXPECT_EQ(resized.count(), 0);
+    // The same again by the user is news.
+    qt(late)->resize(51, 60);
+    qt(late)->resize(50, 60);
+    qt(late)->move(11, 20);
+    qt(late)->move(10, 20);
+    turn();
+    EXPECT_EQ(moved.count(), 2);
+    EXPECT_EQ(resized.count(), 1);
+
+    // What became of it otherwise is news too.
+    auto& later = *new VXProbe2(&m_window);
+    auto squeezed = Log(later.resized());
+    later.resize({50, 60});
+    qt(later)->resize(40, 30);   // as a layout would
+    later.show();
+    turn();
+    ASSERT_EQ(squeezed.count(), 1);
+    EXPECT_EQ(squeezed.last().size(), (Size<int>{40, 30}));
+}
+
+TEST_F(Echo, aSwitchedOffBitStaysOff)
+{
+    auto shown = Log(m_probe.shown());
+    peer(m_probe).disableEventBroadcasting(WidgetEvent::Show);
+    m_probe.hide();
+    m_probe.show();
+    EXPECT_FALSE(peer(m_probe).isEventBroadcastingEnabled(WidgetEvent::Show));
+    m_widget->hide();
+    m_widget->show();
+    EXPECT_TRUE(shown.isEmpty());
+}
+
+TEST_F(Echo, blockersNest)
+{
+    QtWidget2& widget = peer(m_probe);
+    const auto isOn = [&](WidgetEvent event) { return widget.isEventBroadcastingEnabled(event); };
+    {
+        const QtEventBlocker outer(widget, {WidgetEvent::Move, WidgetEvent::Resize});
+        {
+            const QtEventBlocker inner(widget, {WidgetEvent::Resize, WidgetEvent::Hide});
+            EXPECT_FALSE(isOn(WidgetEvent::Resize) || isOn(WidgetEvent::Hide));
+        }
+        EXPECT_TRUE(isOn(WidgetEvent::Hide));
+        EXPECT_FALSE(isOn(WidgetEvent::Resize) || isOn(WidgetEvent::Move));
+    }
+    EXPECT_TRUE(isOn(WidgetEvent::Resize) && isOn(WidgetEvent::Move));
+
+    try {
+        const QtEventBlocker blocker(widget, {WidgetEvent::Show});
+        throw std::runtime_error("the request failed");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_TRUE(isOn(WidgetEvent::Show));
+
+    // The widget may go meanwhile.
+    auto* const other = new VXProbe2(&m_window);
+    {
+        const QtEventBlocker blocker(peer(*other), {WidgetEvent::Show, WidgetEvent::FocusIn});
+        QWidget* const dying = qt(*other);
+        delete dying;
+    }
+    delete other;
+}
+
+TEST_F(Echo, focusInIsSuppressedForWindowAndProxyAsWell)
+{
+    auto& proxy = *new VXProbe2(&m_window);
+    proxy.show();
+    proxy.setFocusPolicy(FocusPolicy::Strong);
+    m_probe.setFocusPolicy(FocusPolicy::Strong);
+    m_probe.setFocusProxy(&proxy);
+    auto gained = Log(proxy.focusGained());
+    const auto isOn = [](const VXWidget2& widget) {
+        return peer(widget).isEventBroadcastingEnabled(WidgetEvent::FocusIn);
+    };
+    m_probe.setFocus();
+    EXPECT_TRUE(proxy.hasFocus());
+    EXPECT_TRUE(gained.isEmpty());
+    EXPECT_TRUE(isOn(m_probe) && isOn(proxy) && isOn(m_window));
+
+    // Those of the window and the proxy are on afterwards, whatever they were.
+    peer(m_window).disableEventBroadcasting(WidgetEvent::FocusIn);
+    peer(proxy).disableEventBroadcasting(WidgetEvent::FocusIn);
+    {
+        const QtEventBlocker blocker(peer(m_probe), {WidgetEvent::FocusIn});
+        EXPECT_FALSE(isOn(m_probe) || isOn(proxy) || isOn(m_window));
+    }
+    EXPECT_TRUE(isOn(m_probe) && isOn(proxy) && isOn(m_window));
+
+    // With its own bit off nothing of it happens.
+    peer(m_probe).disableEventBroadcasting(WidgetEvent::FocusIn);
+    settle();
+    {
+        const QtEventBlocker blocker(peer(m_probe), {WidgetEvent::FocusIn});
+        EXPECT_TRUE(isOn(proxy) && isOn(m_window));
+        EXPECT_FALSE(QtGlobalFocusBlocker::instance().isRegistered(qt(m_window)));
+    }
+    EXPECT_FALSE(isOn(m_probe));
+}
+
+TEST_F(Echo, ofFocusIsNotReportedButTheUsersIs)
+{
+    auto& other = *new VXProbe2(&m_window);
+    other.moveTo({100, 100});
+    other.show();
+    for (VXProbe2* probe : {&m_probe, &other})
+        probe->setFocusPolicy(FocusPolicy::Strong);
+    auto gained = Log(m_probe.focusGained());
+    auto otherGained = Log(other.focusGained());
+    m_probe.setFocus();
+    m_probe.raise();
+    m_window.setActiveWindow();
+    EXPECT_TRUE(m_probe.hasFocus());
+    EXPECT_TRUE(gained.isEmpty());
+
+    // Even while the window is kept back.
+    ASSERT_TRUE(QtGlobalFocusBlocker::instance().isRegistered(qt(m_window)));
+    QTest::keyClick(m_widget, Qt::Key_Tab);
+    EXPECT_TRUE(otherGained.takeOne());
+    QTest::mouseClick(m_widget, Qt::LeftButton);
+    EXPECT_TRUE(gained.takeOne());
+    settle();
+    other.imitateFocus(WidgetEvent::FocusIn);
+    EXPECT_TRUE(otherGained.takeOne());
+}
+
+class FocusBlocker : public testing::Test
+{
+protected:
+    QtGlobalFocusBlocker& m_blocker = QtGlobalFocusBlocker::instance();
+
+    bool isRegistered(const QWidget& window) const { return m_blocker.isRegistered(&window); }
+};
+
+TEST_F(FocusBlocker, releasesAWindowThatHasSettled)
+{
+    VXPanel2 window;
+    window.show();
+    EXPECT_TRUE(isRegistered(*qt(window)));
+    EXPECT_TRUE(waitFor([&] { return qt(window)->isActiveWindow() && !isRegistered(*qt(window)); }));
+
+    window.raise();
+    EXPECT_TRUE(isRegistered(*qt(window)));
+    turn();
+    turn();
+    EXPECT_FALSE(isRegistered(*qt(window))) << "it was active already: nothing to wait for";
+}
+
+TEST_F(FocusBlocker, neverKeepsAWindowForEver)
+{
+    QWidget neverShown;
+    m_blocker.registerWindow(&neverShown);
+    m_blocker.registerWindow(&neverShown);
+    EXPECT_TRUE(isRegistered(neverShown));
+    EXPECT_TRUE(waitFor([&] { return !isRegistered(neverShown); }));
+
+    QWidget hidden;
+    hidden.setAttribute(Qt::WA_ShowWithoutActivating);
+    hidden.show();
+    m_blocker.registerWindow(&hidden);
+    hidden.hide();
+    turn();
+    turn();
+    EXPECT_FALSE(isRegistered(hidden));
+
+    auto* const dying = new QWidget;
+    const void* const address = dying;
+    m_blocker.registerWindow(dying);
+    delete dying;
+    EXPECT_FALSE(m_blocker.isRegistered(static_cast<const QWidget*>(address)));
+    m_blocker.registerWindow(nullptr);
+}
+
+TEST_F(FocusBlocker, aWindowThatIsHiddenAndShownAtOnceStaysRegistered)
+{
+    QWidget window;
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+    window.show();
+    m_blocker.registerWindow(&window);
+    window.hide();
+    window.show();
+    turn();
+    EXPECT_TRUE(isRegistered(window)) << "its activation is still to come";
+    EXPECT_TRUE(waitFor([&] { return !isRegistered(window); }));
+}
+
+TEST_F(FocusBlocker, leavesOutWindowsThatDoNotWantIt)
+{
+    VXWindow2 window;
+    window.setSupportsGlobalFocusBlocker(false);
+    window.show();
+    EXPECT_FALSE(isRegistered(*qt(window)));
+    window.setSupportsGlobalFocusBlocker(true);
+    window.raise();
+    EXPECT_TRUE(isRegistered(*qt(window)));
+}
+
+} // namespace
+} // namespace VOXI

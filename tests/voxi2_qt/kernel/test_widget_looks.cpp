@@ -1,0 +1,249 @@
+// Colours, fonts, cursors, the highlight; what assistive technology gets to know; and that all of it
+// survives a change of the style or the palette.
+
+#include "probe.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/customcursorregistry.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QBitmap>
+#include <QFontInfo>
+#include <QPushButton>
+#include <QStyleFactory>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+const Color s_red(200, 10, 20, 77);
+const QColor s_opaqueRed(200, 10, 20);
+
+TEST(WidgetLooks, coloursOfAllRoles)
+{
+    VXProbe2 probe;
+    QWidget* widget = qt(probe);
+    const struct
+    {
+        ColorRole m_role;
+        bool m_disabled;
+        QPalette::ColorRole m_qt;
+    } roles[] = {{ColorRole::Background, false, widget->backgroundRole()},
+                 {ColorRole::Foreground, false, widget->foregroundRole()},
+                 {ColorRole::DisabledBackground, true, widget->backgroundRole()},
+                 {ColorRole::DisabledForeground, true, widget->foregroundRole()}};
+    for (const auto& role : roles) {
+        SCOPED_TRACE(static_cast<int>(role.m_role));
+        const QPalette before = widget->palette();
+        probe.setColor(role.m_role, s_red);
+        const QPalette after = widget->palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const bool meant = (group == QPalette::Disabled) == role.m_disabled;
+            EXPECT_EQ(after.color(group, role.m_qt),
+                      meant ? s_opaqueRed : before.color(group, role.m_qt))
+                << group;
+            EXPECT_EQ(after.brush(group, role.m_qt).style(), Qt::SolidPattern);
+            EXPECT_EQ(after.color(group, QPalette::Highlight),
+                      before.color(group, QPalette::Highlight));
+        }
+        EXPECT_EQ(probe.color(role.m_role), Color(200, 10, 20, 255)) << "the alpha is ignored";
+        widget->setPalette(QPalette());
+    }
+
+    // A kind with roles of its own, and one that is transparent without a colour.
+    VXButton2 button;
+    button.setColor(ColorRole::Background, s_red);
+    EXPECT_EQ(qt(button)->palette().color(QPalette::Active, QPalette::Button), s_opaqueRed);
+    VXPanel2 panel;
+    panel.setColor(ColorRole::Background, s_red);
+    EXPECT_EQ(qt(panel)->grab().toImage().pixelColor(5, 5), s_opaqueRed);
+}
+
+TEST(WidgetLooks, fonts)
+{
+    VXProbe2 probe;
+    VXFont font("DejaVu Sans", 17, VXFont::Bold, FontStyle::Italic);
+    font.setUnderline(true);
+    probe.setFont(font);
+    const QFont& real = qt(probe)->font();
+    EXPECT_EQ(real.pointSize(), 17);
+    EXPECT_TRUE(real.bold() && real.italic() && real.underline());
+    EXPECT_EQ(probe.font(), font);
+
+    probe.setFont(VXFont("No such family", 12));
+    EXPECT_EQ(probe.font().family(), QFontInfo(QFont(QStringLiteral("No such family")))
+                                         .family()
+                                         .toStdString())
+        << "the closest scalable family";
+    qt(probe)->setStyleSheet(QString());
+    QFont pixels;
+    pixels.setPixelSize(20);
+    qt(probe)->setFont(pixels);
+    EXPECT_EQ(probe.font().pointSize(), -1);
+}
+
+TEST(WidgetLooks, cursors)
+{
+    VXPanel2 window;
+    auto& probe = *new VXProbe2(&window);
+    probe.setCursor(CursorShape::PointingHand);
+    EXPECT_EQ(qt(probe)->cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(probe.cursor(), Cursor(CursorShape::PointingHand));
+    window.setCursor(CursorShape::Wait);
+    probe.unsetCursor();
+    EXPECT_EQ(probe.cursor(), Cursor(CursorShape::Wait)) << "the parent's";
+
+    const std::vector<std::uint32_t> pixels(16 * 8, 0x20c040ffu);
+    CustomCursorRegistry& registry = *CustomCursorRegistry::instance();
+    registry.registerCursor(StringID("pen"), Pixmap(16, 8, pixels), {3, 5});
+    registry.registerCursor(StringID("middle"), Pixmap(16, 8, pixels), {-1, -1});
+    EXPECT_TRUE(registry.hasCursor(StringID("pen")));
+    probe.setCursor(Cursor(StringID("pen")));
+    const QCursor pen = qt(probe)->cursor();
+    EXPECT_EQ(pen.shape(), Qt::BitmapCursor);
+    EXPECT_EQ(pen.hotSpot(), QPoint(3, 5));
+    EXPECT_EQ(pen.pixmap().toImage().pixelColor(2, 2), QColor(0x20, 0xc0, 0x40));
+    EXPECT_EQ(probe.cursor(), Cursor(StringID("pen")));
+    window.setCursor(Cursor(StringID("middle")));
+    EXPECT_EQ(qt(window)->cursor().hotSpot(), QPoint(8, 4));
+    EXPECT_EQ(window.cursor(), Cursor(StringID("middle")));
+
+    registry.registerCursor(StringID("pen"), Pixmap(), {});
+    EXPECT_FALSE(registry.hasCursor(StringID("pen")));
+    probe.setCursor(Cursor(StringID("pen")));
+    EXPECT_EQ(qt(probe)->cursor().shape(), Qt::ArrowCursor) << "an unknown name";
+}
+
+/// A picture of the widget as it is and as it is with the highlight.
+template <class Widget>
+void expectHighlightOnTop(Widget& widget)
+{
+    widget.resize({60, 40});
+    const QImage bare = qt(widget)->grab().toImage();
+    widget.setHighlight(true, Color(0, 200, 0));
+    EXPECT_TRUE(widget.isHighlighted());
+    const QImage lit = qt(widget)->grab().toImage();
+    EXPECT_EQ(lit.pixelColor(30, 0).green(), 200) << "on the edge";
+    EXPECT_EQ(lit.pixelColor(30, 0).red(), 0);
+    EXPECT_EQ(lit.pixelColor(59, 20).green(), 200);
+    // Inside, the widget has been painted as ever.
+    const QRect inside(4, 4, 52, 32);
+    EXPECT_EQ(lit.copy(inside), bare.copy(inside));
+    widget.setHighlight(false);
+    EXPECT_FALSE(widget.isHighlighted());
+    EXPECT_EQ(qt(widget)->grab().toImage(), bare);
+}
+
+TEST(WidgetLooks, theHighlightLiesOnTop)
+{
+    VXButton2 button;
+    button.setLabel("Lit");
+    expectHighlightOnTop(button);
+    VXText2 text;
+    text.setText("Lit");
+    expectHighlightOnTop(text);
+    VXProbe2 plainProbe;
+    expectHighlightOnTop(plainProbe);
+}
+
+TEST(WidgetLooks, theHighlightOfAScrollAreaLiesOnItsViewport)
+{
+    VXProbe2 probe(nullptr, VXProbe2::ScrollArea);
+    probe.resize({60, 40});
+    auto& scrollArea = area(probe);
+    probe.setHighlight(true, Color(0, 200, 0));
+    const QImage lit = scrollArea.viewport()->grab().toImage();
+    EXPECT_EQ(lit.pixelColor(lit.width() / 2, 0), QColor(0, 200, 0));
+}
+
+TEST(WidgetLooks, switchingTheHighlightRepaints)
+{
+    VXProbe2 probe;
+    probe.show();
+    turn();
+    plain(probe).forget();
+    probe.setHighlight(true, Color(0, 0, 255));
+    turn();
+    EXPECT_TRUE(plain(probe).saw(QEvent::Paint));
+    plain(probe).forget();
+    probe.setHighlight(false);
+    turn();
+    EXPECT_TRUE(plain(probe).saw(QEvent::Paint));
+}
+
+TEST(WidgetLooks, assistiveTechnologyLearnsNamesAndRoles)
+{
+    VXWindow2 window;
+    auto* const panel = new VXPanel2(&window);
+    auto* const button = new VXButton2(panel);
+    auto* const text = new VXText2(panel);
+    const auto interfaceOf = [](VXWidget2* widget) {
+        return QAccessible::queryAccessibleInterface(qt(*widget));
+    };
+    button->setLabel("Go");
+    EXPECT_EQ(interfaceOf(button)->role(), QAccessible::Button);
+    EXPECT_EQ(interfaceOf(button)->text(QAccessible::Name), QStringLiteral("Go"));
+    EXPECT_EQ(interfaceOf(text)->role(), QAccessible::StaticText);
+    EXPECT_EQ(interfaceOf(panel)->role(), QAccessible::Client);
+    EXPECT_EQ(interfaceOf(&window)->role(), QAccessible::Window);
+
+    button->setAccessibleName(L"Start \u2192");
+    button->setAccessibleDescription(L"Starts it");
+    EXPECT_EQ(interfaceOf(button)->text(QAccessible::Name), QStringLiteral("Start \u2192"));
+    EXPECT_EQ(interfaceOf(button)->text(QAccessible::Description), QStringLiteral("Starts it"));
+    EXPECT_EQ(button->accessibleName(), L"Start \u2192");
+    EXPECT_EQ(button->accessibleDescription(), L"Starts it");
+}
+
+TEST(WidgetLooks, changesOfStyleAndPaletteLeaveThemRight)
+{
+    VXPanel2 window;
+    auto* const coloured = new VXButton2(&window);
+    auto* const other = new VXButton2(&window);
+    coloured->setColor(ColorRole::Foreground, s_red);
+    window.resize({200, 100});
+    coloured->setPosition({10, 10, 80, 30});
+    other->setPosition({110, 10, 80, 30});
+    window.show();
+    turn();
+
+    QPalette palette = QApplication::palette();
+    palette.setColor(QPalette::ButtonText, QColor(1, 2, 3));
+    palette.setColor(QPalette::Button, QColor(70, 80, 90));
+    const QPalette usual = QApplication::palette();
+    QApplication::setStyle(QStringLiteral("Windows"));
+    QApplication::setPalette(palette);
+    turn();
+    EXPECT_EQ(coloured->color(ColorRole::Foreground), Color(200, 10, 20));
+    EXPECT_EQ(coloured->color(ColorRole::Background), Color(70, 80, 90)) << "follows";
+    EXPECT_EQ(other->color(ColorRole::Foreground), Color(1, 2, 3)) << "follows";
+
+    // The highlight lies on top in the other style as well, and input still arrives.
+    expectHighlightOnTop(*other);
+    auto clicks = Log(other->clicked());
+    QTest::mouseClick(qt(*other), Qt::LeftButton);
+    EXPECT_EQ(clicks.count(), 1);
+
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    turn();
+    EXPECT_TRUE(qt(*other)->isRightToLeft());
+    EXPECT_EQ(other->position().x, 110) << "only layouts mirror";
+    auto presses = Log(other->mousePressed());
+    QTest::mousePress(qt(*other), Qt::LeftButton, {}, QPoint(7, 9));
+    ASSERT_EQ(presses.count(), 1);
+    EXPECT_EQ(presses.last().position(), (VXPoint<int>{7, 9}));
+    QTest::mouseRelease(qt(*other), Qt::LeftButton);
+
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(usual);
+    turn();
+    EXPECT_EQ(coloured->color(ColorRole::Foreground), Color(200, 10, 20));
+}
+
+} // namespace
+} // namespace VOXI

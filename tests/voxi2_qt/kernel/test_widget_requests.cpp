@@ -1,0 +1,341 @@
+// The requests of every widget, from the abstract object to the Qt widget and back.
+
+#include "probe.h"
+#include "support/qtwarnings.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/vxhandle.h"
+
+#include <QAction>
+#include <QLayout>
+#include <QPointer>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace VOXI {
+namespace {
+
+class WidgetRequests : public testing::Test
+{
+protected:
+    VXPanel2 m_window;
+    VXProbe2& m_probe = *new VXProbe2(&m_window);
+    QWidget* m_widget = qt(m_probe);
+};
+
+TEST_F(WidgetRequests, showsAndHides)
+{
+    EXPECT_FALSE(m_probe.isVisible());
+    m_window.show();
+    EXPECT_TRUE(m_widget->isVisible());
+    EXPECT_TRUE(m_probe.isVisible());
+    m_probe.hide();
+    EXPECT_TRUE(m_widget->isHidden());
+    m_probe.setVisible(true);
+    EXPECT_TRUE(m_widget->isVisible());
+    m_probe.setVisible(false);
+    EXPECT_FALSE(m_probe.isVisible());
+    m_probe.show();
+    EXPECT_TRUE(m_probe.isVisible());
+}
+
+TEST_F(WidgetRequests, aMinimisedWindowIsNotVisible)
+{
+    m_window.show();
+    qt(m_window)->showMinimized();
+    EXPECT_TRUE(qt(m_window)->isVisible());
+    EXPECT_FALSE(m_window.isVisible());
+    qt(m_window)->showNormal();
+    EXPECT_TRUE(m_window.isVisible());
+}
+
+TEST_F(WidgetRequests, visibilityGoesWithTheWidgetAction)
+{
+    {
+        QAction action;
+        peer(m_probe).addWidgetAction(&action);
+        EXPECT_EQ(peer(m_probe).getWidgetAction(), &action);
+        m_probe.setVisible(false);
+        EXPECT_FALSE(action.isVisible());
+        m_probe.setVisible(true);
+        EXPECT_TRUE(action.isVisible());
+
+        QAction later;
+        peer(m_probe).addWidgetAction(&later);
+        m_probe.setVisible(false);
+        EXPECT_TRUE(action.isVisible());
+        EXPECT_FALSE(later.isVisible());
+    }
+    EXPECT_EQ(peer(m_probe).getWidgetAction(), nullptr) << "the action has gone";
+    m_probe.setVisible(true);
+}
+
+TEST_F(WidgetRequests, raisesLowersAndActivates)
+{
+    auto* const other = new VXProbe2(&m_window);
+    const auto isOnTop = [&](const VXWidget2& widget) {
+        QWidget* last = nullptr;
+        for (QObject* child : qt(m_window)->children()) {
+            if (child->isWidgetType())
+                last = static_cast<QWidget*>(child);
+        }
+        return last == qt(widget);
+    };
+    EXPECT_TRUE(isOnTop(*other));
+    m_probe.raise();
+    EXPECT_TRUE(isOnTop(m_probe));
+    m_probe.lower();
+    EXPECT_TRUE(isOnTop(*other));
+
+    VXPanel2 second;
+    m_window.show();
+    second.show();
+    m_window.setActiveWindow();
+    turn();
+    EXPECT_TRUE(qt(m_window)->isActiveWindow());
+    EXPECT_TRUE(m_probe.isActiveWindow());
+    EXPECT_FALSE(second.isActiveWindow());
+}
+
+TEST_F(WidgetRequests, paintsAtOnceOrLaterOrNotAtAll)
+{
+    m_window.show();
+    turn();
+    auto& witness = plain(m_probe);
+    witness.forget();
+    m_probe.update();
+    EXPECT_FALSE(witness.saw(QEvent::Paint));
+    turn();
+    EXPECT_TRUE(witness.saw(QEvent::Paint));
+
+    witness.forget();
+    m_probe.refresh();
+    EXPECT_TRUE(witness.saw(QEvent::Paint));
+
+    m_probe.setUpdatesEnabled(false);
+    EXPECT_FALSE(m_widget->updatesEnabled());
+    witness.forget();
+    m_probe.refresh();
+    EXPECT_FALSE(witness.saw(QEvent::Paint));
+    m_probe.setUpdatesEnabled(true);
+    EXPECT_TRUE(m_widget->updatesEnabled());
+}
+
+TEST_F(WidgetRequests, geometry)
+{
+    m_window.show();
+    m_window.moveTo({50, 60});
+    m_probe.setPosition({3, 4, 50, 40});
+    EXPECT_EQ(m_widget->geometry(), QRect(3, 4, 50, 40));
+    m_probe.resize({70, 30});
+    m_probe.moveTo({10, 20});
+    EXPECT_EQ(m_probe.position(), (VXRect<int>{10, 20, 70, 30}));
+
+    const QPoint corner = m_widget->mapToGlobal(QPoint(0, 0));
+    EXPECT_EQ(m_probe.globalPosition(), (VXRect<int>{corner.x(), corner.y(), 70, 30}));
+    EXPECT_EQ(m_probe.mapToGlobal({1, 2}), (VXPoint<int>{corner.x() + 1, corner.y() + 2}));
+    EXPECT_EQ(m_probe.mapFromGlobal(m_probe.mapToGlobal({5, 6})), (VXPoint<int>{5, 6}));
+
+    m_probe.setContentsMargins(VXRect<int>::margins(1, 2, 3, 4));
+    EXPECT_EQ(m_widget->contentsMargins(), QMargins(1, 2, 3, 4));
+    EXPECT_EQ(m_probe.contentsMargins(), VXRect<int>::margins(1, 2, 3, 4));
+    EXPECT_EQ(m_probe.contentsRect(), (VXRect<int>{1, 2, 66, 24}));
+
+    new VXBoxLayout2(&m_probe, Direction::LeftToRight);
+    auto* const content = new VXProbe2(&m_probe);
+    m_widget->layout()->setContentsMargins(0, 0, 0, 0);
+    m_widget->layout()->addWidget(qt(*content));
+    content->setFixedSize({120, 80});
+    content->show();
+    m_probe.adjustSize();
+    EXPECT_EQ(m_widget->size(), QSize(124, 86));
+}
+
+TEST_F(WidgetRequests, sizeLimits)
+{
+    constexpr int Unlimited = QWIDGETSIZE_MAX;
+    m_probe.setMaximumSize({-1, 100});
+    EXPECT_EQ(m_probe.maximumSize(), (Size<int>{Unlimited, 100}));
+    m_probe.setMaximumSize({200, -1});
+    EXPECT_EQ(m_widget->maximumSize(), QSize(200, 100));
+    m_probe.setMaximumSize({300, 400});
+    EXPECT_EQ(m_widget->maximumSize(), QSize(300, 400));
+
+    m_probe.setMinimumSize({-1, 10});
+    EXPECT_EQ(m_probe.minimumSize(), (Size<int>{0, 10}));
+    m_probe.setMinimumSize({20, -1});
+    EXPECT_EQ(m_widget->minimumSize(), QSize(20, 10));
+    m_probe.setMinimumSize({30, 40});
+    EXPECT_EQ(m_widget->minimumSize(), QSize(30, 40));
+
+    {
+        // Both left alone: the height is set all the same, and Qt objects to it.
+        const ExpectedQtWarning warning("Negative sizes");
+        m_probe.setMinimumSize({-1, -1});
+        EXPECT_EQ(m_probe.minimumSize(), (Size<int>{30, 0}));
+    }
+
+    m_probe.setFixedSize({55, 66});
+    EXPECT_EQ(m_widget->minimumSize(), QSize(55, 66));
+    EXPECT_EQ(m_widget->maximumSize(), QSize(55, 66));
+    m_probe.setSizePolicy(Policy::Expanding, Policy::Fixed);
+    EXPECT_EQ(m_widget->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    EXPECT_EQ(m_widget->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+
+    m_probe.setSizeConstraint(SizeConstraint::Fixed);   // no layout: nothing
+    new VXBoxLayout2(&m_probe, Direction::LeftToRight);
+    m_probe.setSizeConstraint(SizeConstraint::Fixed);
+    EXPECT_EQ(m_widget->layout()->sizeConstraint(), QLayout::SetFixedSize);
+}
+
+TEST_F(WidgetRequests, geometryAsText)
+{
+    m_window.setPosition({40, 50, 320, 240});
+    m_window.show();
+    turn();
+    const QRect placed = qt(m_window)->geometry();
+    const std::string text = m_window.saveGeometry();
+    EXPECT_EQ(text, qt(m_window)->saveGeometry().toBase64().toStdString());
+    m_window.setPosition({90, 90, 100, 100});
+    for (const char* junk : {"", "not base64 \xff!", "AAAA"}) {
+        m_window.restoreGeometry(junk);
+        EXPECT_EQ(qt(m_window)->geometry(), QRect(90, 90, 100, 100)) << junk;
+    }
+    m_window.restoreGeometry(text);
+    EXPECT_EQ(qt(m_window)->geometry(), placed);
+}
+
+TEST_F(WidgetRequests, focus)
+{
+    auto* const other = new VXProbe2(&m_window);
+    m_window.show();
+    m_window.setActiveWindow();
+    turn();
+    for (const auto& [policy, expected] :
+         {std::pair(FocusPolicy::None, Qt::NoFocus), std::pair(FocusPolicy::Tab, Qt::TabFocus),
+          std::pair(FocusPolicy::Click, Qt::ClickFocus),
+          std::pair(FocusPolicy::Wheel, Qt::WheelFocus),
+          std::pair(FocusPolicy::Strong, Qt::StrongFocus)}) {
+        m_probe.setFocusPolicy(policy);
+        EXPECT_EQ(m_widget->focusPolicy(), expected);
+        EXPECT_EQ(m_probe.focusPolicy(), policy);
+    }
+    m_probe.setFocus();
+    EXPECT_TRUE(m_widget->hasFocus());
+    EXPECT_TRUE(m_probe.hasFocus());
+    EXPECT_FALSE(other->hasFocus());
+
+    other->setFocusProxy(&m_probe);
+    EXPECT_EQ(qt(*other)->focusProxy(), m_widget);
+    EXPECT_EQ(other->focusProxy(), &m_probe);
+    auto* const dead = new VXProbe2;
+    delete dead;
+    other->setFocusProxy(dead);
+    EXPECT_EQ(other->focusProxy(), &m_probe) << "a dead proxy is ignored";
+    other->setFocusProxy(nullptr);
+    EXPECT_EQ(other->focusProxy(), nullptr);
+}
+
+TEST_F(WidgetRequests, namesAndState)
+{
+    m_probe.setToolTip("caf\xe9");
+    EXPECT_EQ(m_widget->toolTip(), QStringLiteral("caf\u00e9"));
+    EXPECT_EQ(m_probe.toolTip(), "caf\xe9");
+    m_probe.setToolTip(std::wstring(L"\u20ac 5"));
+    EXPECT_EQ(m_widget->toolTip(), QStringLiteral("\u20ac 5"));
+    EXPECT_EQ(m_probe.toolTipU(), L"\u20ac 5");
+    EXPECT_EQ(m_probe.toolTip(), "? 5") << "no Latin-1 character";
+
+    m_probe.setObjectName("probe");
+    EXPECT_EQ(m_widget->objectName(), QStringLiteral("probe"));
+    EXPECT_EQ(m_probe.objectName(), "probe");
+
+    EXPECT_TRUE(m_probe.isEnabled());
+    m_window.setEnabled(false);
+    EXPECT_FALSE(m_probe.isEnabled());
+    m_window.setEnabled(true);
+    m_probe.setEnabled(false);
+    EXPECT_FALSE(m_widget->isEnabled());
+
+    m_probe.setAcceptDrops(true);
+    EXPECT_TRUE(m_widget->acceptDrops());
+    EXPECT_TRUE(m_probe.canAcceptDrops());
+    EXPECT_EQ(m_window.winId(), qt(m_window)->winId());
+    EXPECT_EQ(m_probe.twice(21), 42) << "a request of a kind that the program added";
+}
+
+TEST_F(WidgetRequests, parents)
+{
+    VXPanel2 other;
+    m_window.show();
+    other.show();
+    auto log = Log(m_probe.hidden());
+    m_probe.setParent(&other);
+    EXPECT_EQ(m_widget->parentWidget(), qt(other));
+    EXPECT_EQ(m_probe.peerParent(), &other);
+    EXPECT_EQ(other.peerChildren(), std::vector<VXObject*>{&m_probe});
+    EXPECT_TRUE(log.isEmpty()) << "hidden by the program";
+
+    auto& grandchild = *new VXProbe2(&m_probe);
+    EXPECT_EQ(other.peerChildren(false), std::vector<VXObject*>{&m_probe});
+    EXPECT_EQ(other.peerChildren(true), (std::vector<VXObject*>{&m_probe, &grandchild}));
+
+    // As from a thread that lost a race: the request of a parent that died meanwhile.
+    auto* const dead = new VXPanel2;
+    delete dead;
+    peer(m_probe).doSetParent(dead);
+    EXPECT_EQ(m_widget->parentWidget(), qt(other));
+
+    m_probe.setParent(nullptr);
+    EXPECT_TRUE(m_widget->isWindow());
+    EXPECT_EQ(m_probe.peerParent(), nullptr);
+    m_probe.setParent(&m_window);
+}
+
+TEST_F(WidgetRequests, eventSwitches)
+{
+    constexpr auto NoEvent = static_cast<WidgetEvent>(WidgetEventCount);
+    QtWidget2& widget = peer(m_probe);
+    for (unsigned i = 0; i < WidgetEventCount; ++i) {
+        const auto event = static_cast<WidgetEvent>(i);
+        EXPECT_TRUE(widget.isEventBroadcastingEnabled(event));
+        EXPECT_FALSE(m_probe.isEventConsumed(event));
+        m_probe.setEventConsumed(event, true);
+        EXPECT_TRUE(m_probe.isEventConsumed(event));
+        m_probe.setEventConsumed(event, false);
+        EXPECT_FALSE(m_probe.isEventConsumed(event));
+        widget.disableEventBroadcasting(event);
+        EXPECT_FALSE(widget.isEventBroadcastingEnabled(event));
+        widget.enableEventBroadcasting(event);
+        EXPECT_TRUE(widget.isEventBroadcastingEnabled(event));
+    }
+    EXPECT_THROW(m_probe.setEventConsumed(NoEvent, true), std::out_of_range);
+    EXPECT_THROW(m_probe.isEventConsumed(NoEvent), std::out_of_range);
+    EXPECT_THROW(widget.enableEventBroadcasting(NoEvent), std::out_of_range);
+    EXPECT_THROW(widget.disableEventBroadcasting(NoEvent), std::out_of_range);
+    EXPECT_THROW(widget.isEventBroadcastingEnabled(NoEvent), std::out_of_range);
+
+    // Off as a whole: nothing does anything, not even the check, and the switches are lost.
+    m_probe.setEventConsumed(WidgetEvent::Close, true);
+    widget.disableEventBroadcasting(WidgetEvent::Show);
+    widget.disableEventBroadcasting();
+    EXPECT_FALSE(widget.isEventBroadcastingEnabled());
+    EXPECT_NO_THROW(m_probe.setEventConsumed(NoEvent, true));
+    EXPECT_FALSE(m_probe.isEventConsumed(NoEvent));
+    m_probe.setEventConsumed(WidgetEvent::Close, true);
+    EXPECT_FALSE(m_probe.isEventConsumed(WidgetEvent::Close));
+    widget.enableEventBroadcasting(NoEvent);
+    widget.disableEventBroadcasting(NoEvent);
+    EXPECT_FALSE(widget.isEventBroadcastingEnabled(WidgetEvent::Show));
+    widget.disableEventBroadcasting();
+    EXPECT_FALSE(widget.isEventBroadcastingEnabled());
+
+    widget.enableEventBroadcasting();
+    EXPECT_FALSE(m_probe.isEventConsumed(WidgetEvent::Close));
+    EXPECT_TRUE(widget.isEventBroadcastingEnabled(WidgetEvent::Show));
+}
+
+} // namespace
+} // namespace VOXI

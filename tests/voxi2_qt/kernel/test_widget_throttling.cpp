@@ -1,0 +1,226 @@
+// Frequent events: at most one of each kind is on its way, and no kind gets stuck.
+
+#include "probe.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2_qt/kernel/qteventthrottler.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <thread>
+
+namespace VOXI {
+namespace {
+
+class Throttling : public testing::Test
+{
+protected:
+    Throttling()
+    {
+        m_probe->setPosition({0, 0, 100, 100});
+        m_probe->show();
+        turn();
+    }
+    ~Throttling() override { TROV::Thread::setExceptionHandler({}); }
+
+    void move(int x)
+    {
+        QMouseEvent event(QEvent::MouseMove, QPointF(x, 0), QPointF(x, 0), Qt::NoButton,
+                          Qt::LeftButton, {});
+        QApplication::sendEvent(qt(*m_probe), &event);
+    }
+    void wheel()
+    {
+        QWheelEvent event({}, {}, {}, QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(qt(*m_probe), &event);
+    }
+    void key(QEvent::Type type)
+    {
+        QKeyEvent event(type, Qt::Key_A, {});
+        QApplication::sendEvent(qt(*m_probe), &event);
+    }
+
+    std::unique_ptr<VXProbe2> m_probe = std::make_unique<VXProbe2>();
+    QMimeData m_data;
+};
+
+TEST_F(Throttling, aFloodCollapsesToTheFirstOfEachKind)
+{
+    m_data.setText(QStringLiteral("x"));
+    m_probe->setAcceptDrops(true);
+    auto moves = Log(m_probe->mouseMoved());
+    auto wheels = Log(m_probe->wheelTurned());
+    auto drags = Log(m_probe->dragMoved());
+    auto sizes = Log(m_probe->resized());
+    auto presses = Log(m_probe->keyPressed());
+    auto releases = Log(m_probe->keyReleased());
+    TROV::Listener listener;
+    m_probe->dragEntered().connect(&listener, [](const VXDragEvent2& e) { e.acceptProposed(); });
+    QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &m_data, Qt::LeftButton, {});
+    QApplication::sendEvent(qt(*m_probe), &enter);
+
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < 50; ++i) {
+            move(i + 1);
+            wheel();
+            QDragMoveEvent drag(QPoint(i + 1, 2), Qt::CopyAction, &m_data, Qt::LeftButton, {});
+            QApplication::sendEvent(qt(*m_probe), &drag);
+            qt(*m_probe)->resize(100 + 50 * round + i, 120);
+            key(QEvent::KeyPress);
+            key(QEvent::KeyRelease);
+        }
+        const int count = moves.count() + wheels.count() + drags.count() + sizes.count()
+            + presses.count() + releases.count();
+        EXPECT_EQ(count, 6 * round) << "nothing before the next turn";
+        turn();
+        for (const int each : {moves.count(), wheels.count(), drags.count(), sizes.count(),
+                               presses.count(), releases.count()})
+            EXPECT_EQ(each, round + 1);
+        EXPECT_EQ(moves.last().position().x, 1) << "the oldest is the one on its way";
+        EXPECT_EQ(drags.last().position(), (VXPoint<int>{1, 2}));
+    }
+}
+
+TEST_F(Throttling, otherEventsAreNotHeldBack)
+{
+    auto presses = Log(m_probe->mousePressed());
+    for (int i = 0; i < 3; ++i)
+        QTest::mousePress(qt(*m_probe), Qt::LeftButton);
+    EXPECT_EQ(presses.count(), 3);
+    for (unsigned i = 0; i < WidgetEventCount; ++i) {
+        const auto event = static_cast<WidgetEvent>(i);
+        const bool throttled = event == WidgetEvent::MouseMove || event == WidgetEvent::DragMove
+            || event == WidgetEvent::Wheel || event == WidgetEvent::Resize
+            || event == WidgetEvent::KeyPress || event == WidgetEvent::KeyRelease;
+        EXPECT_EQ(EventThrottler::pendingBit(event) != 0, throttled) << i;
+    }
+}
+
+TEST_F(Throttling, theNextOfAKindIsPostedOnlyAfterTheHandler)
+{
+    TROV::Listener listener;
+    int calls = 0;
+    m_probe->mouseMoved().connect(&listener, [&] {
+        ++calls;
+        move(1);   // while one is being delivered
+    });
+    move(1);
+    turn();
+    turn();
+    EXPECT_EQ(calls, 1);
+    move(2);
+    turn();
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(Throttling, aHandlerThatThrowsBlocksNothing)
+{
+    int reported = 0;
+    TROV::Thread::setExceptionHandler([&](std::exception_ptr) { ++reported; });
+    TROV::Listener listener;
+    int calls = 0;
+    m_probe->keyPressed().connect(&listener, [&] {
+        ++calls;
+        throw std::runtime_error("handler");
+    });
+    for (int i = 1; i <= 3; ++i) {
+        key(QEvent::KeyPress);
+        turn();
+        EXPECT_EQ(calls, i);
+        EXPECT_EQ(reported, i);
+    }
+}
+
+TEST_F(Throttling, listenersThatLeaveBlockNothing)
+{
+    {
+        auto moves = Log(m_probe->mouseMoved());
+        move(1);
+    }
+    turn();
+    auto moves = Log(m_probe->mouseMoved());
+    move(2);
+    turn();
+    ASSERT_EQ(moves.count(), 1);
+    EXPECT_EQ(moves.last().position().x, 2);
+}
+
+TEST_F(Throttling, theWidgetMayGoInTheHandlerOrBefore)
+{
+    TROV::Listener listener;
+    int calls = 0;
+    m_probe->mouseMoved().connect(&listener, [&] {
+        ++calls;
+        m_probe.reset();
+    });
+    move(1);
+    turn();
+    EXPECT_EQ(calls, 1);
+    runDeletions();
+
+    m_probe = std::make_unique<VXProbe2>();
+    m_probe->mouseMoved().connect(&listener, [&] { ++calls; });
+    move(1);
+    m_probe.reset();
+    turn();
+    runDeletions();
+    EXPECT_EQ(calls, 1);
+
+    // The peer alone, and its filter with all switches.
+    m_probe = std::make_unique<VXProbe2>();
+    m_probe->mouseMoved().connect(&listener, [&] { ++calls; });
+    move(1);
+    peer(*m_probe).disableEventBroadcasting();
+    turn();
+    EXPECT_EQ(calls, 1);
+    peer(*m_probe).enableEventBroadcasting();
+    move(2);
+    turn();
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(Throttling, anEndedEventLoopBlocksNothing)
+{
+    auto moves = Log(m_probe->mouseMoved());
+    auto keys = Log(m_probe->keyPressed());
+    move(1);
+    eventLoopBinding().reset();   // what is queued is dropped
+    key(QEvent::KeyPress);        // nobody takes it
+    turn();
+    EXPECT_EQ(moves.count() + keys.count(), 0);
+
+    eventLoopBinding() = std::make_unique<EventLoopBinding>();
+    move(2);
+    key(QEvent::KeyPress);
+    turn();
+    ASSERT_EQ(moves.count(), 1);
+    EXPECT_EQ(moves.last().position().x, 2);
+    EXPECT_EQ(keys.count(), 1);
+}
+
+TEST_F(Throttling, anotherThreadMayListen)
+{
+    TROV::Thread* worker = nullptr;
+    std::atomic<bool> ready{false};
+    std::thread thread([&] {
+        worker = TROV::Thread::getCurrentThread();
+        ready = true;
+        worker->exec();
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ready.load(); }));
+    std::atomic<int> calls{0};
+    TROV::Listener listener;
+    m_probe->mouseMoved().connect(&listener, [&] { ++calls; }, worker);
+    for (int i = 1; i <= 3; ++i) {
+        move(i);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return calls == i; }));
+    }
+    worker->quit();
+    thread.join();
+}
+
+} // namespace
+} // namespace VOXI
