@@ -59,19 +59,6 @@ QKeySequence parse(const std::string& accelerator)
     return keys.toString(QKeySequence::PortableText).isEmpty() ? QKeySequence() : keys;
 }
 
-QActionGroup::ExclusionPolicy policyOf(ActionExclusion exclusion)
-{
-    switch (exclusion) {
-    case ActionExclusion::Exclusive:
-        return QActionGroup::ExclusionPolicy::Exclusive;
-    case ActionExclusion::ExclusiveOptional:
-        return QActionGroup::ExclusionPolicy::ExclusiveOptional;
-    case ActionExclusion::None:
-        break;
-    }
-    return QActionGroup::ExclusionPolicy::None;
-}
-
 /// The Qt groups by the ids of the abstract ones; each lives while it has actions.
 std::map<unsigned, QActionGroup*>& groups()
 {
@@ -270,7 +257,7 @@ void QtAction2::doSetGroup(unsigned group, ActionExclusion exclusion)
     QActionGroup*& qGroup = groups()[group];
     if (!qGroup)
         qGroup = new QActionGroup(nullptr);
-    qGroup->setExclusionPolicy(policyOf(exclusion));
+    qGroup->setExclusionPolicy(VX2Qt(exclusion));
     if (actionGroup() == qGroup)
         return;
     if (isChecked())
