@@ -58,7 +58,7 @@ void Pointer::moveTo(QPoint global)
 {
     ASSERT_NE(QCursor::pos(), global) << "the pointer is there already";
     m_last = QPoint(-1, -1);
-    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+    if (isReal()) {
         QProcess::execute(QStringLiteral("xdotool"),
                           {QStringLiteral("mousemove"), QString::number(global.x()),
                            QString::number(global.y())});
@@ -69,12 +69,17 @@ void Pointer::moveTo(QPoint global)
         << "to " << global.x() << "," << global.y() << "; seen " << m_last.x() << "," << m_last.y();
 }
 
-void Pointer::travelTo(QPoint global)
+void Pointer::moveAsideTo(QPoint global)
 {
-    const QPoint start = QCursor::pos();
-    const int steps = std::max(2, (global - start).manhattanLength() / 12);
-    for (int i = 1; i <= steps; ++i)
-        moveTo(start + (global - start) * i / steps);
+    if (isReal())
+        moveTo(global);
+    else
+        QCursor::setPos(global);
+}
+
+bool Pointer::isReal()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
 // The menus ---------------------------------------------------------------------------------------

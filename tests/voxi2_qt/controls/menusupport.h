@@ -59,13 +59,16 @@ public:
     Pointer();
 
     void moveTo(QPoint global);
-    /// In steps of a few pixels.
-    void travelTo(QPoint global);
+    /// To a place outside all menus: only a real pointer, which an open menu has caught, is heard
+    /// of there.
+    void moveAsideTo(QPoint global);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    static bool isReal();
+
     QPoint m_last;
 };
 

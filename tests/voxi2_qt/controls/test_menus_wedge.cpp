@@ -143,6 +143,19 @@ TEST_P(Wedge, ends_where_the_pointer_leaves_it)
     EXPECT_EQ(m_top->activeAction(), entry(DigEntry - 2)) << "at once";
 }
 
+TEST_P(Wedge, believes_leave_events_only_when_the_pointer_has_left)
+{
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(m_top, &leave);
+    const QPoint inside = onTheWay(DigEntry + 1);
+    m_pointer.moveTo(inside);
+    EXPECT_EQ(m_top->activeAction(), m_sub->menuAction());
+    m_pointer.moveAsideTo(m_top->geometry().topLeft() - QPoint(0, 60));
+    QCoreApplication::sendEvent(m_top, &leave);
+    m_pointer.moveTo(inside);
+    EXPECT_EQ(m_top->activeAction(), entry(DigEntry + 1));
+}
+
 TEST_P(Wedge, ends_with_the_menu_that_it_leads_to)
 {
     m_sub->hide();
