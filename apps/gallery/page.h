@@ -25,10 +25,13 @@ const std::vector<Page>& pages();
 
 // One function for each file under pages/.
 Page countingPage();
+Page buttonsPage();
 Page eventsPage();
 Page dragDropPage();
 Page focusPage();
 Page cursorsPage();
 Page threadsPage();
+Page actionsPage();
+Page digMenusPage();
 
 } // namespace gallery

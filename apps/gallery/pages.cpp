@@ -5,7 +5,8 @@ namespace gallery {
 const std::vector<Page>& pages()
 {
     static const std::vector<Page> all = {
-        countingPage(), eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage(),
+        countingPage(), buttonsPage(), eventsPage(),  dragDropPage(), focusPage(),
+        cursorsPage(),  threadsPage(), actionsPage(), digMenusPage(),
     };
     return all;
 }

@@ -1,6 +1,12 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 
+#include "voxi2/controls/vxmenubar2.h"
+#include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <QLayout>
+#include <QMenuBar>
+#include <QToolBar>
 
 #include <optional>
 
@@ -15,7 +21,55 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setCentralWidget, &P::doSetCentralWidget>(),
     TROV::row<&E::getCentralWidget, &P::doGetCentralWidget>(),
     TROV::row<&E::setSupportsGlobalFocusBlocker, &P::doSetSupportsGlobalFocusBlocker>(),
-    TROV::row<&E::getSupportsGlobalFocusBlocker, &P::doGetSupportsGlobalFocusBlocker>());
+    TROV::row<&E::getSupportsGlobalFocusBlocker, &P::doGetSupportsGlobalFocusBlocker>(),
+    TROV::row<&E::setMenuBar, &P::doSetMenuBar>(),
+    TROV::row<&E::addToolBar, &P::doAddToolBar>(),
+    TROV::row<&E::removeToolBar, &P::doRemoveToolBar>(),
+    TROV::row<&E::insertToolBarBreak, &P::doInsertToolBarBreak>(),
+    TROV::row<&E::getMenuBar, &P::doGetMenuBar>(),
+    TROV::row<&E::getToolBarArea, &P::doGetToolBarArea>());
+
+/// Calls `function` with the peer of a live tool bar, and its widget.
+template <class Function>
+void withToolBarOf(VXToolBar2* bar, Function&& function)
+{
+    withPeerOf<QtWidget2>(bar, [&](QtWidget2* peer) {
+        if (QToolBar* widget = peer ? qobject_cast<QToolBar*>(peer->asQWidget()) : nullptr)
+            function(*peer, widget);
+    });
+}
+
+Qt::ToolBarArea toQtArea(ToolBarArea area)
+{
+    switch (area) {
+    case ToolBarArea::Left:
+        return Qt::LeftToolBarArea;
+    case ToolBarArea::Right:
+        return Qt::RightToolBarArea;
+    case ToolBarArea::Bottom:
+        return Qt::BottomToolBarArea;
+    case ToolBarArea::None:
+    case ToolBarArea::Top:
+        break;
+    }
+    return Qt::TopToolBarArea;
+}
+
+ToolBarArea fromQtArea(Qt::ToolBarArea area)
+{
+    switch (area) {
+    case Qt::LeftToolBarArea:
+        return ToolBarArea::Left;
+    case Qt::RightToolBarArea:
+        return ToolBarArea::Right;
+    case Qt::TopToolBarArea:
+        return ToolBarArea::Top;
+    case Qt::BottomToolBarArea:
+        return ToolBarArea::Bottom;
+    default:
+        return ToolBarArea::None;
+    }
+}
 
 }  // namespace
 
@@ -65,6 +119,68 @@ void QtWindow2::doSetSupportsGlobalFocusBlocker(bool supports)
 bool QtWindow2::doGetSupportsGlobalFocusBlocker()
 {
     return m_supportsFocusBlocker;
+}
+
+void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
+{
+    const auto place = [this](QWidget* widget) {
+        auto* wanted = qobject_cast<QMenuBar*>(widget);
+        if (wanted && wanted == menuWidget())
+            return;
+        // Qt would delete the former one, which has an owner of its own.
+        if (QWidget* former = menuWidget()) {
+            layout()->setMenuBar(nullptr);
+            former->hide();
+        }
+        if (wanted) {
+            setMenuBar(wanted);
+            wanted->show();
+        }
+    };
+    if (bar)
+        withWidgetOf(bar, place);
+    else
+        place(nullptr);
+}
+
+void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
+{
+    withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
+        const QtEventBlocker blocker(peer, {WidgetEvent::Show});
+        addToolBar(toQtArea(area), widget);
+        widget->show();   // one that was removed is hidden
+    });
+}
+
+void QtWindow2::doRemoveToolBar(VXToolBar2* bar)
+{
+    withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
+        const QtEventBlocker blocker(peer, {WidgetEvent::Hide});
+        if (toolBarArea(widget) != Qt::NoToolBarArea)
+            removeToolBar(widget);
+    });
+}
+
+void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
+{
+    withToolBarOf(before, [&](QtWidget2&, QToolBar* widget) {
+        if (toolBarArea(widget) != Qt::NoToolBarArea)
+            insertToolBarBreak(widget);
+    });
+}
+
+VXMenuBar2* QtWindow2::doGetMenuBar()
+{
+    return dynamic_cast<VXMenuBar2*>(abstractObjectOf(menuWidget()));
+}
+
+ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
+{
+    ToolBarArea result = ToolBarArea::None;
+    withToolBarOf(bar, [&](QtWidget2&, QToolBar* widget) {
+        result = fromQtArea(toolBarArea(widget));
+    });
+    return result;
 }
 
 }  // namespace VOXI

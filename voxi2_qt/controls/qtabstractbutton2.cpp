@@ -26,7 +26,10 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getIcon, &P::doGetIcon>(),
     TROV::row<&E::getLabel, &P::doGetLabel>(),
     TROV::row<&E::click, &P::doimClick>(),
-    TROV::row<&E::toggle, &P::doimToggle>());
+    TROV::row<&E::toggle, &P::doimToggle>(),
+    TROV::row<&E::getLabelU, &P::doGetLabelU>(),
+    TROV::row<&E::setIconSize, &P::doSetIconSize>(),
+    TROV::row<&E::getIconSize, &P::doGetIconSize>());
 
 }  // namespace
 
@@ -107,6 +110,21 @@ void QtAbstractButton2::doimClick()
 void QtAbstractButton2::doimToggle()
 {
     button()->toggle();
+}
+
+std::wstring QtAbstractButton2::doGetLabelU()
+{
+    return toStdWString(button()->text());
+}
+
+void QtAbstractButton2::doSetIconSize(Size<int> size)
+{
+    button()->setIconSize(VX2Qt(size));
+}
+
+Size<int> QtAbstractButton2::doGetIconSize()
+{
+    return Qt2VX(button()->iconSize());
 }
 
 void QtAbstractButton2::reportClick()

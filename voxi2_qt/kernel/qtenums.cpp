@@ -86,6 +86,12 @@ constexpr auto ShortcutContexts = enumTable<ShortcutContext, Qt::ShortcutContext
     {ShortcutContext::Application, Qt::ApplicationShortcut},
     {ShortcutContext::WidgetWithChildren, Qt::WidgetWithChildrenShortcut},
 });
+
+constexpr auto ActionExclusions = enumTable<ActionExclusion, QActionGroup::ExclusionPolicy>({
+    {ActionExclusion::None, QActionGroup::ExclusionPolicy::None},
+    {ActionExclusion::Exclusive, QActionGroup::ExclusionPolicy::Exclusive},
+    {ActionExclusion::ExclusiveOptional, QActionGroup::ExclusionPolicy::ExclusiveOptional},
+});
 } // namespace
 
 Qt::Alignment VX2Qt(Alignment alignment) noexcept
@@ -186,6 +192,16 @@ Qt::ShortcutContext VX2Qt(ShortcutContext context) noexcept
 ShortcutContext Qt2VX(Qt::ShortcutContext context) noexcept
 {
     return ShortcutContexts.toVx(context);
+}
+
+QActionGroup::ExclusionPolicy VX2Qt(ActionExclusion exclusion) noexcept
+{
+    return ActionExclusions.toQt(exclusion);
+}
+
+ActionExclusion Qt2VX(QActionGroup::ExclusionPolicy policy) noexcept
+{
+    return ActionExclusions.toVx(policy);
 }
 
 } // namespace VOXI

@@ -6,7 +6,14 @@
 #include "voxi2_qt/containers/qtpanel2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
+#include "voxi2_qt/controls/qtcheckbox2.h"
+#include "voxi2_qt/controls/qtmenu2.h"
+#include "voxi2_qt/controls/qtmenubar2.h"
+#include "voxi2_qt/controls/qtradiobutton2.h"
 #include "voxi2_qt/controls/qttext2.h"
+#include "voxi2_qt/controls/qttoolbar2.h"
+#include "voxi2_qt/controls/qttoolbutton2.h"
+#include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
 
@@ -39,12 +46,19 @@ QtFactory2::QtFactory2(VXFactory2* factory)
         request.connect(this, operation, thread);
     };
     // In the order of the requests in `VXFactory2`; kinds without a peer are left unconnected.
+    connect(factory->createAction2, &QtFactory2::createAction2);
     connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
     connect(factory->createButton2, &QtFactory2::createButton2);
+    connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
+    connect(factory->createMenu2, &QtFactory2::createMenu2);
+    connect(factory->createMenuBar2, &QtFactory2::createMenuBar2);
     connect(factory->createPanel2, &QtFactory2::createPanel2);
+    connect(factory->createRadioButton2, &QtFactory2::createRadioButton2);
     connect(factory->createText2, &QtFactory2::createText2);
+    connect(factory->createToolbar2, &QtFactory2::createToolbar2);
+    connect(factory->createToolButton2, &QtFactory2::createToolButton2);
     connect(factory->createWindow2, &QtFactory2::createWindow2);
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
@@ -64,6 +78,11 @@ QObject* QtFactory2::getQObject(VXObject* object)
     return object ? qObjectOf(lookup(object)) : nullptr;
 }
 
+void QtFactory2::createAction2(VXAction2* object, VXAction2Emitters* emitters, VXObject* parent)
+{
+    create<QtAction2>(object, emitters, getQObject(parent));
+}
+
 void QtFactory2::createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters,
                                   VXObject* parent, Direction direction)
 {
@@ -73,6 +92,12 @@ void QtFactory2::createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* em
 void QtFactory2::createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent)
 {
     create<QtButton2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters,
+                                 VXObject* parent)
+{
+    create<QtCheckBox2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)
@@ -85,14 +110,41 @@ void QtFactory2::createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emi
     create<QtDragDelegate2>(object, emitters);
 }
 
+void QtFactory2::createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent)
+{
+    create<QtMenu2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, VXObject* parent)
+{
+    create<QtMenuBar2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent)
 {
     create<QtPanel2>(object, emitters, getQWidget(parent));
 }
 
+void QtFactory2::createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters,
+                                    VXObject* parent)
+{
+    create<QtRadioButton2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
 {
     create<QtText2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent)
+{
+    create<QtToolBar2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
+                                   VXObject* parent)
+{
+    create<QtToolButton2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent)

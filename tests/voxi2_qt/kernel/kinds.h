@@ -5,14 +5,27 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxcheckbox2.h"
+#include "voxi2/controls/vxmenu2.h"
+#include "voxi2/controls/vxmenubar2.h"
+#include "voxi2/controls/vxradiobutton2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/controls/vxtoolbar2.h"
+#include "voxi2/controls/vxtoolbutton2.h"
+#include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <ostream>
 
@@ -46,11 +59,19 @@ inline std::vector<Kind> allKinds()
 {
     using F = VXFactory2;
     return {
+        kind<VXAction2, QAction, &F::createAction2>("Action"),
         kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
         kind<VXButton2, QPushButton, &F::createButton2>("Button", QAccessible::Button),
+        kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
         kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
+        kind<VXMenu2, QMenu, &F::createMenu2>("Menu", QAccessible::PopupMenu),
+        kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
         kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
+        kind<VXRadioButton2, QRadioButton, &F::createRadioButton2>("RadioButton",
+                                                                   QAccessible::RadioButton),
         kind<VXText2, QLabel, &F::createText2>("Text", QAccessible::StaticText),
+        kind<VXToolBar2, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar),
+        kind<VXToolButton2, QToolButton, &F::createToolButton2>("ToolButton", QAccessible::Button),
         kind<VXWindow2, QMainWindow, &F::createWindow2>("Window", QAccessible::Window),
     };
 }

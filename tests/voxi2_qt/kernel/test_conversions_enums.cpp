@@ -70,6 +70,10 @@ TEST(ConvertEnums, FramesAndToolButtons)
                                                        {ShortcutContext::Window, 1},
                                                        {ShortcutContext::Application, 2},
                                                        {ShortcutContext::WidgetWithChildren, 3}});
+    expectPairs<QActionGroup::ExclusionPolicy, ActionExclusion>(
+        {{ActionExclusion::None, 0},
+         {ActionExclusion::Exclusive, 1},
+         {ActionExclusion::ExclusiveOptional, 2}});
 }
 
 TEST(ConvertEnums, ItemViewsAndCombos)

@@ -33,4 +33,34 @@ bool VXWindow2::supportsGlobalFocusBlocker() const
     return m_emitters.getSupportsGlobalFocusBlocker();
 }
 
+void VXWindow2::setMenuBar(VXMenuBar2* bar)
+{
+    m_emitters.setMenuBar(bar);
+}
+
+VXMenuBar2* VXWindow2::menuBar() const
+{
+    return m_emitters.getMenuBar();
+}
+
+void VXWindow2::addToolBar(VXToolBar2* bar, ToolBarArea area)
+{
+    m_emitters.addToolBar(bar, area);
+}
+
+void VXWindow2::removeToolBar(VXToolBar2* bar)
+{
+    m_emitters.removeToolBar(bar);
+}
+
+void VXWindow2::insertToolBarBreak(VXToolBar2* before)
+{
+    m_emitters.insertToolBarBreak(before);
+}
+
+ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const
+{
+    return m_emitters.getToolBarArea(bar);
+}
+
 }  // namespace VOXI

@@ -34,6 +34,11 @@ std::string VXAbstractButton2::label() const
     return m_emitters.getLabel();
 }
 
+std::wstring VXAbstractButton2::labelU() const
+{
+    return m_emitters.getLabelU();
+}
+
 void VXAbstractButton2::setIcon(const Icon& icon)
 {
     m_emitters.setIcon(icon);
@@ -42,6 +47,16 @@ void VXAbstractButton2::setIcon(const Icon& icon)
 Icon VXAbstractButton2::icon() const
 {
     return m_emitters.getIcon();
+}
+
+void VXAbstractButton2::setIconSize(Size<int> size)
+{
+    m_emitters.setIconSize(size);
+}
+
+Size<int> VXAbstractButton2::iconSize() const
+{
+    return m_emitters.getIconSize();
 }
 
 void VXAbstractButton2::setCheckable(bool checkable)

@@ -27,6 +27,9 @@ struct VXAbstractButton2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
     TROV::Request<std::string()> getLabel{*this};
     TROV::Request<void()> click{*this};
     TROV::Request<void()> toggle{*this};
+    TROV::Request<std::wstring()> getLabelU{*this};
+    TROV::Request<void(Size<int>)> setIconSize{*this};
+    TROV::Request<Size<int>()> getIconSize{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXButtonClickEvent2&)> clicked{*this};
@@ -44,10 +47,15 @@ public:
     void setLabel(std::u16string_view label);
     /// As 8-bit text: characters that it does not have become question marks.
     std::string label() const;
+    std::wstring labelU() const;
 
     void setIcon(const Icon& icon);
     /// The icon last set.
     Icon icon() const;
+    /// The largest size that the icon is drawn in, in pixels that know the screen's scale; the style
+    /// decides when it was not set.
+    void setIconSize(Size<int> size);
+    Size<int> iconSize() const;
 
     /// Whether clicks switch the button between pressed in and not.
     void setCheckable(bool checkable);

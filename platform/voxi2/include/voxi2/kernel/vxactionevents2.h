@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <utility>
+
 namespace VOXI {
 
 class VXAction2;
@@ -34,6 +37,26 @@ public:
 private:
     VXAction2* m_action;
     bool m_checked;
+};
+
+/// An accelerator of an action was pressed that something else in reach has as well, so that
+/// nothing was carried out.
+class VXActionAmbiguityEvent2
+{
+public:
+    VXActionAmbiguityEvent2(VXAction2* action, std::string accelerator)
+        : m_action(action),
+          m_accelerator(std::move(accelerator))
+    {}
+
+    /// One of those that have the accelerator; at the next press it is another.
+    VXAction2* action() const noexcept { return m_action; }
+    /// What was pressed, in portable notation.
+    const std::string& accelerator() const noexcept { return m_accelerator; }
+
+private:
+    VXAction2* m_action;
+    std::string m_accelerator;
 };
 
 } // namespace VOXI

@@ -22,6 +22,12 @@ public:
     virtual VXWidget2* doGetCentralWidget();
     virtual void doSetSupportsGlobalFocusBlocker(bool supports);
     virtual bool doGetSupportsGlobalFocusBlocker();
+    virtual void doSetMenuBar(VXMenuBar2* bar);
+    virtual void doAddToolBar(VXToolBar2* bar, ToolBarArea area);
+    virtual void doRemoveToolBar(VXToolBar2* bar);
+    virtual void doInsertToolBarBreak(VXToolBar2* before);
+    virtual VXMenuBar2* doGetMenuBar();
+    virtual ToolBarArea doGetToolBarArea(VXToolBar2* bar);
 
     bool supportsGlobalFocusBlocker() const override { return m_supportsFocusBlocker; }
 

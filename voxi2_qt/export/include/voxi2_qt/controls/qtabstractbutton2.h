@@ -27,6 +27,9 @@ public:
     virtual std::string doGetLabel();
     virtual void doimClick();
     virtual void doimToggle();
+    std::wstring doGetLabelU();
+    void doSetIconSize(Size<int> size);
+    Size<int> doGetIconSize();
 
 protected:
     QtAbstractButton2(VXAbstractButton2* button, VXAbstractButton2Emitters* emitters);

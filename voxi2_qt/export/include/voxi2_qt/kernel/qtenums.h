@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/kernel/actionexclusion.h"
 #include "voxi2/kernel/alignment.h"
 #include "voxi2/kernel/combo.h"
 #include "voxi2/kernel/direction.h"
@@ -11,6 +12,7 @@
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QAbstractItemView>
+#include <QActionGroup>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QFrame>
@@ -50,6 +52,9 @@ VOXI2_QT_EXPORT ToolButtonPopupMode Qt2VX(QToolButton::ToolButtonPopupMode mode)
 
 VOXI2_QT_EXPORT Qt::ToolButtonStyle VX2Qt(ToolButtonStyle style) noexcept;
 VOXI2_QT_EXPORT ToolButtonStyle Qt2VX(Qt::ToolButtonStyle style) noexcept;
+
+VOXI2_QT_EXPORT QActionGroup::ExclusionPolicy VX2Qt(ActionExclusion exclusion) noexcept;
+VOXI2_QT_EXPORT ActionExclusion Qt2VX(QActionGroup::ExclusionPolicy policy) noexcept;
 
 VOXI2_QT_EXPORT Qt::ShortcutContext VX2Qt(ShortcutContext context) noexcept;
 VOXI2_QT_EXPORT ShortcutContext Qt2VX(Qt::ShortcutContext context) noexcept;

@@ -24,13 +24,20 @@ public:
     /// Makes the one instance and connects it to the factory's requests; again it does nothing.
     static void createFactory(VXFactory2* factory);
 
+    void createAction2(VXAction2* object, VXAction2Emitters* emitters, VXObject* parent);
     void createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, VXObject* parent,
                           Direction direction);
     void createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent);
+    void createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, VXObject* parent);
     void createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
     void createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters);
+    void createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent);
+    void createMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, VXObject* parent);
     void createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent);
+    void createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters, VXObject* parent);
     void createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent);
+    void createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent);
+    void createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters, VXObject* parent);
     void createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent);
 
     /// Destroys the peer of the object with that id; unknown ids are ignored.

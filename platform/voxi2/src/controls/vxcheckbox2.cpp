@@ -1,0 +1,17 @@
+#include "voxi2/controls/vxcheckbox2.h"
+
+namespace VOXI {
+
+VXCheckBox2::VXCheckBox2(VXObject2* parent)
+    : VXAbstractButton2(parent),
+      m_emitters(VXAbstractButton2::m_emitters)
+{
+    createPeer(&VXFactory2::createCheckBox2, this, &m_emitters, parent);
+}
+
+VXCheckBox2::~VXCheckBox2()
+{
+    retire();
+}
+
+} // namespace VOXI

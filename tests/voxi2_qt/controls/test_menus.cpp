@@ -1,0 +1,197 @@
+#include "menusupport.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxmenubar2.h"
+#include "voxi2_qt/controls/qtmenubar2.h"
+
+#include <QMainWindow>
+#include <QSignalSpy>
+
+namespace VOXI {
+
+namespace {
+
+class Menus : public MenuTest
+{};
+
+TEST_F(Menus, show_what_they_are_given_in_its_order)
+{
+    VXMenu2 menu;
+    VXAction2 first;
+    first.setLabel("First");
+    menu.addAction(&first);
+    menu.addSeparator();
+    VXMenu2 more;
+    menu.addMenu(std::string("Caf\xe9\0hidden", 11), &more);
+    VXAction2* own = menu.addAction(L"Own \x03a9");
+    const QList<QAction*> actions = qt(menu)->actions();
+    ASSERT_EQ(actions.size(), 4);
+    EXPECT_EQ(menu.count(), 4);
+    EXPECT_EQ(actions[0], qt(first));
+    EXPECT_TRUE(actions[1]->isSeparator());
+    EXPECT_EQ(actions[2], qt(more)->menuAction());
+    EXPECT_EQ(actions[2]->text(), QStringLiteral(u"Caf\u00e9"));
+    EXPECT_EQ(actions[3]->text(), QStringLiteral(u"Own \u03a9"));
+
+    more.setActionEnabled(false);
+    EXPECT_FALSE(actions[2]->isEnabled());
+    EXPECT_FALSE(more.isActionEnabled());
+
+    menu.addAction(&first); // moves to the end
+    EXPECT_EQ(qt(menu)->actions().last(), qt(first));
+    menu.removeAction(&first);
+    menu.removeMenu(&more);
+    EXPECT_EQ(menu.count(), 2);
+    menu.addMenu("itself", &menu);
+    menu.addAction(static_cast<VXAction2*>(nullptr));
+    menu.addMenu("none", nullptr);
+    EXPECT_EQ(menu.count(), 2);
+    EXPECT_EQ(own->parent(), &menu);
+}
+
+TEST_F(Menus, keep_their_own_actions_alive_when_cleared_until_they_are_destroyed)
+{
+    VXMenu2 menu;
+    const VXHandle<VXAction2> own = menu.addAction("own");
+    const VXHandle<VXMenu2> sub = new VXMenu2(&menu);
+    menu.addMenu("sub", sub.get());
+    menu.clear();
+    EXPECT_EQ(menu.count(), 0);
+    menu.addAction(own.get());
+    EXPECT_EQ(menu.count(), 1);
+    EXPECT_EQ(own->label(), "own");
+    menu.destroyItems();
+    runDeletions();
+    EXPECT_EQ(menu.count(), 0);
+    EXPECT_FALSE(own.isValid());
+    EXPECT_FALSE(sub.isValid());
+}
+
+TEST_F(Menus, pop_up_at_whole_pixels_and_reopen_when_they_are_open)
+{
+    QSignalSpy shows(m_top, &QMenu::aboutToShow);
+    QSignalSpy hides(m_top, &QMenu::aboutToHide);
+    m_menu->popup(10.9, -0.5);
+    EXPECT_TRUE(m_menu->isVisible());
+    EXPECT_EQ(m_top->pos(), QPoint(10, 0));
+    m_menu->popup(30.2, 40.7);
+    EXPECT_EQ(m_top->pos(), QPoint(30, 40));
+    EXPECT_EQ(shows.count(), 2);
+    EXPECT_EQ(hides.count(), 1);
+}
+
+TEST_F(Menus, trigger_their_actions_for_the_user)
+{
+    VXAction2 action;
+    int triggered = 0;
+    action.triggered().connect(&action, [&] { ++triggered; });
+    m_menu->addAction(&action);
+    m_menu->popup(20, 20);
+    const QRect place = m_top->actionGeometry(qt(action));
+    QTest::mouseClick(m_top, Qt::LeftButton, {}, place.center());
+    EXPECT_TRUE(waitFor([&] { return triggered == 1 && !m_top->isVisible(); }));
+}
+
+TEST_F(Menus, serve_as_context_menus_instead_of_the_widget_s_own)
+{
+    auto* panel = new VXPanel2(m_window.get());
+    VXMenu2 other;
+    m_menu->setContextMenuOf(panel);
+    m_menu->setContextMenuOf(panel); // still one
+    QSignalSpy shows(m_top, &QMenu::aboutToShow);
+    panel->imitateContextMenu({5, 6}, {105, 106});
+    EXPECT_EQ(m_top->pos(), QPoint(105, 106));
+    EXPECT_EQ(shows.count(), 1);
+    m_menu->hide();
+    m_menu->unsetContextMenuOf(panel);
+    panel->imitateContextMenu({5, 6}, {105, 106});
+    EXPECT_FALSE(m_menu->isVisible());
+    EXPECT_FALSE(panel->isEventConsumed(WidgetEvent::ContextMenu));
+    // Neither end outliving the other is a problem.
+    m_menu->setContextMenuOf(panel);
+    panel->destroy();
+    m_menu->setContextMenuOf(panel);
+}
+
+TEST_F(Menus, stay_menus_when_they_change_their_parent)
+{
+    VXMenu2 menu;
+    menu.setParent(m_window.get());
+    EXPECT_TRUE(qt(menu)->isWindow());
+    menu.setParent(nullptr);
+    EXPECT_EQ(qt(menu)->windowType(), Qt::Popup);
+}
+
+TEST_F(Menus, hang_in_the_menu_bar_of_a_window)
+{
+    auto* bar = new VXMenuBar2(m_window.get());
+    bar->addMenu("&File\xb7", m_menu);
+    VXMenu2 edit;
+    bar->addMenu(L"&Edit \x4e2d", &edit);
+    m_window->setMenuBar(bar);
+    EXPECT_EQ(m_window->menuBar(), bar);
+    EXPECT_TRUE(bar->isVisible());
+    auto* widget = dynamic_cast<QMenuBar*>(qt(*bar));
+    ASSERT_EQ(widget->actions().size(), 2);
+    EXPECT_EQ(widget->actions()[0]->text(), QStringLiteral(u"&File\u00b7"));
+    EXPECT_EQ(edit.titleU(), L"&Edit \x4e2d");
+
+    auto* second = new VXMenuBar2(m_window.get());
+    m_window->setMenuBar(second);
+    runDeletions();
+    EXPECT_FALSE(bar->isVisible());
+    bar->removeMenu(&edit);
+    EXPECT_EQ(widget->actions().size(), 1);
+    bar->clear();
+    EXPECT_TRUE(widget->actions().isEmpty());
+    m_window->setMenuBar(bar);
+    EXPECT_TRUE(bar->isVisible());
+    m_window->setMenuBar(nullptr);
+    EXPECT_EQ(m_window->menuBar(), nullptr);
+    m_window->setMenuBar(bar);
+    bar->destroy();
+    runDeletions();
+    EXPECT_EQ(m_window->menuBar(), nullptr);
+}
+
+TEST_F(Menus, let_go_of_what_is_destroyed_while_it_is_used)
+{
+    // Each while the menu is open, the entry active and the button down on it.
+    const auto hold = [&](QAction* action) {
+        m_menu->popup(20, 20);
+        m_top->setActiveAction(action);
+        QTest::mousePress(m_top, Qt::LeftButton, {}, m_top->actionGeometry(action).center());
+    };
+    const auto letGo = [&] {
+        runDeletions();
+        if (m_top) {
+            QTest::mouseRelease(m_top, Qt::LeftButton, {}, QPoint(8, 8));
+            m_top->hide();
+        }
+    };
+    auto* action = new VXAction2(m_window.get());
+    m_menu->addAction(action);
+    hold(qt(*action));
+    action->destroy();
+    letGo();
+    hold(m_sub->menuAction());
+    m_dig->destroy();
+    letGo();
+    EXPECT_EQ(m_menu->count(), 9);
+    hold(entry(0));
+    m_menu->destroy();
+    letGo();
+    EXPECT_FALSE(m_top);
+}
+
+TEST_F(Menus, may_be_destroyed_by_the_handler_of_their_own_entry)
+{
+    VXAction2* action = m_menu->addAction("Close everything");
+    action->triggered().connect(m_window.get(), [&] { m_menu->destroy(); });
+    m_menu->popup(20, 20);
+    QTest::mouseClick(m_top, Qt::LeftButton, {}, m_top->actionGeometry(qt(*action)).center());
+    EXPECT_TRUE(waitFor([&] { return !m_top; }));
+}
+
+} // namespace
+
+} // namespace VOXI

@@ -1,0 +1,296 @@
+// Menus that the application fills while they open.
+
+#include "menusupport.h"
+#include "support/watchdog.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QStyle>
+#include <QTimer>
+
+#include <thread>
+
+namespace VOXI {
+
+namespace {
+
+constexpr QSize OnePixel(1, 1);
+
+class DigMenus : public MenuTest
+{
+protected:
+    void answerAtOnce(int items)
+    {
+        m_dig->aboutToShow().connect(m_window.get(), [this, items] {
+            fill(*m_dig, items);
+            m_dig->digComplete(m_menu);
+        });
+    }
+    bool isShownWhole() const
+    {
+        return m_sub->isVisible() && m_sub->updatesEnabled() && m_sub->size() == m_sub->sizeHint()
+               && m_sub->size() != OnePixel;
+    }
+    QRect entryOnScreen() const
+    {
+        const QRect inside = m_top->actionGeometry(m_sub->menuAction());
+        return QRect(m_top->mapToGlobal(inside.topLeft()), inside.size());
+    }
+    int overlap() const { return m_top->style()->pixelMetric(QStyle::PM_SubMenuOverlap); }
+    QRect area() const { return m_top->screen()->geometry(); }
+};
+
+TEST_F(DigMenus, wait_at_one_pixel_and_ask_once)
+{
+    fill(*m_dig, 2);
+    const ShowCounter counter(*m_dig);
+    openBoth({100, 100});
+    EXPECT_EQ(m_sub->size(), OnePixel);
+    EXPECT_FALSE(m_sub->updatesEnabled());
+    EXPECT_EQ(m_dig->count(), 0) << "cleared before it asks";
+    EXPECT_EQ(counter.m_menu, m_dig);
+    fill(*m_dig, 3);
+    EXPECT_EQ(m_sub->size(), OnePixel);
+    m_sub->hide();
+    m_dig->popup(150, 150);
+    EXPECT_EQ(counter.m_count, 1);
+    EXPECT_EQ(m_dig->count(), 3) << "what was added meanwhile stays";
+    m_dig->digComplete();
+    EXPECT_TRUE(isShownWhole());
+    EXPECT_EQ(m_sub->pos(), QPoint(150, 150));
+    m_dig->popup(10, 10);
+    EXPECT_EQ(counter.m_count, 2);
+}
+
+TEST_F(DigMenus, are_placed_beside_their_parent_whenever_the_answer_comes)
+{
+    // At once, from inside the handler.
+    answerAtOnce(5);
+    openBoth({100, 100});
+    ASSERT_TRUE(waitFor([&] { return isShownWhole(); }));
+    const QPoint beside(entryOnScreen().right() + overlap() + 1, entryOnScreen().top());
+    EXPECT_EQ(m_sub->pos(), beside);
+    EXPECT_EQ(m_dig->count(), 5);
+    EXPECT_EQ(m_sub->minimumSize(), QSize(0, 0));
+
+    // Later.
+    m_dig->aboutToShow().connect(m_window.get(), [] {});
+    m_menu->hide();
+    auto* later = new VXMenu2(m_window.get());
+    later->setDigMenu(true);
+    m_menu->addMenu("Later", later);
+    const ShowCounter counter(*later);
+    m_sub = qt(*later);
+    openBoth({100, 100});
+    fill(*later, 7);
+    later->digComplete(m_menu);
+    EXPECT_TRUE(isShownWhole());
+    EXPECT_EQ(m_sub->pos(), QPoint(entryOnScreen().right() + overlap() + 1, entryOnScreen().top()));
+}
+
+TEST_F(DigMenus, can_be_filled_by_another_thread)
+{
+    const Watchdog watchdog(std::chrono::seconds(20));
+    std::thread worker;
+    m_dig->aboutToShow().connect(m_window.get(), [&](const VXMenuEvent2& event) {
+        worker = std::thread([menu = VXHandle<VXMenu2>(event.menu()), parent = m_menu] {
+            for (int i = 0; i < 4; ++i)
+                menu->addAction("from afar");
+            menu->digComplete(parent);
+        });
+    });
+    openBoth({100, 100});
+    EXPECT_TRUE(waitFor([&] { return isShownWhole(); }));
+    EXPECT_EQ(m_dig->count(), 4);
+    worker.join();
+}
+
+TEST_F(DigMenus, close_when_there_is_nothing_to_show)
+{
+    // Later, and at once.
+    const ShowCounter counter(*m_dig);
+    openBoth({100, 100});
+    fill(*m_dig, 2);
+    m_dig->digFailed();
+    EXPECT_FALSE(m_sub->isVisible());
+    EXPECT_TRUE(m_sub->updatesEnabled());
+    EXPECT_EQ(m_dig->count(), 0);
+    EXPECT_EQ(m_sub->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+
+    m_dig->aboutToShow().connect(m_window.get(), [&] { m_dig->digFailed(); });
+    openBoth({100, 100});
+    EXPECT_TRUE(waitFor([&] { return !m_sub->isVisible() && m_sub->updatesEnabled(); }));
+    EXPECT_EQ(counter.m_count, 2);
+}
+
+TEST_F(DigMenus, take_a_second_answer_and_one_that_nobody_waits_for)
+{
+    const ShowCounter counter(*m_dig);
+    m_dig->digComplete(m_menu);
+    EXPECT_FALSE(m_sub->isVisible());
+    openBoth({100, 100});
+    fill(*m_dig, 3);
+    m_dig->digComplete(m_menu);
+    const QRect place = m_sub->geometry();
+    m_dig->digComplete(m_menu);
+    EXPECT_EQ(m_sub->geometry(), place);
+    m_dig->digFailed();
+    m_dig->digFailed();
+    EXPECT_FALSE(m_sub->isVisible());
+    EXPECT_EQ(counter.m_count, 1);
+}
+
+TEST_F(DigMenus, show_nothing_when_they_were_closed_before_the_answer)
+{
+    const ShowCounter counter(*m_dig);
+    openBoth({100, 100});
+    m_menu->hide();
+    ASSERT_FALSE(m_sub->isVisible());
+    fill(*m_dig, 3);
+    m_dig->digComplete(m_menu);
+    EXPECT_FALSE(m_sub->isVisible());
+    EXPECT_TRUE(m_sub->updatesEnabled());
+
+    // Closed in the same breath as the answer.
+    openBoth({100, 100});
+    m_dig->digComplete(m_menu);
+    m_sub->hide();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(m_sub->isVisible());
+    EXPECT_EQ(counter.m_count, 2);
+}
+
+TEST_F(DigMenus, may_lose_their_parent_or_go_themselves_while_they_wait)
+{
+    const ShowCounter counter(*m_dig);
+    openBoth({100, 100});
+    fill(*m_dig, 3);
+    VXMenu2* const gone = m_menu;
+    m_menu->destroy();
+    runDeletions();
+    m_dig->digComplete(gone);
+    EXPECT_TRUE(m_sub->updatesEnabled());
+
+    auto* second = new VXMenu2(m_window.get());
+    second->setDigMenu(true);
+    const VXHandle<VXMenu2> handle = second;
+    second->aboutToShow().connect(m_window.get(), [] {});
+    second->popup(50, 50);
+    second->destroy();
+    handle->digComplete(); // a late answer
+    runDeletions();
+    handle->digFailed();
+    EXPECT_FALSE(handle.isValid());
+    // From inside the handler.
+    m_dig->aboutToShow().connect(m_window.get(), [&] { m_dig->destroy(); });
+    m_dig->digFailed();
+    m_dig->popup(60, 60);
+    EXPECT_TRUE(waitFor([&] { return !m_sub; }));
+}
+
+TEST_F(DigMenus, keep_no_application_from_closing)
+{
+    const ShowCounter counter(*m_dig);
+    openBoth({100, 100});
+    ASSERT_EQ(m_sub->size(), OnePixel);
+    QApplication::setQuitOnLastWindowClosed(true);
+    QTimer::singleShot(0, qApp, [&] { EXPECT_TRUE(m_window->close()); });
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, qApp, [] { QCoreApplication::exit(1); });
+    limit.start(std::chrono::seconds(5));
+    EXPECT_EQ(QApplication::exec(), 0);
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+TEST_F(DigMenus, keep_their_limits_through_reopening)
+{
+    m_dig->setMaximumSize({300, 400});
+    const ShowCounter counter(*m_dig);
+    for (int i = 0; i < 3; ++i) {
+        m_dig->popup(10 + i, 10);
+        EXPECT_EQ(m_sub->maximumSize(), OnePixel);
+        m_sub->hide();
+    }
+    EXPECT_EQ(counter.m_count, 1);
+    m_dig->digComplete();
+    EXPECT_EQ(m_sub->maximumSize(), QSize(300, 400));
+    // Nobody listens: it is shrunk at each opening, not only while it waits.
+    VXMenu2 unheard;
+    unheard.setDigMenu(true);
+    unheard.setMaximumSize({300, 400});
+    unheard.popup(10, 10);
+    unheard.popup(20, 20);
+    unheard.digComplete();
+    EXPECT_EQ(qt(unheard)->maximumSize(), QSize(300, 400));
+}
+
+TEST_F(DigMenus, of_the_plain_kind_ask_once_as_well)
+{
+    fill(*m_menu, 1);
+    const ShowCounter counter(*m_menu);
+    m_menu->popup(20, 20);
+    EXPECT_EQ(m_top->size(), m_top->sizeHint());
+    m_menu->popup(30, 30);
+    EXPECT_EQ(counter.m_count, 1);
+    EXPECT_GT(m_menu->count(), 0);
+    m_menu->digComplete();
+    EXPECT_EQ(m_top->pos(), QPoint(30, 30));
+    m_menu->popup(40, 40);
+    EXPECT_EQ(counter.m_count, 2);
+    m_menu->digFailed();
+    EXPECT_FALSE(m_menu->isVisible());
+    EXPECT_EQ(m_menu->count(), 0);
+}
+
+TEST_F(DigMenus, open_on_the_other_side_where_they_do_not_fit)
+{
+    const ShowCounter counter(*m_dig);
+    fill(*m_menu, 1);
+    openBoth({area().right() - m_top->sizeHint().width() + 1, 100});
+    m_dig->addAction("Wider than one pixel");
+    m_dig->digComplete(m_menu);
+    EXPECT_EQ(m_sub->x(),
+              m_top->mapToGlobal(m_top->actionGeometry(m_sub->menuAction()).topLeft()).x()
+                  - m_sub->width() - overlap());
+    EXPECT_EQ(m_sub->y(), entryOnScreen().top());
+    m_menu->hide();
+
+    // On neither side.
+    openBoth({area().center().x(), 100});
+    m_dig->addAction(std::string(60, 'W'));
+    m_dig->digComplete(m_menu);
+    ASSERT_GT(m_sub->width(), area().width() / 2);
+    ASSERT_LT(m_sub->width(), area().width());
+    EXPECT_EQ(m_sub->x(), area().right() - m_sub->width());
+}
+
+TEST_F(DigMenus, open_to_the_left_where_people_read_that_way)
+{
+    m_top->setLayoutDirection(Qt::RightToLeft);
+    m_sub->setLayoutDirection(Qt::RightToLeft);
+    const ShowCounter counter(*m_dig);
+    openBoth(area().center());
+    fill(*m_dig, 2);
+    m_dig->digComplete(m_menu);
+    EXPECT_EQ(m_sub->x(), entryOnScreen().left() - m_sub->width() - overlap());
+    m_menu->hide();
+    openBoth({area().left(), 100});
+    fill(*m_dig, 2);
+    m_dig->digComplete(m_menu);
+    EXPECT_EQ(m_sub->x(), entryOnScreen().right() + overlap() + 1);
+}
+
+TEST_F(DigMenus, taller_than_the_screen_end_at_its_bottom)
+{
+    m_sub->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1 }"));
+    const ShowCounter counter(*m_dig);
+    openBoth({100, 100});
+    fill(*m_dig, 100);
+    m_dig->digComplete(m_menu);
+    ASSERT_GT(m_sub->height(), area().height());
+    EXPECT_EQ(m_sub->geometry().bottom(), area().bottom());
+}
+
+} // namespace
+
+} // namespace VOXI

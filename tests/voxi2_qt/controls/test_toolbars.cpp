@@ -1,0 +1,247 @@
+#include "menusupport.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtoolbar2.h"
+#include "voxi2_qt/controls/qttoolbar2.h"
+
+#include <QMainWindow>
+#include <QToolButton>
+
+namespace VOXI {
+
+namespace {
+
+class Resizes : public QObject
+{
+public:
+    explicit Resizes(QObject* watched) { watched->installEventFilter(this); }
+    std::vector<QSize> m_sizes;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize)
+            m_sizes.push_back(static_cast<QResizeEvent*>(event)->size());
+        return false;
+    }
+};
+
+class ToolBars : public testing::Test
+{
+protected:
+    ToolBars() : m_outer(static_cast<QtToolBar2*>(qt(*m_bar)))
+    {
+        m_window->addToolBar(m_bar);
+        m_window->resize({500, 300});
+        m_window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(qt(*m_window)));
+    }
+    ~ToolBars() override
+    {
+        m_window.reset();
+        runDeletions();
+    }
+    VXAction2* addAction(const std::string& label)
+    {
+        auto* action = new VXAction2(m_window.get());
+        action->setLabel(label);
+        m_bar->addAction(action);
+        return action;
+    }
+    QList<InnerToolBar*> innerBars() const { return m_outer->findChildren<InnerToolBar*>(); }
+    QWidget* buttonOf(VXAction2* action) const { return m_outer->widgetForAction(qt(*action)); }
+
+    std::unique_ptr<VXWindow2> m_window = std::make_unique<VXWindow2>();
+    VXToolBar2* m_bar = new VXToolBar2(m_window.get());
+    QPointer<QtToolBar2> m_outer;
+};
+
+TEST_F(ToolBars, put_the_first_items_into_the_inner_bar)
+{
+    m_bar->setMinimumVisibleItems(0);
+    m_bar->setMinimumVisibleItems(1);
+    EXPECT_TRUE(innerBars().isEmpty());
+    EXPECT_EQ(m_bar->minimumVisibleItems(), 1);
+    m_bar->setMinimumVisibleItems(3);
+    ASSERT_EQ(innerBars().size(), 1);
+    InnerToolBar* inner = innerBars().first();
+
+    VXAction2* first = addAction("first");
+    m_bar->addSeparator();
+    auto* button = new VXButton2(m_window.get());
+    m_bar->addWidget(button);
+    VXAction2* fourth = addAction("fourth");
+    EXPECT_EQ(inner->actions().size(), 3);
+    EXPECT_TRUE(inner->widgetForAction(qt(*first)));
+    EXPECT_TRUE(inner->isAncestorOf(qt(*button)));
+    EXPECT_TRUE(buttonOf(fourth));
+    EXPECT_EQ(m_outer->actions().size(), 2) << "the inner bar and the fourth item";
+    m_bar->addAction(nullptr);
+    m_bar->addWidget(nullptr);
+    EXPECT_EQ(m_outer->actions().size(), 2);
+
+    // The button's own visibility is that of its place.
+    button->setVisible(false);
+    EXPECT_FALSE(inner->actions().last()->isVisible());
+
+    m_bar->setMinimumVisibleItems(2); // a further one, for what comes now
+    ASSERT_EQ(innerBars().size(), 2);
+    addAction("fifth");
+    EXPECT_EQ(innerBars().last()->actions().size(), 1);
+    EXPECT_EQ(inner->actions().size(), 3);
+}
+
+TEST_F(ToolBars, never_put_the_inner_items_behind_the_arrow)
+{
+    m_bar->setMinimumVisibleItems(3);
+    std::vector<VXAction2*> actions;
+    for (int i = 0; i < 12; ++i)
+        actions.push_back(addAction("A long label " + std::to_string(i)));
+    qt(*m_window)->setMinimumWidth(0);
+    m_window->resize({450, 300});
+    auto* arrow = m_outer->findChild<QWidget*>(QStringLiteral("qt_toolbar_ext_button"));
+    ASSERT_TRUE(arrow);
+    ASSERT_TRUE(waitFor([&] { return arrow->isVisible(); }));
+    const InnerToolBar* inner = innerBars().first();
+    for (int i = 0; i < 3; ++i) {
+        const QWidget* button = inner->widgetForAction(qt(*actions[std::size_t(i)]));
+        ASSERT_TRUE(button);
+        EXPECT_TRUE(button->isVisible()) << i;
+    }
+    EXPECT_FALSE(buttonOf(actions.back())->isVisible());
+}
+
+TEST_F(ToolBars, keep_inner_and_outer_bar_alike)
+{
+    m_bar->setIconSize({20, 20});
+    m_bar->setMinimumVisibleItems(2);
+    InnerToolBar* inner = innerBars().first();
+    EXPECT_EQ(inner->iconSize(), QSize(20, 20));
+    EXPECT_FALSE(inner->isMovable());
+    m_bar->setIconSize({31, 32});
+    EXPECT_EQ(inner->iconSize(), QSize(31, 32));
+    EXPECT_EQ(m_bar->iconSize(), (Size<int>{31, 32}));
+    m_bar->setToolButtonStyle(ToolButtonStyle::TextOnly);
+    EXPECT_EQ(inner->toolButtonStyle(), Qt::ToolButtonTextOnly);
+    EXPECT_EQ(m_bar->toolButtonStyle(), ToolButtonStyle::TextOnly);
+    m_window->removeToolBar(m_bar);
+    m_bar->setOrientation(Orientation::Vertical);
+    EXPECT_EQ(m_outer->orientation(), Qt::Vertical);
+    EXPECT_EQ(inner->orientation(), Qt::Vertical);
+    EXPECT_EQ(m_bar->orientation(), Orientation::Vertical);
+}
+
+TEST_F(ToolBars, answer_what_was_set)
+{
+    EXPECT_TRUE(m_bar->isMovable());
+    EXPECT_TRUE(m_bar->isFloatable());
+    m_bar->setMovable(false);
+    m_bar->setFloatable(false);
+    EXPECT_FALSE(m_bar->isMovable());
+    EXPECT_FALSE(m_outer->isFloatable());
+    m_bar->setLabel(std::string("M\xe4rz\0more", 9));
+    EXPECT_EQ(m_outer->windowTitle(), QStringLiteral(u"M\u00e4rz"));
+    m_bar->setLabel(L"\x4e2d");
+    EXPECT_EQ(m_bar->labelU(), L"\x4e2d");
+}
+
+TEST_F(ToolBars, repair_their_layout_once_for_several_items_that_leave)
+{
+    // Alone, so that no window's layout joins in.
+    m_window->removeToolBar(m_bar);
+    m_bar->setParent(nullptr);
+    std::vector<VXAction2*> actions;
+    for (int i = 0; i < 4; ++i)
+        actions.push_back(addAction(std::to_string(i)));
+    m_bar->resize({300, 60});
+    m_bar->show();
+    ASSERT_TRUE(waitFor([&] { return buttonOf(actions[3])->isVisible(); }));
+    int reported = 0;
+    m_bar->resized().connect(m_window.get(), [&] { ++reported; });
+    const Resizes resizes(m_outer);
+    const QSize size = m_outer->size();
+    for (VXAction2* action : actions)
+        m_bar->removeAction(action);
+    EXPECT_TRUE(m_outer->actions().isEmpty());
+    runDeletions(); // the buttons
+    ASSERT_TRUE(waitFor([&] { return resizes.m_sizes.size() >= 2; }));
+    EXPECT_FALSE(
+        waitFor([&] { return resizes.m_sizes.size() > 2; }, std::chrono::milliseconds(50)));
+    EXPECT_EQ(resizes.m_sizes[0], size + QSize(1, 0));
+    EXPECT_EQ(resizes.m_sizes[1], size);
+    EXPECT_EQ(reported, 0);
+    m_bar->destroy();
+}
+
+TEST_F(ToolBars, lose_and_take_back_widgets)
+{
+    auto* button = new VXButton2(m_window.get());
+    m_bar->addWidget(button);
+    m_bar->removeWidget(button);
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_TRUE(m_outer->actions().isEmpty());
+    m_bar->addWidget(button);
+    EXPECT_EQ(m_outer->actions().size(), 1);
+    EXPECT_TRUE(waitFor([&] { return button->isVisible(); }));
+
+    // Into another bar, which then does not lose it with the first one.
+    auto* other = new VXToolBar2(m_window.get());
+    m_window->addToolBar(other, ToolBarArea::Bottom);
+    other->addWidget(button);
+    m_bar->destroy();
+    runDeletions();
+    EXPECT_FALSE(m_outer);
+    ASSERT_TRUE(qt(*button));
+    EXPECT_TRUE(qt(*other)->isAncestorOf(qt(*button)));
+    button->destroy();
+    runDeletions();
+    other->destroy();
+    runDeletions();
+}
+
+TEST_F(ToolBars, dock_at_the_sides_of_a_window)
+{
+    auto* main = qobject_cast<QMainWindow*>(qt(*m_window));
+    EXPECT_EQ(m_window->toolBarArea(m_bar), ToolBarArea::Top);
+    m_window->addToolBar(m_bar, ToolBarArea::Left);
+    EXPECT_EQ(m_window->toolBarArea(m_bar), ToolBarArea::Left);
+    EXPECT_EQ(m_bar->orientation(), Orientation::Vertical);
+    m_window->addToolBar(m_bar, ToolBarArea::None);
+    EXPECT_EQ(main->toolBarArea(m_outer), Qt::TopToolBarArea);
+
+    VXToolBar2 second;
+    EXPECT_EQ(m_window->toolBarArea(&second), ToolBarArea::None);
+    m_window->removeToolBar(&second);
+    m_window->insertToolBarBreak(&second);
+    m_window->addToolBar(&second);
+    m_window->insertToolBarBreak(&second);
+    EXPECT_TRUE(main->toolBarBreak(static_cast<QtToolBar2*>(qt(second))));
+
+    m_window->removeToolBar(m_bar);
+    runDeletions();
+    EXPECT_FALSE(m_bar->isVisible());
+    EXPECT_EQ(m_window->toolBarArea(m_bar), ToolBarArea::None);
+    m_window->addToolBar(m_bar, ToolBarArea::Right);
+    EXPECT_TRUE(m_bar->isVisible());
+}
+
+TEST_F(ToolBars, let_go_of_what_is_destroyed_under_the_pointer)
+{
+    VXAction2* action = addAction("goes");
+    VXAction2* closing = addAction("closes");
+    ASSERT_TRUE(waitFor([&] { return buttonOf(action)->isVisible(); }));
+    QPointer<QWidget> button = buttonOf(action);
+    Pointer().moveTo(button->mapToGlobal(button->rect().center()));
+    QTest::mousePress(button, Qt::LeftButton);
+    action->destroy();
+    runDeletions();
+    EXPECT_TRUE(waitFor([&] { return !button; }));
+    EXPECT_EQ(m_outer->actions().size(), 1);
+
+    closing->triggered().connect(m_window.get(), [&] { m_bar->destroy(); });
+    QTest::mouseClick(buttonOf(closing), Qt::LeftButton);
+    EXPECT_TRUE(waitFor([&] { return !m_outer; }));
+}
+
+} // namespace
+
+} // namespace VOXI

@@ -1,0 +1,74 @@
+// Accelerators pressed on a real keyboard, in a window that a window manager made active.
+
+#include "support/waitfor.h"
+#include "toolkit.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/vxaction2.h"
+
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+void press(const char* keys)
+{
+    EXPECT_EQ(
+        QProcess::execute(QStringLiteral("xdotool"), {QStringLiteral("key"), QLatin1String(keys)}),
+        0);
+}
+
+TEST(Accelerators, pressedOnTheKeyboardTriggerOnce)
+{
+    VXWindow2 window;
+    VXAction2 save(&window);
+    VXAction2 twoStrokes(&window);
+    VXAction2 last(&window);
+    save.setAccelerators({"Ctrl+S", "F2"});
+    twoStrokes.setAccelerator("Ctrl+K, Ctrl+C");
+    last.setAccelerator("F9");
+    for (VXAction2* action : {&save, &twoStrokes, &last})
+        action->attachTo(&window);
+    Log saves(save.triggered());
+    Log comments(twoStrokes.triggered());
+    Log ends(last.triggered());
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(qt(window)));
+
+    press("ctrl+s");
+    EXPECT_TRUE(waitFor([&] { return !saves.isEmpty(); }));
+    press("F2");
+    EXPECT_TRUE(waitFor([&] { return saves.count() >= 2; }));
+    press("ctrl+k");
+    press("ctrl+c");
+    EXPECT_TRUE(waitFor([&] { return !comments.isEmpty(); }));
+    press("F9"); // what came before it has come
+    EXPECT_TRUE(waitFor([&] { return !ends.isEmpty(); }));
+    EXPECT_EQ(saves.count(), 2);
+    EXPECT_EQ(comments.count(), 1);
+    EXPECT_EQ(ends.count(), 1);
+}
+
+TEST(Accelerators, thatAreAmbiguousAreReported)
+{
+    VXWindow2 window;
+    VXAction2 first(&window);
+    VXAction2 second(&window);
+    for (VXAction2* action : {&first, &second}) {
+        action->setAccelerator("Ctrl+D");
+        action->attachTo(&window);
+    }
+    Log firstReports(first.ambiguous());
+    Log secondReports(second.ambiguous());
+    Log triggers(first.triggered());
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(qt(window)));
+    press("ctrl+d");
+    EXPECT_TRUE(waitFor([&] { return firstReports.count() + secondReports.count() == 1; }));
+    EXPECT_TRUE(triggers.isEmpty());
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,33 @@
+#include "voxi2_qt/controls/qtcheckbox2.h"
+
+namespace VOXI {
+
+namespace {
+
+const auto s_requests = TROV::operations<VXCheckBox2Emitters>();
+
+} // namespace
+
+QtCheckBox2::QtCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+    // It lies on what is written on, not on the window.
+    setBackgroundRole(QPalette::Base);
+    setForegroundRole(QPalette::WindowText);
+    QObject::connect(this, &QCheckBox::clicked, this, &QtCheckBox2::slotClicked);
+    QObject::connect(this, &QCheckBox::toggled, this, &QtCheckBox2::slotToggled);
+}
+
+void QtCheckBox2::slotClicked()
+{
+    reportClick();
+}
+
+void QtCheckBox2::slotToggled(bool checked)
+{
+    reportToggle(checked);
+}
+
+} // namespace VOXI

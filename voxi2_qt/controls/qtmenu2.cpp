@@ -1,0 +1,341 @@
+#include "voxi2_qt/controls/qtmenu2.h"
+
+#include "voxi2_qt/kernel/qtaction2.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <QScopeGuard>
+#include <QScreen>
+#include <QStyle>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXMenu2Emitters;
+using P = QtMenu2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::clear, &P::doClear>(),
+    TROV::row<&E::digAccessComplete, &P::doDigAccessComplete>(),
+    TROV::row<&E::digAccessFailed, &P::doDigAccessFailed>(),
+    TROV::row<&E::setIsDigMenu, &P::doSetIsDigMenu>(),
+    TROV::row<&E::addMenuItem, &P::doAddMenuItem>(), TROV::row<&E::addSubMenu, &P::doAddSubMenu>(),
+    TROV::row<&E::addSeparator, &P::doAddSeparator>(), TROV::row<&E::popup, &P::doPopup>(),
+    TROV::row<&E::setActionEnabled, &P::doSetActionEnabled>(),
+    TROV::row<&E::addSubMenuU, &P::doAddSubMenuU>(),
+    TROV::row<&E::removeMenuItem, &P::doRemoveMenuItem>(),
+    TROV::row<&E::removeSubMenu, &P::doRemoveSubMenu>(),
+    TROV::row<&E::isDigMenu, &P::doIsDigMenu>(),
+    TROV::row<&E::isActionEnabled, &P::doIsActionEnabled>(),
+    TROV::row<&E::getTitleU, &P::doGetTitleU>(), TROV::row<&E::count, &P::doCount>());
+
+/// What a waiting dig menu is shown as. With nothing at all its window would never appear, and the
+/// menu would not hold the mouse and the keyboard.
+constexpr QSize OnePixel(1, 1);
+
+} // namespace
+
+QtMenu2::QtMenu2(VXMenu2* object, VXMenu2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent),
+      m_emitters(emitters),
+      m_savedMaximumSize(maximumSize()),
+      m_savedMinimumSize(minimumSize())
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+    QObject::connect(this, &QMenu::aboutToShow, this, &QtMenu2::slotAboutToShow);
+    QObject::connect(this, &QMenu::aboutToHide, this, &QtMenu2::slotAboutToHide);
+}
+
+QtMenu2::~QtMenu2()
+{
+    endPeer();
+    // A menu that is destroyed while it is shown does not say that it hides.
+    releaseParent();
+}
+
+void QtMenu2::doSetParent(VXObject* parent)
+{
+    // Without its window flags it would become a part of the parent's surface.
+    if (!parent) {
+        setParent(nullptr, windowFlags());
+        return;
+    }
+    withWidgetOf(parent, [this](QWidget* widget) { setParent(widget, windowFlags()); });
+}
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtMenu2::doClear()
+{
+    releaseFreeze();
+    removeItems();
+}
+
+void QtMenu2::doDigAccessComplete(VXMenu2* parent)
+{
+    m_digAccessPending = false;
+    VXObjectDataLocker lock;
+    QtMenu2* peer = nullptr;
+    if (parent != getHandle())
+        withPeerOf<QtMenu2>(parent, [&](QtMenu2* found) { peer = found; });
+    if (!m_isAboutToShow) {
+        popupDigMenu(peer);
+        return;
+    }
+    // Qt is still computing the size and the position, and sends the parent a leave event when the
+    // menu has appeared: the size counts from now on, the rest is done when the menu stands.
+    restoreSize();
+    QTimer::singleShot(0, this, [this, beside = QPointer(peer)] {
+        if (!m_digAccessPending)
+            popupDigMenu(beside);
+    });
+}
+
+void QtMenu2::doDigAccessFailed()
+{
+    m_digAccessPending = false;
+    removeItems();
+    restoreSize();
+    if (m_isAboutToShow) {
+        QTimer::singleShot(0, this, [this] {
+            if (m_digAccessPending)
+                return;
+            hide();
+            setUpdatesEnabled(true);
+        });
+        return;
+    }
+    hide();
+    setUpdatesEnabled(true);
+}
+
+void QtMenu2::doSetIsDigMenu(bool isDigMenu)
+{
+    m_isDigMenu = isDigMenu;
+}
+
+void QtMenu2::doAddMenuItem(VXAction2* action)
+{
+    withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
+        if (peer)
+            addAction(peer);
+    });
+}
+
+void QtMenu2::doAddSubMenu(const std::string& title, VXMenu2* menu)
+{
+    addSubMenu(toQStringUpToNul(title), menu);
+}
+
+void QtMenu2::doAddSeparator()
+{
+    addSeparator();
+}
+
+void QtMenu2::doPopup(double x, double y)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Show, WidgetEvent::Hide});
+    if (isVisible())
+        hide();
+    popup(QPoint(static_cast<int>(x), static_cast<int>(y)));
+}
+
+void QtMenu2::doSetActionEnabled(bool enabled)
+{
+    if (QAction* action = menuAction())
+        action->setEnabled(enabled);
+}
+
+void QtMenu2::doAddSubMenuU(const std::wstring& title, VXMenu2* menu)
+{
+    addSubMenu(toQString(title), menu);
+}
+
+void QtMenu2::doRemoveMenuItem(VXAction2* action)
+{
+    withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
+        if (peer)
+            removeAction(peer);
+    });
+}
+
+void QtMenu2::doRemoveSubMenu(VXMenu2* menu)
+{
+    withPeerOf<QtMenu2>(menu, [this](QtMenu2* peer) {
+        if (peer)
+            removeAction(peer->menuAction());
+    });
+}
+
+bool QtMenu2::doIsDigMenu()
+{
+    return m_isDigMenu;
+}
+
+bool QtMenu2::doIsActionEnabled()
+{
+    const QAction* action = menuAction();
+    return action && action->isEnabled();
+}
+
+std::wstring QtMenu2::doGetTitleU()
+{
+    return toStdWString(title());
+}
+
+int QtMenu2::doCount()
+{
+    return static_cast<int>(actions().count());
+}
+
+void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu)
+{
+    withPeerOf<QtMenu2>(menu, [&](QtMenu2* peer) {
+        if (!peer || peer == this)
+            return;
+        peer->setTitle(title);
+        addMenu(peer);
+    });
+}
+
+void QtMenu2::removeItems()
+{
+    // Qt deletes what belongs to the menu; the peers among them have owners of their own.
+    for (QAction* action : actions()) {
+        if (action->parent() == this && peerOf(action))
+            removeAction(action);
+    }
+    QMenu::clear();
+}
+
+// The dig menu ------------------------------------------------------------------------------------
+
+void QtMenu2::slotAboutToShow()
+{
+    if (m_digAccessPending)
+        return;
+    if (m_isDigMenu) {
+        removeItems();
+        shrink();
+    }
+    VXObjectDataLocker lock;
+    if (!isVXObjectValid() || !m_emitters->aboutToShow.isHeard())
+        return;
+    // Before the handlers run: they may answer at once.
+    m_digAccessPending = true;
+    m_isAboutToShow = true;
+    const auto done = qScopeGuard([self = QPointer(this)] {
+        if (self)
+            self->m_isAboutToShow = false;
+    });
+    report(m_emitters->aboutToShow, abstractObject<VXMenu2>());
+}
+
+void QtMenu2::slotAboutToHide()
+{
+    releaseParent();
+    releaseFreeze();
+}
+
+bool QtMenu2::isShrunk() const
+{
+    return maximumSize() == OnePixel;
+}
+
+void QtMenu2::shrink()
+{
+    // A menu that is still waiting keeps the limits that it had before.
+    if (!isShrunk()) {
+        m_savedMaximumSize = maximumSize();
+        m_savedMinimumSize = minimumSize();
+    }
+    setMinimumSize(OnePixel);
+    setMaximumSize(OnePixel);
+    setUpdatesEnabled(false);
+}
+
+void QtMenu2::restoreSize()
+{
+    setMaximumSize(m_savedMaximumSize);
+    setMinimumSize(m_savedMinimumSize);
+}
+
+QSize QtMenu2::sizeHint() const
+{
+    // Qt asks for each item that is added to a visible menu, and measures all of them to answer.
+    return isShrunk() ? OnePixel : QMenu::sizeHint();
+}
+
+void QtMenu2::popupDigMenu(QtMenu2* parent)
+{
+    restoreSize();
+    if (!isVisible()) {
+        setUpdatesEnabled(true);
+        return;
+    }
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    const QSize size = sizeHint();
+    const QPoint wanted = parent ? placeBeside(*parent, size) : mapToGlobal(QPoint(0, 0));
+    // The whole screen, also what task bars cover.
+    const QRect area = (parent ? parent->screen() : screen())->geometry();
+    setGeometry(QRect(keepOnScreen(wanted, size, area), size));
+    setUpdatesEnabled(true);
+    repaint();
+    if (parent) {
+        m_parentDigMenu = parent;
+        parent->setFrozenPopup(this);
+    }
+}
+
+/// Beside the parent's active entry, where Qt would have put a sub-menu of that size.
+QPoint QtMenu2::placeBeside(const QtMenu2& parent, QSize size) const
+{
+    const int overlap = parent.style()->pixelMetric(QStyle::PM_SubMenuOverlap, nullptr, &parent);
+    const QRect entry = parent.actionGeometry(parent.activeAction());
+    const QRect area = parent.screen()->geometry();
+    const QPoint right = parent.mapToGlobal(QPoint(entry.right() + overlap + 1, entry.top()));
+    const QPoint left =
+        parent.mapToGlobal(QPoint(entry.left() - size.width() - overlap, entry.top()));
+    if (parent.isLeftToRight()) {
+        // Once Qt has opened a menu to the left, those that follow go there as well.
+        if (parent.x() <= x() && right.x() + size.width() <= area.right())
+            return right;
+        return left.x() < area.left() ? QPoint(area.right() - size.width(), right.y()) : left;
+    }
+    if (parent.x() >= x() && left.x() >= area.left())
+        return left;
+    return right.x() + size.width() >= area.right() ? QPoint(area.left(), left.y()) : right;
+}
+
+QPoint QtMenu2::keepOnScreen(QPoint position, QSize size, const QRect& area) const
+{
+    const auto rightOf = [&] { return position.x() + size.width() - 1; };
+    const auto bottomOf = [&] { return position.y() + size.height() - 1; };
+    const int rightmost = area.right() - size.width() + 1;
+    const int lowest = area.bottom() - size.height() + 1;
+    if (isLeftToRight()) {
+        if (rightOf() > area.right())
+            position.setX(rightmost);
+        if (position.x() < area.left())
+            position.setX(area.left());
+    } else {
+        position.setX(std::max(position.x(), area.left()));
+        if (rightOf() > area.right())
+            position.setX(std::max(position.x() - size.width(), rightmost));
+    }
+    if (bottomOf() > area.bottom())
+        position.setY(std::max({position.y() - size.height(), lowest, area.top()}));
+    else if (position.y() < area.top())
+        position.setY(area.top());
+    // Taller than the screen: the end is what can be reached.
+    if (bottomOf() > area.bottom())
+        position.setY(lowest);
+    return position;
+}
+
+} // namespace VOXI

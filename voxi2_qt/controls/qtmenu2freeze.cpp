@@ -1,0 +1,118 @@
+// The part of QtMenu2 that keeps the active entry while the pointer travels to the menu that has
+// opened from it. The way is a wedge: from where the pointer was to both ends of that menu's edge.
+
+#include "voxi2_qt/controls/qtmenu2.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QTimer>
+
+namespace VOXI {
+
+void QtMenu2::setFrozenPopup(QtMenu2* child)
+{
+    if (child == m_frozenPopup)
+        return;
+    m_frozenPopup = child;
+    if (!child) {
+        stopFreezeTimer();
+        return;
+    }
+    m_freezeAnchor = QCursor::pos();
+    const QRect popup = child->geometry();
+    if (popup.left() <= m_freezeAnchor.x()) {
+        m_freezeEdgeA = QPoint(popup.right() + 1, popup.top()) - m_freezeAnchor;
+        m_freezeEdgeB = QPoint(popup.right() + 1, popup.bottom() + 1) - m_freezeAnchor;
+    } else {
+        m_freezeEdgeA = QPoint(popup.left(), popup.bottom() + 1) - m_freezeAnchor;
+        m_freezeEdgeB = QPoint(popup.left(), popup.top()) - m_freezeAnchor;
+    }
+}
+
+void QtMenu2::releaseFreeze()
+{
+    m_frozenPopup = nullptr;
+    stopFreezeTimer();
+}
+
+void QtMenu2::releaseParent()
+{
+    if (m_parentDigMenu)
+        m_parentDigMenu->releaseFreeze();
+    m_parentDigMenu = nullptr;
+}
+
+bool QtMenu2::isInWedge(QPoint pointer) const
+{
+    const QPoint way = pointer - m_freezeAnchor;
+    const QPoint a = m_freezeEdgeA;
+    const QPoint b = m_freezeEdgeB;
+    return a.y() * way.x() - a.x() * way.y() >= 0 && b.x() * way.y() - b.y() * way.x() >= 0;
+}
+
+void QtMenu2::startFreezeTimer()
+{
+    if (!m_freezeTimer) {
+        m_freezeTimer = std::make_unique<QTimer>();
+        m_freezeTimer->setSingleShot(true);
+        m_freezeTimer->setTimerType(Qt::PreciseTimer);
+        QObject::connect(m_freezeTimer.get(), &QTimer::timeout, this, &QtMenu2::onUnfreezeTimer);
+    }
+    m_freezeTimer->start(POPUP_HOLD_TIMEOUT);
+}
+
+void QtMenu2::stopFreezeTimer()
+{
+    if (!m_freezeTimer)
+        return;
+    m_freezeTimer->stop();
+    m_freezeTimer.release()->deleteLater(); // it may be what calls
+}
+
+void QtMenu2::onUnfreezeTimer()
+{
+    releaseFreeze();
+    const QPointer<QtMenu2> self(this);
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    setActiveAction(actionAt(pointer));
+    // Qt still waits for the pointer to reach the sub-menu, and would take its entry back after a
+    // second, unless it sees where the pointer is.
+    if (self) {
+        QMouseEvent move(QEvent::MouseMove, pointer, mapToGlobal(pointer), Qt::NoButton,
+                         QGuiApplication::mouseButtons(), QGuiApplication::keyboardModifiers());
+        QMenu::mouseMoveEvent(&move);
+    }
+}
+
+void QtMenu2::mousePressEvent(QMouseEvent* event)
+{
+    releaseFreeze();
+    QtWidget2Shim::mousePressEvent(event);
+}
+
+void QtMenu2::mouseMoveEvent(QMouseEvent* event)
+{
+    // Moves from a menu into its sub-menu send the menu no leave event.
+    if (m_parentDigMenu && !m_parentDigMenu->geometry().contains(event->globalPosition().toPoint()))
+        m_parentDigMenu->releaseFreeze();
+    if (!m_frozenPopup || !isInWedge(QCursor::pos())) {
+        QtWidget2Shim::mouseMoveEvent(event);
+        return;
+    }
+    const QAction* action = actionAt(mapFromGlobal(QCursor::pos()));
+    if (action && action != m_frozenPopup->menuAction())
+        startFreezeTimer();
+    else
+        stopFreezeTimer();
+}
+
+void QtMenu2::leaveEvent(QEvent*)
+{
+    // Qt sends one as soon as a sub-menu has opened, wherever the pointer is. Not passed on: the
+    // entry whose sub-menu is open stays active.
+    if (!rect().contains(mapFromGlobal(QCursor::pos())))
+        releaseFreeze();
+}
+
+} // namespace VOXI

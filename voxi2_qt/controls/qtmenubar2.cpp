@@ -1,0 +1,59 @@
+#include "voxi2_qt/controls/qtmenubar2.h"
+
+#include "voxi2_qt/controls/qtmenu2.h"
+#include "voxi2_qt/kernel/qttext.h"
+
+namespace VOXI {
+
+namespace {
+
+using E = VXMenuBar2Emitters;
+using P = QtMenuBar2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::glAddMenu, &P::glAddMenu>(), TROV::row<&E::addMenuU, &P::doAddMenuU>(),
+    TROV::row<&E::removeMenu, &P::doRemoveMenu>(), TROV::row<&E::clear, &P::doClear>());
+
+} // namespace
+
+QtMenuBar2::QtMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+}
+
+void QtMenuBar2::glAddMenu(const std::string& title, VXMenu2* menu)
+{
+    addTitled(toQStringUpToNul(title), menu);
+}
+
+void QtMenuBar2::doAddMenuU(const std::wstring& title, VXMenu2* menu)
+{
+    addTitled(toQString(title), menu);
+}
+
+void QtMenuBar2::doRemoveMenu(VXMenu2* menu)
+{
+    withPeerOf<QtMenu2>(menu, [this](QtMenu2* peer) {
+        if (peer)
+            removeAction(peer->menuAction());
+    });
+}
+
+void QtMenuBar2::doClear()
+{
+    clear();
+}
+
+void QtMenuBar2::addTitled(const QString& title, VXMenu2* menu)
+{
+    withPeerOf<QtMenu2>(menu, [&](QtMenu2* peer) {
+        if (!peer)
+            return;
+        peer->setTitle(title);
+        addMenu(peer);
+    });
+}
+
+} // namespace VOXI

@@ -1,0 +1,247 @@
+#include "voxi2_qt/controls/qttoolbar2.h"
+
+#include "voxi2_qt/kernel/qtaction2.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <QLayout>
+#include <QTimer>
+
+#include <chrono>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXToolBar2Emitters;
+using P = QtToolBar2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::addAction, &P::doAddAction>(), TROV::row<&E::addWidget, &P::doAddWidget>(),
+    TROV::row<&E::addSeparator, &P::doAddSeparator>(),
+    TROV::row<&E::setFloatable, &P::doSetFloatable>(),
+    TROV::row<&E::setMovable, &P::doSetMovable>(), TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setOrientation, &P::doSetOrientation>(),
+    TROV::row<&E::setMinimumVisibleItems, &P::doSetMinimumVisibleItems>(),
+    TROV::row<&E::isFloatable, &P::doIsFloatable>(), TROV::row<&E::isMovable, &P::doIsMovable>(),
+    TROV::row<&E::getOrientation, &P::doGetOrientation>(),
+    TROV::row<&E::setLabelU, &P::doSetLabelU>(), TROV::row<&E::removeAction, &P::doRemoveAction>(),
+    TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
+    TROV::row<&E::setIconSize, &P::doSetIconSize>(),
+    TROV::row<&E::setToolButtonStyle, &P::doSetToolButtonStyle>(),
+    TROV::row<&E::getLabelU, &P::doGetLabelU>(),
+    TROV::row<&E::getMinimumVisibleItems, &P::doGetMinimumVisibleItems>(),
+    TROV::row<&E::getIconSize, &P::doGetIconSize>(),
+    TROV::row<&E::getToolButtonStyle, &P::doGetToolButtonStyle>());
+
+constexpr std::chrono::milliseconds LayoutFixDelay(10);
+
+void takeFromAllBars(QAction& action)
+{
+    for (QObject* holder : action.associatedObjects()) {
+        if (auto* bar = qobject_cast<QToolBar*>(holder))
+            bar->removeAction(&action);
+    }
+}
+
+} // namespace
+
+// The inner bar -----------------------------------------------------------------------------------
+
+InnerToolBar::InnerToolBar()
+{
+    setMovable(false);
+    layout()->setContentsMargins(0, 0, 0, 0);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+}
+
+void InnerToolBar::paintEvent(QPaintEvent*) {}
+
+// The bar -----------------------------------------------------------------------------------------
+
+QtToolBar2::QtToolBar2(VXToolBar2* object, VXToolBar2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+}
+
+void QtToolBar2::doAddAction(VXAction2* action)
+{
+    withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
+        if (peer)
+            barForNextItem().addAction(peer);
+    });
+}
+
+void QtToolBar2::doAddWidget(VXWidget2* widget)
+{
+    withPeerOf<QtWidget2>(widget, [this](QtWidget2* peer) {
+        if (!peer || peer->asQWidget() == this)
+            return;
+        // Each widget action deletes its widget in the end, so there must be no second one.
+        if (QAction* known = peer->getWidgetAction()) {
+            takeFromAllBars(*known);
+            known->setParent(this);
+            barForNextItem().addAction(known);
+        } else {
+            QToolBar& bar = barForNextItem();
+            QAction* action = bar.addWidget(peer->asQWidget());
+            action->setParent(this);
+            peer->addWidgetAction(action);
+        }
+    });
+}
+
+void QtToolBar2::doAddSeparator()
+{
+    barForNextItem().addSeparator();
+}
+
+void QtToolBar2::doSetFloatable(bool floatable)
+{
+    setFloatable(floatable);
+}
+
+void QtToolBar2::doSetMovable(bool movable)
+{
+    setMovable(movable);
+}
+
+void QtToolBar2::doSetLabel(const std::string& label)
+{
+    setWindowTitle(toQStringUpToNul(label));
+}
+
+void QtToolBar2::doSetOrientation(Orientation orientation)
+{
+    if (m_innerToolBar)
+        m_innerToolBar->setOrientation(VX2Qt(orientation));
+    setOrientation(VX2Qt(orientation));
+}
+
+void QtToolBar2::doSetMinimumVisibleItems(int count)
+{
+    if (count <= 1)
+        return;
+    m_innerToolBar = new InnerToolBar;
+    addWidget(m_innerToolBar);
+    m_innerToolBar->setOrientation(orientation());
+    m_innerToolBar->setIconSize(iconSize());
+    m_innerToolBar->setToolButtonStyle(toolButtonStyle());
+    QObject::connect(this, &QToolBar::iconSizeChanged, this, &QtToolBar2::onIconSizeChanged);
+    m_minimumVisibleItems = count;
+}
+
+bool QtToolBar2::doIsFloatable()
+{
+    return isFloatable();
+}
+
+bool QtToolBar2::doIsMovable()
+{
+    return isMovable();
+}
+
+Orientation QtToolBar2::doGetOrientation()
+{
+    return Qt2VX(orientation());
+}
+
+void QtToolBar2::doSetLabelU(const std::wstring& label)
+{
+    setWindowTitle(toQString(label));
+}
+
+void QtToolBar2::doRemoveAction(VXAction2* action)
+{
+    withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
+        if (!peer)
+            return;
+        for (QToolBar* inner : innerToolBars())
+            inner->removeAction(peer);
+        removeAction(peer);
+    });
+}
+
+void QtToolBar2::doRemoveWidget(VXWidget2* widget)
+{
+    withPeerOf<QtWidget2>(widget, [this](QtWidget2* peer) {
+        QAction* action = peer ? peer->getWidgetAction() : nullptr;
+        if (action && action->parent() == this)
+            takeFromAllBars(*action);
+    });
+}
+
+void QtToolBar2::doSetIconSize(Size<int> size)
+{
+    setIconSize(VX2Qt(size));
+}
+
+void QtToolBar2::doSetToolButtonStyle(ToolButtonStyle style)
+{
+    for (QToolBar* inner : innerToolBars())
+        inner->setToolButtonStyle(VX2Qt(style));
+    setToolButtonStyle(VX2Qt(style));
+}
+
+std::wstring QtToolBar2::doGetLabelU()
+{
+    return toStdWString(windowTitle());
+}
+
+int QtToolBar2::doGetMinimumVisibleItems()
+{
+    return m_minimumVisibleItems;
+}
+
+Size<int> QtToolBar2::doGetIconSize()
+{
+    return Qt2VX(iconSize());
+}
+
+ToolButtonStyle QtToolBar2::doGetToolButtonStyle()
+{
+    return Qt2VX(toolButtonStyle());
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QToolBar& QtToolBar2::barForNextItem()
+{
+    if (m_innerToolBar && m_innerToolBar->actions().count() < m_minimumVisibleItems)
+        return *m_innerToolBar;
+    return *this;
+}
+
+QList<InnerToolBar*> QtToolBar2::innerToolBars() const
+{
+    return findChildren<InnerToolBar*>(Qt::FindDirectChildrenOnly);
+}
+
+void QtToolBar2::onIconSizeChanged(const QSize& size)
+{
+    m_innerToolBar->setIconSize(size);
+}
+
+bool QtToolBar2::event(QEvent* event)
+{
+    if (event->type() == QEvent::ChildRemoved && !m_layoutFixPending) {
+        m_layoutFixPending = true;
+        QTimer::singleShot(LayoutFixDelay, this, &QtToolBar2::slotFixLayout);
+    }
+    return QToolBar::event(event);
+}
+
+/// Qt's layout does not notice that a child has left; it computes anew for every new size.
+void QtToolBar2::slotFixLayout()
+{
+    if (!m_layoutFixPending)
+        return;
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    resize(width() + 1, height());
+    resize(width() - 1, height());
+    m_layoutFixPending = false;
+}
+
+} // namespace VOXI

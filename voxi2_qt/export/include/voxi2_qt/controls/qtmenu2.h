@@ -1,0 +1,100 @@
+#pragma once
+
+#include "voxi2/controls/vxmenu2.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QMenu>
+#include <QPoint>
+#include <QPointer>
+#include <QSize>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QTimer;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// The peer of the menu.
+///
+/// It adds two things to Qt's menu. A *dig menu* is shown at one pixel while the application fills
+/// it, and is placed here once it is filled. And a menu from whose entry a dig menu has opened is
+/// *frozen* as long as the pointer travels towards that: its active entry stays what it is.
+class VOXI2_QT_EXPORT QtMenu2 : public QtWidget2Shim<VXMenu2, VXMenu2Emitters, QtWidget2, QMenu>
+{
+    Q_OBJECT
+
+public:
+    /// How long the pointer of a frozen menu may linger over another entry, in milliseconds.
+    static constexpr int POPUP_HOLD_TIMEOUT = 333;
+
+    QtMenu2(VXMenu2* object, VXMenu2Emitters* emitters, QWidget* parent);
+    ~QtMenu2() override;
+
+    void doSetParent(VXObject* parent) override;
+
+    // Requests, in the order of the emitters table
+    virtual void doClear();
+    virtual void doDigAccessComplete(VXMenu2* parent);
+    virtual void doDigAccessFailed();
+    virtual void doSetIsDigMenu(bool isDigMenu);
+    virtual void doAddMenuItem(VXAction2* action);
+    virtual void doAddSubMenu(const std::string& title, VXMenu2* menu);
+    virtual void doAddSeparator();
+    virtual void doPopup(double x, double y);
+    virtual void doSetActionEnabled(bool enabled);
+    virtual void doAddSubMenuU(const std::wstring& title, VXMenu2* menu);
+    virtual void doRemoveMenuItem(VXAction2* action);
+    virtual void doRemoveSubMenu(VXMenu2* menu);
+    virtual bool doIsDigMenu();
+    virtual bool doIsActionEnabled();
+    virtual std::wstring doGetTitleU();
+    virtual int doCount();
+
+    QSize sizeHint() const override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private Q_SLOTS:
+    void slotAboutToShow();
+    void slotAboutToHide();
+    void onUnfreezeTimer();
+
+private:
+    void addSubMenu(const QString& title, VXMenu2* menu);
+    void removeItems();
+
+    bool isShrunk() const;
+    void shrink();
+    void restoreSize();
+    void popupDigMenu(QtMenu2* parent);
+    QPoint placeBeside(const QtMenu2& parent, QSize size) const;
+    QPoint keepOnScreen(QPoint position, QSize size, const QRect& screen) const;
+
+    void setFrozenPopup(QtMenu2* child);
+    void releaseFreeze();
+    void releaseParent();
+    bool isInWedge(QPoint pointer) const;
+    void startFreezeTimer();
+    void stopFreezeTimer();
+
+    VXMenu2Emitters* m_emitters;
+    bool m_isDigMenu = false;
+    bool m_digAccessPending = false;
+    bool m_isAboutToShow = false; // Qt shows the menu once the handlers have returned
+    QSize m_savedMaximumSize;
+    QSize m_savedMinimumSize;
+    QPointer<QtMenu2> m_parentDigMenu;
+    std::unique_ptr<QTimer> m_freezeTimer; // only while it runs
+    QPointer<QtMenu2> m_frozenPopup;
+    QPoint m_freezeAnchor;
+    QPoint m_freezeEdgeA; // from the anchor to the ends of the popup's near edge
+    QPoint m_freezeEdgeB;
+};
+
+} // namespace VOXI
