@@ -235,7 +235,7 @@ protected:
     VXProbe2& m_probe = *new VXProbe2(&m_window);
 };
 
-TEST_F(Imitation, isReportedLikeTheUsersActions)
+TEST_F(Imitation, ofWindowsAndFocusIsReported)
 {
     auto closing = Log(m_window.closing());
     auto hidden = Log(m_window.hidden());
@@ -261,7 +261,10 @@ TEST_F(Imitation, isReportedLikeTheUsersActions)
     m_probe.imitateFocus(WidgetEvent::FocusIn);
     EXPECT_TRUE(m_probe.hasFocus());
     EXPECT_TRUE(gained.takeOne());
+}
 
+TEST_F(Imitation, ofGeometryAndInputIsReported)
+{
     auto moved = Log(m_probe.moved());
     auto resized = Log(m_probe.resized());
     m_probe.imitateMove({1, 2});
