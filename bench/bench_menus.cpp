@@ -90,8 +90,8 @@ void openMenu(benchmark::State& state, void (Menu::*prepare)())
         menu.open();
         bench::settle();
         state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
-        if (menu.m_qMenu->actions().size() != Actions
-            || menu.m_qMenu->size() != menu.m_qMenu->sizeHint())
+        if (menu.m_qMenu->actions().size() != Actions || menu.m_qMenu->height() < 100
+            || !menu.m_qMenu->updatesEnabled())
             state.SkipWithError("the menu is not complete");
         menu.m_qMenu->hide();
         bench::settle();

@@ -279,10 +279,13 @@ void QtMenu2::popupDigMenu(QtMenu2* parent)
         return;
     }
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    const QSize size = sizeHint();
-    const QPoint wanted = parent ? placeBeside(*parent, size) : mapToGlobal(QPoint(0, 0));
     // The whole screen, also what task bars cover.
     const QRect area = (parent ? parent->screen() : screen())->geometry();
+    // Thousands of entries stand in columns; those beyond the screen would all be painted, though
+    // nobody can reach them.
+    const QSize hint = sizeHint();
+    const QSize size(std::min(hint.width(), area.width()), hint.height());
+    const QPoint wanted = parent ? placeBeside(*parent, size) : mapToGlobal(QPoint(0, 0));
     setGeometry(QRect(keepOnScreen(wanted, size, area), size));
     setUpdatesEnabled(true);
     repaint();
