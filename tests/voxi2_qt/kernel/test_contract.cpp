@@ -210,7 +210,7 @@ public:
         hear("mousePressed", widget.mousePressed());
         hear("mouseReleased", widget.mouseReleased());
         hear("mouseMoved", widget.mouseMoved());
-        if (!dynamic_cast<VXAbstractWindow2*>(&widget)) {
+        if (!qt(widget)->isWindow()) {
             hear("moved", widget.moved());
             hear("resized", widget.resized());
         }
