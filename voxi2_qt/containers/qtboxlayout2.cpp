@@ -11,13 +11,13 @@ namespace {
 using E = VXBoxLayout2Emitters;
 using P = QtBoxLayout2;
 
-const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::boxAddWidget, &P::doBoxAddWidget>(),
-    TROV::row<&E::insertWidget, &P::doInsertWidget>(),
-    TROV::row<&E::insertSpacer, &P::doInsertSpacer>(),
-    TROV::row<&E::setStretchFactor, &P::doSetStretchFactor>());
+const auto s_requests =
+    TROV::operations<E>(TROV::row<&E::boxAddWidget, &P::doBoxAddWidget>(),
+                        TROV::row<&E::insertWidget, &P::doInsertWidget>(),
+                        TROV::row<&E::insertSpacer, &P::doInsertSpacer>(),
+                        TROV::row<&E::setStretchFactor, &P::doSetStretchFactor>());
 
-}  // namespace
+} // namespace
 
 QtBoxLayout2::QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, QWidget* parent,
                            VOXI::Direction direction)
@@ -66,4 +66,4 @@ void QtBoxLayout2::doSetStretchFactor(VXObject* widget, int stretch)
     });
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,4 +10,4 @@ void QtContainer2::setVisibleColor(ColorRole role, Color color)
     QtWidget2::doSetColor(role, color);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

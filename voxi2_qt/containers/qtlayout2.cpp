@@ -14,17 +14,12 @@ using E = VXLayout2Emitters;
 using P = QtLayout2;
 
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::addWidget, &P::doAddWidget>(),
-    TROV::row<&E::addSpacer, &P::doAddSpacer>(),
-    TROV::row<&E::invalidate, &P::doInvalidate>(),
-    TROV::row<&E::refresh, &P::doRefresh>(),
+    TROV::row<&E::addWidget, &P::doAddWidget>(), TROV::row<&E::addSpacer, &P::doAddSpacer>(),
+    TROV::row<&E::invalidate, &P::doInvalidate>(), TROV::row<&E::refresh, &P::doRefresh>(),
     TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
-    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
-    TROV::row<&E::setMargins, &P::doSetMargins>(),
-    TROV::row<&E::setSpacing, &P::doSetSpacing>(),
-    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
-    TROV::row<&E::getMargins, &P::doGetMargins>(),
-    TROV::row<&E::getSpacing, &P::doGetSpacing>());
+    TROV::row<&E::setEnabled, &P::doSetEnabled>(), TROV::row<&E::setMargins, &P::doSetMargins>(),
+    TROV::row<&E::setSpacing, &P::doSetSpacing>(), TROV::row<&E::isEnabled, &P::doIsEnabled>(),
+    TROV::row<&E::getMargins, &P::doGetMargins>(), TROV::row<&E::getSpacing, &P::doGetSpacing>());
 
 /// Whether none of the layout's widgets is, or holds, the one that the layout shall fill.
 bool canLieIn(const QLayout& layout, const QWidget& target)
@@ -36,7 +31,7 @@ bool canLieIn(const QLayout& layout, const QWidget& target)
     return true;
 }
 
-}  // namespace
+} // namespace
 
 QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
     : QtObject2(object, emitters->base())
@@ -138,4 +133,4 @@ int QtLayout2::doGetSpacing()
     return layout()->spacing();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -6,7 +6,7 @@ namespace {
 
 const auto s_requests = TROV::operations<VXPanel2Emitters>();
 
-}  // namespace
+} // namespace
 
 QtPanel2::QtPanel2(VXPanel2* object, VXPanel2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, parent)
@@ -20,4 +20,4 @@ void QtPanel2::doSetColor(ColorRole role, Color color)
     setVisibleColor(role, color);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

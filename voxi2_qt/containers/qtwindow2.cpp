@@ -22,8 +22,7 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getCentralWidget, &P::doGetCentralWidget>(),
     TROV::row<&E::setSupportsGlobalFocusBlocker, &P::doSetSupportsGlobalFocusBlocker>(),
     TROV::row<&E::getSupportsGlobalFocusBlocker, &P::doGetSupportsGlobalFocusBlocker>(),
-    TROV::row<&E::setMenuBar, &P::doSetMenuBar>(),
-    TROV::row<&E::addToolBar, &P::doAddToolBar>(),
+    TROV::row<&E::setMenuBar, &P::doSetMenuBar>(), TROV::row<&E::addToolBar, &P::doAddToolBar>(),
     TROV::row<&E::removeToolBar, &P::doRemoveToolBar>(),
     TROV::row<&E::insertToolBarBreak, &P::doInsertToolBarBreak>(),
     TROV::row<&E::getMenuBar, &P::doGetMenuBar>(),
@@ -71,7 +70,7 @@ ToolBarArea fromQtArea(Qt::ToolBarArea area)
     }
 }
 
-}  // namespace
+} // namespace
 
 QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, parent)
@@ -148,7 +147,7 @@ void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
     withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
         const QtEventBlocker blocker(peer, {WidgetEvent::Show});
         addToolBar(toQtArea(area), widget);
-        widget->show();   // one that was removed is hidden
+        widget->show(); // one that was removed is hidden
     });
 }
 
@@ -177,10 +176,9 @@ VXMenuBar2* QtWindow2::doGetMenuBar()
 ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
 {
     ToolBarArea result = ToolBarArea::None;
-    withToolBarOf(bar, [&](QtWidget2&, QToolBar* widget) {
-        result = fromQtArea(toolBarArea(widget));
-    });
+    withToolBarOf(bar,
+                  [&](QtWidget2&, QToolBar* widget) { result = fromQtArea(toolBarArea(widget)); });
     return result;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

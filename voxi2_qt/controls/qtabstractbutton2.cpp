@@ -16,26 +16,20 @@ using P = QtAbstractButton2;
 const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setCheckable, &P::doSetCheckable>(),
     TROV::row<&E::setChecked, &P::doSetChecked>(),
-    TROV::row<&E::setExclusive, &P::doSetExclusive>(),
-    TROV::row<&E::setIcon, &P::doSetIcon>(),
-    TROV::row<&E::setLabel, &P::doSetLabel>(),
-    TROV::row<&E::setLabelU, &P::doSetLabelU>(),
-    TROV::row<&E::isCheckable, &P::doIsCheckable>(),
-    TROV::row<&E::isChecked, &P::doIsChecked>(),
-    TROV::row<&E::isExclusive, &P::doIsExclusive>(),
-    TROV::row<&E::getIcon, &P::doGetIcon>(),
-    TROV::row<&E::getLabel, &P::doGetLabel>(),
-    TROV::row<&E::click, &P::doimClick>(),
-    TROV::row<&E::toggle, &P::doimToggle>(),
-    TROV::row<&E::getLabelU, &P::doGetLabelU>(),
+    TROV::row<&E::setExclusive, &P::doSetExclusive>(), TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::setLabel, &P::doSetLabel>(), TROV::row<&E::setLabelU, &P::doSetLabelU>(),
+    TROV::row<&E::isCheckable, &P::doIsCheckable>(), TROV::row<&E::isChecked, &P::doIsChecked>(),
+    TROV::row<&E::isExclusive, &P::doIsExclusive>(), TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::getLabel, &P::doGetLabel>(), TROV::row<&E::click, &P::doimClick>(),
+    TROV::row<&E::toggle, &P::doimToggle>(), TROV::row<&E::getLabelU, &P::doGetLabelU>(),
     TROV::row<&E::setIconSize, &P::doSetIconSize>(),
     TROV::row<&E::getIconSize, &P::doGetIconSize>());
 
-}  // namespace
+} // namespace
 
-QtAbstractButton2::QtAbstractButton2(VXAbstractButton2* button,
-                                     VXAbstractButton2Emitters* emitters)
-    : QtWidget2(button, emitters->base()), m_emitters(emitters)
+QtAbstractButton2::QtAbstractButton2(VXAbstractButton2* button, VXAbstractButton2Emitters* emitters)
+    : QtWidget2(button, emitters->base()),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
 }
@@ -137,4 +131,4 @@ void QtAbstractButton2::reportToggle(bool checked)
     report(m_emitters->toggled, abstractObject<VXAbstractButton2>(), checked);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,12 +10,10 @@ using E = VXButton2Emitters;
 using P = QtButton2;
 
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setDefault, &P::doSetDefault>(),
-    TROV::row<&E::setFlat, &P::doSetFlat>(),
-    TROV::row<&E::isDefault, &P::doIsDefault>(),
-    TROV::row<&E::isFlat, &P::doIsFlat>());
+    TROV::row<&E::setDefault, &P::doSetDefault>(), TROV::row<&E::setFlat, &P::doSetFlat>(),
+    TROV::row<&E::isDefault, &P::doIsDefault>(), TROV::row<&E::isFlat, &P::doIsFlat>());
 
-}  // namespace
+} // namespace
 
 QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, parent)
@@ -63,4 +61,4 @@ void QtButton2::slotToggled(bool checked)
     reportToggle(checked);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,22 +10,17 @@ using E = VXText2Emitters;
 using P = QtText2;
 
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setText, &P::doSetText>(),
-    TROV::row<&E::setTextU, &P::doSetTextU>(),
+    TROV::row<&E::setText, &P::doSetText>(), TROV::row<&E::setTextU, &P::doSetTextU>(),
     TROV::row<&E::setAlignment, &P::doSetAlignment>(),
-    TROV::row<&E::setWordWrap, &P::doSetWordWrap>(),
-    TROV::row<&E::setBuddy, &P::doSetBuddy>(),
+    TROV::row<&E::setWordWrap, &P::doSetWordWrap>(), TROV::row<&E::setBuddy, &P::doSetBuddy>(),
     TROV::row<&E::setSelectable, &P::doSetSelectable>(),
-    TROV::row<&E::setRichText, &P::doSetRichText>(),
-    TROV::row<&E::getText, &P::doGetText>(),
-    TROV::row<&E::getTextU, &P::doGetTextU>(),
-    TROV::row<&E::getAlignment, &P::doGetAlignment>(),
-    TROV::row<&E::getWordWrap, &P::doGetWordWrap>(),
-    TROV::row<&E::getBuddy, &P::doGetBuddy>(),
+    TROV::row<&E::setRichText, &P::doSetRichText>(), TROV::row<&E::getText, &P::doGetText>(),
+    TROV::row<&E::getTextU, &P::doGetTextU>(), TROV::row<&E::getAlignment, &P::doGetAlignment>(),
+    TROV::row<&E::getWordWrap, &P::doGetWordWrap>(), TROV::row<&E::getBuddy, &P::doGetBuddy>(),
     TROV::row<&E::isSelectable, &P::doIsSelectable>(),
     TROV::row<&E::isRichText, &P::doIsRichText>());
 
-}  // namespace
+} // namespace
 
 QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, parent)
@@ -109,4 +104,4 @@ bool QtText2::doIsRichText()
     return textFormat() == Qt::RichText;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

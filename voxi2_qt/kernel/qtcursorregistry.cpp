@@ -13,7 +13,7 @@ QtCursorRegistry* installed()
     return dynamic_cast<QtCursorRegistry*>(CustomCursorRegistry::instance());
 }
 
-}  // namespace
+} // namespace
 
 void QtCursorRegistry::registerCursor(const StringID& name, const Pixmap& image,
                                       const VXPoint<int>& hotSpot)
@@ -71,4 +71,4 @@ Cursor QtCursorRegistry::toCursor(const QCursor& cursor)
     return Cursor();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

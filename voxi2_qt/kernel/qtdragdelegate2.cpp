@@ -14,10 +14,11 @@ using E = VXDragDelegate2Emitters;
 
 const auto s_requests = TROV::operations<E>();
 
-}  // namespace
+} // namespace
 
 QtDragDelegate2::QtDragDelegate2(VXDragDelegate2* delegate, VXDragDelegate2Emitters* emitters)
-    : QtObject2Shim(delegate, emitters), m_emitters(emitters)
+    : QtObject2Shim(delegate, emitters),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
 }
@@ -50,10 +51,9 @@ void QtDragDelegate2::ask(const TROV::Event<void(const VXDragEvent2&)>& emitter,
     QWidget* receiver = qWidgetOf(lookup(widget));
     if (!receiver)
         return;
-    const VXDragEvent2 question =
-        dragEvent(EventTarget{widget, receiver, receiver}, type, *event);
+    const VXDragEvent2 question = dragEvent(EventTarget{widget, receiver, receiver}, type, *event);
     emitter(question);
     applyAnswer(question, *event);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -36,9 +36,9 @@ void QtDragGesture::move(QtWidget2& widget, const QMouseEvent& event)
         // Mapped only now: most presses never become a drag.
         const VXPoint<int> local = Qt2VX(widget.asQWidget()->mapFromGlobal(m_globalPosition));
         dragDetect(VXMouseEvent2(source, WidgetEvent::MouseMove, local, Qt2VX(m_globalPosition),
-                                 Qt2VX(event.button()),
-                                 Qt2VX(event.buttons()), Qt2VX(event.modifiers())));
+                                 Qt2VX(event.button()), Qt2VX(event.buttons()),
+                                 Qt2VX(event.modifiers())));
     }
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -16,15 +16,15 @@ namespace {
 using E = VXDragManager2Emitters;
 using P = QtDragManager2;
 
-const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::startDrag, &P::doStartDrag>(),
-    TROV::row<&E::cancelDrag, &P::doCancelDrag>(),
-    TROV::row<&E::isDragging, &P::doIsDragging>());
+const auto s_requests = TROV::operations<E>(TROV::row<&E::startDrag, &P::doStartDrag>(),
+                                            TROV::row<&E::cancelDrag, &P::doCancelDrag>(),
+                                            TROV::row<&E::isDragging, &P::doIsDragging>());
 
-}  // namespace
+} // namespace
 
 QtDragManager2::QtDragManager2(VXObject2* manager, VXDragManager2Emitters* emitters)
-    : QtObject2Shim(manager, emitters), m_emitters(emitters)
+    : QtObject2Shim(manager, emitters),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
 }
@@ -48,7 +48,7 @@ void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
     const QPointer<QtDragManager2> self(this);
     if (QWidget* source = qWidgetOf(lookup(sourceId))) {
         // Not a child of its source, which may go meanwhile: Qt would lose the drag in its middle.
-        auto* running = new QDrag(this);   // Qt deletes it when the drag is over
+        auto* running = new QDrag(this); // Qt deletes it when the drag is over
         // With the window the pointer's grab is lost, and nothing would ever end the drag.
         QObject::connect(source->window(), &QObject::destroyed, running, [] { QDrag::cancel(); });
         running->setMimeData(VX2Qt(drag.mimeData));
@@ -64,7 +64,7 @@ void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
     if (!self)
         return;
     m_dragging = false;
-    VXObjectDataLocker lock;   // the source must not go between the look-up and the report
+    VXObjectDataLocker lock; // the source must not go between the look-up and the report
     report(m_emitters->finished, source(), action);
 }
 
@@ -84,4 +84,4 @@ bool QtDragManager2::doIsDragging()
     return m_dragging;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

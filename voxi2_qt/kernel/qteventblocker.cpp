@@ -12,10 +12,11 @@ QtWidget2* widgetPeerOf(const QWidget* widget)
     return dynamic_cast<QtWidget2*>(peerOf(widget));
 }
 
-}  // namespace
+} // namespace
 
 QtEventBlocker::QtEventBlocker(QtWidget2& widget, std::initializer_list<WidgetEvent> events)
-    : m_widget(widget), m_alive(widget.asQWidget())
+    : m_widget(widget),
+      m_alive(widget.asQWidget())
 {
     for (const WidgetEvent event : events) {
         if (!m_widget.isEventBroadcastingEnabled(event))
@@ -59,4 +60,4 @@ QtEventBlocker::~QtEventBlocker()
     }
 }
 
-}  // namespace VOXI
+} // namespace VOXI

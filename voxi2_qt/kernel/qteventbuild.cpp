@@ -25,15 +25,15 @@ namespace {
 QPoint inWidget(const EventTarget& target, QPoint position)
 {
     return target.m_receiver == target.m_widget
-        ? position
-        : target.m_receiver->mapTo(target.m_widget, position);
+               ? position
+               : target.m_receiver->mapTo(target.m_widget, position);
 }
 
 QPointF inWidget(const EventTarget& target, QPointF position)
 {
     return target.m_receiver == target.m_widget
-        ? position
-        : target.m_receiver->mapTo(target.m_widget, position);
+               ? position
+               : target.m_receiver->mapTo(target.m_widget, position);
 }
 
 TouchPoint::State stateOf(QEventPoint::State state)
@@ -52,7 +52,7 @@ TouchPoint::State stateOf(QEventPoint::State state)
     }
 }
 
-}  // namespace
+} // namespace
 
 VXMouseEvent2 mouseEvent(const EventTarget& target, WidgetEvent type, const QMouseEvent& event)
 {
@@ -64,11 +64,10 @@ VXMouseEvent2 mouseEvent(const EventTarget& target, WidgetEvent type, const QMou
 
 VXMouseEvent2 wheelEvent(const EventTarget& target, WidgetEvent type, const QWheelEvent& event)
 {
-    return VXMouseEvent2(target.m_abstract, type,
-                         Qt2VX(inWidget(target, event.position().toPoint())),
-                         Qt2VX(event.globalPosition().toPoint()), MouseButton::None,
-                         Qt2VX(event.buttons()), Qt2VX(event.modifiers()),
-                         Qt2VX(event.angleDelta()));
+    return VXMouseEvent2(
+        target.m_abstract, type, Qt2VX(inWidget(target, event.position().toPoint())),
+        Qt2VX(event.globalPosition().toPoint()), MouseButton::None, Qt2VX(event.buttons()),
+        Qt2VX(event.modifiers()), Qt2VX(event.angleDelta()));
 }
 
 VXKeyEvent2 keyEvent(const EventTarget& target, WidgetEvent type, const QKeyEvent& event)
@@ -93,12 +92,13 @@ VXResizeEvent2 resizeEvent(const EventTarget& target, WidgetEvent, const QResize
     return VXResizeEvent2(target.m_abstract, Qt2VX(event.oldSize()), Qt2VX(event.size()));
 }
 
-VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, WidgetEvent, const QContextMenuEvent& event)
+VXContextMenuEvent2 contextMenuEvent(const EventTarget& target, WidgetEvent,
+                                     const QContextMenuEvent& event)
 {
     using Reason = VXContextMenuEvent2::Reason;
-    const Reason reason = event.reason() == QContextMenuEvent::Mouse ? Reason::Mouse
-        : event.reason() == QContextMenuEvent::Keyboard              ? Reason::Keyboard
-                                                                     : Reason::Other;
+    const Reason reason = event.reason() == QContextMenuEvent::Mouse      ? Reason::Mouse
+                          : event.reason() == QContextMenuEvent::Keyboard ? Reason::Keyboard
+                                                                          : Reason::Other;
     return VXContextMenuEvent2(target.m_abstract, Qt2VX(inWidget(target, event.pos())),
                                Qt2VX(event.globalPos()), reason);
 }
@@ -181,4 +181,4 @@ std::vector<VXGestureEvent2> gestureEvents(const EventTarget& target, const QGes
     return result;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -20,12 +20,14 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
-// What the toolkit tells of a Qt event. All take the same, so that a table can name them; kinds with
-// one type of event ignore the type.
+// What the toolkit tells of a Qt event. All take the same, so that a table can name them; kinds
+// with one type of event ignore the type.
 
-/// Where an event was received: the abstract widget, its Qt widget, and the widget that Qt delivered
-/// to, which for scroll areas is the viewport. Positions come out in the widget's coordinates.
-struct EventTarget {
+/// Where an event was received: the abstract widget, its Qt widget, and the widget that Qt
+/// delivered to, which for scroll areas is the viewport. Positions come out in the widget's
+/// coordinates.
+struct EventTarget
+{
     VXWidget2* m_abstract;
     QWidget* m_widget;
     QWidget* m_receiver;
@@ -50,4 +52,4 @@ VXTouchEvent2 touchEvent(const EventTarget& target, WidgetEvent type, const QTou
 /// One for each gesture in the event.
 std::vector<VXGestureEvent2> gestureEvents(const EventTarget& target, const QGestureEvent& event);
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -50,7 +50,8 @@ bool pointerPosition(const QEvent& event, QPoint& position)
 }
 
 /// One event on its way to the abstract side.
-struct Passing {
+struct Passing
+{
     QtEventFilter2& m_filter;
     const VXWidget2Emitters& m_emitters;
     const EventTarget& m_target;
@@ -159,10 +160,12 @@ constexpr Sender s_senders[] = {
 };
 static_assert(std::size(s_senders) == WidgetEventCount);
 
-}  // namespace
+} // namespace
 
 QtEventFilter2::QtEventFilter2(QtWidget2& peer, QWidget* widget, QAbstractScrollArea* area)
-    : QObject(widget), m_peer(peer), m_area(area)
+    : QObject(widget),
+      m_peer(peer),
+      m_area(area)
 {
     m_broadcast.set();
 }
@@ -187,7 +190,7 @@ bool QtEventFilter2::eventFilter(QObject* watched, QEvent* event)
         pass(type, watched, event);
     const bool refused = closing && !event->isAccepted();
     if (closing && consumed)
-        event->ignore();   // the window would close all the same
+        event->ignore(); // the window would close all the same
     return consumed || refused;
 }
 
@@ -201,7 +204,7 @@ bool QtEventFilter2::isSeenTwice(const QObject* watched, const QEvent& event) co
         case QEvent::Move:
         case QEvent::Show:
         case QEvent::Hide:
-            return true;   // the area gets its own
+            return true; // the area gets its own
         default:
             return false;
         }
@@ -296,4 +299,4 @@ void QtEventFilter2::pass(WidgetEvent type, QObject* watched, QEvent* event)
     s_senders[bit(type)](Passing{*this, *m_peer.widgetEmitters(), target, type, *event});
 }
 
-}  // namespace VOXI
+} // namespace VOXI

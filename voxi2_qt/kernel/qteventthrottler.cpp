@@ -38,12 +38,13 @@ const TROV::Event<void(const VXKeyEvent2&)>& emitterOf(VXWidget2Emitters& emitte
 }
 
 /// Frees a kind of event at the end of a scope.
-class PendingEnd {
+class PendingEnd
+{
 public:
     PendingEnd(std::shared_ptr<unsigned> pending, unsigned bit)
-        : m_pending(std::move(pending)), m_bit(bit)
-    {
-    }
+        : m_pending(std::move(pending)),
+          m_bit(bit)
+    {}
     ~PendingEnd()
     {
         std::lock_guard lock(s_pendingMutex);
@@ -57,25 +58,27 @@ private:
     unsigned m_bit;
 };
 
-/// A posted event. Its kind is free again when it goes, whether it was delivered, its handler threw,
-/// or it was dropped because the queue has ended.
+/// A posted event. Its kind is free again when it goes, whether it was delivered, its handler
+/// threw, or it was dropped because the queue has ended.
 template <class E>
-class PostedEvent final : public TROV::Payload3<void, VXWidget2*, WidgetEvent, E> {
+class PostedEvent final : public TROV::Payload3<void, VXWidget2*, WidgetEvent, E>
+{
 public:
     PostedEvent(VXWidget2* widget, const E& event, std::shared_ptr<unsigned> pending, unsigned bit)
         : TROV::Payload3<void, VXWidget2*, WidgetEvent, E>(widget, event.type(), event),
           m_end(std::move(pending), bit)
-    {
-    }
+    {}
 
 private:
     PendingEnd m_end;
 };
 
-}  // namespace
+} // namespace
 
 EventThrottler::EventThrottler(VXWidget2* widget)
-    : m_widget(widget), m_widgetId(widget->id()), m_pending(std::make_shared<unsigned>(0))
+    : m_widget(widget),
+      m_widgetId(widget->id()),
+      m_pending(std::make_shared<unsigned>(0))
 {
     m_mouse.connect(this, &EventThrottler::deliver<VXMouseEvent2>);
     m_resize.connect(this, &EventThrottler::deliver<VXResizeEvent2>);
@@ -163,4 +166,4 @@ std::unique_ptr<EventThrottlerBase> EventThrottlerFactory::createEventThrottler(
     return std::make_unique<EventThrottler>(widget);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -29,7 +29,7 @@ void create(Arguments... arguments)
     peer->init();
 }
 
-}  // namespace
+} // namespace
 
 QtFactory2* QtFactory2::m_factory = nullptr;
 
@@ -158,4 +158,4 @@ void QtFactory2::destroyObject(unsigned uid)
         peer->doDestroy();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -17,7 +17,7 @@ namespace {
 // A window manager that has not answered by then will not.
 constexpr int GiveUpAfter = 500;
 
-}  // namespace
+} // namespace
 
 QtGlobalFocusBlocker& QtGlobalFocusBlocker::instance()
 {
@@ -92,7 +92,7 @@ void QtGlobalFocusBlocker::timerEvent(QTimerEvent* event)
     else if (found->second.m_isLastTurn)
         releaseWindow(found->first);
     else
-        settle(found->first, 0);   // a busy program has yet to see what came meanwhile
+        settle(found->first, 0); // a busy program has yet to see what came meanwhile
 }
 
 void QtGlobalFocusBlocker::settle(const QObject* window, int milliseconds)
@@ -118,4 +118,4 @@ void QtGlobalFocusBlocker::releaseWindow(const QObject* window)
     m_windows.erase(found);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

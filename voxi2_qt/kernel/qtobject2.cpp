@@ -11,22 +11,21 @@ using E = VXObject2Emitters;
 using P = QtObject2;
 
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::destroy, &P::doDestroy>(),
-    TROV::row<&E::setParent, &P::doSetParent>(),
-    TROV::row<&E::getParent, &P::doGetParent>(),
-    TROV::row<&E::getChildren, &P::doGetChildren>());
+    TROV::row<&E::destroy, &P::doDestroy>(), TROV::row<&E::setParent, &P::doSetParent>(),
+    TROV::row<&E::getParent, &P::doGetParent>(), TROV::row<&E::getChildren, &P::doGetChildren>());
 
-/// The scheduled parent of the peer scheduled last. Children go one after the other, and finding the
-/// peer behind a Qt object is slow. GUI thread only.
+/// The scheduled parent of the peer scheduled last. Children go one after the other, and finding
+/// the peer behind a Qt object is slow. GUI thread only.
 const QObject* s_goingParent = nullptr;
 
 /// Its address is what this back end's peers share.
 const char s_family = 0;
 
-}  // namespace
+} // namespace
 
 QtObject2::QtObject2(VXObject2* object, VXObject2Emitters* emitters)
-    : m_uid(object ? object->id() : 0), m_object(object)
+    : m_uid(object ? object->id() : 0),
+      m_object(object)
 {
     addObject();
     if (emitters)
@@ -194,4 +193,4 @@ bool isWithin(const QWidget* outer, const QWidget* inner) noexcept
     return false;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

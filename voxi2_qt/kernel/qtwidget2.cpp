@@ -17,32 +17,23 @@ using E = VXWidget2Emitters;
 using P = QtWidget2;
 
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::show, &P::doShow>(),
-    TROV::row<&E::hide, &P::doHide>(),
-    TROV::row<&E::raise, &P::doRaise>(),
-    TROV::row<&E::lower, &P::doLower>(),
+    TROV::row<&E::show, &P::doShow>(), TROV::row<&E::hide, &P::doHide>(),
+    TROV::row<&E::raise, &P::doRaise>(), TROV::row<&E::lower, &P::doLower>(),
     TROV::row<&E::setActiveWindow, &P::doSetActiveWindow>(),
-    TROV::row<&E::refresh, &P::doRefresh>(),
-    TROV::row<&E::update, &P::doUpdate>(),
+    TROV::row<&E::refresh, &P::doRefresh>(), TROV::row<&E::update, &P::doUpdate>(),
     TROV::row<&E::adjustSize, &P::doAdjustSize>(),
     TROV::row<&E::setContentsMargins, &P::doSetContentsMargins>(),
-    TROV::row<&E::setColor, &P::doSetColor>(),
-    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
+    TROV::row<&E::setColor, &P::doSetColor>(), TROV::row<&E::setEnabled, &P::doSetEnabled>(),
     TROV::row<&E::setEventConsumed, &P::doSetEventConsumed>(),
     TROV::row<&E::setFocus, &P::doSetFocus>(),
     TROV::row<&E::setFocusPolicy, &P::doSetFocusPolicy>(),
-    TROV::row<&E::setFocusProxy, &P::doSetFocusProxy>(),
-    TROV::row<&E::setFont, &P::doSetFont>(),
+    TROV::row<&E::setFocusProxy, &P::doSetFocusProxy>(), TROV::row<&E::setFont, &P::doSetFont>(),
     TROV::row<&E::setMaximumSize, &P::doSetMaximumSize>(),
-    TROV::row<&E::setMinimumSize, &P::doSetMinimumSize>(),
-    TROV::row<&E::resize, &P::doResize>(),
-    TROV::row<&E::setPosition, &P::doSetPosition>(),
-    TROV::row<&E::moveTo, &P::doMoveTo>(),
+    TROV::row<&E::setMinimumSize, &P::doSetMinimumSize>(), TROV::row<&E::resize, &P::doResize>(),
+    TROV::row<&E::setPosition, &P::doSetPosition>(), TROV::row<&E::moveTo, &P::doMoveTo>(),
     TROV::row<&E::setAcceptDrops, &P::doSetAcceptDrops>(),
-    TROV::row<&E::setToolTip, &P::doSetToolTip>(),
-    TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
-    TROV::row<&E::setVisible, &P::doSetVisible>(),
-    TROV::row<&E::setCursor, &P::doSetCursor>(),
+    TROV::row<&E::setToolTip, &P::doSetToolTip>(), TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
+    TROV::row<&E::setVisible, &P::doSetVisible>(), TROV::row<&E::setCursor, &P::doSetCursor>(),
     TROV::row<&E::setObjectName, &P::doSetObjectName>(),
     TROV::row<&E::setUpdatesEnabled, &P::doSetUpdatesEnabled>(),
     TROV::row<&E::unsetCursor, &P::doUnsetCursor>(),
@@ -53,13 +44,11 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setFixedSize, &P::doSetFixedSize>(),
     TROV::row<&E::setSizePolicy, &P::doSetSizePolicy>(),
     TROV::row<&E::isActiveWindow, &P::doIsActiveWindow>(),
-    TROV::row<&E::getColor, &P::doGetColor>(),
-    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
+    TROV::row<&E::getColor, &P::doGetColor>(), TROV::row<&E::isEnabled, &P::doIsEnabled>(),
     TROV::row<&E::isEventConsumed, &P::doIsEventConsumed>(),
     TROV::row<&E::hasFocus, &P::doHasFocus>(),
     TROV::row<&E::getFocusPolicy, &P::doGetFocusPolicy>(),
-    TROV::row<&E::getFocusProxy, &P::doGetFocusProxy>(),
-    TROV::row<&E::getFont, &P::doGetFont>(),
+    TROV::row<&E::getFocusProxy, &P::doGetFocusProxy>(), TROV::row<&E::getFont, &P::doGetFont>(),
     TROV::row<&E::getMaximumSize, &P::doGetMaximumSize>(),
     TROV::row<&E::getMinimumSize, &P::doGetMinimumSize>(),
     TROV::row<&E::getPosition, &P::doGetPosition>(),
@@ -68,8 +57,7 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::mapFromGlobal, &P::doMapFromGlobal>(),
     TROV::row<&E::canAcceptDrops, &P::doCanAcceptDrops>(),
     TROV::row<&E::getContentsRect, &P::doGetContentsRect>(),
-    TROV::row<&E::getToolTip, &P::doGetToolTip>(),
-    TROV::row<&E::getToolTipU, &P::doGetToolTipU>(),
+    TROV::row<&E::getToolTip, &P::doGetToolTip>(), TROV::row<&E::getToolTipU, &P::doGetToolTipU>(),
     TROV::row<&E::getContentsMargins, &P::doGetContentsMargins>(),
     TROV::row<&E::isVisible, &P::doIsVisible>(),
     TROV::row<&E::getObjectName, &P::doGetObjectName>(),
@@ -94,12 +82,13 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setTouchEnabled, &P::doSetTouchEnabled>(),
     TROV::row<&E::isTouchEnabled, &P::doIsTouchEnabled>());
 
-}  // namespace
+} // namespace
 
 std::map<QtWidget2*, QAction*> QtWidget2::m_ActionMap;
 
 QtWidget2::QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters)
-    : QtObject2(widget, emitters->base()), m_emitters(emitters)
+    : QtObject2(widget, emitters->base()),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
 }
@@ -124,7 +113,7 @@ void QtWidget2::scheduleDelete()
 
 void QtWidget2::doSetParent(VXObject* parent)
 {
-    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});   // Qt hides what moves elsewhere
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide}); // Qt hides what moves elsewhere
     if (!parent) {
         asQWidget()->setParent(nullptr);
         return;
@@ -289,9 +278,8 @@ void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
         m_dragDelegateId = 0;
         return;
     }
-    withPeerOf<QtDragDelegate2>(delegate, [this](QtDragDelegate2* peer) {
-        m_dragDelegateId = peer ? peer->getUID() : 0;
-    });
+    withPeerOf<QtDragDelegate2>(
+        delegate, [this](QtDragDelegate2* peer) { m_dragDelegateId = peer ? peer->getUID() : 0; });
 }
 
 VXDragDelegate2* QtWidget2::doGetDragDelegate()
@@ -351,4 +339,4 @@ QAbstractScrollArea* QtWidget2::scrollArea() const noexcept
     return qobject_cast<QAbstractScrollArea*>(asQWidget());
 }
 
-}  // namespace VOXI
+} // namespace VOXI

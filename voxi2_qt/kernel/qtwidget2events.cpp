@@ -231,4 +231,4 @@ void QtWidget2::passToDelegate(Function&& function)
         function(*delegate);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -13,15 +13,15 @@ namespace VOXI {
 namespace {
 
 /// Where a toolkit colour role lives in a widget's palette.
-struct PaletteEntry {
+struct PaletteEntry
+{
     bool m_disabled;
     QPalette::ColorRole m_role;
 };
 
 PaletteEntry paletteEntry(ColorRole role, const QWidget& widget)
 {
-    const bool foreground =
-        role == ColorRole::Foreground || role == ColorRole::DisabledForeground;
+    const bool foreground = role == ColorRole::Foreground || role == ColorRole::DisabledForeground;
     return {role == ColorRole::DisabledBackground || role == ColorRole::DisabledForeground,
             foreground ? widget.foregroundRole() : widget.backgroundRole()};
 }

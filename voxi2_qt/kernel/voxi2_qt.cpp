@@ -11,7 +11,6 @@
 #include "voxi2_qt/kernel/qtcursorregistry.h"
 #include "voxi2_qt/kernel/qteventthrottler.h"
 #include "voxi2_qt/kernel/qtfactory2.h"
-
 #include "voxi_util/textencoding.h"
 
 const char* const voxi2_qt_version = "8.3.0.441";
@@ -26,12 +25,11 @@ bool s_terminated = false;
 void forwardRaiseWindow(long long nativeWindow)
 {
     VOXI::VXBridge* bridge = VOXI::VXBridge::getBridge(VOXI::StringID("qt"));
-    bridge->emitter().sendPacket(
-        TROV::Packet(new TROV::Payload1<void, long long, 1>(nativeWindow)), TROV::SendDirect,
-        false);
+    bridge->emitter().sendPacket(TROV::Packet(new TROV::Payload1<void, long long, 1>(nativeWindow)),
+                                 TROV::SendDirect, false);
 }
 
-}  // namespace
+} // namespace
 
 void initialize_voxi2_qt()
 {

@@ -12,7 +12,7 @@ VoxiRaiseWindowHook& installedHook()
     return *hook;
 }
 
-}  // namespace
+} // namespace
 
 void voxiSetRaiseWindowHook(const VoxiRaiseWindowHook& hook)
 {

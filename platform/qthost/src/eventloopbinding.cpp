@@ -19,13 +19,15 @@ namespace {
 // Half a frame: the rest is for painting and input.
 constexpr auto TurnBudget = std::chrono::milliseconds(8);
 
-}  // namespace
+} // namespace
 
-class EventLoopBinding::Pump final : public QObject {
+class EventLoopBinding::Pump final : public QObject
+{
 public:
     Pump() : m_thread(TROV::Thread::getCurrentThread())
     {
-        m_thread->bindWakeUp([this] { QCoreApplication::postEvent(this, new QEvent(wakeUpType())); });
+        m_thread->bindWakeUp(
+            [this] { QCoreApplication::postEvent(this, new QEvent(wakeUpType())); });
         QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
         connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] { sleep(); });
         connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { m_released.reset(); });
@@ -91,4 +93,4 @@ EventLoopBinding::EventLoopBinding() : m_pump(std::make_unique<Pump>()) {}
 
 EventLoopBinding::~EventLoopBinding() = default;
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -94,4 +94,4 @@ void QtHost::quit(int exitCode)
         qApp, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

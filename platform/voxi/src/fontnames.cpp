@@ -8,7 +8,7 @@ namespace {
 
 std::atomic<FontNameResolver> s_resolver{nullptr};
 
-}  // namespace
+} // namespace
 
 std::string getClosestScaleableFontName(const std::string& family)
 {
@@ -21,4 +21,4 @@ void installFontNameResolver(FontNameResolver resolver)
     s_resolver.store(resolver, std::memory_order_release);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -1,9 +1,8 @@
 #include "registry.h"
 
+#include "trov/thread.h"
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
-
-#include "trov/thread.h"
 
 #include <algorithm>
 #include <iterator>
@@ -129,7 +128,7 @@ Registry& Registry::instance()
     return *registry;
 }
 
-}  // namespace detail
+} // namespace detail
 
 // Peers -------------------------------------------------------------------------------------------
 
@@ -194,4 +193,4 @@ GuiObject* lookup(const VXObject* object)
     return VXObject::isObjectValid(object) ? lookup(object->id()) : nullptr;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -14,14 +14,16 @@ class VXObject;
 namespace detail {
 
 /// What the registry knows of one id.
-struct RegistryEntry {
+struct RegistryEntry
+{
     VXObject* m_object = nullptr;
     GuiObject* m_peer = nullptr;
 };
 
 /// Ids to entries. Ids are given in sequence, so they are kept in pages that come and go as a
 /// whole; finding one is three loads.
-class IdTable {
+class IdTable
+{
 public:
     /// The entry of `id`, or null while there is none.
     RegistryEntry* find(unsigned id) const noexcept;
@@ -37,11 +39,13 @@ private:
     static constexpr unsigned PageBits = 14;
     static constexpr unsigned ShelfBits = 32 - EntryBits - PageBits;
 
-    struct Page {
+    struct Page
+    {
         std::array<RegistryEntry, 1u << EntryBits> m_entries;
         unsigned m_used = 0;
     };
-    struct Shelf {
+    struct Shelf
+    {
         std::array<std::unique_ptr<Page>, 1u << PageBits> m_pages;
     };
 
@@ -51,7 +55,8 @@ private:
 };
 
 /// A set of addresses with open addressing.
-class PointerSet {
+class PointerSet
+{
 public:
     bool contains(const void* pointer) const noexcept;
     void insert(const void* pointer);
@@ -62,17 +67,18 @@ private:
     std::size_t placeOf(const void* pointer) const noexcept;
     void grow();
 
-    std::vector<const void*> m_slots;   // a power of two of them; null is free
+    std::vector<const void*> m_slots; // a power of two of them; null is free
     std::size_t m_count = 0;
 };
 
 /// Which objects are alive and which peers serve them. Guarded by `VXObject::m_lock`.
-struct Registry {
+struct Registry
+{
     IdTable m_ids;
     PointerSet m_live;
 
     static Registry& instance();
 };
 
-}  // namespace detail
-}  // namespace VOXI
+} // namespace detail
+} // namespace VOXI

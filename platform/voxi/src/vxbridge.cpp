@@ -25,4 +25,4 @@ void VXBridge::setThread(TROV::Thread* thread)
     m_thread.store(thread, std::memory_order_release);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

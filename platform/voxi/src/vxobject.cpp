@@ -1,7 +1,6 @@
 #include "voxi/vxobject.h"
 
 #include "registry.h"
-
 #include "trov/waithooks.h"
 
 #include <stdexcept>
@@ -25,9 +24,9 @@ const bool s_hooksInstalled = [] {
     return true;
 }();
 
-unsigned s_lastId = 0;   // guarded by the object lock
+unsigned s_lastId = 0; // guarded by the object lock
 
-}  // namespace
+} // namespace
 
 VXObject::VXObject() : m_id(0)
 {
@@ -104,4 +103,4 @@ bool VXObject::DetachedScope::isActive() noexcept
     return t_detachedScopes > 0;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

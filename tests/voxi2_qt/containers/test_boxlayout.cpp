@@ -1,5 +1,4 @@
 #include "../kernel/toolkit.h"
-
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtext2.h"
@@ -105,7 +104,7 @@ TEST_F(BoxLayout, ignoresNothingAndTheDead)
     m_layout->removeWidget(nullptr);
     m_layout->setStretchFactor(nullptr, 1);
     m_layout->addWidget(address);
-    m_layout->addWidget(m_layout, 1);   // no widget
+    m_layout->addWidget(m_layout, 1); // no widget
     EXPECT_EQ(qtLayout()->count(), 0);
 }
 

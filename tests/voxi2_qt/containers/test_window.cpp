@@ -1,5 +1,4 @@
 #include "../kernel/toolkit.h"
-
 #include "support/waitfor.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"

@@ -1,5 +1,4 @@
 #include "../kernel/toolkit.h"
-
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtext2.h"

@@ -13,7 +13,8 @@ namespace VOXI {
 /// menus) go on running calls, and whenever a loop goes to sleep the thread lets go of the object
 /// lock. Make it on the thread of the `QApplication`, after that; its end drops what is queued and
 /// releases whoever waits.
-class QTHOST_EXPORT EventLoopBinding {
+class QTHOST_EXPORT EventLoopBinding
+{
 public:
     EventLoopBinding();
     ~EventLoopBinding();
@@ -25,4 +26,4 @@ private:
     std::unique_ptr<Pump> m_pump;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

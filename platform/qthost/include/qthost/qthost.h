@@ -23,7 +23,8 @@ class VXObject;
 ///
 /// Uses the `QApplication` that exists, or makes one. The toolkit is taken down by the destructor;
 /// it cannot be brought up again in the process.
-class QTHOST_EXPORT QtHost {
+class QTHOST_EXPORT QtHost
+{
 public:
     /// `argc` and `argv` must outlive the host. `library` names the back end to load at run time:
     /// a file name or path; empty: the usual one, found as shared libraries are. Throws
@@ -49,9 +50,9 @@ public:
 private:
     void bringUp(const std::string& library);
 
-    std::unique_ptr<QApplication> m_application;   // null: it is somebody else's
+    std::unique_ptr<QApplication> m_application; // null: it is somebody else's
     std::unique_ptr<EventLoopBinding> m_binding;
     void (*m_terminate)() = nullptr;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -17,4 +17,4 @@ VOXI_EXPORT std::string getClosestScaleableFontName(const std::string& family);
 /// Lets a back end answer the question above; null takes the answer back.
 VOXI_EXPORT void installFontNameResolver(FontNameResolver resolver);
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -7,7 +7,8 @@ namespace VOXI {
 class VXObject;
 
 /// A peer as the registry sees it.
-class VOXI_EXPORT GuiObject {
+class VOXI_EXPORT GuiObject
+{
 public:
     GuiObject() = default;
     GuiObject(const GuiObject&) = delete;
@@ -48,4 +49,4 @@ VOXI_EXPORT GuiObject* lookup(unsigned id);
 /// The peer of `object`; null for a null or dead object, or one without peer.
 VOXI_EXPORT GuiObject* lookup(const VXObject* object);
 
-}  // namespace VOXI
+} // namespace VOXI

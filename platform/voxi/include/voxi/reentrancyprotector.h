@@ -9,7 +9,8 @@ namespace VOXI {
 ///         return;
 ///
 /// The flag belongs to the operation and is only used on its thread. It must outlive the protector.
-class TROVReentrancyProtector {
+class TROVReentrancyProtector
+{
 public:
     explicit TROVReentrancyProtector(bool& flag) noexcept : m_flag(flag), m_reentrant(flag)
     {
@@ -31,4 +32,4 @@ private:
     const bool m_reentrant;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,7 +3,6 @@
 #include "trov/emitter.h"
 #include "trov/thread.h"
 #include "voxi/voxi_export.h"
-
 #include "voxi_util/stringid.h"
 
 namespace VOXI {
@@ -13,7 +12,8 @@ namespace VOXI {
 ///
 /// Bridges are made on demand and live as long as the process. All functions may be called from
 /// any thread.
-class VOXI_EXPORT VXBridge {
+class VOXI_EXPORT VXBridge
+{
 public:
     using MessageEmitter = TROV::Emitter1<void, long long>;
 
@@ -41,4 +41,4 @@ private:
     MessageEmitter m_emitter;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

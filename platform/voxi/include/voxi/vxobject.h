@@ -2,7 +2,6 @@
 
 #include "trov/listener.h"
 #include "voxi/voxi_export.h"
-
 #include "voxi_util/recursivelock.h"
 
 #include <functional>
@@ -13,7 +12,8 @@ namespace VOXI {
 ///
 /// Ids are given once per process and never again, so an id can be kept and asked about after the
 /// object is gone. Every object is a `TROV::Listener`: connections made with it end with it.
-class VOXI_EXPORT VXObject : public TROV::Listener {
+class VOXI_EXPORT VXObject : public TROV::Listener
+{
 public:
     /// Guards every look at abstract objects from outside their own code: validity, listeners,
     /// peers. Recursive; held shortly. It is given up while a thread waits for another one.
@@ -39,7 +39,8 @@ public:
 
     /// While one lives, objects that its thread makes stay out of the registry: they have id 0, are
     /// never valid, and get no peers.
-    class VOXI_EXPORT DetachedScope {
+    class VOXI_EXPORT DetachedScope
+    {
     public:
         DetachedScope();
         ~DetachedScope();
@@ -52,8 +53,8 @@ public:
 protected:
     VXObject();
 
-    /// Calls `function` with every live object, in no particular order, holding `m_lock`. It may end
-    /// objects.
+    /// Calls `function` with every live object, in no particular order, holding `m_lock`. It may
+    /// end objects.
     static void forEachObject(const std::function<void(VXObject*)>& function);
 
     /// Takes the object out of the registry: from now on it is not valid. Twice is as good as once.
@@ -64,7 +65,8 @@ private:
 };
 
 /// Holds the object lock for a scope.
-class VXObjectDataLocker {
+class VXObjectDataLocker
+{
 public:
     explicit VXObjectDataLocker(RecursiveLock& lock = VXObject::m_lock) : m_lock(lock)
     {
@@ -78,4 +80,4 @@ private:
     RecursiveLock& m_lock;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -12,4 +12,4 @@ VOXI2_EXPORT void initialize_voxi2();
 /// get none. Again it does nothing.
 VOXI2_EXPORT void terminate_voxi2();
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -6,16 +6,17 @@ namespace VOXI {
 
 namespace {
 
-std::vector<VXAbstractWindow2*>& allWindows()   // guarded by the object lock
+std::vector<VXAbstractWindow2*>& allWindows() // guarded by the object lock
 {
     static auto* windows = new std::vector<VXAbstractWindow2*>;
     return *windows;
 }
 
-}  // namespace
+} // namespace
 
 VXAbstractWindow2::VXAbstractWindow2(VXObject2* parent)
-    : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+    : VXWidget2(parent),
+      m_emitters(VXWidget2::m_emitters)
 {
     VXObjectDataLocker lock;
     if (id() != 0)
@@ -106,4 +107,4 @@ bool VXAbstractWindow2::close()
     return m_emitters.close();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

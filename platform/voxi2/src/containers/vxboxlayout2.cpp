@@ -3,7 +3,8 @@
 namespace VOXI {
 
 VXBoxLayout2::VXBoxLayout2(VXObject2* parent, Direction direction)
-    : VXLayout2(parent), m_emitters(VXLayout2::m_emitters)
+    : VXLayout2(parent),
+      m_emitters(VXLayout2::m_emitters)
 {
     createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, parent, direction);
 }
@@ -33,4 +34,4 @@ void VXBoxLayout2::setStretchFactor(VXObject* widget, int stretch)
     m_emitters.setStretchFactor(widget, stretch);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

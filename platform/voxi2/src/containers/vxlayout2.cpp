@@ -64,4 +64,4 @@ void VXLayout2::invalidate()
     m_emitters.invalidate();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

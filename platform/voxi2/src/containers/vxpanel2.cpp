@@ -12,4 +12,4 @@ VXPanel2::~VXPanel2()
     retire();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

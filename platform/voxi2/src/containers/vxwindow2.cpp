@@ -3,7 +3,8 @@
 namespace VOXI {
 
 VXWindow2::VXWindow2(VXObject2* parent)
-    : VXAbstractWindow2(parent), m_emitters(VXAbstractWindow2::m_emitters)
+    : VXAbstractWindow2(parent),
+      m_emitters(VXAbstractWindow2::m_emitters)
 {
     createPeer(&VXFactory2::createWindow2, this, &m_emitters, parent);
 }
@@ -63,4 +64,4 @@ ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const
     return m_emitters.getToolBarArea(bar);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -5,9 +5,9 @@
 namespace VOXI {
 
 VXAbstractButton2::VXAbstractButton2(VXObject2* parent)
-    : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
-{
-}
+    : VXWidget2(parent),
+      m_emitters(VXWidget2::m_emitters)
+{}
 
 VXAbstractButton2::~VXAbstractButton2()
 {
@@ -99,4 +99,4 @@ void VXAbstractButton2::imitateToggle()
     m_emitters.toggle();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

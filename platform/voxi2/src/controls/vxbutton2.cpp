@@ -3,7 +3,8 @@
 namespace VOXI {
 
 VXButton2::VXButton2(VXObject2* parent)
-    : VXAbstractButton2(parent), m_emitters(VXAbstractButton2::m_emitters)
+    : VXAbstractButton2(parent),
+      m_emitters(VXAbstractButton2::m_emitters)
 {
     createPeer(&VXFactory2::createButton2, this, &m_emitters, parent);
 }
@@ -33,4 +34,4 @@ bool VXButton2::isFlat() const
     return m_emitters.isFlat();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

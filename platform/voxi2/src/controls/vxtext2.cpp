@@ -89,4 +89,4 @@ bool VXText2::isRichText() const
     return m_emitters.isRichText();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -8,7 +8,7 @@ namespace {
 
 std::atomic<CustomCursorRegistry*> s_registry{nullptr};
 
-}  // namespace
+} // namespace
 
 CustomCursorRegistry::~CustomCursorRegistry() = default;
 
@@ -22,4 +22,4 @@ CustomCursorRegistry* CustomCursorRegistry::instance()
     return s_registry.load(std::memory_order_acquire);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

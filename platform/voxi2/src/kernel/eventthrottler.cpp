@@ -8,7 +8,7 @@ namespace {
 
 std::atomic<EventThrottlerFactoryBase*> s_factory{nullptr};
 
-}  // namespace
+} // namespace
 
 EventThrottlerBase::~EventThrottlerBase() = default;
 
@@ -24,4 +24,4 @@ EventThrottlerFactoryBase* EventThrottlerFactoryBase::instance()
     return s_factory.load(std::memory_order_acquire);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -30,7 +30,7 @@ void raiseNativeWindow(long long value)
     }
 }
 
-}  // namespace
+} // namespace
 
 void initialize_voxi2()
 {
@@ -54,4 +54,4 @@ void terminate_voxi2()
     VXFactory2::unregisterAll();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,12 +10,12 @@ namespace {
 
 std::atomic<VXClipboard2*> s_clipboard{nullptr};
 
-}  // namespace
+} // namespace
 
 VXClipboard2::VXClipboard2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
 {
-    createPeer<void(VXObject2*, VXClipboard2Emitters*), VXObject2>(
-        &VXFactory2::createClipboard2, this, &m_emitters);
+    createPeer<void(VXObject2*, VXClipboard2Emitters*), VXObject2>(&VXFactory2::createClipboard2,
+                                                                   this, &m_emitters);
 }
 
 VXClipboard2::~VXClipboard2()
@@ -56,4 +56,4 @@ any VXClipboard2::retrieveData(const StringID& format) const
     return m_emitters.retrieveData(format);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,7 +3,8 @@
 namespace VOXI {
 
 VXDragDelegate2::VXDragDelegate2(VXObject2* parent)
-    : VXObject2(parent), m_emitters(VXObject2::m_emitters)
+    : VXObject2(parent),
+      m_emitters(VXObject2::m_emitters)
 {
     createPeer(&VXFactory2::createDragDelegate2, this, &m_emitters);
 }
@@ -13,4 +14,4 @@ VXDragDelegate2::~VXDragDelegate2()
     retire();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -10,7 +10,7 @@ namespace {
 
 std::atomic<VXDragManager2*> s_manager{nullptr};
 
-}  // namespace
+} // namespace
 
 VXDragManager2::VXDragManager2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
 {
@@ -51,4 +51,4 @@ bool VXDragManager2::isDragging() const
     return m_emitters.isDragging();
 }
 
-}  // namespace VOXI
+} // namespace VOXI

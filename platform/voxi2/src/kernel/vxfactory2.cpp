@@ -12,7 +12,8 @@ namespace VOXI {
 
 namespace {
 
-struct Factories {
+struct Factories
+{
     std::mutex m_mutex;
     std::map<std::string, VXFactory2*> m_byKey;
     std::atomic<VXFactory2*> m_current{nullptr};
@@ -24,7 +25,7 @@ Factories& factories()
     return *instance;
 }
 
-}  // namespace
+} // namespace
 
 VXFactory2::VXFactory2(VXBridge* bridge) : m_bridge(bridge)
 {
@@ -77,4 +78,4 @@ void VXFactory2::unregisterAll()
     all.m_current = nullptr;
 }
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -176,4 +176,4 @@ std::vector<VXObject*> VXObject2::peerChildren(bool recursive) const
     return m_emitters.getChildren(recursive);
 }
 
-}  // namespace VOXI
+} // namespace VOXI

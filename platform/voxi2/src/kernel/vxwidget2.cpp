@@ -11,7 +11,8 @@ VXWidget2::~VXWidget2()
     retire();
 }
 
-// Showing ------------------------------------------------------------------------------------------
+// Showing
+// ------------------------------------------------------------------------------------------
 
 void VXWidget2::show()
 {
@@ -68,7 +69,8 @@ void VXWidget2::setUpdatesEnabled(bool enabled)
     m_emitters.setUpdatesEnabled(enabled);
 }
 
-// Geometry -----------------------------------------------------------------------------------------
+// Geometry
+// -----------------------------------------------------------------------------------------
 
 void VXWidget2::adjustSize()
 {
@@ -170,7 +172,8 @@ void VXWidget2::restoreGeometry(const std::string& geometry)
     m_emitters.restoreGeometry(geometry);
 }
 
-// Looks --------------------------------------------------------------------------------------------
+// Looks
+// --------------------------------------------------------------------------------------------
 
 void VXWidget2::setColor(ColorRole role, const Color& color)
 {
@@ -262,7 +265,8 @@ std::wstring VXWidget2::accessibleDescription() const
     return m_emitters.getAccessibleDescription();
 }
 
-// Input --------------------------------------------------------------------------------------------
+// Input
+// --------------------------------------------------------------------------------------------
 
 void VXWidget2::setEnabled(bool enabled)
 {
@@ -354,7 +358,8 @@ VXDragDelegate2* VXWidget2::dragDelegate() const
     return m_emitters.getDragDelegate();
 }
 
-// Identity -----------------------------------------------------------------------------------------
+// Identity
+// -----------------------------------------------------------------------------------------
 
 void VXWidget2::setObjectName(const std::string& name)
 {
@@ -371,7 +376,8 @@ unsigned long long VXWidget2::winId() const
     return m_emitters.getWinId();
 }
 
-// As if the user had done it -----------------------------------------------------------------------
+// As if the user had done it
+// -----------------------------------------------------------------------
 
 void VXWidget2::imitate(WidgetEvent event)
 {

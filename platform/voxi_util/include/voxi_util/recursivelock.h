@@ -1,8 +1,7 @@
 #pragma once
 
-#include <pthread.h>
-
 #include <atomic>
+#include <pthread.h>
 
 namespace VOXI {
 
@@ -11,7 +10,8 @@ namespace VOXI {
 /// Taking it again on the owning thread costs a comparison. `releaseAll` and `reacquire` let a
 /// thread that must wait for another one step aside without unwinding its call stack; nothing that
 /// the lock guards may be relied on across such a pair.
-class RecursiveLock {
+class RecursiveLock
+{
 public:
     RecursiveLock() = default;
     RecursiveLock(const RecursiveLock&) = delete;
@@ -114,4 +114,4 @@ private:
     unsigned m_depth = 0;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

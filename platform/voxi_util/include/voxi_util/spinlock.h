@@ -9,7 +9,8 @@ namespace VOXI {
 ///
 /// Uncontended locking is one atomic exchange, unlocking a plain store. Under contention it spins
 /// briefly and then yields the processor. Not recursive; never call unknown code while holding it.
-class SpinLock {
+class SpinLock
+{
 public:
     void lock() noexcept
     {
@@ -42,4 +43,4 @@ private:
     std::atomic<bool> m_locked{false};
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,7 +3,6 @@
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/kernel/windowflags.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/icon.h"
 #include "voxi_util/vxflags.h"
 
@@ -13,7 +12,8 @@
 
 namespace VOXI {
 
-struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(std::string)> setTitle{*this};
@@ -36,7 +36,8 @@ struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
 ///
 /// `closing()` asks before the user's request to close is carried out, and a handler may refuse. A
 /// closed window is hidden, not destroyed.
-class VOXI2_EXPORT VXAbstractWindow2 : public VXWidget2 {
+class VOXI2_EXPORT VXAbstractWindow2 : public VXWidget2
+{
 public:
     ~VXAbstractWindow2() override;
 
@@ -54,8 +55,8 @@ public:
     /// The icon last set.
     Icon icon() const;
 
-    /// The toolkit's window flags as a bit set; see `WindowFlag`. What comes back has more bits than
-    /// what was set: the window system's types share bits.
+    /// The toolkit's window flags as a bit set; see `WindowFlag`. What comes back has more bits
+    /// than what was set: the window system's types share bits.
     void setWindowFlags(unsigned flags);
     unsigned windowFlags() const;
 
@@ -75,4 +76,4 @@ protected:
     VXAbstractWindow2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

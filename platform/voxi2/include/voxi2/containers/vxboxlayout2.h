@@ -6,7 +6,8 @@
 
 namespace VOXI {
 
-struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters> {
+struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(VXObject*, int, Alignment)> boxAddWidget{*this};
@@ -17,7 +18,8 @@ struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters> {
 };
 
 /// Places widgets side by side, in one of four directions.
-class VOXI2_EXPORT VXBoxLayout2 : public VXLayout2 {
+class VOXI2_EXPORT VXBoxLayout2 : public VXLayout2
+{
 public:
     /// Lays out the inside of `parent`, if it is a widget without a layout.
     explicit VXBoxLayout2(VXObject2* parent = nullptr,
@@ -38,4 +40,4 @@ private:
     VXBoxLayout2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,12 +3,12 @@
 #include "voxi2/kernel/alignment.h"
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/geometry.h"
 
 namespace VOXI {
 
-struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(VXObject*, Alignment)> addWidget{*this};
@@ -29,7 +29,8 @@ struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters> {
 ///
 /// A layout shows its widgets but does not own them; adding moves them into the widget that the
 /// layout fills. Null and dead widgets are ignored.
-class VOXI2_EXPORT VXLayout2 : public VXObject2 {
+class VOXI2_EXPORT VXLayout2 : public VXObject2
+{
 public:
     ~VXLayout2() override;
 
@@ -62,4 +63,4 @@ protected:
     VXLayout2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -5,14 +5,16 @@
 
 namespace VOXI {
 
-struct VXPanel2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXPanel2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::RequestsEnd requestsEnd{*this};
 };
 
 /// A plain area that holds other widgets. Once it is given a colour it paints its background.
-class VOXI2_EXPORT VXPanel2 : public VXWidget2 {
+class VOXI2_EXPORT VXPanel2 : public VXWidget2
+{
 public:
     explicit VXPanel2(VXObject2* parent = nullptr);
     ~VXPanel2() override;
@@ -21,4 +23,4 @@ private:
     VXPanel2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

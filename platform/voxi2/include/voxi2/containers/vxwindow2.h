@@ -6,7 +6,8 @@
 
 namespace VOXI {
 
-struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters> {
+struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(VXWidget2*)> setCentralWidget{*this};
@@ -23,7 +24,8 @@ struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters> {
 };
 
 /// A window of its own on the screen. It is hidden until `show()`.
-class VOXI2_EXPORT VXWindow2 : public VXAbstractWindow2 {
+class VOXI2_EXPORT VXWindow2 : public VXAbstractWindow2
+{
 public:
     /// A window with a parent belongs to the parent's window and stays above it.
     explicit VXWindow2(VXObject2* parent = nullptr);
@@ -58,4 +60,4 @@ private:
     VXWindow2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,7 +3,6 @@
 #include "voxi2/controls/vxbuttonevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/icon.h"
 
 #include <string>
@@ -11,7 +10,8 @@
 
 namespace VOXI {
 
-struct VXAbstractButton2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXAbstractButton2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(bool)> setCheckable{*this};
@@ -37,7 +37,8 @@ struct VXAbstractButton2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
 };
 
 /// What all buttons have in common.
-class VOXI2_EXPORT VXAbstractButton2 : public VXWidget2 {
+class VOXI2_EXPORT VXAbstractButton2 : public VXWidget2
+{
 public:
     ~VXAbstractButton2() override;
 
@@ -52,8 +53,8 @@ public:
     void setIcon(const Icon& icon);
     /// The icon last set.
     Icon icon() const;
-    /// The largest size that the icon is drawn in, in pixels that know the screen's scale; the style
-    /// decides when it was not set.
+    /// The largest size that the icon is drawn in, in pixels that know the screen's scale; the
+    /// style decides when it was not set.
     void setIconSize(Size<int> size);
     Size<int> iconSize() const;
 
@@ -93,4 +94,4 @@ protected:
     VXAbstractButton2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -5,7 +5,8 @@
 
 namespace VOXI {
 
-struct VXButton2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters> {
+struct VXButton2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(bool)> setDefault{*this};
@@ -16,7 +17,8 @@ struct VXButton2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters> {
 };
 
 /// A push button.
-class VOXI2_EXPORT VXButton2 : public VXAbstractButton2 {
+class VOXI2_EXPORT VXButton2 : public VXAbstractButton2
+{
 public:
     explicit VXButton2(VXObject2* parent = nullptr);
     ~VXButton2() override;
@@ -32,4 +34,4 @@ private:
     VXButton2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -9,7 +9,8 @@
 
 namespace VOXI {
 
-struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
+struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(std::string)> setText{*this};
@@ -30,7 +31,8 @@ struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters> {
 };
 
 /// A text that the user reads but does not edit.
-class VOXI2_EXPORT VXText2 : public VXWidget2 {
+class VOXI2_EXPORT VXText2 : public VXWidget2
+{
 public:
     explicit VXText2(VXObject2* parent = nullptr);
     ~VXText2() override;
@@ -64,4 +66,4 @@ private:
     VXText2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

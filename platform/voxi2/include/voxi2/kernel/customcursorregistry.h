@@ -1,7 +1,6 @@
 #pragma once
 
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/geometry.h"
 #include "voxi_util/pixmap.h"
 #include "voxi_util/stringid.h"
@@ -12,7 +11,8 @@ namespace VOXI {
 ///
 /// A back end installs one; the application registers cursors under names and sets them on widgets
 /// like the standard shapes. GUI thread or any other: registering is carried to the GUI thread.
-class VOXI2_EXPORT CustomCursorRegistry {
+class VOXI2_EXPORT CustomCursorRegistry
+{
 public:
     virtual ~CustomCursorRegistry();
 
@@ -31,4 +31,4 @@ public:
     static CustomCursorRegistry* instance();
 };
 
-}  // namespace VOXI
+} // namespace VOXI

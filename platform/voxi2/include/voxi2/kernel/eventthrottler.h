@@ -11,7 +11,8 @@ class VXWidget2;
 
 /// Keeps the frequent events of one widget from flooding its listeners: at most one of each kind is
 /// on its way at a time. What an event is made of belongs to the back end.
-class VOXI2_EXPORT EventThrottlerBase {
+class VOXI2_EXPORT EventThrottlerBase
+{
 public:
     EventThrottlerBase() = default;
     EventThrottlerBase(const EventThrottlerBase&) = delete;
@@ -20,7 +21,8 @@ public:
 };
 
 /// Makes throttlers, one for each widget that needs one.
-class VOXI2_EXPORT EventThrottlerFactoryBase {
+class VOXI2_EXPORT EventThrottlerFactoryBase
+{
 public:
     virtual ~EventThrottlerFactoryBase();
 
@@ -34,4 +36,4 @@ public:
     static EventThrottlerFactoryBase* instance();
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -2,7 +2,6 @@
 
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/any.h"
 #include "voxi_util/stringid.h"
 #include "voxi_util/vxmimedata2.h"
@@ -12,7 +11,8 @@
 
 namespace VOXI {
 
-struct VXClipboard2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+struct VXClipboard2Emitters : TROV::EmittersTable<VXObject2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(VXMimeData2)> setMimeData{*this};
@@ -26,7 +26,8 @@ struct VXClipboard2Emitters : TROV::EmittersTable<VXObject2Emitters> {
 };
 
 /// The system clipboard. There is one, made when a back end comes up.
-class VOXI2_EXPORT VXClipboard2 final : public VXObject2 {
+class VOXI2_EXPORT VXClipboard2 final : public VXObject2
+{
 public:
     ~VXClipboard2() override;
 
@@ -56,4 +57,4 @@ private:
     VXClipboard2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -6,7 +6,8 @@
 
 namespace VOXI {
 
-struct VXDragDelegate2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+struct VXDragDelegate2Emitters : TROV::EmittersTable<VXObject2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::RequestsEnd requestsEnd{*this};
@@ -22,7 +23,8 @@ struct VXDragDelegate2Emitters : TROV::EmittersTable<VXObject2Emitters> {
 /// Set it on widgets with `setDragDelegate`; they must accept drops. Its handlers run while the
 /// pointer waits: those on the toolkit's thread can answer, with `accept` or `ignore` of the event,
 /// others only learn of it.
-class VOXI2_EXPORT VXDragDelegate2 : public VXObject2 {
+class VOXI2_EXPORT VXDragDelegate2 : public VXObject2
+{
 public:
     explicit VXDragDelegate2(VXObject2* parent = nullptr);
     ~VXDragDelegate2() override;
@@ -41,4 +43,4 @@ private:
     VXDragDelegate2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,7 +3,6 @@
 #include "voxi2/kernel/dragdrop.h"
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/geometry.h"
 #include "voxi_util/pixmap.h"
 #include "voxi_util/stringid.h"
@@ -15,22 +14,24 @@ namespace VOXI {
 class VXWidget2;
 
 /// What is dragged.
-struct VXDrag2 {
-    VXWidget2* source = nullptr;   ///< where it starts; needed
+struct VXDrag2
+{
+    VXWidget2* source = nullptr; ///< where it starts; needed
     VXMimeData2 mimeData;
-    VXFlags<DropAction> actions = DropAction::Copy;     ///< what the source allows
-    DropAction defaultAction = DropAction::Ignore;      ///< proposed first; Ignore: the system decides
-    Pixmap pixmap;                 ///< shown at the pointer; null: the system's own picture
-    VXPoint<int> hotSpot{-1, -1};  ///< the pixel of it under the pointer; (-1, -1): the centre
+    VXFlags<DropAction> actions = DropAction::Copy; ///< what the source allows
+    DropAction defaultAction = DropAction::Ignore;  ///< proposed first; Ignore: the system decides
+    Pixmap pixmap;                ///< shown at the pointer; null: the system's own picture
+    VXPoint<int> hotSpot{-1, -1}; ///< the pixel of it under the pointer; (-1, -1): the centre
 };
 
 /// A drag ended: what the target did with the data, `Ignore` when it was not dropped.
-class VXDragFinishedEvent2 {
+class VXDragFinishedEvent2
+{
 public:
     VXDragFinishedEvent2(VXWidget2* source, DropAction action) noexcept
-        : m_source(source), m_action(action)
-    {
-    }
+        : m_source(source),
+          m_action(action)
+    {}
 
     /// Null when it was destroyed during the drag.
     VXWidget2* source() const noexcept { return m_source; }
@@ -41,7 +42,8 @@ private:
     DropAction m_action;
 };
 
-struct VXDragManager2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+struct VXDragManager2Emitters : TROV::EmittersTable<VXObject2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     TROV::Request<void(VXDrag2)> startDrag{*this};
@@ -53,7 +55,8 @@ struct VXDragManager2Emitters : TROV::EmittersTable<VXObject2Emitters> {
 };
 
 /// Starts drags. There is one, made when a back end comes up.
-class VOXI2_EXPORT VXDragManager2 final : public VXObject2 {
+class VOXI2_EXPORT VXDragManager2 final : public VXObject2
+{
 public:
     ~VXDragManager2() override;
 
@@ -83,4 +86,4 @@ private:
     VXDragManager2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -3,7 +3,6 @@
 #include "trov/emitter.h"
 #include "voxi2/kernel/direction.h"
 #include "voxi2/voxi2_export.h"
-
 #include "voxi_util/stringid.h"
 
 namespace VOXI {
@@ -120,7 +119,8 @@ struct VXWindow2Emitters;
 /// A creation request carries the abstract object, its emitters and the object that holds it, some
 /// an extra argument. It returns when the peer exists, on whatever thread it was sent; what the
 /// peer's constructor throws reaches the sender. Kinds that nobody serves get no peer.
-class VOXI2_EXPORT VXFactory2 {
+class VOXI2_EXPORT VXFactory2
+{
 public:
     /// The calling thread becomes the one that the bridge's listeners run on.
     explicit VXFactory2(VXBridge* bridge);
@@ -214,4 +214,4 @@ private:
     VXBridge* m_bridge;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -12,13 +12,15 @@ namespace VOXI {
 /// be destroyed by another thread while a call through its handle begins. Copy it freely, use it
 /// from any thread.
 template <class T>
-class VXHandle {
+class VXHandle
+{
 public:
     VXHandle() = default;
     VXHandle(T* object) : m_id(object ? object->id() : 0) {}
 
     /// Keeps the object lock while a call through the handle runs.
-    class Access {
+    class Access
+    {
     public:
         explicit Access(unsigned id)
         {
@@ -61,4 +63,4 @@ private:
     unsigned m_id = 0;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

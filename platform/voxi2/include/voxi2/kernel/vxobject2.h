@@ -10,7 +10,8 @@
 namespace VOXI {
 
 /// What every peer is asked.
-struct VXObject2Emitters : TROV::EmittersTable<void> {
+struct VXObject2Emitters : TROV::EmittersTable<void>
+{
     TROV::Request<void()> destroy{*this};
     TROV::Request<void(VXObject*)> setParent{*this};
     TROV::Request<VXObject*()> getParent{*this};
@@ -27,7 +28,8 @@ struct VXObject2Emitters : TROV::EmittersTable<void> {
 /// be called from any thread: elsewhere than on the toolkit's own thread they are queued, and they
 /// are in effect for the next getter; getters wait for the answer. Without a peer setters do
 /// nothing and getters give defaults.
-class VOXI2_EXPORT VXObject2 : public VXObject {
+class VOXI2_EXPORT VXObject2 : public VXObject
+{
 public:
     ~VXObject2() override;
 
@@ -38,15 +40,15 @@ public:
     /// The object that owns this one; null for none.
     VXObject2* parent() const;
 
-    /// Moves the object, and its peer, to another owner. With null it stands alone: a widget becomes
-    /// a window. A parent that is dead, or a descendant of the object, is ignored.
+    /// Moves the object, and its peer, to another owner. With null it stands alone: a widget
+    /// becomes a window. A parent that is dead, or a descendant of the object, is ignored.
     void setParent(VXObject2* parent);
 
     /// The objects that this one owns, oldest first; with `recursive` their children follow each.
     std::vector<VXObject2*> children(bool recursive = false) const;
 
-    /// The abstract object of the peer that holds this one's peer, which for laid-out widgets is not
-    /// always the owner; null for none.
+    /// The abstract object of the peer that holds this one's peer, which for laid-out widgets is
+    /// not always the owner; null for none.
     VXObject* peerParent() const;
 
     /// The abstract objects whose peers are held by this one's.
@@ -69,10 +71,10 @@ protected:
     /// emitters of its own begins with it, before anything that others may look at goes away.
     void retire();
 
-    /// Has the back end make the peer; the last thing that a concrete class's constructor does. What
-    /// the peer's constructor throws arrives here.
+    /// Has the back end make the peer; the last thing that a concrete class's constructor does.
+    /// What the peer's constructor throws arrives here.
     template <class Signature, class Object, class Emitters, class... Extra>
-    void createPeer(TROV::Emitter<Signature> VXFactory2::* request, Object* object,
+    void createPeer(TROV::Emitter<Signature> VXFactory2::*request, Object* object,
                     Emitters* emitters, const Extra&... extra)
     {
         if (VXFactory2* factory = factoryForNewObject())
@@ -92,9 +94,9 @@ private:
     // The tree of owners, guarded by the object lock.
     VXObject2* m_parent = nullptr;
     VXObject2* m_firstChild = nullptr;
-    VXObject2* m_previous = nullptr;   // of the first child: the last one
+    VXObject2* m_previous = nullptr; // of the first child: the last one
     VXObject2* m_next = nullptr;
     bool m_retired = false;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -13,7 +13,8 @@ namespace VOXI {
 ///
 /// Positions and sizes are in device-independent pixels. What the program sets is never reported
 /// back as an event; the `imitate...` operations act as the user would, and are reported.
-class VOXI2_EXPORT VXWidget2 : public VXObject2 {
+class VOXI2_EXPORT VXWidget2 : public VXObject2
+{
 public:
     ~VXWidget2() override;
 
@@ -95,7 +96,8 @@ public:
     bool hasFocus() const;
     void setFocusPolicy(FocusPolicy policy);
     FocusPolicy focusPolicy() const;
-    /// Focus given to this widget goes to `proxy`; null takes the proxy away, a dead one is ignored.
+    /// Focus given to this widget goes to `proxy`; null takes the proxy away, a dead one is
+    /// ignored.
     void setFocusProxy(VXWidget2* proxy);
     VXWidget2* focusProxy() const;
     /// A consumed event goes to its listeners and no further: the widget itself does not see it.
@@ -178,4 +180,4 @@ protected:
     VXWidget2Emitters m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -8,7 +8,6 @@
 #include "voxi2/kernel/sizepolicy.h"
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/kernel/widgetevent.h"
-
 #include "voxi_util/color.h"
 #include "voxi_util/geometry.h"
 #include "voxi_util/vxfont.h"
@@ -21,7 +20,8 @@ class VXDragDelegate2;
 class VXWidget2;
 
 /// The requests and events of every widget, in the order in which peers bind them.
-struct VXWidget2Emitters : TROV::EmittersTable<VXObject2Emitters> {
+struct VXWidget2Emitters : TROV::EmittersTable<VXObject2Emitters>
+{
     using EmittersTable::EmittersTable;
 
     // Setters and commands
@@ -140,4 +140,4 @@ struct VXWidget2Emitters : TROV::EmittersTable<VXObject2Emitters> {
     TROV::Event<void(const VXMouseEvent2&)> dragDetect{*this};
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -7,7 +7,8 @@
 namespace VOXI {
 
 /// The base of the peers of windows and dialogs.
-class VOXI2_QT_EXPORT QtAbstractWindow2 : public QtWidget2 {
+class VOXI2_QT_EXPORT QtAbstractWindow2 : public QtWidget2
+{
 public:
     // Requests, in the order of the emitters table
     virtual void doSetTitle(const std::string& title);
@@ -28,7 +29,7 @@ protected:
     QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow2Emitters* emitters);
 
 private:
-    Icon m_icon;   // a Qt icon cannot be turned back
+    Icon m_icon; // a Qt icon cannot be turned back
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -9,7 +9,8 @@
 namespace VOXI {
 
 /// The peer of the box layout.
-class VOXI2_QT_EXPORT QtBoxLayout2 : public QtObject2Shim<QBoxLayout, QtLayout2> {
+class VOXI2_QT_EXPORT QtBoxLayout2 : public QtObject2Shim<QBoxLayout, QtLayout2>
+{
     Q_OBJECT
 
 public:
@@ -27,4 +28,4 @@ private:
     int placeFor(int index) const;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -6,7 +6,8 @@
 namespace VOXI {
 
 /// The base of peers that only hold other widgets.
-class VOXI2_QT_EXPORT QtContainer2 : public QtWidget2 {
+class VOXI2_QT_EXPORT QtContainer2 : public QtWidget2
+{
 protected:
     using QtWidget2::QtWidget2;
 
@@ -15,4 +16,4 @@ protected:
     void setVisibleColor(ColorRole role, Color color);
 };
 
-}  // namespace VOXI
+} // namespace VOXI

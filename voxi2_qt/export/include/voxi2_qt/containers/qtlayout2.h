@@ -12,7 +12,8 @@ QT_END_NAMESPACE
 namespace VOXI {
 
 /// The base of the layouts' peers. A layout does not own the peers of its widgets.
-class VOXI2_QT_EXPORT QtLayout2 : public QtObject2 {
+class VOXI2_QT_EXPORT QtLayout2 : public QtObject2
+{
 public:
     void doSetParent(VXObject* widget) override;
 
@@ -41,4 +42,4 @@ protected:
     bool canHold(const QWidget* child) const;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

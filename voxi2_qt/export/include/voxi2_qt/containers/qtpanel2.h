@@ -9,7 +9,8 @@ namespace VOXI {
 
 /// The peer of the panel.
 class VOXI2_QT_EXPORT QtPanel2
-    : public QtWidget2Shim<VXPanel2, VXPanel2Emitters, QtContainer2, QWidget> {
+    : public QtWidget2Shim<VXPanel2, VXPanel2Emitters, QtContainer2, QWidget>
+{
     Q_OBJECT
 
 public:
@@ -18,4 +19,4 @@ public:
     void doSetColor(ColorRole role, Color color) override;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

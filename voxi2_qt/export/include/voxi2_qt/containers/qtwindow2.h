@@ -11,7 +11,8 @@ namespace VOXI {
 
 /// The peer of the window.
 class VOXI2_QT_EXPORT QtWindow2
-    : public QtWidget2Shim<VXWindow2, VXWindow2Emitters, QtAbstractWindow2, QMainWindow> {
+    : public QtWidget2Shim<VXWindow2, VXWindow2Emitters, QtAbstractWindow2, QMainWindow>
+{
     Q_OBJECT
 
 public:
@@ -37,4 +38,4 @@ private:
     bool m_supportsFocusBlocker = true;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -11,7 +11,8 @@ QT_END_NAMESPACE
 namespace VOXI {
 
 /// What the peers of all buttons share.
-class VOXI2_QT_EXPORT QtAbstractButton2 : public QtWidget2 {
+class VOXI2_QT_EXPORT QtAbstractButton2 : public QtWidget2
+{
 public:
     // Requests, in the order of the emitters table
     virtual void doSetCheckable(bool checkable);
@@ -41,8 +42,8 @@ protected:
     void reportToggle(bool checked);
 
 private:
-    Icon m_icon;   // a Qt icon cannot be turned back
+    Icon m_icon; // a Qt icon cannot be turned back
     VXAbstractButton2Emitters* m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

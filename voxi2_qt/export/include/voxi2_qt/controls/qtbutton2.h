@@ -11,7 +11,8 @@ namespace VOXI {
 
 /// The peer of the push button.
 class VOXI2_QT_EXPORT QtButton2
-    : public QtWidget2Shim<VXButton2, VXButton2Emitters, QtAbstractButton2, QPushButton> {
+    : public QtWidget2Shim<VXButton2, VXButton2Emitters, QtAbstractButton2, QPushButton>
+{
     Q_OBJECT
 
 public:
@@ -28,4 +29,4 @@ private Q_SLOTS:
     void slotToggled(bool checked);
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -9,7 +9,8 @@
 namespace VOXI {
 
 /// The peer of the text label.
-class VOXI2_QT_EXPORT QtText2 : public QtWidget2Shim<VXText2, VXText2Emitters, QtWidget2, QLabel> {
+class VOXI2_QT_EXPORT QtText2 : public QtWidget2Shim<VXText2, VXText2Emitters, QtWidget2, QLabel>
+{
     Q_OBJECT
 
 public:
@@ -32,4 +33,4 @@ public:
     virtual bool doIsRichText();
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -12,7 +12,8 @@
 namespace VOXI {
 
 /// Keeps the cursors that the application registered, as Qt cursors.
-class VOXI2_QT_EXPORT QtCursorRegistry final : public CustomCursorRegistry {
+class VOXI2_QT_EXPORT QtCursorRegistry final : public CustomCursorRegistry
+{
 public:
     void registerCursor(const StringID& name, const Pixmap& image,
                         const VXPoint<int>& hotSpot) override;
@@ -25,10 +26,11 @@ public:
     static Cursor toCursor(const QCursor& cursor);
 
 private:
-    struct Entry {
+    struct Entry
+    {
         Pixmap m_image;
         VXPoint<int> m_hotSpot;
-        QCursor m_cursor;     // made when it is first wanted, on the GUI thread
+        QCursor m_cursor; // made when it is first wanted, on the GUI thread
         bool m_made = false;
     };
 
@@ -38,4 +40,4 @@ private:
     std::unordered_map<StringID, Entry> m_entries;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

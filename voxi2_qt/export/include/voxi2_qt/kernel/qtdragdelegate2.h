@@ -17,7 +17,8 @@ namespace VOXI {
 
 /// The peer of the drag delegate: asks it about the drags over its widgets and carries its answer
 /// to Qt. Hold the object lock while calling it.
-class VOXI2_QT_EXPORT QtDragDelegate2 : public QtObject2Shim<QObject> {
+class VOXI2_QT_EXPORT QtDragDelegate2 : public QtObject2Shim<QObject>
+{
     Q_OBJECT
 
 public:
@@ -35,4 +36,4 @@ private:
     VXDragDelegate2Emitters* m_emitters;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -14,7 +14,8 @@ class QtWidget2;
 
 /// Recognises the start of a drag: the left button goes down and the pointer moves further than a
 /// click allows.
-class VOXI2_QT_EXPORT QtDragGesture {
+class VOXI2_QT_EXPORT QtDragGesture
+{
 public:
     /// Remembers the first left-button press.
     void press(const QMouseEvent& event);
@@ -29,4 +30,4 @@ private:
     QPoint m_deliveredPosition;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -9,7 +9,8 @@
 namespace VOXI {
 
 /// The peer of the drag manager: runs drags with the window system.
-class VOXI2_QT_EXPORT QtDragManager2 : public QtObject2Shim<QObject> {
+class VOXI2_QT_EXPORT QtDragManager2 : public QtObject2Shim<QObject>
+{
     Q_OBJECT
 
 public:
@@ -30,4 +31,4 @@ private:
     unsigned m_sourceId = 0;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -14,11 +14,13 @@ class QtWidget2;
 
 /// Keeps the events that a request itself causes from being reported as the user's, for a scope.
 ///
-/// Suppression is by bit, not by counting: blockers of one event must be nested. Focus in is treated
-/// more widely, because Qt may give the focus to the window or to the focus proxy instead: theirs is
-/// switched off too, and on again afterwards whatever it was before; and the window's focus reports
-/// are kept back until the change has settled. The widget may go while the blocker lives.
-class VOXI2_QT_EXPORT QtEventBlocker {
+/// Suppression is by bit, not by counting: blockers of one event must be nested. Focus in is
+/// treated more widely, because Qt may give the focus to the window or to the focus proxy instead:
+/// theirs is switched off too, and on again afterwards whatever it was before; and the window's
+/// focus reports are kept back until the change has settled. The widget may go while the blocker
+/// lives.
+class VOXI2_QT_EXPORT QtEventBlocker
+{
 public:
     QtEventBlocker(QtWidget2& widget, std::initializer_list<WidgetEvent> events);
     ~QtEventBlocker();
@@ -30,9 +32,9 @@ private:
 
     QtWidget2& m_widget;
     QPointer<QWidget> m_alive;
-    QPointer<QWidget> m_window;   // whose focus-in is to be switched on again
+    QPointer<QWidget> m_window; // whose focus-in is to be switched on again
     QPointer<QWidget> m_proxy;
-    unsigned m_blocked = 0;       // one bit for each event that was broadcast before
+    unsigned m_blocked = 0; // one bit for each event that was broadcast before
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -23,7 +23,8 @@ class QtWidget2;
 
 /// Sees the events of one widget before the widget does: passes them back to the abstract side and
 /// swallows those that are consumed. Belongs to the widget.
-class VOXI2_QT_EXPORT QtEventFilter2 final : public QObject {
+class VOXI2_QT_EXPORT QtEventFilter2 final : public QObject
+{
 public:
     /// All events are broadcast and none consumed. `area` is the widget again if it is a scroll
     /// area, else null.
@@ -54,7 +55,8 @@ private:
     static std::size_t bit(WidgetEvent event) { return static_cast<std::size_t>(event); }
 
     /// What few widgets need.
-    struct Extras {
+    struct Extras
+    {
         ~Extras();
         std::unique_ptr<EventThrottler> m_throttler;
         std::optional<QPoint> m_placeKeptBack;
@@ -73,4 +75,4 @@ private:
     std::unique_ptr<Extras> m_extras;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -13,10 +13,11 @@ class VXWidget2;
 
 /// Keeps the frequent events of one widget from flooding the abstract side.
 ///
-/// A posted event is delivered at the next turn of the event loop; until then later ones of its kind
-/// are dropped. A kind is free again as soon as its event was delivered, whatever its handlers did,
-/// or was dropped undelivered.
-class VOXI2_QT_EXPORT EventThrottler final : public EventThrottlerBase, public TROV::Listener {
+/// A posted event is delivered at the next turn of the event loop; until then later ones of its
+/// kind are dropped. A kind is free again as soon as its event was delivered, whatever its handlers
+/// did, or was dropped undelivered.
+class VOXI2_QT_EXPORT EventThrottler final : public EventThrottlerBase, public TROV::Listener
+{
 public:
     explicit EventThrottler(VXWidget2* widget);
     ~EventThrottler() override;
@@ -49,13 +50,14 @@ private:
     Emitter<VXResizeEvent2> m_resize;
     Emitter<VXDragEvent2> m_drag;
     Emitter<VXKeyEvent2> m_key;
-    std::shared_ptr<unsigned> m_pending;   // outlives the throttler while an event is on its way
+    std::shared_ptr<unsigned> m_pending; // outlives the throttler while an event is on its way
 };
 
 /// Makes the throttlers above.
-class VOXI2_QT_EXPORT EventThrottlerFactory final : public EventThrottlerFactoryBase {
+class VOXI2_QT_EXPORT EventThrottlerFactory final : public EventThrottlerFactoryBase
+{
 public:
     std::unique_ptr<EventThrottlerBase> createEventThrottler(VXWidget2* widget) override;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -17,7 +17,8 @@ namespace VOXI {
 /// Makes the Qt peer for every abstract object, and ends them by id. One for the process.
 ///
 /// A parent whose peer is of the wrong kind counts as none: the peer is then made without a parent.
-class VOXI2_QT_EXPORT QtFactory2 : public TROV::Listener {
+class VOXI2_QT_EXPORT QtFactory2 : public TROV::Listener
+{
 public:
     ~QtFactory2() override;
 
@@ -34,10 +35,12 @@ public:
     void createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent);
     void createMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, VXObject* parent);
     void createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent);
-    void createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters, VXObject* parent);
+    void createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters,
+                            VXObject* parent);
     void createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent);
     void createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent);
-    void createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters, VXObject* parent);
+    void createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
+                           VXObject* parent);
     void createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent);
 
     /// Destroys the peer of the object with that id; unknown ids are ignored.
@@ -52,4 +55,4 @@ private:
     static QtFactory2* m_factory;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -21,7 +21,8 @@ namespace VOXI {
 /// until the change has settled: the window has become active and the events of that turn are
 /// through, or nothing came of it for a while. Focus that the user moves (mouse, tab, shortcut) is
 /// reported in any case. GUI thread only.
-class VOXI2_QT_EXPORT QtGlobalFocusBlocker : public QObject {
+class VOXI2_QT_EXPORT QtGlobalFocusBlocker : public QObject
+{
 public:
     static QtGlobalFocusBlocker& instance();
 
@@ -32,7 +33,8 @@ public:
     bool isRegistered(const QWidget* window) const;
 
     /// While one lives nothing is kept back: what happens now counts as the user's doing.
-    class Suspension {
+    class Suspension
+    {
     public:
         Suspension() { ++instance().m_suspensions; }
         ~Suspension() { --instance().m_suspensions; }
@@ -48,10 +50,11 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    struct Entry {
+    struct Entry
+    {
         QPointer<QWidget> m_window;
         int m_timer = 0;
-        bool m_isLastTurn = false;   // released when the timer runs out; else it has one turn more
+        bool m_isLastTurn = false; // released when the timer runs out; else it has one turn more
     };
 
     QtGlobalFocusBlocker() = default;
@@ -62,4 +65,4 @@ private:
     int m_suspensions = 0;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

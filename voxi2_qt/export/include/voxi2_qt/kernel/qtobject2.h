@@ -28,7 +28,8 @@ class QtMessage;
 /// factory is told to destroy it, or its Qt parent deletes it. In each the requests are cut and the
 /// registry entry is gone before the Qt base is destroyed. GUI thread only, but for what is said
 /// otherwise.
-class VOXI2_QT_EXPORT QtObject2 : public TROV::Listener, public GuiObject {
+class VOXI2_QT_EXPORT QtObject2 : public TROV::Listener, public GuiObject
+{
 public:
     ~QtObject2() override;
 
@@ -55,7 +56,8 @@ public:
     /// Whether the abstract object is alive; hold `VXObject::m_lock` to rely on it.
     bool isVXObjectValid() const;
 
-    /// False while nobody has ever listened to the abstract object: a quick look that needs no lock.
+    /// False while nobody has ever listened to the abstract object: a quick look that needs no
+    /// lock.
     bool mayBeHeard() const noexcept { return m_requests.mayBeHeard(); }
 
     /// The Qt object that this peer is. Null in the constructor and destructor of the peer's bases.
@@ -127,8 +129,8 @@ VOXI2_QT_EXPORT QWidget* qWidgetOf(GuiObject* peer) noexcept;
 /// across windows.
 VOXI2_QT_EXPORT bool isWithin(const QWidget* outer, const QWidget* inner) noexcept;
 
-/// Calls `function` with the peer of `object` as a `Peer*`, null if it is of another kind, under the
-/// object lock; does nothing when `object` is dead or null.
+/// Calls `function` with the peer of `object` as a `Peer*`, null if it is of another kind, under
+/// the object lock; does nothing when `object` is dead or null.
 template <class Peer, class Function>
 void withPeerOf(const VXObject* object, Function&& function)
 {
@@ -148,7 +150,8 @@ void withWidgetOf(const VXObject* object, Function&& function)
 
 /// Joins a Qt object class that is no widget with a peer base.
 template <class Q, class Base = QtObject2>
-class QtObject2Shim : public Q, public Base {
+class QtObject2Shim : public Q, public Base
+{
 public:
     ~QtObject2Shim() override { this->endPeer(); }
 
@@ -161,9 +164,9 @@ protected:
     /// `arguments` go to the Qt class.
     template <class Object, class Emitters, class... Arguments>
     QtObject2Shim(Object* object, Emitters* emitters, Arguments&&... arguments)
-        : Q(std::forward<Arguments>(arguments)...), Base(object, emitters->base())
-    {
-    }
+        : Q(std::forward<Arguments>(arguments)...),
+          Base(object, emitters->base())
+    {}
 };
 
-}  // namespace VOXI
+} // namespace VOXI

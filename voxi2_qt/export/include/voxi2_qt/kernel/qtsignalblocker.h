@@ -8,7 +8,8 @@ namespace VOXI {
 ///
 /// Its end switches blocking off rather than restoring what was before, so blockers of one object
 /// must not be nested.
-class QtSignalBlocker {
+class QtSignalBlocker
+{
 public:
     explicit QtSignalBlocker(QObject* object) noexcept : m_object(object)
     {
@@ -22,4 +23,4 @@ private:
     QObject* m_object;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

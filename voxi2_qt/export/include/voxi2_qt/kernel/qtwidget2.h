@@ -26,7 +26,8 @@ class QtEventFilter2;
 
 /// The base of every peer that is a widget: the requests common to all of them, the switches that
 /// say which user events are passed back, and the highlight.
-class VOXI2_QT_EXPORT QtWidget2 : public QtObject2 {
+class VOXI2_QT_EXPORT QtWidget2 : public QtObject2
+{
 public:
     ~QtWidget2() override;
 
@@ -175,4 +176,4 @@ private:
     bool m_highlighted = false;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -12,11 +12,12 @@
 
 namespace VOXI {
 
-/// Joins a peer base with a Qt widget class, for one abstract kind: the result is peer and widget in
-/// one object. It passes on what does not go through the event filter: the drag gesture, the
+/// Joins a peer base with a Qt widget class, for one abstract kind: the result is peer and widget
+/// in one object. It passes on what does not go through the event filter: the drag gesture, the
 /// highlight over the finished widget, and drags over it.
 template <class Object, class Emitters, class Base, class Q>
-class QtWidget2Shim : public Base, public Q {
+class QtWidget2Shim : public Base, public Q
+{
 public:
     ~QtWidget2Shim() override { this->endPeer(); }
 
@@ -30,9 +31,9 @@ protected:
     /// `arguments` go to the Qt class behind the parent.
     template <class... Arguments>
     QtWidget2Shim(Object* object, Emitters* emitters, QWidget* parent, Arguments&&... arguments)
-        : Base(object, emitters->base()), Q(parent, std::forward<Arguments>(arguments)...)
-    {
-    }
+        : Base(object, emitters->base()),
+          Q(parent, std::forward<Arguments>(arguments)...)
+    {}
 
     void mousePressEvent(QMouseEvent* event) override
     {
@@ -89,4 +90,4 @@ private:
     QtDragGesture m_dragGesture;
 };
 
-}  // namespace VOXI
+} // namespace VOXI

@@ -5,8 +5,8 @@
 // What a host finds in the library, linked or by name at run time.
 extern "C" {
 
-/// Brings the Qt back end up on the calling thread, which must be the one of the `QApplication`; that
-/// has to exist. Again it does nothing, also after `terminate_voxi2_qt`.
+/// Brings the Qt back end up on the calling thread, which must be the one of the `QApplication`;
+/// that has to exist. Again it does nothing, also after `terminate_voxi2_qt`.
 VOXI2_QT_EXPORT void initialize_voxi2_qt();
 
 /// Takes the back end down: peers are destroyed, and abstract objects answer with defaults from now
