@@ -13,15 +13,22 @@ namespace {
 using E = VXAbstractWindow2Emitters;
 using P = QtAbstractWindow2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setTitle, &P::doSetTitle>(), TROV::row<&E::setTitleU, &P::doSetTitleU>(),
-    TROV::row<&E::setIcon, &P::doSetIcon>(), TROV::row<&E::setWindowFlags, &P::doSetWindowFlags>(),
+    TROV::row<&E::setTitle, &P::doSetTitle>(),
+    TROV::row<&E::setTitleU, &P::doSetTitleU>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::setWindowFlags, &P::doSetWindowFlags>(),
     TROV::row<&E::setWindowState, &P::doSetWindowState>(),
-    TROV::row<&E::setModified, &P::doSetModified>(), TROV::row<&E::getTitle, &P::doGetTitle>(),
-    TROV::row<&E::getTitleU, &P::doGetTitleU>(), TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::setModified, &P::doSetModified>(),
+    TROV::row<&E::getTitle, &P::doGetTitle>(),
+    TROV::row<&E::getTitleU, &P::doGetTitleU>(),
+    TROV::row<&E::getIcon, &P::doGetIcon>(),
     TROV::row<&E::getWindowFlags, &P::doGetWindowFlags>(),
     TROV::row<&E::getWindowState, &P::doGetWindowState>(),
-    TROV::row<&E::isModified, &P::doIsModified>(), TROV::row<&E::close, &P::doClose>());
+    TROV::row<&E::isModified, &P::doIsModified>(),
+    TROV::row<&E::close, &P::doClose>());
+// clang-format on
 
 } // namespace
 

@@ -11,11 +11,13 @@ namespace {
 using E = VXBoxLayout2Emitters;
 using P = QtBoxLayout2;
 
-const auto s_requests =
-    TROV::operations<E>(TROV::row<&E::boxAddWidget, &P::doBoxAddWidget>(),
-                        TROV::row<&E::insertWidget, &P::doInsertWidget>(),
-                        TROV::row<&E::insertSpacer, &P::doInsertSpacer>(),
-                        TROV::row<&E::setStretchFactor, &P::doSetStretchFactor>());
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::boxAddWidget, &P::doBoxAddWidget>(),
+    TROV::row<&E::insertWidget, &P::doInsertWidget>(),
+    TROV::row<&E::insertSpacer, &P::doInsertSpacer>(),
+    TROV::row<&E::setStretchFactor, &P::doSetStretchFactor>());
+// clang-format on
 
 } // namespace
 

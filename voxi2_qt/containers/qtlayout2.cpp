@@ -13,13 +13,20 @@ namespace {
 using E = VXLayout2Emitters;
 using P = QtLayout2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::addWidget, &P::doAddWidget>(), TROV::row<&E::addSpacer, &P::doAddSpacer>(),
-    TROV::row<&E::invalidate, &P::doInvalidate>(), TROV::row<&E::refresh, &P::doRefresh>(),
+    TROV::row<&E::addWidget, &P::doAddWidget>(),
+    TROV::row<&E::addSpacer, &P::doAddSpacer>(),
+    TROV::row<&E::invalidate, &P::doInvalidate>(),
+    TROV::row<&E::refresh, &P::doRefresh>(),
     TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
-    TROV::row<&E::setEnabled, &P::doSetEnabled>(), TROV::row<&E::setMargins, &P::doSetMargins>(),
-    TROV::row<&E::setSpacing, &P::doSetSpacing>(), TROV::row<&E::isEnabled, &P::doIsEnabled>(),
-    TROV::row<&E::getMargins, &P::doGetMargins>(), TROV::row<&E::getSpacing, &P::doGetSpacing>());
+    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
+    TROV::row<&E::setMargins, &P::doSetMargins>(),
+    TROV::row<&E::setSpacing, &P::doSetSpacing>(),
+    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
+    TROV::row<&E::getMargins, &P::doGetMargins>(),
+    TROV::row<&E::getSpacing, &P::doGetSpacing>());
+// clang-format on
 
 /// Whether none of the layout's widgets is, or holds, the one that the layout shall fill.
 bool canLieIn(const QLayout& layout, const QWidget& target)

@@ -17,16 +17,19 @@ namespace {
 using E = VXWindow2Emitters;
 using P = QtWindow2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setCentralWidget, &P::doSetCentralWidget>(),
     TROV::row<&E::getCentralWidget, &P::doGetCentralWidget>(),
     TROV::row<&E::setSupportsGlobalFocusBlocker, &P::doSetSupportsGlobalFocusBlocker>(),
     TROV::row<&E::getSupportsGlobalFocusBlocker, &P::doGetSupportsGlobalFocusBlocker>(),
-    TROV::row<&E::setMenuBar, &P::doSetMenuBar>(), TROV::row<&E::addToolBar, &P::doAddToolBar>(),
+    TROV::row<&E::setMenuBar, &P::doSetMenuBar>(),
+    TROV::row<&E::addToolBar, &P::doAddToolBar>(),
     TROV::row<&E::removeToolBar, &P::doRemoveToolBar>(),
     TROV::row<&E::insertToolBarBreak, &P::doInsertToolBarBreak>(),
     TROV::row<&E::getMenuBar, &P::doGetMenuBar>(),
     TROV::row<&E::getToolBarArea, &P::doGetToolBarArea>());
+// clang-format on
 
 /// Calls `function` with the peer of a live tool bar, and its widget.
 template <class Function>

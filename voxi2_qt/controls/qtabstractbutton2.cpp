@@ -13,17 +13,25 @@ namespace {
 using E = VXAbstractButton2Emitters;
 using P = QtAbstractButton2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setCheckable, &P::doSetCheckable>(),
     TROV::row<&E::setChecked, &P::doSetChecked>(),
-    TROV::row<&E::setExclusive, &P::doSetExclusive>(), TROV::row<&E::setIcon, &P::doSetIcon>(),
-    TROV::row<&E::setLabel, &P::doSetLabel>(), TROV::row<&E::setLabelU, &P::doSetLabelU>(),
-    TROV::row<&E::isCheckable, &P::doIsCheckable>(), TROV::row<&E::isChecked, &P::doIsChecked>(),
-    TROV::row<&E::isExclusive, &P::doIsExclusive>(), TROV::row<&E::getIcon, &P::doGetIcon>(),
-    TROV::row<&E::getLabel, &P::doGetLabel>(), TROV::row<&E::click, &P::doimClick>(),
-    TROV::row<&E::toggle, &P::doimToggle>(), TROV::row<&E::getLabelU, &P::doGetLabelU>(),
+    TROV::row<&E::setExclusive, &P::doSetExclusive>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setLabelU, &P::doSetLabelU>(),
+    TROV::row<&E::isCheckable, &P::doIsCheckable>(),
+    TROV::row<&E::isChecked, &P::doIsChecked>(),
+    TROV::row<&E::isExclusive, &P::doIsExclusive>(),
+    TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::getLabel, &P::doGetLabel>(),
+    TROV::row<&E::click, &P::doimClick>(),
+    TROV::row<&E::toggle, &P::doimToggle>(),
+    TROV::row<&E::getLabelU, &P::doGetLabelU>(),
     TROV::row<&E::setIconSize, &P::doSetIconSize>(),
     TROV::row<&E::getIconSize, &P::doGetIconSize>());
+// clang-format on
 
 } // namespace
 

@@ -9,9 +9,13 @@ namespace {
 using E = VXButton2Emitters;
 using P = QtButton2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setDefault, &P::doSetDefault>(), TROV::row<&E::setFlat, &P::doSetFlat>(),
-    TROV::row<&E::isDefault, &P::doIsDefault>(), TROV::row<&E::isFlat, &P::doIsFlat>());
+    TROV::row<&E::setDefault, &P::doSetDefault>(),
+    TROV::row<&E::setFlat, &P::doSetFlat>(),
+    TROV::row<&E::isDefault, &P::doIsDefault>(),
+    TROV::row<&E::isFlat, &P::doIsFlat>());
+// clang-format on
 
 } // namespace
 

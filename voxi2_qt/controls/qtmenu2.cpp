@@ -18,20 +18,25 @@ namespace {
 using E = VXMenu2Emitters;
 using P = QtMenu2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
     TROV::row<&E::clear, &P::doClear>(),
     TROV::row<&E::digAccessComplete, &P::doDigAccessComplete>(),
     TROV::row<&E::digAccessFailed, &P::doDigAccessFailed>(),
     TROV::row<&E::setIsDigMenu, &P::doSetIsDigMenu>(),
-    TROV::row<&E::addMenuItem, &P::doAddMenuItem>(), TROV::row<&E::addSubMenu, &P::doAddSubMenu>(),
-    TROV::row<&E::addSeparator, &P::doAddSeparator>(), TROV::row<&E::popup, &P::doPopup>(),
+    TROV::row<&E::addMenuItem, &P::doAddMenuItem>(),
+    TROV::row<&E::addSubMenu, &P::doAddSubMenu>(),
+    TROV::row<&E::addSeparator, &P::doAddSeparator>(),
+    TROV::row<&E::popup, &P::doPopup>(),
     TROV::row<&E::setActionEnabled, &P::doSetActionEnabled>(),
     TROV::row<&E::addSubMenuU, &P::doAddSubMenuU>(),
     TROV::row<&E::removeMenuItem, &P::doRemoveMenuItem>(),
     TROV::row<&E::removeSubMenu, &P::doRemoveSubMenu>(),
     TROV::row<&E::isDigMenu, &P::doIsDigMenu>(),
     TROV::row<&E::isActionEnabled, &P::doIsActionEnabled>(),
-    TROV::row<&E::getTitleU, &P::doGetTitleU>(), TROV::row<&E::count, &P::doCount>());
+    TROV::row<&E::getTitleU, &P::doGetTitleU>(),
+    TROV::row<&E::count, &P::doCount>());
+// clang-format on
 
 /// What a waiting dig menu is shown as. With nothing at all its window would never appear, and the
 /// menu would not hold the mouse and the keyboard.

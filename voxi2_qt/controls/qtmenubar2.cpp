@@ -10,9 +10,13 @@ namespace {
 using E = VXMenuBar2Emitters;
 using P = QtMenuBar2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::glAddMenu, &P::glAddMenu>(), TROV::row<&E::addMenuU, &P::doAddMenuU>(),
-    TROV::row<&E::removeMenu, &P::doRemoveMenu>(), TROV::row<&E::clear, &P::doClear>());
+    TROV::row<&E::glAddMenu, &P::glAddMenu>(),
+    TROV::row<&E::addMenuU, &P::doAddMenuU>(),
+    TROV::row<&E::removeMenu, &P::doRemoveMenu>(),
+    TROV::row<&E::clear, &P::doClear>());
+// clang-format on
 
 } // namespace
 

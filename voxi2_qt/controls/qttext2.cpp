@@ -9,16 +9,23 @@ namespace {
 using E = VXText2Emitters;
 using P = QtText2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setText, &P::doSetText>(), TROV::row<&E::setTextU, &P::doSetTextU>(),
+    TROV::row<&E::setText, &P::doSetText>(),
+    TROV::row<&E::setTextU, &P::doSetTextU>(),
     TROV::row<&E::setAlignment, &P::doSetAlignment>(),
-    TROV::row<&E::setWordWrap, &P::doSetWordWrap>(), TROV::row<&E::setBuddy, &P::doSetBuddy>(),
+    TROV::row<&E::setWordWrap, &P::doSetWordWrap>(),
+    TROV::row<&E::setBuddy, &P::doSetBuddy>(),
     TROV::row<&E::setSelectable, &P::doSetSelectable>(),
-    TROV::row<&E::setRichText, &P::doSetRichText>(), TROV::row<&E::getText, &P::doGetText>(),
-    TROV::row<&E::getTextU, &P::doGetTextU>(), TROV::row<&E::getAlignment, &P::doGetAlignment>(),
-    TROV::row<&E::getWordWrap, &P::doGetWordWrap>(), TROV::row<&E::getBuddy, &P::doGetBuddy>(),
+    TROV::row<&E::setRichText, &P::doSetRichText>(),
+    TROV::row<&E::getText, &P::doGetText>(),
+    TROV::row<&E::getTextU, &P::doGetTextU>(),
+    TROV::row<&E::getAlignment, &P::doGetAlignment>(),
+    TROV::row<&E::getWordWrap, &P::doGetWordWrap>(),
+    TROV::row<&E::getBuddy, &P::doGetBuddy>(),
     TROV::row<&E::isSelectable, &P::doIsSelectable>(),
     TROV::row<&E::isRichText, &P::doIsRichText>());
+// clang-format on
 
 } // namespace
 

@@ -16,16 +16,21 @@ namespace {
 using E = VXToolBar2Emitters;
 using P = QtToolBar2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::addAction, &P::doAddAction>(), TROV::row<&E::addWidget, &P::doAddWidget>(),
+    TROV::row<&E::addAction, &P::doAddAction>(),
+    TROV::row<&E::addWidget, &P::doAddWidget>(),
     TROV::row<&E::addSeparator, &P::doAddSeparator>(),
     TROV::row<&E::setFloatable, &P::doSetFloatable>(),
-    TROV::row<&E::setMovable, &P::doSetMovable>(), TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setMovable, &P::doSetMovable>(),
+    TROV::row<&E::setLabel, &P::doSetLabel>(),
     TROV::row<&E::setOrientation, &P::doSetOrientation>(),
     TROV::row<&E::setMinimumVisibleItems, &P::doSetMinimumVisibleItems>(),
-    TROV::row<&E::isFloatable, &P::doIsFloatable>(), TROV::row<&E::isMovable, &P::doIsMovable>(),
+    TROV::row<&E::isFloatable, &P::doIsFloatable>(),
+    TROV::row<&E::isMovable, &P::doIsMovable>(),
     TROV::row<&E::getOrientation, &P::doGetOrientation>(),
-    TROV::row<&E::setLabelU, &P::doSetLabelU>(), TROV::row<&E::removeAction, &P::doRemoveAction>(),
+    TROV::row<&E::setLabelU, &P::doSetLabelU>(),
+    TROV::row<&E::removeAction, &P::doRemoveAction>(),
     TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
     TROV::row<&E::setIconSize, &P::doSetIconSize>(),
     TROV::row<&E::setToolButtonStyle, &P::doSetToolButtonStyle>(),
@@ -33,6 +38,7 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getMinimumVisibleItems, &P::doGetMinimumVisibleItems>(),
     TROV::row<&E::getIconSize, &P::doGetIconSize>(),
     TROV::row<&E::getToolButtonStyle, &P::doGetToolButtonStyle>());
+// clang-format on
 
 constexpr std::chrono::milliseconds LayoutFixDelay(10);
 

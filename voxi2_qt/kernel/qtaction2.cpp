@@ -19,33 +19,46 @@ namespace {
 using E = VXAction2Emitters;
 using P = QtAction2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setAccelerator, &P::doSetAccelerator>(),
     TROV::row<&E::setAccelerators, &P::doSetAccelerators>(),
     TROV::row<&E::setCheckable, &P::doSetCheckable>(),
-    TROV::row<&E::setChecked, &P::doSetChecked>(), TROV::row<&E::setEnabled, &P::doSetEnabled>(),
-    TROV::row<&E::setIcon, &P::doSetIcon>(), TROV::row<&E::setLabel, &P::doSetLabel>(),
-    TROV::row<&E::setLabelU, &P::doSetLabelU>(), TROV::row<&E::setStatusTip, &P::doSetStatusTip>(),
-    TROV::row<&E::setToolTip, &P::doSetToolTip>(), TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
+    TROV::row<&E::setChecked, &P::doSetChecked>(),
+    TROV::row<&E::setEnabled, &P::doSetEnabled>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setLabelU, &P::doSetLabelU>(),
+    TROV::row<&E::setStatusTip, &P::doSetStatusTip>(),
+    TROV::row<&E::setToolTip, &P::doSetToolTip>(),
+    TROV::row<&E::setToolTipU, &P::doSetToolTipU>(),
     TROV::row<&E::setVisible, &P::doSetVisible>(),
     TROV::row<&E::getAccelerator, &P::doGetAccelerator>(),
     TROV::row<&E::getAccelerators, &P::doGetAccelerators>(),
-    TROV::row<&E::isCheckable, &P::doIsCheckable>(), TROV::row<&E::isChecked, &P::doIsChecked>(),
-    TROV::row<&E::isEnabled, &P::doIsEnabled>(), TROV::row<&E::getIcon, &P::doGetIcon>(),
-    TROV::row<&E::getLabel, &P::doGetLabel>(), TROV::row<&E::getStatusTip, &P::doGetStatusTip>(),
-    TROV::row<&E::getToolTip, &P::doGetToolTip>(), TROV::row<&E::isVisible, &P::doIsVisible>(),
-    TROV::row<&E::toggle, &P::doimToggle>(), TROV::row<&E::trigger, &P::doimTrigger>(),
+    TROV::row<&E::isCheckable, &P::doIsCheckable>(),
+    TROV::row<&E::isChecked, &P::doIsChecked>(),
+    TROV::row<&E::isEnabled, &P::doIsEnabled>(),
+    TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::getLabel, &P::doGetLabel>(),
+    TROV::row<&E::getStatusTip, &P::doGetStatusTip>(),
+    TROV::row<&E::getToolTip, &P::doGetToolTip>(),
+    TROV::row<&E::isVisible, &P::doIsVisible>(),
+    TROV::row<&E::toggle, &P::doimToggle>(),
+    TROV::row<&E::trigger, &P::doimTrigger>(),
     TROV::row<&E::setStatusTipU, &P::doSetStatusTipU>(),
     TROV::row<&E::setSeparator, &P::doSetSeparator>(),
     TROV::row<&E::setShortcutContext, &P::doSetShortcutContext>(),
-    TROV::row<&E::setAutoRepeat, &P::doSetAutoRepeat>(), TROV::row<&E::setGroup, &P::doSetGroup>(),
-    TROV::row<&E::attachTo, &P::doAttachTo>(), TROV::row<&E::detachFrom, &P::doDetachFrom>(),
+    TROV::row<&E::setAutoRepeat, &P::doSetAutoRepeat>(),
+    TROV::row<&E::setGroup, &P::doSetGroup>(),
+    TROV::row<&E::attachTo, &P::doAttachTo>(),
+    TROV::row<&E::detachFrom, &P::doDetachFrom>(),
     TROV::row<&E::getLabelU, &P::doGetLabelU>(),
     TROV::row<&E::getStatusTipU, &P::doGetStatusTipU>(),
     TROV::row<&E::getToolTipU, &P::doGetToolTipU>(),
     TROV::row<&E::isSeparator, &P::doIsSeparator>(),
     TROV::row<&E::getShortcutContext, &P::doGetShortcutContext>(),
     TROV::row<&E::isAutoRepeat, &P::doIsAutoRepeat>());
+// clang-format on
 
 // Text that is no key sequence does not make an empty one, but one without a portable text.
 std::string portableText(const QKeySequence& keys)

@@ -16,9 +16,12 @@ namespace {
 using E = VXDragManager2Emitters;
 using P = QtDragManager2;
 
-const auto s_requests = TROV::operations<E>(TROV::row<&E::startDrag, &P::doStartDrag>(),
-                                            TROV::row<&E::cancelDrag, &P::doCancelDrag>(),
-                                            TROV::row<&E::isDragging, &P::doIsDragging>());
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::startDrag, &P::doStartDrag>(),
+    TROV::row<&E::cancelDrag, &P::doCancelDrag>(),
+    TROV::row<&E::isDragging, &P::doIsDragging>());
+// clang-format on
 
 } // namespace
 

@@ -10,9 +10,13 @@ namespace {
 using E = VXObject2Emitters;
 using P = QtObject2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::destroy, &P::doDestroy>(), TROV::row<&E::setParent, &P::doSetParent>(),
-    TROV::row<&E::getParent, &P::doGetParent>(), TROV::row<&E::getChildren, &P::doGetChildren>());
+    TROV::row<&E::destroy, &P::doDestroy>(),
+    TROV::row<&E::setParent, &P::doSetParent>(),
+    TROV::row<&E::getParent, &P::doGetParent>(),
+    TROV::row<&E::getChildren, &P::doGetChildren>());
+// clang-format on
 
 /// The scheduled parent of the peer scheduled last. Children go one after the other, and finding
 /// the peer behind a Qt object is slow. GUI thread only.
