@@ -51,7 +51,7 @@ void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignmen
 {
     withWidgetOf(widget, [&](QWidget* child) {
         // What is no widget is passed on: Qt says so and goes on.
-        if ((child && !canHold(child)) || !isCell(cell))
+        if (!isCell(cell) || (child ? !prepareFor(child) : !lookup(widget)))
             return;
         QGridLayout::addWidget(child, cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan(),
                                VX2Qt(alignment));

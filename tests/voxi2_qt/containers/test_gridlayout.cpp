@@ -103,6 +103,8 @@ TEST_F(GridLayout, ignoresWhatIsNoCell)
     }
     m_layout->addWidget(nullptr, 0, 0);
     m_layout->addWidget(m_panel, 0, 0); // cannot lie inside itself
+    VXFactory2::current()->destroyObject(m_first->id());
+    m_layout->addWidget(m_first, 0, 0); // has no peer any more
     EXPECT_EQ(qtLayout()->count(), 0);
     const ExpectedQtWarning warning("null widget");
     m_layout->addWidget(m_layout, 0, 0); // is no widget
