@@ -33,5 +33,7 @@ Page cursorsPage();
 Page threadsPage();
 Page actionsPage();
 Page digMenusPage();
+Page layoutsPage();
+Page containersPage();
 
 } // namespace gallery

@@ -38,7 +38,7 @@ void QtBoxLayout2::doBoxAddWidget(VXObject* widget, int stretch, Alignment align
 void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alignment alignment)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!canHold(child))
+        if (!prepareFor(child))
             return;
         QBoxLayout::insertWidget(placeFor(index), child, stretch, VX2Qt(alignment));
         invalidate();

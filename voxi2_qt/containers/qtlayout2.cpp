@@ -67,15 +67,25 @@ void QtLayout2::doSetParent(VXObject* widget)
     });
 }
 
-bool QtLayout2::canHold(const QWidget* child) const
+bool QtLayout2::prepareFor(QWidget* child)
 {
-    return child && !isWithin(child, layout()->parentWidget());
+    QLayout* const self = layout();
+    if (!child || isWithin(child, self->parentWidget()))
+        return false;
+    if (!self->parentWidget()) {
+        // It is the widget around them that tells a layout when its items move or end.
+        self->removeWidget(child);
+        QObject::disconnect(child, &QObject::destroyed, self, nullptr);
+        QObject::connect(child, &QObject::destroyed, self,
+                         [self, child] { self->removeWidget(child); });
+    }
+    return true;
 }
 
 void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!canHold(child))
+        if (!prepareFor(child))
             return;
         layout()->addWidget(child);
         layout()->setAlignment(child, VX2Qt(alignment));

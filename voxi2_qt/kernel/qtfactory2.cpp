@@ -3,7 +3,14 @@
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
+#include "voxi2_qt/containers/qtflowlayout2.h"
+#include "voxi2_qt/containers/qtframe2.h"
+#include "voxi2_qt/containers/qtgridlayout2.h"
+#include "voxi2_qt/containers/qtgroupbox2.h"
 #include "voxi2_qt/containers/qtpanel2.h"
+#include "voxi2_qt/containers/qtscrollview2.h"
+#include "voxi2_qt/containers/qtsplitter2.h"
+#include "voxi2_qt/containers/qtwidgetstack2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
 #include "voxi2_qt/controls/qtcheckbox2.h"
@@ -52,13 +59,20 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
+    connect(factory->createFlowLayout2, &QtFactory2::createFlowLayout2);
+    connect(factory->createFrame2, &QtFactory2::createFrame2);
+    connect(factory->createGridLayout2, &QtFactory2::createGridLayout2);
+    connect(factory->createGroupBox2, &QtFactory2::createGroupBox2);
     connect(factory->createMenu2, &QtFactory2::createMenu2);
     connect(factory->createMenuBar2, &QtFactory2::createMenuBar2);
     connect(factory->createPanel2, &QtFactory2::createPanel2);
     connect(factory->createRadioButton2, &QtFactory2::createRadioButton2);
+    connect(factory->createScrollView2, &QtFactory2::createScrollView2);
+    connect(factory->createSplitter2, &QtFactory2::createSplitter2);
     connect(factory->createText2, &QtFactory2::createText2);
     connect(factory->createToolbar2, &QtFactory2::createToolbar2);
     connect(factory->createToolButton2, &QtFactory2::createToolButton2);
+    connect(factory->createWidgetStack2, &QtFactory2::createWidgetStack2);
     connect(factory->createWindow2, &QtFactory2::createWindow2);
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
@@ -110,6 +124,29 @@ void QtFactory2::createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emi
     create<QtDragDelegate2>(object, emitters);
 }
 
+void QtFactory2::createFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters,
+                                   VXObject* parent, Direction direction)
+{
+    create<QtFlowLayout2>(object, emitters, getQWidget(parent), direction);
+}
+
+void QtFactory2::createFrame2(VXFrame2* object, VXFrame2Emitters* emitters, VXObject* parent)
+{
+    create<QtFrame2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters,
+                                   VXObject* parent)
+{
+    create<QtGridLayout2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createGroupBox2(VXGroupBox2* object, VXGroupBox2Emitters* emitters,
+                                 VXObject* parent)
+{
+    create<QtGroupBox2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent)
 {
     create<QtMenu2>(object, emitters, getQWidget(parent));
@@ -131,6 +168,18 @@ void QtFactory2::createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitte
     create<QtRadioButton2>(object, emitters, getQWidget(parent));
 }
 
+void QtFactory2::createScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitters,
+                                   VXObject* parent)
+{
+    create<QtScrollView2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitters,
+                                 VXObject* parent, Orientation orientation)
+{
+    create<QtSplitter2>(object, emitters, getQWidget(parent), orientation);
+}
+
 void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
 {
     create<QtText2>(object, emitters, getQWidget(parent));
@@ -145,6 +194,12 @@ void QtFactory2::createToolButton2(VXToolButton2* object, VXToolButton2Emitters*
                                    VXObject* parent)
 {
     create<QtToolButton2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
+                                    VXObject* parent)
+{
+    create<QtWidgetStack2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent)

@@ -2,6 +2,7 @@
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2_qt/containers/qtlayout2.h"
 
 #include <QBoxLayout>
 
@@ -119,6 +120,27 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
     delete m_first;
     runDeletions();
     EXPECT_EQ(qt(other)->layout()->count(), 0);
+}
+
+TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
+{
+    VXBoxLayout2 alone;
+    QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
+    auto* brief = new VXText2(m_panel);
+    alone.addWidget(brief);
+    alone.addWidget(m_first);
+    alone.addWidget(m_second, 1);
+    alone.addWidget(m_first, 2);
+    EXPECT_EQ(qtAlone->count(), 3);
+    EXPECT_EQ(qtAlone->itemAt(2)->widget(), qt(*m_first)) << "it moved to the end";
+    delete brief;
+    runDeletions();
+    EXPECT_EQ(qtAlone->count(), 2);
+    alone.removeWidget(m_second);
+    VXPanel2 other;
+    alone.setParent(&other);
+    EXPECT_EQ(m_first->peerParent(), &other);
+    EXPECT_EQ(m_second->peerParent(), m_panel);
 }
 
 TEST_F(BoxLayout, itsEndLeavesTheWidgets)

@@ -2,7 +2,14 @@
 
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxflowlayout2.h"
+#include "voxi2/containers/vxframe2.h"
+#include "voxi2/containers/vxgridlayout2.h"
+#include "voxi2/containers/vxgroupbox2.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxscrollview2.h"
+#include "voxi2/containers/vxsplitter2.h"
+#include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxcheckbox2.h"
@@ -19,11 +26,17 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStackedWidget>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -64,14 +77,22 @@ inline std::vector<Kind> allKinds()
         kind<VXButton2, QPushButton, &F::createButton2>("Button", QAccessible::Button),
         kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
         kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
+        kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
+        kind<VXFrame2, QFrame, &F::createFrame2>("Frame", QAccessible::Border),
+        kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
+        kind<VXGroupBox2, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping),
         kind<VXMenu2, QMenu, &F::createMenu2>("Menu", QAccessible::PopupMenu),
         kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
         kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
         kind<VXRadioButton2, QRadioButton, &F::createRadioButton2>("RadioButton",
                                                                    QAccessible::RadioButton),
+        kind<VXScrollView2, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client),
+        kind<VXSplitter2, QSplitter, &F::createSplitter2>("Splitter", QAccessible::Splitter),
         kind<VXText2, QLabel, &F::createText2>("Text", QAccessible::StaticText),
         kind<VXToolBar2, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar),
         kind<VXToolButton2, QToolButton, &F::createToolButton2>("ToolButton", QAccessible::Button),
+        kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
+                                                                     QAccessible::LayeredPane),
         kind<VXWindow2, QMainWindow, &F::createWindow2>("Window", QAccessible::Window),
     };
 }

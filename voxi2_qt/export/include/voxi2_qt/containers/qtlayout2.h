@@ -38,8 +38,9 @@ protected:
 
     QLayout* layout() const noexcept;
 
-    /// Whether the widget can be laid out: null cannot, nor one that the layout itself lies in.
-    bool canHold(const QWidget* child) const;
+    /// To be called before a widget is added. False when it cannot be laid out: null cannot, nor
+    /// one that the layout itself lies in.
+    bool prepareFor(QWidget* child);
 };
 
 } // namespace VOXI

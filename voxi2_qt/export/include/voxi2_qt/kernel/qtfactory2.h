@@ -32,15 +32,27 @@ public:
     void createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, VXObject* parent);
     void createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
     void createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters);
+    void createFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters, VXObject* parent,
+                           Direction direction);
+    void createFrame2(VXFrame2* object, VXFrame2Emitters* emitters, VXObject* parent);
+    void createGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters,
+                           VXObject* parent);
+    void createGroupBox2(VXGroupBox2* object, VXGroupBox2Emitters* emitters, VXObject* parent);
     void createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent);
     void createMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, VXObject* parent);
     void createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent);
     void createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters,
                             VXObject* parent);
+    void createScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitters,
+                           VXObject* parent);
+    void createSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitters, VXObject* parent,
+                         Orientation orientation);
     void createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent);
     void createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent);
     void createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
                            VXObject* parent);
+    void createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
+                            VXObject* parent);
     void createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent);
 
     /// Destroys the peer of the object with that id; unknown ids are ignored.

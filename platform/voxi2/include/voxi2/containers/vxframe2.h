@@ -1,0 +1,60 @@
+#pragma once
+
+#include "voxi2/kernel/frame.h"
+#include "voxi2/kernel/vxwidget2.h"
+#include "voxi2/voxi2_export.h"
+
+// What a paint callback is given is the back end's.
+class QPainter;
+class QRect;
+
+namespace VOXI {
+
+/// Paints a frame's whole inside; called on the toolkit's thread, while the frame is painted only.
+/// The painter is open on the frame, the rectangle is the frame's own.
+using FramePaintCallback = void (*)(QPainter* painter, QRect rect);
+
+struct VXFrame2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<FrameShadow()> getShadow{*this};
+    TROV::Request<FrameShape()> getShape{*this};
+    TROV::Request<int()> getLineWidth{*this};
+    TROV::Request<FramePaintCallback()> getPaintCallback{*this};
+    TROV::Request<void(FrameShadow)> setShadow{*this};
+    TROV::Request<void(FrameShape)> setShape{*this};
+    TROV::Request<void(int)> setLineWidth{*this};
+    TROV::Request<void(FramePaintCallback)> setPaintCallback{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+/// An area with a frame around it, that holds other widgets. Once it is given a colour it paints
+/// its background.
+class VOXI2_EXPORT VXFrame2 : public VXWidget2
+{
+public:
+    explicit VXFrame2(VXObject2* parent = nullptr);
+    ~VXFrame2() override;
+
+    /// How the frame is lit; values that are none of the three mean `Plain`.
+    void setShadow(FrameShadow shadow);
+    FrameShadow shadow() const;
+    /// What is drawn; `None` at first.
+    void setShape(FrameShape shape);
+    FrameShape shape() const;
+    /// The width of the frame's line, in pixels.
+    void setLineWidth(int width);
+    int lineWidth() const;
+
+    /// Takes the painting over: from then on neither frame nor highlight are drawn, but what the
+    /// callback paints. Null gives it back. The frame is painted anew soon, not at once.
+    void setPaintCallback(FramePaintCallback callback);
+    /// Null while the frame paints itself.
+    FramePaintCallback paintCallback() const;
+
+private:
+    VXFrame2Emitters m_emitters;
+};
+
+} // namespace VOXI

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "voxi2/kernel/vxwidget2.h"
+#include "voxi2/voxi2_export.h"
+
+#include <string>
+#include <string_view>
+
+namespace VOXI {
+
+struct VXGroupBox2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+{
+    using EmittersTable::EmittersTable;
+
+    TROV::Request<void(std::string)> setTitle{*this};
+    TROV::Request<void(bool)> setFlat{*this};
+    TROV::Request<std::string()> getTitle{*this};
+    TROV::Request<bool()> isFlat{*this};
+    TROV::Request<void(std::wstring)> setTitleU{*this};
+    TROV::Request<std::wstring()> getTitleU{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+};
+
+/// A frame with a title around widgets that belong together.
+class VOXI2_EXPORT VXGroupBox2 : public VXWidget2
+{
+public:
+    explicit VXGroupBox2(VXObject2* parent = nullptr);
+    ~VXGroupBox2() override;
+
+    /// An ampersand underlines the character behind it, the key that leads into the group.
+    void setTitle(const std::string& title);
+    void setTitle(const std::wstring& title);
+    void setTitle(std::u16string_view title);
+    std::string title() const;
+    std::wstring titleU() const;
+
+    /// A flat group box has a line below its title, in most styles, in place of a frame.
+    void setFlat(bool flat);
+    bool isFlat() const;
+
+private:
+    VXGroupBox2Emitters m_emitters;
+};
+
+} // namespace VOXI

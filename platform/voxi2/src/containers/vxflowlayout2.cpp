@@ -1,0 +1,18 @@
+#include "voxi2/containers/vxflowlayout2.h"
+
+namespace VOXI {
+
+VXFlowLayout2::VXFlowLayout2(VXObject2* parent, Direction direction)
+    : VXLayout2(parent),
+      m_emitters(VXLayout2::m_emitters),
+      m_direction(direction)
+{
+    createPeer(&VXFactory2::createFlowLayout2, this, &m_emitters, parent, direction);
+}
+
+VXFlowLayout2::~VXFlowLayout2()
+{
+    retire();
+}
+
+} // namespace VOXI

@@ -1,0 +1,130 @@
+#include "../kernel/toolkit.h"
+#include "support/qtwarnings.h"
+#include "voxi2/containers/vxgridlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxtext2.h"
+
+#include <QGridLayout>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace VOXI {
+namespace {
+
+using Cell = VXRect<int>;
+
+class GridLayout : public testing::Test
+{
+protected:
+    ~GridLayout() override
+    {
+        delete m_panel;
+        runDeletions();
+    }
+
+    QGridLayout* qtLayout() const { return qobject_cast<QGridLayout*>(qt(*m_panel)->layout()); }
+
+    Cell cellOf(int index) const
+    {
+        Cell cell;
+        qtLayout()->getItemPosition(index, &cell.x, &cell.y, &cell.width, &cell.height);
+        return cell;
+    }
+
+    VXPanel2* m_panel = new VXPanel2;
+    VXGridLayout2* m_layout = new VXGridLayout2(m_panel);
+    VXText2* m_first = new VXText2(m_panel);
+    VXText2* m_second = new VXText2(m_panel);
+    VXText2* m_third = new VXText2(m_panel);
+};
+
+TEST_F(GridLayout, putsWidgetsIntoCells)
+{
+    m_layout->addWidget(m_first, Cell::cell(1, 2, 3, 4), AlignmentFlag::Right);
+    m_layout->addWidget(m_second, 0, 1);
+    m_layout->addWidget(m_third);
+    ASSERT_EQ(qtLayout()->count(), 3);
+    EXPECT_EQ(cellOf(0), Cell::cell(1, 2, 3, 4));
+    EXPECT_EQ(qtLayout()->itemAt(0)->widget(), qt(*m_first));
+    EXPECT_EQ(qtLayout()->itemAt(0)->alignment(), Qt::AlignRight);
+    EXPECT_EQ(cellOf(1), Cell::cell(0, 1));
+    EXPECT_EQ(cellOf(2), Cell::cell(4, 0)) << "behind the last cell";
+    m_layout->addWidget(m_second, Cell::cell(2, 0, 1, -1));
+    EXPECT_EQ(qtLayout()->count(), 3) << "it was moved";
+    EXPECT_EQ(cellOf(2), Cell::cell(2, 0, 1, 6)) << "to the last column";
+}
+
+TEST_F(GridLayout, spacersKeepRoom)
+{
+    m_layout->addSpacer(Cell::cell(1, 2), {30, 40});
+    ASSERT_EQ(qtLayout()->count(), 1);
+    EXPECT_EQ(cellOf(0), Cell::cell(1, 2));
+    const QSpacerItem* spacer = qtLayout()->itemAt(0)->spacerItem();
+    ASSERT_NE(spacer, nullptr);
+    EXPECT_EQ(spacer->sizeHint(), QSize(30, 40));
+    EXPECT_EQ(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum));
+    EXPECT_EQ(spacer->alignment(), Qt::Alignment());
+}
+
+TEST_F(GridLayout, stretches)
+{
+    m_layout->setRowStretch(2, 5);
+    m_layout->setColStretch(1, 7);
+    EXPECT_EQ(qtLayout()->rowStretch(2), 5);
+    EXPECT_EQ(qtLayout()->columnStretch(1), 7);
+    EXPECT_EQ(m_layout->rowStretch(2), 5);
+    EXPECT_EQ(m_layout->colStretch(1), 7);
+    m_layout->setStretchFactors({}, {});
+    EXPECT_EQ(m_layout->rowStretch(2), 5);
+    EXPECT_EQ(qtLayout()->rowCount(), 3);
+    m_layout->setStretchFactors({1, 2}, {3, 4, 5});
+    EXPECT_EQ(m_layout->rowStretch(0), 1);
+    EXPECT_EQ(m_layout->rowStretch(1), 2);
+    EXPECT_EQ(m_layout->rowStretch(2), 5) << "the others keep theirs";
+    EXPECT_EQ(m_layout->colStretch(0), 3);
+    EXPECT_EQ(m_layout->colStretch(2), 5);
+}
+
+TEST_F(GridLayout, ignoresWhatIsNoCell)
+{
+    constexpr int huge = std::numeric_limits<int>::max();
+    for (const Cell& cell :
+         {Cell::cell(-1, 0), Cell::cell(0, -1), Cell::cell(huge, 0), Cell::cell(0, huge),
+          Cell::cell(1, 1, 0, 1), Cell::cell(0, 0, 1, -2), Cell::cell(0, 0, huge, 1)}) {
+        m_layout->addWidget(m_first, cell);
+        m_layout->addSpacer(cell, {1, 1});
+    }
+    for (const int line : {-1, huge}) {
+        m_layout->setRowStretch(line, 1);
+        m_layout->setColStretch(line, 1);
+        EXPECT_EQ(m_layout->rowStretch(line), 0);
+        EXPECT_EQ(m_layout->colStretch(line), 0);
+    }
+    m_layout->addWidget(nullptr, 0, 0);
+    m_layout->addWidget(m_panel, 0, 0); // cannot lie inside itself
+    VXFactory2::current()->destroyObject(m_first->id());
+    m_layout->addWidget(m_first, 0, 0); // has no peer any more
+    EXPECT_EQ(qtLayout()->count(), 0);
+    const ExpectedQtWarning warning("null widget");
+    m_layout->addWidget(m_layout, 0, 0); // is no widget
+    EXPECT_EQ(qtLayout()->count(), 0);
+}
+
+TEST_F(GridLayout, movesAndEndsWithItemsInIt)
+{
+    m_layout->addWidget(m_first, 0, 0);
+    m_layout->addWidget(m_second, 1, 1);
+    VXPanel2 other;
+    m_layout->setParent(&other);
+    EXPECT_EQ(qt(other)->layout()->count(), 2);
+    delete m_first;
+    runDeletions();
+    EXPECT_EQ(qt(other)->layout()->count(), 1);
+    delete m_layout;
+    runDeletions();
+    EXPECT_EQ(m_second->peerParent(), &other);
+}
+
+} // namespace
+} // namespace VOXI

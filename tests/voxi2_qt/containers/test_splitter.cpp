@@ -1,0 +1,171 @@
+#include "../kernel/toolkit.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxsplitter2.h"
+
+#include <QSplitter>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+class Splitter : public testing::Test
+{
+protected:
+    ~Splitter() override
+    {
+        delete m_splitter;
+        runDeletions();
+    }
+
+    QSplitter* qtSplitter() const { return static_cast<QSplitter*>(qt(*m_splitter)); }
+
+    void show()
+    {
+        m_splitter->addWidget(m_first, 1);
+        m_splitter->addWidget(m_second, 1);
+        m_splitter->resize({206, 100});
+        m_splitter->show();
+        turn();
+    }
+
+    VXPanel2 m_owner; // of the widgets, so that they are not added as they are made
+    VXSplitter2* m_splitter = new VXSplitter2;
+    VXPanel2* m_first = new VXPanel2(&m_owner);
+    VXPanel2* m_second = new VXPanel2(&m_owner);
+    VXPanel2* m_third = new VXPanel2(&m_owner);
+};
+
+TEST_F(Splitter, isMadeWithItsOrientationAndHandles)
+{
+    EXPECT_EQ(m_splitter->orientation(), Orientation::Horizontal);
+    EXPECT_EQ(m_splitter->handleWidth(), 6);
+    EXPECT_EQ(qtSplitter()->handleWidth(), 6);
+    const VXSplitter2 upright(nullptr, Orientation::Vertical);
+    EXPECT_EQ(upright.orientation(), Orientation::Vertical);
+    EXPECT_EQ(static_cast<QSplitter*>(qt(upright))->orientation(), Qt::Vertical);
+    m_splitter->setHandleWidth(11);
+    EXPECT_EQ(m_splitter->handleWidth(), 11);
+    m_splitter->setOrientation(Orientation::Vertical);
+    EXPECT_EQ(m_splitter->orientation(), Orientation::Vertical);
+}
+
+TEST_F(Splitter, widgetsComeAndGoAlive)
+{
+    m_splitter->addWidget(m_first);
+    m_splitter->addWidget(m_third, 2);
+    m_splitter->insertWidget(m_second, 1, 3);
+    EXPECT_EQ(m_splitter->count(), 3);
+    EXPECT_EQ(m_splitter->widgetIndex(m_second), 1);
+    EXPECT_EQ(m_splitter->widgetIndex(m_third), 2);
+    EXPECT_EQ(qt(*m_second)->sizePolicy().horizontalStretch(), 3);
+    EXPECT_EQ(qt(*m_third)->sizePolicy().horizontalStretch(), 2);
+    EXPECT_EQ(qt(*m_third)->sizePolicy().verticalStretch(), 2);
+    m_splitter->addWidget(m_first);
+    EXPECT_EQ(m_splitter->widgetIndex(m_first), 2) << "it moved to the end";
+
+    m_splitter->removeWidget(m_second);
+    EXPECT_EQ(m_splitter->count(), 2);
+    EXPECT_EQ(m_splitter->widgetIndex(m_second), -1);
+    runDeletions();
+    ASSERT_NE(lookup(m_second), nullptr);
+    EXPECT_EQ(qt(*m_second)->parentWidget(), nullptr);
+    EXPECT_TRUE(qt(*m_second)->isHidden());
+    delete m_third;
+    runDeletions();
+    EXPECT_EQ(m_splitter->count(), 1);
+}
+
+TEST_F(Splitter, ignoresWhatItCannotTake)
+{
+    VXPanel2* const dead = m_third;
+    delete m_third;
+    runDeletions();
+    for (VXWidget2* widget : {static_cast<VXWidget2*>(nullptr), static_cast<VXWidget2*>(dead)}) {
+        m_splitter->addWidget(widget);
+        m_splitter->insertWidget(widget, 0);
+        m_splitter->removeWidget(widget);
+        EXPECT_EQ(m_splitter->widgetIndex(widget), -1);
+    }
+    m_splitter->addWidget(m_splitter);
+    m_splitter->removeWidget(m_first); // is not in it
+    m_splitter->setCollapsible(m_first, false);
+    EXPECT_FALSE(m_splitter->isCollapsible(m_first));
+    EXPECT_EQ(m_first->peerParent(), &m_owner);
+    EXPECT_EQ(m_splitter->count(), 0);
+    m_splitter->setSizes({1, -5, 7});
+    EXPECT_TRUE(m_splitter->sizes().empty());
+}
+
+TEST_F(Splitter, collapsing)
+{
+    m_splitter->addWidget(m_first);
+    m_splitter->addWidget(m_second);
+    EXPECT_TRUE(m_splitter->isCollapsible(nullptr));
+    m_splitter->setCollapsible(m_first, false);
+    EXPECT_FALSE(m_splitter->isCollapsible(m_first));
+    EXPECT_TRUE(m_splitter->isCollapsible(m_second));
+    EXPECT_TRUE(m_splitter->isCollapsible(nullptr));
+    m_splitter->setCollapsible(nullptr, false);
+    EXPECT_FALSE(m_splitter->isCollapsible(nullptr));
+    EXPECT_FALSE(qtSplitter()->childrenCollapsible());
+    VXPanel2* const dead = m_third;
+    delete m_third;
+    EXPECT_FALSE(m_splitter->isCollapsible(dead)) << "as for null";
+    m_splitter->setCollapsible(dead, true);
+    EXPECT_FALSE(m_splitter->isCollapsible(nullptr)) << "but setting it does nothing";
+}
+
+TEST_F(Splitter, onlyTheUsersMovesAreReported)
+{
+    show();
+    Log moves(m_splitter->handleMoved());
+    m_splitter->setSizes({50, 150});
+    EXPECT_EQ(m_splitter->sizes(), (std::list<int>{50, 150}));
+    turn();
+    EXPECT_TRUE(moves.isEmpty());
+
+    QWidget* const handle = qtSplitter()->handle(1);
+    QTest::mousePress(handle, Qt::LeftButton, {}, QPoint(3, 50));
+    QTest::mouseMove(handle, QPoint(33, 50));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(3, 50));
+    EXPECT_EQ(m_splitter->sizes(), (std::list<int>{80, 120}));
+    ASSERT_FALSE(moves.isEmpty());
+    EXPECT_EQ(moves.last().splitter(), m_splitter);
+    EXPECT_EQ(moves.last().index(), 1);
+    EXPECT_EQ(moves.last().position(), 80);
+}
+
+TEST_F(Splitter, mayBeDestroyedWhileItsHandleIsDragged)
+{
+    show();
+    m_splitter->handleMoved().connect(m_first, [&] { delete std::exchange(m_splitter, nullptr); });
+    QPointer<QWidget> handle(qtSplitter()->handle(1));
+    QTest::mousePress(handle, Qt::LeftButton, {}, QPoint(3, 50));
+    QTest::mouseMove(handle, QPoint(33, 50));
+    QTest::mouseMove(handle, QPoint(63, 50));
+    runDeletions();
+    EXPECT_TRUE(handle.isNull());
+    EXPECT_EQ(m_splitter, nullptr);
+}
+
+TEST_F(Splitter, handlesShowAGripInBothOrientations)
+{
+    show();
+    for (const Orientation orientation : {Orientation::Horizontal, Orientation::Vertical}) {
+        m_splitter->setOrientation(orientation);
+        turn();
+        const QImage image = qtSplitter()->handle(1)->grab().toImage();
+        const QRect rect = image.rect();
+        EXPECT_EQ(image.pixelColor(rect.center()), QColor(60, 140, 225));
+        EXPECT_NE(image.pixelColor(rect.topLeft()), QColor(60, 140, 225));
+        EXPECT_NE(image.pixelColor(rect.bottomRight()), QColor(60, 140, 225));
+    }
+    m_splitter->setHandleWidth(1);
+    turn();
+    qtSplitter()->handle(1)->grab();
+}
+
+} // namespace
+} // namespace VOXI

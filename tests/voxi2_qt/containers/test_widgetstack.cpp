@@ -1,0 +1,105 @@
+#include "../kernel/toolkit.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwidgetstack2.h"
+#include "voxi2/controls/vxbutton2.h"
+
+#include <QStackedWidget>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+class WidgetStack : public testing::Test
+{
+protected:
+    ~WidgetStack() override
+    {
+        delete m_stack;
+        runDeletions();
+    }
+
+    QStackedWidget* qtStack() const { return static_cast<QStackedWidget*>(qt(*m_stack)); }
+
+    VXPanel2 m_owner;
+    VXWidgetStack2* m_stack = new VXWidgetStack2;
+    VXButton2* m_first = new VXButton2(&m_owner);
+    VXButton2* m_second = new VXButton2(&m_owner);
+    VXButton2* m_third = new VXButton2(&m_owner);
+};
+
+TEST_F(WidgetStack, showsOneAtATime)
+{
+    EXPECT_EQ(m_stack->currentWidget(), nullptr);
+    EXPECT_EQ(m_stack->currentID(), -1);
+    m_stack->addWidget(m_first);
+    m_stack->addWidget(m_third, 99);
+    m_stack->addWidget(m_second, 1);
+    EXPECT_EQ(m_stack->count(), 3);
+    EXPECT_EQ(m_stack->widgetID(m_second), 1);
+    EXPECT_EQ(m_stack->widgetID(m_third), 2);
+    EXPECT_EQ(m_stack->currentWidget(), m_first);
+    m_stack->show();
+    m_stack->raiseWidgetWithID(1);
+    EXPECT_EQ(qtStack()->currentWidget(), qt(*m_second));
+    EXPECT_TRUE(m_second->isVisible());
+    EXPECT_FALSE(m_first->isVisible());
+    m_stack->raiseWidget(m_third);
+    EXPECT_EQ(m_stack->currentWidget(), m_third);
+    EXPECT_EQ(m_stack->currentID(), 2);
+}
+
+TEST_F(WidgetStack, ignoresWhatIsNotInIt)
+{
+    m_stack->addWidget(m_first);
+    m_stack->addWidget(nullptr);
+    m_stack->addWidget(m_stack);
+    m_stack->raiseWidget(nullptr);
+    m_stack->raiseWidget(m_second);
+    m_stack->raiseWidgetWithID(-1);
+    m_stack->raiseWidgetWithID(1);
+    m_stack->removeWidget(m_second);
+    VXButton2* const dead = m_third;
+    delete m_third;
+    m_stack->addWidget(dead);
+    m_stack->raiseWidget(dead);
+    EXPECT_EQ(m_stack->widgetID(dead), -1);
+    EXPECT_EQ(m_stack->count(), 1);
+    EXPECT_EQ(m_stack->currentWidget(), m_first);
+    EXPECT_EQ(m_second->peerParent(), &m_owner);
+}
+
+TEST_F(WidgetStack, theNextIsShownWhenTheCurrentGoes)
+{
+    m_stack->addWidget(m_first);
+    m_stack->addWidget(m_second);
+    m_stack->addWidget(m_third);
+    m_stack->removeWidget(m_first);
+    EXPECT_EQ(m_stack->currentWidget(), m_second);
+    runDeletions();
+    ASSERT_NE(lookup(m_first), nullptr);
+    EXPECT_TRUE(qt(*m_first)->isHidden());
+    delete m_second;
+    runDeletions();
+    EXPECT_EQ(m_stack->currentWidget(), m_third);
+    EXPECT_EQ(m_stack->count(), 1);
+}
+
+TEST_F(WidgetStack, theFocusThatRaisingMovesIsNotReported)
+{
+    m_stack->addWidget(m_first);
+    m_stack->addWidget(m_second);
+    m_stack->show();
+    QApplication::setActiveWindow(qtStack());
+    qt(*m_first)->setFocus();
+    turn();
+    ASSERT_TRUE(m_first->hasFocus());
+    Log gained(m_second->focusGained());
+    m_stack->raiseWidget(m_second);
+    turn();
+    EXPECT_TRUE(m_second->hasFocus());
+    EXPECT_TRUE(gained.isEmpty());
+}
+
+} // namespace
+} // namespace VOXI

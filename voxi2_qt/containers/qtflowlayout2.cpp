@@ -1,0 +1,242 @@
+#include "voxi2_qt/containers/qtflowlayout2.h"
+
+#include <QWidget>
+
+#include <algorithm>
+
+namespace VOXI {
+
+namespace {
+
+const auto s_requests = TROV::operations<VXFlowLayout2Emitters>();
+
+constexpr QSize Nothing(-1, -1);
+constexpr int Unset = -1;
+
+/// A pass in terms of lines: `along` a line, and `across` from line to line. A vertical pass is a
+/// horizontal one with the axes exchanged.
+///
+/// Items may come and go while they are placed, because handlers run: they are counted afresh, and
+/// not touched again.
+class Pass
+{
+public:
+    Pass(const QLayout& layout, const QRect& rect, Qt::Orientation orientation, bool testOnly)
+        : m_layout(layout),
+          m_isVertical(orientation == Qt::Vertical),
+          m_testOnly(testOnly),
+          m_first(m_isVertical ? rect.top() : rect.left()),
+          m_last(m_isVertical ? rect.bottom() : rect.right()),
+          m_firstAcross(m_isVertical ? rect.left() : rect.top()),
+          m_across(m_firstAcross)
+    {}
+
+    QSize forward();
+    QSize backward();
+
+private:
+    int spacing() const { return m_layout.spacing(); }
+
+    QSize hint(const QLayoutItem& item) const
+    {
+        return m_isVertical ? item.sizeHint().transposed() : item.sizeHint();
+    }
+
+    void beginLine()
+    {
+        m_across += m_depth + spacing();
+        m_depth = 0;
+        m_usedLength = m_last - m_first;
+    }
+
+    void place(QLayoutItem& item, int along, const QSize& size) const
+    {
+        if (m_testOnly)
+            return;
+        const QPoint position(along, m_across);
+        item.setGeometry(m_isVertical ? QRect(position.transposed(), size.transposed())
+                                      : QRect(position, size));
+    }
+
+    /// `reach` is how far the item's near edge is from where lines begin.
+    void account(const QSize& size, int reach)
+    {
+        m_length = std::max(reach, m_usedLength);
+        m_largest = m_largest.expandedTo(size);
+        m_depth = std::max(m_depth, size.height());
+    }
+
+    QSize result() const
+    {
+        const QSize size(std::max(m_length, m_largest.width()), m_across + m_depth - m_firstAcross);
+        return m_isVertical ? size.transposed() : size;
+    }
+
+    const QLayout& m_layout;
+    const bool m_isVertical;
+    const bool m_testOnly;
+    const int m_first;
+    const int m_last;
+    const int m_firstAcross;
+    int m_across;
+    int m_depth = 0; // of the line so far
+    int m_usedLength = 0;
+    int m_length = 0;
+    QSize m_largest{0, 0};
+};
+
+QSize Pass::forward()
+{
+    int along = m_first;
+    for (int i = 0; QLayoutItem* item = m_layout.itemAt(i); ++i) {
+        const QSize size = hint(*item);
+        int next = along + size.width() + spacing();
+        // A line does not break before something deep stands in it.
+        if (next - spacing() > m_last && m_depth > 0) {
+            beginLine();
+            along = m_first;
+            next = along + size.width() + spacing();
+        }
+        // Where the last item begins counts for the length, not where it ends: the widest item is
+        // accounted for in the result.
+        account(size, along - m_first);
+        place(*item, along, size);
+        along = next;
+    }
+    return result();
+}
+
+QSize Pass::backward()
+{
+    int along = Unset;
+    for (int i = 0; QLayoutItem* item = m_layout.itemAt(i); ++i) {
+        const QSize size = hint(*item);
+        if (along == Unset)
+            along = m_last - size.width() - spacing();
+        // The step to the next item is this one's size: wider ones may overlap their neighbour.
+        int next = along - size.width() - spacing();
+        if (along < m_first && m_depth > 0) {
+            beginLine();
+            along = m_last - size.width() - spacing();
+            next = along - size.width() - spacing();
+        }
+        account(size, m_last - along);
+        place(*item, along, size);
+        along = next;
+    }
+    return result();
+}
+
+} // namespace
+
+QtFlowLayout2::QtFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters,
+                             QWidget* parent, VOXI::Direction direction)
+    // A widget that has a layout keeps it; Qt would warn.
+    : QtObject2Shim(object, emitters, parent && !parent->layout() ? parent : nullptr),
+      m_cachedSize(Nothing),
+      m_direction(direction)
+{
+    bindRequests(emitters, s_requests);
+}
+
+QtFlowLayout2::~QtFlowLayout2()
+{
+    // One by one: a layout among them looks for itself here when it goes.
+    while (!m_items.isEmpty())
+        delete m_items.takeLast();
+}
+
+// Items -------------------------------------------------------------------------------------------
+
+void QtFlowLayout2::addItem(QLayoutItem* item)
+{
+    m_items.append(item);
+}
+
+int QtFlowLayout2::count() const
+{
+    return static_cast<int>(m_items.size());
+}
+
+QLayoutItem* QtFlowLayout2::itemAt(int index) const
+{
+    return m_items.value(index);
+}
+
+QLayoutItem* QtFlowLayout2::takeAt(int index)
+{
+    return index >= 0 && index < m_items.size() ? m_items.takeAt(index) : nullptr;
+}
+
+// Geometry ----------------------------------------------------------------------------------------
+
+Qt::Orientations QtFlowLayout2::expandingDirections() const
+{
+    return {};
+}
+
+bool QtFlowLayout2::hasHeightForWidth() const
+{
+    return m_direction == VOXI::Direction::LeftToRight
+           || m_direction == VOXI::Direction::RightToLeft;
+}
+
+int QtFlowLayout2::heightForWidth(int width) const
+{
+    return doLayout(QRect(0, 0, width, 0), true).height();
+}
+
+QSize QtFlowLayout2::minimumSize() const
+{
+    return m_cachedSize;
+}
+
+QSize QtFlowLayout2::sizeHint() const
+{
+    return minimumSize();
+}
+
+void QtFlowLayout2::setGeometry(const QRect& rect)
+{
+    QLayout::setGeometry(rect);
+    m_cachedSize = doLayout(rect, false);
+}
+
+// Passes ------------------------------------------------------------------------------------------
+
+QSize QtFlowLayout2::doLayout(const QRect& rect, bool testOnly) const
+{
+    switch (m_direction) {
+    case VOXI::Direction::LeftToRight:
+        return doLeftToRightLayout(rect, testOnly);
+    case VOXI::Direction::RightToLeft:
+        return doRightToLeftLayout(rect, testOnly);
+    case VOXI::Direction::TopToBottom:
+        return doTopToBottomLayout(rect, testOnly);
+    case VOXI::Direction::BottomToTop:
+        return doBottomToTopLayout(rect, testOnly);
+    }
+    return Nothing;
+}
+
+QSize QtFlowLayout2::doLeftToRightLayout(const QRect& rect, bool testOnly) const
+{
+    return Pass(*this, rect, Qt::Horizontal, testOnly).forward();
+}
+
+QSize QtFlowLayout2::doRightToLeftLayout(const QRect& rect, bool testOnly) const
+{
+    return Pass(*this, rect, Qt::Horizontal, testOnly).backward();
+}
+
+QSize QtFlowLayout2::doTopToBottomLayout(const QRect& rect, bool testOnly) const
+{
+    return Pass(*this, rect, Qt::Vertical, testOnly).forward();
+}
+
+QSize QtFlowLayout2::doBottomToTopLayout(const QRect& rect, bool testOnly) const
+{
+    return Pass(*this, rect, Qt::Vertical, testOnly).backward();
+}
+
+} // namespace VOXI

@@ -1,0 +1,103 @@
+#include "voxi2_qt/containers/qtgridlayout2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+
+#include <QSpacerItem>
+#include <QWidget>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXGridLayout2Emitters;
+using P = QtGridLayout2;
+
+const auto s_requests =
+    TROV::operations<E>(TROV::row<&E::gridAddWidget, &P::doGridAddWidget>(),
+                        TROV::row<&E::gridAddSpacer, &P::doGridAddSpacer>(),
+                        TROV::row<&E::setRowStretch, &P::doSetRowStretch>(),
+                        TROV::row<&E::setColStretch, &P::doSetColStretch>(),
+                        TROV::row<&E::setStretchFactors, &P::doSetStretchFactors>(),
+                        TROV::row<&E::getRowStretch, &P::doGetRowStretch>(),
+                        TROV::row<&E::getColStretch, &P::doGetColStretch>());
+
+// Qt keeps something for each line up to the last, and does not check their numbers.
+constexpr int MaxLines = 1'000'000;
+
+bool isLine(int line)
+{
+    return line >= 0 && line < MaxLines;
+}
+
+bool isCell(const VXRect<int>& cell)
+{
+    // A span of -1 goes to the end.
+    const auto isSpan = [](int span) { return span == -1 || (span > 0 && span <= MaxLines); };
+    return isLine(cell.row()) && isLine(cell.column()) && isSpan(cell.rowSpan())
+           && isSpan(cell.columnSpan());
+}
+
+} // namespace
+
+QtGridLayout2::QtGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters,
+                             QWidget* parent)
+    // A widget that has a layout keeps it; Qt would warn.
+    : QtObject2Shim(object, emitters, parent && !parent->layout() ? parent : nullptr)
+{
+    bindRequests(emitters, s_requests);
+}
+
+void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignment alignment)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        // What is no widget is passed on: Qt says so and goes on.
+        if (!isCell(cell) || (child ? !prepareFor(child) : !lookup(widget)))
+            return;
+        QGridLayout::addWidget(child, cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan(),
+                               VX2Qt(alignment));
+        invalidate();
+    });
+}
+
+void QtGridLayout2::doGridAddSpacer(VXRect<int> cell, Size<int> size)
+{
+    if (!isCell(cell))
+        return;
+    auto* spacer =
+        new QSpacerItem(size.width, size.height, QSizePolicy::Minimum, QSizePolicy::Minimum);
+    QGridLayout::addItem(spacer, cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan());
+    invalidate();
+}
+
+void QtGridLayout2::doSetRowStretch(int row, int stretch)
+{
+    if (isLine(row))
+        setRowStretch(row, stretch);
+}
+
+void QtGridLayout2::doSetColStretch(int column, int stretch)
+{
+    if (isLine(column))
+        setColumnStretch(column, stretch);
+}
+
+void QtGridLayout2::doSetStretchFactors(const std::vector<int>& rows,
+                                        const std::vector<int>& columns)
+{
+    for (std::size_t i = 0; i < rows.size() && i < MaxLines; ++i)
+        setRowStretch(static_cast<int>(i), rows[i]);
+    for (std::size_t i = 0; i < columns.size() && i < MaxLines; ++i)
+        setColumnStretch(static_cast<int>(i), columns[i]);
+}
+
+int QtGridLayout2::doGetRowStretch(int row)
+{
+    return row >= 0 && row < rowCount() ? rowStretch(row) : 0;
+}
+
+int QtGridLayout2::doGetColStretch(int column)
+{
+    return column >= 0 && column < columnCount() ? columnStretch(column) : 0;
+}
+
+} // namespace VOXI

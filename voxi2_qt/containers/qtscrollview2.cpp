@@ -1,0 +1,93 @@
+#include "voxi2_qt/containers/qtscrollview2.h"
+
+#include "voxi2_qt/kernel/qtconvert.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXScrollView2Emitters;
+using P = QtScrollView2;
+
+const auto s_requests =
+    TROV::operations<E>(TROV::row<&E::setWidget, &P::doSetWidget>(),
+                        TROV::row<&E::setWidgetResizable, &P::doSetWidgetResizable>(),
+                        TROV::row<&E::ensurePointVisible, &P::doEnsurePointVisible>(),
+                        TROV::row<&E::ensureWidgetVisible, &P::doEnsureWidgetVisible>(),
+                        TROV::row<&E::getWidget, &P::doGetWidget>(),
+                        TROV::row<&E::isWidgetResizable, &P::doIsWidgetResizable>(),
+                        TROV::row<&E::scrollBy, &P::doScrollBy>());
+
+void moveBy(QScrollBar& bar, int distance)
+{
+    const qint64 value = qint64(bar.value()) + distance;
+    bar.setValue(static_cast<int>(std::clamp<qint64>(value, bar.minimum(), bar.maximum())));
+}
+
+} // namespace
+
+QtScrollView2::QtScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitters,
+                             QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+    setFrameStyle(static_cast<int>(QFrame::NoFrame) | static_cast<int>(QFrame::Plain));
+}
+
+void QtScrollView2::doSetWidget(VXWidget2* widget)
+{
+    withWidgetOf(widget, [this](QWidget* child) {
+        if (!child || isWithin(child, this))
+            return;
+        if (child != QScrollArea::widget()) {
+            takeWidget(); // Qt would delete it, which has an owner of its own
+            setWidget(child);
+        }
+        doSetWidgetResizable(true);
+    });
+}
+
+void QtScrollView2::doSetWidgetResizable(bool resizable)
+{
+    setWidgetResizable(resizable);
+    // It grows with the view, but scroll bars come before it gets smaller than its hint.
+    if (QWidget* child = QScrollArea::widget(); child && resizable)
+        child->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+}
+
+void QtScrollView2::doEnsurePointVisible(VXPoint<int> point, int xMargin, int yMargin)
+{
+    ensureVisible(point.x, point.y, xMargin, yMargin);
+}
+
+void QtScrollView2::doEnsureWidgetVisible(VXWidget2* widget, int xMargin, int yMargin)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (child && QScrollArea::widget()) // Qt does not check that there is one
+            ensureWidgetVisible(child, xMargin, yMargin);
+    });
+}
+
+VXWidget2* QtScrollView2::doGetWidget()
+{
+    VXObjectDataLocker lock;
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(QScrollArea::widget()));
+}
+
+bool QtScrollView2::doIsWidgetResizable()
+{
+    return widgetResizable();
+}
+
+void QtScrollView2::doScrollBy(VXPoint<int> distance)
+{
+    moveBy(*horizontalScrollBar(), distance.x);
+    moveBy(*verticalScrollBar(), distance.y);
+}
+
+} // namespace VOXI

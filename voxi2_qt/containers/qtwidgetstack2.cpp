@@ -1,0 +1,81 @@
+#include "voxi2_qt/containers/qtwidgetstack2.h"
+
+#include "voxi2_qt/kernel/qteventblocker.h"
+
+namespace VOXI {
+
+namespace {
+
+using E = VXWidgetStack2Emitters;
+using P = QtWidgetStack2;
+
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::addWidget, &P::doAddWidget>(), TROV::row<&E::raiseWidget, &P::doRaiseWidget>(),
+    TROV::row<&E::raiseWidgetWithID, &P::doRaiseWidgetWithID>(),
+    TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
+    TROV::row<&E::getCurrentWidget, &P::doGetCurrentWidget>(),
+    TROV::row<&E::getCurrentID, &P::doGetCurrentID>(),
+    TROV::row<&E::getWidgetID, &P::doGetWidgetID>(), TROV::row<&E::count, &P::doCount>());
+
+} // namespace
+
+QtWidgetStack2::QtWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
+                               QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+}
+
+void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (!child || isWithin(child, this))
+            return;
+        insertWidget(index, child);
+    });
+}
+
+void QtWidgetStack2::doRaiseWidget(VXWidget2* widget)
+{
+    doRaiseWidgetWithID(doGetWidgetID(widget));
+}
+
+void QtWidgetStack2::doRaiseWidgetWithID(int id)
+{
+    // Qt moves the focus from a page that it hides to the next one.
+    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    setCurrentIndex(id); // ignores what is no position
+}
+
+void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
+{
+    withWidgetOf(widget, [&](QWidget* child) {
+        if (child)
+            removeWidget(child);
+    });
+}
+
+VXWidget2* QtWidgetStack2::doGetCurrentWidget()
+{
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(currentWidget()));
+}
+
+int QtWidgetStack2::doGetCurrentID()
+{
+    return currentIndex();
+}
+
+int QtWidgetStack2::doGetWidgetID(VXWidget2* widget)
+{
+    int id = -1;
+    withWidgetOf(widget, [&](QWidget* child) { id = child ? indexOf(child) : -1; });
+    return id;
+}
+
+int QtWidgetStack2::doCount()
+{
+    return count();
+}
+
+} // namespace VOXI

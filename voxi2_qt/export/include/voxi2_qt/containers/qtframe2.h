@@ -1,0 +1,40 @@
+#pragma once
+
+#include "voxi2/containers/vxframe2.h"
+#include "voxi2_qt/containers/qtcontainer2.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QFrame>
+
+namespace VOXI {
+
+/// The peer of the frame.
+class VOXI2_QT_EXPORT QtFrame2
+    : public QtWidget2Shim<VXFrame2, VXFrame2Emitters, QtContainer2, QFrame>
+{
+    Q_OBJECT
+
+public:
+    QtFrame2(VXFrame2* object, VXFrame2Emitters* emitters, QWidget* parent);
+
+    void doSetColor(ColorRole role, Color color) override;
+
+    // Requests
+    virtual void doSetShadow(FrameShadow shadow);
+    virtual void doSetShape(FrameShape shape);
+    virtual void doSetLineWidth(int width);
+    virtual void doSetPaintCallback(FramePaintCallback callback);
+    virtual FrameShadow doGetShadow();
+    virtual FrameShape doGetShape();
+    virtual int doGetLineWidth();
+    virtual FramePaintCallback doGetPaintCallback();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    FramePaintCallback m_paintCallback = nullptr;
+};
+
+} // namespace VOXI

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "voxi2/containers/vxgridlayout2.h"
+#include "voxi2_qt/containers/qtlayout2.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QGridLayout>
+
+namespace VOXI {
+
+/// The peer of the grid layout.
+class VOXI2_QT_EXPORT QtGridLayout2 : public QtObject2Shim<QGridLayout, QtLayout2>
+{
+    Q_OBJECT
+
+public:
+    QtGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters, QWidget* parent);
+
+    // Requests, in the order of the emitters table
+    virtual void doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignment alignment);
+    virtual void doGridAddSpacer(VXRect<int> cell, Size<int> size);
+    virtual void doSetRowStretch(int row, int stretch);
+    virtual void doSetColStretch(int column, int stretch);
+    virtual void doSetStretchFactors(const std::vector<int>& rows, const std::vector<int>& columns);
+    virtual int doGetRowStretch(int row);
+    virtual int doGetColStretch(int column);
+};
+
+} // namespace VOXI
