@@ -124,7 +124,8 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
 
 TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
 {
-    VXBoxLayout2 alone;
+    VXPanel2 other;
+    VXBoxLayout2 alone; // ends before the panel that it comes to fill
     QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
     auto* brief = new VXText2(m_panel);
     alone.addWidget(brief);
@@ -137,7 +138,6 @@ TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
     runDeletions();
     EXPECT_EQ(qtAlone->count(), 2);
     alone.removeWidget(m_second);
-    VXPanel2 other;
     alone.setParent(&other);
     EXPECT_EQ(m_first->peerParent(), &other);
     EXPECT_EQ(m_second->peerParent(), m_panel);
