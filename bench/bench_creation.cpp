@@ -57,6 +57,17 @@ struct VoxiWindow
     static void construct(Panel* panel) { new VOXI::VXButton2(panel); }
 };
 
+/// Of which each button is listened to.
+struct HeardVoxiWindow : VoxiWindow
+{
+    static void construct(Panel* panel)
+    {
+        auto* button = new VOXI::VXButton2(panel);
+        button->clicked().connect(button, [] {});
+        button->toggled().connect(button, [] {});
+    }
+};
+
 /// The same with plain Qt.
 struct QtWindow
 {
@@ -86,14 +97,23 @@ struct QtWindow
     void show() { m_window->show(); }
     static Panel* makePanel() { return new Panel; }
 
-    /// A button that behaves as the toolkit's does, and whose user hears of the same.
-    static void construct(Panel* panel)
+    /// A button that behaves as the toolkit's does.
+    static QPushButton* construct(Panel* panel)
     {
         auto* button = new QPushButton(panel);
         button->setAutoDefault(false);
         button->setFocusPolicy(Qt::StrongFocus);
         button->setBackgroundRole(QPalette::Button);
         button->setForegroundRole(QPalette::ButtonText);
+        return button;
+    }
+};
+
+struct HeardQtWindow : QtWindow
+{
+    static void construct(Panel* panel)
+    {
+        auto* button = QtWindow::construct(panel);
         QObject::connect(button, &QPushButton::clicked, button, [] {});
         QObject::connect(button, &QPushButton::toggled, button, [](bool) {});
     }
@@ -174,6 +194,8 @@ void constructButtons(benchmark::State& state)
 }
 BENCHMARK(constructButtons<VoxiWindow>)->Name("ConstructButtons/voxi")->UseManualTime();
 BENCHMARK(constructButtons<QtWindow>)->Name("ConstructButtons/qt")->UseManualTime();
+BENCHMARK(constructButtons<HeardVoxiWindow>)->Name("ConstructHeardButtons/voxi")->UseManualTime();
+BENCHMARK(constructButtons<HeardQtWindow>)->Name("ConstructHeardButtons/qt")->UseManualTime();
 BENCHMARK(constructButtons<VoxiWindow>)->Name("ConstructButtonsBare/voxi")->UseManualTime();
 BENCHMARK(constructButtons<BareQtWindow>)->Name("ConstructButtonsBare/qt")->UseManualTime();
 

@@ -65,8 +65,11 @@ public:
         return result;
     }
 
+    void becomeHeard() override { ++m_timesHeard; }
+
     RequestBinding m_binding;
     int m_size = 0;
+    int m_timesHeard = 0;
     std::string m_name;
     std::function<void()> m_onSetSize;
 };
@@ -208,6 +211,33 @@ TEST_F(EmittersTableTest, ReportsEvents)
     object.button.clicked.signal().connect(&m_listener, [&] { m_object.reset(); });
     object.button.clicked();
     EXPECT_EQ(m_listener.numberOfConnections(), 0);
+}
+
+TEST_F(EmittersTableTest, ThePeerIsToldOfTheFirstListenerOnItsThread)
+{
+    Button& object = *m_object;
+    auto peer = std::make_unique<Peer>(object);
+    EXPECT_FALSE(peer->m_binding.mayBeHeard());
+    std::thread([&] { object.button.clicked.signal().connect(&m_listener, [] {}); }).join();
+    EXPECT_EQ(peer->m_timesHeard, 0);
+    Thread::getCurrentThread()->process();
+    EXPECT_EQ(peer->m_timesHeard, 1);
+    object.thing.resized.signal().connect(&m_listener, [](int) {});
+    EXPECT_EQ(peer->m_timesHeard, 1);
+
+    Button other;
+    Peer direct(other);
+    other.thing.resized.signal().connect(&m_listener, [](int) {});
+    EXPECT_EQ(direct.m_timesHeard, 1);
+
+    Button third; // whose peer goes while the news are on their way
+    peer = std::make_unique<Peer>(third);
+    std::thread([&] { third.button.clicked.signal().connect(&m_listener, [] {}); }).join();
+    peer.reset();
+    const Peer next(third);
+    EXPECT_TRUE(next.m_binding.mayBeHeard());
+    Thread::getCurrentThread()->process();
+    EXPECT_EQ(next.m_timesHeard, 0) << "it can see for itself";
 }
 
 TEST_F(EmittersTableTest, ASecondPeerTakesOver)

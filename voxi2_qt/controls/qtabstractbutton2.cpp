@@ -129,6 +129,12 @@ Size<int> QtAbstractButton2::doGetIconSize()
     return Qt2VX(button()->iconSize());
 }
 
+void QtAbstractButton2::connectSignals()
+{
+    QObject::connect(button(), SIGNAL(clicked()), button(), SLOT(slotClicked()));
+    QObject::connect(button(), SIGNAL(toggled(bool)), button(), SLOT(slotToggled(bool)));
+}
+
 void QtAbstractButton2::reportClick()
 {
     report(m_emitters->clicked, abstractObject<VXAbstractButton2>());

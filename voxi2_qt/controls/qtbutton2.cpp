@@ -1,7 +1,5 @@
 #include "voxi2_qt/controls/qtbutton2.h"
 
-#include "voxi2_qt/kernel/qtslotconnection.h"
-
 namespace VOXI {
 
 namespace {
@@ -28,11 +26,6 @@ QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* pa
     setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Button);
     setForegroundRole(QPalette::ButtonText);
-    static const QtSlotConnection click(&QPushButton::clicked, staticMetaObject, "slotClicked()");
-    static const QtSlotConnection toggle(&QPushButton::toggled, staticMetaObject,
-                                         "slotToggled(bool)");
-    click.connect(this);
-    toggle.connect(this);
 }
 
 void QtButton2::doSetDefault(bool isDefault)

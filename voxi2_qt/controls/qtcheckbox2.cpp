@@ -16,8 +16,6 @@ QtCheckBox2::QtCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, QWi
     // It lies on what is written on, not on the window.
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::WindowText);
-    QObject::connect(this, &QCheckBox::clicked, this, &QtCheckBox2::slotClicked);
-    QObject::connect(this, &QCheckBox::toggled, this, &QtCheckBox2::slotToggled);
 }
 
 void QtCheckBox2::slotClicked()

@@ -17,8 +17,6 @@ QtRadioButton2::QtRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* e
     // It lies on what is written on, not on the window.
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::WindowText);
-    QObject::connect(this, &QRadioButton::clicked, this, &QtRadioButton2::slotClicked);
-    QObject::connect(this, &QRadioButton::toggled, this, &QtRadioButton2::slotToggled);
 }
 
 void QtRadioButton2::slotClicked()

@@ -37,8 +37,6 @@ QtToolButton2::QtToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitt
     enableEventBroadcasting();
     setPopupMode(QToolButton::InstantPopup);
     bindRequests(emitters, Requests::s_table);
-    QObject::connect(this, &QToolButton::clicked, this, &QtToolButton2::slotClicked);
-    QObject::connect(this, &QToolButton::toggled, this, &QtToolButton2::slotToggled);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 

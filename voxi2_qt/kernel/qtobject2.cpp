@@ -53,7 +53,17 @@ void QtObject2::endPeer()
 
 void QtObject2::vxMessageNotify(VXMessageType, QtMessage*) {}
 
-void QtObject2::init() {}
+void QtObject2::init()
+{
+    if (mayBeHeard())
+        becomeHeard();
+}
+
+void QtObject2::becomeHeard()
+{
+    if (!std::exchange(m_isConnected, true))
+        connectSignals();
+}
 
 // Requests ----------------------------------------------------------------------------------------
 

@@ -243,22 +243,57 @@ void Binding::removeTable(TableHead* base) noexcept
 
 TableSite* Binding::siteOf(const EmitterBase* emitter, bool isRequest)
 {
-    std::lock_guard lock(s_bindingLock);
-    TableSites* sites = m_sites.load(std::memory_order_acquire);
-    if (!sites) {
-        sites = new TableSites;
-        m_sites.store(sites, std::memory_order_release);
+    TableSite* site = nullptr;
+    bool isFirst = false;
+    {
+        std::lock_guard lock(s_bindingLock);
+        TableSites* sites = m_sites.load(std::memory_order_acquire);
+        isFirst = !sites;
+        if (isFirst) {
+            sites = new TableSites;
+            m_sites.store(sites, std::memory_order_release);
+        }
+        site = sites->find(emitter);
+        if (!site) {
+            site = new TableSite;
+            site->m_emitter = emitter;
+            site->m_next = sites->m_first.load(std::memory_order_relaxed);
+            sites->m_first.store(site, std::memory_order_release);
+        }
+        if (isRequest)
+            stopDirectCalls(*this);
     }
-    TableSite* site = sites->find(emitter);
-    if (!site) {
-        site = new TableSite;
-        site->m_emitter = emitter;
-        site->m_next = sites->m_first.load(std::memory_order_relaxed);
-        sites->m_first.store(site, std::memory_order_release);
-    }
-    if (isRequest)
-        stopDirectCalls(*this);
+    if (isFirst)
+        announceListeners();
     return site;
+}
+
+void Binding::announceListeners()
+{
+    struct Announcement
+    {
+        Binding* m_binding;
+        std::uint32_t m_generation;
+        void deliver()
+        {
+            Listener* peer = m_binding->m_peer.load(std::memory_order_acquire);
+            if (m_binding->serves(m_generation))
+                peer->becomeHeard();
+        }
+    };
+    Announcement announcement{this, 0};
+    ThreadRef thread;
+    {
+        std::lock_guard lock(s_bindingLock);
+        thread = ThreadRef(servingThread());
+        announcement.m_generation = m_generation.load(std::memory_order_acquire);
+    }
+    if (!thread)
+        return;
+    if (thread.get() == Thread::getCurrentThread())
+        announcement.deliver();
+    else
+        thread->enqueue(announcement);
 }
 
 void Binding::cut(std::uint32_t generation, const EmitterBase* emitter)

@@ -15,6 +15,7 @@
 #include <QToolButton>
 
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace VOXI {
 namespace {
@@ -57,6 +58,21 @@ TYPED_TEST(Buttons, showTheirLabel)
     EXPECT_EQ(this->m_qt.text(), QStringLiteral(u"\u0394 step"));
     EXPECT_EQ(this->m_button.label(), "? step");
     EXPECT_EQ(this->m_button.labelU(), L"\u0394 step");
+}
+
+TYPED_TEST(Buttons, areHeardByOneWhoComesLateAndFromAnotherThread)
+{
+    auto* late = new typename TestFixture::Button(&this->m_window);
+    TROV::Listener listener;
+    int clicks = 0;
+    TROV::Thread* const here = TROV::Thread::getCurrentThread();
+    std::thread([&] {
+        late->clicked().connect(
+            &listener, [&](const VXButtonClickEvent2&) { ++clicks; }, here);
+    }).join();
+    turn();
+    QTest::mouseClick(qt(*late), Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
 }
 
 TYPED_TEST(Buttons, giveBackTheIconLastSet)

@@ -92,6 +92,7 @@ struct TROV_EXPORT Binding
 
     /// Where the emitter's listeners are kept; makes the place when there is none. Of a request it
     /// ends the direct calls, which would pass the listeners by.
+    /// The first one of all is announced to the peer.
     TableSite* siteOf(const EmitterBase* emitter, bool isRequest);
 
     /// Cuts the peer of that generation from one request.
@@ -101,6 +102,9 @@ struct TROV_EXPORT Binding
     void removeTable(TableHead* base) noexcept;
 
 private:
+    /// Tells the peer that it is heard from now on.
+    void announceListeners();
+
     bool isCut(std::uint32_t generation, const EmitterBase* emitter) const noexcept;
 };
 

@@ -5,6 +5,10 @@
 
 namespace TROV {
 
+namespace detail {
+struct Binding;
+}
+
 /// Owns the connections that call it, or that live as long as it does.
 ///
 /// A connection is cut when its listener is destroyed. On the thread that a connection delivers on,
@@ -25,8 +29,16 @@ public:
     /// How many connections there are at the moment.
     int numberOfConnections() const;
 
+protected:
+    /// Of one that serves an object's requests: called when somebody listens to an emitter of that
+    /// object for the first time, on the serving thread, so that only then what is worth hearing is
+    /// looked after. Who listened before the service began is not told of: see
+    /// `RequestBinding::mayBeHeard`. May come more than once.
+    virtual void becomeHeard() {}
+
 private:
     friend class Connection;
+    friend struct detail::Binding;
     Connection* m_first = nullptr; // guarded by the global connection lock
 };
 

@@ -38,6 +38,9 @@ protected:
     /// The Qt button that this peer is.
     QAbstractButton* button() const noexcept;
 
+    /// Connects clicked and toggled with the slots of that name that every kind of button has.
+    void connectSignals() override;
+
     void reportClick();
     void reportToggle(bool checked);
 

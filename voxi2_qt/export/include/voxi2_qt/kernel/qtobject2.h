@@ -35,7 +35,7 @@ public:
 
     virtual void vxMessageNotify(VXMessageType type, QtMessage* message);
 
-    /// Called by the factory once the peer is whole.
+    /// Called by the factory once the peer is whole; an override calls this one.
     virtual void init();
 
     // Requests of the abstract object
@@ -96,17 +96,25 @@ protected:
         return static_cast<Object*>(m_object);
     }
 
+    /// Called once, when somebody listens to the abstract object for the first time: the place for
+    /// the connections of Qt signals that are reported. Most widgets are never listened to, and
+    /// each connection costs them as much as a layout item.
+    virtual void connectSignals() {}
+
     /// What the destructor of every class that joins a peer base and a Qt class begins with.
     void endPeer();
 
     /// How the Qt object is deleted later: together with its parent where that goes too.
     void deferDelete() override;
 
+    void becomeHeard() override;
+
 private:
     void addObject();
     void removeObject();
 
-    bool m_isRegistered = false; // both in the room that the base leaves
+    bool m_isRegistered = false; // the first three in the room that the base leaves
+    bool m_isConnected = false;
     unsigned m_uid;
     VXObject2* m_object;
     TROV::RequestBinding m_requests;
