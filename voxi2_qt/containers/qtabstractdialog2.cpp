@@ -163,9 +163,12 @@ int QtAbstractDialog2::doExec()
     showAs(Qt::ApplicationModal);
     if (!execution.m_isOver)
         execution.m_loop.exec(QEventLoop::DialogExec);
-    // When the program quits, all its loops end.
-    if (self && m_execution == &execution) {
-        m_execution = nullptr;
+    if (!self)
+        return execution.m_result;
+    if (isDeletionScheduled()) {
+        asQDialog()->hide(); // it would block the other windows until it is deleted
+    } else if (m_execution == &execution) {
+        m_execution = nullptr; // the program quits, and all its loops have ended
         doHide();
     }
     return execution.m_result;
