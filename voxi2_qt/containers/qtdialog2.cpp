@@ -73,7 +73,7 @@ void QtDialog2::keyPressEvent(QKeyEvent* event)
     // Who has gone to a button with the keyboard means that one, not the default.
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     auto* const focused = qobject_cast<QPushButton*>(focusWidget());
-    if (isReturn && focused && focused->hasFocus())
+    if (isReturn && focused)
         focused->click();
     else
         QDialog::keyPressEvent(event);

@@ -46,6 +46,7 @@ struct MessageText : std::wstring
     MessageText(const std::string& text) : std::wstring(wideFromNarrow(text)) {}
     MessageText(const char* text) : std::wstring(wideFromNarrow(text)) {}
     MessageText(std::u16string_view text) : std::wstring(wideFromUtf16(text)) {}
+    MessageText(const char16_t* text) : std::wstring(wideFromUtf16(text)) {}
 };
 
 /// Tells the user something, or asks.
