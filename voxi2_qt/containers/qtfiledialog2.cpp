@@ -96,6 +96,7 @@ void QtFileDialog2::doSetMode(FileDialogMode mode)
     else
         setFileMode(mode == FileDialogMode::OpenFiles ? ExistingFiles : ExistingFile);
     setOption(ShowDirsOnly, directory);
+    applySuffix();
 }
 
 void QtFileDialog2::doSetDirectory(const Path& directory)
@@ -124,7 +125,10 @@ void QtFileDialog2::doSetSelectedFilter(int index)
 
 void QtFileDialog2::doSetDefaultSuffix(const std::wstring& suffix)
 {
-    setDefaultSuffix(toQString(suffix));
+    m_suffix = toQString(suffix);
+    if (m_suffix.startsWith(u'.'))
+        m_suffix.remove(0, 1);
+    applySuffix();
 }
 
 void QtFileDialog2::doSetConfirmOverwrite(bool confirm)
@@ -141,8 +145,7 @@ void QtFileDialog2::doSelectFile(const Path& file)
         setDirectory(info.absolutePath());
     selectFile(info.fileName());
     // Qt leaves alone what the user may be typing.
-    auto* const edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (edit && isVisible())
+    if (QLineEdit* edit = nameEdit(); edit && isVisible())
         edit->setText(info.fileName());
 }
 
@@ -168,7 +171,7 @@ int QtFileDialog2::doGetSelectedFilter()
 
 std::wstring QtFileDialog2::doGetDefaultSuffix()
 {
-    return toStdWString(defaultSuffix());
+    return toStdWString(m_suffix);
 }
 
 bool QtFileDialog2::doConfirmsOverwrite()
@@ -185,6 +188,33 @@ std::vector<QtFileDialog2::Path> QtFileDialog2::doGetSelectedFiles()
 }
 
 // The end -----------------------------------------------------------------------------------------
+
+/// Where the user types.
+QLineEdit* QtFileDialog2::nameEdit() const
+{
+    return findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+void QtFileDialog2::applySuffix()
+{
+    // Qt would give it to directories, too.
+    setDefaultSuffix(m_mode == FileDialogMode::SaveFile ? m_suffix : QString());
+}
+
+/// Whether the user has typed the name of a directory; then the dialog goes there. Qt would see a
+/// name without a suffix.
+bool QtFileDialog2::enterTypedDirectory()
+{
+    QLineEdit* const edit = nameEdit();
+    if (m_mode != FileDialogMode::SaveFile || !edit || edit->text().isEmpty())
+        return false;
+    const QString name = directory().absoluteFilePath(edit->text());
+    if (!QFileInfo(name).isDir())
+        return false;
+    setDirectory(name);
+    edit->clear();
+    return true;
+}
 
 QStringList QtFileDialog2::chosenFiles() const
 {
@@ -211,7 +241,7 @@ QString QtFileDialog2::missingFile() const
 
 void QtFileDialog2::accept()
 {
-    if (m_question)
+    if (m_question || enterTypedDirectory())
         return;
     if (const QString missing = missingFile(); !missing.isNull()) {
         ask(QMessageBox::Ok, tr("%1 does not exist.\nPlease check the name.").arg(missing));

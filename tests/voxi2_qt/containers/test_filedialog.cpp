@@ -45,6 +45,7 @@ protected:
     static void enter(QWidget* dialog, const QString& name)
     {
         auto* const edit = dialog->findChild<QLineEdit*>();
+        EXPECT_TRUE(waitFor([&] { return edit->hasFocus(); }));
         edit->setText(name);
         QTest::keyClick(edit, Qt::Key_Return);
     }
@@ -73,7 +74,8 @@ protected:
     Watchdog m_watchdog{std::chrono::seconds(50),
                         testing::UnitTest::GetInstance()->current_test_info()->name()};
     QTemporaryDir m_temporary;
-    const Path m_directory = Path(m_temporary.path().toStdString()) / "d\xc3\xa9j\xc3\xa0 \xe2\x82\xac";
+    const Path m_directory =
+        Path(m_temporary.path().toStdString()) / "d\xc3\xa9j\xc3\xa0 \xe2\x82\xac";
     const bool m_made = std::filesystem::create_directory(m_directory);
     VXWindow2* m_window = new VXWindow2;
     VXFileDialog2* m_dialog = new VXFileDialog2(m_window);
@@ -169,10 +171,8 @@ TEST_F(FileDialog, theUserChooses)
     enter("sub");
     EXPECT_TRUE(m_dialog->isVisible()) << "it goes there";
     EXPECT_EQ(m_dialog->directory(), m_directory / "sub");
-    m_dialog->hide();
     m_dialog->setDirectory(m_directory);
     m_dialog->setMode(FileDialogMode::Directory);
-    m_dialog->open();
     enter("sub");
     EXPECT_TRUE(takeChosen({m_directory / "sub"}));
 

@@ -8,6 +8,10 @@
 #include <QMessageBox>
 #include <QPointer>
 
+QT_BEGIN_NAMESPACE
+class QLineEdit;
+QT_END_NAMESPACE
+
 namespace VOXI {
 
 /// The peer of the file dialog: always Qt's own dialog, never the desktop's, so that it is a widget
@@ -51,6 +55,9 @@ protected:
     void deferDelete() override;
 
 private:
+    QLineEdit* nameEdit() const;
+    void applySuffix();
+    bool enterTypedDirectory();
     QStringList chosenFiles() const;
     QString missingFile() const;
     void ask(QMessageBox::StandardButtons buttons, const QString& text);
@@ -58,6 +65,7 @@ private:
     VXFileDialog2Emitters* m_emitters;
     FileDialogMode m_mode = FileDialogMode::OpenFile;
     std::vector<FileFilter> m_filters; // Qt's own are no longer what was set
+    QString m_suffix;
     QPointer<QMessageBox> m_question;
     bool m_confirmOverwrite = true;
 };
