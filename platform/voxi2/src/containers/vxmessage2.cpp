@@ -8,6 +8,7 @@
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxhandle.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace VOXI {
@@ -56,30 +57,77 @@ const Sign& signOf(MessageKind kind)
     return signs[index < std::size(signs) ? index : 0];
 }
 
-void addSign(VXPanel2* parent, VXBoxLayout2* row, const Sign& sign)
+/// A box that is filled by its layout, without margins.
+struct Box
+{
+    explicit Box(VXObject2* parent, Direction direction = Direction::LeftToRight)
+        : m_panel(new VXPanel2(parent)),
+          m_layout(new VXBoxLayout2(m_panel, direction))
+    {
+        m_layout->setMargins({0, 0, 0, 0});
+    }
+
+    VXPanel2* m_panel;
+    VXBoxLayout2* m_layout;
+};
+
+void addSign(const Box& row, const Sign& sign)
 {
     constexpr int Side = 40;
     if (!*sign.m_sign)
         return;
-    auto* const text = new VXText2(parent);
+    const Box square(row.m_panel);
+    square.m_panel->setFixedSize({Side, Side});
+    square.m_panel->setColor(ColorRole::Background, sign.m_color);
+    auto* const text = new VXText2(square.m_panel);
     // As a wide text: the process's encoding may be either.
     text->setText(std::wstring(1, wchar_t(static_cast<unsigned char>(*sign.m_sign))));
     text->setFont(VXFont(std::string(), 22, VXFont::Bold));
     text->setAlignment(AlignmentFlag::Center);
-    text->setFixedSize({Side, Side});
-    text->setColor(ColorRole::Background, sign.m_color);
     text->setColor(ColorRole::Foreground, Color(255, 255, 255));
-    row->addWidget(text, 0, AlignmentFlag::Top);
+    square.m_layout->addWidget(text);
+    row.m_layout->addWidget(square.m_panel, 0, AlignmentFlag::Top);
 }
 
-VXText2* addText(VXPanel2* parent, VXBoxLayout2* column, const std::wstring& text)
+void addText(const Box& column, const std::wstring& text, const char* name)
 {
-    auto* const result = new VXText2(parent);
+    // Short lines stay as they are; long ones are broken.
+    constexpr std::size_t LongLine = 70;
+    constexpr int Width = 420;
+    std::size_t longest = 0;
+    for (std::size_t start = 0; start <= text.size();) {
+        const std::size_t end = std::min(text.find(L'\n', start), text.size());
+        longest = std::max(longest, end - start);
+        start = end + 1;
+    }
+    auto* const result = new VXText2(column.m_panel);
+    result->setObjectName(name);
     result->setText(text);
-    result->setWordWrap(true);
     result->setSelectable(true);
-    column->addWidget(result);
-    return result;
+    if (longest > LongLine) {
+        result->setWordWrap(true);
+        result->setMinimumSize({Width, -1});
+    }
+    column.m_layout->addWidget(result);
+}
+
+/// Gives the dialog a button for each answer; returns the one of `wanted`, or else the first.
+VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
+                      MessageAnswer wanted)
+{
+    row.m_layout->insertSpacer(-1, 0, 1);
+    VXButton2* chosen = nullptr;
+    for (const Answer& each : s_answers) {
+        if (!answers.testFlag(each.m_answer))
+            continue;
+        auto* const button = new VXButton2(row.m_panel);
+        button->setLabel(each.m_label);
+        dialog->setButtonResult(button, static_cast<int>(each.m_answer));
+        row.m_layout->addWidget(button);
+        if (!chosen || each.m_answer == wanted)
+            chosen = button;
+    }
+    return chosen;
 }
 
 /// A question that waits for its answer; its end is an answer as well.
@@ -145,50 +193,33 @@ MessageAnswer VXMessage2::answerOfEscape() const
 
 VXDialog2* VXMessage2::build(VXObject2* parent) const
 {
+    constexpr int Gap = 14;
     const Sign& sign = signOf(kind);
     auto* const dialog = new VXDialog2(parent);
     dialog->setTitle(title.empty() ? MessageText(sign.m_title) : title);
     auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
-    rows->setSpacing(14);
+    rows->setSpacing(Gap);
 
-    auto* const message = new VXPanel2(dialog);
-    auto* const messageRow = new VXBoxLayout2(message);
-    messageRow->setMargins({0, 0, 0, 0});
-    messageRow->setSpacing(14);
-    addSign(message, messageRow, sign);
-    auto* const texts = new VXPanel2(message);
-    auto* const textColumn = new VXBoxLayout2(texts, Direction::TopToBottom);
-    textColumn->setMargins({0, 0, 0, 0});
-    addText(texts, textColumn, text)->setObjectName("text");
+    const Box message(dialog);
+    message.m_layout->setSpacing(Gap);
+    addSign(message, sign);
+    const Box texts(message.m_panel, Direction::TopToBottom);
+    addText(texts, text, "text");
     if (!details.empty())
-        addText(texts, textColumn, details)->setObjectName("details");
-    messageRow->addWidget(texts, 1, AlignmentFlag::VCenter);
-    rows->addWidget(message, 1);
+        addText(texts, details, "details");
+    message.m_layout->addWidget(texts.m_panel, 1, AlignmentFlag::VCenter);
+    rows->addWidget(message.m_panel, 1);
 
-    auto* const buttons = new VXPanel2(dialog);
-    auto* const buttonRow = new VXBoxLayout2(buttons);
-    buttonRow->setMargins({0, 0, 0, 0});
-    buttonRow->insertSpacer(-1, 0, 1);
-    const VXFlags<MessageAnswer> choice = offered();
-    VXButton2* first = nullptr;
-    for (const Answer& each : s_answers) {
-        if (!choice.testFlag(each.m_answer))
-            continue;
-        auto* const button = new VXButton2(buttons);
-        button->setLabel(each.m_label);
-        dialog->setButtonResult(button, static_cast<int>(each.m_answer));
-        buttonRow->addWidget(button);
-        if (!first || each.m_answer == defaultAnswer)
-            first = button;
-    }
-    rows->addWidget(buttons);
+    const Box buttons(dialog);
+    VXButton2* const chosen = addButtons(dialog, buttons, offered(), defaultAnswer);
+    rows->addWidget(buttons.m_panel);
     if (answerOfEscape() == MessageAnswer::None) {
         dialog->closing().connect(
             dialog, [](const VXCloseEvent2& event) { event.refuse(); },
             VXFactory2::current()->getBridge()->thread());
     }
-    dialog->setDefaultButton(first);
-    first->setFocus();
+    dialog->setDefaultButton(chosen);
+    chosen->setFocus();
     return dialog;
 }
 
