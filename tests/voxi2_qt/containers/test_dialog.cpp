@@ -144,7 +144,13 @@ TEST_F(Dialog, endedByTheUserIsReported)
     end([&] { click(m_other); }, -1);
 
     m_dialog->unsetButtonResult(m_other);
-    m_dialog->setButtonResult(nullptr, 3);
+    auto* const gone = new VXButton2;
+    gone->destroy();
+    for (VXButton2* nobody : {gone, static_cast<VXButton2*>(nullptr)}) {
+        m_dialog->setButtonResult(nobody, 3);
+        m_dialog->unsetButtonResult(nobody);
+        m_dialog->setDefaultButton(nobody);
+    }
     m_dialog->open();
     click(m_other);
     EXPECT_TRUE(m_dialog->isVisible());

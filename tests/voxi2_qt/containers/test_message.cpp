@@ -169,7 +169,7 @@ TEST_F(Message, withoutABackEndIsAnsweredAtOnce)
     EXPECT_EQ(VXMessage2::ask(nullptr, "?"), A::No);
     A answered = A::None;
     VXMessage2{.text = "?", .answers = A::Retry | A::Cancel}.open(nullptr,
-                                                                 [&](A a) { answered = a; });
+                                                                  [&](A a) { answered = a; });
     EXPECT_EQ(answered, A::Cancel);
     VXFactory2::registerFactory(key, factory);
     EXPECT_EQ(VXFactory2::current(), factory);
