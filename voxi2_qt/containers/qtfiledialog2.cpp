@@ -302,7 +302,7 @@ void QtFileDialog2::deferDelete()
             continue;
         isRunning = true;
         connect(each, &QObject::destroyed, this, &QObject::deleteLater);
-        each->close();
+        each->hide(); // which ends its loop
     }
     if (!isRunning) {
         QtDialog2Shim::deferDelete();
