@@ -22,8 +22,8 @@ struct FileFilter
 {
     /// For the user; the dialog adds the patterns to it.
     std::wstring name;
-    /// With the wild cards `*` and `?`, in UTF-8; upper and lower case are the same. None at all
-    /// stands for all files.
+    /// With the wild cards `*` and `?`, in UTF-8; upper and lower case are the same. A character
+    /// that is no plain letter, digit or sign counts as `?`. None at all stands for all files.
     std::vector<std::string> patterns;
 
     friend bool operator==(const FileFilter&, const FileFilter&) = default;
@@ -72,7 +72,7 @@ public:
     ~VXFileDialog2() override;
 
     // Ask, and wait for the answer as `exec` does; empty when the user cancels, or without a back
-    // end. An empty directory stands for the current one.
+    // end. An empty directory stands for the one that the user was in last.
 
     static Path openFile(VXObject2* parent, const std::wstring& title, const Path& directory = {},
                          const std::vector<FileFilter>& filters = {});

@@ -11,6 +11,7 @@
 
 namespace VOXI {
 
+class VXDialog2;
 class VXObject2;
 
 /// What the user may answer to a message.
@@ -107,7 +108,7 @@ struct VOXI2_EXPORT VXMessage2
 
 private:
     VXFlags<MessageAnswer> offered() const;
-    class VXDialog2* build(VXObject2* parent) const;
+    VXDialog2* build(VXObject2* parent) const;
 };
 
 } // namespace VOXI
