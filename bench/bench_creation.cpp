@@ -123,6 +123,7 @@ template <class Window, bool IsPainted>
 void createButtons(benchmark::State& state)
 {
     const std::int64_t perPanel = state.range(0);
+    bench::settle(); // other benches may have left deletions behind
     const std::size_t before = bench::heapInUse();
     auto window = makeWindow<Window>(perPanel, IsPainted);
     if (!IsPainted) {

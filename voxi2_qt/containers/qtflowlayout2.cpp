@@ -21,8 +21,10 @@ constexpr int Unset = -1;
 class Pass
 {
 public:
-    Pass(const QLayout& layout, const QRect& rect, Qt::Orientation orientation, bool testOnly)
+    Pass(const QLayout& layout, const QList<QLayoutItem*>& items, const QRect& rect,
+         Qt::Orientation orientation, bool testOnly)
         : m_layout(layout),
+          m_items(items),
           m_isVertical(orientation == Qt::Vertical),
           m_testOnly(testOnly),
           m_first(m_isVertical ? rect.top() : rect.left()),
@@ -73,6 +75,7 @@ private:
     }
 
     const QLayout& m_layout;
+    const QList<QLayoutItem*>& m_items;
     const bool m_isVertical;
     const bool m_testOnly;
     const int m_first;
@@ -88,7 +91,8 @@ private:
 QSize Pass::forward()
 {
     int along = m_first;
-    for (int i = 0; QLayoutItem* item = m_layout.itemAt(i); ++i) {
+    for (qsizetype i = 0; i < m_items.size(); ++i) {
+        QLayoutItem* item = m_items[i];
         const QSize size = hint(*item);
         int next = along + size.width() + spacing();
         // A line does not break before something deep stands in it.
@@ -109,7 +113,8 @@ QSize Pass::forward()
 QSize Pass::backward()
 {
     int along = Unset;
-    for (int i = 0; QLayoutItem* item = m_layout.itemAt(i); ++i) {
+    for (qsizetype i = 0; i < m_items.size(); ++i) {
+        QLayoutItem* item = m_items[i];
         const QSize size = hint(*item);
         if (along == Unset)
             along = m_last - size.width() - spacing();
@@ -221,22 +226,22 @@ QSize QtFlowLayout2::doLayout(const QRect& rect, bool testOnly) const
 
 QSize QtFlowLayout2::doLeftToRightLayout(const QRect& rect, bool testOnly) const
 {
-    return Pass(*this, rect, Qt::Horizontal, testOnly).forward();
+    return Pass(*this, m_items, rect, Qt::Horizontal, testOnly).forward();
 }
 
 QSize QtFlowLayout2::doRightToLeftLayout(const QRect& rect, bool testOnly) const
 {
-    return Pass(*this, rect, Qt::Horizontal, testOnly).backward();
+    return Pass(*this, m_items, rect, Qt::Horizontal, testOnly).backward();
 }
 
 QSize QtFlowLayout2::doTopToBottomLayout(const QRect& rect, bool testOnly) const
 {
-    return Pass(*this, rect, Qt::Vertical, testOnly).forward();
+    return Pass(*this, m_items, rect, Qt::Vertical, testOnly).forward();
 }
 
 QSize QtFlowLayout2::doBottomToTopLayout(const QRect& rect, bool testOnly) const
 {
-    return Pass(*this, rect, Qt::Vertical, testOnly).backward();
+    return Pass(*this, m_items, rect, Qt::Vertical, testOnly).backward();
 }
 
 } // namespace VOXI

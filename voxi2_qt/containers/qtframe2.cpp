@@ -11,13 +11,17 @@ namespace {
 using E = VXFrame2Emitters;
 using P = QtFrame2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::getShadow, &P::doGetShadow>(), TROV::row<&E::getShape, &P::doGetShape>(),
+    TROV::row<&E::getShadow, &P::doGetShadow>(),
+    TROV::row<&E::getShape, &P::doGetShape>(),
     TROV::row<&E::getLineWidth, &P::doGetLineWidth>(),
     TROV::row<&E::getPaintCallback, &P::doGetPaintCallback>(),
-    TROV::row<&E::setShadow, &P::doSetShadow>(), TROV::row<&E::setShape, &P::doSetShape>(),
+    TROV::row<&E::setShadow, &P::doSetShadow>(),
+    TROV::row<&E::setShape, &P::doSetShape>(),
     TROV::row<&E::setLineWidth, &P::doSetLineWidth>(),
     TROV::row<&E::setPaintCallback, &P::doSetPaintCallback>());
+// clang-format on
 
 } // namespace
 

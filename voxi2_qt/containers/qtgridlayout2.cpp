@@ -12,14 +12,16 @@ namespace {
 using E = VXGridLayout2Emitters;
 using P = QtGridLayout2;
 
-const auto s_requests =
-    TROV::operations<E>(TROV::row<&E::gridAddWidget, &P::doGridAddWidget>(),
-                        TROV::row<&E::gridAddSpacer, &P::doGridAddSpacer>(),
-                        TROV::row<&E::setRowStretch, &P::doSetRowStretch>(),
-                        TROV::row<&E::setColStretch, &P::doSetColStretch>(),
-                        TROV::row<&E::setStretchFactors, &P::doSetStretchFactors>(),
-                        TROV::row<&E::getRowStretch, &P::doGetRowStretch>(),
-                        TROV::row<&E::getColStretch, &P::doGetColStretch>());
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::gridAddWidget, &P::doGridAddWidget>(),
+    TROV::row<&E::gridAddSpacer, &P::doGridAddSpacer>(),
+    TROV::row<&E::setRowStretch, &P::doSetRowStretch>(),
+    TROV::row<&E::setColStretch, &P::doSetColStretch>(),
+    TROV::row<&E::setStretchFactors, &P::doSetStretchFactors>(),
+    TROV::row<&E::getRowStretch, &P::doGetRowStretch>(),
+    TROV::row<&E::getColStretch, &P::doGetColStretch>());
+// clang-format on
 
 // Qt keeps something for each line up to the last, and does not check their numbers.
 constexpr int MaxLines = 1'000'000;

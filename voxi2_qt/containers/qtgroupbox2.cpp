@@ -9,10 +9,15 @@ namespace {
 using E = VXGroupBox2Emitters;
 using P = QtGroupBox2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setTitle, &P::doSetTitle>(), TROV::row<&E::setFlat, &P::doSetFlat>(),
-    TROV::row<&E::getTitle, &P::doGetTitle>(), TROV::row<&E::isFlat, &P::doIsFlat>(),
-    TROV::row<&E::setTitleU, &P::doSetTitleU>(), TROV::row<&E::getTitleU, &P::doGetTitleU>());
+    TROV::row<&E::setTitle, &P::doSetTitle>(),
+    TROV::row<&E::setFlat, &P::doSetFlat>(),
+    TROV::row<&E::getTitle, &P::doGetTitle>(),
+    TROV::row<&E::isFlat, &P::doIsFlat>(),
+    TROV::row<&E::setTitleU, &P::doSetTitleU>(),
+    TROV::row<&E::getTitleU, &P::doGetTitleU>());
+// clang-format on
 
 } // namespace
 

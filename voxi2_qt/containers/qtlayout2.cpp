@@ -88,7 +88,9 @@ void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
         if (!prepareFor(child))
             return;
         layout()->addWidget(child);
-        layout()->setAlignment(child, VX2Qt(alignment));
+        // Asking the layout for the widget's item would look through all those before it.
+        if (QLayoutItem* item = layout()->itemAt(layout()->count() - 1))
+            item->setAlignment(VX2Qt(alignment));
         layout()->invalidate();
     });
 }

@@ -13,14 +13,16 @@ namespace {
 using E = VXScrollView2Emitters;
 using P = QtScrollView2;
 
-const auto s_requests =
-    TROV::operations<E>(TROV::row<&E::setWidget, &P::doSetWidget>(),
-                        TROV::row<&E::setWidgetResizable, &P::doSetWidgetResizable>(),
-                        TROV::row<&E::ensurePointVisible, &P::doEnsurePointVisible>(),
-                        TROV::row<&E::ensureWidgetVisible, &P::doEnsureWidgetVisible>(),
-                        TROV::row<&E::getWidget, &P::doGetWidget>(),
-                        TROV::row<&E::isWidgetResizable, &P::doIsWidgetResizable>(),
-                        TROV::row<&E::scrollBy, &P::doScrollBy>());
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setWidget, &P::doSetWidget>(),
+    TROV::row<&E::setWidgetResizable, &P::doSetWidgetResizable>(),
+    TROV::row<&E::ensurePointVisible, &P::doEnsurePointVisible>(),
+    TROV::row<&E::ensureWidgetVisible, &P::doEnsureWidgetVisible>(),
+    TROV::row<&E::getWidget, &P::doGetWidget>(),
+    TROV::row<&E::isWidgetResizable, &P::doIsWidgetResizable>(),
+    TROV::row<&E::scrollBy, &P::doScrollBy>());
+// clang-format on
 
 void moveBy(QScrollBar& bar, int distance)
 {

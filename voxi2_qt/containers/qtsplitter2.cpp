@@ -10,17 +10,22 @@ namespace {
 using E = VXSplitter2Emitters;
 using P = QtSplitter2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::addWidget, &P::doAddWidget>(), TROV::row<&E::insertWidget, &P::doInsertWidget>(),
+    TROV::row<&E::addWidget, &P::doAddWidget>(),
+    TROV::row<&E::insertWidget, &P::doInsertWidget>(),
     TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
-    TROV::row<&E::getWidgetIndex, &P::doGetWidgetIndex>(), TROV::row<&E::count, &P::doCount>(),
+    TROV::row<&E::getWidgetIndex, &P::doGetWidgetIndex>(),
+    TROV::row<&E::count, &P::doCount>(),
     TROV::row<&E::setCollapsible, &P::doSetCollapsible>(),
     TROV::row<&E::isCollapsible, &P::doIsCollapsible>(),
     TROV::row<&E::setHandleWidth, &P::doSetHandleWidth>(),
     TROV::row<&E::getHandleWidth, &P::doGetHandleWidth>(),
     TROV::row<&E::setOrientation, &P::doSetOrientation>(),
     TROV::row<&E::getOrientation, &P::doGetOrientation>(),
-    TROV::row<&E::setSizes, &P::doSetSizes>(), TROV::row<&E::getSizes, &P::doGetSizes>());
+    TROV::row<&E::setSizes, &P::doSetSizes>(),
+    TROV::row<&E::getSizes, &P::doGetSizes>());
+// clang-format on
 
 constexpr int FirstHandleWidth = 6;
 

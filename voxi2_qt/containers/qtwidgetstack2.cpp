@@ -9,13 +9,17 @@ namespace {
 using E = VXWidgetStack2Emitters;
 using P = QtWidgetStack2;
 
+// clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::addWidget, &P::doAddWidget>(), TROV::row<&E::raiseWidget, &P::doRaiseWidget>(),
+    TROV::row<&E::addWidget, &P::doAddWidget>(),
+    TROV::row<&E::raiseWidget, &P::doRaiseWidget>(),
     TROV::row<&E::raiseWidgetWithID, &P::doRaiseWidgetWithID>(),
     TROV::row<&E::removeWidget, &P::doRemoveWidget>(),
     TROV::row<&E::getCurrentWidget, &P::doGetCurrentWidget>(),
     TROV::row<&E::getCurrentID, &P::doGetCurrentID>(),
-    TROV::row<&E::getWidgetID, &P::doGetWidgetID>(), TROV::row<&E::count, &P::doCount>());
+    TROV::row<&E::getWidgetID, &P::doGetWidgetID>(),
+    TROV::row<&E::count, &P::doCount>());
+// clang-format on
 
 } // namespace
 

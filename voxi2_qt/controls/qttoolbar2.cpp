@@ -236,7 +236,7 @@ bool QtToolBar2::event(QEvent* event)
         m_layoutFixPending = true;
         QTimer::singleShot(LayoutFixDelay, this, &QtToolBar2::slotFixLayout);
     }
-    return QToolBar::event(event);
+    return QtWidget2Shim::event(event);
 }
 
 /// Qt's layout does not notice that a child has left; it computes anew for every new size.

@@ -162,9 +162,8 @@ static_assert(std::size(s_senders) == WidgetEventCount);
 
 } // namespace
 
-QtEventFilter2::QtEventFilter2(QtWidget2& peer, QWidget* widget, QAbstractScrollArea* area)
-    : QObject(widget),
-      m_peer(peer),
+QtEventFilter2::QtEventFilter2(QtWidget2& peer, QAbstractScrollArea* area)
+    : m_peer(peer),
       m_area(area)
 {
     m_broadcast.set();
@@ -174,12 +173,12 @@ QtEventFilter2::~QtEventFilter2() = default;
 
 QtEventFilter2::Extras::~Extras() = default;
 
-bool QtEventFilter2::eventFilter(QObject* watched, QEvent* event)
+bool QtEventFilter2::filter(QWidget* receiver, QEvent* event)
 {
     WidgetEvent type;
     if (!isWidgetEvent(event->type(), type))
         return false;
-    if (m_area && isSeenTwice(watched, *event))
+    if (m_area && isSeenTwice(receiver, *event))
         return false;
     // Read before anything is sent: the handlers may destroy the widget and this filter with it.
     const bool consumed = m_consumed.test(bit(type));
@@ -187,16 +186,16 @@ bool QtEventFilter2::eventFilter(QObject* watched, QEvent* event)
     if (closing)
         event->accept();
     if (m_broadcast.test(bit(type)) && !(m_extras && isKeptBack(type, *event)))
-        pass(type, watched, event);
+        pass(type, receiver, event);
     const bool refused = closing && !event->isAccepted();
     if (closing && consumed)
         event->ignore(); // the window would close all the same
     return consumed || refused;
 }
 
-bool QtEventFilter2::isSeenTwice(const QObject* watched, const QEvent& event) const
+bool QtEventFilter2::isSeenTwice(const QWidget* receiver, const QEvent& event) const
 {
-    if (watched == m_area->viewport()) {
+    if (receiver == m_area->viewport()) {
         switch (event.type()) {
         case QEvent::Enter:
         case QEvent::Leave:
@@ -223,14 +222,6 @@ bool QtEventFilter2::isSeenTwice(const QObject* watched, const QEvent& event) co
     default:
         return false;
     }
-}
-
-void QtEventFilter2::silence()
-{
-    m_broadcast.reset();
-    m_consumed.reset();
-    m_area = nullptr;
-    m_extras.reset();
 }
 
 QtEventFilter2::Extras& QtEventFilter2::extras()
@@ -286,7 +277,7 @@ EventThrottler& QtEventFilter2::throttler()
     return *throttler;
 }
 
-void QtEventFilter2::pass(WidgetEvent type, QObject* watched, QEvent* event)
+void QtEventFilter2::pass(WidgetEvent type, QWidget* receiver, QEvent* event)
 {
     // Most widgets have no listeners. The focus blocker hears of each focus-in all the same.
     if (!m_peer.mayBeHeard() && type != WidgetEvent::FocusIn)
@@ -294,8 +285,7 @@ void QtEventFilter2::pass(WidgetEvent type, QObject* watched, QEvent* event)
     VXObjectDataLocker lock;
     if (!m_peer.isVXObjectValid())
         return;
-    const EventTarget target{m_peer.abstractWidget(), m_peer.asQWidget(),
-                             static_cast<QWidget*>(watched)};
+    const EventTarget target{m_peer.abstractWidget(), m_peer.asQWidget(), receiver};
     s_senders[bit(type)](Passing{*this, *m_peer.widgetEmitters(), target, type, *event});
 }
 

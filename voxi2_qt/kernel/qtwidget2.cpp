@@ -116,12 +116,12 @@ QtWidget2::~QtWidget2()
 void QtWidget2::endPeer()
 {
     QtObject2::endPeer();
-    endEventBroadcasting();
+    m_eventFilter.reset();
 }
 
 void QtWidget2::scheduleDelete()
 {
-    endEventBroadcasting();
+    m_eventFilter.reset();
     QtObject2::scheduleDelete();
 }
 

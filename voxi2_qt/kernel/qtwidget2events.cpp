@@ -23,12 +23,9 @@ void QtWidget2::enableEventBroadcasting()
 {
     if (m_eventFilter)
         return;
-    QWidget* widget = asQWidget();
     QAbstractScrollArea* area = scrollArea();
-    m_eventFilter = new QtEventFilter2(*this, widget, area);
-    widget->installEventFilter(m_eventFilter);
+    m_eventFilter.emplace(*this, area);
     if (area) {
-        area->viewport()->installEventFilter(m_eventFilter);
         area->viewport()->grabGesture(Qt::PinchGesture);
         area->viewport()->grabGesture(Qt::PanGesture);
     }
@@ -39,19 +36,10 @@ void QtWidget2::disableEventBroadcasting()
     if (!m_eventFilter)
         return;
     if (QAbstractScrollArea* area = scrollArea(); area && area->viewport()) {
-        area->viewport()->removeEventFilter(m_eventFilter);
         area->viewport()->ungrabGesture(Qt::PinchGesture);
         area->viewport()->ungrabGesture(Qt::PanGesture);
     }
-    asQWidget()->removeEventFilter(m_eventFilter);
-    delete std::exchange(m_eventFilter, nullptr);
-}
-
-void QtWidget2::endEventBroadcasting()
-{
-    // Taking the filter out would send events about it; it goes with the widget.
-    if (m_eventFilter)
-        std::exchange(m_eventFilter, nullptr)->silence();
+    m_eventFilter.reset();
 }
 
 void QtWidget2::enableEventBroadcasting(WidgetEvent event)

@@ -4,8 +4,7 @@
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
 
-#include <algorithm>
-#include <iterator>
+#include <bit>
 #include <memory>
 #include <utility>
 
@@ -51,73 +50,73 @@ void IdTable::release(unsigned id) noexcept
         page.reset();
 }
 
-// PointerSet --------------------------------------------------------------------------------------
+// AddressSet --------------------------------------------------------------------------------------
 
-std::size_t PointerSet::placeOf(const void* pointer) const noexcept
+AddressSet::Place::Place(const void* address) noexcept
 {
-    // Objects lie 16 bytes apart at least; multiplying spreads what is left.
-    const auto bits = reinterpret_cast<std::uintptr_t>(pointer) >> 4;
-    return static_cast<std::size_t>((bits * 0x9e3779b97f4a7c15ull) >> 32) & (m_slots.size() - 1);
+    const auto bits = reinterpret_cast<std::uintptr_t>(address);
+    const std::uintptr_t place = bits >> PlaceBits;
+    const bool isAligned = place << PlaceBits == bits;
+    m_region = bits >> RegionBits;
+    m_word = (place >> WordBits) & ((1u << (RegionBits - PlaceBits - WordBits)) - 1);
+    m_bit = isAligned ? std::uint64_t{1} << (place & ((1u << WordBits) - 1)) : 0;
 }
 
-bool PointerSet::contains(const void* pointer) const noexcept
+AddressSet::Region* AddressSet::find(std::uintptr_t region) const noexcept
 {
-    if (m_slots.empty() || !pointer)
-        return false;
-    for (std::size_t i = placeOf(pointer); m_slots[i]; i = (i + 1) & (m_slots.size() - 1)) {
-        if (m_slots[i] == pointer)
-            return true;
+    if (!m_last || m_lastRegion != region) {
+        const auto found = m_regions.find(region);
+        if (found == m_regions.end())
+            return nullptr;
+        m_lastRegion = region;
+        m_last = found->second.get();
     }
-    return false;
+    return m_last;
 }
 
-void PointerSet::insert(const void* pointer)
+bool AddressSet::contains(const void* address) const noexcept
 {
-    if ((m_count + 1) * 4 > m_slots.size() * 3)
-        grow();
-    std::size_t i = placeOf(pointer);
-    while (m_slots[i])
-        i = (i + 1) & (m_slots.size() - 1);
-    m_slots[i] = pointer;
-    ++m_count;
+    const Place place(address);
+    const Region* region = find(place.m_region);
+    return region && (region->m_words[place.m_word] & place.m_bit);
 }
 
-void PointerSet::grow()
+void AddressSet::insert(const void* address)
 {
-    std::vector<const void*> old(m_slots.empty() ? 64 : m_slots.size() * 2);
-    old.swap(m_slots);
-    m_count = 0;
-    for (const void* pointer : old) {
-        if (pointer)
-            insert(pointer);
-    }
+    const Place place(address);
+    Region* region = find(place.m_region);
+    if (!region)
+        region = m_regions.emplace(place.m_region, std::make_unique<Region>()).first->second.get();
+    region->m_words[place.m_word] |= place.m_bit;
+    ++region->m_used;
 }
 
-void PointerSet::erase(const void* pointer) noexcept
+void AddressSet::erase(const void* address) noexcept
 {
-    if (!contains(pointer))
+    if (!contains(address))
         return;
-    const std::size_t mask = m_slots.size() - 1;
-    std::size_t hole = placeOf(pointer);
-    while (m_slots[hole] != pointer)
-        hole = (hole + 1) & mask;
-    // What was pushed behind the hole by a collision moves up, so that no search ends early.
-    for (std::size_t i = (hole + 1) & mask; m_slots[i]; i = (i + 1) & mask) {
-        const std::size_t home = placeOf(m_slots[i]);
-        if (((i - home) & mask) >= ((i - hole) & mask)) {
-            m_slots[hole] = m_slots[i];
-            hole = i;
-        }
-    }
-    m_slots[hole] = nullptr;
-    --m_count;
+    const Place place(address);
+    Region* region = find(place.m_region);
+    region->m_words[place.m_word] &= ~place.m_bit;
+    if (--region->m_used > 0)
+        return;
+    m_last = nullptr;
+    m_regions.erase(place.m_region);
 }
 
-std::vector<const void*> PointerSet::all() const
+std::vector<const void*> AddressSet::all() const
 {
     std::vector<const void*> result;
-    std::copy_if(m_slots.begin(), m_slots.end(), std::back_inserter(result),
-                 [](const void* pointer) { return pointer != nullptr; });
+    for (const auto& [number, region] : m_regions) {
+        for (std::size_t i = 0; i < region->m_words.size(); ++i) {
+            for (std::uint64_t left = region->m_words[i]; left; left &= left - 1) {
+                const std::size_t place =
+                    (i << WordBits) + static_cast<std::size_t>(std::countr_zero(left));
+                const std::uintptr_t bits = (number << RegionBits) + (place << PlaceBits);
+                result.push_back(reinterpret_cast<const void*>(bits));
+            }
+        }
+    }
     return result;
 }
 

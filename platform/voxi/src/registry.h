@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace VOXI {
@@ -54,28 +55,47 @@ private:
     std::array<std::unique_ptr<Shelf>, 1u << ShelfBits> m_shelves;
 };
 
-/// A set of addresses with open addressing.
-class PointerSet
+/// A set of addresses of objects: a bit for each place in those regions of memory where some lie.
+/// Objects made one after the other are found through the same cache line; in a hash table each
+/// would cost a walk to memory.
+class AddressSet
 {
 public:
-    bool contains(const void* pointer) const noexcept;
-    void insert(const void* pointer);
-    void erase(const void* pointer) noexcept;
+    bool contains(const void* address) const noexcept;
+    void insert(const void* address);
+    void erase(const void* address) noexcept;
     std::vector<const void*> all() const;
 
 private:
-    std::size_t placeOf(const void* pointer) const noexcept;
-    void grow();
+    static constexpr unsigned PlaceBits = 3; // objects are aligned to so many
+    static constexpr unsigned WordBits = 6;
+    static constexpr unsigned RegionBits = 18;
 
-    std::vector<const void*> m_slots; // a power of two of them; null is free
-    std::size_t m_count = 0;
+    struct Region
+    {
+        std::array<std::uint64_t, 1u << (RegionBits - PlaceBits - WordBits)> m_words{};
+        unsigned m_used = 0;
+    };
+    struct Place
+    {
+        explicit Place(const void* address) noexcept;
+        std::uintptr_t m_region;
+        std::size_t m_word;
+        std::uint64_t m_bit; // none when no object can lie there
+    };
+
+    Region* find(std::uintptr_t region) const noexcept;
+
+    std::unordered_map<std::uintptr_t, std::unique_ptr<Region>> m_regions;
+    mutable std::uintptr_t m_lastRegion = 0; // the one asked for last, if there is one
+    mutable Region* m_last = nullptr;
 };
 
 /// Which objects are alive and which peers serve them. Guarded by `VXObject::m_lock`.
 struct Registry
 {
     IdTable m_ids;
-    PointerSet m_live;
+    AddressSet m_live;
 
     static Registry& instance();
 };

@@ -7,7 +7,7 @@
 
 namespace VOXI {
 
-using detail::PointerSet;
+using detail::AddressSet;
 using detail::Registry;
 using detail::RegistryEntry;
 
@@ -81,7 +81,7 @@ VXObject* VXObject::objectById(unsigned id)
 void VXObject::forEachObject(const std::function<void(VXObject*)>& function)
 {
     VXObjectDataLocker lock;
-    const PointerSet& live = Registry::instance().m_live;
+    const AddressSet& live = Registry::instance().m_live;
     for (const void* address : live.all()) {
         if (live.contains(address))
             function(static_cast<VXObject*>(const_cast<void*>(address)));

@@ -124,8 +124,8 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
 
 TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
 {
-    VXPanel2 other; // goes last: what belongs to it would be deleted with it
-    VXBoxLayout2 alone;
+    VXPanel2 other;
+    VXBoxLayout2 alone; // ends before the panel that it comes to fill
     QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
     auto* brief = new VXText2(m_panel);
     alone.addWidget(brief);

@@ -36,19 +36,12 @@ private:
     VXProbe2Emitters m_emitters;
 };
 
-/// The peer of the probe.
+/// A Qt widget class that notes the events that reach it.
 template <class Q>
-class QtProbe2 : public QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>
+class NotingWidget : public Q
 {
 public:
-    QtProbe2(VXProbe2* object, VXProbe2Emitters* emitters, QWidget* parent)
-        : QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>(object, emitters, parent)
-    {
-        this->enableEventBroadcasting();
-        this->bindRequests(emitters, requests());
-    }
-
-    int doTwice(int number) { return 2 * number; }
+    using Q::Q;
 
     bool saw(QEvent::Type type) const
     {
@@ -64,6 +57,35 @@ protected:
     }
 
     std::vector<QEvent::Type> m_seen;
+};
+
+/// Of a scroll area also what comes through the viewport.
+class NotingArea : public NotingWidget<QAbstractScrollArea>
+{
+public:
+    using NotingWidget::NotingWidget;
+
+protected:
+    bool viewportEvent(QEvent* event) override
+    {
+        m_seen.push_back(event->type());
+        return QAbstractScrollArea::viewportEvent(event);
+    }
+};
+
+/// The peer of the probe.
+template <class Q>
+class QtProbe2 : public QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>
+{
+public:
+    QtProbe2(VXProbe2* object, VXProbe2Emitters* emitters, QWidget* parent)
+        : QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>(object, emitters, parent)
+    {
+        this->enableEventBroadcasting();
+        this->bindRequests(emitters, requests());
+    }
+
+    int doTwice(int number) { return 2 * number; }
 
 private:
     static const auto& requests()
@@ -74,21 +96,8 @@ private:
     }
 };
 
-using QtPlainProbe2 = QtProbe2<QWidget>;
-
-/// Of a scroll area it notes what comes through the viewport as well.
-class QtAreaProbe2 : public QtProbe2<QAbstractScrollArea>
-{
-public:
-    using QtProbe2<QAbstractScrollArea>::QtProbe2;
-
-protected:
-    bool viewportEvent(QEvent* event) override
-    {
-        m_seen.push_back(event->type());
-        return QtProbe2<QAbstractScrollArea>::viewportEvent(event);
-    }
-};
+using QtPlainProbe2 = QtProbe2<NotingWidget<QWidget>>;
+using QtAreaProbe2 = QtProbe2<NotingArea>;
 
 inline QtPlainProbe2& plain(const VXProbe2& probe)
 {

@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
 #include <thread>
@@ -118,14 +119,21 @@ TEST(FactoryDestroys, onItsOwnThreadWhereverItIsAsked)
 {
     const VXButton2 button;
     const QPointer<QWidget> widget = qt(button);
-    std::thread([&] { factory().destroyObject.emitAndWait(0); }).detach();
+    std::atomic<int> ended = 0;
+    std::thread stranger([&] {
+        factory().destroyObject.emitAndWait(0);
+        ++ended;
+    });
     std::thread worker([&] {
         factory().destroyObject(button.id());
         EXPECT_EQ(button.label(), "");
+        ++ended;
     });
-    while (lookup(&button))
+    while (ended < 2)
         turn();
+    stranger.join();
     worker.join();
+    EXPECT_EQ(lookup(&button), nullptr);
     runDeletions();
     EXPECT_TRUE(widget.isNull());
 }

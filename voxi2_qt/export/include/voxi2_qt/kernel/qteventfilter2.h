@@ -3,7 +3,6 @@
 #include "voxi2/kernel/widgetevent.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
-#include <QObject>
 #include <QPoint>
 #include <QSize>
 
@@ -13,6 +12,7 @@
 
 QT_BEGIN_NAMESPACE
 class QAbstractScrollArea;
+class QEvent;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -22,23 +22,30 @@ class EventThrottler;
 class QtWidget2;
 
 /// Sees the events of one widget before the widget does: passes them back to the abstract side and
-/// swallows those that are consumed. Belongs to the widget.
-class VOXI2_QT_EXPORT QtEventFilter2 final : public QObject
+/// swallows those that are consumed.
+///
+/// It is a part of the peer that the shim asks in `event()`. As an object that Qt's own filters
+/// demand it would cost every widget half a kilobyte, and every event a walk to it.
+class VOXI2_QT_EXPORT QtEventFilter2
 {
 public:
     /// All events are broadcast and none consumed. `area` is the widget again if it is a scroll
     /// area, else null.
-    QtEventFilter2(QtWidget2& peer, QWidget* widget, QAbstractScrollArea* area);
-    ~QtEventFilter2() override;
+    QtEventFilter2(QtWidget2& peer, QAbstractScrollArea* area);
+    ~QtEventFilter2();
+    QtEventFilter2(const QtEventFilter2&) = delete;
+    QtEventFilter2& operator=(const QtEventFilter2&) = delete;
+
+    /// To be asked for every event that goes to the widget or to its viewport. True when it is
+    /// consumed: then the widget must not see it. Handlers that it runs may destroy the widget,
+    /// but not at once.
+    bool filter(QWidget* receiver, QEvent* event);
 
     // Each throws std::out_of_range for a value that is no widget event.
     void setBroadcast(WidgetEvent event, bool on) { m_broadcast.set(bit(event), on); }
     bool isBroadcast(WidgetEvent event) const { return m_broadcast.test(bit(event)); }
     void setConsumed(WidgetEvent event, bool on) { m_consumed.set(bit(event), on); }
     bool isConsumed(WidgetEvent event) const { return m_consumed.test(bit(event)); }
-
-    /// Passes nothing on from now on: for a widget that goes, and takes the filter with it.
-    void silence();
 
     /// Made for the first event that needs it.
     EventThrottler& throttler();
@@ -47,9 +54,6 @@ public:
     /// hidden widget of them when it is shown.
     void keepPlaceBack();
     void keepSizeBack();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     static std::size_t bit(WidgetEvent event) { return static_cast<std::size_t>(event); }
@@ -65,8 +69,8 @@ private:
 
     Extras& extras();
     bool isKeptBack(WidgetEvent type, const QEvent& event);
-    bool isSeenTwice(const QObject* watched, const QEvent& event) const;
-    void pass(WidgetEvent type, QObject* watched, QEvent* event);
+    bool isSeenTwice(const QWidget* receiver, const QEvent& event) const;
+    void pass(WidgetEvent type, QWidget* receiver, QEvent* event);
 
     QtWidget2& m_peer;
     QAbstractScrollArea* m_area;

@@ -136,7 +136,7 @@ void withPeerOf(const VXObject* object, Function&& function)
 {
     VXObjectDataLocker lock;
     if (VXObject::isObjectValid(object))
-        function(dynamic_cast<Peer*>(lookup(object)));
+        function(dynamic_cast<Peer*>(lookup(object->id())));
 }
 
 /// The same with the peer's widget, null if it is none.
@@ -145,7 +145,7 @@ void withWidgetOf(const VXObject* object, Function&& function)
 {
     VXObjectDataLocker lock;
     if (VXObject::isObjectValid(object))
-        function(qWidgetOf(lookup(object)));
+        function(qWidgetOf(lookup(object->id())));
 }
 
 /// Joins a Qt object class that is no widget with a peer base.

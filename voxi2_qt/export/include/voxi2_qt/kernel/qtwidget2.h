@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/kernel/vxwidget2.h"
+#include "voxi2_qt/kernel/qteventfilter2.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
@@ -8,6 +9,7 @@
 #include <QPointer>
 
 #include <map>
+#include <optional>
 #include <string>
 
 QT_BEGIN_NAMESPACE
@@ -22,7 +24,6 @@ QT_END_NAMESPACE
 namespace VOXI {
 
 class QtDragDelegate2;
-class QtEventFilter2;
 
 /// The base of every peer that is a widget: the requests common to all of them, the switches that
 /// say which user events are passed back, and the highlight.
@@ -122,7 +123,7 @@ public:
     // that is none, and do nothing (or answer false) while broadcasting is off as a whole.
     void enableEventBroadcasting();
     void disableEventBroadcasting();
-    bool isEventBroadcastingEnabled() const noexcept { return m_eventFilter != nullptr; }
+    bool isEventBroadcastingEnabled() const noexcept { return m_eventFilter.has_value(); }
     void enableEventBroadcasting(WidgetEvent event);
     void disableEventBroadcasting(WidgetEvent event);
     bool isEventBroadcastingEnabled(WidgetEvent event) const;
@@ -152,6 +153,12 @@ protected:
 
     void endPeer();
 
+    /// Passes an event of the widget or of its viewport back; true when it is consumed.
+    bool filterEvent(QWidget* receiver, QEvent* event)
+    {
+        return m_eventFilter && m_eventFilter->filter(receiver, event);
+    }
+
     // Drags over the widget, as the shim receives them
     void passDragEnter(QDragEnterEvent* event);
     void passDragMove(QDragMoveEvent* event);
@@ -162,7 +169,6 @@ private:
     template <class Function>
     void passToDelegate(Function&& function);
     void keepDelayedBack(WidgetEvent event);
-    void endEventBroadcasting();
     QAbstractScrollArea* scrollArea() const noexcept;
     /// Who gets the pointer's events, a scroll area through its viewport; `position` becomes its.
     QWidget* pointerTarget(QPoint& position) const;
@@ -170,10 +176,11 @@ private:
     static std::map<QtWidget2*, QAction*> m_ActionMap;
 
     VXWidget2Emitters* m_emitters;
-    QtEventFilter2* m_eventFilter = nullptr;
     unsigned m_dragDelegateId = 0;
     QRgb m_highlightColor = 0;
     bool m_highlighted = false;
+    // While events are passed back. Asked for every event, so it stays beside the Qt object.
+    std::optional<QtEventFilter2> m_eventFilter;
 };
 
 } // namespace VOXI

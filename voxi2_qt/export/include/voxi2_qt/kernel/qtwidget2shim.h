@@ -3,20 +3,49 @@
 #include "voxi2_qt/kernel/qtdraggesture.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
+#include <QAbstractScrollArea>
 #include <QDragEnterEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QWidget>
 
+#include <type_traits>
 #include <utility>
 
 namespace VOXI {
+
+/// A Qt widget class that shows all its events to the peer before it handles them. A class behind
+/// it that overrides `event()` or `viewportEvent()` calls the one here, or nothing is passed back.
+template <class Q, bool IsScrollArea = std::is_base_of_v<QAbstractScrollArea, Q>>
+class QtFilteredWidget : public Q
+{
+protected:
+    using Q::Q;
+
+    /// True when the event is consumed.
+    virtual bool showToPeer(QWidget* receiver, QEvent* event) = 0;
+
+    bool event(QEvent* event) override { return showToPeer(this, event) || Q::event(event); }
+};
+
+/// The same for the scroll areas, which get the pointer's events through their viewport.
+template <class Q>
+class QtFilteredWidget<Q, true> : public QtFilteredWidget<Q, false>
+{
+protected:
+    using QtFilteredWidget<Q, false>::QtFilteredWidget;
+
+    bool viewportEvent(QEvent* event) override
+    {
+        return this->showToPeer(this->viewport(), event) || Q::viewportEvent(event);
+    }
+};
 
 /// Joins a peer base with a Qt widget class, for one abstract kind: the result is peer and widget
 /// in one object. It passes on what does not go through the event filter: the drag gesture, the
 /// highlight over the finished widget, and drags over it.
 template <class Object, class Emitters, class Base, class Q>
-class QtWidget2Shim : public Base, public Q
+class QtWidget2Shim : public Base, public QtFilteredWidget<Q>
 {
 public:
     ~QtWidget2Shim() override { this->endPeer(); }
@@ -32,8 +61,13 @@ protected:
     template <class... Arguments>
     QtWidget2Shim(Object* object, Emitters* emitters, QWidget* parent, Arguments&&... arguments)
         : Base(object, emitters->base()),
-          Q(parent, std::forward<Arguments>(arguments)...)
+          QtFilteredWidget<Q>(parent, std::forward<Arguments>(arguments)...)
     {}
+
+    bool showToPeer(QWidget* receiver, QEvent* event) override
+    {
+        return this->filterEvent(receiver, event);
+    }
 
     void mousePressEvent(QMouseEvent* event) override
     {
