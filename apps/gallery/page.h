@@ -35,5 +35,6 @@ Page actionsPage();
 Page digMenusPage();
 Page layoutsPage();
 Page containersPage();
+Page dialogsPage();
 
 } // namespace gallery

@@ -7,7 +7,7 @@ const std::vector<Page>& pages()
     static const std::vector<Page> all = {
         countingPage(), buttonsPage(), eventsPage(),     dragDropPage(),
         focusPage(),    cursorsPage(), threadsPage(),    actionsPage(),
-        digMenusPage(), layoutsPage(), containersPage(),
+        digMenusPage(), layoutsPage(), containersPage(), dialogsPage(),
     };
     return all;
 }

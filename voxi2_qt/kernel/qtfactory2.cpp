@@ -3,6 +3,8 @@
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
+#include "voxi2_qt/containers/qtdialog2.h"
+#include "voxi2_qt/containers/qtfiledialog2.h"
 #include "voxi2_qt/containers/qtflowlayout2.h"
 #include "voxi2_qt/containers/qtframe2.h"
 #include "voxi2_qt/containers/qtgridlayout2.h"
@@ -36,6 +38,9 @@ void create(Arguments... arguments)
     peer->init();
 }
 
+/// All dialogs have the same frame, whatever flags the requests carry.
+constexpr Qt::WindowFlags DialogFlags = Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+
 } // namespace
 
 QtFactory2* QtFactory2::m_factory = nullptr;
@@ -57,6 +62,8 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
     connect(factory->createButton2, &QtFactory2::createButton2);
     connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
+    connect(factory->createDialog2, &QtFactory2::createDialog2);
+    connect(factory->createFileDialog2, &QtFactory2::createFileDialog2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
     connect(factory->createFlowLayout2, &QtFactory2::createFlowLayout2);
@@ -112,6 +119,18 @@ void QtFactory2::createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitt
                                  VXObject* parent)
 {
     create<QtCheckBox2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createDialog2(VXDialog2* object, VXDialog2Emitters* emitters, VXObject* parent,
+                               unsigned)
+{
+    create<QtDialog2>(object, emitters, getQWidget(parent), DialogFlags);
+}
+
+void QtFactory2::createFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters,
+                                   VXObject* parent, unsigned)
+{
+    create<QtFileDialog2>(object, emitters, getQWidget(parent), DialogFlags);
 }
 
 void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)

@@ -2,6 +2,8 @@
 
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxfiledialog2.h"
 #include "voxi2/containers/vxflowlayout2.h"
 #include "voxi2/containers/vxframe2.h"
 #include "voxi2/containers/vxgridlayout2.h"
@@ -26,6 +28,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QFileDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -76,6 +79,8 @@ inline std::vector<Kind> allKinds()
         kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
         kind<VXButton2, QPushButton, &F::createButton2>("Button", QAccessible::Button),
         kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
+        kind<VXDialog2, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog),
+        kind<VXFileDialog2, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog),
         kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
         kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
         kind<VXFrame2, QFrame, &F::createFrame2>("Frame", QAccessible::Border),

@@ -30,6 +30,10 @@ public:
                           Direction direction);
     void createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent);
     void createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, VXObject* parent);
+    void createDialog2(VXDialog2* object, VXDialog2Emitters* emitters, VXObject* parent,
+                       unsigned flags);
+    void createFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters, VXObject* parent,
+                           unsigned flags);
     void createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
     void createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters);
     void createFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters, VXObject* parent,

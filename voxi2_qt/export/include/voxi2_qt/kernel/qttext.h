@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -51,5 +52,17 @@ VOXI2_QT_EXPORT std::string toStdString(const QString& text);
 
 /// Writes a wide text; any text survives the way there and back.
 VOXI2_QT_EXPORT std::wstring toStdWString(const QString& text);
+
+/// Takes over the name of a file, whose bytes are UTF-8 whatever the process's encoding is.
+inline QString toQFileName(const std::filesystem::path& file)
+{
+    return Detail::qStringFromUtf8(file.native());
+}
+
+/// The reverse of toQFileName.
+inline std::filesystem::path toFilePath(const QString& name)
+{
+    return Detail::utf8FromQString(name);
+}
 
 } // namespace VOXI

@@ -1,0 +1,207 @@
+#include "../eventlog.h"
+#include "../page.h"
+#include "../ui.h"
+#include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxfiledialog2.h"
+#include "voxi2/containers/vxmessage2.h"
+#include "voxi2/controls/vxcheckbox2.h"
+#include "voxi2/kernel/vxhandle.h"
+
+#include <memory>
+#include <thread>
+
+namespace gallery {
+
+using namespace VOXI;
+
+namespace {
+
+const char* nameOf(MessageAnswer answer)
+{
+    switch (answer) {
+    case MessageAnswer::Yes:
+        return "Yes";
+    case MessageAnswer::No:
+        return "No";
+    case MessageAnswer::Save:
+        return "Save";
+    case MessageAnswer::Discard:
+        return "Discard";
+    case MessageAnswer::Cancel:
+        return "Cancel";
+    default:
+        return "another answer";
+    }
+}
+
+std::string names(const std::vector<std::filesystem::path>& files)
+{
+    std::string result;
+    for (const auto& file : files)
+        result += (result.empty() ? "" : ", ") + narrowFromWide(wideFromUtf8(file.native()));
+    return result.empty() ? "nothing" : result;
+}
+
+/// A row of buttons, each of which does something.
+class Buttons
+{
+public:
+    Buttons(const Box& page, const std::string& title) : m_row(titledRow(page.panel, title))
+    {
+        page.layout->addWidget(m_row.panel);
+    }
+    ~Buttons() { m_row.layout->insertSpacer(-1, 0, 1); }
+
+    template <class Act>
+    void add(const std::string& text, Act act)
+    {
+        VXButton2* each = button(m_row.panel, text, text);
+        each->clicked().connect(each, act);
+        m_row.layout->addWidget(each);
+    }
+
+private:
+    Box m_row;
+};
+
+/// Puts a dialog together: a question, a check box and three ways out.
+VXDialog2* makeDialog(VXObject2* parent, EventLog& log, const std::string& name)
+{
+    auto* const dialog = new VXDialog2(parent);
+    dialog->setTitle("Print");
+    auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
+    rows->setMargins({12, 12, 12, 12});
+    rows->addWidget(heading(dialog, "Print the page?"));
+    rows->addWidget(label(dialog, "Return prints, Escape asks and cancels."));
+    auto* const stay = new VXCheckBox2(dialog);
+    stay->setLabel("Refuse to be dismissed");
+    rows->addWidget(stay);
+    const Box ways = row(dialog);
+    ways.layout->insertSpacer(-1, 0, 1);
+    const std::pair<const char*, int> buttons[] = {
+        {"Print", VXDialog2::Accepted}, {"Preview", 2}, {"Cancel", VXDialog2::Rejected}};
+    for (const auto& [text, result] : buttons) {
+        VXButton2* each = button(ways.panel, text, name + " " + text);
+        dialog->setButtonResult(each, result);
+        if (result == VXDialog2::Accepted)
+            dialog->setDefaultButton(each);
+        ways.layout->addWidget(each);
+    }
+    rows->addWidget(ways.panel);
+    dialog->closing().connect(&log, [&log, name, stay](const VXCloseEvent2& event) {
+        log.add(name + ": may it close?");
+        if (stay->isChecked())
+            event.refuse();
+    });
+    dialog->finished().connect(&log, [&log, name](const VXDialogEvent2& event) {
+        log.add(name + ": finished with " + std::to_string(event.result()));
+    });
+    return dialog;
+}
+
+void addDialogs(const Box& page, EventLog& log)
+{
+    Buttons buttons(page, "A dialog");
+    VXDialog2* const opened = makeDialog(page.panel, log, "opened dialog");
+    buttons.add("Open", [opened] { opened->open(); });
+    VXDialog2* const executed = makeDialog(page.panel, log, "executed dialog");
+    buttons.add("Execute", [&log, executed] {
+        log.add("exec() returned " + std::to_string(executed->exec()));
+    });
+    VXDialog2* const shown = makeDialog(page.panel, log, "shown dialog");
+    buttons.add("Show without blocking", [shown] { shown->show(); });
+}
+
+void addMessages(const Box& page, EventLog& log)
+{
+    VXPanel2* const parent = page.panel;
+    Buttons buttons(page, "A message");
+    buttons.add("Inform", [parent] { VXMessage2::inform(parent, "The page has been printed."); });
+    buttons.add("Ask", [&log, parent] {
+        log.add(std::string("answered ") + nameOf(VXMessage2::ask(parent, "Print it again?")));
+    });
+    buttons.add("Warn, called back", [&log, parent] {
+        VXMessage2{.text = "The document has been changed.",
+                   .details = "Do you want to save it before it is closed?",
+                   .answers = MessageAnswer::Save | MessageAnswer::Discard | MessageAnswer::Cancel,
+                   .kind = MessageKind::Warning}
+            .open(parent, [&log](MessageAnswer answer) {
+                log.add(std::string("called back with ") + nameOf(answer));
+            });
+    });
+    // The worker waits; nothing else does. What it holds ends with the page.
+    const auto worker = std::make_shared<std::jthread>();
+    log.keep(worker);
+    const VXHandle<VXPanel2> owner(parent);
+    TROV::Thread* const here = TROV::Thread::getCurrentThread();
+    const auto busy = std::make_shared<bool>(false);
+    buttons.add("Ask from a worker", [&log, worker, owner, here, busy] {
+        if (std::exchange(*busy, true))
+            return;
+        *worker = std::jthread([&log, owner, here, busy] {
+            const MessageAnswer answer = VXMessage2::ask(owner.get(), "May the worker go on?");
+            here->post([&log, busy, answer] {
+                *busy = false;
+                log.add(std::string("the worker heard ") + nameOf(answer));
+            });
+        });
+    });
+}
+
+void addFiles(const Box& page, EventLog& log)
+{
+    VXPanel2* const parent = page.panel;
+    const std::vector<FileFilter> filters = {{L"Pictures", {"*.png", "*.jpg", "*.svg"}},
+                                             {L"Texts", {"*.txt", "*.md"}},
+                                             {L"All files", {}}};
+    Buttons buttons(page, "Files");
+    buttons.add("Open one", [=, &log] {
+        log.add("chosen: " + names({VXFileDialog2::openFile(parent, L"Open", {}, filters)}));
+    });
+    buttons.add("Open several", [=, &log] {
+        log.add("chosen: " + names(VXFileDialog2::openFiles(parent, L"Open", {}, filters)));
+    });
+    buttons.add("Directory", [=, &log] {
+        log.add("chosen: " + names({VXFileDialog2::chooseDirectory(parent, L"Directory")}));
+    });
+    auto* const save = new VXFileDialog2(parent);
+    save->setTitle("Save");
+    save->setMode(FileDialogMode::SaveFile);
+    save->setDefaultSuffix(L"txt");
+    save->setFilters(filters);
+    save->setSelectedFilter(1);
+    save->filesChosen().connect(&log, [&log](const VXFileDialogEvent2& event) {
+        log.add("chosen to save: " + names(event.files()));
+    });
+    buttons.add("Save, not waiting", [save] { save->open(); });
+}
+
+VXWidget2* create(VXObject2* parent, EventLog& log)
+{
+    const Box page = column(parent, 10);
+    addDialogs(page, log);
+    addMessages(page, log);
+    addFiles(page, log);
+
+    page.layout->addWidget(label(page.panel, "A dialog may also be a part of a page:"));
+    const Frame pad = frame(page.panel, PaperColor);
+    VXDialog2* const part = makeDialog(page.panel, log, "embedded dialog");
+    pad.inside.layout->addWidget(part);
+    part->show();
+    part->finished().connect(part, [part] { part->show(); });
+    page.layout->addWidget(pad.outside);
+    page.layout->insertSpacer(-1, 0, 1);
+    return page.panel;
+}
+
+} // namespace
+
+Page dialogsPage()
+{
+    return {"dialogs", "Dialogs",
+            "Dialogs, messages and file dialogs, which end with a result. While one waits for the "
+            "user, other windows' timers and worker threads go on.",
+            &create};
+}
+
+} // namespace gallery

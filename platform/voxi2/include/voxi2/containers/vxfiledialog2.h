@@ -1,0 +1,130 @@
+#pragma once
+
+#include "voxi2/containers/vxabstractdialog2.h"
+#include "voxi2/voxi2_export.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace VOXI {
+
+/// What a file dialog lets the user choose.
+enum class FileDialogMode {
+    OpenFile,  ///< one file that exists
+    OpenFiles, ///< files that exist
+    SaveFile,  ///< one file, that may exist or not
+    Directory  ///< a directory that exists
+};
+
+/// The files that a file dialog shows: `{L"Pictures", {"*.png", "*.jpg"}}`.
+struct FileFilter
+{
+    /// For the user; the dialog adds the patterns to it.
+    std::wstring name;
+    /// With the wild cards `*` and `?`, in UTF-8; upper and lower case are the same. A character
+    /// that is no plain letter, digit or sign counts as `?`. None at all stands for all files.
+    std::vector<std::string> patterns;
+
+    friend bool operator==(const FileFilter&, const FileFilter&) = default;
+};
+
+struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
+{
+    using EmittersTable::EmittersTable;
+    using Path = std::filesystem::path;
+
+    TROV::Request<void(FileDialogMode)> setMode{*this};
+    TROV::Request<void(Path)> setDirectory{*this};
+    TROV::Request<void(std::vector<FileFilter>)> setFilters{*this};
+    TROV::Request<void(int)> setSelectedFilter{*this};
+    TROV::Request<void(std::wstring)> setDefaultSuffix{*this};
+    TROV::Request<void(bool)> setConfirmOverwrite{*this};
+    TROV::Request<void(Path)> selectFile{*this};
+    TROV::Request<FileDialogMode()> getMode{*this};
+    TROV::Request<Path()> getDirectory{*this};
+    TROV::Request<std::vector<FileFilter>()> getFilters{*this};
+    TROV::Request<int()> getSelectedFilter{*this};
+    TROV::Request<std::wstring()> getDefaultSuffix{*this};
+    TROV::Request<bool()> confirmsOverwrite{*this};
+    TROV::Request<std::vector<Path>()> getSelectedFiles{*this};
+    TROV::RequestsEnd requestsEnd{*this};
+
+    TROV::Event<void(const VXFileDialogEvent2&)> filesChosen{*this};
+};
+
+/// Lets the user choose files or a directory.
+///
+/// File names are `std::filesystem::path`, whose bytes are UTF-8 whatever the encoding of texts is:
+/// a name comes back as it is on the disk. A name that is no UTF-8 cannot be chosen.
+///
+/// The usual cases are one call each:
+///
+///     const auto file = VXFileDialog2::openFile(window, L"Open", {}, {{L"Text", {"*.txt"}}});
+///     if (!file.empty())
+///         load(file);
+class VOXI2_EXPORT VXFileDialog2 : public VXAbstractDialog2
+{
+public:
+    using Path = std::filesystem::path;
+
+    explicit VXFileDialog2(VXObject2* parent = nullptr);
+    ~VXFileDialog2() override;
+
+    // Ask, and wait for the answer as `exec` does; empty when the user cancels, or without a back
+    // end. An empty directory stands for the one that the user was in last.
+
+    static Path openFile(VXObject2* parent, const std::wstring& title, const Path& directory = {},
+                         const std::vector<FileFilter>& filters = {});
+    static std::vector<Path> openFiles(VXObject2* parent, const std::wstring& title,
+                                       const Path& directory = {},
+                                       const std::vector<FileFilter>& filters = {});
+    /// Proposes `file`: a name, a directory with a name, or a directory that exists alone.
+    static Path saveFile(VXObject2* parent, const std::wstring& title, const Path& file = {},
+                         const std::vector<FileFilter>& filters = {},
+                         const std::wstring& defaultSuffix = {});
+    static Path chooseDirectory(VXObject2* parent, const std::wstring& title,
+                                const Path& directory = {});
+
+    /// `OpenFile` by default.
+    void setMode(FileDialogMode mode);
+    FileDialogMode mode() const;
+
+    /// What the dialog shows; a directory that does not exist is ignored.
+    void setDirectory(const Path& directory);
+    Path directory() const;
+
+    /// The filters that the user may choose from, the first one at first; none: all files.
+    void setFilters(const std::vector<FileFilter>& filters);
+    std::vector<FileFilter> filters() const;
+    /// By its place in the list; others are ignored.
+    void setSelectedFilter(int index);
+    /// The filter that the user works with; -1 when there are none.
+    int selectedFilter() const;
+
+    /// What a name without a suffix gets when a file is saved, without the dot; empty for nothing.
+    void setDefaultSuffix(const std::wstring& suffix);
+    std::wstring defaultSuffix() const;
+
+    /// Whether the user is asked before a file that exists is chosen for saving; on by default.
+    void setConfirmOverwrite(bool confirm);
+    bool confirmsOverwrite() const;
+
+    /// Proposes a file. With a directory in its name the dialog goes there.
+    void selectFile(const Path& file);
+    /// What is chosen, or would be if the user accepted now; absolute names.
+    std::vector<Path> selectedFiles() const;
+
+    // Events
+
+    /// The user has chosen; sent before `finished()`. Not sent for `accept()`.
+    TROV::Signal<void(const VXFileDialogEvent2&)> filesChosen() const
+    {
+        return m_emitters.filesChosen.signal();
+    }
+
+private:
+    VXFileDialog2Emitters m_emitters;
+};
+
+} // namespace VOXI

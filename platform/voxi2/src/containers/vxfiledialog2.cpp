@@ -1,0 +1,168 @@
+#include "voxi2/containers/vxfiledialog2.h"
+
+#include "voxi2/kernel/vxhandle.h"
+
+#include <system_error>
+
+namespace VOXI {
+
+VXFileDialog2::VXFileDialog2(VXObject2* parent)
+    : VXAbstractDialog2(parent),
+      m_emitters(VXAbstractDialog2::m_emitters)
+{
+    // Back ends give all dialogs the same flags, whatever is asked for here.
+    createPeer(&VXFactory2::createFileDialog2, this, &m_emitters, parent, 0u);
+}
+
+VXFileDialog2::~VXFileDialog2()
+{
+    retire();
+}
+
+// Asking at once ----------------------------------------------------------------------------------
+
+namespace {
+
+using Dialog = VXHandle<VXFileDialog2>;
+
+/// Shows a new dialog that `prepare` has set up, and returns what was chosen.
+template <class Prepare>
+std::vector<VXFileDialog2::Path> choose(VXObject2* parent, FileDialogMode mode,
+                                        const std::wstring& title, Prepare&& prepare)
+{
+    // It belongs to the parent, which may go meanwhile.
+    const Dialog dialog(new VXFileDialog2(parent));
+    dialog->setMode(mode);
+    dialog->setTitle(title);
+    prepare(dialog);
+    std::vector<VXFileDialog2::Path> files;
+    if (dialog->exec() == VXFileDialog2::Accepted)
+        files = dialog->selectedFiles();
+    dialog->destroy();
+    return files;
+}
+
+VXFileDialog2::Path first(const std::vector<VXFileDialog2::Path>& files)
+{
+    return files.empty() ? VXFileDialog2::Path() : files.front();
+}
+
+} // namespace
+
+VXFileDialog2::Path VXFileDialog2::openFile(VXObject2* parent, const std::wstring& title,
+                                            const Path& directory,
+                                            const std::vector<FileFilter>& filters)
+{
+    return first(choose(parent, FileDialogMode::OpenFile, title, [&](const Dialog& dialog) {
+        dialog->setDirectory(directory);
+        dialog->setFilters(filters);
+    }));
+}
+
+std::vector<VXFileDialog2::Path> VXFileDialog2::openFiles(VXObject2* parent,
+                                                          const std::wstring& title,
+                                                          const Path& directory,
+                                                          const std::vector<FileFilter>& filters)
+{
+    return choose(parent, FileDialogMode::OpenFiles, title, [&](const Dialog& dialog) {
+        dialog->setDirectory(directory);
+        dialog->setFilters(filters);
+    });
+}
+
+VXFileDialog2::Path VXFileDialog2::saveFile(VXObject2* parent, const std::wstring& title,
+                                            const Path& file,
+                                            const std::vector<FileFilter>& filters,
+                                            const std::wstring& defaultSuffix)
+{
+    return first(choose(parent, FileDialogMode::SaveFile, title, [&](const Dialog& dialog) {
+        dialog->setFilters(filters);
+        dialog->setDefaultSuffix(defaultSuffix);
+        std::error_code error;
+        if (std::filesystem::is_directory(file, error))
+            dialog->setDirectory(file);
+        else
+            dialog->selectFile(file);
+    }));
+}
+
+VXFileDialog2::Path VXFileDialog2::chooseDirectory(VXObject2* parent, const std::wstring& title,
+                                                   const Path& directory)
+{
+    return first(choose(parent, FileDialogMode::Directory, title,
+                        [&](const Dialog& dialog) { dialog->setDirectory(directory); }));
+}
+
+// Requests ----------------------------------------------------------------------------------------
+
+void VXFileDialog2::setMode(FileDialogMode mode)
+{
+    m_emitters.setMode(mode);
+}
+
+FileDialogMode VXFileDialog2::mode() const
+{
+    return m_emitters.getMode();
+}
+
+void VXFileDialog2::setDirectory(const Path& directory)
+{
+    m_emitters.setDirectory(directory);
+}
+
+VXFileDialog2::Path VXFileDialog2::directory() const
+{
+    return m_emitters.getDirectory();
+}
+
+void VXFileDialog2::setFilters(const std::vector<FileFilter>& filters)
+{
+    m_emitters.setFilters(filters);
+}
+
+std::vector<FileFilter> VXFileDialog2::filters() const
+{
+    return m_emitters.getFilters();
+}
+
+void VXFileDialog2::setSelectedFilter(int index)
+{
+    m_emitters.setSelectedFilter(index);
+}
+
+int VXFileDialog2::selectedFilter() const
+{
+    return m_emitters.getSelectedFilter();
+}
+
+void VXFileDialog2::setDefaultSuffix(const std::wstring& suffix)
+{
+    m_emitters.setDefaultSuffix(suffix);
+}
+
+std::wstring VXFileDialog2::defaultSuffix() const
+{
+    return m_emitters.getDefaultSuffix();
+}
+
+void VXFileDialog2::setConfirmOverwrite(bool confirm)
+{
+    m_emitters.setConfirmOverwrite(confirm);
+}
+
+bool VXFileDialog2::confirmsOverwrite() const
+{
+    return m_emitters.confirmsOverwrite();
+}
+
+void VXFileDialog2::selectFile(const Path& file)
+{
+    m_emitters.selectFile(file);
+}
+
+std::vector<VXFileDialog2::Path> VXFileDialog2::selectedFiles() const
+{
+    return m_emitters.getSelectedFiles();
+}
+
+} // namespace VOXI

@@ -1,0 +1,286 @@
+#include "voxi2/containers/vxmessage2.h"
+
+#include "voxi/vxbridge.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/vxhandle.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace VOXI {
+
+namespace {
+
+struct Answer
+{
+    MessageAnswer m_answer;
+    const char* m_label;
+};
+
+/// In the order of the buttons.
+constexpr Answer s_answers[] = {
+    {MessageAnswer::Yes, "&Yes"},
+    {MessageAnswer::YesToAll, "Yes to &All"},
+    {MessageAnswer::Ok, "&OK"},
+    {MessageAnswer::Save, "&Save"},
+    {MessageAnswer::SaveAll, "Save A&ll"},
+    {MessageAnswer::Retry, "&Retry"},
+    {MessageAnswer::Ignore, "&Ignore"},
+    {MessageAnswer::Discard, "&Discard"},
+    {MessageAnswer::No, "&No"},
+    {MessageAnswer::NoToAll, "No &to All"},
+    {MessageAnswer::Abort, "A&bort"},
+    {MessageAnswer::Close, "&Close"},
+    {MessageAnswer::Cancel, "Cancel"},
+};
+
+struct Sign
+{
+    const char* m_title;
+    const char* m_sign;
+    Color m_color;
+};
+
+/// In the order of the kinds; what is none looks plain.
+const Sign& signOf(MessageKind kind)
+{
+    static const Sign signs[] = {
+        {"Message", "", Color(0, 0, 0)},        {"Information", "i", Color(46, 110, 190)},
+        {"Question", "?", Color(46, 110, 190)}, {"Warning", "!", Color(214, 130, 20)},
+        {"Error", "\xd7", Color(196, 44, 44)},
+    };
+    const auto index = static_cast<std::size_t>(kind);
+    return signs[index < std::size(signs) ? index : 0];
+}
+
+/// A box that is filled by its layout, without margins.
+struct Box
+{
+    explicit Box(VXObject2* parent, Direction direction = Direction::LeftToRight)
+        : m_panel(new VXPanel2(parent)),
+          m_layout(new VXBoxLayout2(m_panel, direction))
+    {
+        m_layout->setMargins({0, 0, 0, 0});
+    }
+
+    VXPanel2* m_panel;
+    VXBoxLayout2* m_layout;
+};
+
+void addSign(const Box& row, const Sign& sign)
+{
+    constexpr int Side = 40;
+    if (!*sign.m_sign)
+        return;
+    const Box square(row.m_panel);
+    square.m_panel->setFixedSize({Side, Side});
+    square.m_panel->setColor(ColorRole::Background, sign.m_color);
+    auto* const text = new VXText2(square.m_panel);
+    // As a wide text: the process's encoding may be either.
+    text->setText(std::wstring(1, wchar_t(static_cast<unsigned char>(*sign.m_sign))));
+    text->setFont(VXFont(std::string(), 22, VXFont::Bold));
+    text->setAlignment(AlignmentFlag::Center);
+    text->setColor(ColorRole::Foreground, Color(255, 255, 255));
+    square.m_layout->addWidget(text);
+    row.m_layout->addWidget(square.m_panel, 0, AlignmentFlag::Top);
+}
+
+void addText(const Box& column, const std::wstring& text, const char* name)
+{
+    // Short lines stay as they are; long ones are broken.
+    constexpr std::size_t LongLine = 70;
+    constexpr int Width = 420;
+    std::size_t longest = 0;
+    for (std::size_t start = 0; start <= text.size();) {
+        const std::size_t end = std::min(text.find(L'\n', start), text.size());
+        longest = std::max(longest, end - start);
+        start = end + 1;
+    }
+    auto* const result = new VXText2(column.m_panel);
+    result->setObjectName(name);
+    result->setText(text);
+    result->setSelectable(true);
+    if (longest > LongLine) {
+        result->setWordWrap(true);
+        result->setMinimumSize({Width, -1});
+    }
+    column.m_layout->addWidget(result);
+}
+
+/// Gives the dialog a button for each answer; returns the one of `wanted`, or else the first.
+VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
+                      MessageAnswer wanted)
+{
+    row.m_layout->insertSpacer(-1, 0, 1);
+    VXButton2* chosen = nullptr;
+    for (const Answer& each : s_answers) {
+        if (!answers.testFlag(each.m_answer))
+            continue;
+        auto* const button = new VXButton2(row.m_panel);
+        button->setLabel(each.m_label);
+        dialog->setButtonResult(button, static_cast<int>(each.m_answer));
+        row.m_layout->addWidget(button);
+        if (!chosen || each.m_answer == wanted)
+            chosen = button;
+    }
+    return chosen;
+}
+
+/// A question that waits for its answer; its end is an answer as well.
+class Pending
+{
+public:
+    Pending(std::function<void(MessageAnswer)> answered, MessageAnswer escape, TROV::Thread* thread)
+        : m_answered(std::move(answered)),
+          m_escape(escape),
+          m_thread(thread)
+    {}
+    Pending(const Pending&) = delete;
+    Pending& operator=(const Pending&) = delete;
+    ~Pending()
+    {
+        // On whatever thread the last that knows of it went.
+        if (m_answered)
+            m_thread->post(
+                [answered = std::move(m_answered), escape = m_escape] { answered(escape); });
+    }
+
+    void answer(int result)
+    {
+        if (const auto answered = std::exchange(m_answered, nullptr))
+            answered(result == VXDialog2::Rejected ? m_escape : static_cast<MessageAnswer>(result));
+    }
+
+private:
+    std::function<void(MessageAnswer)> m_answered;
+    const MessageAnswer m_escape;
+    TROV::Thread* const m_thread;
+};
+
+} // namespace
+
+VXFlags<MessageAnswer> VXMessage2::offered() const
+{
+    VXFlags<MessageAnswer> result;
+    for (const Answer& each : s_answers) {
+        if (answers.testFlag(each.m_answer))
+            result |= each.m_answer;
+    }
+    return result ? result : VXFlags<MessageAnswer>(MessageAnswer::Ok);
+}
+
+MessageAnswer VXMessage2::answerOfEscape() const
+{
+    if (escapeAnswer != MessageAnswer::None)
+        return escapeAnswer;
+    const VXFlags<MessageAnswer> choice = offered();
+    if (choice.testFlag(MessageAnswer::Cancel))
+        return MessageAnswer::Cancel;
+    const unsigned bits = choice.toInt();
+    if ((bits & (bits - 1)) == 0)
+        return static_cast<MessageAnswer>(bits);
+    for (const MessageAnswer each :
+         {MessageAnswer::No, MessageAnswer::Close, MessageAnswer::Abort}) {
+        if (choice.testFlag(each))
+            return each;
+    }
+    return MessageAnswer::None;
+}
+
+VXDialog2* VXMessage2::build(VXObject2* parent) const
+{
+    constexpr int Gap = 14;
+    const Sign& sign = signOf(kind);
+    auto* const dialog = new VXDialog2(parent);
+    dialog->setTitle(title.empty() ? MessageText(sign.m_title) : title);
+    auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
+    rows->setSpacing(Gap);
+
+    const Box message(dialog);
+    message.m_layout->setSpacing(Gap);
+    addSign(message, sign);
+    const Box texts(message.m_panel, Direction::TopToBottom);
+    addText(texts, text, "text");
+    if (!details.empty())
+        addText(texts, details, "details");
+    message.m_layout->addWidget(texts.m_panel, 1, AlignmentFlag::VCenter);
+    rows->addWidget(message.m_panel, 1);
+
+    const Box buttons(dialog);
+    VXButton2* const chosen = addButtons(dialog, buttons, offered(), defaultAnswer);
+    rows->addWidget(buttons.m_panel);
+    if (answerOfEscape() == MessageAnswer::None) {
+        dialog->closing().connect(
+            dialog, [](const VXCloseEvent2& event) { event.refuse(); },
+            VXFactory2::current()->getBridge()->thread());
+    }
+    dialog->setDefaultButton(chosen);
+    chosen->setFocus();
+    return dialog;
+}
+
+MessageAnswer VXMessage2::exec(VXObject2* parent) const
+{
+    const MessageAnswer escape = answerOfEscape();
+    if (!VXFactory2::current())
+        return escape;
+    const VXHandle<VXDialog2> dialog(build(parent));
+    const int result = dialog->exec();
+    dialog->destroy();
+    return result == VXDialog2::Rejected ? escape : static_cast<MessageAnswer>(result);
+}
+
+void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answered) const
+{
+    const MessageAnswer escape = answerOfEscape();
+    const VXFactory2* const factory = VXFactory2::current();
+    if (!factory) {
+        answered(escape);
+        return;
+    }
+    // The thread that calls need not run a loop.
+    TROV::Thread* const thread = factory->getBridge()->thread();
+    const VXHandle<VXDialog2> dialog(build(parent));
+    dialog->finished().connect(
+        dialog.get(),
+        [dialog, pending = std::make_shared<Pending>(std::move(answered), escape, thread)](
+            const VXDialogEvent2& event) {
+            const auto question = pending; // this closure goes with the dialog
+            const int result = event.result();
+            dialog->destroy();
+            question->answer(result);
+        },
+        thread);
+    dialog->open();
+}
+
+void VXMessage2::inform(VXObject2* parent, const MessageText& text)
+{
+    VXMessage2{.text = text, .kind = MessageKind::Information}.exec(parent);
+}
+
+MessageAnswer VXMessage2::ask(VXObject2* parent, const MessageText& text,
+                              VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
+{
+    return VXMessage2{.text = text,
+                      .answers = answers,
+                      .defaultAnswer = defaultAnswer,
+                      .kind = MessageKind::Question}
+        .exec(parent);
+}
+
+MessageAnswer VXMessage2::warn(VXObject2* parent, const MessageText& text,
+                               VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
+{
+    return VXMessage2{.text = text,
+                      .answers = answers,
+                      .defaultAnswer = defaultAnswer,
+                      .kind = MessageKind::Warning}
+        .exec(parent);
+}
+
+} // namespace VOXI

@@ -1,0 +1,255 @@
+#include "voxi2_qt/containers/qtabstractdialog2.h"
+
+#include "voxi2/controls/vxabstractbutton2.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+#include "voxi_util/scopedflagtoggler.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QEventLoop>
+
+#include <algorithm>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXAbstractDialog2Emitters;
+using P = QtAbstractDialog2;
+
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setModal, &P::doSetModal>(),
+    TROV::row<&E::open, &P::doOpen>(),
+    TROV::row<&E::accept, &P::doAccept>(),
+    TROV::row<&E::reject, &P::doReject>(),
+    TROV::row<&E::done, &P::doDone>(),
+    TROV::row<&E::setButtonResult, &P::doSetButtonResult>(),
+    TROV::row<&E::unsetButtonResult, &P::doUnsetButtonResult>(),
+    TROV::row<&E::exec, &P::doExec>(),
+    TROV::row<&E::isModal, &P::doIsModal>(),
+    TROV::row<&E::getResult, &P::doGetResult>());
+// clang-format on
+
+static_assert(VXAbstractDialog2::Rejected == int(QDialog::Rejected)
+              && VXAbstractDialog2::Accepted == int(QDialog::Accepted));
+
+} // namespace
+
+/// One run of `doExec`: it outlives the peer if that goes meanwhile.
+struct QtAbstractDialog2::Execution
+{
+    QEventLoop m_loop;
+    int m_result = VXAbstractDialog2::Rejected;
+    bool m_isOver = false;
+};
+
+QtAbstractDialog2::QtAbstractDialog2(VXAbstractDialog2* dialog, VXAbstractDialog2Emitters* emitters)
+    : QtAbstractWindow2(dialog, emitters->base()),
+      m_emitters(emitters)
+{
+    bindRequests(emitters, s_requests);
+}
+
+void QtAbstractDialog2::endPeer()
+{
+    endExecution(VXAbstractDialog2::Rejected);
+    QtAbstractWindow2::endPeer();
+}
+
+void QtAbstractDialog2::scheduleDelete()
+{
+    endExecution(VXAbstractDialog2::Rejected);
+    QtAbstractWindow2::scheduleDelete();
+}
+
+QDialog* QtAbstractDialog2::asQDialog() const noexcept
+{
+    return static_cast<QDialog*>(asQWidget());
+}
+
+void QtAbstractDialog2::doSetParent(VXObject* parent)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
+    // With its flags: without them it would become a part of the parent's surface.
+    QDialog* const dialog = asQDialog();
+    if (!parent) {
+        dialog->setParent(nullptr, dialog->windowFlags());
+        return;
+    }
+    withWidgetOf(parent, [dialog](QWidget* widget) {
+        if (!isWithin(dialog, widget))
+            dialog->setParent(widget, dialog->windowFlags());
+    });
+}
+
+void QtAbstractDialog2::doSetVisible(bool visible)
+{
+    // Qt gives the focus to a part of a dialog that is shown, or to the dialog itself.
+    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    QtAbstractWindow2::doSetVisible(visible);
+}
+
+void QtAbstractDialog2::doSetWindowFlags(unsigned flags)
+{
+    const ScopedFlagToggler shownAnew(m_isShownAnew, true);
+    QtAbstractWindow2::doSetWindowFlags(flags);
+}
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtAbstractDialog2::doSetModal(bool modal)
+{
+    m_modal = modal;
+}
+
+void QtAbstractDialog2::doOpen()
+{
+    if (m_execution)
+        return;
+    const auto modality = asQDialog()->parentWidget() ? Qt::WindowModal : Qt::ApplicationModal;
+    hideUnlessShownAs(modality);
+    showAs(modality);
+}
+
+void QtAbstractDialog2::doAccept()
+{
+    doDone(VXAbstractDialog2::Accepted);
+}
+
+void QtAbstractDialog2::doReject()
+{
+    doDone(VXAbstractDialog2::Rejected);
+}
+
+void QtAbstractDialog2::doDone(int result)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
+    // Not through the virtual function, which is the user's.
+    asQDialog()->QDialog::done(result);
+}
+
+void QtAbstractDialog2::doSetButtonResult(VXAbstractButton2* button, int result)
+{
+    withWidgetOf(button, [this, result](QWidget* widget) {
+        auto* const qtButton = qobject_cast<QAbstractButton*>(widget);
+        if (!qtButton)
+            return;
+        unsetButtonResult(qtButton);
+        // After the button's own report, which has been connected since it was made.
+        m_buttonResults.push_back(
+            {qtButton, QObject::connect(qtButton, &QAbstractButton::clicked, asQWidget(),
+                                        [this, result] { endByButton(result); })});
+    });
+}
+
+void QtAbstractDialog2::doUnsetButtonResult(VXAbstractButton2* button)
+{
+    withWidgetOf(button, [this](QWidget* widget) {
+        if (const auto* qtButton = qobject_cast<QAbstractButton*>(widget))
+            unsetButtonResult(qtButton);
+    });
+}
+
+int QtAbstractDialog2::doExec()
+{
+    if (m_execution)
+        return VXAbstractDialog2::Rejected;
+    const QPointer<QWidget> self(asQWidget());
+    hideUnlessShownAs(Qt::ApplicationModal);
+    Execution execution;
+    m_execution = &execution;
+    showAs(Qt::ApplicationModal);
+    if (!execution.m_isOver)
+        execution.m_loop.exec(QEventLoop::DialogExec);
+    if (!self)
+        return execution.m_result;
+    if (isDeletionScheduled()) {
+        asQDialog()->hide(); // it would block the other windows until it is deleted
+    } else if (m_execution == &execution) {
+        m_execution = nullptr; // the program quits, and all its loops have ended
+        doHide();
+    }
+    return execution.m_result;
+}
+
+bool QtAbstractDialog2::doIsModal()
+{
+    return m_modal;
+}
+
+int QtAbstractDialog2::doGetResult()
+{
+    return asQDialog()->result();
+}
+
+// Showing and ending ------------------------------------------------------------------------------
+
+void QtAbstractDialog2::hideUnlessShownAs(Qt::WindowModality modality)
+{
+    // Qt does not change what a window on the screen blocks.
+    if (asQDialog()->isVisible() && asQDialog()->windowModality() != modality)
+        doHide();
+}
+
+void QtAbstractDialog2::showAs(Qt::WindowModality modality)
+{
+    m_nextModality = modality;
+    asQDialog()->setResult(QDialog::Rejected);
+    doShow();
+}
+
+void QtAbstractDialog2::prepareToShow()
+{
+    const auto plain = m_modal ? Qt::ApplicationModal : Qt::NonModal;
+    const auto modality = std::exchange(m_nextModality, std::nullopt).value_or(plain);
+    if (!m_isShownAnew && !asQDialog()->isVisible())
+        asQDialog()->setWindowModality(modality);
+}
+
+void QtAbstractDialog2::endWhenHidden()
+{
+    if (!m_isShownAnew)
+        endExecution(asQDialog()->result());
+}
+
+void QtAbstractDialog2::endExecution(int result)
+{
+    if (Execution* const execution = std::exchange(m_execution, nullptr)) {
+        execution->m_result = result;
+        execution->m_isOver = true;
+        execution->m_loop.exit();
+    }
+}
+
+void QtAbstractDialog2::endByButton(int result)
+{
+    // The button's own handler may have ended or destroyed the dialog.
+    QDialog* const dialog = asQDialog();
+    if (isDeletionScheduled() || !dialog->isVisible())
+        return;
+    if (result == VXAbstractDialog2::Rejected)
+        dialog->reject();
+    else if (result == VXAbstractDialog2::Accepted)
+        dialog->accept();
+    else
+        dialog->done(result);
+}
+
+void QtAbstractDialog2::unsetButtonResult(const QAbstractButton* button)
+{
+    std::erase_if(m_buttonResults, [button](const ButtonResult& each) {
+        if (each.m_button && each.m_button != button)
+            return false;
+        QObject::disconnect(each.m_connection);
+        return true;
+    });
+}
+
+void QtAbstractDialog2::reportEnd(int result)
+{
+    report(m_emitters->finished, abstractObject<VXAbstractDialog2>(), result);
+}
+
+} // namespace VOXI

@@ -1,0 +1,82 @@
+#include "voxi2_qt/containers/qtdialog2.h"
+
+#include "voxi2/controls/vxbutton2.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXDialog2Emitters;
+using P = QtDialog2;
+
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setDefaultButton, &P::doSetDefaultButton>(),
+    TROV::row<&E::setSizeGripEnabled, &P::doSetSizeGripEnabled>(),
+    TROV::row<&E::getDefaultButton, &P::doGetDefaultButton>(),
+    TROV::row<&E::isSizeGripEnabled, &P::doIsSizeGripEnabled>());
+// clang-format on
+
+QPushButton* defaultButtonOf(const QDialog& dialog)
+{
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+        if (button->isDefault() && button->window() == &dialog)
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QtDialog2::QtDialog2(VXDialog2* object, VXDialog2Emitters* emitters, QWidget* parent,
+                     Qt::WindowFlags flags)
+    : QtDialog2Shim(object, emitters, parent, flags)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+}
+
+void QtDialog2::doSetDefaultButton(VXButton2* button)
+{
+    if (!button) {
+        if (QPushButton* former = defaultButtonOf(*this))
+            former->setDefault(false);
+        return;
+    }
+    withWidgetOf(button, [this](QWidget* widget) {
+        auto* const wanted = qobject_cast<QPushButton*>(widget);
+        if (wanted && wanted->window() == this)
+            wanted->setDefault(true);
+    });
+}
+
+void QtDialog2::doSetSizeGripEnabled(bool enabled)
+{
+    setSizeGripEnabled(enabled);
+}
+
+VXButton2* QtDialog2::doGetDefaultButton()
+{
+    return dynamic_cast<VXButton2*>(abstractObjectOf(defaultButtonOf(*this)));
+}
+
+bool QtDialog2::doIsSizeGripEnabled()
+{
+    return isSizeGripEnabled();
+}
+
+void QtDialog2::keyPressEvent(QKeyEvent* event)
+{
+    // Who has gone to a button with the keyboard means that one, not the default.
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* const focused = qobject_cast<QPushButton*>(focusWidget());
+    if (isReturn && focused)
+        focused->click();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+} // namespace VOXI

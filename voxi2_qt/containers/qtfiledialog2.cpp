@@ -1,0 +1,315 @@
+#include "voxi2_qt/containers/qtfiledialog2.h"
+
+#include "voxi2_qt/kernel/qttext.h"
+
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXFileDialog2Emitters;
+using P = QtFileDialog2;
+
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setMode, &P::doSetMode>(),
+    TROV::row<&E::setDirectory, &P::doSetDirectory>(),
+    TROV::row<&E::setFilters, &P::doSetFilters>(),
+    TROV::row<&E::setSelectedFilter, &P::doSetSelectedFilter>(),
+    TROV::row<&E::setDefaultSuffix, &P::doSetDefaultSuffix>(),
+    TROV::row<&E::setConfirmOverwrite, &P::doSetConfirmOverwrite>(),
+    TROV::row<&E::selectFile, &P::doSelectFile>(),
+    TROV::row<&E::getMode, &P::doGetMode>(),
+    TROV::row<&E::getDirectory, &P::doGetDirectory>(),
+    TROV::row<&E::getFilters, &P::doGetFilters>(),
+    TROV::row<&E::getSelectedFilter, &P::doGetSelectedFilter>(),
+    TROV::row<&E::getDefaultSuffix, &P::doGetDefaultSuffix>(),
+    TROV::row<&E::confirmsOverwrite, &P::doConfirmsOverwrite>(),
+    TROV::row<&E::getSelectedFiles, &P::doGetSelectedFiles>());
+// clang-format on
+
+/// A pattern as it may stand between the brackets of Qt's filters, where few characters can: what
+/// Qt would not take for a pattern becomes the wild card for any one character.
+QString toQtPattern(const std::string& pattern)
+{
+    QString result = toQFileName(pattern);
+    for (QChar& character : result) {
+        const bool allowed =
+            character.unicode() < 0x80
+            && (character.isLetterOrNumber()
+                || QStringLiteral("_.,*?+;#-[]@{}/!<>$%&=^~:|").contains(character));
+        if (!allowed || character == u';')
+            character = u'?';
+    }
+    return result;
+}
+
+QString toQtFilter(const FileFilter& filter)
+{
+    QStringList patterns;
+    for (const std::string& pattern : filter.patterns) {
+        if (!pattern.empty())
+            patterns.append(toQtPattern(pattern));
+    }
+    if (patterns.isEmpty())
+        patterns.append(QStringLiteral("*"));
+    return toQString(filter.name) + QStringLiteral(" (") + patterns.join(u' ') + u')';
+}
+
+} // namespace
+
+QtFileDialog2::QtFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters,
+                             QWidget* parent, Qt::WindowFlags flags)
+    : QtDialog2Shim(object, emitters, parent, flags),
+      m_emitters(emitters)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+    setOption(DontUseNativeDialog);
+    setOption(DontConfirmOverwrite); // asked here
+    doSetMode(FileDialogMode::OpenFile);
+}
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtFileDialog2::doAccept()
+{
+    if (!chosenFiles().isEmpty() && missingFile().isNull())
+        QtAbstractDialog2::doAccept();
+}
+
+void QtFileDialog2::doSetMode(FileDialogMode mode)
+{
+    m_mode = mode;
+    const bool saving = mode == FileDialogMode::SaveFile;
+    const bool directory = mode == FileDialogMode::Directory;
+    setAcceptMode(saving ? AcceptSave : AcceptOpen);
+    if (saving)
+        setFileMode(AnyFile);
+    else if (directory)
+        setFileMode(QFileDialog::Directory);
+    else
+        setFileMode(mode == FileDialogMode::OpenFiles ? ExistingFiles : ExistingFile);
+    setOption(ShowDirsOnly, directory);
+    applySuffix();
+}
+
+void QtFileDialog2::doSetDirectory(const Path& directory)
+{
+    const QString name = toQFileName(directory);
+    if (!name.isEmpty() && QFileInfo(name).isDir())
+        setDirectory(name);
+}
+
+void QtFileDialog2::doSetFilters(const std::vector<FileFilter>& filters)
+{
+    m_filters = filters;
+    QStringList names;
+    for (const FileFilter& filter : filters)
+        names.append(toQtFilter(filter));
+    if (names.isEmpty())
+        names.append(tr("All files (*)"));
+    setNameFilters(names);
+}
+
+void QtFileDialog2::doSetSelectedFilter(int index)
+{
+    if (index >= 0 && index < static_cast<int>(m_filters.size()))
+        selectNameFilter(nameFilters().at(index));
+}
+
+void QtFileDialog2::doSetDefaultSuffix(const std::wstring& suffix)
+{
+    m_suffix = toQString(suffix);
+    if (m_suffix.startsWith(u'.'))
+        m_suffix.remove(0, 1);
+    applySuffix();
+}
+
+void QtFileDialog2::doSetConfirmOverwrite(bool confirm)
+{
+    m_confirmOverwrite = confirm;
+}
+
+void QtFileDialog2::doSelectFile(const Path& file)
+{
+    if (file.empty())
+        return;
+    const QFileInfo info(directory().absoluteFilePath(toQFileName(file)));
+    if (info.absoluteDir().exists())
+        setDirectory(info.absolutePath());
+    selectFile(info.fileName());
+    // Qt leaves alone what the user may be typing.
+    if (QLineEdit* edit = nameEdit(); edit && isVisible())
+        edit->setText(info.fileName());
+}
+
+FileDialogMode QtFileDialog2::doGetMode()
+{
+    return m_mode;
+}
+
+QtFileDialog2::Path QtFileDialog2::doGetDirectory()
+{
+    return toFilePath(directory().absolutePath());
+}
+
+std::vector<FileFilter> QtFileDialog2::doGetFilters()
+{
+    return m_filters;
+}
+
+int QtFileDialog2::doGetSelectedFilter()
+{
+    return m_filters.empty() ? -1 : static_cast<int>(nameFilters().indexOf(selectedNameFilter()));
+}
+
+std::wstring QtFileDialog2::doGetDefaultSuffix()
+{
+    return toStdWString(m_suffix);
+}
+
+bool QtFileDialog2::doConfirmsOverwrite()
+{
+    return m_confirmOverwrite;
+}
+
+std::vector<QtFileDialog2::Path> QtFileDialog2::doGetSelectedFiles()
+{
+    std::vector<Path> files;
+    for (const QString& file : chosenFiles())
+        files.push_back(toFilePath(file));
+    return files;
+}
+
+// The end -----------------------------------------------------------------------------------------
+
+/// Where the user types.
+QLineEdit* QtFileDialog2::nameEdit() const
+{
+    return findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+void QtFileDialog2::applySuffix()
+{
+    // Qt would give it to directories, too.
+    setDefaultSuffix(m_mode == FileDialogMode::SaveFile ? m_suffix : QString());
+}
+
+/// Whether the user has typed the name of a directory; then the dialog goes there. Qt would see a
+/// name without a suffix.
+bool QtFileDialog2::enterTypedDirectory()
+{
+    QLineEdit* const edit = nameEdit();
+    if (m_mode != FileDialogMode::SaveFile || !edit || edit->text().isEmpty())
+        return false;
+    const QString name = directory().absoluteFilePath(edit->text());
+    if (!QFileInfo(name).isDir())
+        return false;
+    setDirectory(name);
+    edit->clear();
+    return true;
+}
+
+QStringList QtFileDialog2::chosenFiles() const
+{
+    QStringList files = selectedFiles();
+    // Where nothing is chosen Qt names the directory that is shown; and it goes into directories.
+    if (m_mode != FileDialogMode::Directory)
+        files.removeIf([](const QString& file) { return QFileInfo(file).isDir(); });
+    return files;
+}
+
+/// The first one of what is to exist and does not; null when all does.
+QString QtFileDialog2::missingFile() const
+{
+    if (m_mode == FileDialogMode::SaveFile)
+        return QString();
+    for (const QString& file : selectedFiles()) {
+        const QFileInfo info(file);
+        // Qt knows names of environment variables.
+        if (!info.exists() && !info.fileName().startsWith(u'$'))
+            return info.fileName();
+    }
+    return QString();
+}
+
+void QtFileDialog2::accept()
+{
+    if (m_question || enterTypedDirectory())
+        return;
+    if (const QString missing = missingFile(); !missing.isNull()) {
+        ask(QMessageBox::Ok, tr("%1 does not exist.\nPlease check the name.").arg(missing));
+        return;
+    }
+    if (m_mode == FileDialogMode::SaveFile && m_confirmOverwrite) {
+        const QStringList files = chosenFiles();
+        if (!files.isEmpty() && QFileInfo::exists(files.first())) {
+            ask(QMessageBox::Yes | QMessageBox::No,
+                tr("%1 exists already.\nDo you want to replace it?")
+                    .arg(QFileInfo(files.first()).fileName()));
+            return;
+        }
+    }
+    QFileDialog::accept();
+}
+
+void QtFileDialog2::ask(QMessageBox::StandardButtons buttons, const QString& text)
+{
+    m_question = new QMessageBox(QMessageBox::Warning, windowTitle(), text, buttons, this);
+    m_question->setTextFormat(Qt::PlainText);
+    m_question->setAttribute(Qt::WA_DeleteOnClose);
+    if (buttons.testFlag(QMessageBox::No))
+        m_question->setDefaultButton(QMessageBox::No);
+    connect(m_question, &QDialog::finished, this, [this](int answer) {
+        m_question = nullptr;
+        if (answer == QMessageBox::Yes)
+            QFileDialog::accept();
+    });
+    m_question->open();
+}
+
+void QtFileDialog2::setVisible(bool visible)
+{
+    const QPointer<QWidget> self(this);
+    QtDialog2Shim::setVisible(visible);
+    if (self && !visible && m_question)
+        delete m_question.data();
+}
+
+void QtFileDialog2::reportEnd(int result)
+{
+    const QPointer<QWidget> self(this);
+    if (result == QDialog::Accepted)
+        report(m_emitters->filesChosen, abstractObject<VXFileDialog2>(), doGetSelectedFiles());
+    if (self)
+        QtDialog2Shim::reportEnd(result);
+}
+
+void QtFileDialog2::deferDelete()
+{
+    // Qt runs the context menu and the questions of its commands on its stack, as children: the
+    // dialog must not go before they have ended.
+    bool isRunning = false;
+    for (QWidget* each : findChildren<QWidget*>()) {
+        const bool mayRun = qobject_cast<QMenu*>(each) || qobject_cast<QDialog*>(each);
+        if (!mayRun || !each->isVisible() || each == m_question)
+            continue;
+        isRunning = true;
+        connect(each, &QObject::destroyed, this, &QObject::deleteLater);
+        each->hide(); // which ends its loop
+    }
+    if (!isRunning) {
+        QtDialog2Shim::deferDelete();
+        return;
+    }
+    hide();
+    setParent(nullptr); // which may be going now
+}
+
+} // namespace VOXI

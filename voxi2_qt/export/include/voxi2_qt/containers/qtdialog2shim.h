@@ -1,0 +1,51 @@
+#pragma once
+
+#include "voxi2_qt/containers/qtabstractdialog2.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+
+#include <QCloseEvent>
+#include <QDialog>
+#include <QPointer>
+
+namespace VOXI {
+
+/// Joins the peer base of dialogs with a Qt dialog class: sees how the dialog is shown, and how the
+/// user ends it.
+template <class Object, class Emitters, class Q>
+class QtDialog2Shim : public QtWidget2Shim<Object, Emitters, QtAbstractDialog2, Q>
+{
+public:
+    void setVisible(bool visible) override
+    {
+        if (visible)
+            this->prepareToShow();
+        const QPointer<QWidget> self(this->asQWidget());
+        Q::setVisible(visible);
+        if (self && !visible)
+            this->endWhenHidden();
+    }
+
+    /// Escape and the like: asks first, as the window's own close button does.
+    void reject() override { this->close(); }
+
+    void done(int result) override
+    {
+        const QPointer<QWidget> self(this->asQWidget());
+        Q::done(result);
+        if (self)
+            this->reportEnd(result);
+    }
+
+protected:
+    using QtWidget2Shim<Object, Emitters, QtAbstractDialog2, Q>::QtWidget2Shim;
+
+    void closeEvent(QCloseEvent* event) override
+    {
+        // Nobody has refused, or it would not have come here.
+        event->accept();
+        if (this->isVisible())
+            done(QDialog::Rejected);
+    }
+};
+
+} // namespace VOXI

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "voxi2/containers/vxfiledialog2.h"
+#include "voxi2_qt/containers/qtdialog2shim.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
+
+QT_BEGIN_NAMESPACE
+class QLineEdit;
+QT_END_NAMESPACE
+
+namespace VOXI {
+
+/// The peer of the file dialog: always Qt's own dialog, never the desktop's, so that it is a widget
+/// like others.
+///
+/// The questions that Qt's dialog asks on acceptance would run in a loop on its stack, and nobody
+/// could destroy it meanwhile; they are asked here, without one.
+class VOXI2_QT_EXPORT QtFileDialog2
+    : public QtDialog2Shim<VXFileDialog2, VXFileDialog2Emitters, QFileDialog>
+{
+    Q_OBJECT
+
+public:
+    using Path = std::filesystem::path;
+
+    QtFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters, QWidget* parent,
+                  Qt::WindowFlags flags);
+
+    void doAccept() override;
+    void setVisible(bool visible) override;
+    void accept() override;
+
+    // Requests, in the order of the emitters table
+    virtual void doSetMode(FileDialogMode mode);
+    virtual void doSetDirectory(const Path& directory);
+    virtual void doSetFilters(const std::vector<FileFilter>& filters);
+    virtual void doSetSelectedFilter(int index);
+    virtual void doSetDefaultSuffix(const std::wstring& suffix);
+    virtual void doSetConfirmOverwrite(bool confirm);
+    virtual void doSelectFile(const Path& file);
+    virtual FileDialogMode doGetMode();
+    virtual Path doGetDirectory();
+    virtual std::vector<FileFilter> doGetFilters();
+    virtual int doGetSelectedFilter();
+    virtual std::wstring doGetDefaultSuffix();
+    virtual bool doConfirmsOverwrite();
+    virtual std::vector<Path> doGetSelectedFiles();
+
+protected:
+    void reportEnd(int result) override;
+    void deferDelete() override;
+
+private:
+    QLineEdit* nameEdit() const;
+    void applySuffix();
+    bool enterTypedDirectory();
+    QStringList chosenFiles() const;
+    QString missingFile() const;
+    void ask(QMessageBox::StandardButtons buttons, const QString& text);
+
+    VXFileDialog2Emitters* m_emitters;
+    FileDialogMode m_mode = FileDialogMode::OpenFile;
+    std::vector<FileFilter> m_filters; // Qt's own are no longer what was set
+    QString m_suffix;
+    QPointer<QMessageBox> m_question;
+    bool m_confirmOverwrite = true;
+};
+
+} // namespace VOXI
