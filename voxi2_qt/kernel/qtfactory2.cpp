@@ -10,6 +10,8 @@
 #include "voxi2_qt/containers/qtpanel2.h"
 #include "voxi2_qt/containers/qtscrollview2.h"
 #include "voxi2_qt/containers/qtsplitter2.h"
+#include "voxi2_qt/containers/qttab2.h"
+#include "voxi2_qt/containers/qttabcontainer2.h"
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
@@ -69,6 +71,8 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createRadioButton2, &QtFactory2::createRadioButton2);
     connect(factory->createScrollView2, &QtFactory2::createScrollView2);
     connect(factory->createSplitter2, &QtFactory2::createSplitter2);
+    connect(factory->createTab2, &QtFactory2::createTab2);
+    connect(factory->createTabContainer2, &QtFactory2::createTabContainer2);
     connect(factory->createText2, &QtFactory2::createText2);
     connect(factory->createToolbar2, &QtFactory2::createToolbar2);
     connect(factory->createToolButton2, &QtFactory2::createToolButton2);
@@ -178,6 +182,17 @@ void QtFactory2::createSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitt
                                  VXObject* parent, Orientation orientation)
 {
     create<QtSplitter2>(object, emitters, getQWidget(parent), orientation);
+}
+
+void QtFactory2::createTab2(VXTab2* object, VXTab2Emitters* emitters, VXObject* parent)
+{
+    create<QtTab2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createTabContainer2(VXTabContainer2* object, VXTabContainer2Emitters* emitters,
+                                     VXObject* parent)
+{
+    create<QtTabContainer2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
