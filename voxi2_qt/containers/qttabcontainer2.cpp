@@ -137,15 +137,26 @@ void QtTabContainer2::doInsertTab(VXTab2* tab, int index)
 void QtTabContainer2::insertPage(QtTab2& page, int index)
 {
     const Quiet quiet(*this);
+    const QtEventBlocker pageEvents(page, {WidgetEvent::Show, WidgetEvent::Hide});
     if (const int present = indexOf(&page); present >= 0) {
-        const int last = count() - 1;
-        tabBar()->moveTab(present, index < 0 || index > last ? last : index);
+        movePage(present, index);
         return;
     }
-    const QtEventBlocker pageEvents(page, {WidgetEvent::Show, WidgetEvent::Hide});
     page.leave();
     const int place = insertTab(index, &page, VX2Qt(page.icon()), page.text());
     page.decorate(*tabBar(), place);
+}
+
+void QtTabContainer2::movePage(int from, int index)
+{
+    const int last = count() - 1;
+    const int to = index < 0 || index > last ? last : index;
+    // Qt takes the page out and puts it in again, and shows the neighbour meanwhile.
+    std::optional<QtEventBlocker> neighbourEvents;
+    if (QtTab2* neighbour = pageAt(from < last ? from + 1 : from - 1))
+        neighbourEvents.emplace(
+            *neighbour, std::initializer_list<WidgetEvent>{WidgetEvent::Show, WidgetEvent::Hide});
+    tabBar()->moveTab(from, to);
 }
 
 void QtTabContainer2::doRemoveTab(VXTab2* tab)

@@ -65,6 +65,7 @@ private Q_SLOTS:
 private:
     class Quiet;
 
+    void movePage(int from, int index);
     QtTab2* pageAt(int index) const;
     VXTab2* tabOf(int index) const;
     void reportTab(const TROV::Event<void(const VXTabEvent2&)>& event, int index);
