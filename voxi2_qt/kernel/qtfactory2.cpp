@@ -12,6 +12,7 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 #include "voxi2_qt/containers/qttab2.h"
 #include "voxi2_qt/containers/qttabcontainer2.h"
+#include "voxi2_qt/containers/qttooltipwindow2.h"
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
@@ -78,6 +79,7 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createToolButton2, &QtFactory2::createToolButton2);
     connect(factory->createWidgetStack2, &QtFactory2::createWidgetStack2);
     connect(factory->createWindow2, &QtFactory2::createWindow2);
+    connect(factory->createToolTipWindow2, &QtFactory2::createToolTipWindow2);
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
 
@@ -209,6 +211,12 @@ void QtFactory2::createToolButton2(VXToolButton2* object, VXToolButton2Emitters*
                                    VXObject* parent)
 {
     create<QtToolButton2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
+                                      VXObject* parent)
+{
+    create<QtToolTipWindow2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,

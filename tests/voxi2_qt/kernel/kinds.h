@@ -11,6 +11,7 @@
 #include "voxi2/containers/vxsplitter2.h"
 #include "voxi2/containers/vxtab2.h"
 #include "voxi2/containers/vxtabcontainer2.h"
+#include "voxi2/containers/vxtooltipwindow2.h"
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
@@ -97,6 +98,8 @@ inline std::vector<Kind> allKinds()
         kind<VXText2, QLabel, &F::createText2>("Text", QAccessible::StaticText),
         kind<VXToolBar2, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar),
         kind<VXToolButton2, QToolButton, &F::createToolButton2>("ToolButton", QAccessible::Button),
+        kind<VXToolTipWindow2, QWidget, &F::createToolTipWindow2>("ToolTipWindow",
+                                                                  QAccessible::ToolTip),
         kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
                                                                      QAccessible::LayeredPane),
         kind<VXWindow2, QMainWindow, &F::createWindow2>("Window", QAccessible::Window),

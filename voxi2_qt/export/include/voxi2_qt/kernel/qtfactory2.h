@@ -54,6 +54,8 @@ public:
     void createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent);
     void createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
                            VXObject* parent);
+    void createToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
+                              VXObject* parent);
     void createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
                             VXObject* parent);
     void createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent);
