@@ -51,6 +51,8 @@ void QtAnchor::watch()
         at->installEventFilter(this);
         m_watched.emplace_back(at);
     }
+    if (m_widget) // what is deleted while it is shown is not hidden before
+        connect(m_widget, &QObject::destroyed, this, &QtAnchor::gone);
 }
 
 void QtAnchor::unwatch()
@@ -59,6 +61,8 @@ void QtAnchor::unwatch()
         if (at)
             at->removeEventFilter(this);
     }
+    if (m_widget)
+        disconnect(m_widget, &QObject::destroyed, this, nullptr);
 }
 
 bool QtAnchor::eventFilter(QObject* watched, QEvent* event)
