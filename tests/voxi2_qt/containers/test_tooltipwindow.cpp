@@ -6,7 +6,6 @@
 #include "voxi2/containers/vxtooltipwindow2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
-#include "voxi2/controls/vxtext2.h"
 #include "voxi2_qt/containers/qtanchor.h"
 
 #include <QApplication>
@@ -198,6 +197,29 @@ TEST_F(ToolTipWindow, followsItsAnchor)
     EXPECT_EQ(tipRect(), last);
     EXPECT_TRUE(m_tip->isVisible());
     EXPECT_EQ(hidden.count(), 1);
+}
+
+TEST_F(ToolTipWindow, followsItsAnchorWhileThatIsScrolled)
+{
+    auto* view = new VXScrollView2(m_page);
+    auto* content = new VXPanel2(view);
+    content->setMinimumSize({100, 1000});
+    view->setWidget(content);
+    view->setPosition({0, 0, 150, 150});
+    view->show();
+    m_anchor->setParent(content);
+    m_anchor->moveTo({10, 100});
+    m_anchor->show();
+    turn();
+    m_tip->popup(m_anchor);
+    const QRect before = tipRect();
+    view->scrollBy({0, 60});
+    EXPECT_EQ(tipRect(), before.translated(0, -60));
+    expectBelow();
+    view->scrollBy({0, 60});
+    EXPECT_TRUE(m_tip->isVisible()) << "some of the anchor is in view";
+    view->scrollBy({0, 60});
+    EXPECT_FALSE(m_tip->isVisible());
 }
 
 TEST_F(ToolTipWindow, goesWithItsAnchor)
