@@ -2,6 +2,7 @@
 
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -88,6 +89,14 @@ void QtScrollView2::doScrollBy(VXPoint<int> distance)
 {
     moveBy(*horizontalScrollBar(), distance.x);
     moveBy(*verticalScrollBar(), distance.y);
+}
+
+bool QtScrollView2::eventFilter(QObject* watched, QEvent* event)
+{
+    // Qt does not notice when the widget moves elsewhere, and would go on resizing it.
+    if (event->type() == QEvent::ParentAboutToChange && watched == QScrollArea::widget())
+        takeWidget();
+    return QtWidget2Shim::eventFilter(watched, event);
 }
 
 } // namespace VOXI

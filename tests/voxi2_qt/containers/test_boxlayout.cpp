@@ -128,7 +128,8 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
 
 TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
 {
-    VXBoxLayout2 alone;
+    VXPanel2 other; // which will own it
+    VXBoxLayout2& alone = *new VXBoxLayout2;
     QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
     auto* brief = new VXText2(m_panel);
     alone.addWidget(brief);
@@ -141,7 +142,6 @@ TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
     runDeletions();
     EXPECT_EQ(qtAlone->count(), 2);
     alone.removeWidget(m_second);
-    VXPanel2 other;
     alone.setParent(&other);
     EXPECT_EQ(m_first->peerParent(), &other);
     EXPECT_EQ(m_second->peerParent(), m_panel);
