@@ -72,6 +72,12 @@ TEST_F(ScrollView, letsItsWidgetGoElsewhere)
     m_page->setParent(&m_owner);
     EXPECT_EQ(other.widget(), nullptr);
     EXPECT_EQ(m_page->peerParent(), &m_owner);
+    auto* neverShown = new VXPanel2(&m_owner);
+    m_view->hide();
+    m_view->setWidget(neverShown);
+    (new VXBoxLayout2(m_page))->addWidget(neverShown);
+    EXPECT_EQ(m_view->widget(), nullptr);
+    EXPECT_EQ(neverShown->peerParent(), m_page);
 }
 
 TEST_F(ScrollView, itsWidgetGrowsWithItButNotBelowItsHint)
