@@ -118,6 +118,20 @@ private:
     /// What a layout may fill.
     VXWidget2* fillable()
     {
+        VXWidget2* const result = anyFillable();
+        if (result)
+            setMargins(*result); // a frame that was squeezed has lost them
+        return result;
+    }
+
+    /// A flow that has not laid out yet must not make a window less than nothing.
+    static void setMargins(VXWidget2& widget)
+    {
+        widget.setContentsMargins(VXRect<int>::margins(2, 2, 2, 2));
+    }
+
+    VXWidget2* anyFillable()
+    {
         switch (below(4)) {
         case 0:
             return any<VXPanel2>();
@@ -140,8 +154,7 @@ private:
     VXWidget2* makeWidget(VXObject2* parent)
     {
         VXWidget2* const result = makeKind(parent);
-        // A flow that has not laid out yet must not make a window less than nothing.
-        result->setContentsMargins(VXRect<int>::margins(2, 2, 2, 2));
+        setMargins(*result);
         return result;
     }
 
