@@ -36,5 +36,7 @@ Page digMenusPage();
 Page layoutsPage();
 Page containersPage();
 Page dialogsPage();
+Page tabsPage();
+Page toolTipsPage();
 
 } // namespace gallery

@@ -40,6 +40,7 @@ void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alig
     withWidgetOf(widget, [&](QWidget* child) {
         if (!prepareFor(child))
             return;
+        removeWidget(child); // first, or a position would count it that Qt then has no more
         QBoxLayout::insertWidget(placeFor(index), child, stretch, VX2Qt(alignment));
         invalidate();
     });

@@ -2,6 +2,8 @@
 
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QEvent>
+#include <QLayout>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -90,6 +92,26 @@ void QtScrollView2::doScrollBy(VXPoint<int> distance)
 {
     moveBy(*horizontalScrollBar(), distance.x);
     moveBy(*verticalScrollBar(), distance.y);
+}
+
+bool QtScrollView2::eventFilter(QObject* watched, QEvent* event)
+{
+    // Qt does not notice when the widget moves elsewhere, and would go on resizing it.
+    QWidget* const child = QScrollArea::widget();
+    if (watched == child && event->type() == QEvent::ParentAboutToChange) {
+        takeWidget();
+    } else if (watched == child && event->type() == QEvent::ParentChange) {
+        // What was never shown does not announce it. Taking it out takes it from there as well, so
+        // it must not be under the hands of a layout that brought it.
+        QWidget* const elsewhere = child->parentWidget();
+        const QLayout* const layout = elsewhere ? elsewhere->layout() : nullptr;
+        if (!layout || layout->indexOf(child) < 0) {
+            takeWidget();
+            if (elsewhere)
+                child->setParent(elsewhere, child->windowFlags());
+        }
+    }
+    return QtWidget2Shim::eventFilter(watched, event);
 }
 
 } // namespace VOXI

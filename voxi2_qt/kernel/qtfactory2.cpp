@@ -12,6 +12,9 @@
 #include "voxi2_qt/containers/qtpanel2.h"
 #include "voxi2_qt/containers/qtscrollview2.h"
 #include "voxi2_qt/containers/qtsplitter2.h"
+#include "voxi2_qt/containers/qttab2.h"
+#include "voxi2_qt/containers/qttabcontainer2.h"
+#include "voxi2_qt/containers/qttooltipwindow2.h"
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
@@ -76,11 +79,14 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createRadioButton2, &QtFactory2::createRadioButton2);
     connect(factory->createScrollView2, &QtFactory2::createScrollView2);
     connect(factory->createSplitter2, &QtFactory2::createSplitter2);
+    connect(factory->createTab2, &QtFactory2::createTab2);
+    connect(factory->createTabContainer2, &QtFactory2::createTabContainer2);
     connect(factory->createText2, &QtFactory2::createText2);
     connect(factory->createToolbar2, &QtFactory2::createToolbar2);
     connect(factory->createToolButton2, &QtFactory2::createToolButton2);
     connect(factory->createWidgetStack2, &QtFactory2::createWidgetStack2);
     connect(factory->createWindow2, &QtFactory2::createWindow2);
+    connect(factory->createToolTipWindow2, &QtFactory2::createToolTipWindow2);
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
 
@@ -199,6 +205,17 @@ void QtFactory2::createSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitt
     create<QtSplitter2>(object, emitters, getQWidget(parent), orientation);
 }
 
+void QtFactory2::createTab2(VXTab2* object, VXTab2Emitters* emitters, VXObject* parent)
+{
+    create<QtTab2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createTabContainer2(VXTabContainer2* object, VXTabContainer2Emitters* emitters,
+                                     VXObject* parent)
+{
+    create<QtTabContainer2>(object, emitters, getQWidget(parent));
+}
+
 void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
 {
     create<QtText2>(object, emitters, getQWidget(parent));
@@ -213,6 +230,12 @@ void QtFactory2::createToolButton2(VXToolButton2* object, VXToolButton2Emitters*
                                    VXObject* parent)
 {
     create<QtToolButton2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
+                                      VXObject* parent)
+{
+    create<QtToolTipWindow2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,

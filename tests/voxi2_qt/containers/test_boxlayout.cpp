@@ -53,6 +53,10 @@ TEST_F(BoxLayout, placesWidgetsWhereTheyAreToGo)
     m_layout->removeWidget(m_first);
     EXPECT_EQ(qtLayout()->count(), 1);
     EXPECT_EQ(qt(*m_first)->parentWidget(), qt(*m_panel)) << "it stays where it is";
+    m_layout->addWidget(m_first, 1);
+    m_layout->insertWidget(m_second, 2); // which is beyond the end without it
+    ASSERT_EQ(qtLayout()->count(), 2);
+    EXPECT_EQ(qtLayout()->itemAt(1)->widget(), qt(*m_second));
 }
 
 TEST_F(BoxLayout, spacersAreFixedOrGrow)
@@ -124,8 +128,8 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
 
 TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
 {
-    VXPanel2 other;
-    VXBoxLayout2 alone; // ends before the panel that it comes to fill
+    VXPanel2 other; // which will own it
+    VXBoxLayout2& alone = *new VXBoxLayout2;
     QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
     auto* brief = new VXText2(m_panel);
     alone.addWidget(brief);

@@ -9,6 +9,7 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxscrollview2.h"
 #include "voxi2/containers/vxsplitter2.h"
+#include "voxi2/containers/vxtabcontainer2.h"
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
@@ -117,11 +118,27 @@ private:
     /// What a layout may fill.
     VXWidget2* fillable()
     {
-        switch (below(3)) {
+        VXWidget2* const result = anyFillable();
+        if (result)
+            setMargins(*result); // a frame that was squeezed has lost them
+        return result;
+    }
+
+    /// A flow that has not laid out yet must not make a window less than nothing.
+    static void setMargins(VXWidget2& widget)
+    {
+        widget.setContentsMargins(VXRect<int>::margins(2, 2, 2, 2));
+    }
+
+    VXWidget2* anyFillable()
+    {
+        switch (below(4)) {
         case 0:
             return any<VXPanel2>();
         case 1:
             return any<VXFrame2>();
+        case 2:
+            return any<VXTab2>();
         default:
             return any<VXGroupBox2>();
         }
@@ -137,14 +154,13 @@ private:
     VXWidget2* makeWidget(VXObject2* parent)
     {
         VXWidget2* const result = makeKind(parent);
-        // A flow that has not laid out yet must not make a window less than nothing.
-        result->setContentsMargins(VXRect<int>::margins(2, 2, 2, 2));
+        setMargins(*result);
         return result;
     }
 
     VXWidget2* makeKind(VXObject2* parent)
     {
-        switch (below(8)) {
+        switch (below(11)) {
         case 0:
             return new VXPanel2(parent);
         case 1:
@@ -157,6 +173,11 @@ private:
             return new VXWidgetStack2(parent);
         case 5:
             return new VXScrollView2(parent);
+        case 6:
+            return new VXTabContainer2(parent);
+        case 7:
+        case 8:
+            return new VXTab2(parent);
         default:
             return new VXButton2(parent);
         }
@@ -191,6 +212,8 @@ private:
             splitter->insertWidget(widget, below(5) - 1, below(3));
         else if (auto* stack = dynamic_cast<VXWidgetStack2*>(where))
             stack->addWidget(widget, below(5) - 1);
+        else if (auto* tabs = dynamic_cast<VXTabContainer2*>(where))
+            tabs->insertTab(below(2) ? any<VXTab2>() : dynamic_cast<VXTab2*>(widget), below(5) - 1);
         else if (auto* view = dynamic_cast<VXScrollView2*>(where))
             view->setWidget(widget);
     }
@@ -205,6 +228,14 @@ private:
         } else if (auto* stack = dynamic_cast<VXWidgetStack2*>(where)) {
             stack->raiseWidget(widget);
             stack->removeWidget(widget);
+        } else if (auto* tabs = dynamic_cast<VXTabContainer2*>(where)) {
+            VXTab2* const tab = tabs->tabAt(below(3));
+            tabs->setCurrentTab(tab);
+            if (tab && below(2))
+                tab->setTabEnabled(!tab->isTabEnabled());
+            else if (tab)
+                tab->setVisible(below(2));
+            tabs->removeTab(below(2) ? tabs->tabAt(0) : dynamic_cast<VXTab2*>(widget));
         } else if (auto* view = dynamic_cast<VXScrollView2*>(where)) {
             view->ensureWidgetVisible(widget);
             view->scrollBy({below(50) - 25, below(50) - 25});

@@ -57,6 +57,29 @@ TEST_F(ScrollView, hasNoFrameAndNoWidgetAtFirst)
     EXPECT_FALSE(m_view->isWidgetResizable());
 }
 
+TEST_F(ScrollView, letsItsWidgetGoElsewhere)
+{
+    showPage();
+    VXScrollView2 other(&m_owner);
+    other.setWidget(m_page);
+    EXPECT_EQ(m_view->widget(), nullptr);
+    EXPECT_EQ(other.widget(), m_page);
+    other.resize({700, 600});
+    m_view->resize({200, 200});
+    m_owner.show();
+    turn();
+    EXPECT_EQ(qt(*m_page)->size(), static_cast<QScrollArea*>(qt(other))->viewport()->size());
+    m_page->setParent(&m_owner);
+    EXPECT_EQ(other.widget(), nullptr);
+    EXPECT_EQ(m_page->peerParent(), &m_owner);
+    auto* neverShown = new VXPanel2(&m_owner);
+    m_view->hide();
+    m_view->setWidget(neverShown);
+    (new VXBoxLayout2(m_page))->addWidget(neverShown);
+    EXPECT_EQ(m_view->widget(), nullptr);
+    EXPECT_EQ(neverShown->peerParent(), m_page);
+}
+
 TEST_F(ScrollView, itsWidgetGrowsWithItButNotBelowItsHint)
 {
     auto* layout = new VXBoxLayout2(m_page);

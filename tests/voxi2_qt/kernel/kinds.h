@@ -11,6 +11,9 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxscrollview2.h"
 #include "voxi2/containers/vxsplitter2.h"
+#include "voxi2/containers/vxtab2.h"
+#include "voxi2/containers/vxtabcontainer2.h"
+#include "voxi2/containers/vxtooltipwindow2.h"
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
@@ -40,6 +43,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -93,9 +97,14 @@ inline std::vector<Kind> allKinds()
                                                                    QAccessible::RadioButton),
         kind<VXScrollView2, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client),
         kind<VXSplitter2, QSplitter, &F::createSplitter2>("Splitter", QAccessible::Splitter),
+        kind<VXTab2, QWidget, &F::createTab2>("Tab", QAccessible::Client),
+        kind<VXTabContainer2, QTabWidget, &F::createTabContainer2>("TabContainer",
+                                                                   QAccessible::Client),
         kind<VXText2, QLabel, &F::createText2>("Text", QAccessible::StaticText),
         kind<VXToolBar2, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar),
         kind<VXToolButton2, QToolButton, &F::createToolButton2>("ToolButton", QAccessible::Button),
+        kind<VXToolTipWindow2, QWidget, &F::createToolTipWindow2>("ToolTipWindow",
+                                                                  QAccessible::ToolTip),
         kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
                                                                      QAccessible::LayeredPane),
         kind<VXWindow2, QMainWindow, &F::createWindow2>("Window", QAccessible::Window),

@@ -25,6 +25,9 @@ public:
     virtual VXWidget2* doGetWidget();
     virtual bool doIsWidgetResizable();
     virtual void doScrollBy(VXPoint<int> distance);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 } // namespace VOXI

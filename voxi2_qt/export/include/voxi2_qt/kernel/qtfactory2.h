@@ -51,10 +51,15 @@ public:
                            VXObject* parent);
     void createSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitters, VXObject* parent,
                          Orientation orientation);
+    void createTab2(VXTab2* object, VXTab2Emitters* emitters, VXObject* parent);
+    void createTabContainer2(VXTabContainer2* object, VXTabContainer2Emitters* emitters,
+                             VXObject* parent);
     void createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent);
     void createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent);
     void createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
                            VXObject* parent);
+    void createToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
+                              VXObject* parent);
     void createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
                             VXObject* parent);
     void createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent);

@@ -1,0 +1,398 @@
+#include "../kernel/toolkit.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxtabcontainer2.h"
+#include "voxi2/controls/vxbutton2.h"
+
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace VOXI {
+namespace {
+
+class Tabs : public testing::Test
+{
+protected:
+    ~Tabs() override
+    {
+        delete m_container;
+        delete m_other;
+        runDeletions();
+    }
+
+    QTabWidget* qtTabs() const { return static_cast<QTabWidget*>(qt(*m_container)); }
+    QTabBar* bar() const { return qtTabs()->tabBar(); }
+
+    void show()
+    {
+        for (VXTab2* tab : {m_first, m_second, m_third})
+            m_container->addTab(tab);
+        m_container->resize({500, 200});
+        m_container->show();
+        QApplication::setActiveWindow(qtTabs());
+        turn();
+    }
+
+    QPoint onTab(VXTab2* tab) const { return bar()->tabRect(m_container->indexOf(tab)).center(); }
+    void click(VXTab2* tab) { QTest::mouseClick(bar(), Qt::LeftButton, {}, onTab(tab)); }
+    void clickCloseButton(VXTab2* tab)
+    {
+        const int index = m_container->indexOf(tab);
+        QWidget* button = bar()->tabButton(index, QTabBar::RightSide);
+        ASSERT_NE(button, nullptr);
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    /// Presses the tab and moves it by so many tabs' widths, without letting it go.
+    void drag(VXTab2* tab, int tabs)
+    {
+        const QPoint start = onTab(tab);
+        const int width = bar()->tabRect(0).width();
+        QTest::mousePress(bar(), Qt::LeftButton, {}, start);
+        for (int i = 1; i <= 4; ++i)
+            QTest::mouseMove(bar(), start + QPoint(tabs * width * i / 4, 0));
+    }
+    void drop() { QTest::mouseRelease(bar(), Qt::LeftButton, {}, QPoint(1, 1)); }
+
+    static VXTab2* tab(VXObject2* owner, const char* text)
+    {
+        auto* result = new VXTab2(owner);
+        result->setText(text);
+        return result;
+    }
+
+    VXPanel2 m_owner;
+    VXTabContainer2* m_container = new VXTabContainer2;
+    VXTabContainer2* m_other = new VXTabContainer2;
+    VXTab2* m_first = tab(&m_owner, "First");
+    VXTab2* m_second = tab(&m_owner, "Second");
+    VXTab2* m_third = tab(&m_owner, "Third");
+};
+
+TEST_F(Tabs, comeAndGoAlive)
+{
+    EXPECT_EQ(m_container->currentTab(), nullptr);
+    m_container->addTab(m_first);
+    m_container->insertTab(m_third, 99);
+    m_container->insertTab(m_second, 1);
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_first, m_second, m_third}));
+    EXPECT_EQ(m_container->indexOf(m_third), 2);
+    EXPECT_EQ(m_container->tabAt(1), m_second);
+    EXPECT_EQ(m_container->tabAt(3), nullptr);
+    EXPECT_EQ(m_container->currentTab(), m_first);
+    EXPECT_EQ(m_second->container(), m_container);
+    EXPECT_EQ(m_second->peerParent(), m_container);
+    EXPECT_EQ(m_container->peerChildren().size(), 3u);
+    EXPECT_EQ(m_container->peerChildren(true).size(), 3u);
+    m_container->insertTab(m_first, -1);
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_second, m_third, m_first}));
+    EXPECT_EQ(m_container->currentTab(), m_first) << "it remains what it was";
+    m_container->insertTab(m_first, 1);
+    EXPECT_EQ(qtTabs()->indexOf(qt(*m_first)), 1);
+    EXPECT_EQ(qtTabs()->currentWidget(), qt(*m_first));
+
+    m_container->removeTab(m_first);
+    EXPECT_EQ(m_container->count(), 2);
+    EXPECT_EQ(m_container->indexOf(m_first), -1);
+    EXPECT_EQ(m_first->container(), nullptr);
+    runDeletions();
+    ASSERT_NE(lookup(m_first), nullptr);
+    EXPECT_TRUE(qt(*m_first)->isHidden());
+    EXPECT_EQ(qt(*m_first)->parentWidget(), nullptr);
+}
+
+TEST_F(Tabs, aContainerAsParentTakesTheTab)
+{
+    auto* made = new VXTab2(m_container);
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{made}));
+    m_first->setParent(m_container);
+    EXPECT_EQ(m_container->indexOf(m_first), 1);
+    made->setParent(m_other);
+    EXPECT_EQ(made->container(), m_other);
+    EXPECT_EQ(m_container->count(), 1);
+    made->setParent(&m_owner);
+    EXPECT_EQ(m_other->count(), 0);
+    EXPECT_EQ(qt(*made)->parentWidget(), qt(m_owner));
+    m_container->setParent(made);
+    made->setParent(m_container); // which lies in it
+    m_container->addTab(made);
+    EXPECT_EQ(m_container->count(), 1);
+    m_container->setParent(nullptr);
+}
+
+TEST_F(Tabs, whatTheTabShowsFollowsThePage)
+{
+    m_first->setText(L"&Price \u20ac");
+    m_first->setTabToolTip("about the first");
+    m_first->setTextColor(Color(200, 10, 20));
+    m_first->setTabEnabled(false);
+    EXPECT_EQ(m_first->textColor(), Color(200, 10, 20));
+    m_other->addTab(m_second);
+    for (VXTabContainer2* container : {m_container, m_other}) {
+        container->addTab(m_first);
+        const QTabBar& tabs = *static_cast<QTabWidget*>(qt(*container))->tabBar();
+        const int index = container->indexOf(m_first);
+        EXPECT_EQ(tabs.tabText(index), QStringLiteral("&Price \u20ac"));
+        EXPECT_EQ(tabs.tabToolTip(index), QStringLiteral("about the first"));
+        EXPECT_EQ(tabs.tabTextColor(index), QColor(200, 10, 20));
+        EXPECT_FALSE(tabs.isTabEnabled(index));
+        EXPECT_TRUE(m_first->isEnabled()) << "the page is another thing";
+    }
+    EXPECT_EQ(m_container->count(), 0);
+    m_first->setText(u"Later");
+    m_first->setTabToolTip(L"tip \u20ac");
+    m_first->unsetTextColor();
+    m_first->setTabEnabled(true);
+    const QTabBar& tabs = *static_cast<QTabWidget*>(qt(*m_other))->tabBar();
+    EXPECT_EQ(tabs.tabText(1), QStringLiteral("Later"));
+    EXPECT_EQ(tabs.tabToolTip(1), QStringLiteral("tip \u20ac"));
+    EXPECT_FALSE(tabs.tabTextColor(1).isValid());
+    EXPECT_TRUE(tabs.isTabEnabled(1));
+    m_other->removeTab(m_first);
+    EXPECT_EQ(m_first->text(), "Later");
+    EXPECT_EQ(m_first->tabToolTipU(), L"tip \u20ac");
+    EXPECT_TRUE(m_first->isTabEnabled());
+}
+
+TEST_F(Tabs, looksAreSetAndAnswered)
+{
+    using Position = std::pair<TabPosition, QTabWidget::TabPosition>;
+    for (const auto& [vx, expected] : {Position{TabPosition::South, QTabWidget::South},
+                                       {TabPosition::West, QTabWidget::West},
+                                       {TabPosition::East, QTabWidget::East},
+                                       {TabPosition::North, QTabWidget::North}}) {
+        m_container->setTabPosition(vx);
+        EXPECT_EQ(m_container->tabPosition(), vx);
+        EXPECT_EQ(qtTabs()->tabPosition(), expected);
+    }
+    m_container->setTabsClosable(true);
+    m_container->setMovable(true);
+    m_container->setDocumentMode(true);
+    m_container->setElideMode(TextElideMode::Middle);
+    m_container->setScrollButtons(false);
+    EXPECT_TRUE(qtTabs()->tabsClosable() && m_container->areTabsClosable());
+    EXPECT_TRUE(qtTabs()->isMovable() && m_container->isMovable());
+    EXPECT_TRUE(qtTabs()->documentMode() && m_container->isDocumentMode());
+    EXPECT_EQ(qtTabs()->elideMode(), Qt::ElideMiddle);
+    EXPECT_EQ(m_container->elideMode(), TextElideMode::Middle);
+    EXPECT_FALSE(qtTabs()->usesScrollButtons() || m_container->hasScrollButtons());
+}
+
+TEST_F(Tabs, ignoresWhatItCannotTake)
+{
+    VXTab2* const dead = m_third;
+    delete m_third;
+    m_other->addTab(m_second);
+    m_container->addTab(m_first);
+    for (VXTab2* tab : {static_cast<VXTab2*>(nullptr), dead, m_second}) {
+        m_container->removeTab(tab);
+        m_container->setCurrentTab(tab);
+        EXPECT_EQ(m_container->indexOf(tab), -1);
+    }
+    m_container->addTab(nullptr);
+    m_container->addTab(dead);
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_first}));
+    EXPECT_EQ(m_other->currentTab(), m_second);
+}
+
+TEST_F(Tabs, theUserChoosesByMouseAndKeys)
+{
+    show();
+    Log changes(m_container->currentTabChanged());
+    click(m_third);
+    EXPECT_EQ(m_container->currentTab(), m_third);
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes.last().tab(), m_third);
+    EXPECT_EQ(changes.last().container(), m_container);
+    click(m_third);
+    EXPECT_EQ(changes.count(), 1);
+    m_second->setTabEnabled(false);
+    bar()->setFocus();
+    QTest::keyClick(bar(), Qt::Key_Left);
+    EXPECT_EQ(changes.count(), 2);
+    EXPECT_EQ(changes.last().tab(), m_first) << "the one between cannot be chosen";
+    m_second->setTabEnabled(true);
+    QTest::keyClick(qtTabs(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(changes.last().tab(), m_second);
+    m_third->setText("&Third");
+    QTest::keyClick(qtTabs(), Qt::Key_T, Qt::AltModifier);
+    EXPECT_EQ(changes.count(), 4);
+    EXPECT_EQ(changes.last().tab(), m_third);
+    Log doubleClicks(m_container->tabDoubleClicked());
+    QTest::mouseDClick(bar(), Qt::LeftButton, {}, onTab(m_first));
+    ASSERT_EQ(doubleClicks.count(), 1);
+    EXPECT_EQ(doubleClicks.last().tab(), m_first);
+}
+
+TEST_F(Tabs, whatTheProgramDoesIsNotReported)
+{
+    show();
+    m_container->setMovable(true);
+    Log changes(m_container->currentTabChanged());
+    Log moves(m_container->tabMoved());
+    Log shown(m_second->shown());
+    Log hidden(m_first->hidden());
+    m_container->setCurrentTab(m_second);
+    EXPECT_TRUE(m_second->isVisible());
+    m_container->insertTab(m_second, 0);
+    m_container->insertTab(m_second, 2);
+    m_second->setTabEnabled(false);
+    EXPECT_EQ(m_container->currentTab(), m_third);
+    auto* extra = new VXTab2(&m_owner);
+    m_container->insertTab(extra, 0);
+    m_container->removeTab(m_first);
+    EXPECT_EQ(m_container->currentTab(), m_third) << "which has another position now";
+    EXPECT_TRUE(shown.isEmpty() && hidden.isEmpty());
+    m_container->setCurrentTab(extra);
+    delete extra;
+    m_container->removeTab(m_third);
+    m_container->addTab(m_first);
+    m_container->setCurrentTab(m_first);
+    delete qt(*m_first); // as whoever holds the widget may
+    m_second->setParent(nullptr);
+    EXPECT_EQ(m_container->count(), 0);
+    m_container->addTab(m_third);
+    turn();
+    EXPECT_TRUE(changes.isEmpty() && moves.isEmpty());
+
+    m_container->addTab(m_second);
+    m_second->setTabEnabled(true);
+    click(m_second);
+    EXPECT_TRUE(changes.takeOne()) << "the user is heard as before";
+}
+
+TEST_F(Tabs, hidingAndShowingAreTheTabs)
+{
+    show();
+    Log changes(m_container->currentTabChanged());
+    m_first->hide();
+    EXPECT_FALSE(bar()->isTabVisible(0));
+    EXPECT_EQ(m_container->currentTab(), m_second);
+    EXPECT_EQ(m_container->count(), 3);
+    m_first->show();
+    EXPECT_TRUE(bar()->isTabVisible(0));
+    EXPECT_FALSE(m_first->isVisible()) << "another page is shown";
+    EXPECT_TRUE(m_second->isVisible());
+    EXPECT_TRUE(changes.isEmpty());
+}
+
+TEST_F(Tabs, closingIsTheProgramsDecision)
+{
+    show();
+    m_container->setTabsClosable(true);
+    Log requests(m_container->tabCloseRequested());
+    clickCloseButton(m_second);
+    ASSERT_EQ(requests.count(), 1);
+    EXPECT_EQ(requests.last().tab(), m_second);
+    EXPECT_EQ(m_container->count(), 3);
+
+    // In its own handler a tab may be taken out, or end.
+    bool destroy = false;
+    m_container->tabCloseRequested().connect(m_container, [&](const VXTabEvent2& event) {
+        if (destroy)
+            delete event.tab();
+        else
+            event.container()->removeTab(event.tab());
+    });
+    clickCloseButton(m_second);
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_first, m_third}));
+    destroy = true;
+    clickCloseButton(m_first);
+    clickCloseButton(m_third);
+    EXPECT_EQ(m_container->count(), 0);
+    runDeletions();
+    EXPECT_NE(lookup(m_second), nullptr);
+}
+
+TEST_F(Tabs, aDragIsReportedOnceItIsOver)
+{
+    show();
+    m_container->setMovable(true);
+    Log changes(m_container->currentTabChanged());
+    Log moves(m_container->tabMoved());
+    drag(m_first, 2);
+    EXPECT_TRUE(moves.isEmpty());
+    drop();
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_second, m_third, m_first}));
+    ASSERT_EQ(moves.count(), 1);
+    EXPECT_EQ(moves.last().tab(), m_first);
+    EXPECT_EQ(moves.last().from(), 0);
+    EXPECT_EQ(moves.last().to(), 2);
+    EXPECT_TRUE(changes.isEmpty()) << "the same tab is current";
+    click(m_first);
+    EXPECT_EQ(moves.count(), 1) << "nothing was moved";
+}
+
+TEST_F(Tabs, mayGoWhileTheyAreDragged)
+{
+    show();
+    m_container->setMovable(true);
+    Log moves(m_container->tabMoved());
+    drag(m_second, 1);
+    delete m_second;
+    runDeletions();
+    QTest::mouseMove(bar(), QPoint(5, 5));
+    drop();
+    EXPECT_EQ(m_container->count(), 2);
+    EXPECT_TRUE(moves.isEmpty());
+    drag(m_first, 1);
+    delete m_third; // the one that was dragged over
+    QTest::mouseMove(bar(), QPoint(5, 5));
+    drop();
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_first}));
+
+    m_container->tabMoved().connect(m_container,
+                                    [&] { delete std::exchange(m_container, nullptr); });
+    m_container->addTab(tab(&m_owner, "Other"));
+    drag(m_first, 1);
+    QTest::mouseRelease(bar(), Qt::LeftButton, {}, QPoint(1, 1));
+    EXPECT_EQ(m_container, nullptr);
+}
+
+TEST_F(Tabs, goOnWithoutTheContainerUnlessTheyBelongToIt)
+{
+    auto* inside = new VXButton2(m_first);
+    show();
+    auto* owned = new VXTab2(m_container);
+    auto* ownedBelow = new VXTab2(new VXPanel2(m_container));
+    m_container->addTab(ownedBelow);
+    const unsigned ids[] = {owned->id(), ownedBelow->id()};
+    delete std::exchange(m_container, nullptr);
+    runDeletions();
+    for (const unsigned id : ids)
+        EXPECT_FALSE(VXObject::isObjectValid(id) || lookup(id));
+    ASSERT_NE(lookup(m_first), nullptr);
+    EXPECT_EQ(m_first->container(), nullptr);
+    m_other->addTab(m_first);
+    m_other->show();
+    EXPECT_TRUE(qt(*inside)->isVisible());
+    // What is only cut off takes its tabs' widgets along.
+    VXFactory2::current()->destroyObject(m_other->id());
+    runDeletions();
+    EXPECT_EQ(m_other->count(), 0);
+    EXPECT_NE(lookup(m_first), nullptr);
+}
+
+TEST_F(Tabs, thousandsAreNoTrouble)
+{
+    m_container->show();
+    for (int i = 0; i < 1000; ++i)
+        (new VXTab2(m_container))->setText("Tab " + std::to_string(i));
+    const auto tabs = m_container->tabs();
+    ASSERT_EQ(tabs.size(), 1000u);
+    Log changes(m_container->currentTabChanged());
+    m_container->setCurrentTab(tabs[999]);
+    for (std::size_t i = 0; i < 1000; i += 2)
+        m_other->addTab(tabs[i]);
+    EXPECT_EQ(m_container->count(), 500);
+    EXPECT_EQ(m_other->tabAt(499)->text(), "Tab 998");
+    EXPECT_EQ(m_container->currentTab(), tabs[999]);
+    for (std::size_t i = 0; i < 1000; i += 3)
+        delete tabs[i];
+    EXPECT_EQ(m_container->count(), 333);
+    EXPECT_TRUE(changes.isEmpty());
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QPointer>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace VOXI {
+
+/// The tabs of a tab container. Qt tells of each step of a drag, as the neighbour's move; this bar
+/// tells of the whole of it.
+class VOXI2_QT_EXPORT QtTabBar : public QTabBar
+{
+    Q_OBJECT
+
+public:
+    explicit QtTabBar(QTabWidget* container);
+
+Q_SIGNALS:
+    /// The user has let a tab go that was dragged to another place.
+    void pageDragged(QWidget* page, int from, int to);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QTabWidget& m_container;
+    QPointer<QWidget> m_pressed;
+    int m_from = -1; // before the drag; -1 while the tab has not moved
+};
+
+} // namespace VOXI
