@@ -132,12 +132,12 @@ void QtAbstractDialog2::doDone(int result)
 
 void QtAbstractDialog2::doSetButtonResult(VXAbstractButton2* button, int result)
 {
-    withWidgetOf(button, [this, result](QWidget* widget) {
-        auto* const qtButton = qobject_cast<QAbstractButton*>(widget);
+    withPeerOf<QtWidget2>(button, [this, result](QtWidget2* peer) {
+        auto* const qtButton = qobject_cast<QAbstractButton*>(peer ? peer->asQWidget() : nullptr);
         if (!qtButton)
             return;
         unsetButtonResult(qtButton);
-        // After the button's own report, which has been connected since it was made.
+        peer->becomeHeard(); // its own report comes first
         m_buttonResults.push_back(
             {qtButton, QObject::connect(qtButton, &QAbstractButton::clicked, asQWidget(),
                                         [this, result] { endByButton(result); })});

@@ -60,6 +60,10 @@ public:
     /// lock.
     bool mayBeHeard() const noexcept { return m_requests.mayBeHeard(); }
 
+    /// Has the signals that are reported connected now, if they are not: for whoever connects to
+    /// the same signal and wants to come after the report.
+    void becomeHeard() override;
+
     /// The Qt object that this peer is. Null in the constructor and destructor of the peer's bases.
     virtual QObject* asQObject() const noexcept = 0;
 
@@ -106,8 +110,6 @@ protected:
 
     /// How the Qt object is deleted later: together with its parent where that goes too.
     void deferDelete() override;
-
-    void becomeHeard() override;
 
 private:
     void addObject();
