@@ -2,6 +2,8 @@
 
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QEvent>
+#include <QHash>
 #include <QLayout>
 #include <QSpacerItem>
 #include <QWidget>
@@ -40,6 +42,46 @@ bool canLieIn(const QLayout& layout, const QWidget& target)
 
 } // namespace
 
+/// Takes items out of a layout that fills no widget when they end or move elsewhere: else it is the
+/// widget around them that tells a layout.
+class QtLayout2::ItemWatch : public QObject
+{
+public:
+    explicit ItemWatch(QLayout* layout) : QObject(layout), m_layout(layout) {}
+
+    void add(QWidget* item)
+    {
+        if (m_items.contains(item)) {
+            m_layout->removeWidget(item); // it moves to its new place
+            return;
+        }
+        m_items.insert(item, item);
+        item->installEventFilter(this);
+        connect(item, &QObject::destroyed, this, &ItemWatch::remove);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::ParentChange)
+            remove(watched);
+        return false;
+    }
+
+private:
+    void remove(QObject* item)
+    {
+        item->removeEventFilter(this);
+        item->disconnect(this);
+        QWidget* const widget = m_items.take(item); // only an address where it is going
+        if (!m_layout->parentWidget())
+            m_layout->removeWidget(widget);
+    }
+
+    QLayout* m_layout;
+    QHash<QObject*, QWidget*> m_items;
+};
+
 QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
     : QtObject2(object, emitters->base())
 {
@@ -73,11 +115,9 @@ bool QtLayout2::prepareFor(QWidget* child)
     if (!child || isWithin(child, self->parentWidget()))
         return false;
     if (!self->parentWidget()) {
-        // It is the widget around them that tells a layout when its items move or end.
-        self->removeWidget(child);
-        QObject::disconnect(child, &QObject::destroyed, self, nullptr);
-        QObject::connect(child, &QObject::destroyed, self,
-                         [self, child] { self->removeWidget(child); });
+        if (!m_watch)
+            m_watch = new ItemWatch(self);
+        m_watch->add(child);
     }
     return true;
 }

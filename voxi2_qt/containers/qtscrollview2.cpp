@@ -3,7 +3,7 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QEvent>
-#include <QLayout>
+#include <QApplication>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -25,6 +25,23 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isWidgetResizable, &P::doIsWidgetResizable>(),
     TROV::row<&E::scrollBy, &P::doScrollBy>());
 // clang-format on
+
+/// Keeps from a widget, its layout included, that a child of it goes and comes back meanwhile.
+class Muffler : public QObject
+{
+public:
+    explicit Muffler(const QWidget* parent) : m_parent(parent) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        return watched == m_parent
+               && (event->type() == QEvent::ChildRemoved || event->type() == QEvent::ChildAdded);
+    }
+
+private:
+    const QWidget* m_parent;
+};
 
 void moveBy(QScrollBar& bar, int distance)
 {
@@ -101,15 +118,13 @@ bool QtScrollView2::eventFilter(QObject* watched, QEvent* event)
     if (watched == child && event->type() == QEvent::ParentAboutToChange) {
         takeWidget();
     } else if (watched == child && event->type() == QEvent::ParentChange) {
-        // What was never shown does not announce it. Taking it out takes it from there as well, so
-        // it must not be under the hands of a layout that brought it.
+        // What was never shown does not announce it. Taking it out takes it from there as well.
         QWidget* const elsewhere = child->parentWidget();
-        const QLayout* const layout = elsewhere ? elsewhere->layout() : nullptr;
-        if (!layout || layout->indexOf(child) < 0) {
-            takeWidget();
-            if (elsewhere)
-                child->setParent(elsewhere, child->windowFlags());
-        }
+        const Qt::WindowFlags flags = child->windowFlags();
+        const Muffler muffler(elsewhere);
+        takeWidget();
+        if (elsewhere)
+            child->setParent(elsewhere, flags);
     }
     return QtWidget2Shim::eventFilter(watched, event);
 }

@@ -41,6 +41,11 @@ protected:
     /// To be called before a widget is added. False when it cannot be laid out: null cannot, nor
     /// one that the layout itself lies in.
     bool prepareFor(QWidget* child);
+
+private:
+    class ItemWatch;
+
+    ItemWatch* m_watch = nullptr; // belongs to the layout; made for one that fills no widget
 };
 
 } // namespace VOXI
