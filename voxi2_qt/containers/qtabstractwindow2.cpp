@@ -1,9 +1,12 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
+#include "qtsavedtext.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QEvent>
 #include <QIcon>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 namespace VOXI {
@@ -27,13 +30,18 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getWindowFlags, &P::doGetWindowFlags>(),
     TROV::row<&E::getWindowState, &P::doGetWindowState>(),
     TROV::row<&E::isModified, &P::doIsModified>(),
-    TROV::row<&E::close, &P::doClose>());
+    TROV::row<&E::close, &P::doClose>(),
+    TROV::row<&E::saveWindowGeometry, &P::doSaveWindowGeometry>(),
+    TROV::row<&E::restoreWindowGeometry, &P::doRestoreWindowGeometry>());
 // clang-format on
+
+constexpr char GeometryKind[] = "voxi-geometry";
 
 } // namespace
 
 QtAbstractWindow2::QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow2Emitters* emitters)
-    : QtWidget2(window, emitters->base())
+    : QtWidget2(window, emitters->base()),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
 }
@@ -58,16 +66,18 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 {
     QWidget* widget = asQWidget();
     const bool visible = widget->isVisible();
+    const bool embedded = flags == 0 && widget->parentWidget();
     // Qt hides a window whose flags change.
     const QtEventBlocker blocker(*this,
                                  {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
-    widget->setWindowFlags(voxiFlagToQt(flags) | Qt::Window);
+    widget->setWindowFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
     if (visible)
         widget->show();
 }
 
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
 {
+    const QScopedValueRollback setting(m_settingState, true);
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
     asQWidget()->setWindowState(VX2Qt(state));
 }
@@ -110,6 +120,38 @@ bool QtAbstractWindow2::doIsModified()
 bool QtAbstractWindow2::doClose()
 {
     return asQWidget()->close();
+}
+
+std::string QtAbstractWindow2::doSaveWindowGeometry()
+{
+    return toSavedText(GeometryKind, asQWidget()->saveGeometry());
+}
+
+bool QtAbstractWindow2::doRestoreWindowGeometry(const std::string& geometry)
+{
+    const auto bytes = fromSavedText(GeometryKind, geometry);
+    const QScopedValueRollback setting(m_settingState, true); // it may be that of a maximised one
+    return bytes && restoreGeometryQuietly(*bytes);
+}
+
+void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
+{
+    if (isSavedText(GeometryKind, geometry)) {
+        doRestoreWindowGeometry(geometry);
+        return;
+    }
+    const QScopedValueRollback setting(m_settingState, true);
+    QtWidget2::doRestoreGeometry(geometry);
+}
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtAbstractWindow2::passStateChange(const QEvent& event)
+{
+    if (event.type() != QEvent::WindowStateChange || m_settingState)
+        return;
+    report(m_emitters->stateChanged, abstractObject<VXAbstractWindow2>(),
+           Qt2VX(asQWidget()->windowState()));
 }
 
 } // namespace VOXI

@@ -3,6 +3,7 @@
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
+#include "voxi2_qt/containers/qtdockwidget2.h"
 #include "voxi2_qt/containers/qtflowlayout2.h"
 #include "voxi2_qt/containers/qtframe2.h"
 #include "voxi2_qt/containers/qtgridlayout2.h"
@@ -57,6 +58,7 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
     connect(factory->createButton2, &QtFactory2::createButton2);
     connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
+    connect(factory->createDockWidget2, &QtFactory2::createDockWidget2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
     connect(factory->createFlowLayout2, &QtFactory2::createFlowLayout2);
@@ -112,6 +114,12 @@ void QtFactory2::createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitt
                                  VXObject* parent)
 {
     create<QtCheckBox2>(object, emitters, getQWidget(parent));
+}
+
+void QtFactory2::createDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
+                                   VXObject* parent)
+{
+    create<QtDockWidget2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)

@@ -2,6 +2,7 @@
 
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxflowlayout2.h"
 #include "voxi2/containers/vxframe2.h"
 #include "voxi2/containers/vxgridlayout2.h"
@@ -26,6 +27,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QDockWidget>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -76,6 +78,7 @@ inline std::vector<Kind> allKinds()
         kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
         kind<VXButton2, QPushButton, &F::createButton2>("Button", QAccessible::Button),
         kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
+        kind<VXDockWidget2, QDockWidget, &F::createDockWidget2>("DockWidget", QAccessible::Window),
         kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
         kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
         kind<VXFrame2, QFrame, &F::createFrame2>("Frame", QAccessible::Border),

@@ -30,6 +30,8 @@ public:
                           Direction direction);
     void createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent);
     void createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, VXObject* parent);
+    void createDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
+                           VXObject* parent);
     void createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
     void createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters);
     void createFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters, VXObject* parent,

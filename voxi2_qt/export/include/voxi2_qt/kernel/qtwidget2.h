@@ -13,6 +13,7 @@
 QT_BEGIN_NAMESPACE
 class QAbstractScrollArea;
 class QAction;
+class QByteArray;
 class QDragEnterEvent;
 class QDragLeaveEvent;
 class QDragMoveEvent;
@@ -151,6 +152,9 @@ protected:
     QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters);
 
     void endPeer();
+
+    /// What Qt's `saveGeometry` gave; false when it did not. No echoes.
+    bool restoreGeometryQuietly(const QByteArray& geometry);
 
     // Drags over the widget, as the shim receives them
     void passDragEnter(QDragEnterEvent* event);
