@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtdockwidget2.h"
 
 #include "qtdockaccessible.h"
+#include "qtdocktitle.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -43,14 +44,17 @@ const auto s_requests = TROV::operations<E>(
 /// How many program scopes there are. A change of one dock widget changes others, too.
 int s_programScopes = 0;
 
-/// Hides what was replaced; that is no news.
-void hideQuietly(QWidget* widget)
+/// Keeps what was replaced, hidden; that is no news.
+void keepHidden(QWidget* widget, QWidget* parent)
 {
     auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget));
     if (!peer)
         return;
     const QtEventBlocker blocker(*peer, {WidgetEvent::Hide});
     widget->hide();
+    widget->setParent(parent);
+    // So that it comes into sight where it is put next.
+    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
 }
 
 } // namespace
@@ -94,7 +98,10 @@ void QtDockWidget2::doSetWidget(VXWidget2* widget)
         QWidget* former = QDockWidget::widget();
         if (child && (child == former || isWithin(child, this)))
             return;
-        hideQuietly(former);
+        // Out of the layout before Qt takes it out and hides it in its own way.
+        if (former)
+            layout()->removeWidget(former);
+        keepHidden(former, this);
         setWidget(child);
     };
     if (widget)
@@ -112,11 +119,12 @@ VXWidget2* QtDockWidget2::doGetWidget()
 void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
 {
     const auto place = [this](QWidget* child) {
-        QWidget* former = titleBarWidget();
+        QWidget* former = dockTitleIn(*this);
         if (child && (child == former || isWithin(child, this)))
             return;
-        hideQuietly(former);
-        setTitleBarWidget(child);
+        keepHidden(former, this); // its holder goes
+        if (child)
+            setTitleBarWidget(new QtDockTitle(this, child));
     };
     if (widget)
         withWidgetOf(widget, place);
@@ -127,7 +135,7 @@ void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
 VXWidget2* QtDockWidget2::doGetTitleBarWidget()
 {
     VXObjectDataLocker lock;
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(titleBarWidget()));
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(dockTitleIn(*this)));
 }
 
 void QtDockWidget2::doSetTitleU(const std::wstring& title)
@@ -271,6 +279,8 @@ void QtDockWidget2::slotVisibilityChanged(bool visible)
 
 void QtDockWidget2::slotAreaChanged(Qt::DockWidgetArea area)
 {
+    if (area == Qt::NoDockWidgetArea)
+        return; // it is torn off, and comes back to where it was
     m_area = Qt2VX(area);
     noteChange();
 }

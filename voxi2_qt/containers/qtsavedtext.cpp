@@ -28,14 +28,14 @@ std::optional<QByteArray> fromSavedText(const char* kind, const std::string& tex
 {
     if (!isSavedText(kind, text))
         return std::nullopt;
-    const QByteArray rest = QByteArray::fromStdString(text.substr(headOf(kind).size()));
-    if (rest.size() <= CheckDigits || rest[CheckDigits] != ':')
+    const std::size_t start = headOf(kind).size() + CheckDigits + 1;
+    if (text.size() <= start)
         return std::nullopt;
-    const auto decoded = QByteArray::fromBase64Encoding(rest.sliced(CheckDigits + 1),
-                                                        QByteArray::AbortOnBase64DecodingErrors);
-    if (!decoded || decoded.decoded.isEmpty() || checkOf(*decoded) != rest.first(CheckDigits))
+    const QByteArray bytes = QByteArray::fromBase64(QByteArray::fromStdString(text.substr(start)));
+    // The decoder is lenient; only what would be written again is whole.
+    if (toSavedText(kind, bytes) != text)
         return std::nullopt;
-    return *decoded;
+    return bytes;
 }
 
 bool isSavedText(const char* kind, const std::string& text) noexcept
