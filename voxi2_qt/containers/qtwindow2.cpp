@@ -75,8 +75,12 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         // Qt would delete the former one, which has an owner of its own.
         if (QWidget* former = takeCentralWidget())
             keepHidden(former);
-        if (child)
-            setCentralWidget(child);
+        if (!child)
+            return;
+        setCentralWidget(child);
+        // One that was replaced before would stay hidden if the window is.
+        if (child->isHidden() && !child->testAttribute(Qt::WA_WState_ExplicitShowHide))
+            child->show();
     };
     if (widget)
         withWidgetOf(widget, place);

@@ -124,6 +124,7 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
 
 TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
 {
+    VXPanel2 other; // in the end it would delete what it owns
     VXBoxLayout2 alone;
     QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
     auto* brief = new VXText2(m_panel);
@@ -137,7 +138,6 @@ TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
     runDeletions();
     EXPECT_EQ(qtAlone->count(), 2);
     alone.removeWidget(m_second);
-    VXPanel2 other;
     alone.setParent(&other);
     EXPECT_EQ(m_first->peerParent(), &other);
     EXPECT_EQ(m_second->peerParent(), m_panel);

@@ -223,6 +223,7 @@ TEST(RandomLayouts, growMoveAndDie)
         given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
     std::cout << "VOXI_TEST_SEED=" << seed << std::endl;
     SCOPED_TRACE("VOXI_TEST_SEED=" + std::to_string(seed));
+    runDeletions(); // what other tests left
     const auto before = QApplication::allWidgets().size();
     for (unsigned tree = 0; tree < 8; ++tree) {
         RandomLayouts layouts(seed + tree);
