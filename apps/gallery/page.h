@@ -35,5 +35,7 @@ Page actionsPage();
 Page digMenusPage();
 Page layoutsPage();
 Page containersPage();
+Page windowsPage();
+Page docksPage();
 
 } // namespace gallery

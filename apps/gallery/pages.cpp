@@ -5,9 +5,9 @@ namespace gallery {
 const std::vector<Page>& pages()
 {
     static const std::vector<Page> all = {
-        countingPage(), buttonsPage(), eventsPage(),     dragDropPage(),
-        focusPage(),    cursorsPage(), threadsPage(),    actionsPage(),
-        digMenusPage(), layoutsPage(), containersPage(),
+        countingPage(),   buttonsPage(), eventsPage(),  dragDropPage(), focusPage(),
+        cursorsPage(),    threadsPage(), actionsPage(), digMenusPage(), layoutsPage(),
+        containersPage(), windowsPage(), docksPage(),
     };
     return all;
 }

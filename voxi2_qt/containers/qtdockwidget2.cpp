@@ -6,6 +6,7 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QCloseEvent>
 #include <QLayout>
 #include <QMainWindow>
 #include <QScopedValueRollback>
@@ -88,6 +89,18 @@ QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitt
     connect(this, &QDockWidget::topLevelChanged, this, [this] { noteChange(); });
     connect(this, &QDockWidget::dockLocationChanged, this, &QtDockWidget2::slotAreaChanged);
     connect(this, &QDockWidget::visibilityChanged, this, &QtDockWidget2::slotVisibilityChanged);
+}
+
+void QtDockWidget2::scheduleDelete()
+{
+    QtContainer2::scheduleDelete();
+    endDrag();
+}
+
+void QtDockWidget2::endDrag()
+{
+    QCloseEvent event; // nothing is closed, but Qt gives up the drag
+    closeEvent(&event);
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -197,6 +210,7 @@ void QtDockWidget2::doSetFloating(bool floating)
     const ProgramScope scope(parentWidget());
     const QtEventBlocker blocker(
         *this, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
+    endDrag();
     setFloating(floating);
 }
 

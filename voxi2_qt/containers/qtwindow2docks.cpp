@@ -83,6 +83,7 @@ void QtWindow2::doRemoveDockWidget(VXDockWidget2* dock)
             return;
         const QtDockWidget2::ProgramScope scope(this);
         const QtEventBlocker blocker(peer, PlacingEvents);
+        peer.endDrag();
         peer.setFloating(false); // or it would come back as a window
         removeDockWidget(&peer);
     });
@@ -141,6 +142,10 @@ bool QtWindow2::doRestoreLayout(const std::string& layout)
                 blockers.emplace_back(*peer, PlacingEvents);
         }
     }
+    for (QWidget* widget : m_dockedPanes) {
+        if (auto* pane = dynamic_cast<QtDockWidget2*>(widget))
+            pane->endDrag();
+    }
     const LayoutNames names(*this);
     return restoreState(*bytes);
 }
@@ -175,6 +180,7 @@ void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
 {
     const QtDockWidget2::ProgramScope scope(this);
     const QtEventBlocker blocker(dock, PlacingEvents);
+    dock.endDrag();
     auto* former = qobject_cast<QMainWindow*>(dock.parentWidget());
     if (former && former->dockWidgetArea(&dock) != Qt::NoDockWidgetArea) {
         dock.setFloating(false);

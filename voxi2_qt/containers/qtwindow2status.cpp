@@ -79,6 +79,14 @@ void QtWindow2::showStatus(const QString& text, int timeout)
         bar->clearMessage();
 }
 
+void QtWindow2::showEvent(QShowEvent* event)
+{
+    // Inside another window its corner is no handle.
+    if (QStatusBar* bar = knownStatusBar())
+        bar->setSizeGripEnabled(isWindow());
+    QMainWindow::showEvent(event);
+}
+
 /// Qt's own getter makes one.
 QStatusBar* QtWindow2::knownStatusBar() const
 {
@@ -90,6 +98,7 @@ QStatusBar* QtWindow2::ensuredStatusBar()
     QStatusBar* bar = knownStatusBar();
     if (!bar) {
         bar = statusBar();
+        bar->setSizeGripEnabled(isWindow());
         connect(bar, &QStatusBar::messageChanged, this, &QtWindow2::slotStatusMessageChanged);
     }
     return bar;

@@ -212,17 +212,33 @@ TEST_F(DockX11, isDraggedOutAndBackIn)
     EXPECT_TRUE(m_seen.isEmpty());
 }
 
-TEST_F(DockX11, mayBeDestroyedWhileItIsDragged)
+TEST_F(DockX11, mayBeTakenFromTheHandThatDragsIt)
 {
     ASSERT_TRUE(show());
     ASSERT_TRUE(waitFor([&] { return m_dock->isVisible(); }, Patience));
-    bool gone = false;
+    const std::string layout = m_window.saveLayout();
+    const auto dragAnd = [&](const std::function<void()>& act) {
+        bool done = false;
+        auto connection = m_dock->floatingChanged().connect(&m_window, [&] {
+            if (!std::exchange(done, true))
+                act();
+        });
+        EXPECT_TRUE(drag(QPoint(1100, 800), [&] { return done; }));
+        turn();
+        connection.disconnect();
+    };
+    dragAnd([&] { m_window.addDockWidget(m_dock, DockArea::Top); });
+    EXPECT_FALSE(m_dock->isFloating());
+    EXPECT_EQ(m_window.dockArea(m_dock), DockArea::Top);
+    dragAnd([&] { EXPECT_TRUE(m_window.restoreLayout(layout)); });
+    EXPECT_FALSE(m_dock->isFloating());
+    EXPECT_EQ(m_window.dockArea(m_dock), DockArea::Left);
+    dragAnd([&] { m_window.removeDockWidget(m_dock); });
+    EXPECT_FALSE(m_dock->isVisible());
+    m_window.addDockWidget(m_dock);
+
     const QPointer<QWidget> widget(qt(*m_dock));
-    m_dock->floatingChanged().connect(&m_window, [&] {
-        delete m_dock;
-        gone = true;
-    });
-    EXPECT_TRUE(drag(QPoint(1100, 800), [&] { return gone; }));
+    dragAnd([&] { delete m_dock; });
     EXPECT_TRUE(waitFor([&] { return widget.isNull(); }, Patience));
     auto* next = new VXDockWidget2(&m_window);
     m_window.addDockWidget(next, DockArea::Bottom);

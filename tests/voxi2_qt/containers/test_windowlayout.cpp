@@ -78,6 +78,7 @@ TEST_F(WindowLayout, statusTextComesBack)
     window.setStatusText("");
     EXPECT_EQ(window.statusText(), "");
     window.setStatusBarVisible(false);
+    EXPECT_TRUE(main(window)->statusBar()->isSizeGripEnabled());
     window.setStatusText("unseen");
     EXPECT_FALSE(window.isStatusBarVisible());
 }
@@ -172,6 +173,8 @@ TEST_F(WindowLayout, panesMoveBetweenWindows)
     inner->setWindowFlags(0);
     from[0]->setWidget(inner);
     inner->addDockWidget(from[0]);
+    inner->setStatusText("inside");
+    EXPECT_FALSE(main(*inner)->statusBar()->isSizeGripEnabled()) << "no corner of its own";
     EXPECT_EQ(from.area(0), DockArea::Right);
 }
 

@@ -48,6 +48,12 @@ public:
     void doSetVisible(bool visible) override;
     void doSetParent(VXObject* parent) override;
 
+    void scheduleDelete() override;
+
+    /// Ends the user's drag, if there is one, as if it had not begun: the window's layout holds on
+    /// to what is dragged.
+    void endDrag();
+
     /// While one lives, what happens to dock widgets is the program's doing and not reported. At
     /// the end the window's layout is brought up to date, as Qt would do it later.
     class VOXI2_QT_EXPORT ProgramScope

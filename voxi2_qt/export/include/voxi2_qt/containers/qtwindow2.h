@@ -60,6 +60,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private Q_SLOTS:
     void slotStatusMessageChanged(const QString& message);
