@@ -67,6 +67,11 @@ QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* pa
     bindRequests(emitters, s_requests);
 }
 
+QtWindow2::~QtWindow2()
+{
+    endDrags();
+}
+
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
 {
     const auto place = [this](QWidget* child) {

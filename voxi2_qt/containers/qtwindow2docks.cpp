@@ -142,10 +142,7 @@ bool QtWindow2::doRestoreLayout(const std::string& layout)
                 blockers.emplace_back(*peer, PlacingEvents);
         }
     }
-    for (QWidget* widget : m_dockedPanes) {
-        if (auto* pane = dynamic_cast<QtDockWidget2*>(widget))
-            pane->endDrag();
-    }
+    endDrags();
     const LayoutNames names(*this);
     return restoreState(*bytes);
 }
@@ -189,6 +186,15 @@ void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
     function();
     dock.show();
     remember(m_dockedPanes, &dock);
+}
+
+void QtWindow2::endDrags()
+{
+    const QtDockWidget2::ProgramScope scope(nullptr);
+    for (QWidget* widget : m_dockedPanes) {
+        if (auto* pane = dynamic_cast<QtDockWidget2*>(widget))
+            pane->endDrag();
+    }
 }
 
 void QtWindow2::remember(Docked& docked, QWidget* widget)

@@ -176,7 +176,7 @@ protected:
             },
             Patience);
         xdotool(QStringLiteral("mouseup 1"));
-        return done;
+        return waitFor([] { return !QWidget::mouseGrabber(); }, Patience) && done;
     }
 
     VXDockWidget2* m_dock = new VXDockWidget2(&m_window);
@@ -243,6 +243,26 @@ TEST_F(DockX11, mayBeTakenFromTheHandThatDragsIt)
     auto* next = new VXDockWidget2(&m_window);
     m_window.addDockWidget(next, DockArea::Bottom);
     EXPECT_TRUE(waitFor([&] { return next->isVisible(); }, Patience));
+}
+
+TEST_F(DockX11, mayLoseItsWindowWhileItIsDragged)
+{
+    ASSERT_TRUE(show());
+    auto* window = new VXWindow2;
+    window->setPosition({500, 300, 400, 300});
+    window->addDockWidget(m_dock);
+    window->show();
+    ASSERT_TRUE(waitFor([&] { return qt(*window)->isActiveWindow(); }, Patience));
+    TROV::Listener listener;
+    bool done = false;
+    m_dock->floatingChanged().connect(&listener, [&] {
+        delete std::exchange(window, nullptr);
+        done = true;
+    });
+    EXPECT_TRUE(drag(QPoint(1100, 800), [&] { return done; }));
+    runDeletions();
+    EXPECT_FALSE(m_dock->isVisible());
+    EXPECT_EQ(lookup(m_dock), nullptr) << "what is docked goes with the window";
 }
 
 } // namespace

@@ -182,8 +182,10 @@ TEST_F(WindowLayout, isSavedAndRestored)
 {
     std::string text;
     {
-        Docks docks(3);
+        Docks docks(4);
         docks.m_window.addDockWidget(docks[0], DockArea::Bottom);
+        docks[3]->setFloating(true);
+        docks[3]->setPosition({320, 240, 210, 160});
         docks.m_window.tabifyDockWidget(docks[1], docks[2]);
         docks.m_window.addToolBar(docks.m_bar, ToolBarArea::Left);
         docks[0]->hide();
@@ -196,10 +198,10 @@ TEST_F(WindowLayout, isSavedAndRestored)
                                          "0123456789+/=:-"),
                   std::string::npos);
     }
-    Docks docks(4);
+    Docks docks(5);
     docks[1]->setObjectName("same");
     docks[2]->setObjectName("same");
-    docks.m_window.addDockWidget(docks[3], DockArea::Top);
+    docks.m_window.addDockWidget(docks[4], DockArea::Top);
     docks[1]->setFloating(true);
     EXPECT_TRUE(docks.m_window.restoreLayout(text));
     turn();
@@ -208,8 +210,10 @@ TEST_F(WindowLayout, isSavedAndRestored)
     EXPECT_FALSE(docks[1]->isFloating());
     EXPECT_EQ(main(docks.m_window)->tabifiedDockWidgets(pane(docks[1])).size(), 1);
     EXPECT_EQ(docks.m_window.toolBarArea(docks.m_bar), ToolBarArea::Left);
-    EXPECT_EQ(docks.area(3), DockArea::Top) << "not in the text: it stays";
-    EXPECT_TRUE(docks[3]->isVisible());
+    EXPECT_TRUE(docks[3]->isFloating());
+    EXPECT_EQ(docks[3]->position(), (VXRect<int>{320, 240, 210, 160}));
+    EXPECT_EQ(docks.area(4), DockArea::Top) << "not in the text: it stays";
+    EXPECT_TRUE(docks[4]->isVisible());
 }
 
 TEST_F(WindowLayout, foreignTextsAreRefused)

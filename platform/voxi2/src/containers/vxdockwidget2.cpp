@@ -110,9 +110,15 @@ bool VXDockWidget2::close()
 VXAction2* VXDockWidget2::viewAction()
 {
     VXObjectDataLocker lock;
-    if (auto* action = dynamic_cast<VXAction2*>(objectById(m_viewAction)))
+    const auto known = [this] { return dynamic_cast<VXAction2*>(objectById(m_viewAction)); };
+    if (VXAction2* action = known())
         return action;
     auto* action = new VXAction2(this);
+    // Waiting for its peer gives the lock up: another thread may have been here.
+    if (VXAction2* other = known()) {
+        action->destroy();
+        return other;
+    }
     m_viewAction = action->id();
     action->setCheckable(true);
     m_emitters.setViewAction(action);

@@ -26,6 +26,7 @@ class VOXI2_QT_EXPORT QtWindow2
 
 public:
     QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* parent);
+    ~QtWindow2() override;
 
     // Requests, in the order of the emitters table
     virtual void doSetCentralWidget(VXWidget2* widget);
@@ -74,6 +75,7 @@ private:
     void keepHidden(QWidget* widget);
     QStatusBar* knownStatusBar() const;
     QStatusBar* ensuredStatusBar();
+    void endDrags();
     void showStatus(const QString& text, int timeout);
     template <class Function>
     void withDockOf(VXDockWidget2* dock, Function&& function);
