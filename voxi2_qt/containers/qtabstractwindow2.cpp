@@ -6,8 +6,10 @@
 
 #include <QEvent>
 #include <QIcon>
-#include <QScopedValueRollback>
+#include <QTimer>
 #include <QWidget>
+
+#include <chrono>
 
 namespace VOXI {
 
@@ -36,6 +38,12 @@ const auto s_requests = TROV::operations<E>(
 // clang-format on
 
 constexpr char GeometryKind[] = "voxi-geometry";
+constexpr std::chrono::milliseconds StateSettles(500);
+
+VXFlags<WindowState> shownState(const QWidget& window)
+{
+    return Qt2VX(window.windowState() & ~Qt::WindowActive);
+}
 
 } // namespace
 
@@ -77,9 +85,8 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
 {
-    const QScopedValueRollback setting(m_settingState, true);
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    asQWidget()->setWindowState(VX2Qt(state));
+    changeState([&] { asQWidget()->setWindowState(VX2Qt(state)); });
 }
 
 void QtAbstractWindow2::doSetModified(bool modified)
@@ -130,28 +137,49 @@ std::string QtAbstractWindow2::doSaveWindowGeometry()
 bool QtAbstractWindow2::doRestoreWindowGeometry(const std::string& geometry)
 {
     const auto bytes = fromSavedText(GeometryKind, geometry);
-    const QScopedValueRollback setting(m_settingState, true); // it may be that of a maximised one
-    return bytes && restoreGeometryQuietly(*bytes);
+    bool restored = false;
+    if (bytes)
+        changeState([&] { restored = restoreGeometryQuietly(*bytes); });
+    return restored;
 }
 
 void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
 {
-    if (isSavedText(GeometryKind, geometry)) {
+    if (isSavedText(GeometryKind, geometry))
         doRestoreWindowGeometry(geometry);
-        return;
-    }
-    const QScopedValueRollback setting(m_settingState, true);
-    QtWidget2::doRestoreGeometry(geometry);
+    else
+        changeState([&] { QtWidget2::doRestoreGeometry(geometry); });
 }
 
 // Reports -----------------------------------------------------------------------------------------
 
 void QtAbstractWindow2::passStateChange(const QEvent& event)
 {
-    if (event.type() != QEvent::WindowStateChange || m_settingState)
+    if (event.type() == QEvent::WindowStateChange)
+        reportState();
+}
+
+/// Has the program change the state. The window manager carries that out in steps, which are not
+/// reported; where it ends up somewhere else, that is.
+template <class Function>
+void QtAbstractWindow2::changeState(Function&& change)
+{
+    ++m_settling;
+    change();
+    m_knownState = shownState(*asQWidget());
+    QTimer::singleShot(StateSettles, asQObject(), [this] {
+        if (--m_settling == 0)
+            reportState();
+    });
+}
+
+void QtAbstractWindow2::reportState()
+{
+    const VXFlags<WindowState> state = shownState(*asQWidget());
+    if (m_settling > 0 || state == m_knownState)
         return;
-    report(m_emitters->stateChanged, abstractObject<VXAbstractWindow2>(),
-           Qt2VX(asQWidget()->windowState()));
+    m_knownState = state;
+    report(m_emitters->stateChanged, abstractObject<VXAbstractWindow2>(), state);
 }
 
 } // namespace VOXI

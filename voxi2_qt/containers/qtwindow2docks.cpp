@@ -191,7 +191,8 @@ void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
 void QtWindow2::endDrags()
 {
     const QtDockWidget2::ProgramScope scope(nullptr);
-    for (QWidget* widget : m_dockedPanes) {
+    const Docked panes = m_dockedPanes;
+    for (QWidget* widget : panes) {
         if (auto* pane = dynamic_cast<QtDockWidget2*>(widget))
             pane->endDrag();
     }

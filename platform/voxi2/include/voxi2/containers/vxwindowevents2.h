@@ -18,7 +18,7 @@ public:
 
     /// Never null. In a handler on another thread than the toolkit's it may be gone.
     VXAbstractWindow2* window() const noexcept { return m_window; }
-    /// The new state.
+    /// The new state, without `Active`.
     VXFlags<WindowState> state() const noexcept { return m_state; }
 
 private:

@@ -37,9 +37,14 @@ protected:
     void passStateChange(const QEvent& event);
 
 private:
+    template <class Function>
+    void changeState(Function&& change);
+    void reportState();
+
     VXAbstractWindow2Emitters* m_emitters;
     Icon m_icon; // a Qt icon cannot be turned back
-    bool m_settingState = false;
+    VXFlags<WindowState> m_knownState;
+    int m_settling = 0; // requests that the window manager may still be carrying out
 };
 
 } // namespace VOXI
