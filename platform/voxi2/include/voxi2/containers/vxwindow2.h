@@ -109,8 +109,9 @@ public:
     /// Puts the second pane into the place of the first, so that tabs choose between the two.
     /// Nothing happens unless the first is docked in this window.
     void tabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second);
-    /// Puts the second pane beside the first, horizontal, or below it, within its place. Nothing
-    /// happens unless the first is docked in this window and has no tabs.
+    /// Puts the second pane beside the first, horizontal, or below it, within its place; if
+    /// the first has tabs, the second becomes another of them. Nothing happens unless the first is
+    /// docked in this window.
     void splitDockWidget(VXDockWidget2* first, VXDockWidget2* second, Orientation orientation);
     /// Shows the pane in front of those that it shares its place with.
     void raiseDockWidget(VXDockWidget2* dock);
