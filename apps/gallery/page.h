@@ -38,5 +38,7 @@ Page containersPage();
 Page dialogsPage();
 Page tabsPage();
 Page toolTipsPage();
+Page windowsPage();
+Page docksPage();
 
 } // namespace gallery

@@ -5,9 +5,10 @@ namespace gallery {
 const std::vector<Page>& pages()
 {
     static const std::vector<Page> all = {
-        countingPage(),   buttonsPage(), eventsPage(),   dragDropPage(), focusPage(),
-        cursorsPage(),    threadsPage(), actionsPage(),  digMenusPage(), layoutsPage(),
-        containersPage(), tabsPage(),    toolTipsPage(), dialogsPage(),
+        countingPage(), buttonsPage(), eventsPage(),     dragDropPage(),
+        focusPage(),    cursorsPage(), threadsPage(),    actionsPage(),
+        digMenusPage(), layoutsPage(), containersPage(), tabsPage(),
+        toolTipsPage(), windowsPage(), docksPage(),      dialogsPage(),
     };
     return all;
 }

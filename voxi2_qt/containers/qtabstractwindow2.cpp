@@ -1,10 +1,15 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
+#include "qtsavedtext.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QEvent>
 #include <QIcon>
+#include <QTimer>
 #include <QWidget>
+
+#include <chrono>
 
 namespace VOXI {
 
@@ -27,13 +32,24 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getWindowFlags, &P::doGetWindowFlags>(),
     TROV::row<&E::getWindowState, &P::doGetWindowState>(),
     TROV::row<&E::isModified, &P::doIsModified>(),
-    TROV::row<&E::close, &P::doClose>());
+    TROV::row<&E::close, &P::doClose>(),
+    TROV::row<&E::saveWindowGeometry, &P::doSaveWindowGeometry>(),
+    TROV::row<&E::restoreWindowGeometry, &P::doRestoreWindowGeometry>());
 // clang-format on
+
+constexpr char GeometryKind[] = "voxi-geometry";
+constexpr std::chrono::milliseconds StateSettles(500);
+
+VXFlags<WindowState> shownState(const QWidget& window)
+{
+    return Qt2VX(window.windowState() & ~Qt::WindowActive);
+}
 
 } // namespace
 
 QtAbstractWindow2::QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow2Emitters* emitters)
-    : QtWidget2(window, emitters->base())
+    : QtWidget2(window, emitters->base()),
+      m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
 }
@@ -58,10 +74,11 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 {
     QWidget* widget = asQWidget();
     const bool visible = widget->isVisible();
+    const bool embedded = flags == 0 && widget->parentWidget();
     // Qt hides a window whose flags change.
     const QtEventBlocker blocker(*this,
                                  {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
-    widget->setWindowFlags(voxiFlagToQt(flags) | Qt::Window);
+    widget->setWindowFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
     if (visible)
         widget->show();
 }
@@ -69,7 +86,7 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    asQWidget()->setWindowState(VX2Qt(state));
+    changeState([&] { asQWidget()->setWindowState(VX2Qt(state)); });
 }
 
 void QtAbstractWindow2::doSetModified(bool modified)
@@ -110,6 +127,59 @@ bool QtAbstractWindow2::doIsModified()
 bool QtAbstractWindow2::doClose()
 {
     return asQWidget()->close();
+}
+
+std::string QtAbstractWindow2::doSaveWindowGeometry()
+{
+    return toSavedText(GeometryKind, asQWidget()->saveGeometry());
+}
+
+bool QtAbstractWindow2::doRestoreWindowGeometry(const std::string& geometry)
+{
+    const auto bytes = fromSavedText(GeometryKind, geometry);
+    bool restored = false;
+    if (bytes)
+        changeState([&] { restored = restoreGeometryQuietly(*bytes); });
+    return restored;
+}
+
+void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
+{
+    if (isSavedText(GeometryKind, geometry))
+        doRestoreWindowGeometry(geometry);
+    else
+        changeState([&] { QtWidget2::doRestoreGeometry(geometry); });
+}
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtAbstractWindow2::passStateChange(const QEvent& event)
+{
+    if (event.type() == QEvent::WindowStateChange)
+        reportState();
+}
+
+/// Has the program change the state. The window manager carries that out in steps, which are not
+/// reported; where it ends up somewhere else, that is.
+template <class Function>
+void QtAbstractWindow2::changeState(Function&& change)
+{
+    ++m_settling;
+    change();
+    m_knownState = shownState(*asQWidget());
+    QTimer::singleShot(StateSettles, asQObject(), [this] {
+        if (--m_settling == 0)
+            reportState();
+    });
+}
+
+void QtAbstractWindow2::reportState()
+{
+    const VXFlags<WindowState> state = shownState(*asQWidget());
+    if (m_settling > 0 || state == m_knownState)
+        return;
+    m_knownState = state;
+    report(m_emitters->stateChanged, abstractObject<VXAbstractWindow2>(), state);
 }
 
 } // namespace VOXI

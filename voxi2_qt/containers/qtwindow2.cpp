@@ -2,6 +2,7 @@
 
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2/controls/vxtoolbar2.h"
+#include "voxi2_qt/kernel/qtdocking.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QLayout>
@@ -28,7 +29,23 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::removeToolBar, &P::doRemoveToolBar>(),
     TROV::row<&E::insertToolBarBreak, &P::doInsertToolBarBreak>(),
     TROV::row<&E::getMenuBar, &P::doGetMenuBar>(),
-    TROV::row<&E::getToolBarArea, &P::doGetToolBarArea>());
+    TROV::row<&E::getToolBarArea, &P::doGetToolBarArea>(),
+    TROV::row<&E::setStatusText, &P::doSetStatusText>(),
+    TROV::row<&E::setStatusTextU, &P::doSetStatusTextU>(),
+    TROV::row<&E::getStatusText, &P::doGetStatusText>(),
+    TROV::row<&E::getStatusTextU, &P::doGetStatusTextU>(),
+    TROV::row<&E::setStatusBarVisible, &P::doSetStatusBarVisible>(),
+    TROV::row<&E::isStatusBarVisible, &P::doIsStatusBarVisible>(),
+    TROV::row<&E::addStatusWidget, &P::doAddStatusWidget>(),
+    TROV::row<&E::removeStatusWidget, &P::doRemoveStatusWidget>(),
+    TROV::row<&E::addDockWidget, &P::doAddDockWidget>(),
+    TROV::row<&E::removeDockWidget, &P::doRemoveDockWidget>(),
+    TROV::row<&E::getDockArea, &P::doGetDockArea>(),
+    TROV::row<&E::tabifyDockWidget, &P::doTabifyDockWidget>(),
+    TROV::row<&E::splitDockWidget, &P::doSplitDockWidget>(),
+    TROV::row<&E::raiseDockWidget, &P::doRaiseDockWidget>(),
+    TROV::row<&E::saveLayout, &P::doSaveLayout>(),
+    TROV::row<&E::restoreLayout, &P::doRestoreLayout>());
 // clang-format on
 
 /// Calls `function` with the peer of a live tool bar, and its widget.
@@ -41,38 +58,6 @@ void withToolBarOf(VXToolBar2* bar, Function&& function)
     });
 }
 
-Qt::ToolBarArea toQtArea(ToolBarArea area)
-{
-    switch (area) {
-    case ToolBarArea::Left:
-        return Qt::LeftToolBarArea;
-    case ToolBarArea::Right:
-        return Qt::RightToolBarArea;
-    case ToolBarArea::Bottom:
-        return Qt::BottomToolBarArea;
-    case ToolBarArea::None:
-    case ToolBarArea::Top:
-        break;
-    }
-    return Qt::TopToolBarArea;
-}
-
-ToolBarArea fromQtArea(Qt::ToolBarArea area)
-{
-    switch (area) {
-    case Qt::LeftToolBarArea:
-        return ToolBarArea::Left;
-    case Qt::RightToolBarArea:
-        return ToolBarArea::Right;
-    case Qt::TopToolBarArea:
-        return ToolBarArea::Top;
-    case Qt::BottomToolBarArea:
-        return ToolBarArea::Bottom;
-    default:
-        return ToolBarArea::None;
-    }
-}
-
 } // namespace
 
 QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* parent)
@@ -80,6 +65,11 @@ QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* pa
 {
     enableEventBroadcasting();
     bindRequests(emitters, s_requests);
+}
+
+QtWindow2::~QtWindow2()
+{
+    endDrags();
 }
 
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
@@ -90,8 +80,12 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         // Qt would delete the former one, which has an owner of its own.
         if (QWidget* former = takeCentralWidget())
             keepHidden(former);
-        if (child)
-            setCentralWidget(child);
+        if (!child)
+            return;
+        setCentralWidget(child);
+        // One that was replaced before would stay hidden if the window is.
+        if (child->isHidden() && !child->testAttribute(Qt::WA_WState_ExplicitShowHide))
+            child->show();
     };
     if (widget)
         withWidgetOf(widget, place);
@@ -106,6 +100,8 @@ void QtWindow2::keepHidden(QWidget* widget)
         blocker.emplace(*peer, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
     widget->hide();
     widget->setParent(this);
+    // So that it comes into sight where it is put next.
+    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
 }
 
 VXWidget2* QtWindow2::doGetCentralWidget()
@@ -149,7 +145,8 @@ void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
 {
     withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
         const QtEventBlocker blocker(peer, {WidgetEvent::Show});
-        addToolBar(toQtArea(area), widget);
+        addToolBar(area == ToolBarArea::None ? Qt::TopToolBarArea : VX2Qt(area), widget);
+        remember(m_dockedBars, widget);
         widget->show(); // one that was removed is hidden
     });
 }
@@ -179,9 +176,14 @@ VXMenuBar2* QtWindow2::doGetMenuBar()
 ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
 {
     ToolBarArea result = ToolBarArea::None;
-    withToolBarOf(bar,
-                  [&](QtWidget2&, QToolBar* widget) { result = fromQtArea(toolBarArea(widget)); });
+    withToolBarOf(bar, [&](QtWidget2&, QToolBar* widget) { result = Qt2VX(toolBarArea(widget)); });
     return result;
+}
+
+void QtWindow2::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    passStateChange(*event);
 }
 
 } // namespace VOXI

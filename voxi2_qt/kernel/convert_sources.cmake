@@ -3,6 +3,7 @@ set(VOXI2_QT_CONVERT_HEADERS
     export/include/voxi2_qt/kernel/qtcolor.h
     export/include/voxi2_qt/kernel/qtconvert.h
     export/include/voxi2_qt/kernel/qtcursor.h
+    export/include/voxi2_qt/kernel/qtdocking.h
     export/include/voxi2_qt/kernel/qtenums.h
     export/include/voxi2_qt/kernel/qtfont.h
     export/include/voxi2_qt/kernel/qtgeometry.h
@@ -14,6 +15,7 @@ set(VOXI2_QT_CONVERT_HEADERS
     export/include/voxi2_qt/kernel/qtwindowflags.h)
 set(VOXI2_QT_CONVERT_SOURCES
     kernel/qtcursor.cpp
+    kernel/qtdocking.cpp
     kernel/qtenums.cpp
     kernel/qtenumsviews.cpp
     kernel/qtfont.cpp

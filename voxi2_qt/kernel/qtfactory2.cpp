@@ -4,6 +4,7 @@
 #include "voxi/vxbridge.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
 #include "voxi2_qt/containers/qtdialog2.h"
+#include "voxi2_qt/containers/qtdockwidget2.h"
 #include "voxi2_qt/containers/qtfiledialog2.h"
 #include "voxi2_qt/containers/qtflowlayout2.h"
 #include "voxi2_qt/containers/qtframe2.h"
@@ -67,6 +68,7 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
     connect(factory->createDialog2, &QtFactory2::createDialog2);
     connect(factory->createFileDialog2, &QtFactory2::createFileDialog2);
+    connect(factory->createDockWidget2, &QtFactory2::createDockWidget2);
     connect(factory->createDragManager2, &QtFactory2::createDragManager2);
     connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
     connect(factory->createFlowLayout2, &QtFactory2::createFlowLayout2);
@@ -137,6 +139,12 @@ void QtFactory2::createFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters*
                                    VXObject* parent, unsigned)
 {
     create<QtFileDialog2>(object, emitters, getQWidget(parent), DialogFlags);
+}
+
+void QtFactory2::createDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
+                                   VXObject* parent)
+{
+    create<QtDockWidget2>(object, emitters, getQWidget(parent));
 }
 
 void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)

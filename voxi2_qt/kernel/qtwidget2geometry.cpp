@@ -130,8 +130,18 @@ std::string QtWidget2::doSaveGeometry()
 
 void QtWidget2::doRestoreGeometry(const std::string& geometry)
 {
+    restoreGeometryQuietly(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
+}
+
+bool QtWidget2::restoreGeometryQuietly(const QByteArray& geometry)
+{
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    asQWidget()->restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
+    const bool restored = asQWidget()->restoreGeometry(geometry);
+    if (restored) {
+        keepDelayedBack(WidgetEvent::Move);
+        keepDelayedBack(WidgetEvent::Resize);
+    }
+    return restored;
 }
 
 } // namespace VOXI

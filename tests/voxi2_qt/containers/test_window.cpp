@@ -61,6 +61,33 @@ TEST_F(Window, statesAreSetAndTold)
     EXPECT_FALSE(m_window->isVisible()) << "minimised is not visible";
     m_window->setWindowState(WindowState::Maximized);
     EXPECT_TRUE(waitFor([&] { return qtWindow()->isMaximized(); }));
+    m_window->hide();
+    m_window->showFullScreen();
+    EXPECT_TRUE(m_window->isFullScreen());
+    m_window->showMaximized();
+    EXPECT_TRUE(m_window->isMaximized());
+    EXPECT_FALSE(m_window->isFullScreen());
+    m_window->showMinimized();
+    EXPECT_TRUE(m_window->isMinimized());
+    EXPECT_TRUE(m_window->isMaximized()) << "what it will be again";
+    m_window->showNormal();
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_FALSE(m_window->isMinimized() || m_window->isMaximized());
+}
+
+TEST_F(Window, isPartOfItsParentWithoutFlags)
+{
+    auto* inner = new VXWindow2(m_window);
+    EXPECT_TRUE(qt(*inner)->isWindow());
+    inner->setWindowFlags(0);
+    m_window->setCentralWidget(inner);
+    m_window->show();
+    EXPECT_FALSE(qt(*inner)->isWindow());
+    EXPECT_TRUE(inner->isVisible());
+    inner->setWindowFlags(WindowFlagWindow);
+    EXPECT_TRUE(qt(*inner)->isWindow());
+    m_window->setWindowFlags(0);
+    EXPECT_TRUE(qtWindow()->isWindow()) << "it has no parent";
 }
 
 TEST_F(Window, centralWidgetsComeAndGoAlive)
@@ -77,6 +104,8 @@ TEST_F(Window, centralWidgetsComeAndGoAlive)
 
     m_window->setCentralWidget(first);
     EXPECT_EQ(m_window->centralWidget(), first);
+    m_window->show();
+    EXPECT_TRUE(first->isVisible()) << "in sight again";
     delete first;
     runDeletions();
     EXPECT_EQ(m_window->centralWidget(), nullptr);

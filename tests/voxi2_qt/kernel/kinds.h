@@ -3,6 +3,7 @@
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxfiledialog2.h"
 #include "voxi2/containers/vxflowlayout2.h"
 #include "voxi2/containers/vxframe2.h"
@@ -31,6 +32,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QFrame>
 #include <QGridLayout>
@@ -85,6 +87,7 @@ inline std::vector<Kind> allKinds()
         kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
         kind<VXDialog2, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog),
         kind<VXFileDialog2, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog),
+        kind<VXDockWidget2, QDockWidget, &F::createDockWidget2>("DockWidget", QAccessible::Window),
         kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
         kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
         kind<VXFrame2, QFrame, &F::createFrame2>("Frame", QAccessible::Border),

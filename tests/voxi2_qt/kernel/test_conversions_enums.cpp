@@ -44,6 +44,27 @@ TEST(ConvertEnums, Alignment)
     EXPECT_EQ(VX2Qt(Alignment::fromInt(0xfffffe00)), Qt::Alignment());
 }
 
+TEST(ConvertEnums, Docking)
+{
+    expectPairs<Qt::ToolBarArea, ToolBarArea>({{ToolBarArea::None, 0},
+                                               {ToolBarArea::Left, 1},
+                                               {ToolBarArea::Right, 2},
+                                               {ToolBarArea::Top, 4},
+                                               {ToolBarArea::Bottom, 8}});
+    EXPECT_EQ(Qt2VX(Qt::AllToolBarAreas), ToolBarArea::None);
+    expectPairs<Qt::DockWidgetArea, DockArea>({{DockArea::None, 0},
+                                               {DockArea::Left, 1},
+                                               {DockArea::Right, 2},
+                                               {DockArea::Top, 4},
+                                               {DockArea::Bottom, 8}});
+    expectFlags<Qt::DockWidgetAreas, DockArea>(
+        {{DockArea::Left, 1}, {DockArea::Right, 2}, {DockArea::Top, 4}, {DockArea::Bottom, 8}});
+    expectFlags<QDockWidget::DockWidgetFeatures, DockFeature>({{DockFeature::Closable, 1},
+                                                               {DockFeature::Movable, 2},
+                                                               {DockFeature::Floatable, 4},
+                                                               {DockFeature::VerticalTitleBar, 8}});
+}
+
 TEST(ConvertEnums, FramesAndToolButtons)
 {
     expectPairs<QFrame::Shadow, FrameShadow>(

@@ -92,6 +92,56 @@ VXFlags<WindowState> VXAbstractWindow2::windowState() const
     return m_emitters.getWindowState();
 }
 
+void VXAbstractWindow2::showMinimized()
+{
+    const VXFlags<WindowState> maximized = windowState() & WindowState::Maximized;
+    setWindowState(maximized | WindowState::Minimized);
+    show();
+}
+
+void VXAbstractWindow2::showMaximized()
+{
+    setWindowState(WindowState::Maximized);
+    show();
+}
+
+void VXAbstractWindow2::showFullScreen()
+{
+    setWindowState(WindowState::FullScreen);
+    show();
+}
+
+void VXAbstractWindow2::showNormal()
+{
+    setWindowState(WindowState::Normal);
+    show();
+}
+
+bool VXAbstractWindow2::isMinimized() const
+{
+    return windowState().testFlag(WindowState::Minimized);
+}
+
+bool VXAbstractWindow2::isMaximized() const
+{
+    return windowState().testFlag(WindowState::Maximized);
+}
+
+bool VXAbstractWindow2::isFullScreen() const
+{
+    return windowState().testFlag(WindowState::FullScreen);
+}
+
+std::string VXAbstractWindow2::saveGeometry() const
+{
+    return m_emitters.saveWindowGeometry();
+}
+
+bool VXAbstractWindow2::restoreGeometry(const std::string& geometry)
+{
+    return m_emitters.restoreWindowGeometry(geometry);
+}
+
 void VXAbstractWindow2::setModified(bool modified)
 {
     m_emitters.setModified(modified);

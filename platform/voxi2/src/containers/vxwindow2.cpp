@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxwindow2.h"
 
+#include "voxi_util/textencoding.h"
+
 namespace VOXI {
 
 VXWindow2::VXWindow2(VXObject2* parent)
@@ -62,6 +64,92 @@ void VXWindow2::insertToolBarBreak(VXToolBar2* before)
 ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const
 {
     return m_emitters.getToolBarArea(bar);
+}
+
+void VXWindow2::setStatusText(const std::string& text, int timeout)
+{
+    m_emitters.setStatusText(text, timeout);
+}
+
+void VXWindow2::setStatusText(const std::wstring& text, int timeout)
+{
+    m_emitters.setStatusTextU(text, timeout);
+}
+
+void VXWindow2::setStatusText(std::u16string_view text, int timeout)
+{
+    m_emitters.setStatusTextU(wideFromUtf16(text), timeout);
+}
+
+std::string VXWindow2::statusText() const
+{
+    return m_emitters.getStatusText();
+}
+
+std::wstring VXWindow2::statusTextU() const
+{
+    return m_emitters.getStatusTextU();
+}
+
+void VXWindow2::setStatusBarVisible(bool visible)
+{
+    m_emitters.setStatusBarVisible(visible);
+}
+
+bool VXWindow2::isStatusBarVisible() const
+{
+    return m_emitters.isStatusBarVisible();
+}
+
+void VXWindow2::addStatusWidget(VXWidget2* widget, int stretch)
+{
+    m_emitters.addStatusWidget(widget, stretch);
+}
+
+void VXWindow2::removeStatusWidget(VXWidget2* widget)
+{
+    m_emitters.removeStatusWidget(widget);
+}
+
+void VXWindow2::addDockWidget(VXDockWidget2* dock, DockArea area)
+{
+    m_emitters.addDockWidget(dock, area);
+}
+
+void VXWindow2::removeDockWidget(VXDockWidget2* dock)
+{
+    m_emitters.removeDockWidget(dock);
+}
+
+DockArea VXWindow2::dockArea(VXDockWidget2* dock) const
+{
+    return m_emitters.getDockArea(dock);
+}
+
+void VXWindow2::tabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second)
+{
+    m_emitters.tabifyDockWidget(first, second);
+}
+
+void VXWindow2::splitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
+                                Orientation orientation)
+{
+    m_emitters.splitDockWidget(first, second, orientation);
+}
+
+void VXWindow2::raiseDockWidget(VXDockWidget2* dock)
+{
+    m_emitters.raiseDockWidget(dock);
+}
+
+std::string VXWindow2::saveLayout() const
+{
+    return m_emitters.saveLayout();
+}
+
+bool VXWindow2::restoreLayout(const std::string& layout)
+{
+    return m_emitters.restoreLayout(layout);
 }
 
 } // namespace VOXI

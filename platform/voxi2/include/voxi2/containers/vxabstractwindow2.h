@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/containers/vxwindowevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/kernel/windowflags.h"
 #include "voxi2/voxi2_export.h"
@@ -29,7 +30,11 @@ struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<VXFlags<WindowState>()> getWindowState{*this};
     TROV::Request<bool()> isModified{*this};
     TROV::Request<bool()> close{*this};
+    TROV::Request<std::string()> saveWindowGeometry{*this};
+    TROV::Request<bool(std::string)> restoreWindowGeometry{*this};
     TROV::RequestsEnd requestsEnd{*this};
+
+    TROV::Event<void(const VXWindowStateEvent2&)> stateChanged{*this};
 };
 
 /// What windows and dialogs have in common.
@@ -56,12 +61,30 @@ public:
     Icon icon() const;
 
     /// The toolkit's window flags as a bit set; see `WindowFlag`. What comes back has more bits
-    /// than what was set: the window system's types share bits.
+    /// than what was set: the window system's types share bits. 0 makes a window that has a parent
+    /// a part of that parent, as other widgets are.
     void setWindowFlags(unsigned flags);
     unsigned windowFlags() const;
 
     void setWindowState(VXFlags<WindowState> state);
     VXFlags<WindowState> windowState() const;
+
+    // Each shows the window in that state.
+    /// Off the screen; a maximised window is maximised again when its user brings it back.
+    void showMinimized();
+    void showMaximized();
+    void showFullScreen();
+    /// Neither minimised nor maximised nor full screen.
+    void showNormal();
+    bool isMinimized() const;
+    bool isMaximized() const;
+    bool isFullScreen() const;
+
+    /// Place, size and state as one line of printable text, for `restoreGeometry` in a later run.
+    std::string saveGeometry() const;
+    /// Puts the window where it was, on a screen that there is. Text that did not come whole from
+    /// `saveGeometry` of a window is refused: the answer is false and nothing changes.
+    bool restoreGeometry(const std::string& geometry);
 
     /// Shows or takes away the mark of unsaved changes.
     void setModified(bool modified);
@@ -69,6 +92,15 @@ public:
 
     /// Closes the window as its user would: it may be refused. False when it was.
     bool close();
+
+    // Events
+
+    /// The user, or the window manager, minimised or maximised the window, made it fill the screen,
+    /// or ended that.
+    TROV::Signal<void(const VXWindowStateEvent2&)> stateChanged() const
+    {
+        return m_emitters.stateChanged.signal();
+    }
 
 protected:
     explicit VXAbstractWindow2(VXObject2* parent);

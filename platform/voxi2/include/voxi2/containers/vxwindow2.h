@@ -1,10 +1,17 @@
 #pragma once
 
+#include "voxi2/containers/dockarea.h"
 #include "voxi2/containers/toolbararea.h"
 #include "voxi2/containers/vxabstractwindow2.h"
+#include "voxi2/kernel/direction.h"
 #include "voxi2/voxi2_export.h"
 
+#include <string>
+#include <string_view>
+
 namespace VOXI {
+
+class VXDockWidget2;
 
 struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters>
 {
@@ -20,6 +27,22 @@ struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters>
     TROV::Request<void(VXToolBar2*)> insertToolBarBreak{*this};
     TROV::Request<VXMenuBar2*()> getMenuBar{*this};
     TROV::Request<ToolBarArea(VXToolBar2*)> getToolBarArea{*this};
+    TROV::Request<void(std::string, int)> setStatusText{*this};
+    TROV::Request<void(std::wstring, int)> setStatusTextU{*this};
+    TROV::Request<std::string()> getStatusText{*this};
+    TROV::Request<std::wstring()> getStatusTextU{*this};
+    TROV::Request<void(bool)> setStatusBarVisible{*this};
+    TROV::Request<bool()> isStatusBarVisible{*this};
+    TROV::Request<void(VXWidget2*, int)> addStatusWidget{*this};
+    TROV::Request<void(VXWidget2*)> removeStatusWidget{*this};
+    TROV::Request<void(VXDockWidget2*, DockArea)> addDockWidget{*this};
+    TROV::Request<void(VXDockWidget2*)> removeDockWidget{*this};
+    TROV::Request<DockArea(VXDockWidget2*)> getDockArea{*this};
+    TROV::Request<void(VXDockWidget2*, VXDockWidget2*)> tabifyDockWidget{*this};
+    TROV::Request<void(VXDockWidget2*, VXDockWidget2*, Orientation)> splitDockWidget{*this};
+    TROV::Request<void(VXDockWidget2*)> raiseDockWidget{*this};
+    TROV::Request<std::string()> saveLayout{*this};
+    TROV::Request<bool(std::string)> restoreLayout{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -55,6 +78,52 @@ public:
     void insertToolBarBreak(VXToolBar2* before);
     /// Where the bar is docked, or was before it floats; `None` when it is not in this window.
     ToolBarArea toolBarArea(VXToolBar2* bar) const;
+
+    // Status bar. It appears with the first text or widget.
+
+    /// Shows a text for some milliseconds, or with 0 for good. What is shown for good comes back
+    /// after a text with a time-out and after the status tip of an action. Empty takes it away.
+    void setStatusText(const std::string& text, int timeout = 0);
+    void setStatusText(const std::wstring& text, int timeout = 0);
+    void setStatusText(std::u16string_view text, int timeout = 0);
+    /// What the status bar shows at the moment.
+    std::string statusText() const;
+    std::wstring statusTextU() const;
+    void setStatusBarVisible(bool visible);
+    bool isStatusBarVisible() const;
+    /// Adds a widget at the right end of the status bar, behind the former ones. Room to spare goes
+    /// to the text and to widgets in proportion to their stretch. Null and dead ones are ignored.
+    void addStatusWidget(VXWidget2* widget, int stretch = 0);
+    /// Takes the widget out of the status bar and hides it; it stays alive.
+    void removeStatusWidget(VXWidget2* widget);
+
+    // Dock widgets. Null, dead ones, and those that the window lies in, are ignored.
+
+    /// Docks the pane at that side, beyond the others there, and shows it; `None` counts as the
+    /// left. One that is docked already, here or in another window, moves.
+    void addDockWidget(VXDockWidget2* dock, DockArea area = DockArea::Left);
+    /// Undocks and hides the pane; it stays alive.
+    void removeDockWidget(VXDockWidget2* dock);
+    /// Where the pane is docked, or was before it floats; `None` when it is not in this window.
+    DockArea dockArea(VXDockWidget2* dock) const;
+    /// Puts the second pane into the place of the first, so that tabs choose between the two.
+    /// Nothing happens unless the first is docked in this window.
+    void tabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second);
+    /// Puts the second pane beside the first, horizontal, or below it, within its place; if
+    /// the first has tabs, the second becomes another of them. Nothing happens unless the first is
+    /// docked in this window.
+    void splitDockWidget(VXDockWidget2* first, VXDockWidget2* second, Orientation orientation);
+    /// Shows the pane in front of those that it shares its place with.
+    void raiseDockWidget(VXDockWidget2* dock);
+
+    /// Where tool bars and panes are, and which of them are shown, as one line of printable text
+    /// for `restoreLayout` in a later run. It knows them by their object names; those without are
+    /// numbered in the order in which they were docked, so that a program that always docks the
+    /// same ones needs no names.
+    std::string saveLayout() const;
+    /// Puts the docked tool bars and panes where they were; the others stay. Text that did not come
+    /// whole from `saveLayout` is refused: the answer is false and nothing changes.
+    bool restoreLayout(const std::string& layout);
 
 private:
     VXWindow2Emitters m_emitters;

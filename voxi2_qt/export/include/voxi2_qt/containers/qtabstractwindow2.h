@@ -24,12 +24,27 @@ public:
     virtual VXFlags<WindowState> doGetWindowState();
     virtual bool doIsModified();
     virtual bool doClose();
+    virtual std::string doSaveWindowGeometry();
+    virtual bool doRestoreWindowGeometry(const std::string& geometry);
+
+    /// Takes what a window saved as well.
+    void doRestoreGeometry(const std::string& geometry) override;
 
 protected:
     QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow2Emitters* emitters);
 
+    /// For the peers' `changeEvent`: reports a state that the program has not asked for.
+    void passStateChange(const QEvent& event);
+
 private:
+    template <class Function>
+    void changeState(Function&& change);
+    void reportState();
+
+    VXAbstractWindow2Emitters* m_emitters;
     Icon m_icon; // a Qt icon cannot be turned back
+    VXFlags<WindowState> m_knownState;
+    int m_settling = 0; // requests that the window manager may still be carrying out
 };
 
 } // namespace VOXI

@@ -6,8 +6,17 @@
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QMainWindow>
+#include <QPointer>
+
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QStatusBar;
+QT_END_NAMESPACE
 
 namespace VOXI {
+
+class QtDockWidget2;
 
 /// The peer of the window.
 class VOXI2_QT_EXPORT QtWindow2
@@ -17,6 +26,7 @@ class VOXI2_QT_EXPORT QtWindow2
 
 public:
     QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* parent);
+    ~QtWindow2() override;
 
     // Requests, in the order of the emitters table
     virtual void doSetCentralWidget(VXWidget2* widget);
@@ -29,12 +39,55 @@ public:
     virtual void doInsertToolBarBreak(VXToolBar2* before);
     virtual VXMenuBar2* doGetMenuBar();
     virtual ToolBarArea doGetToolBarArea(VXToolBar2* bar);
+    virtual void doSetStatusText(const std::string& text, int timeout);
+    virtual void doSetStatusTextU(const std::wstring& text, int timeout);
+    virtual std::string doGetStatusText();
+    virtual std::wstring doGetStatusTextU();
+    virtual void doSetStatusBarVisible(bool visible);
+    virtual bool doIsStatusBarVisible();
+    virtual void doAddStatusWidget(VXWidget2* widget, int stretch);
+    virtual void doRemoveStatusWidget(VXWidget2* widget);
+    virtual void doAddDockWidget(VXDockWidget2* dock, DockArea area);
+    virtual void doRemoveDockWidget(VXDockWidget2* dock);
+    virtual DockArea doGetDockArea(VXDockWidget2* dock);
+    virtual void doTabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second);
+    virtual void doSplitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
+                                   Orientation orientation);
+    virtual void doRaiseDockWidget(VXDockWidget2* dock);
+    virtual std::string doSaveLayout();
+    virtual bool doRestoreLayout(const std::string& layout);
 
     bool supportsGlobalFocusBlocker() const override { return m_supportsFocusBlocker; }
 
-private:
-    void keepHidden(QWidget* widget);
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
+private Q_SLOTS:
+    void slotStatusMessageChanged(const QString& message);
+
+private:
+    /// Tool bars or dock widgets in the order in which they were docked first, without gaps: who
+    /// has gone is null.
+    using Docked = std::vector<QPointer<QWidget>>;
+    class LayoutNames;
+
+    void keepHidden(QWidget* widget);
+    QStatusBar* knownStatusBar() const;
+    QStatusBar* ensuredStatusBar();
+    void endDrags();
+    void showStatus(const QString& text, int timeout);
+    template <class Function>
+    void withDockOf(VXDockWidget2* dock, Function&& function);
+    template <class Function>
+    void dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function);
+    template <class Function>
+    void placeDock(QtDockWidget2& dock, Function&& function);
+    static void remember(Docked& docked, QWidget* widget);
+
+    QString m_statusText; // the one that is shown for good
+    Docked m_dockedBars;
+    Docked m_dockedPanes;
     bool m_supportsFocusBlocker = true;
 };
 

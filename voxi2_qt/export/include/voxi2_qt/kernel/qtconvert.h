@@ -3,6 +3,7 @@
 // Every conversion between values of the toolkit and values of Qt.
 #include "voxi2_qt/kernel/qtcolor.h"
 #include "voxi2_qt/kernel/qtcursor.h"
+#include "voxi2_qt/kernel/qtdocking.h"
 #include "voxi2_qt/kernel/qtenums.h"
 #include "voxi2_qt/kernel/qtfont.h"
 #include "voxi2_qt/kernel/qtgeometry.h"

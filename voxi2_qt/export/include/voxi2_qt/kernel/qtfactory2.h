@@ -34,6 +34,8 @@ public:
                        unsigned flags);
     void createFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters, VXObject* parent,
                            unsigned flags);
+    void createDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
+                           VXObject* parent);
     void createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
     void createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters);
     void createFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters, VXObject* parent,

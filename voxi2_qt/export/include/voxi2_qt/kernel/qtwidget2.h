@@ -15,6 +15,7 @@
 QT_BEGIN_NAMESPACE
 class QAbstractScrollArea;
 class QAction;
+class QByteArray;
 class QDragEnterEvent;
 class QDragLeaveEvent;
 class QDragMoveEvent;
@@ -158,6 +159,9 @@ protected:
     {
         return m_eventFilter && m_eventFilter->filter(receiver, event);
     }
+
+    /// What Qt's `saveGeometry` gave; false when it did not. No echoes.
+    bool restoreGeometryQuietly(const QByteArray& geometry);
 
     // Drags over the widget, as the shim receives them
     void passDragEnter(QDragEnterEvent* event);

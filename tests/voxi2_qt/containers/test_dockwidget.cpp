@@ -1,0 +1,300 @@
+#include "../kernel/toolkit.h"
+#include "support/waitfor.h"
+#include "voxi2/containers/vxdockwidget2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxmenu2.h"
+#include "voxi2/kernel/vxaction2.h"
+#include "voxi2_qt/kernel/qtobject2.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QPointer>
+#include <QTabBar>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace VOXI {
+namespace {
+
+class DockWidget : public testing::Test
+{
+protected:
+    DockWidget()
+    {
+        m_dock->setTitle("First");
+        m_window->setCentralWidget(new VXPanel2(m_window.get()));
+        m_window->resize({600, 400});
+        m_window->show();
+        m_window->addDockWidget(m_dock);
+        turn();
+    }
+    ~DockWidget() override
+    {
+        m_window.reset();
+        runDeletions();
+    }
+
+    static QDockWidget* qtDock(VXDockWidget2* dock)
+    {
+        return qobject_cast<QDockWidget*>(qt(*dock));
+    }
+    static void clickButton(VXDockWidget2* dock, const char* name)
+    {
+        auto* button = qt(*dock)->findChild<QAbstractButton*>(QLatin1String(name));
+        ASSERT_TRUE(button);
+        QTest::mouseClick(button, Qt::LeftButton);
+        turn();
+    }
+    VXDockWidget2* addTab(const char* title)
+    {
+        auto* dock = new VXDockWidget2(m_window.get());
+        dock->setTitle(title);
+        m_window->tabifyDockWidget(m_dock, dock);
+        turn();
+        return dock;
+    }
+    QTabBar* tabs() const { return qt(*m_window)->findChild<QTabBar*>(); }
+
+    std::unique_ptr<VXWindow2> m_window = std::make_unique<VXWindow2>();
+    VXDockWidget2* m_dock = new VXDockWidget2(m_window.get());
+    Log<VXDockFloatEvent2> m_floated{m_dock->floatingChanged()};
+    Log<VXDockAreaEvent2> m_moved{m_dock->areaChanged()};
+    Log<VXDockVisibilityEvent2> m_seen{m_dock->visibilityChanged()};
+};
+
+TEST_F(DockWidget, answersWhatWasSet)
+{
+    m_dock->setTitle(L"\x20ac");
+    EXPECT_EQ(m_dock->titleU(), L"\x20ac");
+    EXPECT_EQ(m_dock->title(), "?");
+    const Icon icon = Icon::fromPixmap(Pixmap(1, 1, {0xff0000ffu}));
+    m_dock->setIcon(icon);
+    EXPECT_EQ(m_dock->icon(), icon);
+    EXPECT_EQ(m_dock->viewAction()->icon(), icon);
+
+    EXPECT_EQ(m_dock->allowedAreas(), AllDockAreas);
+    EXPECT_EQ(m_dock->features(),
+              DockFeature::Closable | DockFeature::Movable | DockFeature::Floatable);
+    m_dock->setAllowedAreas(DockArea::Left | DockArea::Bottom);
+    m_dock->setFeatures(DockFeature::Movable | DockFeature::VerticalTitleBar);
+    EXPECT_EQ(m_dock->allowedAreas(), DockArea::Left | DockArea::Bottom);
+    EXPECT_EQ(qtDock(m_dock)->allowedAreas(), Qt::LeftDockWidgetArea | Qt::BottomDockWidgetArea);
+    EXPECT_EQ(qtDock(m_dock)->features(),
+              QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetVerticalTitleBar);
+    EXPECT_EQ(m_dock->features(), DockFeature::Movable | DockFeature::VerticalTitleBar);
+}
+
+TEST_F(DockWidget, keepsWhatItHeldAlive)
+{
+    auto* first = new VXPanel2(m_window.get());
+    auto* second = new VXPanel2(m_window.get());
+    const auto exchange = [&](auto set, auto get) {
+        (m_dock->*set)(first);
+        turn();
+        EXPECT_EQ((m_dock->*get)(), first);
+        EXPECT_TRUE(first->isVisible());
+        (m_dock->*set)(second);
+        runDeletions();
+        ASSERT_NE(qt(*first), nullptr);
+        EXPECT_FALSE(first->isVisible());
+        EXPECT_TRUE(second->isVisible());
+        (m_dock->*set)(first);
+        EXPECT_TRUE(first->isVisible());
+        (m_dock->*set)(m_dock); // cannot lie in itself
+        (m_dock->*set)(reinterpret_cast<VXPanel2*>(0x10));
+        EXPECT_EQ((m_dock->*get)(), first);
+        (m_dock->*set)(nullptr);
+        EXPECT_EQ((m_dock->*get)(), nullptr);
+        EXPECT_FALSE(first->isVisible());
+    };
+    exchange(&VXDockWidget2::setWidget, &VXDockWidget2::widget);
+    exchange(&VXDockWidget2::setTitleBarWidget, &VXDockWidget2::titleBarWidget);
+
+    m_dock->setWidget(first);
+    delete first;
+    runDeletions();
+    EXPECT_EQ(m_dock->widget(), nullptr);
+    m_dock->setWidget(second);
+    EXPECT_EQ(m_dock->widget(), second);
+}
+
+TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
+{
+    auto hidden = Log(m_dock->hidden());
+    VXDockWidget2* other = addTab("Second");
+    auto otherSeen = Log(other->visibilityChanged());
+    const std::string layout = m_window->saveLayout();
+    m_dock->setFloating(true);
+    turn();
+    EXPECT_TRUE(m_dock->isFloating());
+    EXPECT_TRUE(qt(*m_dock)->isWindow());
+    m_dock->setFloating(false);
+    turn();
+    EXPECT_FALSE(m_dock->isFloating());
+    m_window->raiseDockWidget(m_dock);
+    turn();
+    m_window->raiseDockWidget(other);
+    turn();
+    m_window->addDockWidget(m_dock, DockArea::Right);
+    turn();
+    m_window->splitDockWidget(m_dock, other, Orientation::Vertical);
+    turn();
+    EXPECT_TRUE(m_window->restoreLayout(layout));
+    turn();
+    m_dock->hide();
+    turn();
+    m_dock->show();
+    turn();
+    EXPECT_TRUE(hidden.isEmpty());
+    m_window->hide();
+    m_window->show();
+    turn();
+    m_window->removeDockWidget(m_dock);
+    turn();
+    EXPECT_TRUE(m_floated.isEmpty());
+    EXPECT_TRUE(m_moved.isEmpty());
+    EXPECT_TRUE(m_seen.isEmpty());
+    EXPECT_TRUE(otherSeen.isEmpty());
+}
+
+TEST_F(DockWidget, isClosedAndTornOffByItsButtons)
+{
+    bool refuse = true;
+    m_dock->closing().connect(m_dock, [&](const VXCloseEvent2& event) {
+        if (refuse)
+            event.refuse();
+    });
+    clickButton(m_dock, "qt_dockwidget_closebutton");
+    EXPECT_TRUE(m_dock->isVisible());
+    EXPECT_FALSE(m_dock->close());
+    EXPECT_TRUE(m_seen.isEmpty());
+    refuse = false;
+    clickButton(m_dock, "qt_dockwidget_closebutton");
+    EXPECT_FALSE(m_dock->isVisible());
+    ASSERT_EQ(m_seen.count(), 1);
+    EXPECT_FALSE(m_seen.last().isVisible());
+    EXPECT_EQ(m_seen.last().dock(), m_dock);
+    EXPECT_EQ(m_window->dockArea(m_dock), DockArea::Left) << "it keeps its place";
+    m_dock->show();
+    turn();
+    EXPECT_EQ(m_seen.count(), 1);
+
+    clickButton(m_dock, "qt_dockwidget_floatbutton");
+    ASSERT_EQ(m_floated.count(), 1);
+    EXPECT_TRUE(m_floated.last().isFloating());
+    EXPECT_TRUE(m_dock->isFloating());
+    clickButton(m_dock, "qt_dockwidget_floatbutton");
+    ASSERT_EQ(m_floated.count(), 2);
+    EXPECT_FALSE(m_floated.last().isFloating());
+    EXPECT_EQ(m_seen.count(), 1) << "tearing off is no coming and going";
+    EXPECT_TRUE(m_moved.isEmpty());
+}
+
+TEST_F(DockWidget, isShownAndClosedByItsViewAction)
+{
+    VXAction2* action = m_dock->viewAction();
+    EXPECT_EQ(m_dock->viewAction(), action);
+    EXPECT_EQ(action->label(), "First");
+    m_dock->setTitle("Other");
+    EXPECT_EQ(action->label(), "Other");
+    EXPECT_TRUE(action->isChecked());
+
+    auto toggled = Log(action->toggled());
+    m_dock->hide();
+    EXPECT_FALSE(action->isChecked());
+    m_dock->show();
+    EXPECT_TRUE(action->isChecked());
+    m_window->hide();
+    EXPECT_TRUE(action->isChecked()) << "it is the window that is hidden";
+    m_window->show();
+    EXPECT_TRUE(toggled.isEmpty());
+
+    action->imitateTrigger();
+    turn();
+    EXPECT_FALSE(m_dock->isVisible());
+    EXPECT_TRUE(m_seen.takeOne());
+    action->imitateTrigger();
+    turn();
+    EXPECT_TRUE(m_dock->isVisible());
+    EXPECT_TRUE(m_seen.takeOne());
+
+    m_dock->closing().connect(m_dock, [](const VXCloseEvent2& event) { event.refuse(); });
+    action->imitateTrigger();
+    turn();
+    EXPECT_TRUE(m_dock->isVisible());
+    EXPECT_TRUE(action->isChecked()) << "refused";
+    EXPECT_TRUE(m_seen.isEmpty());
+
+    m_window->removeDockWidget(m_dock);
+    EXPECT_FALSE(action->isChecked());
+    action->imitateTrigger();
+    turn();
+    EXPECT_FALSE(action->isChecked()) << "there is no place for it";
+    delete action;
+    runDeletions();
+    EXPECT_NE(m_dock->viewAction(), nullptr);
+}
+
+TEST_F(DockWidget, isSeenAndUnseenByItsTab)
+{
+    VXDockWidget2* other = addTab("Second");
+    auto otherSeen = Log(other->visibilityChanged());
+    ASSERT_TRUE(waitFor([&] { return tabs() && tabs()->count() == 2; }));
+    const auto choose = [&](const char* title) {
+        for (int i = 0; i < tabs()->count(); ++i) {
+            if (tabs()->tabText(i) == QLatin1String(title))
+                QTest::mouseClick(tabs(), Qt::LeftButton, {}, tabs()->tabRect(i).center());
+        }
+        turn();
+    };
+    m_window->raiseDockWidget(other);
+    turn();
+    choose("First");
+    ASSERT_EQ(m_seen.count(), 1);
+    EXPECT_TRUE(m_seen.last().isVisible());
+    ASSERT_EQ(otherSeen.count(), 1);
+    EXPECT_FALSE(otherSeen.last().isVisible());
+    choose("Second");
+    EXPECT_EQ(m_seen.count(), 2);
+    EXPECT_EQ(otherSeen.count(), 2);
+}
+
+TEST_F(DockWidget, mayBeDestroyedInEveryState)
+{
+    VXDockWidget2* tab = addTab("Second");
+    const QPointer<QWidget> tabWidget(qt(*tab));
+    delete tab;
+    runDeletions();
+    EXPECT_TRUE(tabWidget.isNull());
+
+    // By its own handler, floating.
+    const QPointer<QWidget> widget(qt(*m_dock));
+    m_dock->floatingChanged().connect(m_window.get(), [&] { delete m_dock; });
+    clickButton(m_dock, "qt_dockwidget_floatbutton");
+    runDeletions();
+    EXPECT_TRUE(widget.isNull());
+
+    // The window goes first, with one docked, one floating and one undocked.
+    auto window = std::make_unique<VXWindow2>();
+    VXDockWidget2 docks[3];
+    for (VXDockWidget2& dock : docks)
+        window->addDockWidget(&dock, DockArea::Bottom);
+    window->show();
+    docks[1].setFloating(true);
+    window->removeDockWidget(&docks[2]);
+    turn();
+    window.reset();
+    runDeletions();
+    for (VXDockWidget2& dock : docks) {
+        EXPECT_FALSE(dock.isVisible());
+        EXPECT_FALSE(dock.close());
+        dock.setFloating(true);
+    }
+}
+
+} // namespace
+} // namespace VOXI

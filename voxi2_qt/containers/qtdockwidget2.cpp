@@ -1,0 +1,372 @@
+#include "voxi2_qt/containers/qtdockwidget2.h"
+
+#include "qtdockaccessible.h"
+#include "qtdocktitle.h"
+#include "voxi2_qt/kernel/qtaction2.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXDockWidget2Emitters;
+using P = QtDockWidget2;
+
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setWidget, &P::doSetWidget>(),
+    TROV::row<&E::getWidget, &P::doGetWidget>(),
+    TROV::row<&E::setTitleBarWidget, &P::doSetTitleBarWidget>(),
+    TROV::row<&E::getTitleBarWidget, &P::doGetTitleBarWidget>(),
+    TROV::row<&E::setTitleU, &P::doSetTitleU>(),
+    TROV::row<&E::getTitleU, &P::doGetTitleU>(),
+    TROV::row<&E::setTitle, &P::doSetTitle>(),
+    TROV::row<&E::getTitle, &P::doGetTitle>(),
+    TROV::row<&E::setIcon, &P::doSetIcon>(),
+    TROV::row<&E::getIcon, &P::doGetIcon>(),
+    TROV::row<&E::setAllowedAreas, &P::doSetAllowedAreas>(),
+    TROV::row<&E::getAllowedAreas, &P::doGetAllowedAreas>(),
+    TROV::row<&E::setFeatures, &P::doSetFeatures>(),
+    TROV::row<&E::getFeatures, &P::doGetFeatures>(),
+    TROV::row<&E::setFloating, &P::doSetFloating>(),
+    TROV::row<&E::isFloating, &P::doIsFloating>(),
+    TROV::row<&E::close, &P::doClose>(),
+    TROV::row<&E::setViewAction, &P::doSetViewAction>());
+// clang-format on
+
+/// How many program scopes there are. A change of one dock widget changes others, too.
+int s_programScopes = 0;
+
+/// Keeps what was replaced, hidden; that is no news.
+void keepHidden(QWidget* widget, QWidget* parent)
+{
+    auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget));
+    if (!peer)
+        return;
+    const QtEventBlocker blocker(*peer, {WidgetEvent::Hide});
+    widget->hide();
+    widget->setParent(parent);
+    // So that it comes into sight where it is put next.
+    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+}
+
+} // namespace
+
+// Program scope -----------------------------------------------------------------------------------
+
+QtDockWidget2::ProgramScope::ProgramScope(QWidget* window) : m_window(window)
+{
+    ++s_programScopes;
+}
+
+QtDockWidget2::ProgramScope::~ProgramScope()
+{
+    if (m_window && m_window->layout())
+        m_window->layout()->activate();
+    --s_programScopes;
+}
+
+// The dock widget ---------------------------------------------------------------------------------
+
+QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
+                             QWidget* parent)
+    : QtWidget2Shim(object, emitters, parent),
+      m_emitters(emitters)
+{
+    enableEventBroadcasting();
+    bindRequests(emitters, s_requests);
+    makeDockWidgetsAccessible();
+    hide(); // it would lie on top of its parent until it is docked
+    m_known = state();
+    connect(this, &QDockWidget::topLevelChanged, this, [this] { noteChange(); });
+    connect(this, &QDockWidget::dockLocationChanged, this, &QtDockWidget2::slotAreaChanged);
+    connect(this, &QDockWidget::visibilityChanged, this, &QtDockWidget2::slotVisibilityChanged);
+}
+
+void QtDockWidget2::scheduleDelete()
+{
+    QtContainer2::scheduleDelete();
+    endDrag();
+}
+
+void QtDockWidget2::endDrag()
+{
+    QCloseEvent event; // nothing is closed, but Qt gives up the drag
+    closeEvent(&event);
+}
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtDockWidget2::doSetWidget(VXWidget2* widget)
+{
+    const auto place = [this](QWidget* child) {
+        QWidget* former = QDockWidget::widget();
+        if (child && (child == former || isWithin(child, this)))
+            return;
+        // Out of the layout before Qt takes it out and hides it in its own way.
+        if (former)
+            layout()->removeWidget(former);
+        keepHidden(former, this);
+        setWidget(child);
+    };
+    if (widget)
+        withWidgetOf(widget, place);
+    else
+        place(nullptr);
+}
+
+VXWidget2* QtDockWidget2::doGetWidget()
+{
+    VXObjectDataLocker lock;
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(QDockWidget::widget()));
+}
+
+void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
+{
+    const auto place = [this](QWidget* child) {
+        QWidget* former = dockTitleIn(*this);
+        if (child && (child == former || isWithin(child, this)))
+            return;
+        keepHidden(former, this); // its holder goes
+        if (child)
+            setTitleBarWidget(new QtDockTitle(this, child));
+    };
+    if (widget)
+        withWidgetOf(widget, place);
+    else
+        place(nullptr);
+}
+
+VXWidget2* QtDockWidget2::doGetTitleBarWidget()
+{
+    VXObjectDataLocker lock;
+    return dynamic_cast<VXWidget2*>(abstractObjectOf(dockTitleIn(*this)));
+}
+
+void QtDockWidget2::doSetTitleU(const std::wstring& title)
+{
+    changeTitle(toQString(title));
+}
+
+std::wstring QtDockWidget2::doGetTitleU()
+{
+    return toStdWString(windowTitle());
+}
+
+void QtDockWidget2::doSetTitle(const std::string& title)
+{
+    changeTitle(toQString(title));
+}
+
+std::string QtDockWidget2::doGetTitle()
+{
+    return toStdString(windowTitle());
+}
+
+void QtDockWidget2::doSetIcon(const Icon& icon)
+{
+    m_icon = icon;
+    setWindowIcon(VX2Qt(icon));
+    updateViewAction();
+}
+
+Icon QtDockWidget2::doGetIcon()
+{
+    return m_icon;
+}
+
+void QtDockWidget2::doSetAllowedAreas(VXFlags<DockArea> areas)
+{
+    setAllowedAreas(VX2Qt(areas));
+}
+
+VXFlags<DockArea> QtDockWidget2::doGetAllowedAreas()
+{
+    return Qt2VX(allowedAreas());
+}
+
+void QtDockWidget2::doSetFeatures(VXFlags<DockFeature> features)
+{
+    setFeatures(VX2Qt(features));
+}
+
+VXFlags<DockFeature> QtDockWidget2::doGetFeatures()
+{
+    return Qt2VX(features());
+}
+
+void QtDockWidget2::doSetFloating(bool floating)
+{
+    if (floating == isFloating() || !isDocked())
+        return;
+    const ProgramScope scope(parentWidget());
+    const QtEventBlocker blocker(
+        *this, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
+    endDrag();
+    setFloating(floating);
+}
+
+bool QtDockWidget2::doIsFloating()
+{
+    return isDocked() && isFloating();
+}
+
+bool QtDockWidget2::doClose()
+{
+    return close();
+}
+
+void QtDockWidget2::doSetViewAction(VXAction2* action)
+{
+    withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
+        if (!peer)
+            return;
+        m_viewAction = peer;
+        connect(peer, &QAction::toggled, this, &QtDockWidget2::slotViewActionToggled);
+        updateViewAction();
+    });
+}
+
+void QtDockWidget2::doShow()
+{
+    const ProgramScope scope(parentWidget());
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    QtContainer2::doShow();
+}
+
+void QtDockWidget2::doHide()
+{
+    const ProgramScope scope(parentWidget());
+    QtContainer2::doHide();
+}
+
+void QtDockWidget2::doSetVisible(bool visible)
+{
+    const ProgramScope scope(parentWidget());
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    QtContainer2::doSetVisible(visible);
+}
+
+void QtDockWidget2::doSetParent(VXObject* parent)
+{
+    const ProgramScope scope(parentWidget());
+    QtContainer2::doSetParent(parent);
+}
+
+// Reports -----------------------------------------------------------------------------------------
+
+bool QtDockWidget2::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::Hide: {
+        // Qt's signal then is about the window as well, which may just be coming or going.
+        const QScopedValueRollback comesOrGoes(m_comesOrGoes, true);
+        return QtWidget2Shim::event(event);
+    }
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        updateViewAction();
+        noteChange();
+        break;
+    default:
+        break;
+    }
+    return QtWidget2Shim::event(event);
+}
+
+void QtDockWidget2::slotVisibilityChanged(bool visible)
+{
+    if (m_comesOrGoes)
+        return;
+    m_inFront = visible;
+    noteChange();
+}
+
+void QtDockWidget2::slotAreaChanged(Qt::DockWidgetArea area)
+{
+    if (area == Qt::NoDockWidgetArea)
+        return; // it is torn off, and comes back to where it was
+    m_area = Qt2VX(area);
+    noteChange();
+}
+
+void QtDockWidget2::noteChange()
+{
+    if (s_programScopes > 0) {
+        m_known = state();
+    } else if (!m_reportPending) {
+        m_reportPending = true;
+        QMetaObject::invokeMethod(this, &QtDockWidget2::slotReport, Qt::QueuedConnection);
+    }
+}
+
+void QtDockWidget2::slotReport()
+{
+    m_reportPending = false;
+    const State now = state();
+    const State before = std::exchange(m_known, now);
+    auto* const dock = abstractObject<VXDockWidget2>();
+    const QPointer<QWidget> alive(this);
+    if (now.m_floating != before.m_floating)
+        report(m_emitters->floatingChanged, dock, now.m_floating);
+    if (alive && now.m_area != before.m_area)
+        report(m_emitters->areaChanged, dock, now.m_area);
+    if (alive && now.m_visible != before.m_visible)
+        report(m_emitters->visibilityChanged, dock, now.m_visible);
+}
+
+void QtDockWidget2::slotViewActionToggled(bool checked)
+{
+    if (checked == !isHidden())
+        return;
+    const QPointer<QWidget> alive(this);
+    if (!checked)
+        close();
+    else if (isDocked())
+        show();
+    if (alive)
+        updateViewAction(); // closing may have been refused
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+bool QtDockWidget2::isDocked() const
+{
+    const auto* window = qobject_cast<QMainWindow*>(parentWidget());
+    return window
+           && window->dockWidgetArea(const_cast<QtDockWidget2*>(this)) != Qt::NoDockWidgetArea;
+}
+
+QtDockWidget2::State QtDockWidget2::state() const
+{
+    const auto* window = qobject_cast<QMainWindow*>(parentWidget());
+    const bool tabbed =
+        window && !window->tabifiedDockWidgets(const_cast<QtDockWidget2*>(this)).isEmpty();
+    return {isFloating(), !isHidden() && (m_inFront || !tabbed || isFloating()), m_area};
+}
+
+void QtDockWidget2::changeTitle(const QString& title)
+{
+    setWindowTitle(title);
+    updateViewAction();
+}
+
+void QtDockWidget2::updateViewAction()
+{
+    if (!m_viewAction)
+        return;
+    m_viewAction->setText(windowTitle());
+    m_viewAction->doSetIcon(m_icon);
+    m_viewAction->doSetChecked(!isHidden());
+}
+
+} // namespace VOXI

@@ -1,0 +1,207 @@
+// The part of QtWindow2 that is about dock widgets, and about saving where they and tool bars are.
+
+#include "qtsavedtext.h"
+#include "voxi2_qt/containers/qtdockwidget2.h"
+#include "voxi2_qt/containers/qtwindow2.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <QSet>
+#include <QToolBar>
+
+#include <algorithm>
+#include <list>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+constexpr char LayoutKind[] = "voxi-layout";
+
+/// What happens to a dock widget or tool bar that the program puts elsewhere.
+constexpr std::initializer_list<WidgetEvent> PlacingEvents = {
+    WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize};
+
+} // namespace
+
+/// Gives the docked tool bars and dock widgets different object names while Qt saves or restores
+/// their places, which it knows by these names.
+class QtWindow2::LayoutNames
+{
+public:
+    explicit LayoutNames(const QtWindow2& window)
+    {
+        name(window, window.m_dockedBars, QStringLiteral("tool bar %1"));
+        name(window, window.m_dockedPanes, QStringLiteral("dock widget %1"));
+    }
+
+    ~LayoutNames()
+    {
+        for (const auto& [widget, name] : m_renamed)
+            widget->setObjectName(name);
+    }
+
+    LayoutNames(const LayoutNames&) = delete;
+    LayoutNames& operator=(const LayoutNames&) = delete;
+
+private:
+    void name(const QtWindow2& window, const Docked& docked, const QString& pattern)
+    {
+        for (std::size_t i = 0; i < docked.size(); ++i) {
+            QWidget* widget = docked[i];
+            if (!widget || widget->parentWidget() != &window)
+                continue;
+            const QString own = widget->objectName();
+            QString unique = own;
+            if (own.isEmpty() || m_names.contains(own)) {
+                unique = pattern.arg(i + 1) + own;
+                widget->setObjectName(unique);
+                m_renamed.emplace_back(widget, own);
+            }
+            m_names.insert(unique);
+        }
+    }
+
+    QSet<QString> m_names;
+    std::vector<std::pair<QWidget*, QString>> m_renamed;
+};
+
+void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
+{
+    withDockOf(dock, [&](QtDockWidget2& peer) {
+        const Qt::DockWidgetArea side =
+            area == DockArea::None ? Qt::LeftDockWidgetArea : VX2Qt(area);
+        placeDock(peer, [&] { addDockWidget(side, &peer); });
+    });
+}
+
+void QtWindow2::doRemoveDockWidget(VXDockWidget2* dock)
+{
+    withDockOf(dock, [&](QtDockWidget2& peer) {
+        if (dockWidgetArea(&peer) == Qt::NoDockWidgetArea)
+            return;
+        const QtDockWidget2::ProgramScope scope(this);
+        const QtEventBlocker blocker(peer, PlacingEvents);
+        peer.endDrag();
+        peer.setFloating(false); // or it would come back as a window
+        removeDockWidget(&peer);
+    });
+}
+
+DockArea QtWindow2::doGetDockArea(VXDockWidget2* dock)
+{
+    DockArea area = DockArea::None;
+    withDockOf(dock, [&](QtDockWidget2& peer) { area = Qt2VX(dockWidgetArea(&peer)); });
+    return area;
+}
+
+void QtWindow2::doTabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second)
+{
+    dockBeside(first, second, [this](QtDockWidget2& place, QtDockWidget2& newcomer) {
+        tabifyDockWidget(&place, &newcomer);
+    });
+}
+
+void QtWindow2::doSplitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
+                                  Orientation orientation)
+{
+    dockBeside(first, second, [&](QtDockWidget2& place, QtDockWidget2& newcomer) {
+        splitDockWidget(&place, &newcomer, VX2Qt(orientation));
+    });
+}
+
+void QtWindow2::doRaiseDockWidget(VXDockWidget2* dock)
+{
+    withDockOf(dock, [&](QtDockWidget2& peer) {
+        if (dockWidgetArea(&peer) == Qt::NoDockWidgetArea)
+            return;
+        const QtDockWidget2::ProgramScope scope(this);
+        const QtEventBlocker blocker(peer, PlacingEvents);
+        peer.show();
+        peer.raise();
+    });
+}
+
+std::string QtWindow2::doSaveLayout()
+{
+    const LayoutNames names(*this);
+    return toSavedText(LayoutKind, saveState());
+}
+
+bool QtWindow2::doRestoreLayout(const std::string& layout)
+{
+    const auto bytes = fromSavedText(LayoutKind, layout);
+    if (!bytes)
+        return false;
+    const QtDockWidget2::ProgramScope scope(this);
+    std::list<QtEventBlocker> blockers;
+    for (const Docked* docked : {&m_dockedBars, &m_dockedPanes}) {
+        for (QWidget* widget : *docked) {
+            if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
+                blockers.emplace_back(*peer, PlacingEvents);
+        }
+    }
+    endDrags();
+    const LayoutNames names(*this);
+    return restoreState(*bytes);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+/// Calls `function` with the peer of a live dock widget, unless the window lies in it.
+template <class Function>
+void QtWindow2::withDockOf(VXDockWidget2* dock, Function&& function)
+{
+    withPeerOf<QtDockWidget2>(dock, [&](QtDockWidget2* peer) {
+        if (peer && !isWithin(peer, this))
+            function(*peer);
+    });
+}
+
+template <class Function>
+void QtWindow2::dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function)
+{
+    withDockOf(first, [&](QtDockWidget2& place) {
+        if (first == second || dockWidgetArea(&place) == Qt::NoDockWidgetArea)
+            return;
+        withDockOf(second, [&](QtDockWidget2& newcomer) {
+            placeDock(newcomer, [&] { function(place, newcomer); });
+        });
+    });
+}
+
+/// Has `function` dock the widget, which may be docked elsewhere, and shows it there.
+template <class Function>
+void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
+{
+    const QtDockWidget2::ProgramScope scope(this);
+    const QtEventBlocker blocker(dock, PlacingEvents);
+    dock.endDrag();
+    auto* former = qobject_cast<QMainWindow*>(dock.parentWidget());
+    if (former && former->dockWidgetArea(&dock) != Qt::NoDockWidgetArea) {
+        dock.setFloating(false);
+        former->removeDockWidget(&dock);
+    }
+    function();
+    dock.show();
+    remember(m_dockedPanes, &dock);
+}
+
+void QtWindow2::endDrags()
+{
+    const QtDockWidget2::ProgramScope scope(nullptr);
+    const Docked panes = m_dockedPanes;
+    for (QWidget* widget : panes) {
+        if (auto* pane = dynamic_cast<QtDockWidget2*>(widget))
+            pane->endDrag();
+    }
+}
+
+void QtWindow2::remember(Docked& docked, QWidget* widget)
+{
+    if (std::find(docked.begin(), docked.end(), widget) == docked.end())
+        docked.emplace_back(widget);
+}
+
+} // namespace VOXI
