@@ -9,15 +9,12 @@ using namespace VOXI;
 
 EventLog::EventLog(VXObject2* parent)
 {
-    const Box outside = column(parent, 4);
+    const Box outside = row(parent);
+    outside.layout->setMargins({12, 4, 12, 8});
     m_outside = outside.panel;
-    const Box head = row(outside.panel);
-    VXButton2* clear = button(head.panel, "C&lear", "clear-log");
+    VXButton2* clear = button(outside.panel, "C&lear", "clear-log");
     clear->setFocusPolicy(FocusPolicy::None);
     clear->clicked().connect(this, [this] { this->clear(); });
-    head.layout->addWidget(heading(head.panel, "Event log"));
-    head.layout->insertSpacer(-1, 0, 1);
-    head.layout->addWidget(clear);
 
     const Frame paper = frame(outside.panel, PaperColor);
     m_pane = new VXText2(paper.inside.panel);
@@ -27,10 +24,9 @@ EventLog::EventLog(VXObject2* parent)
     // Long lines are cut off; they must not widen the window.
     m_pane->setSizePolicy(Policy::Ignored, Policy::Preferred);
     m_pane->setMinimumSize({-1, 126});
-    m_pane->setMaximumSize({-1, 126});
     paper.inside.layout->addWidget(m_pane);
-    outside.layout->addWidget(head.panel);
-    outside.layout->addWidget(paper.outside);
+    outside.layout->addWidget(paper.outside, 1);
+    outside.layout->addWidget(clear, 0, AlignmentFlag::Top);
 }
 
 void EventLog::add(const std::string& line)

@@ -11,7 +11,7 @@
 
 namespace gallery {
 
-/// The pane at the bottom: the last events that watched objects received.
+/// The last events that watched objects received.
 class EventLog : public TROV::Listener
 {
 public:

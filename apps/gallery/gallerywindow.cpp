@@ -1,6 +1,10 @@
 #include "gallerywindow.h"
 
-#include "ui.h"
+#include "voxi2/containers/vxscrollview2.h"
+#include "voxi2/containers/vxsplitter2.h"
+#include "voxi2/controls/vxmenu2.h"
+#include "voxi2/controls/vxmenubar2.h"
+#include "voxi2/kernel/vxaction2.h"
 
 namespace gallery {
 
@@ -8,7 +12,8 @@ using namespace VOXI;
 
 namespace {
 
-constexpr int ListWidth = 140;
+constexpr int ListWidth = 170;
+constexpr int PageWidth = 790;
 
 } // namespace
 
@@ -17,26 +22,25 @@ GalleryWindow::GalleryWindow() : m_window(new VXWindow2)
     m_window->setTitle("VOXI gallery");
     m_window->setObjectName("gallery");
 
-    const Box content = column(m_window, 12);
-    content.layout->setMargins({12, 12, 12, 12});
-    const Box upper = row(content.panel, 16);
-    const Box list = column(upper.panel, 4);
-    list.panel->setMinimumSize({ListWidth, -1});
-    list.panel->setMaximumSize({ListWidth, -1});
-    const Box area = column(upper.panel, 0);
-    m_log = std::make_unique<EventLog>(content.panel);
-
+    auto* split = new VXSplitter2(m_window, Orientation::Horizontal);
+    auto* listView = new VXScrollView2(split);
+    const Box list = column(listView, 4);
+    list.layout->setMargins({12, 12, 8, 12});
     list.layout->addWidget(heading(list.panel, "Pages"));
+    m_pages = new VXWidgetStack2(split);
+    makeLog();
     for (const Page& page : pages())
-        addPage(page, list, area);
+        addPage(page, list);
     list.layout->insertSpacer(-1, 0, 1);
-    upper.layout->addWidget(list.panel);
-    upper.layout->addWidget(area.panel, 1);
-    content.layout->addWidget(upper.panel, 1);
-    content.layout->addWidget(m_log->widget());
+    listView->setWidget(list.panel);
+    split->addWidget(listView, 0);
+    split->addWidget(m_pages, 1);
+    split->setCollapsible(nullptr, false);
 
-    m_window->setCentralWidget(content.panel);
-    m_window->resize({900, 640});
+    m_window->setCentralWidget(split);
+    makeMenus();
+    m_window->resize({ListWidth + PageWidth, 760});
+    split->setSizes({ListWidth, PageWidth});
     showPage(0);
     m_window->show();
 }
@@ -48,25 +52,54 @@ GalleryWindow::~GalleryWindow()
     m_window->destroy();
 }
 
-void GalleryWindow::addPage(const Page& page, const Box& list, const Box& area)
+void GalleryWindow::makeLog()
+{
+    m_logPane = new VXDockWidget2(m_window);
+    m_logPane->setTitle("Event log");
+    m_logPane->setObjectName("log-pane");
+    m_log = std::make_unique<EventLog>(m_logPane);
+    m_logPane->setWidget(m_log->widget());
+    m_window->addDockWidget(m_logPane, DockArea::Bottom);
+}
+
+void GalleryWindow::makeMenus()
+{
+    auto* bar = new VXMenuBar2(m_window);
+    auto* view = new VXMenu2(bar);
+    view->addAction(m_logPane->viewAction());
+    VXAction2* fullScreen = view->addAction("&Full screen");
+    fullScreen->setCheckable(true);
+    fullScreen->toggled().connect(m_log.get(), [this](const VXActionToggleEvent2& event) {
+        if (event.isChecked())
+            m_window->showFullScreen();
+        else
+            m_window->showNormal();
+    });
+    bar->addMenu("&View", view);
+    m_window->setMenuBar(bar);
+}
+
+void GalleryWindow::addPage(const Page& page, const Box& list)
 {
     VXButton2* choose = button(list.panel, page.title, "page-" + page.name);
     choose->setCheckable(true);
     choose->setExclusive(true);
     list.layout->addWidget(choose);
 
-    const Box framed = column(area.panel, 10);
+    auto* view = new VXScrollView2(m_pages);
+    const Box framed = column(view, 10);
+    framed.layout->setMargins({12, 12, 12, 12});
     VXText2* summary = label(framed.panel, page.summary);
     summary->setWordWrap(true);
     framed.layout->addWidget(heading(framed.panel, page.title, 15));
     framed.layout->addWidget(summary);
     framed.layout->addWidget(page.create(framed.panel, *m_log), 1);
-    framed.panel->setVisible(false);
-    area.layout->addWidget(framed.panel);
+    view->setWidget(framed.panel);
+    m_pages->addWidget(view);
 
-    const std::size_t index = m_entries.size();
+    const std::size_t index = m_chooseButtons.size();
     choose->clicked().connect(m_log.get(), [this, index] { showPage(index); });
-    m_entries.push_back({choose, framed.panel});
+    m_chooseButtons.push_back(choose);
 }
 
 bool GalleryWindow::select(const std::string& name)
@@ -82,10 +115,8 @@ bool GalleryWindow::select(const std::string& name)
 
 void GalleryWindow::showPage(std::size_t index)
 {
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        m_entries[i].m_button->setChecked(i == index);
-        m_entries[i].m_page->setVisible(i == index);
-    }
+    m_chooseButtons[index]->setChecked(true);
+    m_pages->raiseWidgetWithID(static_cast<int>(index));
 }
 
 } // namespace gallery

@@ -3,6 +3,8 @@
 #include "eventlog.h"
 #include "page.h"
 #include "ui.h"
+#include "voxi2/containers/vxdockwidget2.h"
+#include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
 
 #include <memory>
@@ -11,7 +13,7 @@
 
 namespace gallery {
 
-/// The gallery: the list of pages on the left, the page on the right, the log below.
+/// The gallery: the list of pages on the left, the page on the right, the log in a pane below.
 class GalleryWindow
 {
 public:
@@ -26,18 +28,16 @@ public:
     VOXI::VXWindow2* window() const { return m_window; }
 
 private:
-    struct Entry
-    {
-        VOXI::VXButton2* m_button;
-        VOXI::VXWidget2* m_page;
-    };
-
-    void addPage(const Page& page, const Box& list, const Box& area);
+    void makeLog();
+    void makeMenus();
+    void addPage(const Page& page, const Box& list);
     void showPage(std::size_t index);
 
     VOXI::VXWindow2* m_window;
+    VOXI::VXDockWidget2* m_logPane = nullptr;
+    VOXI::VXWidgetStack2* m_pages = nullptr;
     std::unique_ptr<EventLog> m_log;
-    std::vector<Entry> m_entries;
+    std::vector<VOXI::VXButton2*> m_chooseButtons;
 };
 
 } // namespace gallery
