@@ -14,8 +14,12 @@
 #include <QPointer>
 #include <QTabBar>
 
+#include <array>
+#include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
+#include <thread>
+#include <vector>
 
 namespace VOXI {
 namespace {
@@ -86,6 +90,27 @@ TEST_F(DockWidget, answersWhatWasSet)
     EXPECT_EQ(qtDock(m_dock)->features(),
               QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetVerticalTitleBar);
     EXPECT_EQ(m_dock->features(), DockFeature::Movable | DockFeature::VerticalTitleBar);
+}
+
+TEST_F(DockWidget, hasOneViewActionForAllThreads)
+{
+    std::atomic<int> ready = 0;
+    std::array<VXAction2*, 2> actions{};
+    std::vector<std::thread> workers;
+    workers.reserve(actions.size());
+    for (VXAction2*& action : actions)
+        workers.emplace_back([&] {
+            action = m_dock->viewAction();
+            ++ready;
+        });
+    EXPECT_TRUE(waitFor([&] { return ready == 2; }));
+    for (std::thread& worker : workers)
+        worker.join();
+    EXPECT_NE(actions[0], nullptr);
+    EXPECT_EQ(actions[0], actions[1]);
+    EXPECT_EQ(m_dock->viewAction(), actions[0]);
+    m_dock->hide();
+    EXPECT_FALSE(actions[0]->isChecked());
 }
 
 TEST_F(DockWidget, keepsWhatItHeldAlive)

@@ -4,6 +4,10 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+QT_BEGIN_NAMESPACE
+class QEvent;
+QT_END_NAMESPACE
+
 namespace VOXI {
 
 /// The base of the peers of windows and dialogs.
