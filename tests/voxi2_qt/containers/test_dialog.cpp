@@ -61,6 +61,10 @@ TEST_F(Dialog, hasTheFrameOfAllDialogsWhereverItLies)
         each->setParent(m_window);
         EXPECT_TRUE(qt(*each)->isWindow());
         EXPECT_EQ(qt(*each)->windowFlags(), flags);
+        Log<VXWindowStateEvent2> states{each->stateChanged()};
+        qt(*each)->showMaximized(); // as the window manager would
+        EXPECT_TRUE(states.takeOne());
+        each->hide();
     }
 }
 

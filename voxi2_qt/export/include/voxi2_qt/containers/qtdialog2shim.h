@@ -39,6 +39,12 @@ public:
 protected:
     using QtWidget2Shim<Object, Emitters, QtAbstractDialog2, Q>::QtWidget2Shim;
 
+    void changeEvent(QEvent* event) override
+    {
+        Q::changeEvent(event);
+        this->passStateChange(*event);
+    }
+
     void closeEvent(QCloseEvent* event) override
     {
         // Nobody has refused, or it would not have come here.
