@@ -2,8 +2,8 @@
 
 #include "voxi2_qt/kernel/qtconvert.h"
 
-#include <QEvent>
 #include <QApplication>
+#include <QEvent>
 #include <QScrollBar>
 
 #include <algorithm>
