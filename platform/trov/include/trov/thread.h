@@ -193,7 +193,8 @@ private:
             std::lock_guard lock(m_queueLock);
             if (!m_accepting.load(std::memory_order_relaxed))
                 return false;
-            auto* record = new (m_incoming.allocate(Record::alignedSize())) Record(std::move(call));
+            void* const place = m_incoming.allocate(Record::alignedSize());
+            auto* record = new (place) Record(std::forward<Call>(call));
             record->m_sender = sender;
             wake = noteArrival();
         }

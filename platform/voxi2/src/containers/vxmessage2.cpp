@@ -249,7 +249,9 @@ void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answ
         dialog.get(),
         [dialog, pending = std::make_shared<Pending>(std::move(answered), escape, thread)](
             const VXDialogEvent2& event) {
-            const auto question = pending; // this closure goes with the dialog
+            // This closure goes with the dialog.
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+            const auto question = pending;
             const int result = event.result();
             dialog->destroy();
             question->answer(result);
