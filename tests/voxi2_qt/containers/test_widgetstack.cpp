@@ -3,6 +3,7 @@
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/controls/vxbutton2.h"
 
+#include <QApplication>
 #include <QStackedWidget>
 
 #include <gtest/gtest.h>
