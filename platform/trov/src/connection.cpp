@@ -220,7 +220,7 @@ void Connection::attach(ConnectionSite& site)
             m_next = m_listener->m_first;
             if (m_next)
                 m_next->m_previous = this;
-            m_listener->m_first = this;
+            m_listener->m_first.store(this, std::memory_order_release);
         }
         m_alive.store(true, std::memory_order_release);
         publish(site, block);
@@ -235,7 +235,7 @@ void Connection::unlinkFromListener() noexcept
     if (m_previous)
         m_previous->m_next = m_next;
     else
-        m_listener->m_first = m_next;
+        m_listener->m_first.store(m_next, std::memory_order_release);
     if (m_next)
         m_next->m_previous = m_previous;
     m_previous = m_next = nullptr;
@@ -266,6 +266,9 @@ Listener::~Listener()
 
 void Listener::disconnect()
 {
+    // Most listeners have none when they end. Whoever cuts the last one looks at this no more.
+    if (!m_first.load(std::memory_order_acquire))
+        return;
     std::vector<ConnectionHandle> cut;
     {
         VOXI::WriteLocker lock(GetGlobalConnectionLock());

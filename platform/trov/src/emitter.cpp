@@ -67,6 +67,13 @@ Thread* endService(Binding& binding) noexcept
     return thread;
 }
 
+/// Binding lock held.
+void recycle(Binding& binding) noexcept
+{
+    binding.m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
+    s_freeBindings = &binding;
+}
+
 /// Releases who waits for the peer that was served on `thread`; null does nothing.
 void endWaiting(Thread* thread, const Binding* binding) noexcept
 {
@@ -199,10 +206,8 @@ Binding* Binding::allocate()
     std::lock_guard lock(s_bindingLock);
     if (!s_freeBindings) {
         auto* slab = new Binding[BindingsPerSlab];
-        for (std::size_t i = BindingsPerSlab; i-- > 0;) {
-            slab[i].m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
-            s_freeBindings = &slab[i];
-        }
+        for (std::size_t i = BindingsPerSlab; i-- > 0;)
+            recycle(slab[i]);
     }
     Binding* binding = s_freeBindings;
     s_freeBindings = reinterpret_cast<Binding*>(binding->m_peer.load(std::memory_order_relaxed));
@@ -220,6 +225,10 @@ void Binding::free(Binding* binding) noexcept
         binding->m_tables = nullptr;
         sites = binding->m_sites.exchange(nullptr);
         binding->m_object.fetch_add(1, std::memory_order_acq_rel);
+        if (!thread && !sites) {
+            recycle(*binding);
+            return;
+        }
     }
     endWaiting(thread, binding);
     if (sites) {
@@ -230,14 +239,16 @@ void Binding::free(Binding* binding) noexcept
         delete sites;
     }
     std::lock_guard lock(s_bindingLock);
-    binding->m_peer.store(reinterpret_cast<Listener*>(s_freeBindings));
-    s_freeBindings = binding;
+    recycle(*binding);
 }
 
 void Binding::removeTable(TableHead* base) noexcept
 {
-    // The peer's thread may be about to unbind, and walk through the tables.
-    std::lock_guard lock(s_bindingLock);
+    // The peer's thread may be about to unbind, and walk through the tables; afterwards there is
+    // no peer.
+    std::unique_lock lock(s_bindingLock, std::defer_lock);
+    if (m_peer.load(std::memory_order_acquire))
+        lock.lock();
     m_tables.store(base, std::memory_order_release);
 }
 

@@ -3,6 +3,8 @@
 #include "trov/trov_export.h"
 #include "trov/types.h"
 
+#include <atomic>
+
 namespace TROV {
 
 namespace detail {
@@ -39,7 +41,7 @@ protected:
 private:
     friend class Connection;
     friend struct detail::Binding;
-    Connection* m_first = nullptr; // guarded by the global connection lock
+    std::atomic<Connection*> m_first{nullptr}; // changed under the global connection lock
 };
 
 } // namespace TROV
