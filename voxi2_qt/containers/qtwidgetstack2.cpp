@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 
+#include "qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 namespace VOXI {
@@ -36,6 +37,7 @@ void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
     withWidgetOf(widget, [&](QWidget* child) {
         if (!child || isWithin(child, this))
             return;
+        takeOut(child);
         insertWidget(index, child);
     });
 }
@@ -55,8 +57,8 @@ void QtWidgetStack2::doRaiseWidgetWithID(int id)
 void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (child)
-            removeWidget(child);
+        if (child && indexOf(child) >= 0)
+            takeOut(child);
     });
 }
 
