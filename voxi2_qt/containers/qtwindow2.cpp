@@ -144,7 +144,8 @@ void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
             return;
         const QtEventBlocker blocker(peer, {WidgetEvent::Show});
         takeOutFor(this, widget);
-        addToolBar(area == ToolBarArea::None ? Qt::TopToolBarArea : VX2Qt(area), widget);
+        const Qt::ToolBarArea side = VX2Qt(area);
+        addToolBar(side == Qt::NoToolBarArea ? Qt::TopToolBarArea : side, widget);
         remember(m_dockedBars, widget);
         widget->show(); // one that was removed is hidden
     });
