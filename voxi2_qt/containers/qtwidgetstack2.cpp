@@ -3,6 +3,8 @@
 #include "qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <list>
+
 namespace VOXI {
 
 namespace {
@@ -50,7 +52,13 @@ void QtWidgetStack2::doRaiseWidget(VXWidget2* widget)
 void QtWidgetStack2::doRaiseWidgetWithID(int id)
 {
     // Qt moves the focus from a page that it hides to the next one.
-    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    const QtEventBlocker focus(*this, {WidgetEvent::FocusIn});
+    std::list<QtEventBlocker> pages;
+    for (const QWidget* page : {currentWidget(), widget(id)}) {
+        if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(page)))
+            pages.emplace_back(
+                *peer, std::initializer_list<WidgetEvent>{WidgetEvent::Show, WidgetEvent::Hide});
+    }
     setCurrentIndex(id); // ignores what is no position
 }
 
