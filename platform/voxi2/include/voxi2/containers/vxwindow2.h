@@ -99,8 +99,8 @@ public:
 
     // Dock widgets. Null, dead ones, and those that the window lies in, are ignored.
 
-    /// Docks the pane at that side, beyond the others there, and shows it; what is no side counts as
-    /// the left. One that is docked already, here or in another window, moves.
+    /// Docks the pane at that side, beyond the others there, and shows it; what is no side counts
+    /// as the left. One that is docked already, here or in another window, moves.
     void addDockWidget(VXDockWidget2* dock, DockArea area = DockArea::Left);
     /// Undocks and hides the pane; it stays alive.
     void removeDockWidget(VXDockWidget2* dock);
