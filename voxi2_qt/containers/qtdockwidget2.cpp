@@ -2,6 +2,7 @@
 
 #include "qtdockaccessible.h"
 #include "qtdocktitle.h"
+#include "qttakeout.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -44,19 +45,6 @@ const auto s_requests = TROV::operations<E>(
 
 /// How many program scopes there are. A change of one dock widget changes others, too.
 int s_programScopes = 0;
-
-/// Keeps what was replaced, hidden; that is no news.
-void keepHidden(QWidget* widget, QWidget* parent)
-{
-    auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget));
-    if (!peer)
-        return;
-    const QtEventBlocker blocker(*peer, {WidgetEvent::Hide});
-    widget->hide();
-    widget->setParent(parent);
-    // So that it comes into sight where it is put next.
-    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
-}
 
 } // namespace
 
@@ -115,6 +103,8 @@ void QtDockWidget2::doSetWidget(VXWidget2* widget)
         if (former)
             layout()->removeWidget(former);
         keepHidden(former, this);
+        if (child)
+            takeOutFor(this, child);
         setWidget(child);
     };
     if (widget)
@@ -136,8 +126,10 @@ void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
         if (child && (child == former || isWithin(child, this)))
             return;
         keepHidden(former, this); // its holder goes
-        if (child)
+        if (child) {
+            takeOut(child);
             setTitleBarWidget(new QtDockTitle(this, child));
+        }
     };
     if (widget)
         withWidgetOf(widget, place);

@@ -11,7 +11,15 @@ namespace {
 const auto s_requests = TROV::operations<VXFlowLayout2Emitters>();
 
 constexpr QSize Nothing(-1, -1);
-constexpr int Unset = -1;
+constexpr qint64 Unset = -1;
+
+constexpr int Far = (1 << 30) - 1; // the sum of two is still a number
+
+/// A coordinate that Qt can reckon with, whatever sizes and spacing the items have.
+int bounded(qint64 value)
+{
+    return static_cast<int>(std::clamp<qint64>(value, -Far, Far));
+}
 
 /// A pass in terms of lines: `along` a line, and `across` from line to line. A vertical pass is a
 /// horizontal one with the axes exchanged.
@@ -41,27 +49,28 @@ private:
 
     QSize hint(const QLayoutItem& item) const
     {
-        return m_isVertical ? item.sizeHint().transposed() : item.sizeHint();
+        const QSize size = item.sizeHint().boundedTo(QSize(Far, Far));
+        return m_isVertical ? size.transposed() : size;
     }
 
     void beginLine()
     {
-        m_across += m_depth + spacing();
+        m_across += qint64(m_depth) + spacing();
         m_depth = 0;
         m_usedLength = m_last - m_first;
     }
 
-    void place(QLayoutItem& item, int along, const QSize& size) const
+    void place(QLayoutItem& item, qint64 along, const QSize& size) const
     {
         if (m_testOnly)
             return;
-        const QPoint position(along, m_across);
+        const QPoint position(bounded(along), bounded(m_across));
         item.setGeometry(m_isVertical ? QRect(position.transposed(), size.transposed())
                                       : QRect(position, size));
     }
 
     /// `reach` is how far the item's near edge is from where lines begin.
-    void account(const QSize& size, int reach)
+    void account(const QSize& size, qint64 reach)
     {
         m_length = std::max(reach, m_usedLength);
         m_largest = m_largest.expandedTo(size);
@@ -70,7 +79,8 @@ private:
 
     QSize result() const
     {
-        const QSize size(std::max(m_length, m_largest.width()), m_across + m_depth - m_firstAcross);
+        const QSize size(bounded(std::max<qint64>(m_length, m_largest.width())),
+                         bounded(m_across + m_depth - m_firstAcross));
         return m_isVertical ? size.transposed() : size;
     }
 
@@ -78,23 +88,23 @@ private:
     const QList<QLayoutItem*>& m_items;
     const bool m_isVertical;
     const bool m_testOnly;
-    const int m_first;
-    const int m_last;
-    const int m_firstAcross;
-    int m_across;
+    const qint64 m_first;
+    const qint64 m_last;
+    const qint64 m_firstAcross;
+    qint64 m_across;
     int m_depth = 0; // of the line so far
-    int m_usedLength = 0;
-    int m_length = 0;
+    qint64 m_usedLength = 0;
+    qint64 m_length = 0;
     QSize m_largest{0, 0};
 };
 
 QSize Pass::forward()
 {
-    int along = m_first;
+    qint64 along = m_first;
     for (qsizetype i = 0; i < m_items.size(); ++i) {
         QLayoutItem* item = m_items[i];
         const QSize size = hint(*item);
-        int next = along + size.width() + spacing();
+        qint64 next = along + size.width() + spacing();
         // A line does not break before something deep stands in it.
         if (next - spacing() > m_last && m_depth > 0) {
             beginLine();
@@ -112,14 +122,14 @@ QSize Pass::forward()
 
 QSize Pass::backward()
 {
-    int along = Unset;
+    qint64 along = Unset;
     for (qsizetype i = 0; i < m_items.size(); ++i) {
         QLayoutItem* item = m_items[i];
         const QSize size = hint(*item);
         if (along == Unset)
             along = m_last - size.width() - spacing();
         // The step to the next item is this one's size: wider ones may overlap their neighbour.
-        int next = along - size.width() - spacing();
+        qint64 next = along - size.width() - spacing();
         if (along < m_first && m_depth > 0) {
             beginLine();
             along = m_last - size.width() - spacing();

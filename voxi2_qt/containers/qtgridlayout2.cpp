@@ -5,6 +5,8 @@
 #include <QSpacerItem>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace VOXI {
 
 namespace {
@@ -23,8 +25,10 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getColStretch, &P::doGetColStretch>());
 // clang-format on
 
-// Qt keeps something for each line up to the last, and does not check their numbers.
+// Qt keeps something for each line up to the last, makes a table of all cells when it lays out, and
+// does not check the numbers.
 constexpr int MaxLines = 1'000'000;
+constexpr qint64 MaxCells = 10'000'000;
 
 bool isLine(int line)
 {
@@ -53,7 +57,7 @@ void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignmen
 {
     withWidgetOf(widget, [&](QWidget* child) {
         // What is no widget is passed on: Qt says so and goes on.
-        if (!isCell(cell) || (child ? !prepareFor(child) : !lookup(widget)))
+        if (!hasRoomFor(cell) || (child ? !prepareFor(child) : !lookup(widget)))
             return;
         QGridLayout::addWidget(child, cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan(),
                                VX2Qt(alignment));
@@ -63,7 +67,7 @@ void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignmen
 
 void QtGridLayout2::doGridAddSpacer(VXRect<int> cell, Size<int> size)
 {
-    if (!isCell(cell))
+    if (!hasRoomFor(cell))
         return;
     auto* spacer =
         new QSpacerItem(size.width, size.height, QSizePolicy::Minimum, QSizePolicy::Minimum);
@@ -73,13 +77,13 @@ void QtGridLayout2::doGridAddSpacer(VXRect<int> cell, Size<int> size)
 
 void QtGridLayout2::doSetRowStretch(int row, int stretch)
 {
-    if (isLine(row))
+    if (hasRoomFor(VXRect<int>::cell(row, 0)))
         setRowStretch(row, stretch);
 }
 
 void QtGridLayout2::doSetColStretch(int column, int stretch)
 {
-    if (isLine(column))
+    if (hasRoomFor(VXRect<int>::cell(0, column)))
         setColumnStretch(column, stretch);
 }
 
@@ -87,9 +91,9 @@ void QtGridLayout2::doSetStretchFactors(const std::vector<int>& rows,
                                         const std::vector<int>& columns)
 {
     for (std::size_t i = 0; i < rows.size() && i < MaxLines; ++i)
-        setRowStretch(static_cast<int>(i), rows[i]);
+        doSetRowStretch(static_cast<int>(i), rows[i]);
     for (std::size_t i = 0; i < columns.size() && i < MaxLines; ++i)
-        setColumnStretch(static_cast<int>(i), columns[i]);
+        doSetColStretch(static_cast<int>(i), columns[i]);
 }
 
 int QtGridLayout2::doGetRowStretch(int row)
@@ -100,6 +104,15 @@ int QtGridLayout2::doGetRowStretch(int row)
 int QtGridLayout2::doGetColStretch(int column)
 {
     return column >= 0 && column < columnCount() ? columnStretch(column) : 0;
+}
+
+bool QtGridLayout2::hasRoomFor(const VXRect<int>& cell) const
+{
+    if (!isCell(cell))
+        return false;
+    const qint64 rows = std::max(rowCount(), cell.row() + std::max(cell.rowSpan(), 1));
+    const qint64 columns = std::max(columnCount(), cell.column() + std::max(cell.columnSpan(), 1));
+    return rows * columns <= MaxCells;
 }
 
 } // namespace VOXI

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtlayout2.h"
 
+#include "qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QEvent>
@@ -101,10 +102,15 @@ QLayout* QtLayout2::asQLayout(GuiObject* peer)
 void QtLayout2::doSetParent(VXObject* widget)
 {
     withWidgetOf(widget, [this](QWidget* target) {
-        if (!target || target->layout() == layout() || !canLieIn(*layout(), *target))
+        if (!target || !canLieIn(*layout(), *target))
             return;
-        if (!target->layout())
+        if (!target->layout()) {
+            for (int i = 0; i < layout()->count(); ++i) {
+                if (QWidget* child = layout()->itemAt(i)->widget())
+                    takeOutFor(target, child);
+            }
             target->setLayout(layout()); // takes it from the widget that holds it now
+        }
         doRefresh();
     });
 }
@@ -114,6 +120,7 @@ bool QtLayout2::prepareFor(QWidget* child)
     QLayout* const self = layout();
     if (!child || isWithin(child, self->parentWidget()))
         return false;
+    takeOutFor(self->parentWidget(), child);
     if (!self->parentWidget()) {
         if (!m_watch)
             m_watch = new ItemWatch(self);

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtscrollview2.h"
 
+#include "qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QApplication>
@@ -66,7 +67,12 @@ void QtScrollView2::doSetWidget(VXWidget2* widget)
         if (!child || isWithin(child, this))
             return;
         if (child != QScrollArea::widget()) {
-            takeWidget(); // Qt would delete it, which has an owner of its own
+            // Qt would delete the former one, which has an owner of its own.
+            if (QWidget* former = QScrollArea::widget()) {
+                takeOut(former);
+                takeWidget();
+            }
+            takeOutFor(viewport(), child);
             setWidget(child);
         }
         doSetWidgetResizable(true);

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 
+#include "qttakeout.h"
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -53,6 +54,7 @@ void QtSplitter2::doInsertWidget(VXWidget2* widget, int index, int stretch)
     withWidgetOf(widget, [&](QWidget* child) {
         if (!child || isWithin(child, this))
             return;
+        takeOutFor(this, child);
         insertWidget(index, child); // appends where there is no such position
         setStretchFactor(indexOf(child), stretch);
     });
@@ -62,7 +64,7 @@ void QtSplitter2::doRemoveWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && indexOf(child) >= 0)
-            child->setParent(nullptr);
+            keepHidden(child, nullptr);
     });
 }
 

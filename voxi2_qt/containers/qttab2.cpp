@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qttab2.h"
 
+#include "qttakeout.h"
 #include "voxi2_qt/containers/qttabcontainer2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -212,9 +213,8 @@ void QtTab2::leave()
     QtTabContainer2* holder = container();
     if (!holder)
         return;
-    const QtEventBlocker ownEvents(*this, {WidgetEvent::Hide});
     const QtEventBlocker focus(*holder, {WidgetEvent::FocusIn});
-    setParent(nullptr);
+    keepHidden(this, nullptr);
 }
 
 QtTabContainer2* QtTab2::container() const

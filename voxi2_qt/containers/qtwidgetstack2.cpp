@@ -1,6 +1,9 @@
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 
+#include "qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
+
+#include <list>
 
 namespace VOXI {
 
@@ -36,6 +39,7 @@ void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
     withWidgetOf(widget, [&](QWidget* child) {
         if (!child || isWithin(child, this))
             return;
+        takeOut(child);
         insertWidget(index, child);
     });
 }
@@ -48,15 +52,21 @@ void QtWidgetStack2::doRaiseWidget(VXWidget2* widget)
 void QtWidgetStack2::doRaiseWidgetWithID(int id)
 {
     // Qt moves the focus from a page that it hides to the next one.
-    const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    const QtEventBlocker focus(*this, {WidgetEvent::FocusIn});
+    std::list<QtEventBlocker> pages;
+    for (const QWidget* page : {currentWidget(), widget(id)}) {
+        if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(page)))
+            pages.emplace_back(
+                *peer, std::initializer_list<WidgetEvent>{WidgetEvent::Show, WidgetEvent::Hide});
+    }
     setCurrentIndex(id); // ignores what is no position
 }
 
 void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (child)
-            removeWidget(child);
+        if (child && indexOf(child) >= 0)
+            takeOut(child);
     });
 }
 

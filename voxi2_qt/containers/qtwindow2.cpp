@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 
+#include "qttakeout.h"
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2_qt/kernel/qtdocking.h"
@@ -8,8 +9,6 @@
 #include <QLayout>
 #include <QMenuBar>
 #include <QToolBar>
-
-#include <optional>
 
 namespace VOXI {
 
@@ -78,10 +77,13 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         if (child && (child == centralWidget() || isWithin(child, this)))
             return;
         // Qt would delete the former one, which has an owner of its own.
-        if (QWidget* former = takeCentralWidget())
-            keepHidden(former);
+        if (QWidget* former = centralWidget()) {
+            takeOut(former);
+            keepHidden(takeCentralWidget(), this);
+        }
         if (!child)
             return;
+        takeOutFor(this, child);
         setCentralWidget(child);
         // One that was replaced before would stay hidden if the window is.
         if (child->isHidden() && !child->testAttribute(Qt::WA_WState_ExplicitShowHide))
@@ -91,17 +93,6 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         withWidgetOf(widget, place);
     else
         place(nullptr);
-}
-
-void QtWindow2::keepHidden(QWidget* widget)
-{
-    std::optional<QtEventBlocker> blocker;
-    if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
-        blocker.emplace(*peer, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
-    widget->hide();
-    widget->setParent(this);
-    // So that it comes into sight where it is put next.
-    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
 }
 
 VXWidget2* QtWindow2::doGetCentralWidget()
@@ -123,29 +114,38 @@ void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
 {
     const auto place = [this](QWidget* widget) {
         auto* wanted = qobject_cast<QMenuBar*>(widget);
-        if (wanted && wanted == menuWidget())
+        if (wanted && (wanted == menuWidget() || isWithin(wanted, this)))
             return;
         // Qt would delete the former one, which has an owner of its own.
         if (QWidget* former = menuWidget()) {
             layout()->setMenuBar(nullptr);
-            former->hide();
+            keepHidden(former, this);
         }
         if (wanted) {
+            takeOutFor(this, wanted);
             setMenuBar(wanted);
             wanted->show();
         }
     };
-    if (bar)
-        withWidgetOf(bar, place);
-    else
+    if (!bar)
         place(nullptr);
+    withPeerOf<QtWidget2>(bar, [&](QtWidget2* peer) {
+        if (!peer)
+            return;
+        const QtEventBlocker blocker(*peer, {WidgetEvent::Show});
+        place(peer->asQWidget());
+    });
 }
 
 void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
 {
     withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
+        if (isWithin(widget, this))
+            return;
         const QtEventBlocker blocker(peer, {WidgetEvent::Show});
-        addToolBar(area == ToolBarArea::None ? Qt::TopToolBarArea : VX2Qt(area), widget);
+        takeOutFor(this, widget);
+        const Qt::ToolBarArea side = VX2Qt(area);
+        addToolBar(side == Qt::NoToolBarArea ? Qt::TopToolBarArea : side, widget);
         remember(m_dockedBars, widget);
         widget->show(); // one that was removed is hidden
     });

@@ -70,9 +70,10 @@ private:
 void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {
-        const Qt::DockWidgetArea side =
-            area == DockArea::None ? Qt::LeftDockWidgetArea : VX2Qt(area);
-        placeDock(peer, [&] { addDockWidget(side, &peer); });
+        const Qt::DockWidgetArea side = VX2Qt(area);
+        placeDock(peer, [&] {
+            addDockWidget(side == Qt::NoDockWidgetArea ? Qt::LeftDockWidgetArea : side, &peer);
+        });
     });
 }
 

@@ -1,8 +1,8 @@
 // The part of QtWindow2 that is about the status bar.
 
+#include "qttakeout.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
-#include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QStatusBar>
 
@@ -49,7 +49,8 @@ void QtWindow2::doAddStatusWidget(VXWidget2* widget, int stretch)
             return;
         QStatusBar* bar = ensuredStatusBar();
         if (child->parentWidget() == bar)
-            keepHidden(child); // it moves to the end
+            keepHidden(child, this); // it moves to the end
+        takeOut(child);
         // Qt's other place, at the left, is hidden while there is a text.
         bar->addPermanentWidget(child, stretch);
     });
@@ -59,7 +60,7 @@ void QtWindow2::doRemoveStatusWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && knownStatusBar() && child->parentWidget() == knownStatusBar())
-            keepHidden(child);
+            keepHidden(child, this);
     });
 }
 

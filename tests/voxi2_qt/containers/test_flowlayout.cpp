@@ -7,6 +7,7 @@
 #include <QLayout>
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <memory>
 
 namespace VOXI {
@@ -229,6 +230,13 @@ TEST_F(FlowOfWidgets, wrapsThemAgainWhenItIsResizedOrTheyGo)
     m_layout->refresh();
     EXPECT_EQ(place(2), (VXPoint<int>{1, 1}));
     EXPECT_EQ(m_buttons[1]->peerParent(), m_panel) << "it stays where it is";
+    constexpr int huge = std::numeric_limits<int>::max();
+    m_layout->setSpacing(huge);
+    m_layout->addSpacer({huge, huge}, false);
+    m_layout->addWidget(m_buttons[1]);
+    m_layout->refresh();
+    EXPECT_EQ(place(2), (VXPoint<int>{1, 1}));
+    EXPECT_GT(place(1).y, 1'000'000) << "far away, and not beyond what a number can say";
 }
 
 TEST_F(FlowOfWidgets, itemsMayGoWhileItPlacesThem)

@@ -101,6 +101,13 @@ TEST_F(GridLayout, ignoresWhatIsNoCell)
         EXPECT_EQ(m_layout->rowStretch(line), 0);
         EXPECT_EQ(m_layout->colStretch(line), 0);
     }
+    m_layout->setRowStretch(999'999, 1);
+    m_layout->addSpacer(Cell::cell(0, 999'999), {1, 1}); // Qt would fall over a table of so many
+    m_layout->setColStretch(999'999, 1);
+    m_layout->setStretchFactors({}, std::vector<int>(1000, 1));
+    EXPECT_EQ(qtLayout()->rowCount(), 1'000'000);
+    EXPECT_EQ(qtLayout()->columnCount(), 10);
+    m_panel->show();
     m_layout->addWidget(nullptr, 0, 0);
     m_layout->addWidget(m_panel, 0, 0); // cannot lie inside itself
     VXFactory2::current()->destroyObject(m_first->id());

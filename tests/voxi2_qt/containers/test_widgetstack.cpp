@@ -41,7 +41,10 @@ TEST_F(WidgetStack, showsOneAtATime)
     EXPECT_EQ(m_stack->widgetID(m_third), 2);
     EXPECT_EQ(m_stack->currentWidget(), m_first);
     m_stack->show();
+    Log hidden(m_first->hidden());
+    Log shown(m_second->shown());
     m_stack->raiseWidgetWithID(1);
+    EXPECT_TRUE(hidden.isEmpty() && shown.isEmpty()) << "the program chose";
     EXPECT_EQ(qtStack()->currentWidget(), qt(*m_second));
     EXPECT_TRUE(m_second->isVisible());
     EXPECT_FALSE(m_first->isVisible());

@@ -116,8 +116,11 @@ TEST_F(WindowLayout, panesAreDockedAndMoved)
     EXPECT_EQ(docks.area(0), DockArea::Left);
     docks.m_window.addDockWidget(docks[0], DockArea::Bottom);
     EXPECT_EQ(docks.area(0), DockArea::Bottom);
-    docks.m_window.addDockWidget(docks[0], DockArea::None);
-    EXPECT_EQ(main(docks.m_window)->dockWidgetArea(pane(docks[0])), Qt::LeftDockWidgetArea);
+    for (const DockArea none : {DockArea::None, static_cast<DockArea>(3)}) {
+        docks.m_window.removeDockWidget(docks[0]);
+        docks.m_window.addDockWidget(docks[0], none);
+        EXPECT_EQ(main(docks.m_window)->dockWidgetArea(pane(docks[0])), Qt::LeftDockWidgetArea);
+    }
     docks[0]->setFloating(true);
     docks.m_window.addDockWidget(docks[0], DockArea::Right);
     EXPECT_FALSE(docks[0]->isFloating()) << "docked is docked";

@@ -34,6 +34,7 @@ public:
                       Alignment alignment = Alignment());
     /// With a stretch other than 0 the room grows and `size` is not used.
     void insertSpacer(int index, int size, int stretch);
+    /// Changes the stretch of a widget of the layout; others are ignored.
     void setStretchFactor(VXObject* widget, int stretch);
 
 private:

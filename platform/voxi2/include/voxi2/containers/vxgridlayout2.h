@@ -25,7 +25,8 @@ struct VXGridLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
 /// named.
 ///
 /// A cell is made by `VXRect<int>::cell(row, column, rowSpan, columnSpan)`; a span of -1 goes to
-/// the last row or column. Cells whose row or column is negative or beyond a million are ignored.
+/// the last row or column. Cells whose row or column is negative or beyond a million are ignored,
+/// and so are those with which the grid would have more than ten million.
 class VOXI2_EXPORT VXGridLayout2 : public VXLayout2
 {
 public:

@@ -28,7 +28,9 @@ struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
 /// Places widgets inside another one.
 ///
 /// A layout shows its widgets but does not own them; adding moves them into the widget that the
-/// layout fills. Null and dead widgets are ignored.
+/// layout fills. `setParent` moves the layout and its widgets into another one, unless that has a
+/// layout. Null and dead widgets are ignored. A window that was made with that widget as its parent
+/// remains a window, and takes no room.
 class VOXI2_EXPORT VXLayout2 : public VXObject2
 {
 public:

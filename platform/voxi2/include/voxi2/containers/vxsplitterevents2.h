@@ -4,7 +4,7 @@ namespace VOXI {
 
 class VXSplitter2;
 
-/// The user moved a handle of a splitter.
+/// The user moves a handle of a splitter; one event for each step.
 class VXSplitterMoveEvent2
 {
 public:

@@ -115,6 +115,7 @@ public:
     {
         return m_emitters.tabMoved.signal();
     }
+    /// The user double-clicked the tab, which is the current one by then if it can be chosen.
     TROV::Signal<void(const VXTabEvent2&)> tabDoubleClicked() const
     {
         return m_emitters.tabDoubleClicked.signal();

@@ -37,6 +37,7 @@ public:
 
     /// Shows the widget, which must have been added, in place of the one shown.
     void raiseWidget(VXWidget2* widget);
+    /// The same by the widget's number.
     void raiseWidgetWithID(int id);
 
     /// The widget that is shown; null when there is none.

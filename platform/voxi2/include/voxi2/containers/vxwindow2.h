@@ -69,8 +69,8 @@ public:
     void setMenuBar(VXMenuBar2* bar);
     VXMenuBar2* menuBar() const;
 
-    /// Docks the tool bar after the others at that side and shows it; `None` counts as the top. A
-    /// bar that is docked already moves there. Null and dead ones are ignored.
+    /// Docks the tool bar after the others at that side and shows it; what is no side counts as the
+    /// top. A bar that is docked already moves there. Null and dead ones are ignored.
     void addToolBar(VXToolBar2* bar, ToolBarArea area = ToolBarArea::Top);
     /// Undocks and hides the tool bar; it stays alive.
     void removeToolBar(VXToolBar2* bar);
@@ -99,8 +99,8 @@ public:
 
     // Dock widgets. Null, dead ones, and those that the window lies in, are ignored.
 
-    /// Docks the pane at that side, beyond the others there, and shows it; `None` counts as the
-    /// left. One that is docked already, here or in another window, moves.
+    /// Docks the pane at that side, beyond the others there, and shows it; what is no side counts
+    /// as the left. One that is docked already, here or in another window, moves.
     void addDockWidget(VXDockWidget2* dock, DockArea area = DockArea::Left);
     /// Undocks and hides the pane; it stays alive.
     void removeDockWidget(VXDockWidget2* dock);

@@ -25,12 +25,15 @@ public:
     void set(QWidget* widget, const QRect& part);
     /// Whether there is a widget, or has been one that ended.
     bool isSet() const noexcept { return m_isSet; }
+    /// Null when there is none, or when it has ended.
     QWidget* widget() const noexcept { return m_widget; }
+    /// The part, or the whole where none was set, in the widget's coordinates.
     QRect part() const;
 
     /// The part on the screen; empty when nothing of it is to be seen.
     QRect visibleRect() const;
 
+    /// Begins to send the signals; before, and after `unwatch`, none is sent.
     void watch();
     void unwatch();
 

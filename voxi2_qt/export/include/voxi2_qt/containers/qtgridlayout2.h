@@ -24,6 +24,9 @@ public:
     virtual void doSetStretchFactors(const std::vector<int>& rows, const std::vector<int>& columns);
     virtual int doGetRowStretch(int row);
     virtual int doGetColStretch(int column);
+
+private:
+    bool hasRoomFor(const VXRect<int>& cell) const;
 };
 
 } // namespace VOXI

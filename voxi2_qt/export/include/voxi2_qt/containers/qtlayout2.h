@@ -36,10 +36,11 @@ public:
 protected:
     QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters);
 
+    /// The Qt layout that this peer is.
     QLayout* layout() const noexcept;
 
-    /// To be called before a widget is added. False when it cannot be laid out: null cannot, nor
-    /// one that the layout itself lies in.
+    /// To be called before a widget is added: takes it out of where it is. False when it cannot be
+    /// laid out: null cannot, nor one that the layout itself lies in.
     bool prepareFor(QWidget* child);
 
 private:

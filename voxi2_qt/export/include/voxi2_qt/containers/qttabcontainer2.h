@@ -45,9 +45,13 @@ public:
     virtual void doSetScrollButtons(bool on);
     virtual bool doHasScrollButtons();
 
-    // For the pages
+    // For the pages; none of it is reported.
+
+    /// Puts the page in at a position, out of any other container; -1 appends.
     void insertPage(QtTab2& page, int index);
+    /// Whether the page's tab is to be seen.
     void setPageVisible(QtTab2& page, bool visible);
+    /// Whether the user can choose the page's tab.
     void setPageChoosable(QtTab2& page, bool choosable);
     /// Whether the container is to be deleted, and its pages with it.
     bool isGoing() const noexcept { return isDeletionScheduled(); }

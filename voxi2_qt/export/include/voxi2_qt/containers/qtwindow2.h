@@ -72,7 +72,6 @@ private:
     using Docked = std::vector<QPointer<QWidget>>;
     class LayoutNames;
 
-    void keepHidden(QWidget* widget);
     QStatusBar* knownStatusBar() const;
     QStatusBar* ensuredStatusBar();
     void endDrags();

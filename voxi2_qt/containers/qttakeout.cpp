@@ -1,0 +1,43 @@
+#include "qttakeout.h"
+
+#include "voxi2_qt/kernel/qteventblocker.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
+
+#include <QStackedWidget>
+
+#include <optional>
+
+namespace VOXI {
+
+void takeOut(QWidget* widget)
+{
+    auto* const stack = qobject_cast<QStackedWidget*>(widget->parentWidget());
+    const bool isPage = stack && stack->indexOf(widget) >= 0;
+    if (!isPage && !widget->isVisible())
+        return; // where the program has hidden it, it stays so
+    std::optional<QtEventBlocker> blocker;
+    if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
+        blocker.emplace(*peer, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
+    if (isPage)
+        stack->removeWidget(widget);
+    widget->hide();
+    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+}
+
+void takeOutFor(QWidget* target, QWidget* widget)
+{
+    if (target && widget->parentWidget() != target)
+        takeOut(widget);
+}
+
+void keepHidden(QWidget* widget, QWidget* keeper)
+{
+    if (!widget)
+        return;
+    takeOut(widget);
+    widget->hide();
+    widget->setParent(keeper);
+    widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+}
+
+} // namespace VOXI
