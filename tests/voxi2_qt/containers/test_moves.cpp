@@ -99,7 +99,7 @@ protected:
          [this](auto* w) { return m_window.centralWidget() == w; },
          [this](auto*) { m_window.setCentralWidget(nullptr); }},
         {"status bar", [this](auto* w) { m_window.addStatusWidget(w); },
-         [this](auto* w) { return qt(*w)->parentWidget()->inherits("QStatusBar"); },
+         [](auto* w) { return qt(*w)->parentWidget()->inherits("QStatusBar"); },
          [this](auto* w) { m_window.removeStatusWidget(w); }}};
 };
 
@@ -130,6 +130,21 @@ TEST_F(Moves, fromEachHolderToEachOtherUnheardAndInSight)
             }
         }
     }
+}
+
+TEST_F(Moves, aWindowThatWasChangedOutlivesTheOneItIsPutInto)
+{
+    VXWindow2 widget;
+    widget.show();
+    widget.hide();
+    widget.setWindowFlags(WindowFlagTool);
+    m_flow.addWidget(&widget);
+    EXPECT_EQ(qt(widget)->windowHandle(), nullptr) << "it would die with that of the panel";
+    m_window.setCentralWidget(&m_panel); // whose own window ends
+    turn();
+    widget.show();
+    EXPECT_TRUE(widget.isVisible());
+    m_window.setCentralWidget(nullptr);
 }
 
 TEST_F(Moves, barsGoFromWindowToWindowUnheard)

@@ -25,7 +25,23 @@ protected:
     /// True when the event is consumed.
     virtual bool showToPeer(QWidget* receiver, QEvent* event) = 0;
 
-    bool event(QEvent* event) override { return showToPeer(this, event) || Q::event(event); }
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ParentChange)
+            dropFormerWindow();
+        return showToPeer(this, event) || Q::event(event);
+    }
+
+private:
+    /// A window whose flags were changed keeps the QWindow it had, also when it is put into another
+    /// one before it is shown again. Qt then lets the QWindow die with that of the other one, and
+    /// the widget point to nothing.
+    void dropFormerWindow()
+    {
+        if (!this->isWindow() && this->windowHandle() && !this->testAttribute(Qt::WA_NativeWindow)
+            && !this->testAttribute(Qt::WA_WState_Created))
+            this->destroy();
+    }
 };
 
 /// The same for the scroll areas, which get the pointer's events through their viewport.
