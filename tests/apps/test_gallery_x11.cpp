@@ -2,12 +2,10 @@
 
 #include "gallerywindow.h"
 #include "qthost/qthost.h"
-#include "support/waitfor.h"
+#include "support/realinput.h"
 #include "support/watchdog.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtext2.h"
-
-#include <QProcess>
 
 #include <gtest/gtest.h>
 #include <string>
@@ -31,10 +29,8 @@ T* find(const gallery::GalleryWindow& gallery, const std::string& name)
 void click(const VXWidget2& widget)
 {
     const VXRect<int> place = widget.globalPosition();
-    const QStringList arguments{
-        QStringLiteral("mousemove"), QString::number(place.x + place.width / 2),
-        QString::number(place.y + place.height / 2), QStringLiteral("click"), QStringLiteral("1")};
-    ASSERT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
+    xdotool(at({place.x + place.width / 2, place.y + place.height / 2})
+            + QStringLiteral(" click 1"));
 }
 
 TEST(GalleryOnDisplay, countsTheClicksOfThePointer)

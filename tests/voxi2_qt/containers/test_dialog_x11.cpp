@@ -2,6 +2,7 @@
 // dialogs answered without the mouse.
 
 #include "dialogsupport.h"
+#include "support/realinput.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxfiledialog2.h"
@@ -13,7 +14,6 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <filesystem>
@@ -21,17 +21,6 @@
 
 namespace VOXI {
 namespace {
-
-constexpr auto Patience = std::chrono::seconds(20);
-
-/// Runs xdotool to its end while the event loop turns.
-void xdotool(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    ASSERT_TRUE(waitFor([&] { return process.state() == QProcess::NotRunning; }, Patience));
-    EXPECT_EQ(process.exitCode(), 0) << qPrintable(arguments.join(u' '));
-}
 
 void press(const char* key)
 {
@@ -41,8 +30,7 @@ void press(const char* key)
 void click(VXWidget2& widget)
 {
     const VXPoint<int> point = widget.mapToGlobal({10, 10});
-    xdotool({QStringLiteral("mousemove"), QString::number(point.x), QString::number(point.y),
-             QStringLiteral("click"), QStringLiteral("1")});
+    xdotool(at({point.x, point.y}) + QStringLiteral(" click 1"));
 }
 
 bool isReady(VXAbstractDialog2& dialog)

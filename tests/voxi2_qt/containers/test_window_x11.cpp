@@ -2,13 +2,12 @@
 // closes, and dock widgets that are dragged.
 
 #include "../kernel/toolkit.h"
-#include "support/waitfor.h"
+#include "support/realinput.h"
 #include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 
 #include <QMainWindow>
-#include <QProcess>
 #include <QTimer>
 #include <QWindow>
 
@@ -17,22 +16,6 @@
 
 namespace VOXI {
 namespace {
-
-constexpr auto Patience = std::chrono::seconds(20);
-
-/// Runs xdotool to its end while the event loop turns.
-void xdotool(const QString& commands)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), commands.split(QLatin1Char(' ')));
-    ASSERT_TRUE(waitFor([&] { return process.state() == QProcess::NotRunning; }, Patience));
-    EXPECT_EQ(process.exitCode(), 0) << qPrintable(commands);
-}
-
-QString at(const QPoint& point)
-{
-    return QStringLiteral("mousemove %1 %2").arg(point.x()).arg(point.y());
-}
 
 class WindowX11 : public testing::Test
 {

@@ -1,44 +1,11 @@
 #include "menusupport.h"
 
-#include "qthost/eventloopbinding.h"
-#include "voxi2_qt/kernel/voxi2_qt.h"
+#include "support/realinput.h"
 
 #include <QApplication>
 #include <QCursor>
-#include <QProcess>
 
 namespace VOXI {
-
-namespace {
-
-class Toolkit : public testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        m_binding = std::make_unique<EventLoopBinding>();
-        initialize_voxi2_qt();
-    }
-
-    void TearDown() override
-    {
-        terminate_voxi2_qt();
-        m_binding.reset();
-        runDeletions();
-    }
-
-private:
-    std::unique_ptr<EventLoopBinding> m_binding;
-};
-
-const auto* const s_toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
-
-} // namespace
-
-void runDeletions()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
 
 // The pointer -------------------------------------------------------------------------------------
 
@@ -59,9 +26,7 @@ void Pointer::moveTo(QPoint global)
     ASSERT_NE(QCursor::pos(), global) << "the pointer is there already";
     m_last = QPoint(-1, -1);
     if (isReal()) {
-        QProcess::execute(QStringLiteral("xdotool"),
-                          {QStringLiteral("mousemove"), QString::number(global.x()),
-                           QString::number(global.y())});
+        xdotool(at(global));
     } else {
         QCursor::setPos(global);
     }

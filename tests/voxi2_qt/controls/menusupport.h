@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../kernel/toolkit.h"
 #include "support/waitfor.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxmenu2.h"
@@ -16,14 +17,6 @@
 #include <string>
 
 namespace VOXI {
-
-/// Runs the deletions that are due.
-void runDeletions();
-
-inline QWidget* qt(const VXWidget2& widget)
-{
-    return qWidgetOf(lookup(&widget));
-}
 
 inline QtMenu2* qt(const VXMenu2& menu)
 {

@@ -1,11 +1,10 @@
 // Accelerators pressed on a real keyboard, in a window that a window manager made active.
 
-#include "support/waitfor.h"
+#include "support/realinput.h"
 #include "toolkit.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/kernel/vxaction2.h"
 
-#include <QProcess>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -15,9 +14,7 @@ namespace {
 
 void press(const char* keys)
 {
-    EXPECT_EQ(
-        QProcess::execute(QStringLiteral("xdotool"), {QStringLiteral("key"), QLatin1String(keys)}),
-        0);
+    xdotool({QStringLiteral("key"), QLatin1String(keys)});
 }
 
 TEST(Accelerators, pressedOnTheKeyboardTriggerOnce)

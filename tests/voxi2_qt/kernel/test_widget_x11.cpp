@@ -2,7 +2,7 @@
 // than the request, and drags.
 
 #include "probe.h"
-#include "support/waitfor.h"
+#include "support/realinput.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
@@ -17,20 +17,9 @@
 namespace VOXI {
 namespace {
 
-constexpr auto Patience = std::chrono::seconds(20);
-
-/// Runs xdotool to its end while the event loop turns.
-void xdotool(const QString& commands)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), commands.split(QLatin1Char(' ')));
-    ASSERT_TRUE(waitFor([&] { return process.state() == QProcess::NotRunning; }, Patience));
-    EXPECT_EQ(process.exitCode(), 0) << qPrintable(commands);
-}
-
 QString at(VXPoint<int> point)
 {
-    return QStringLiteral("mousemove %1 %2").arg(point.x).arg(point.y);
+    return VOXI::at(QPoint(point.x, point.y));
 }
 
 /// Two windows, each with a widget that takes the focus.
