@@ -47,6 +47,17 @@ public:
 private:
     int spacing() const { return m_layout.spacing(); }
 
+    QLayoutItem& item(qsizetype index) const
+    {
+#ifdef __GNUC__
+        // Thousands of items do not fit into the processor's cache: those to come are asked for
+        // while this one is placed.
+        if (constexpr int Ahead = 16; index + Ahead < m_items.size())
+            __builtin_prefetch(m_items[index + Ahead]);
+#endif
+        return *m_items[index];
+    }
+
     QSize hint(const QLayoutItem& item) const
     {
         const QSize size = item.sizeHint().boundedTo(QSize(Far, Far));
@@ -102,8 +113,8 @@ QSize Pass::forward()
 {
     qint64 along = m_first;
     for (qsizetype i = 0; i < m_items.size(); ++i) {
-        QLayoutItem* item = m_items[i];
-        const QSize size = hint(*item);
+        QLayoutItem& current = item(i);
+        const QSize size = hint(current);
         qint64 next = along + size.width() + spacing();
         // A line does not break before something deep stands in it.
         if (next - spacing() > m_last && m_depth > 0) {
@@ -114,7 +125,7 @@ QSize Pass::forward()
         // Where the last item begins counts for the length, not where it ends: the widest item is
         // accounted for in the result.
         account(size, along - m_first);
-        place(*item, along, size);
+        place(current, along, size);
         along = next;
     }
     return result();
@@ -124,8 +135,8 @@ QSize Pass::backward()
 {
     qint64 along = Unset;
     for (qsizetype i = 0; i < m_items.size(); ++i) {
-        QLayoutItem* item = m_items[i];
-        const QSize size = hint(*item);
+        QLayoutItem& current = item(i);
+        const QSize size = hint(current);
         if (along == Unset)
             along = m_last - size.width() - spacing();
         // The step to the next item is this one's size: wider ones may overlap their neighbour.
@@ -136,7 +147,7 @@ QSize Pass::backward()
             next = along - size.width() - spacing();
         }
         account(size, m_last - along);
-        place(*item, along, size);
+        place(current, along, size);
         along = next;
     }
     return result();
