@@ -64,6 +64,15 @@ VXButton2* button(VXObject2* parent, const std::string& text, const std::string&
     return result;
 }
 
+VXButton2* command(const Box& line, const std::string& text, std::function<void()> act)
+{
+    VXButton2* result = button(line.panel, text, text);
+    result->setFocusPolicy(FocusPolicy::None);
+    result->clicked().connect(result, std::move(act));
+    line.layout->addWidget(result);
+    return result;
+}
+
 Box titledRow(VXObject2* parent, const std::string& title)
 {
     const Box result = row(parent);

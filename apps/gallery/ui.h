@@ -43,6 +43,10 @@ VOXI::VXText2* label(VOXI::VXObject2* parent, const std::string& text);
 VOXI::VXButton2* button(VOXI::VXObject2* parent, const std::string& text,
                         const std::string& objectName);
 
+/// Adds a button that does something to others, without taking the keyboard focus from them. Its
+/// text is its object name, too.
+VOXI::VXButton2* command(const Box& line, const std::string& text, std::function<void()> act);
+
 /// Makes a row of alternatives, of which `chosen` is checked at first. Clicking one calls `choose`
 /// with its index. The buttons do not take the keyboard focus.
 Box alternatives(VOXI::VXObject2* parent, const std::string& title,

@@ -71,17 +71,8 @@ QDialog* QtAbstractDialog2::asQDialog() const noexcept
 
 void QtAbstractDialog2::doSetParent(VXObject* parent)
 {
-    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
     // With its flags: without them it would become a part of the parent's surface.
-    QDialog* const dialog = asQDialog();
-    if (!parent) {
-        dialog->setParent(nullptr, dialog->windowFlags());
-        return;
-    }
-    withWidgetOf(parent, [dialog](QWidget* widget) {
-        if (!isWithin(dialog, widget))
-            dialog->setParent(widget, dialog->windowFlags());
-    });
+    changeParent(parent, asQDialog()->windowFlags());
 }
 
 void QtAbstractDialog2::doSetVisible(bool visible)

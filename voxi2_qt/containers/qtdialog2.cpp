@@ -41,15 +41,11 @@ QtDialog2::QtDialog2(VXDialog2* object, VXDialog2Emitters* emitters, QWidget* pa
 
 void QtDialog2::doSetDefaultButton(VXButton2* button)
 {
-    if (!button) {
-        if (QPushButton* former = defaultButtonOf(*this))
-            former->setDefault(false);
-        return;
-    }
-    withWidgetOf(button, [this](QWidget* widget) {
-        auto* const wanted = qobject_cast<QPushButton*>(widget);
-        if (wanted && wanted->window() == this)
-            wanted->setDefault(true);
+    withWidgetOrNone(button, [this](QWidget* widget) {
+        QPushButton* const changed =
+            widget ? qobject_cast<QPushButton*>(widget) : defaultButtonOf(*this);
+        if (changed && changed->window() == this)
+            changed->setDefault(widget != nullptr);
     });
 }
 
@@ -60,7 +56,7 @@ void QtDialog2::doSetSizeGripEnabled(bool enabled)
 
 VXButton2* QtDialog2::doGetDefaultButton()
 {
-    return dynamic_cast<VXButton2*>(abstractObjectOf(defaultButtonOf(*this)));
+    return abstractObjectOf<VXButton2>(defaultButtonOf(*this));
 }
 
 bool QtDialog2::doIsSizeGripEnabled()

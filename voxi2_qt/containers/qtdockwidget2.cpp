@@ -1,6 +1,6 @@
 #include "voxi2_qt/containers/qtdockwidget2.h"
 
-#include "qtdockaccessible.h"
+#include "../kernel/qtaccessiblename.h"
 #include "qtdocktitle.h"
 #include "qttakeout.h"
 #include "voxi2_qt/kernel/qtaction2.h"
@@ -71,7 +71,7 @@ QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitt
 {
     enableEventBroadcasting();
     bindRequests(emitters, s_requests);
-    makeDockWidgetsAccessible();
+    readTextAsName<QtDockWidget2, QAccessible::Window, &QWidget::windowTitle>();
     hide(); // it would lie on top of its parent until it is docked
     m_known = state();
     connect(this, &QDockWidget::topLevelChanged, this, [this] { noteChange(); });
@@ -95,7 +95,7 @@ void QtDockWidget2::endDrag()
 
 void QtDockWidget2::doSetWidget(VXWidget2* widget)
 {
-    const auto place = [this](QWidget* child) {
+    withWidgetOrNone(widget, [this](QWidget* child) {
         QWidget* former = QDockWidget::widget();
         if (child && (child == former || isWithin(child, this)))
             return;
@@ -106,22 +106,17 @@ void QtDockWidget2::doSetWidget(VXWidget2* widget)
         if (child)
             takeOutFor(this, child);
         setWidget(child);
-    };
-    if (widget)
-        withWidgetOf(widget, place);
-    else
-        place(nullptr);
+    });
 }
 
 VXWidget2* QtDockWidget2::doGetWidget()
 {
-    VXObjectDataLocker lock;
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(QDockWidget::widget()));
+    return abstractObjectOf<VXWidget2>(QDockWidget::widget());
 }
 
 void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
 {
-    const auto place = [this](QWidget* child) {
+    withWidgetOrNone(widget, [this](QWidget* child) {
         QWidget* former = dockTitleIn(*this);
         if (child && (child == former || isWithin(child, this)))
             return;
@@ -130,17 +125,12 @@ void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
             takeOut(child);
             setTitleBarWidget(new QtDockTitle(this, child));
         }
-    };
-    if (widget)
-        withWidgetOf(widget, place);
-    else
-        place(nullptr);
+    });
 }
 
 VXWidget2* QtDockWidget2::doGetTitleBarWidget()
 {
-    VXObjectDataLocker lock;
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(dockTitleIn(*this)));
+    return abstractObjectOf<VXWidget2>(dockTitleIn(*this));
 }
 
 void QtDockWidget2::doSetTitleU(const std::wstring& title)

@@ -102,8 +102,7 @@ void QtScrollView2::doEnsureWidgetVisible(VXWidget2* widget, int xMargin, int yM
 
 VXWidget2* QtScrollView2::doGetWidget()
 {
-    VXObjectDataLocker lock;
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(QScrollArea::widget()));
+    return abstractObjectOf<VXWidget2>(QScrollArea::widget());
 }
 
 bool QtScrollView2::doIsWidgetResizable()

@@ -45,6 +45,7 @@ QtTab2::QtTab2(VXTab2* object, VXTab2Emitters* emitters, QWidget* parent)
 
 void QtTab2::init()
 {
+    QtWidget2Shim::init();
     if (auto* container = dynamic_cast<QtTabContainer2*>(parentWidget()))
         container->insertPage(*this, -1);
 }
@@ -191,8 +192,7 @@ Color QtTab2::doGetTextColor()
 
 VXTabContainer2* QtTab2::doGetContainer()
 {
-    const QtTabContainer2* holder = container();
-    return holder ? dynamic_cast<VXTabContainer2*>(holder->getHandle()) : nullptr;
+    return abstractObjectOf<VXTabContainer2>(container());
 }
 
 // Helpers -----------------------------------------------------------------------------------------

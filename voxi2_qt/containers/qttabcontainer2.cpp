@@ -5,7 +5,6 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
-#include <optional>
 #include <utility>
 
 namespace VOXI {
@@ -37,13 +36,6 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getElideMode, &P::doGetElideMode>(),
     TROV::row<&E::setScrollButtons, &P::doSetScrollButtons>(),
     TROV::row<&E::hasScrollButtons, &P::doHasScrollButtons>());
-
-constexpr std::pair<TabPosition, QTabWidget::TabPosition> Positions[] = {
-    {TabPosition::North, QTabWidget::North},
-    {TabPosition::South, QTabWidget::South},
-    {TabPosition::West, QTabWidget::West},
-    {TabPosition::East, QTabWidget::East},
-};
 // clang-format on
 
 /// Whether the tab goes when the owner does. One that is gone already has nobody to go on for.
@@ -152,10 +144,8 @@ void QtTabContainer2::movePage(int from, int index)
     const int last = count() - 1;
     const int to = index < 0 || index > last ? last : index;
     // Qt takes the page out and puts it in again, and shows the neighbour meanwhile.
-    std::optional<QtEventBlocker> neighbourEvents;
-    if (QtTab2* neighbour = pageAt(from < last ? from + 1 : from - 1))
-        neighbourEvents.emplace(
-            *neighbour, std::initializer_list<WidgetEvent>{WidgetEvent::Show, WidgetEvent::Hide});
+    const QtEventBlocker neighbourEvents(widget(from < last ? from + 1 : from - 1),
+                                         {WidgetEvent::Show, WidgetEvent::Hide});
     tabBar()->moveTab(from, to);
 }
 
@@ -216,9 +206,7 @@ void QtTabContainer2::doSetCurrentTab(VXTab2* tab)
             return;
         const Quiet quiet(*this);
         const QtEventBlocker shown(*page, {WidgetEvent::Show});
-        std::optional<QtEventBlocker> hidden;
-        if (QtTab2* former = pageAt(currentIndex()); former && former != page)
-            hidden.emplace(*former, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
+        const QtEventBlocker hidden(currentWidget(), {WidgetEvent::Hide});
         setCurrentWidget(page);
     });
 }
@@ -232,19 +220,12 @@ VXTab2* QtTabContainer2::doGetCurrentTab()
 
 void QtTabContainer2::doSetTabPosition(VOXI::TabPosition position)
 {
-    for (const auto& [vx, qt] : Positions) {
-        if (vx == position)
-            setTabPosition(qt);
-    }
+    setTabPosition(VX2Qt(position));
 }
 
 VOXI::TabPosition QtTabContainer2::doGetTabPosition()
 {
-    for (const auto& [vx, qt] : Positions) {
-        if (qt == tabPosition())
-            return vx;
-    }
-    return VOXI::TabPosition::North;
+    return Qt2VX(tabPosition());
 }
 
 void QtTabContainer2::doSetTabsClosable(bool closable)
@@ -346,9 +327,7 @@ QtTab2* QtTabContainer2::pageAt(int index) const
 
 VXTab2* QtTabContainer2::tabOf(int index) const
 {
-    VXObjectDataLocker lock;
-    const QtTab2* page = pageAt(index);
-    return page && page->isVXObjectValid() ? page->abstractTab() : nullptr;
+    return abstractObjectOf<VXTab2>(widget(index));
 }
 
 void QtTabContainer2::reportTab(const TROV::Event<void(const VXTabEvent2&)>& event, int index)

@@ -1,11 +1,8 @@
 #include "qttakeout.h"
 
 #include "voxi2_qt/kernel/qteventblocker.h"
-#include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QStackedWidget>
-
-#include <optional>
 
 namespace VOXI {
 
@@ -15,9 +12,7 @@ void takeOut(QWidget* widget)
     const bool isPage = stack && stack->indexOf(widget) >= 0;
     if (!isPage && !widget->isVisible())
         return; // where the program has hidden it, it stays so
-    std::optional<QtEventBlocker> blocker;
-    if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
-        blocker.emplace(*peer, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
+    const QtEventBlocker blocker(widget, {WidgetEvent::Hide});
     if (isPage)
         stack->removeWidget(widget);
     widget->hide();

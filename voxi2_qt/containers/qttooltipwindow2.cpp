@@ -1,9 +1,8 @@
 #include "voxi2_qt/containers/qttooltipwindow2.h"
 
+#include "../kernel/qtaccessiblename.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -42,38 +41,6 @@ const auto s_requests = TROV::operations<E>(
 constexpr Qt::WindowFlags Flags =
     Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
 
-/// A tool tip that reads its text, unless it was given a name.
-class AccessibleToolTip : public QAccessibleWidget
-{
-public:
-    explicit AccessibleToolTip(QtToolTipWindow2* window)
-        : QAccessibleWidget(window, QAccessible::ToolTip)
-    {}
-
-    QString text(QAccessible::Text which) const override
-    {
-        const QString text = QAccessibleWidget::text(which);
-        return which == QAccessible::Name && text.isEmpty()
-                   ? static_cast<const QtToolTipWindow2*>(widget())->text()
-                   : text;
-    }
-};
-
-QAccessibleInterface* makeAccessible(const QString&, QObject* object)
-{
-    auto* window = qobject_cast<QtToolTipWindow2*>(object);
-    return window ? new AccessibleToolTip(window) : nullptr;
-}
-
-/// Not for longer than this library is loaded.
-struct Accessibility
-{
-    Accessibility() { QAccessible::installFactory(&makeAccessible); }
-    ~Accessibility() { QAccessible::removeFactory(&makeAccessible); }
-    Accessibility(const Accessibility&) = delete;
-    Accessibility& operator=(const Accessibility&) = delete;
-};
-
 } // namespace
 
 QtToolTipWindow2::QtToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
@@ -85,7 +52,7 @@ QtToolTipWindow2::QtToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emi
       m_iconLabel(new QLabel(m_face)),
       m_textLabel(new QLabel(m_face))
 {
-    static const Accessibility s_accessibility;
+    readTextAsName<QtToolTipWindow2, QAccessible::ToolTip, &QtToolTipWindow2::text>();
     enableEventBroadcasting();
     bindRequests(emitters, s_requests);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -178,15 +145,11 @@ Icon QtToolTipWindow2::doGetIcon()
 void QtToolTipWindow2::doSetAnchor(VXWidget2* widget, VXRect<int> part, AnchorSide side)
 {
     m_side = side;
-    if (!widget) {
-        m_anchor.set(nullptr, QRect());
-        return;
-    }
-    withWidgetOf(widget, [&](QWidget* anchor) {
-        if (!anchor || isWithin(this, anchor))
+    withWidgetOrNone(widget, [&](QWidget* anchor) {
+        if (anchor && isWithin(this, anchor))
             return;
         m_anchor.set(anchor, VX2Qt(part));
-        if (!isVisible())
+        if (!anchor || !isVisible())
             return;
         if (m_anchor.visibleRect().isEmpty()) {
             doHide();
@@ -206,7 +169,7 @@ void QtToolTipWindow2::doSetTimeout(int milliseconds)
 
 VXWidget2* QtToolTipWindow2::doGetAnchor()
 {
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(m_anchor.widget()));
+    return abstractObjectOf<VXWidget2>(m_anchor.widget());
 }
 
 VXRect<int> QtToolTipWindow2::doGetAnchorRect()

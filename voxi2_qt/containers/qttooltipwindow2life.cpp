@@ -8,7 +8,6 @@
 #include <QStyle>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace VOXI {
@@ -32,16 +31,7 @@ double fullOpacity(const QWidget& window)
 
 void QtToolTipWindow2::doSetParent(VXObject* parent)
 {
-    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
-    // It stays a window whoever owns it.
-    if (!parent) {
-        setParent(nullptr, windowFlags());
-        return;
-    }
-    withWidgetOf(parent, [this](QWidget* widget) {
-        if (!isWithin(this, widget))
-            setParent(widget, windowFlags());
-    });
+    changeParent(parent, windowFlags()); // it stays a window whoever owns it
 }
 
 void QtToolTipWindow2::doShow()
@@ -171,9 +161,7 @@ void QtToolTipWindow2::finishVanishing()
 {
     if (!m_isVanishing)
         return; // it has come
-    std::optional<QtEventBlocker> blocker;
-    if (m_byProgram)
-        blocker.emplace(*this, std::initializer_list<WidgetEvent>{WidgetEvent::Hide});
+    const QtEventBlocker blocker(m_byProgram ? this : nullptr, {WidgetEvent::Hide});
     hide();
 }
 

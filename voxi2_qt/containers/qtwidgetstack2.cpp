@@ -3,8 +3,6 @@
 #include "qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
-#include <list>
-
 namespace VOXI {
 
 namespace {
@@ -53,12 +51,8 @@ void QtWidgetStack2::doRaiseWidgetWithID(int id)
 {
     // Qt moves the focus from a page that it hides to the next one.
     const QtEventBlocker focus(*this, {WidgetEvent::FocusIn});
-    std::list<QtEventBlocker> pages;
-    for (const QWidget* page : {currentWidget(), widget(id)}) {
-        if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(page)))
-            pages.emplace_back(
-                *peer, std::initializer_list<WidgetEvent>{WidgetEvent::Show, WidgetEvent::Hide});
-    }
+    const QtEventBlocker shown(widget(id), {WidgetEvent::Show});
+    const QtEventBlocker hidden(currentWidget(), {WidgetEvent::Hide});
     setCurrentIndex(id); // ignores what is no position
 }
 
@@ -72,7 +66,7 @@ void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
 
 VXWidget2* QtWidgetStack2::doGetCurrentWidget()
 {
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(currentWidget()));
+    return abstractObjectOf<VXWidget2>(currentWidget());
 }
 
 int QtWidgetStack2::doGetCurrentID()

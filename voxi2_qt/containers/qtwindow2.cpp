@@ -47,13 +47,13 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::restoreLayout, &P::doRestoreLayout>());
 // clang-format on
 
-/// Calls `function` with the peer of a live tool bar, and its widget.
+/// Calls `function` with the Qt tool bar of a live one.
 template <class Function>
 void withToolBarOf(VXToolBar2* bar, Function&& function)
 {
-    withPeerOf<QtWidget2>(bar, [&](QtWidget2* peer) {
-        if (QToolBar* widget = peer ? qobject_cast<QToolBar*>(peer->asQWidget()) : nullptr)
-            function(*peer, widget);
+    withWidgetOf(bar, [&](QWidget* widget) {
+        if (auto* toolBar = qobject_cast<QToolBar*>(widget))
+            function(toolBar);
     });
 }
 
@@ -73,7 +73,7 @@ QtWindow2::~QtWindow2()
 
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
 {
-    const auto place = [this](QWidget* child) {
+    withWidgetOrNone(widget, [this](QWidget* child) {
         if (child && (child == centralWidget() || isWithin(child, this)))
             return;
         // Qt would delete the former one, which has an owner of its own.
@@ -88,16 +88,12 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         // One that was replaced before would stay hidden if the window is.
         if (child->isHidden() && !child->testAttribute(Qt::WA_WState_ExplicitShowHide))
             child->show();
-    };
-    if (widget)
-        withWidgetOf(widget, place);
-    else
-        place(nullptr);
+    });
 }
 
 VXWidget2* QtWindow2::doGetCentralWidget()
 {
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(centralWidget()));
+    return abstractObjectOf<VXWidget2>(centralWidget());
 }
 
 void QtWindow2::doSetSupportsGlobalFocusBlocker(bool supports)
@@ -112,10 +108,11 @@ bool QtWindow2::doGetSupportsGlobalFocusBlocker()
 
 void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
 {
-    const auto place = [this](QWidget* widget) {
+    withWidgetOrNone(bar, [this](QWidget* widget) {
         auto* wanted = qobject_cast<QMenuBar*>(widget);
         if (wanted && (wanted == menuWidget() || isWithin(wanted, this)))
             return;
+        const QtEventBlocker blocker(wanted, {WidgetEvent::Show});
         // Qt would delete the former one, which has an owner of its own.
         if (QWidget* former = menuWidget()) {
             layout()->setMenuBar(nullptr);
@@ -126,23 +123,15 @@ void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
             setMenuBar(wanted);
             wanted->show();
         }
-    };
-    if (!bar)
-        place(nullptr);
-    withPeerOf<QtWidget2>(bar, [&](QtWidget2* peer) {
-        if (!peer)
-            return;
-        const QtEventBlocker blocker(*peer, {WidgetEvent::Show});
-        place(peer->asQWidget());
     });
 }
 
 void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
 {
-    withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
+    withToolBarOf(bar, [&](QToolBar* widget) {
         if (isWithin(widget, this))
             return;
-        const QtEventBlocker blocker(peer, {WidgetEvent::Show});
+        const QtEventBlocker blocker(widget, {WidgetEvent::Show});
         takeOutFor(this, widget);
         const Qt::ToolBarArea side = VX2Qt(area);
         addToolBar(side == Qt::NoToolBarArea ? Qt::TopToolBarArea : side, widget);
@@ -153,8 +142,8 @@ void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
 
 void QtWindow2::doRemoveToolBar(VXToolBar2* bar)
 {
-    withToolBarOf(bar, [&](QtWidget2& peer, QToolBar* widget) {
-        const QtEventBlocker blocker(peer, {WidgetEvent::Hide});
+    withToolBarOf(bar, [&](QToolBar* widget) {
+        const QtEventBlocker blocker(widget, {WidgetEvent::Hide});
         if (toolBarArea(widget) != Qt::NoToolBarArea)
             removeToolBar(widget);
     });
@@ -162,7 +151,7 @@ void QtWindow2::doRemoveToolBar(VXToolBar2* bar)
 
 void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
 {
-    withToolBarOf(before, [&](QtWidget2&, QToolBar* widget) {
+    withToolBarOf(before, [&](QToolBar* widget) {
         if (toolBarArea(widget) != Qt::NoToolBarArea)
             insertToolBarBreak(widget);
     });
@@ -170,13 +159,13 @@ void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
 
 VXMenuBar2* QtWindow2::doGetMenuBar()
 {
-    return dynamic_cast<VXMenuBar2*>(abstractObjectOf(menuWidget()));
+    return abstractObjectOf<VXMenuBar2>(menuWidget());
 }
 
 ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
 {
     ToolBarArea result = ToolBarArea::None;
-    withToolBarOf(bar, [&](QtWidget2&, QToolBar* widget) { result = Qt2VX(toolBarArea(widget)); });
+    withToolBarOf(bar, [&](QToolBar* widget) { result = Qt2VX(toolBarArea(widget)); });
     return result;
 }
 

@@ -138,10 +138,8 @@ bool QtWindow2::doRestoreLayout(const std::string& layout)
     const QtDockWidget2::ProgramScope scope(this);
     std::list<QtEventBlocker> blockers;
     for (const Docked* docked : {&m_dockedBars, &m_dockedPanes}) {
-        for (QWidget* widget : *docked) {
-            if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
-                blockers.emplace_back(*peer, PlacingEvents);
-        }
+        for (const QWidget* widget : *docked)
+            blockers.emplace_back(widget, PlacingEvents);
     }
     endDrags();
     const LayoutNames names(*this);

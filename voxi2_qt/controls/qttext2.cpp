@@ -98,7 +98,7 @@ bool QtText2::doGetWordWrap()
 
 VXWidget2* QtText2::doGetBuddy()
 {
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(buddy()));
+    return abstractObjectOf<VXWidget2>(buddy());
 }
 
 bool QtText2::doIsSelectable()

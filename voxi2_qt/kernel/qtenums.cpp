@@ -56,6 +56,13 @@ constexpr auto FrameShadows = enumTable<FrameShadow, QFrame::Shadow>({
     {FrameShadow::Sunken, QFrame::Sunken},
 });
 
+constexpr auto TabPositions = enumTable<TabPosition, QTabWidget::TabPosition>({
+    {TabPosition::North, QTabWidget::North},
+    {TabPosition::South, QTabWidget::South},
+    {TabPosition::West, QTabWidget::West},
+    {TabPosition::East, QTabWidget::East},
+});
+
 constexpr auto FrameShapes = enumTable<FrameShape, QFrame::Shape>({
     {FrameShape::None, QFrame::NoFrame},
     {FrameShape::Box, QFrame::Box},
@@ -152,6 +159,16 @@ QFrame::Shadow VX2Qt(FrameShadow shadow) noexcept
 FrameShadow Qt2VX(QFrame::Shadow shadow) noexcept
 {
     return FrameShadows.toVx(shadow);
+}
+
+QTabWidget::TabPosition VX2Qt(TabPosition position) noexcept
+{
+    return TabPositions.toQt(position);
+}
+
+TabPosition Qt2VX(QTabWidget::TabPosition position) noexcept
+{
+    return TabPositions.toVx(position);
 }
 
 QFrame::Shape VX2Qt(FrameShape shape) noexcept

@@ -15,14 +15,27 @@ QtWidget2* widgetPeerOf(const QWidget* widget)
 } // namespace
 
 QtEventBlocker::QtEventBlocker(QtWidget2& widget, std::initializer_list<WidgetEvent> events)
-    : m_widget(widget),
+    : m_widget(&widget),
       m_alive(widget.asQWidget())
 {
+    block(events);
+}
+
+QtEventBlocker::QtEventBlocker(const QWidget* widget, std::initializer_list<WidgetEvent> events)
+    : m_widget(widgetPeerOf(widget)),
+      m_alive(m_widget ? m_widget->asQWidget() : nullptr)
+{
+    if (m_widget)
+        block(events);
+}
+
+void QtEventBlocker::block(std::initializer_list<WidgetEvent> events)
+{
     for (const WidgetEvent event : events) {
-        if (!m_widget.isEventBroadcastingEnabled(event))
+        if (!m_widget->isEventBroadcastingEnabled(event))
             continue;
         m_blocked |= 1u << static_cast<unsigned>(event);
-        m_widget.disableEventBroadcasting(event);
+        m_widget->disableEventBroadcasting(event);
         if (event == WidgetEvent::FocusIn)
             blockFocusIn();
     }
@@ -56,7 +69,7 @@ QtEventBlocker::~QtEventBlocker()
         return;
     for (unsigned event = 0; m_blocked != 0; ++event, m_blocked >>= 1) {
         if (m_blocked & 1u)
-            m_widget.enableEventBroadcasting(static_cast<WidgetEvent>(event));
+            m_widget->enableEventBroadcasting(static_cast<WidgetEvent>(event));
     }
 }
 

@@ -126,7 +126,7 @@ VXDragEvent2 dragEvent(const EventTarget& target, WidgetEvent type, const QDropE
     if (auto* manager = qobject_cast<QtDragManager2*>(event.source()))
         details.source = manager->source();
     else
-        details.source = dynamic_cast<VXWidget2*>(abstractObjectOf(event.source()));
+        details.source = abstractObjectOf<VXWidget2>(event.source());
     return VXDragEvent2(target.m_abstract, type, std::move(details));
 }
 

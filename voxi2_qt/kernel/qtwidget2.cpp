@@ -127,16 +127,22 @@ void QtWidget2::scheduleDelete()
 
 void QtWidget2::doSetParent(VXObject* parent)
 {
+    changeParent(parent, asQWidget()->windowFlags() & ~Qt::WindowType_Mask);
+}
+
+void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
+{
     const QtEventBlocker blocker(*this, {WidgetEvent::Hide}); // Qt hides what moves elsewhere
-    if (!parent) {
-        asQWidget()->setParent(nullptr);
-        return;
-    }
-    withWidgetOf(parent, [this](QWidget* widget) {
+    QWidget* const self = asQWidget();
+    const auto move = [&](QWidget* target) {
         // Qt's tree is not the owners': what lies inside this widget cannot hold it.
-        if (!isWithin(asQWidget(), widget))
-            asQWidget()->setParent(widget);
-    });
+        if (target != self->parentWidget() && !isWithin(self, target))
+            self->setParent(target, flags);
+    };
+    if (parent)
+        withWidgetOf(parent, move);
+    else
+        move(nullptr);
 }
 
 // Showing -----------------------------------------------------------------------------------------
@@ -249,7 +255,7 @@ void QtWidget2::doSetFocusProxy(VXWidget2* proxy)
 
 VXWidget2* QtWidget2::doGetFocusProxy()
 {
-    return dynamic_cast<VXWidget2*>(abstractObjectOf(asQWidget()->focusProxy()));
+    return abstractObjectOf<VXWidget2>(asQWidget()->focusProxy());
 }
 
 void QtWidget2::doSetMouseTracking(bool tracking)
@@ -298,8 +304,7 @@ void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
 
 VXDragDelegate2* QtWidget2::doGetDragDelegate()
 {
-    const QtDragDelegate2* delegate = dragDelegate();
-    return delegate ? dynamic_cast<VXDragDelegate2*>(delegate->getHandle()) : nullptr;
+    return abstractObjectOf<VXDragDelegate2>(dragDelegate());
 }
 
 QtDragDelegate2* QtWidget2::dragDelegate() const

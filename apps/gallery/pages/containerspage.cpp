@@ -27,14 +27,6 @@ Box group(VXSplitter2* splitter, const std::string& title, int stretch)
     return inside;
 }
 
-void command(const Box& line, const std::string& text, std::function<void()> act)
-{
-    VXButton2* result = button(line.panel, text, "containers-" + text);
-    result->setFocusPolicy(FocusPolicy::None);
-    result->clicked().connect(result, std::move(act));
-    line.layout->addWidget(result);
-}
-
 void addFrames(VXSplitter2* splitter)
 {
     const Box box = group(splitter, "Frames", 0);

@@ -55,9 +55,7 @@ public:
     template <class Act>
     void add(const std::string& text, Act act)
     {
-        VXButton2* each = button(m_row.panel, text, text);
-        each->clicked().connect(each, act);
-        m_row.layout->addWidget(each);
+        command(m_row, text, act)->setFocusPolicy(FocusPolicy::Strong);
     }
 
 private:

@@ -7,8 +7,6 @@
 #include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2/kernel/vxaction2.h"
 
-#include <utility>
-
 namespace gallery {
 
 using namespace VOXI;
@@ -94,14 +92,6 @@ VXWindow2* makeWindow(VXObject2* parent, EventLog& log)
     window->addToolBar(bar);
     window->setStatusText("Each button above shows or closes a pane.");
     return window;
-}
-
-void command(const Box& line, const std::string& text, std::function<void()> act)
-{
-    VXButton2* result = button(line.panel, text, "docks-" + text);
-    result->setFocusPolicy(FocusPolicy::None);
-    result->clicked().connect(result, std::move(act));
-    line.layout->addWidget(result);
 }
 
 VXWidget2* create(VXObject2* parent, EventLog& log)

@@ -13,16 +13,6 @@ namespace {
 
 using Fields = std::array<VXButton2*, 3>;
 
-/// A button that acts on others without taking the focus from them.
-VXButton2* command(const Box& line, const std::string& text, std::function<void()> act)
-{
-    VXButton2* result = button(line.panel, text, "focus-" + text);
-    result->setFocusPolicy(FocusPolicy::None);
-    result->clicked().connect(result, std::move(act));
-    line.layout->addWidget(result);
-    return result;
-}
-
 /// The window that a second set of fields lives in; the user closes it, the program opens it.
 VXWindow2* secondWindow(VXWidget2* first, EventLog& log)
 {
@@ -38,11 +28,8 @@ VXWindow2* secondWindow(VXWidget2* first, EventLog& log)
         log.watch(field, WidgetEvent::FocusIn, name);
         log.watch(field, WidgetEvent::FocusOut, name);
     }
-    VXButton2* back = button(content.panel, "Activate the gallery", "activate-gallery");
-    back->setFocusPolicy(FocusPolicy::None);
-    back->clicked().connect(back, [first] { first->setActiveWindow(); });
     content.layout->insertSpacer(-1, 0, 1);
-    content.layout->addWidget(back);
+    command(content, "Activate the gallery", [first] { first->setActiveWindow(); });
     window->setCentralWidget(content.panel);
     window->resize({260, 170});
     log.watch(window, WidgetEvent::Close, "second window");

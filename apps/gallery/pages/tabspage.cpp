@@ -73,14 +73,6 @@ void addSwitch(const Box& line, const std::string& text, bool on, std::function<
     line.layout->addWidget(box);
 }
 
-void addCommand(const Box& line, const std::string& text, std::function<void()> act)
-{
-    VXButton2* command = button(line.panel, text, "tabs-" + text);
-    command->setFocusPolicy(FocusPolicy::None);
-    command->clicked().connect(command, std::move(act));
-    line.layout->addWidget(command);
-}
-
 VXWidget2* create(VXObject2* parent, EventLog& log)
 {
     const Box page = column(parent, 8);
@@ -116,10 +108,10 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     page.layout->addWidget(switches.panel);
 
     const Box commands = titledRow(page.panel, "The program");
-    addCommand(commands, "Adds one",
-               [left, next = 6]() mutable { left->setCurrentTab(addDocument(left, next++)); });
-    addCommand(commands, "Moves it over", [left, right] { right->addTab(left->currentTab()); });
-    addCommand(commands, "And back", [left, right] { left->insertTab(right->currentTab(), 0); });
+    command(commands, "Adds one",
+            [left, next = 6]() mutable { left->setCurrentTab(addDocument(left, next++)); });
+    command(commands, "Moves it over", [left, right] { right->addTab(left->currentTab()); });
+    command(commands, "And back", [left, right] { left->insertTab(right->currentTab(), 0); });
     commands.layout->insertSpacer(-1, 0, 1);
     page.layout->addWidget(commands.panel);
 

@@ -26,15 +26,6 @@ std::string stateText(VXFlags<WindowState> state)
     return text.empty() ? "normal" : text;
 }
 
-VXButton2* command(const Box& line, const std::string& text, std::function<void()> act)
-{
-    VXButton2* result = button(line.panel, text, "windows-" + text);
-    result->setFocusPolicy(FocusPolicy::None);
-    result->clicked().connect(result, std::move(act));
-    line.layout->addWidget(result);
-    return result;
-}
-
 VXCheckBox2* option(const Box& line, const std::string& text)
 {
     auto* box = new VXCheckBox2(line.panel);

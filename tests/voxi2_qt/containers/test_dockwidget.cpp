@@ -72,6 +72,7 @@ protected:
 
 TEST_F(DockWidget, answersWhatWasSet)
 {
+    EXPECT_EQ(spokenName(*m_dock), QStringLiteral("First"));
     m_dock->setTitle(L"\x20ac");
     EXPECT_EQ(m_dock->titleU(), L"\x20ac");
     EXPECT_EQ(m_dock->title(), "?");

@@ -60,6 +60,7 @@ protected:
 
 TEST_F(ToolTipWindow, keepsWhatItIsGiven)
 {
+    EXPECT_EQ(spokenName(*m_tip), QStringLiteral("Press here"));
     m_tip->setText(L"<b>\u20ac</b>");
     EXPECT_EQ(m_tip->textU(), L"<b>\u20ac</b>");
     EXPECT_FALSE(m_tip->isRichText());

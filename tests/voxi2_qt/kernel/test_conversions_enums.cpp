@@ -67,6 +67,10 @@ TEST(ConvertEnums, Docking)
 
 TEST(ConvertEnums, FramesAndToolButtons)
 {
+    expectPairs<QTabWidget::TabPosition, TabPosition>({{TabPosition::North, 0},
+                                                       {TabPosition::South, 1},
+                                                       {TabPosition::West, 2},
+                                                       {TabPosition::East, 3}});
     expectPairs<QFrame::Shadow, FrameShadow>(
         {{FrameShadow::Plain, 0x10}, {FrameShadow::Raised, 0x20}, {FrameShadow::Sunken, 0x30}});
     expectPairs<QFrame::Shape, FrameShape>({{FrameShape::None, 0},

@@ -2,6 +2,7 @@
 
 #include "voxi2_qt/kernel/voxi2_qt.h"
 
+#include <QAccessible>
 #include <QEvent>
 
 #include <gtest/gtest.h>
@@ -40,6 +41,12 @@ std::unique_ptr<EventLoopBinding>& eventLoopBinding()
 void runDeletions()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QString spokenName(const VXWidget2& widget)
+{
+    QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(qt(widget));
+    return interface ? interface->text(QAccessible::Name) : QString();
 }
 
 } // namespace VOXI

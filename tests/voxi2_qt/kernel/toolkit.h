@@ -36,6 +36,9 @@ inline QtWidget2& peer(const VXWidget2& widget)
     return dynamic_cast<QtWidget2&>(*lookup(&widget));
 }
 
+/// What assistive programs read the widget as.
+QString spokenName(const VXWidget2& widget);
+
 /// Keeps what a signal sends.
 template <class E>
 class Log : public TROV::Listener

@@ -161,6 +161,14 @@ private:
     TROV::Thread* const m_thread;
 };
 
+MessageAnswer execKind(MessageKind kind, VXObject2* parent, const MessageText& text,
+                       VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
+{
+    const VXMessage2 message{
+        .text = text, .answers = answers, .defaultAnswer = defaultAnswer, .kind = kind};
+    return message.exec(parent);
+}
+
 } // namespace
 
 VXFlags<MessageAnswer> VXMessage2::offered() const
@@ -268,21 +276,13 @@ void VXMessage2::inform(VXObject2* parent, const MessageText& text)
 MessageAnswer VXMessage2::ask(VXObject2* parent, const MessageText& text,
                               VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
 {
-    return VXMessage2{.text = text,
-                      .answers = answers,
-                      .defaultAnswer = defaultAnswer,
-                      .kind = MessageKind::Question}
-        .exec(parent);
+    return execKind(MessageKind::Question, parent, text, answers, defaultAnswer);
 }
 
 MessageAnswer VXMessage2::warn(VXObject2* parent, const MessageText& text,
                                VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
 {
-    return VXMessage2{.text = text,
-                      .answers = answers,
-                      .defaultAnswer = defaultAnswer,
-                      .kind = MessageKind::Warning}
-        .exec(parent);
+    return execKind(MessageKind::Warning, parent, text, answers, defaultAnswer);
 }
 
 } // namespace VOXI

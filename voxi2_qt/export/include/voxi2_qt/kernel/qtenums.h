@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/containers/tabposition.h"
 #include "voxi2/kernel/actionexclusion.h"
 #include "voxi2/kernel/alignment.h"
 #include "voxi2/kernel/combo.h"
@@ -18,6 +19,7 @@
 #include <QFrame>
 #include <QHeaderView>
 #include <QSizePolicy>
+#include <QTabWidget>
 #include <QToolButton>
 #include <Qt>
 
@@ -43,6 +45,9 @@ VOXI2_QT_EXPORT SizeConstraint Qt2VX(QLayout::SizeConstraint constraint) noexcep
 
 VOXI2_QT_EXPORT QFrame::Shadow VX2Qt(FrameShadow shadow) noexcept;
 VOXI2_QT_EXPORT FrameShadow Qt2VX(QFrame::Shadow shadow) noexcept;
+
+VOXI2_QT_EXPORT QTabWidget::TabPosition VX2Qt(TabPosition position) noexcept;
+VOXI2_QT_EXPORT TabPosition Qt2VX(QTabWidget::TabPosition position) noexcept;
 
 VOXI2_QT_EXPORT QFrame::Shape VX2Qt(FrameShape shape) noexcept;
 VOXI2_QT_EXPORT FrameShape Qt2VX(QFrame::Shape shape) noexcept;

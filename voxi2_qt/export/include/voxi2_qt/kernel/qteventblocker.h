@@ -23,14 +23,17 @@ class VOXI2_QT_EXPORT QtEventBlocker
 {
 public:
     QtEventBlocker(QtWidget2& widget, std::initializer_list<WidgetEvent> events);
+    /// The same for the peer that a Qt widget is. Nothing is blocked for null, or another widget.
+    QtEventBlocker(const QWidget* widget, std::initializer_list<WidgetEvent> events);
     ~QtEventBlocker();
     QtEventBlocker(const QtEventBlocker&) = delete;
     QtEventBlocker& operator=(const QtEventBlocker&) = delete;
 
 private:
+    void block(std::initializer_list<WidgetEvent> events);
     void blockFocusIn();
 
-    QtWidget2& m_widget;
+    QtWidget2* m_widget;
     QPointer<QWidget> m_alive;
     QPointer<QWidget> m_window; // whose focus-in is to be switched on again
     QPointer<QWidget> m_proxy;

@@ -128,6 +128,15 @@ VOXI2_QT_EXPORT QtObject2* peerOf(const QObject* object) noexcept;
 /// The live abstract object behind a Qt object, or null.
 VOXI2_QT_EXPORT VXObject* abstractObjectOf(const QObject* object);
 
+/// The same as an `Object*`; null for another kind.
+template <class Object>
+Object* abstractObjectOf(const QObject* object)
+{
+    // Another thread may be destroying it.
+    VXObjectDataLocker lock;
+    return dynamic_cast<Object*>(abstractObjectOf(object));
+}
+
 /// A peer found in the registry as one of this back end; null for null or another one's.
 VOXI2_QT_EXPORT QtObject2* qtPeer(GuiObject* peer) noexcept;
 
@@ -156,6 +165,19 @@ void withWidgetOf(const VXObject* object, Function&& function)
     VXObjectDataLocker lock;
     if (VXObject::isObjectValid(object))
         function(qWidgetOf(lookup(object->id())));
+}
+
+/// The same for a request that takes null as "none": `function` is called with null for null, and
+/// not at all for what has no widget.
+template <class Function>
+void withWidgetOrNone(const VXObject* object, Function&& function)
+{
+    if (!object)
+        function(static_cast<QWidget*>(nullptr));
+    withWidgetOf(object, [&](QWidget* widget) {
+        if (widget)
+            function(widget);
+    });
 }
 
 /// Joins a Qt object class that is no widget with a peer base.

@@ -160,6 +160,10 @@ protected:
         return m_eventFilter && m_eventFilter->filter(receiver, event);
     }
 
+    /// Moves the widget into the parent's, null makes it a window; `flags` say what it is there.
+    /// A parent that is dead, or lies inside the widget, is ignored. No echoes.
+    void changeParent(VXObject* parent, Qt::WindowFlags flags);
+
     /// What Qt's `saveGeometry` gave; false when it did not. No echoes.
     bool restoreGeometryQuietly(const QByteArray& geometry);
 
