@@ -87,7 +87,7 @@ TEST_F(BoxLayout, marginsSpacingAndEnabling)
     EXPECT_FALSE(qtLayout()->isEnabled());
 }
 
-TEST_F(BoxLayout, refreshLaysOutAtOnce)
+TEST_F(BoxLayout, laysOutAtOnceOrWhenTheProgramIsIdle)
 {
     m_panel->resize({200, 50});
     m_layout->setMargins({});
@@ -96,6 +96,13 @@ TEST_F(BoxLayout, refreshLaysOutAtOnce)
     m_first->setMinimumSize({150, 20});
     m_layout->refresh();
     EXPECT_GE(m_first->position().width, 150);
+    const VXRect<int> place = m_first->position();
+    turn();
+    m_first->moveTo({7, 8});
+    m_layout->invalidate();
+    EXPECT_NE(m_first->position(), place);
+    turn();
+    EXPECT_EQ(m_first->position(), place) << "laid out when the program is idle";
 }
 
 TEST_F(BoxLayout, ignoresNothingAndTheDead)

@@ -102,6 +102,13 @@ TEST_F(Dialog, endedByTheProgramIsNotReported)
 {
     auto hidden = Log(m_dialog->hidden());
     auto closing = Log(m_dialog->closing());
+    auto focused = Log(m_dialog->focusGained());
+    m_dialog->setVisible(true);
+    turn();
+    EXPECT_TRUE(m_dialog->isVisible());
+    m_dialog->setVisible(false);
+    EXPECT_FALSE(m_dialog->isVisible());
+    EXPECT_TRUE(focused.isEmpty());
     m_dialog->open();
     m_dialog->accept();
     EXPECT_FALSE(m_dialog->isVisible());
@@ -234,6 +241,7 @@ TEST_F(Dialog, executesUntilItEnds)
         EXPECT_TRUE(qtDialog()->isModal());
         EXPECT_EQ(m_dialog->exec(), VXDialog2::Rejected) << "it executes already";
         m_dialog->setWindowFlags(m_dialog->windowFlags() | WindowFlagStaysOnTop);
+        EXPECT_TRUE(qtDialog()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         EXPECT_TRUE(m_dialog->isVisible());
         EXPECT_TRUE(qtDialog()->isModal());
         click(m_ok);

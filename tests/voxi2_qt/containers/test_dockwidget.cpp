@@ -175,6 +175,12 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
     turn();
     m_dock->show();
     turn();
+    m_dock->setVisible(false);
+    turn();
+    EXPECT_FALSE(m_dock->isVisible());
+    m_dock->setVisible(true);
+    turn();
+    EXPECT_TRUE(m_dock->isVisible());
     EXPECT_TRUE(hidden.isEmpty());
     m_window->hide();
     m_window->show();

@@ -126,6 +126,9 @@ TEST_F(Tabs, whatTheTabShowsFollowsThePage)
     m_first->setText(L"&Price \u20ac");
     m_first->setTabToolTip("about the first");
     m_first->setTextColor(Color(200, 10, 20));
+    const Icon icon = Icon::fromPixmap(Pixmap(1, 1, {0xff0000ffu}));
+    m_first->setIcon(icon);
+    EXPECT_EQ(m_first->icon(), icon);
     m_first->setTabEnabled(false);
     EXPECT_EQ(m_first->textColor(), Color(200, 10, 20));
     m_other->addTab(m_second);
@@ -136,18 +139,21 @@ TEST_F(Tabs, whatTheTabShowsFollowsThePage)
         EXPECT_EQ(tabs.tabText(index), QStringLiteral("&Price \u20ac"));
         EXPECT_EQ(tabs.tabToolTip(index), QStringLiteral("about the first"));
         EXPECT_EQ(tabs.tabTextColor(index), QColor(200, 10, 20));
+        EXPECT_FALSE(tabs.tabIcon(index).isNull());
         EXPECT_FALSE(tabs.isTabEnabled(index));
         EXPECT_TRUE(m_first->isEnabled()) << "the page is another thing";
     }
     EXPECT_EQ(m_container->count(), 0);
     m_first->setText(u"Later");
     m_first->setTabToolTip(L"tip \u20ac");
+    m_first->setIcon(Icon());
     m_first->unsetTextColor();
     m_first->setTabEnabled(true);
     const QTabBar& tabs = *static_cast<QTabWidget*>(qt(*m_other))->tabBar();
     EXPECT_EQ(tabs.tabText(1), QStringLiteral("Later"));
     EXPECT_EQ(tabs.tabToolTip(1), QStringLiteral("tip \u20ac"));
     EXPECT_FALSE(tabs.tabTextColor(1).isValid());
+    EXPECT_TRUE(tabs.tabIcon(1).isNull());
     EXPECT_TRUE(tabs.isTabEnabled(1));
     m_other->removeTab(m_first);
     EXPECT_EQ(m_first->text(), "Later");

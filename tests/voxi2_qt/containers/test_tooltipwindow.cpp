@@ -66,6 +66,11 @@ TEST_F(ToolTipWindow, keepsWhatItIsGiven)
     EXPECT_FALSE(m_tip->isRichText());
     m_tip->setRichText(true);
     EXPECT_TRUE(m_tip->isRichText());
+    const int narrow = qt(*m_tip)->sizeHint().width();
+    const Icon icon = Icon::fromPixmap(Pixmap(16, 16, std::vector<std::uint32_t>(256, ~0u)));
+    m_tip->setIcon(icon);
+    EXPECT_EQ(m_tip->icon(), icon);
+    EXPECT_GE(qt(*m_tip)->sizeHint().width(), narrow + 16);
     m_tip->setTimeout(77);
     EXPECT_EQ(m_tip->timeout(), 77);
     EXPECT_EQ(VXToolTipWindow2().timeout(), -1);
@@ -92,6 +97,9 @@ TEST_F(ToolTipWindow, isAWindowThatTakesNoFocus)
     QApplication::setActiveWindow(qt(*m_window));
     m_tip->setParent(m_page);
     m_tip->popup(m_anchor);
+    m_tip->setVisible(false);
+    EXPECT_FALSE(m_tip->isVisible());
+    m_tip->setVisible(true);
     m_tip->setActiveWindow();
     m_tip->setFocus();
     turn();

@@ -76,6 +76,7 @@ public:
     /// The tab whose page is shown; null when there is none.
     VXTab2* currentTab() const;
 
+    /// At the top by default, and for a value that is none.
     void setTabPosition(TabPosition position);
     TabPosition tabPosition() const;
     /// Whether each tab has a button that asks to close it; off by default.
