@@ -80,6 +80,8 @@ TEST_F(DockWidget, answersWhatWasSet)
     m_dock->setIcon(icon);
     EXPECT_EQ(m_dock->icon(), icon);
     EXPECT_EQ(m_dock->viewAction()->icon(), icon);
+    m_dock->setIcon(Icon());
+    EXPECT_EQ(m_dock->viewAction()->icon(), Icon());
 
     EXPECT_EQ(m_dock->allowedAreas(), AllDockAreas);
     EXPECT_EQ(m_dock->features(),
@@ -151,6 +153,7 @@ TEST_F(DockWidget, keepsWhatItHeldAlive)
 TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
 {
     auto hidden = Log(m_dock->hidden());
+    auto shown = Log(m_dock->shown());
     VXDockWidget2* other = addTab("Second");
     auto otherSeen = Log(other->visibilityChanged());
     const std::string layout = m_window->saveLayout();
@@ -174,6 +177,7 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
     m_dock->hide();
     turn();
     m_dock->show();
+    m_window->raiseDockWidget(m_dock);
     turn();
     m_dock->setVisible(false);
     turn();
@@ -182,6 +186,7 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
     turn();
     EXPECT_TRUE(m_dock->isVisible());
     EXPECT_TRUE(hidden.isEmpty());
+    EXPECT_TRUE(shown.isEmpty());
     m_window->hide();
     m_window->show();
     turn();

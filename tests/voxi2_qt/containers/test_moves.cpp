@@ -157,6 +157,7 @@ TEST_F(Moves, barsGoFromWindowToWindowUnheard)
     Log hidden(menus.hidden());
     Log shown(menus.shown());
     Log toolsHidden(tools.hidden());
+    Log toolsShown(tools.shown());
     other.setMenuBar(&menus);
     other.addToolBar(&tools);
     turn();
@@ -165,7 +166,13 @@ TEST_F(Moves, barsGoFromWindowToWindowUnheard)
     EXPECT_TRUE(menus.isVisible() && tools.isVisible());
     other.setMenuBar(nullptr);
     EXPECT_FALSE(menus.isVisible());
-    EXPECT_TRUE(hidden.isEmpty() && shown.isEmpty() && toolsHidden.isEmpty());
+    other.removeToolBar(&tools);
+    EXPECT_FALSE(tools.isVisible());
+    other.addToolBar(&tools);
+    EXPECT_TRUE(tools.isVisible());
+    turn();
+    EXPECT_TRUE(hidden.isEmpty() && shown.isEmpty());
+    EXPECT_TRUE(toolsHidden.isEmpty() && toolsShown.isEmpty());
 }
 
 } // namespace

@@ -272,6 +272,8 @@ TEST_F(Tabs, hidingAndShowingAreTheTabs)
 {
     show();
     Log changes(m_container->currentTabChanged());
+    Log shown(m_first->shown());
+    Log hidden(m_first->hidden());
     m_first->hide();
     EXPECT_FALSE(bar()->isTabVisible(0));
     EXPECT_EQ(m_container->currentTab(), m_second);
@@ -280,6 +282,7 @@ TEST_F(Tabs, hidingAndShowingAreTheTabs)
     EXPECT_TRUE(bar()->isTabVisible(0));
     EXPECT_FALSE(m_first->isVisible()) << "another page is shown";
     EXPECT_TRUE(m_second->isVisible());
+    EXPECT_TRUE(shown.isEmpty() && hidden.isEmpty());
     EXPECT_TRUE(changes.isEmpty());
 }
 

@@ -181,6 +181,7 @@ TEST_F(ToolTipWindow, followsItsAnchor)
     Log hidden(m_tip->hidden());
     m_tip->popup(m_anchor);
     expectBelow();
+    Log moved(m_tip->moved());
     m_anchor->moveTo({60, 70});
     expectBelow();
     m_anchor->resize({90, 40});
@@ -188,6 +189,7 @@ TEST_F(ToolTipWindow, followsItsAnchor)
     m_window->moveTo({250, 100});
     turn();
     expectBelow();
+    EXPECT_TRUE(moved.isEmpty()) << "nobody dragged it";
     m_inner->setPosition({50, 50, 200, 100});
     m_anchor->setParent(m_inner);
     EXPECT_FALSE(m_tip->isVisible()) << "moving it elsewhere hides it";
