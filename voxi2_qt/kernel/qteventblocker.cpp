@@ -1,6 +1,5 @@
 #include "voxi2_qt/kernel/qteventblocker.h"
 
-#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 namespace VOXI {
@@ -57,6 +56,7 @@ void QtEventBlocker::blockFocusIn()
         m_proxy = proxy;
     }
     QtGlobalFocusBlocker::instance().registerWindow(window);
+    m_focusRequest.emplace();
 }
 
 QtEventBlocker::~QtEventBlocker()

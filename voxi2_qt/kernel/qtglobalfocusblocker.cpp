@@ -52,6 +52,8 @@ bool QtGlobalFocusBlocker::blocks(const QWidget* widget, const QFocusEvent& even
 {
     if (m_windows.empty() || m_suspensions > 0 || !isRegistered(widget->window()))
         return false;
+    if (m_requests > 0)
+        return true;
     switch (event.reason()) {
     case Qt::ActiveWindowFocusReason:
     case Qt::OtherFocusReason:

@@ -190,8 +190,19 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
     m_window->hide();
     m_window->show();
     turn();
+    shown.clear(); // it came and went with its window
+    hidden.clear();
+    m_dock->hide();
+    m_window->raiseDockWidget(m_dock);
+    turn();
+    EXPECT_TRUE(m_dock->isVisible());
     m_window->removeDockWidget(m_dock);
     turn();
+    m_window->addDockWidget(m_dock);
+    m_dock->setParent(nullptr);
+    turn();
+    EXPECT_TRUE(shown.isEmpty());
+    EXPECT_TRUE(hidden.isEmpty());
     EXPECT_TRUE(m_floated.isEmpty());
     EXPECT_TRUE(m_moved.isEmpty());
     EXPECT_TRUE(m_seen.isEmpty());
@@ -229,6 +240,16 @@ TEST_F(DockWidget, isClosedAndTornOffByItsButtons)
     EXPECT_FALSE(m_floated.last().isFloating());
     EXPECT_EQ(m_seen.count(), 1) << "tearing off is no coming and going";
     EXPECT_TRUE(m_moved.isEmpty());
+}
+
+TEST_F(DockWidget, isReportedWhereItsUserPutsIt)
+{
+    auto* const window = qobject_cast<QMainWindow*>(qt(*m_window));
+    window->addDockWidget(Qt::RightDockWidgetArea, qtDock(m_dock)); // as Qt does for a drop
+    turn();
+    ASSERT_EQ(m_moved.count(), 1);
+    EXPECT_EQ(m_moved.last().area(), DockArea::Right);
+    EXPECT_EQ(m_moved.last().dock(), m_dock);
 }
 
 TEST_F(DockWidget, isShownAndClosedByItsViewAction)

@@ -286,6 +286,29 @@ TEST_F(Tabs, hidingAndShowingAreTheTabs)
     EXPECT_TRUE(changes.isEmpty());
 }
 
+TEST_F(Tabs, theFocusGoesOnUnheard)
+{
+    VXButton2 inFirst(m_first);
+    VXButton2 inSecond(m_second);
+    show();
+    for (VXButton2* each : {&inSecond, &inFirst}) {
+        m_container->setCurrentTab(each == &inFirst ? m_first : m_second);
+        each->setFocus();
+        turn();
+    }
+    ASSERT_TRUE(inFirst.hasFocus());
+    Log firstGained(inFirst.focusGained());
+    Log secondGained(inSecond.focusGained());
+    m_container->insertTab(m_first, 2);
+    turn();
+    EXPECT_EQ(m_container->currentTab(), m_first);
+    EXPECT_TRUE(firstGained.isEmpty() && secondGained.isEmpty());
+    EXPECT_TRUE(inFirst.hasFocus());
+    m_container->removeTab(m_first);
+    turn();
+    EXPECT_TRUE(firstGained.isEmpty() && secondGained.isEmpty());
+}
+
 TEST_F(Tabs, closingIsTheProgramsDecision)
 {
     show();

@@ -53,6 +53,21 @@ TEST_F(Window, flagsChangeWithoutHidingIt)
     EXPECT_NE(m_window->windowFlags() & WindowFlagStaysOnTop, 0u);
 }
 
+TEST_F(Window, aStateThatIsNotGrantedIsReported)
+{
+    m_window->show();
+    turn();
+    Log states(m_window->stateChanged());
+    m_window->showMaximized();
+    turn();
+    EXPECT_TRUE(states.isEmpty());
+    m_window->showMaximized();
+    qtWindow()->showNormal(); // as a window manager that knows better
+    EXPECT_TRUE(states.isEmpty()) << "it may come yet";
+    ASSERT_TRUE(waitFor([&] { return states.count() == 1; }));
+    EXPECT_EQ(states.last().state(), WindowState::Normal);
+}
+
 TEST_F(Window, statesAreSetAndTold)
 {
     m_window->show();

@@ -224,6 +224,9 @@ TEST_F(DockX11, mayBeTakenFromTheHandThatDragsIt)
     dragAnd([&] { EXPECT_TRUE(m_window.restoreLayout(layout)); });
     EXPECT_FALSE(m_dock->isFloating());
     EXPECT_EQ(m_window.dockArea(m_dock), DockArea::Left);
+    dragAnd([&] { m_dock->setFloating(false); });
+    EXPECT_FALSE(m_dock->isFloating());
+    EXPECT_EQ(m_window.dockArea(m_dock), DockArea::Left);
     dragAnd([&] { m_window.removeDockWidget(m_dock); });
     EXPECT_FALSE(m_dock->isVisible());
     m_window.addDockWidget(m_dock);

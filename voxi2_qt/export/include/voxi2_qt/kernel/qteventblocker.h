@@ -1,12 +1,14 @@
 #pragma once
 
 #include "voxi2/kernel/widgetevent.h"
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QPointer>
 #include <QWidget>
 
 #include <initializer_list>
+#include <optional>
 
 namespace VOXI {
 
@@ -37,6 +39,7 @@ private:
     QPointer<QWidget> m_alive;
     QPointer<QWidget> m_window; // whose focus-in is to be switched on again
     QPointer<QWidget> m_proxy;
+    std::optional<QtGlobalFocusBlocker::Request> m_focusRequest;
     unsigned m_blocked = 0; // one bit for each event that was broadcast before
 };
 

@@ -20,7 +20,7 @@ namespace VOXI {
 /// manager decides when a window becomes active. A registered window's focus reports are kept back
 /// until the change has settled: the window has become active and the events of that turn are
 /// through, or nothing came of it for a while. Focus that the user moves (mouse, tab, shortcut) is
-/// reported in any case. GUI thread only.
+/// reported in any case, except while the request itself runs. GUI thread only.
 class VOXI2_QT_EXPORT QtGlobalFocusBlocker : public QObject
 {
 public:
@@ -31,6 +31,17 @@ public:
     void registerWindow(QWidget* window);
 
     bool isRegistered(const QWidget* window) const;
+
+    /// While one lives a request runs: whatever the reason is that Qt gives, the program moves the
+    /// focus. Out of what is hidden Qt takes it as the tab key does.
+    class Request
+    {
+    public:
+        Request() { ++instance().m_requests; }
+        ~Request() { --instance().m_requests; }
+        Request(const Request&) = delete;
+        Request& operator=(const Request&) = delete;
+    };
 
     /// While one lives nothing is kept back: what happens now counts as the user's doing.
     class Suspension
@@ -63,6 +74,7 @@ private:
 
     std::unordered_map<const QObject*, Entry> m_windows;
     int m_suspensions = 0;
+    int m_requests = 0;
 };
 
 } // namespace VOXI
