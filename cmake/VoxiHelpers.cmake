@@ -124,12 +124,13 @@ function(voxi_add_library name)
         FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 endfunction()
 
-# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [TIMEOUT <seconds>])
+# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [TIMEOUT <seconds>] [NO_GLIB <filter>])
 # One GoogleTest program. Each of its tests is a ctest test of label unit; with X11 the program as
 # a whole is one ctest test of label x11, on a virtual display with a window manager of its own.
 # QT: runs inside the test support's QApplication, where an unexpected Qt warning fails the test.
+# NO_GLIB: those of its tests that match run once more, together, in Qt's own event loop.
 function(voxi_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11" "TIMEOUT" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11" "TIMEOUT;NO_GLIB" "SOURCES;LIBS")
     voxi_require_all_parsed(voxi_add_test)
     if((arg_QT OR arg_X11) AND NOT VOXI_WITH_QT)
         return()
@@ -161,6 +162,12 @@ function(voxi_add_test name)
             DISCOVERY_MODE PRE_TEST
             DISCOVERY_TIMEOUT 60
             PROPERTIES LABELS unit TIMEOUT ${arg_TIMEOUT} ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    endif()
+    if(arg_NO_GLIB)
+        add_test(NAME ${name}_no_glib COMMAND ${name} "--gtest_filter=${arg_NO_GLIB}")
+        set_tests_properties(
+            ${name}_no_glib PROPERTIES LABELS unit TIMEOUT 180
+                                       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_NO_GLIB=1")
     endif()
 endfunction()
 

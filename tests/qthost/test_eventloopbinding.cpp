@@ -4,19 +4,23 @@
 #include "trov/thread.h"
 #include "voxi/vxobject.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
 
+#include <algorithm>
 #include <atomic>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace VOXI {
@@ -163,6 +167,75 @@ TEST_F(EventLoopBindingTest, aFloodDoesNotStarvePaintingTimersAndEvents)
     EXPECT_TRUE(posted);
 }
 
+TEST_F(EventLoopBindingTest, theLoopTurnsHoweverManyWorkersAsk)
+{
+    // What they ask takes a millisecond, and there is always more of it.
+    constexpr int Turns = 60;
+    std::atomic<bool> stop{false};
+    std::atomic<int> working{8};
+    std::vector<std::thread> workers;
+    int calls = 0;
+    const auto work = [&] {
+        QElapsedTimer clock;
+        clock.start();
+        while (clock.elapsed() < 1) {
+        }
+        ++calls;
+    };
+    for (int i = 0; i < working; ++i) {
+        workers.emplace_back([&, i] {
+            while (!stop) {
+                if (i % 2 == 0)
+                    m_gui->post(work);
+                m_gui->callAndWait<void>(
+                    nullptr, nullptr, [] { return true; }, work);
+            }
+            --working;
+        });
+    }
+
+    struct Turn
+    {
+        int m_calls = 0;
+        int m_most = 0;
+        int m_count = 0;
+        qint64 m_longest = 0;
+        QElapsedTimer m_clock;
+    } turn;
+    const auto begin = [&] {
+        if (turn.m_clock.isValid())
+            turn.m_longest = std::max(turn.m_longest, turn.m_clock.restart());
+        else
+            turn.m_clock.start();
+        turn.m_most = std::max(turn.m_most, calls - std::exchange(turn.m_calls, calls));
+        ++turn.m_count;
+    };
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        // The user's handlers and the deletion of what has ended.
+        ++ticks;
+        (new QObject)->deleteLater();
+    });
+    {
+        const QMetaObject::Connection turns = QObject::connect(
+            QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, begin);
+        timer.start(0);
+        EXPECT_TRUE(waitFor([&] { return ticks >= Turns; }, std::chrono::seconds(40)));
+        timer.stop();
+        QObject::disconnect(turns);
+    }
+    stop = true;
+    EXPECT_TRUE(waitFor([&] { return working == 0; }));
+    for (std::thread& worker : workers)
+        worker.join();
+    RecordProperty("longestTurnInMilliseconds", std::to_string(turn.m_longest));
+    EXPECT_GE(turn.m_count, Turns);
+    EXPECT_GT(calls, Turns);
+    // Eight milliseconds, and the call that went beyond them.
+    EXPECT_LE(turn.m_most, 9);
+}
+
 TEST_F(EventLoopBindingTest, nestedLoopsRunWhatCameInTheSameBurst)
 {
     // The first call opens a loop that only the second one ends: it waits already by then.
@@ -201,22 +274,79 @@ TEST_F(EventLoopBindingTest, modalDialogsOpenedByACallGoOnDelivering)
     EXPECT_EQ(answered, 100);
 }
 
-TEST_F(EventLoopBindingTest, theObjectLockIsFreeWhileANestedLoopSleeps)
+TEST_F(EventLoopBindingTest, theObjectLockIsFreeWhileANestedLoopSleepsAndBackAfterwards)
 {
-    const VXObjectDataLocker outer;
-    std::thread worker;
-    {
-        const VXObjectDataLocker inner;
-        QEventLoop loop;
-        const Rescue rescue(&loop);
-        worker = std::thread([&] {
-            const VXObjectDataLocker mine;
-            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-        });
-        loop.exec();
+    using End = void (*)(QEventLoop*, TROV::Thread*);
+    const End ends[] = {
+        [](QEventLoop* loop, TROV::Thread*) {
+            QMetaObject::invokeMethod(loop, &QEventLoop::quit, Qt::QueuedConnection);
+        },
+        [](QEventLoop* loop, TROV::Thread* gui) { gui->post([loop] { loop->quit(); }); },
+        [](QEventLoop* loop, TROV::Thread*) {
+            QMetaObject::invokeMethod(
+                loop, [loop] { QTimer::singleShot(1, loop, [loop] { loop->quit(); }); },
+                Qt::QueuedConnection);
+        },
+        // Not an event: the lock finds it out itself.
+        [](QEventLoop* loop, TROV::Thread*) { loop->exit(); },
+    };
+    for (const End& end : ends) {
+        const bool isEvent = &end != std::end(ends) - 1;
+        std::thread worker;
+        {
+            const VXObjectDataLocker outer;
+            {
+                const VXObjectDataLocker inner;
+                QEventLoop loop;
+                const Rescue rescue(&loop);
+                worker = std::thread([&] {
+                    const VXObjectDataLocker mine;
+                    end(&loop, m_gui);
+                });
+                loop.exec();
+                if (isEvent) {
+                    EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
+                    std::thread([] { EXPECT_FALSE(VXObject::m_lock.try_lock()); }).join();
+                }
+            }
+            EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
+        }
+        EXPECT_FALSE(VXObject::m_lock.isHeldByCurrentThread());
+        worker.join();
     }
-    EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
-    worker.join();
+}
+
+TEST_F(EventLoopBindingTest, whoAsksAfterTheLoopGetsADefaultAnswer)
+{
+    const auto ask = [this] {
+        return m_gui->callAndWait<int>(
+            nullptr, nullptr, [] { return true; }, [] { return 7; });
+    };
+    // Before the first loop one waits for it.
+    int early = -1;
+    std::thread first([&] {
+        early = ask();
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    });
+    QApplication::exec();
+    first.join();
+    EXPECT_EQ(early, 7);
+
+    bool sent = false;
+    std::thread([&] {
+        m_gui->post([&] { sent = true; });
+        EXPECT_EQ(ask(), 0);
+    }).join();
+    EXPECT_FALSE(sent);
+    std::thread second([&] {
+        while (ask() != 7)
+            std::this_thread::yield();
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    });
+    QApplication::exec();
+    second.join();
+    EXPECT_TRUE(sent) << "what was only sent was kept";
+    std::thread([&] { EXPECT_EQ(ask(), 0); }).join();
 }
 
 TEST_F(EventLoopBindingTest, itsEndReleasesWhoeverWaits)

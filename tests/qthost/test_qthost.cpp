@@ -2,6 +2,7 @@
 #include "support/watchdog.h"
 #include "voxi/guiobject.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxfactory2.h"
@@ -54,6 +55,22 @@ TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
         EXPECT_EQ(host.exec(), 7);
         worker.join();
         EXPECT_EQ(survivor->text(), "from a worker");
+        std::thread([&] { EXPECT_EQ(survivor->text(), "") << "no loop answers"; }).join();
+
+        // Asked to end before it runs, whatever runs first, it ends at once; but once only.
+        QtHost::quit(3);
+        VXDialog2 first;
+        EXPECT_EQ(first.exec(), VXDialog2::Rejected);
+        EXPECT_EQ(host.exec(), 3);
+        QTimer::singleShot(0, qApp, [] { QtHost::quit(4); });
+        EXPECT_EQ(host.exec(), 4);
+        bool turned = false;
+        QTimer::singleShot(0, qApp, [&] {
+            turned = true;
+            QCoreApplication::exit(5);
+        });
+        EXPECT_EQ(host.exec(), 5);
+        EXPECT_TRUE(turned);
     }
     EXPECT_EQ(VXFactory2::current(), nullptr);
     EXPECT_EQ(lookup(survivor), nullptr);

@@ -8,12 +8,14 @@ namespace VOXI {
 /// ExpectedQtWarning has declared. Called once by the test main.
 void failOnQtWarnings();
 
-/// Declares a Qt warning for a scope: messages that match the expression pass, and the test fails
-/// when none came by the end of the scope.
+/// Declares a Qt warning for a scope: messages that match the expression pass, and unless it only
+/// `MayCome` the test fails when none came by the end of the scope.
 class ExpectedQtWarning
 {
 public:
-    explicit ExpectedQtWarning(const char* expression);
+    enum Certainty { MustCome, MayCome };
+
+    explicit ExpectedQtWarning(const char* expression, Certainty certainty = MustCome);
     ~ExpectedQtWarning();
 
     ExpectedQtWarning(const ExpectedQtWarning&) = delete;
@@ -24,6 +26,7 @@ public:
 
 private:
     const int m_id;
+    const Certainty m_certainty;
 };
 
 } // namespace VOXI

@@ -157,6 +157,17 @@ TEST_F(EmitterTest, HandlesNameOneConnection)
     EXPECT_EQ(m_seen, std::vector{1});
 }
 
+TEST_F(EmitterTest, NobodysConnectionsAreCutByTheirHandlesOnly)
+{
+    Emitter0<> emitter;
+    ConnectionHandle handle = emitter.connect(static_cast<Listener*>(nullptr), note(1));
+    emitter.disconnect(nullptr);
+    emitter();
+    EXPECT_EQ(m_seen, std::vector{1});
+    handle.disconnect();
+    EXPECT_EQ(emitter.numberOfConnections(), 0);
+}
+
 TEST_F(EmitterTest, ACopiedListenerHasNoConnections)
 {
     Emitter0<> emitter;
@@ -208,6 +219,56 @@ TEST_F(EmitterTest, WhatIsCutDuringAnEmissionIsNotCalledAnyMore)
     emitter();
     emitter();
     EXPECT_EQ(m_seen, (std::vector{1, 2, 5, 5}));
+}
+
+TEST_F(EmitterTest, KeepsTheOrderThroughManyCutsAndConnections)
+{
+    Emitter0<> emitter;
+    std::vector<ConnectionHandle> handles;
+    std::vector<int> expected;
+    const auto closure = std::make_shared<int>();
+    for (int i = 0; i < 300; ++i) {
+        handles.push_back(
+            emitter.connect(&m_listener, [this, i, closure] { m_seen.push_back(i); }));
+        // In the middle of an emission, too, which goes on in what it found.
+        if (i % 7 == 3) {
+            const auto inside = emitter.connect(&m_listener, [&] {
+                for (int cut = i - 3; cut <= i; cut += 2) {
+                    handles[std::size_t(cut)].disconnect();
+                    handles[std::size_t(cut)] = {};
+                }
+            });
+            emitter();
+            ConnectionHandle(inside).disconnect();
+        }
+        m_seen.clear();
+        expected.clear();
+        for (int j = 0; j <= i; ++j) {
+            if (handles[std::size_t(j)].isConnected())
+                expected.push_back(j);
+        }
+        emitter();
+        ASSERT_EQ(m_seen, expected);
+        ASSERT_EQ(emitter.numberOfConnections(), int(expected.size()));
+        ASSERT_EQ(closure.use_count(), long(expected.size()) + 1);
+    }
+    EXPECT_LT(expected.size(), 300u);
+}
+
+// Quadratic in the listeners, this would outlast the watchdog.
+TEST_F(EmitterTest, TakesAnyNumberOfListeners)
+{
+    Emitter0<> emitter;
+    std::vector<std::unique_ptr<Listener>> listeners;
+    int calls = 0;
+    for (int i = 0; i < 300'000; ++i) {
+        listeners.push_back(std::make_unique<Listener>());
+        emitter.connect(listeners.back().get(), [&] { ++calls; });
+    }
+    emitter();
+    EXPECT_EQ(calls, 300'000);
+    listeners.clear();
+    EXPECT_EQ(emitter.numberOfConnections(), 0);
 }
 
 TEST_F(EmitterTest, AHandlerMayDestroyTheEmitterAndItsOwnListener)

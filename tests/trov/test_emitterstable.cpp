@@ -2,7 +2,9 @@
 #include "worker.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace TROV {
@@ -211,6 +213,59 @@ TEST_F(EmittersTableTest, ReportsEvents)
     object.button.clicked.signal().connect(&m_listener, [&] { m_object.reset(); });
     object.button.clicked();
     EXPECT_EQ(m_listener.numberOfConnections(), 0);
+}
+
+TEST_F(EmittersTableTest, WhatListenersOfEventsThrowGoesToTheHandlerOrTheProgram)
+{
+    using Texts = std::vector<std::string>;
+    Texts reported;
+    const auto textOf = [](std::exception_ptr error) -> std::string {
+        try {
+            std::rethrow_exception(error);
+        } catch (const std::exception& e) {
+            return e.what();
+        }
+    };
+    Thread::setExceptionHandler(
+        [&](std::exception_ptr error) { reported.push_back(textOf(error)); });
+    const auto& clicked = m_object->button.clicked;
+    int called = 0;
+    for (const char* text : {"first", "second"})
+        clicked.signal().connect(&m_listener, [text] { throw std::runtime_error(text); });
+    clicked.signal().connect(&m_listener, [&] { ++called; });
+    clicked();
+    EXPECT_EQ(std::exchange(reported, {}), (Texts{"first", "second"}));
+
+    const auto emitAsUser = [&](EventErrors& errors) -> std::string {
+        clicked();
+        try {
+            errors.rethrow();
+            errors.rethrow();
+        } catch (...) {
+            return textOf(std::current_exception());
+        }
+        return "";
+    };
+    struct OfTheUser : EventErrors
+    {
+        bool isCause() const noexcept override { return false; }
+    };
+    {
+        EventErrors outer;
+        EventErrors errors;
+        EXPECT_EQ(emitAsUser(errors), "first");
+        EXPECT_EQ(std::exchange(reported, {}), Texts{"second"});
+        OfTheUser inner;
+        EXPECT_EQ(emitAsUser(inner), "");
+        EXPECT_EQ(std::exchange(reported, {}), (Texts{"first", "second"}));
+    }
+    {
+        const EventErrors forgotten;
+        clicked();
+    }
+    EXPECT_EQ(reported, (Texts{"second", "first"}));
+    EXPECT_EQ(called, 4);
+    Thread::setExceptionHandler({});
 }
 
 TEST_F(EmittersTableTest, ThePeerIsToldOfTheFirstListenerOnItsThread)

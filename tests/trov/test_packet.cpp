@@ -59,10 +59,13 @@ TEST_F(PacketTest, IsDeletedExactlyOnce)
 TEST_F(PacketTest, ReachesListenersOfItsSignatureOnly)
 {
     record();
-    m_emitter.sendPacket(Packet(new Payload1<void, long long, 1>(8)), SendDirect, false);
-    m_emitter.sendPacket(Packet(new Payload1<void, int, 1>(9)), SendDirect, false);
-    m_emitter.sendPacket(Packet(new Payload0<void>()), SendDirect, true);
-    m_emitter.sendPacket(Packet(), SendDirect, false);
+    const auto reached = [&](Payload* payload, bool wait) {
+        return m_emitter.sendPacket(Packet(payload), SendDirect, wait);
+    };
+    EXPECT_EQ(reached(new Payload1<void, long long, 1>(8), false), 1);
+    EXPECT_EQ(reached(new Payload1<void, long>(9), false), 0);
+    EXPECT_EQ(reached(new Payload0<void>(), true), 0);
+    EXPECT_EQ(reached(nullptr, false), 0);
     EXPECT_EQ(m_seen, std::vector<long long>{8});
 }
 

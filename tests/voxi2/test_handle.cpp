@@ -50,7 +50,9 @@ TEST(Handle, callsOnTheDeadDoNothing)
     EXPECT_EQ(child->parent(), nullptr);
     EXPECT_TRUE(handle->children().empty());
     int called = 0;
-    handle->destroyed().connect(&panel, [&] { ++called; });
+    const auto connection = handle->destroyed().connect(&panel, [&] { ++called; });
+    EXPECT_EQ(connection.connection(), nullptr);
+    EXPECT_EQ(panel.numberOfConnections(), 0);
     handle->destroy();
     EXPECT_EQ(called, 0);
     EXPECT_EQ(handle->label(), "");
@@ -62,6 +64,26 @@ TEST(Handle, endsItsObject)
     handle->destroy();
     EXPECT_FALSE(handle);
     EXPECT_FALSE(VXObject::m_lock.isHeldByCurrentThread());
+}
+
+TEST(Handle, reachesClassesOfTheApplication)
+{
+    struct Counter : VXPanel2
+    {
+        explicit Counter(int& made) { ++made; }
+        int next() { return ++m_last; }
+        int m_last = 0;
+    };
+    int made = 0;
+    const VXHandle<Counter> handle(new Counter(made));
+    EXPECT_EQ(handle.with([](Counter& counter) { return counter.next(); }), 1);
+    handle.with([](Counter& counter) {
+        EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
+        counter.destroy();
+    });
+    EXPECT_EQ(handle.with([](Counter& counter) { return counter.next(); }), 0);
+    handle.with([](Counter&) { ADD_FAILURE() << "it is dead"; });
+    EXPECT_EQ(made, 1);
 }
 
 class HandleThreads : public WatchedTest

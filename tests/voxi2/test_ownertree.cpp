@@ -1,6 +1,7 @@
 #include "fakebackend.h"
 
 #include <future>
+#include <gmock/gmock.h>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -107,14 +108,18 @@ TEST_F(OwnerTree, handlersOfTheEndMayEndWhatTheyLike)
     auto* a = new Named(root, "a", m_log);
     auto* b = new Named(root, "b", m_log);
     auto* c = new Named(root, "c", m_log);
-    // The object itself, a sibling, and at last the parent that is not yet ending.
+    auto* d = new Named(root, "d", m_log);
+    // The object itself, a sibling, and at last the parent: not yet ending, and ending already.
     a->destroyed().connect(a, [&] { a->destroy(); });
+    a->destroyed().connect(a, [&] { delete a; });
     a->destroyed().connect(a, [&] { delete c; });
     b->destroyed().connect(b, [&] { delete root; });
+    d->destroyed().connect(d, [&] { delete root; });
+    d->destroyed().connect(d, [&] { d->setParent(nullptr); });
     delete a;
     EXPECT_EQ(m_log, "ac");
     delete b;
-    EXPECT_EQ(m_log, "acbr");
+    EXPECT_EQ(m_log, "acbrd");
     EXPECT_FALSE(VXObject::isObjectValid(root));
 }
 
@@ -162,6 +167,162 @@ TEST_F(OwnerTree, anotherThreadMayEndIt)
     EXPECT_EQ(lookup(ids[0]), nullptr);
     EXPECT_EQ(lookup(ids[1]), nullptr);
     EXPECT_EQ(FakePeer::s_alive, 0);
+}
+
+TEST_F(OwnerTree, ownersMayBeNestedWithoutEnd)
+{
+    VXPanel2 root;
+    VXPanel2* deepest = &root;
+    constexpr int Depth = 100'000;
+    for (int i = 0; i < Depth; ++i)
+        deepest = new VXPanel2(deepest);
+    EXPECT_EQ(root.children(true).size(), std::size_t(Depth));
+    delete root.children().front();
+    EXPECT_EQ(FakePeer::s_alive, 1);
+}
+
+#if defined(__GNUC__) && !defined(__clang__)
+// g++ 12 takes a delete that is given a part of the object for one of something else.
+#pragma GCC diagnostic ignored "-Wfree-nonheap-object"
+#endif
+
+/// A class of the application that hears what happens around it, and knows whether it is whole.
+template <class Other, int Alignment = 8>
+class alignas(Alignment) Page : public Other, public VXPanel2
+{
+public:
+    explicit Page(VXObject2* parent, std::vector<bool>& heard) : VXPanel2(parent), m_heard(heard)
+    {
+        destroyed().connect(this, &Page::note);
+        (new VXPanel2(this))->destroyed().connect(this, &Page::note);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(this) % Alignment, 0u);
+    }
+    ~Page() override { m_isWhole = false; }
+
+private:
+    void note() { m_heard.push_back(m_isWhole); }
+
+    std::vector<bool>& m_heard;
+    bool m_isWhole = true;
+};
+struct Nothing
+{};
+struct Polymorphic
+{
+    virtual ~Polymorphic() = default;
+    int m_data[4] = {};
+};
+
+TEST_F(OwnerTree, classesOfTheApplicationRetireWhileTheyAreWhole)
+{
+    std::vector<bool> heard;
+    const std::vector<bool> twiceWhole{true, true};
+    const auto make = [&](VXObject2* parent, int kind) -> VXObject2* {
+        switch (kind) {
+        case 0:
+            return new Page<Nothing>(parent, heard);
+        case 1:
+            return new Page<Polymorphic>(parent, heard);
+        default:
+            return new Page<Polymorphic, 64>(parent, heard);
+        }
+    };
+    for (int kind = 0; kind < 3; ++kind) {
+        delete make(nullptr, kind);
+        EXPECT_EQ(std::exchange(heard, {}), twiceWhole);
+        make(nullptr, kind)->destroy();
+        EXPECT_EQ(std::exchange(heard, {}), twiceWhole);
+        auto* const owner = new VXPanel2;
+        make(owner, kind);
+        delete owner;
+        EXPECT_EQ(std::exchange(heard, {}), twiceWhole);
+    }
+}
+
+TEST_F(OwnerTree, whatWasNotMadeWithNewIsEndedButNotDeleted)
+{
+    struct Window : VXPanel2
+    {
+        using VXPanel2::VXPanel2;
+        VXPanel2 m_member{this};
+    };
+    std::vector<bool> heard;
+    auto* owner = new VXPanel2;
+    VXPanel2 onTheStack(owner);
+    auto* const inner = new VXPanel2(&onTheStack);
+    const auto shared = std::make_shared<VXPanel2>(owner);
+    auto* const window = new Window(owner);
+    const unsigned ids[] = {onTheStack.id(), inner->id(), shared->id(), window->id(),
+                            window->m_member.id()};
+    delete owner;
+    for (const unsigned id : ids)
+        EXPECT_FALSE(VXObject::isObjectValid(id));
+    EXPECT_EQ(FakePeer::s_alive, 0);
+    onTheStack.show();
+    EXPECT_TRUE(onTheStack.children().empty());
+
+    VXPanel2 another;
+    another.destroy();
+    another.destroy();
+    EXPECT_FALSE(VXObject::isObjectValid(another.id()));
+}
+
+#ifndef NDEBUG
+TEST_F(OwnerTree, whoForgetsToRetireIsTold)
+{
+    struct Forgetful : VXPanel2
+    {
+        Forgetful()
+        {
+            destroyed().connect(this, [] {});
+        }
+    };
+    struct Careful : Forgetful
+    {
+        ~Careful() override { retire(); }
+    };
+    testing::internal::CaptureStderr();
+    {
+        const Careful careful;
+        delete new Forgetful;
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    testing::internal::CaptureStderr();
+    {
+        const Forgetful forgetful;
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("before it retired"));
+}
+#endif
+
+TEST_F(OwnerTree, theEndIsHeardOnOtherThreads)
+{
+    std::promise<TROV::Thread*> ready;
+    std::promise<void> go;
+    std::thread worker([&] {
+        ready.set_value(TROV::Thread::getCurrentThread());
+        go.get_future().wait();
+        TROV::Thread::getCurrentThread()->process();
+    });
+    TROV::Thread* const elsewhere = ready.get_future().get();
+    TROV::Listener lasting;
+    TROV::Listener leaving;
+    std::vector<unsigned> ids;
+    std::vector<unsigned> heard;
+    for (int i = 0; i < 3; ++i) {
+        auto* const panel = new VXPanel2;
+        ids.push_back(panel->id());
+        panel->destroyed().connect(
+            &leaving, [] { ADD_FAILURE() << "cut"; }, elsewhere);
+        panel->destroyed().connect(
+            &lasting, [&](unsigned id) { heard.push_back(id); }, elsewhere);
+        delete panel;
+    }
+    leaving.disconnect();
+    go.set_value();
+    worker.join();
+    EXPECT_EQ(heard, ids);
+    EXPECT_EQ(lasting.numberOfConnections(), 0);
 }
 
 } // namespace

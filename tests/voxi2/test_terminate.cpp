@@ -39,7 +39,11 @@ TEST(Terminate, takesAllPeersAndLeavesTheObjects)
     EXPECT_EQ(button->peerParent(), nullptr);
     EXPECT_EQ(lookup(new VXButton2(&root)), nullptr);
 
+    // Once and for all: what comes up later is not taken down again.
+    FakeBackEnd later("later");
     terminate_voxi2();
+    EXPECT_NE(VXFactory2::getFactory(StringID("later")), nullptr);
+    VXFactory2::registerFactory(StringID("later"), nullptr);
     initialize_voxi2();
     EXPECT_EQ(VXFactory2::current(), nullptr);
     EXPECT_EQ(VXBridge::getBridge(StringID("qt"))->emitter().numberOfConnections(), 1);

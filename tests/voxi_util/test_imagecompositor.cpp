@@ -1,6 +1,7 @@
 #include "voxi_util/color.h"
 #include "voxi_util/imagecompositor.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <memory>
@@ -215,4 +216,27 @@ TEST(ImageCompositor, undecodablePicturesLeaveNothing)
     ImageDecoder::install(nullptr);
     EXPECT_EQ(decoder.use_count(), 1);
     EXPECT_TRUE(composed(coded, 4).isNull());
+}
+
+TEST(ImageCompositor, onlyWhatIsSeenOfALayerIsMade)
+{
+    const Icon checks = Icon::fromPixmap(Pixmap(2, 2, {red, green, blue, red}));
+    // A layer three times as large shows its middle.
+    Icon middle = Icon::fromPixmap(filled(1, red));
+    middle.addLayer(checks, {-1, -1, 3, 3});
+    const Pixmap whole = composed(checks, 12);
+    const Pixmap part = composed(middle, 4);
+    for (std::size_t y = 0; y < 4; ++y)
+        for (std::size_t x = 0; x < 4; ++x)
+            EXPECT_EQ(part.pixels()[y * 4 + x], whole.pixels()[(y + 4) * 12 + x + 4]);
+    EXPECT_TRUE(composed(checks, 4097).isNull()) << "too large";
+    EXPECT_EQ(ImageCompositor::compose(checks, {1 << 24, 1}, Mode::Normal, State::Off).height(), 1);
+}
+
+TEST(ImageCompositor, picturesMuchTooLargeAreLookedAtHereAndThere)
+{
+    std::vector<std::uint32_t> pixels(1000 * 1000, blue);
+    std::fill_n(pixels.begin(), 500 * 1000, red);
+    const Pixmap small = composed(Icon::fromPixmap(Pixmap(1000, 1000, std::move(pixels))), 2);
+    EXPECT_EQ(small.pixels(), (std::vector<std::uint32_t>{red, red, blue, blue}));
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace VOXI {
@@ -61,6 +62,34 @@ TEST(RecursiveLock, handsItsHoldsBackByNumber)
     lock.lock();
     lock.reacquire(holds);
     EXPECT_EQ(lock.releaseAll(), 4u);
+}
+
+// A lock that takes back what its thread gave up when that undoes a hold.
+unsigned s_givenUp = 0;
+RecursiveLock s_recalled([]() noexcept { s_recalled.reacquire(std::exchange(s_givenUp, 0u)); });
+
+TEST(RecursiveLock, noticesAnUnlockByAStranger)
+{
+    {
+        const std::lock_guard outer(s_recalled);
+        s_givenUp = s_recalled.releaseAll();
+    }
+    EXPECT_EQ(s_givenUp, 0u);
+    EXPECT_TRUE(s_recalled.try_lock());
+    EXPECT_EQ(s_recalled.releaseAll(), 1u);
+#ifndef NDEBUG
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    static RecursiveLock plain;
+    for (RecursiveLock* lock : {&s_recalled, &plain}) {
+        EXPECT_DEATH(lock->unlock(), "does not hold it");
+        EXPECT_DEATH(
+            {
+                lock->lock();
+                std::thread([lock] { lock->unlock(); }).join();
+            },
+            "does not hold it");
+    }
+#endif
 }
 
 TEST(SpinLock, guardsWhatManyThreadsChange)

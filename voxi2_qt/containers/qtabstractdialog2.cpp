@@ -37,9 +37,30 @@ static_assert(VXAbstractDialog2::Rejected == int(QDialog::Rejected)
 
 } // namespace
 
-/// One run of `doExec`: it outlives the peer if that goes meanwhile.
+/// One run of `doExec`: it outlives the peer if that goes meanwhile, and ends the showing however
+/// the run ends.
 struct QtAbstractDialog2::Execution
 {
+    explicit Execution(QtAbstractDialog2& dialog) : m_dialog(dialog), m_widget(dialog.asQWidget())
+    {
+        m_dialog.m_execution = this;
+    }
+    ~Execution()
+    {
+        if (!m_widget)
+            return;
+        if (m_dialog.isDeletionScheduled()) {
+            m_widget->hide(); // it would block the other windows until it is deleted
+        } else if (m_dialog.m_execution == this) {
+            m_dialog.m_execution = nullptr; // the program quits, and all its loops have ended
+            m_dialog.doHide();
+        }
+    }
+    Execution(const Execution&) = delete;
+    Execution& operator=(const Execution&) = delete;
+
+    QtAbstractDialog2& m_dialog;
+    const QPointer<QWidget> m_widget;
     QEventLoop m_loop;
     int m_result = VXAbstractDialog2::Rejected;
     bool m_isOver = false;
@@ -69,12 +90,6 @@ QDialog* QtAbstractDialog2::asQDialog() const noexcept
     return static_cast<QDialog*>(asQWidget());
 }
 
-void QtAbstractDialog2::doSetParent(VXObject* parent)
-{
-    // With its flags: without them it would become a part of the parent's surface.
-    changeParent(parent, asQDialog()->windowFlags());
-}
-
 void QtAbstractDialog2::doSetVisible(bool visible)
 {
     // Qt gives the focus to a part of a dialog that is shown, or to the dialog itself.
@@ -85,7 +100,7 @@ void QtAbstractDialog2::doSetVisible(bool visible)
 void QtAbstractDialog2::doSetWindowFlags(unsigned flags)
 {
     const ScopedFlagToggler shownAnew(m_isShownAnew, true);
-    QtAbstractWindow2::doSetWindowFlags(flags);
+    QtAbstractWindow2::doSetWindowFlags(flags | WindowFlagDialog);
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -149,19 +164,12 @@ int QtAbstractDialog2::doExec()
         return VXAbstractDialog2::Rejected;
     const QPointer<QWidget> self(asQWidget());
     hideUnlessShownAs(Qt::ApplicationModal);
-    Execution execution;
-    m_execution = &execution;
+    if (!self || m_execution)
+        return VXAbstractDialog2::Rejected;
+    Execution execution(*this);
     showAs(Qt::ApplicationModal);
     if (!execution.m_isOver)
         execution.m_loop.exec(QEventLoop::DialogExec);
-    if (!self)
-        return execution.m_result;
-    if (isDeletionScheduled()) {
-        asQDialog()->hide(); // it would block the other windows until it is deleted
-    } else if (m_execution == &execution) {
-        m_execution = nullptr; // the program quits, and all its loops have ended
-        doHide();
-    }
     return execution.m_result;
 }
 

@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -34,7 +35,12 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isModified, &P::doIsModified>(),
     TROV::row<&E::close, &P::doClose>(),
     TROV::row<&E::saveWindowGeometry, &P::doSaveWindowGeometry>(),
-    TROV::row<&E::restoreWindowGeometry, &P::doRestoreWindowGeometry>());
+    TROV::row<&E::restoreWindowGeometry, &P::doRestoreWindowGeometry>(),
+    TROV::row<&E::showMinimized, &P::doShowMinimized>(),
+    TROV::row<&E::showMaximized, &P::doShowMaximized>(),
+    TROV::row<&E::showFullScreen, &P::doShowFullScreen>(),
+    TROV::row<&E::showNormal, &P::doShowNormal>(),
+    TROV::row<&E::raiseNativeWindow, &P::doRaiseNativeWindow>());
 // clang-format on
 
 constexpr char GeometryKind[] = "voxi-geometry";
@@ -52,6 +58,12 @@ QtAbstractWindow2::QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow
       m_emitters(emitters)
 {
     bindRequests(emitters, s_requests);
+}
+
+void QtAbstractWindow2::doSetParent(VXObject* parent)
+{
+    // With its flags: without them it would become a part of the parent's surface.
+    changeParent(parent, asQWidget()->windowFlags());
 }
 
 void QtAbstractWindow2::doSetTitle(const std::string& title)
@@ -143,12 +155,56 @@ bool QtAbstractWindow2::doRestoreWindowGeometry(const std::string& geometry)
     return restored;
 }
 
+void QtAbstractWindow2::doShowMinimized()
+{
+    // What is maximised will be again.
+    showInState((doGetWindowState() & WindowState::Maximized) | WindowState::Minimized);
+}
+
+void QtAbstractWindow2::doShowMaximized()
+{
+    showInState(WindowState::Maximized);
+}
+
+void QtAbstractWindow2::doShowFullScreen()
+{
+    showInState(WindowState::FullScreen);
+}
+
+void QtAbstractWindow2::doShowNormal()
+{
+    showInState(WindowState::Normal);
+}
+
+bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
+{
+    const QWidget* const widget = asQWidget();
+    // Not `winId`, which would make a native window of what is a part of another one.
+    if (nativeWindow == 0 || widget->internalWinId() != nativeWindow || !widget->isVisible())
+        return false;
+    const QPointer<const QWidget> self(widget);
+    if (widget->isMinimized())
+        doSetWindowState(doGetWindowState() & ~VXFlags(WindowState::Minimized));
+    if (self && !isDeletionScheduled())
+        doSetActiveWindow();
+    return true;
+}
+
 void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
 {
     if (isSavedText(GeometryKind, geometry))
         doRestoreWindowGeometry(geometry);
     else
         changeState([&] { QtWidget2::doRestoreGeometry(geometry); });
+}
+
+/// Shows the window in a state. Each step may run handlers that end it.
+void QtAbstractWindow2::showInState(VXFlags<WindowState> state)
+{
+    const QPointer<QWidget> self(asQWidget());
+    doSetWindowState(state);
+    if (self && !isDeletionScheduled())
+        doShow();
 }
 
 // Reports -----------------------------------------------------------------------------------------
@@ -164,8 +220,11 @@ void QtAbstractWindow2::passStateChange(const QEvent& event)
 template <class Function>
 void QtAbstractWindow2::changeState(Function&& change)
 {
+    const QPointer<QWidget> self(asQWidget());
     ++m_settling;
     change();
+    if (!self)
+        return;
     m_knownState = shownState(*asQWidget());
     QTimer::singleShot(StateSettles, asQObject(), [this] {
         if (--m_settling == 0)

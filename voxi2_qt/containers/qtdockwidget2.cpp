@@ -1,8 +1,8 @@
 #include "voxi2_qt/containers/qtdockwidget2.h"
 
 #include "../kernel/qtaccessiblename.h"
+#include "../kernel/qttakeout.h"
 #include "qtdocktitle.h"
-#include "qttakeout.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -10,7 +10,6 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMainWindow>
-#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -81,14 +80,37 @@ QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitt
 
 void QtDockWidget2::scheduleDelete()
 {
+    const QPointer<QWidget> self(this);
     QtContainer2::scheduleDelete();
-    endDrag();
+    if (self)
+        endDrag();
 }
 
 void QtDockWidget2::endDrag()
 {
     QCloseEvent event; // nothing is closed, but Qt gives up the drag
     closeEvent(&event);
+}
+
+void QtDockWidget2::undock()
+{
+    if (!isDocked())
+        return;
+    const bool isShown = !isHidden();
+    endDrag();
+    setFloating(false); // or it would come back as a window
+    static_cast<QMainWindow*>(parentWidget())->removeDockWidget(this);
+    if (isShown)
+        keepHidden(this, parentWidget()); // Qt has hidden it, not the program
+}
+
+void QtDockWidget2::leave()
+{
+    const ProgramScope scope(parentWidget());
+    const QtEventBlocker blocker(*this,
+                                 {WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
+    undock();
+    QtContainer2::leave();
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -251,8 +273,12 @@ bool QtDockWidget2::event(QEvent* event)
     case QEvent::Show:
     case QEvent::Hide: {
         // Qt's signal then is about the window as well, which may just be coming or going.
-        const QScopedValueRollback comesOrGoes(m_comesOrGoes, true);
-        return QtWidget2Shim::event(event);
+        const QtDeletionHold hold(this);
+        const bool before = std::exchange(m_comesOrGoes, true);
+        const bool done = QtWidget2Shim::event(event);
+        if (hold.isAlive())
+            m_comesOrGoes = before;
+        return done;
     }
     case QEvent::ShowToParent:
     case QEvent::HideToParent:

@@ -1,12 +1,15 @@
 #include "voxi2_qt/containers/qtfiledialog2.h"
 
+#include "voxi2/kernel/translation.h"
 #include "voxi2_qt/kernel/qttext.h"
 
+#include <QAbstractButton>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
 
 #include <algorithm>
+#include <utility>
 
 namespace VOXI {
 
@@ -30,7 +33,8 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getSelectedFilter, &P::doGetSelectedFilter>(),
     TROV::row<&E::getDefaultSuffix, &P::doGetDefaultSuffix>(),
     TROV::row<&E::confirmsOverwrite, &P::doConfirmsOverwrite>(),
-    TROV::row<&E::getSelectedFiles, &P::doGetSelectedFiles>());
+    TROV::row<&E::getSelectedFiles, &P::doGetSelectedFiles>(),
+    TROV::row<&E::setLabel, &P::doSetLabel>());
 // clang-format on
 
 /// A pattern as it may stand between the brackets of Qt's filters, where few characters can: what
@@ -59,6 +63,39 @@ QString toQtFilter(const FileFilter& filter)
     if (patterns.isEmpty())
         patterns.append(QStringLiteral("*"));
     return toQString(filter.name) + QStringLiteral(" (") + patterns.join(u' ') + u')';
+}
+
+QString inUsersLanguage(const char* english)
+{
+    return toQString(translated(english));
+}
+
+struct Label
+{
+    FileDialogLabel m_label;
+    QFileDialog::DialogLabel m_qtLabel;
+    const char* m_english;
+};
+
+constexpr Label s_labels[] = {
+    {FileDialogLabel::Directory, QFileDialog::LookIn, "Look in:"},
+    {FileDialogLabel::FileName, QFileDialog::FileName, "File &name:"},
+    {FileDialogLabel::Filter, QFileDialog::FileType, "Files of type:"},
+    {FileDialogLabel::Accept, QFileDialog::Accept, "&Open"},
+    {FileDialogLabel::Cancel, QFileDialog::Reject, "Cancel"},
+};
+
+/// What Qt says by itself.
+const char* englishOf(const Label& label, FileDialogMode mode)
+{
+    const bool isDirectory = mode == FileDialogMode::Directory;
+    if (label.m_label == FileDialogLabel::FileName && isDirectory)
+        return "Directory:";
+    if (label.m_label == FileDialogLabel::Accept && isDirectory)
+        return "&Choose";
+    if (label.m_label == FileDialogLabel::Accept && mode == FileDialogMode::SaveFile)
+        return "&Save";
+    return label.m_english;
 }
 
 } // namespace
@@ -97,6 +134,7 @@ void QtFileDialog2::doSetMode(FileDialogMode mode)
         setFileMode(mode == FileDialogMode::OpenFiles ? ExistingFiles : ExistingFile);
     setOption(ShowDirsOnly, directory);
     applySuffix();
+    applyLabels(); // Qt has made its buttons anew
 }
 
 void QtFileDialog2::doSetDirectory(const Path& directory)
@@ -110,10 +148,15 @@ void QtFileDialog2::doSetFilters(const std::vector<FileFilter>& filters)
 {
     m_filters = filters;
     QStringList names;
-    for (const FileFilter& filter : filters)
-        names.append(toQtFilter(filter));
+    for (const FileFilter& filter : filters) {
+        // Qt knows filters by what they read. A space without a width makes another of one.
+        QString name = toQtFilter(filter);
+        while (names.contains(name))
+            name.prepend(QChar(0x200b));
+        names.append(name);
+    }
     if (names.isEmpty())
-        names.append(tr("All files (*)"));
+        names.append(inUsersLanguage("All files") + QStringLiteral(" (*)"));
     setNameFilters(names);
 }
 
@@ -187,6 +230,12 @@ std::vector<QtFileDialog2::Path> QtFileDialog2::doGetSelectedFiles()
     return files;
 }
 
+void QtFileDialog2::doSetLabel(FileDialogLabel label, const std::wstring& text)
+{
+    m_labels[label] = toQString(text);
+    applyLabels();
+}
+
 // The end -----------------------------------------------------------------------------------------
 
 /// Where the user types.
@@ -199,6 +248,20 @@ void QtFileDialog2::applySuffix()
 {
     // Qt would give it to directories, too.
     setDefaultSuffix(m_mode == FileDialogMode::SaveFile ? m_suffix : QString());
+}
+
+void QtFileDialog2::applyLabels()
+{
+    for (const Label& each : s_labels) {
+        const char* const english = englishOf(each, m_mode);
+        QString text = toQString(translationOf(english));
+        if (const auto own = m_labels.find(each.m_label); own != m_labels.end())
+            text = !own->second.isEmpty() ? own->second
+                   : text.isEmpty()       ? QFileDialog::tr(english)
+                                          : text;
+        if (!text.isEmpty())
+            setLabelText(each.m_qtLabel, text);
+    }
 }
 
 /// Whether the user has typed the name of a directory; then the dialog goes there. Qt would see a
@@ -244,14 +307,15 @@ void QtFileDialog2::accept()
     if (m_question || enterTypedDirectory())
         return;
     if (const QString missing = missingFile(); !missing.isNull()) {
-        ask(QMessageBox::Ok, tr("%1 does not exist.\nPlease check the name.").arg(missing));
+        ask(QMessageBox::Ok,
+            inUsersLanguage("%1 does not exist.\nPlease check the name.").arg(missing));
         return;
     }
     if (m_mode == FileDialogMode::SaveFile && m_confirmOverwrite) {
         const QStringList files = chosenFiles();
         if (!files.isEmpty() && QFileInfo::exists(files.first())) {
             ask(QMessageBox::Yes | QMessageBox::No,
-                tr("%1 exists already.\nDo you want to replace it?")
+                inUsersLanguage("%1 exists already.\nDo you want to replace it?")
                     .arg(QFileInfo(files.first()).fileName()));
             return;
         }
@@ -263,6 +327,13 @@ void QtFileDialog2::ask(QMessageBox::StandardButtons buttons, const QString& tex
 {
     m_question = new QMessageBox(QMessageBox::Warning, windowTitle(), text, buttons, this);
     m_question->setTextFormat(Qt::PlainText);
+    for (const auto& [button, english] : {std::pair(QMessageBox::Ok, "&OK"),
+                                          {QMessageBox::Yes, "&Yes"},
+                                          {QMessageBox::No, "&No"}}) {
+        const std::wstring label = translationOf(english);
+        if (QAbstractButton* const shown = m_question->button(button); shown && !label.empty())
+            shown->setText(toQString(label));
+    }
     m_question->setAttribute(Qt::WA_DeleteOnClose);
     if (buttons.testFlag(QMessageBox::No))
         m_question->setDefaultButton(QMessageBox::No);
@@ -298,7 +369,8 @@ void QtFileDialog2::deferDelete()
     bool isRunning = false;
     for (QWidget* each : findChildren<QWidget*>()) {
         const bool mayRun = qobject_cast<QMenu*>(each) || qobject_cast<QDialog*>(each);
-        if (!mayRun || !each->isVisible() || each == m_question)
+        // Dialogs and menus of the program's own go with this one.
+        if (!mayRun || !each->isVisible() || each == m_question || peerOf(each))
             continue;
         isRunning = true;
         connect(each, &QObject::destroyed, this, &QObject::deleteLater);

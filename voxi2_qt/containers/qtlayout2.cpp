@@ -1,6 +1,6 @@
 #include "voxi2_qt/containers/qtlayout2.h"
 
-#include "qttakeout.h"
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QEvent>
@@ -28,7 +28,8 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setSpacing, &P::doSetSpacing>(),
     TROV::row<&E::isEnabled, &P::doIsEnabled>(),
     TROV::row<&E::getMargins, &P::doGetMargins>(),
-    TROV::row<&E::getSpacing, &P::doGetSpacing>());
+    TROV::row<&E::getSpacing, &P::doGetSpacing>(),
+    TROV::row<&E::refuses, &P::doRefuses>());
 // clang-format on
 
 /// Whether none of the layout's widgets is, or holds, the one that the layout shall fill.
@@ -101,9 +102,9 @@ QLayout* QtLayout2::asQLayout(GuiObject* peer)
 
 void QtLayout2::doSetParent(VXObject* widget)
 {
+    if (doRefuses(widget))
+        return;
     withWidgetOf(widget, [this](QWidget* target) {
-        if (!target || !canLieIn(*layout(), *target))
-            return;
         if (!target->layout()) {
             for (int i = 0; i < layout()->count(); ++i) {
                 if (QWidget* child = layout()->itemAt(i)->widget())
@@ -113,6 +114,16 @@ void QtLayout2::doSetParent(VXObject* widget)
         }
         doRefresh();
     });
+}
+
+bool QtLayout2::doRefuses(VXObject* widget)
+{
+    bool refuses = true;
+    withWidgetOf(widget, [&](QWidget* target) {
+        const QLayout* const present = target ? target->layout() : nullptr;
+        refuses = !target || (present && present != layout()) || !canLieIn(*layout(), *target);
+    });
+    return refuses;
 }
 
 bool QtLayout2::prepareFor(QWidget* child)
@@ -191,7 +202,7 @@ VXRect<int> QtLayout2::doGetMargins()
 
 void QtLayout2::doSetSpacing(int spacing)
 {
-    layout()->setSpacing(spacing);
+    layout()->setSpacing(bounded(spacing));
 }
 
 int QtLayout2::doGetSpacing()

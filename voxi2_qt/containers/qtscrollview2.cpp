@@ -1,6 +1,6 @@
 #include "voxi2_qt/containers/qtscrollview2.h"
 
-#include "qttakeout.h"
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 
-#include "qttakeout.h"
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -105,7 +105,7 @@ bool QtSplitter2::doIsCollapsible(VXWidget2* widget)
 
 void QtSplitter2::doSetHandleWidth(int width)
 {
-    setHandleWidth(width);
+    setHandleWidth(bounded(width));
 }
 
 int QtSplitter2::doGetHandleWidth()

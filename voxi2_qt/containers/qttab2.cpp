@@ -1,11 +1,12 @@
 #include "voxi2_qt/containers/qttab2.h"
 
-#include "qttakeout.h"
 #include "voxi2_qt/containers/qttabcontainer2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QTabBar>
+
+#include <optional>
 
 namespace VOXI {
 
@@ -210,11 +211,10 @@ void QtTab2::decorate(QTabBar& bar, int index) const
 
 void QtTab2::leave()
 {
-    QtTabContainer2* holder = container();
-    if (!holder)
-        return;
-    const QtEventBlocker focus(*holder, {WidgetEvent::FocusIn});
-    keepHidden(this, nullptr);
+    std::optional<QtEventBlocker> focus;
+    if (QtTabContainer2* holder = container())
+        focus.emplace(*holder, std::initializer_list<WidgetEvent>{WidgetEvent::FocusIn});
+    QtContainer2::leave();
 }
 
 QtTabContainer2* QtTab2::container() const

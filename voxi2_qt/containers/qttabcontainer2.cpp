@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qttabcontainer2.h"
 
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qttab2.h"
 #include "voxi2_qt/containers/qttabbar.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -37,18 +38,6 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setScrollButtons, &P::doSetScrollButtons>(),
     TROV::row<&E::hasScrollButtons, &P::doHasScrollButtons>());
 // clang-format on
-
-/// Whether the tab goes when the owner does. One that is gone already has nobody to go on for.
-bool isOwnedBy(const QtTab2& page, const VXObject2* owner)
-{
-    if (!page.isVXObjectValid())
-        return true;
-    for (const VXObject2* at = page.abstractTab(); at; at = at->parent()) {
-        if (at == owner)
-            return true;
-    }
-    return false;
-}
 
 } // namespace
 
@@ -92,17 +81,9 @@ QtTabContainer2::QtTabContainer2(VXTabContainer2* object, VXTabContainer2Emitter
     connect(this, &QTabWidget::tabBarDoubleClicked, this, &QtTabContainer2::slotTabDoubleClicked);
 }
 
-void QtTabContainer2::scheduleDelete()
+QtTabContainer2::~QtTabContainer2()
 {
-    if (!isGoing()) {
-        VXObjectDataLocker lock;
-        for (int i = count(); --i >= 0;) {
-            QtTab2* page = pageAt(i);
-            if (page && !isOwnedBy(*page, abstractObject<VXTabContainer2>()))
-                page->leave();
-        }
-    }
-    QtWidget2::scheduleDelete();
+    endPeer(); // its slots are called when a page leaves
 }
 
 std::vector<VXObject*> QtTabContainer2::doGetChildren(bool recursive)
@@ -129,12 +110,12 @@ void QtTabContainer2::doInsertTab(VXTab2* tab, int index)
 void QtTabContainer2::insertPage(QtTab2& page, int index)
 {
     const Quiet quiet(*this);
-    const QtEventBlocker pageEvents(page, {WidgetEvent::Show, WidgetEvent::Hide});
     if (const int present = indexOf(&page); present >= 0) {
         movePage(present, index);
         return;
     }
     page.leave();
+    const PageBlocker blocker(&page);
     const int place = insertTab(index, &page, VX2Qt(page.icon()), page.text());
     page.decorate(*tabBar(), place);
 }
@@ -144,8 +125,7 @@ void QtTabContainer2::movePage(int from, int index)
     const int last = count() - 1;
     const int to = index < 0 || index > last ? last : index;
     // Qt takes the page out and puts it in again, and shows the neighbour meanwhile.
-    const QtEventBlocker neighbourEvents(widget(from < last ? from + 1 : from - 1),
-                                         {WidgetEvent::Show, WidgetEvent::Hide});
+    const PageBlocker blocker(widget(from));
     tabBar()->moveTab(from, to);
 }
 
@@ -160,13 +140,14 @@ void QtTabContainer2::doRemoveTab(VXTab2* tab)
 void QtTabContainer2::setPageVisible(QtTab2& page, bool visible)
 {
     const Quiet quiet(*this);
-    const QtEventBlocker pageEvents(page, {WidgetEvent::Show, WidgetEvent::Hide});
+    const PageBlocker blocker(&page);
     setTabVisible(indexOf(&page), visible);
 }
 
 void QtTabContainer2::setPageChoosable(QtTab2& page, bool choosable)
 {
     const Quiet quiet(*this);
+    const PageBlocker blocker(&page);
     // Not the container's function, which would disable the page as well.
     tabBar()->setTabEnabled(indexOf(&page), choosable);
 }
@@ -319,11 +300,6 @@ void QtTabContainer2::slotPageDragged(QWidget* page, int from, int to)
 }
 
 // Helpers -----------------------------------------------------------------------------------------
-
-QtTab2* QtTabContainer2::pageAt(int index) const
-{
-    return dynamic_cast<QtTab2*>(widget(index));
-}
 
 VXTab2* QtTabContainer2::tabOf(int index) const
 {

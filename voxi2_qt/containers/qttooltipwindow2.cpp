@@ -201,8 +201,11 @@ QSize QtToolTipWindow2::sizeHint() const
 
 bool QtToolTipWindow2::event(QEvent* event)
 {
+    if (event->type() != QEvent::LayoutRequest)
+        return QtWidget2Shim::event(event);
+    const QtDeletionHold hold(this); // what lies inside is moved, and that is told
     const bool done = QtWidget2Shim::event(event);
-    if (event->type() == QEvent::LayoutRequest)
+    if (hold.isAlive())
         refit();
     return done;
 }

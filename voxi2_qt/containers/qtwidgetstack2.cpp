@@ -1,6 +1,6 @@
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 
-#include "qttakeout.h"
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 namespace VOXI {
@@ -38,6 +38,7 @@ void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
         if (!child || isWithin(child, this))
             return;
         takeOut(child);
+        const QtEventBlocker shown(child, {WidgetEvent::Show}); // the first of all
         insertWidget(index, child);
     });
 }
@@ -60,7 +61,7 @@ void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && indexOf(child) >= 0)
-            takeOut(child);
+            keepHidden(child, this);
     });
 }
 

@@ -1,8 +1,9 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 
-#include "qttakeout.h"
+#include "../kernel/qttakeout.h"
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2/controls/vxtoolbar2.h"
+#include "voxi2_qt/containers/qtdockwidget2.h"
 #include "voxi2_qt/kernel/qtdocking.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
@@ -69,6 +70,7 @@ QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* pa
 QtWindow2::~QtWindow2()
 {
     endDrags();
+    endPeer(); // its slots are called when what it holds leaves
 }
 
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
@@ -83,6 +85,12 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
         }
         if (!child)
             return;
+        const QtEventBlocker blocker(child, {WidgetEvent::Show, WidgetEvent::Hide});
+        // Qt would hold a docked one as both.
+        if (auto* pane = dynamic_cast<QtDockWidget2*>(child))
+            pane->undock();
+        else if (auto* bar = qobject_cast<QToolBar*>(child))
+            undock(*bar);
         takeOutFor(this, child);
         setCentralWidget(child);
         // One that was replaced before would stay hidden if the window is.
@@ -144,15 +152,24 @@ void QtWindow2::doRemoveToolBar(VXToolBar2* bar)
 {
     withToolBarOf(bar, [&](QToolBar* widget) {
         const QtEventBlocker blocker(widget, {WidgetEvent::Hide});
-        if (toolBarArea(widget) != Qt::NoToolBarArea)
-            removeToolBar(widget);
+        undock(*widget);
     });
+}
+
+void QtWindow2::undock(QToolBar& bar)
+{
+    if (!isDocked(bar))
+        return;
+    const bool isShown = !bar.isHidden();
+    removeToolBar(&bar);
+    if (isShown)
+        keepHidden(&bar, this); // Qt has hidden it, not the program
 }
 
 void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
 {
     withToolBarOf(before, [&](QToolBar* widget) {
-        if (toolBarArea(widget) != Qt::NoToolBarArea)
+        if (isDocked(*widget))
             insertToolBarBreak(widget);
     });
 }

@@ -1,5 +1,7 @@
 // The part of QtWindow2 that is about dock widgets, and about saving where they and tool bars are.
 
+#include "../kernel/qtsavedstate.h"
+#include "../kernel/qttakeout.h"
 #include "qtsavedtext.h"
 #include "voxi2_qt/containers/qtdockwidget2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
@@ -26,20 +28,29 @@ constexpr std::initializer_list<WidgetEvent> PlacingEvents = {
 } // namespace
 
 /// Gives the docked tool bars and dock widgets different object names while Qt saves or restores
-/// their places, which it knows by these names.
+/// their places, which it knows by these names. Qt would also bring in what is not docked, be it
+/// removed or in the window as something else: while it restores, such get names other than
+/// `saved`.
 class QtWindow2::LayoutNames
 {
 public:
-    explicit LayoutNames(const QtWindow2& window)
+    explicit LayoutNames(QtWindow2& window, const QSet<QString>& saved = {})
     {
         name(window, window.m_dockedBars, QStringLiteral("tool bar %1"));
         name(window, window.m_dockedPanes, QStringLiteral("dock widget %1"));
+        for (QObject* child : window.children()) {
+            auto* const widget = qobject_cast<QWidget*>(child);
+            if (widget && isDockable(*widget) && !window.isDocked(*widget))
+                rename(widget, unused(saved));
+        }
     }
 
     ~LayoutNames()
     {
-        for (const auto& [widget, name] : m_renamed)
-            widget->setObjectName(name);
+        for (auto renamed = m_renamed.rbegin(); renamed != m_renamed.rend(); ++renamed) {
+            if (renamed->first)
+                renamed->first->setObjectName(renamed->second);
+        }
     }
 
     LayoutNames(const LayoutNames&) = delete;
@@ -56,15 +67,35 @@ private:
             QString unique = own;
             if (own.isEmpty() || m_names.contains(own)) {
                 unique = pattern.arg(i + 1) + own;
-                widget->setObjectName(unique);
-                m_renamed.emplace_back(widget, own);
+                rename(widget, unique);
             }
             m_names.insert(unique);
         }
     }
 
+    void rename(QWidget* widget, const QString& name)
+    {
+        m_renamed.emplace_back(widget, widget->objectName());
+        widget->setObjectName(name);
+    }
+
+    QString unused(const QSet<QString>& saved)
+    {
+        QString name;
+        do {
+            name = QStringLiteral("not docked %1").arg(++m_lastUnused);
+        } while (saved.contains(name) || m_names.contains(name));
+        return name;
+    }
+
+    static bool isDockable(const QWidget& widget)
+    {
+        return qobject_cast<const QDockWidget*>(&widget) || qobject_cast<const QToolBar*>(&widget);
+    }
+
     QSet<QString> m_names;
-    std::vector<std::pair<QWidget*, QString>> m_renamed;
+    int m_lastUnused = 0;
+    std::vector<std::pair<QPointer<QWidget>, QString>> m_renamed; // some of them twice
 };
 
 void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
@@ -80,13 +111,11 @@ void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
 void QtWindow2::doRemoveDockWidget(VXDockWidget2* dock)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {
-        if (dockWidgetArea(&peer) == Qt::NoDockWidgetArea)
+        if (!isDocked(peer))
             return;
         const QtDockWidget2::ProgramScope scope(this);
         const QtEventBlocker blocker(peer, PlacingEvents);
-        peer.endDrag();
-        peer.setFloating(false); // or it would come back as a window
-        removeDockWidget(&peer);
+        peer.undock();
     });
 }
 
@@ -115,7 +144,7 @@ void QtWindow2::doSplitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
 void QtWindow2::doRaiseDockWidget(VXDockWidget2* dock)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {
-        if (dockWidgetArea(&peer) == Qt::NoDockWidgetArea)
+        if (!isDocked(peer))
             return;
         const QtDockWidget2::ProgramScope scope(this);
         const QtEventBlocker blocker(peer, PlacingEvents);
@@ -133,7 +162,8 @@ std::string QtWindow2::doSaveLayout()
 bool QtWindow2::doRestoreLayout(const std::string& layout)
 {
     const auto bytes = fromSavedText(LayoutKind, layout);
-    if (!bytes)
+    const auto names = bytes ? namesInSavedLayout(*bytes) : std::nullopt;
+    if (!names)
         return false;
     const QtDockWidget2::ProgramScope scope(this);
     std::list<QtEventBlocker> blockers;
@@ -142,7 +172,7 @@ bool QtWindow2::doRestoreLayout(const std::string& layout)
             blockers.emplace_back(widget, PlacingEvents);
     }
     endDrags();
-    const LayoutNames names(*this);
+    const LayoutNames namesForQt(*this, *names);
     return restoreState(*bytes);
 }
 
@@ -162,7 +192,7 @@ template <class Function>
 void QtWindow2::dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function)
 {
     withDockOf(first, [&](QtDockWidget2& place) {
-        if (first == second || dockWidgetArea(&place) == Qt::NoDockWidgetArea)
+        if (first == second || !isDocked(place))
             return;
         withDockOf(second, [&](QtDockWidget2& newcomer) {
             placeDock(newcomer, [&] { function(place, newcomer); });
@@ -177,14 +207,21 @@ void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
     const QtDockWidget2::ProgramScope scope(this);
     const QtEventBlocker blocker(dock, PlacingEvents);
     dock.endDrag();
-    auto* former = qobject_cast<QMainWindow*>(dock.parentWidget());
-    if (former && former->dockWidgetArea(&dock) != Qt::NoDockWidgetArea) {
-        dock.setFloating(false);
-        former->removeDockWidget(&dock);
-    }
+    dock.undock();
+    endAside(&dock, false);
     function();
     dock.show();
     remember(m_dockedPanes, &dock);
+}
+
+bool QtWindow2::isDocked(const QWidget& widget) const
+{
+    // Qt only compares.
+    auto* const candidate = const_cast<QWidget*>(&widget);
+    if (auto* pane = qobject_cast<QDockWidget*>(candidate))
+        return dockWidgetArea(pane) != Qt::NoDockWidgetArea;
+    auto* const bar = qobject_cast<QToolBar*>(candidate);
+    return bar && toolBarArea(bar) != Qt::NoToolBarArea;
 }
 
 void QtWindow2::endDrags()
@@ -199,7 +236,13 @@ void QtWindow2::endDrags()
 
 void QtWindow2::remember(Docked& docked, QWidget* widget)
 {
-    if (std::find(docked.begin(), docked.end(), widget) == docked.end())
+    if (std::find(docked.begin(), docked.end(), widget) != docked.end())
+        return;
+    // The place of one that has gone, or those that come and go would add up.
+    const auto free = std::find(docked.begin(), docked.end(), nullptr);
+    if (free != docked.end())
+        *free = widget;
+    else
         docked.emplace_back(widget);
 }
 

@@ -1,6 +1,6 @@
 // The part of QtWindow2 that is about the status bar.
 
-#include "qttakeout.h"
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 

@@ -1,10 +1,13 @@
 #include "voxi2_qt/controls/qtabstractbutton2.h"
 
+#include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 
 #include <QAbstractButton>
 #include <QIcon>
+
+#include <list>
 
 namespace VOXI {
 
@@ -26,8 +29,8 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isExclusive, &P::doIsExclusive>(),
     TROV::row<&E::getIcon, &P::doGetIcon>(),
     TROV::row<&E::getLabel, &P::doGetLabel>(),
-    TROV::row<&E::click, &P::doimClick>(),
-    TROV::row<&E::toggle, &P::doimToggle>(),
+    asUserRow<&E::click, &P::doimClick>(),
+    asUserRow<&E::toggle, &P::doimToggle>(),
     TROV::row<&E::getLabelU, &P::doGetLabelU>(),
     TROV::row<&E::setIconSize, &P::doSetIconSize>(),
     TROV::row<&E::getIconSize, &P::doGetIconSize>());
@@ -54,8 +57,7 @@ void QtAbstractButton2::doSetCheckable(bool checkable)
 
 void QtAbstractButton2::doSetChecked(bool checked)
 {
-    const QtSignalBlocker blocker(button());
-    button()->setChecked(checked);
+    quietly([&] { button()->setChecked(checked); });
 }
 
 void QtAbstractButton2::doSetExclusive(bool exclusive)
@@ -121,7 +123,7 @@ std::wstring QtAbstractButton2::doGetLabelU()
 
 void QtAbstractButton2::doSetIconSize(Size<int> size)
 {
-    button()->setIconSize(VX2Qt(size));
+    button()->setIconSize(toQIconSize(size));
 }
 
 Size<int> QtAbstractButton2::doGetIconSize()
@@ -133,6 +135,21 @@ void QtAbstractButton2::connectSignals()
 {
     QObject::connect(button(), SIGNAL(clicked()), button(), SLOT(slotClicked()));
     QObject::connect(button(), SIGNAL(toggled(bool)), button(), SLOT(slotToggled(bool)));
+}
+
+void QtAbstractButton2::quietly(const std::function<void()>& change)
+{
+    std::list<QtSignalBlocker> blockers;
+    blockers.emplace_back(button());
+    const QWidget* parent = button()->parentWidget();
+    if (parent && button()->autoExclusive()) {
+        // Qt looks for them in the same way, deep down.
+        for (QAbstractButton* other : parent->findChildren<QAbstractButton*>()) {
+            if (other != button() && other->autoExclusive() && other->isChecked() && peerOf(other))
+                blockers.emplace_back(other);
+        }
+    }
+    change();
 }
 
 void QtAbstractButton2::reportClick()

@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace VOXI {
 
@@ -42,6 +43,27 @@ const auto s_requests = TROV::operations<E>(
 /// menu would not hold the mouse and the keyboard.
 constexpr QSize OnePixel(1, 1);
 
+/// Qt adds sizes to the coordinates, so they stay as far from the largest number as its sizes do.
+int wholePixels(double coordinate)
+{
+    constexpr double Limit = QWIDGETSIZE_MAX;
+    return std::isnan(coordinate) ? 0 : static_cast<int>(std::clamp(coordinate, -Limit, Limit));
+}
+
+/// Whether `inner` is `outer` or an entry opens it from there, at whatever depth.
+bool holds(const QMenu* outer, const QMenu* inner)
+{
+    QList<const QMenu*> holders{inner};
+    for (qsizetype i = 0; i < holders.size() && !holders.contains(outer); ++i) {
+        for (const QObject* holder : holders[i]->menuAction()->associatedObjects()) {
+            const auto* menu = qobject_cast<const QMenu*>(holder);
+            if (menu && !holders.contains(menu))
+                holders.append(menu);
+        }
+    }
+    return holders.contains(outer);
+}
+
 } // namespace
 
 QtMenu2::QtMenu2(VXMenu2* object, VXMenu2Emitters* emitters, QWidget* parent)
@@ -71,6 +93,44 @@ void QtMenu2::doSetParent(VXObject* parent)
         return;
     }
     withWidgetOf(parent, [this](QWidget* widget) { setParent(widget, windowFlags()); });
+}
+
+template <class Function>
+void QtMenu2::changeLimits(Function&& change)
+{
+    if (!m_isShrunk) {
+        change();
+        return;
+    }
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    restoreSize();
+    change();
+    shrink();
+}
+
+void QtMenu2::doSetMaximumSize(Size<int> size)
+{
+    changeLimits([&] { QtWidget2::doSetMaximumSize(size); });
+}
+
+void QtMenu2::doSetMinimumSize(Size<int> size)
+{
+    changeLimits([&] { QtWidget2::doSetMinimumSize(size); });
+}
+
+void QtMenu2::doSetFixedSize(Size<int> size)
+{
+    changeLimits([&] { QtWidget2::doSetFixedSize(size); });
+}
+
+Size<int> QtMenu2::doGetMaximumSize()
+{
+    return m_isShrunk ? Qt2VX(m_savedMaximumSize) : QtWidget2::doGetMaximumSize();
+}
+
+Size<int> QtMenu2::doGetMinimumSize()
+{
+    return m_isShrunk ? Qt2VX(m_savedMinimumSize) : QtWidget2::doGetMinimumSize();
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -108,20 +168,20 @@ void QtMenu2::doDigAccessFailed()
     restoreSize();
     if (m_isAboutToShow) {
         QTimer::singleShot(0, this, [this] {
-            if (m_digAccessPending)
-                return;
-            hide();
-            setUpdatesEnabled(true);
+            if (!m_digAccessPending)
+                closeQuietly();
         });
         return;
     }
-    hide();
-    setUpdatesEnabled(true);
+    closeQuietly();
 }
 
 void QtMenu2::doSetIsDigMenu(bool isDigMenu)
 {
     m_isDigMenu = isDigMenu;
+    // An opening that nobody heard of is not answered either.
+    if (!isDigMenu && m_isShrunk && !m_digAccessPending)
+        popupDigMenu(nullptr);
 }
 
 void QtMenu2::doAddMenuItem(VXAction2* action)
@@ -147,7 +207,7 @@ void QtMenu2::doPopup(double x, double y)
     const QtEventBlocker blocker(*this, {WidgetEvent::Show, WidgetEvent::Hide});
     if (isVisible())
         hide();
-    popup(QPoint(static_cast<int>(x), static_cast<int>(y)));
+    popup(QPoint(wholePixels(x), wholePixels(y)));
 }
 
 void QtMenu2::doSetActionEnabled(bool enabled)
@@ -201,7 +261,8 @@ int QtMenu2::doCount()
 void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu)
 {
     withPeerOf<QtMenu2>(menu, [&](QtMenu2* peer) {
-        if (!peer || peer == this)
+        // Qt follows the entries down, and would not come to an end.
+        if (!peer || holds(peer, this))
             return;
         peer->setTitle(title);
         addMenu(peer);
@@ -247,18 +308,14 @@ void QtMenu2::slotAboutToHide()
     releaseFreeze();
 }
 
-bool QtMenu2::isShrunk() const
-{
-    return maximumSize() == OnePixel;
-}
-
 void QtMenu2::shrink()
 {
     // A menu that is still waiting keeps the limits that it had before.
-    if (!isShrunk()) {
+    if (maximumSize() != OnePixel) {
         m_savedMaximumSize = maximumSize();
         m_savedMinimumSize = minimumSize();
     }
+    m_isShrunk = true;
     setMinimumSize(OnePixel);
     setMaximumSize(OnePixel);
     setUpdatesEnabled(false);
@@ -266,6 +323,8 @@ void QtMenu2::shrink()
 
 void QtMenu2::restoreSize()
 {
+    if (!std::exchange(m_isShrunk, false))
+        return;
     setMaximumSize(m_savedMaximumSize);
     setMinimumSize(m_savedMinimumSize);
 }
@@ -273,7 +332,14 @@ void QtMenu2::restoreSize()
 QSize QtMenu2::sizeHint() const
 {
     // Qt asks for each item that is added to a visible menu, and measures all of them to answer.
-    return isShrunk() ? OnePixel : QMenu::sizeHint();
+    return m_isShrunk ? OnePixel : QMenu::sizeHint();
+}
+
+void QtMenu2::closeQuietly()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
+    hide();
+    setUpdatesEnabled(true);
 }
 
 void QtMenu2::popupDigMenu(QtMenu2* parent)
@@ -283,12 +349,21 @@ void QtMenu2::popupDigMenu(QtMenu2* parent)
         setUpdatesEnabled(true);
         return;
     }
+    // It did not open from a menu that is not there.
+    if (parent && !parent->isVisible())
+        parent = nullptr;
+    // The user has gone on to another entry; Qt leaves the menu of the one before open for a
+    // second.
+    if (parent && parent->activeAction() != menuAction()) {
+        closeQuietly();
+        return;
+    }
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
     // The whole screen, also what task bars cover.
     const QRect area = (parent ? parent->screen() : screen())->geometry();
     // Thousands of entries stand in columns; those beyond the screen would all be painted, though
     // nobody can reach them.
-    const QSize hint = sizeHint();
+    const QSize hint = sizeHint().expandedTo(minimumSize()).boundedTo(maximumSize());
     const QSize size(std::min(hint.width(), area.width()), hint.height());
     const QPoint wanted = parent ? placeBeside(*parent, size) : mapToGlobal(QPoint(0, 0));
     setGeometry(QRect(keepOnScreen(wanted, size, area), size));
@@ -323,7 +398,6 @@ QPoint QtMenu2::placeBeside(const QtMenu2& parent, QSize size) const
 QPoint QtMenu2::keepOnScreen(QPoint position, QSize size, const QRect& area) const
 {
     const auto rightOf = [&] { return position.x() + size.width() - 1; };
-    const auto bottomOf = [&] { return position.y() + size.height() - 1; };
     const int rightmost = area.right() - size.width() + 1;
     const int lowest = area.bottom() - size.height() + 1;
     if (isLeftToRight()) {
@@ -336,13 +410,9 @@ QPoint QtMenu2::keepOnScreen(QPoint position, QSize size, const QRect& area) con
         if (rightOf() > area.right())
             position.setX(std::max(position.x() - size.width(), rightmost));
     }
-    if (bottomOf() > area.bottom())
-        position.setY(std::max({position.y() - size.height(), lowest, area.top()}));
-    else if (position.y() < area.top())
-        position.setY(area.top());
-    // Taller than the screen: the end is what can be reached.
-    if (bottomOf() > area.bottom())
-        position.setY(lowest);
+    position.setY(std::max(position.y(), area.top()));
+    // Last: of a menu taller than the screen the end is what can be reached.
+    position.setY(std::min(position.y(), lowest));
     return position;
 }
 

@@ -1,6 +1,8 @@
 #include "voxi2_qt/controls/qttoolbar2.h"
 
+#include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtaction2.h"
+#include "voxi2_qt/kernel/qtbaritem.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
@@ -42,14 +44,6 @@ const auto s_requests = TROV::operations<E>(
 
 constexpr std::chrono::milliseconds LayoutFixDelay(10);
 
-void takeFromAllBars(QAction& action)
-{
-    for (QObject* holder : action.associatedObjects()) {
-        if (auto* bar = qobject_cast<QToolBar*>(holder))
-            bar->removeAction(&action);
-    }
-}
-
 } // namespace
 
 // The inner bar -----------------------------------------------------------------------------------
@@ -83,19 +77,15 @@ void QtToolBar2::doAddAction(VXAction2* action)
 void QtToolBar2::doAddWidget(VXWidget2* widget)
 {
     withPeerOf<QtWidget2>(widget, [this](QtWidget2* peer) {
-        if (!peer || peer->asQWidget() == this)
+        // What holds the bar cannot lie in it.
+        if (!peer || isWithin(peer->asQWidget(), this))
             return;
-        // Each widget action deletes its widget in the end, so there must be no second one.
-        if (QAction* known = peer->getWidgetAction()) {
-            takeFromAllBars(*known);
-            known->setParent(this);
-            barForNextItem().addAction(known);
-        } else {
-            QToolBar& bar = barForNextItem();
-            QAction* action = bar.addWidget(peer->asQWidget());
-            action->setParent(this);
-            peer->addWidgetAction(action);
-        }
+        const QtEventBlocker blocker(
+            *peer, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
+        takeOut(peer->asQWidget());
+        auto* item = new QtBarItem(*peer);
+        barForNextItem().addAction(item);
+        item->settle();
     });
 }
 
@@ -136,6 +126,9 @@ void QtToolBar2::doSetMinimumVisibleItems(int count)
     m_innerToolBar->setIconSize(iconSize());
     m_innerToolBar->setToolButtonStyle(toolButtonStyle());
     QObject::connect(this, &QToolBar::iconSizeChanged, this, &QtToolBar2::onIconSizeChanged);
+    // A window turns the bar when it is docked at another side.
+    QObject::connect(this, &QToolBar::orientationChanged, m_innerToolBar,
+                     &QToolBar::setOrientation);
     m_minimumVisibleItems = count;
 }
 
@@ -173,15 +166,19 @@ void QtToolBar2::doRemoveAction(VXAction2* action)
 void QtToolBar2::doRemoveWidget(VXWidget2* widget)
 {
     withPeerOf<QtWidget2>(widget, [this](QtWidget2* peer) {
-        QAction* action = peer ? peer->getWidgetAction() : nullptr;
-        if (action && action->parent() == this)
-            takeFromAllBars(*action);
+        if (!peer)
+            return;
+        const QWidget* holder = peer->asQWidget()->parentWidget();
+        if (qobject_cast<const InnerToolBar*>(holder))
+            holder = holder->parentWidget();
+        if (holder == this)
+            peer->leaveBar();
     });
 }
 
 void QtToolBar2::doSetIconSize(Size<int> size)
 {
-    setIconSize(VX2Qt(size));
+    setIconSize(toQIconSize(size));
 }
 
 void QtToolBar2::doSetToolButtonStyle(ToolButtonStyle style)
@@ -245,8 +242,10 @@ void QtToolBar2::slotFixLayout()
     if (!m_layoutFixPending)
         return;
     const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    resize(width() + 1, height());
-    resize(width() - 1, height());
+    const QSize before = size();
+    // One pixel less where there can be none more.
+    resize(before + QSize(before.width() < maximumWidth() ? 1 : -1, 0));
+    resize(before);
     m_layoutFixPending = false;
 }
 

@@ -5,7 +5,6 @@
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
-#include "voxi2_qt/kernel/qtsignalblocker.h"
 
 #include <QActionEvent>
 
@@ -57,9 +56,12 @@ VXMenu2* QtToolButton2::doGetMenu()
 void QtToolButton2::doSetDefaultAction(VXAction2* action)
 {
     withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
+        QAction* former = defaultAction();
         // The button takes over the action's state, which its user has not changed.
-        const QtSignalBlocker blocker(this);
-        setDefaultAction(peer);
+        quietly([&] { setDefaultAction(peer); });
+        // With two actions it would show a menu of them.
+        if (former && former != peer)
+            removeAction(former);
     });
 }
 
@@ -130,8 +132,7 @@ void QtToolButton2::actionEvent(QActionEvent* event)
     // An action that is quiet is being changed by the program; the button that follows it is not
     // toggled by its user then.
     if (event->type() == QEvent::ActionChanged && event->action()->signalsBlocked()) {
-        const QtSignalBlocker blocker(this);
-        QToolButton::actionEvent(event);
+        quietly([&] { QToolButton::actionEvent(event); });
         return;
     }
     QToolButton::actionEvent(event);

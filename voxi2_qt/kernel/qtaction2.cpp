@@ -1,6 +1,8 @@
 #include "voxi2_qt/kernel/qtaction2.h"
 
+#include "qtnearestpeer.h"
 #include "voxi2/kernel/vxwidget2.h"
+#include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 
@@ -10,6 +12,7 @@
 #include <QShortcutEvent>
 #include <QWidget>
 
+#include <list>
 #include <map>
 
 namespace VOXI {
@@ -43,8 +46,8 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getStatusTip, &P::doGetStatusTip>(),
     TROV::row<&E::getToolTip, &P::doGetToolTip>(),
     TROV::row<&E::isVisible, &P::doIsVisible>(),
-    TROV::row<&E::toggle, &P::doimToggle>(),
-    TROV::row<&E::trigger, &P::doimTrigger>(),
+    asUserRow<&E::toggle, &P::doimToggle>(),
+    asUserRow<&E::trigger, &P::doimTrigger>(),
     TROV::row<&E::setStatusTipU, &P::doSetStatusTipU>(),
     TROV::row<&E::setSeparator, &P::doSetSeparator>(),
     TROV::row<&E::setShortcutContext, &P::doSetShortcutContext>(),
@@ -77,6 +80,17 @@ std::map<unsigned, QActionGroup*>& groups()
 {
     static auto* instance = new std::map<unsigned, QActionGroup*>;
     return *instance;
+}
+
+/// A menu or a button, of which Qt goes on with code that triggered the action.
+std::list<QtDeletionHold> holdWhatShows(const QtAction2& action)
+{
+    std::list<QtDeletionHold> holds;
+    if (!action.mayBeHeard())
+        return holds;
+    for (const QObject* object : action.associatedObjects())
+        holds.emplace_back(nearestPeer(object));
+    return holds;
 }
 
 } // namespace
@@ -120,14 +134,18 @@ void QtAction2::doSetCheckable(bool checkable)
     if (isCheckable() == checkable)
         return;
     // An action remembers that it was checked while it was not checkable, and would report it.
-    quietly([&] { setCheckable(checkable); });
+    quietly([&] {
+        setCheckable(checkable);
+        if (isChecked())
+            uncheckOthers(actionGroup());
+    });
 }
 
 void QtAction2::doSetChecked(bool checked)
 {
     if (isCheckable() && isChecked() == checked)
         return;
-    if (checked)
+    if (checked && isCheckable())
         uncheckOthers(actionGroup());
     quietly([&] { setChecked(checked); });
 }
@@ -272,7 +290,7 @@ void QtAction2::doSetGroup(unsigned group, ActionExclusion exclusion)
         qGroup = new QActionGroup(nullptr);
     qGroup->setExclusionPolicy(VX2Qt(exclusion));
     if (actionGroup() == qGroup)
-        return;
+        return; // what is checked stays so until the next choice
     if (isChecked())
         uncheckOthers(qGroup);
     setActionGroup(qGroup);
@@ -328,11 +346,21 @@ bool QtAction2::doIsAutoRepeat()
 
 void QtAction2::slotActionTriggered()
 {
+    const auto holds = holdWhatShows(*this);
     report(m_emitters->triggered, abstractObject<VXAction2>());
 }
 
 void QtAction2::slotActionToggled(bool checked)
 {
+    const auto holds = holdWhatShows(*this);
+    // Qt knows of one former choice, and a group that has become exclusive may have several.
+    const QPointer<QtAction2> self(this);
+    for (const QPointer<QtAction2>& former : checked ? checkedOthers(actionGroup()) : Others()) {
+        if (former)
+            former->setChecked(false);
+    }
+    if (!self)
+        return;
     report(m_emitters->toggled, abstractObject<VXAction2>(), checked);
 }
 
@@ -340,6 +368,7 @@ bool QtAction2::event(QEvent* event)
 {
     if (event->type() == QEvent::Shortcut) {
         const auto* shortcut = static_cast<const QShortcutEvent*>(event);
+        VXObjectDataLocker lock;
         // Qt's own answer is a line in the log; it stays for when nobody listens.
         if (shortcut->isAmbiguous() && isVXObjectValid() && m_emitters->ambiguous.isHeard()) {
             report(m_emitters->ambiguous, abstractObject<VXAction2>(),
@@ -347,7 +376,7 @@ bool QtAction2::event(QEvent* event)
             return true;
         }
     }
-    return QAction::event(event);
+    return QtObject2Shim::event(event);
 }
 
 // Helpers -----------------------------------------------------------------------------------------
@@ -382,11 +411,22 @@ void QtAction2::quietly(Function&& change)
         Q_EMIT changed();
 }
 
+QtAction2::Others QtAction2::checkedOthers(const QActionGroup* group) const
+{
+    Others others;
+    if (!group || !group->isExclusive())
+        return others;
+    for (QAction* action : group->actions()) {
+        auto* other = action->isChecked() ? dynamic_cast<QtAction2*>(action) : nullptr;
+        if (other && other != this)
+            others.emplace_back(other);
+    }
+    return others;
+}
+
 void QtAction2::uncheckOthers(const QActionGroup* group)
 {
-    auto* former =
-        group && group->isExclusive() ? dynamic_cast<QtAction2*>(group->checkedAction()) : nullptr;
-    if (former && former != this)
+    for (QtAction2* former : checkedOthers(group))
         former->quietly([&] { former->setChecked(false); });
 }
 

@@ -48,10 +48,12 @@ void QtDragDelegate2::ask(const TROV::Event<void(const VXDragEvent2&)>& emitter,
 {
     if (!isVXObjectValid() || !emitter.isHeard())
         return;
-    QWidget* receiver = qWidgetOf(lookup(widget));
-    if (!receiver)
+    const auto* peer = dynamic_cast<QtWidget2*>(lookup(widget));
+    if (!peer)
         return;
-    const VXDragEvent2 question = dragEvent(EventTarget{widget, receiver, receiver}, type, *event);
+    const EventTarget target{widget, peer->asQWidget(), peer->pointerWidget()};
+    const VXDragEvent2 question = dragEvent(target, type, *event);
+    const QtHandlerFrame frame(*this);
     emitter(question);
     applyAnswer(question, *event);
 }

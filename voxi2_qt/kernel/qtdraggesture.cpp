@@ -4,41 +4,37 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QApplication>
-#include <QMouseEvent>
-#include <QWidget>
 
 namespace VOXI {
 
-void QtDragGesture::press(const QMouseEvent& event)
+void QtDragGesture::begin(const QMouseEvent& event, QPoint origin)
 {
-    if (m_pressed || event.button() != Qt::LeftButton)
-        return;
     m_globalPosition = event.globalPosition().toPoint();
     m_deliveredPosition = event.position().toPoint();
+    m_localPosition = m_deliveredPosition + origin; // now: the widget may be moved before the drag
     m_pressed = true;
 }
 
-void QtDragGesture::move(QtWidget2& widget, const QMouseEvent& event)
+bool QtDragGesture::isFarEnough(const QMouseEvent& event) const
 {
-    if (!m_pressed)
-        return;
     const QPoint way = m_deliveredPosition - event.position().toPoint();
-    if (way.manhattanLength() <= QApplication::startDragDistance())
-        return;
+    return way.manhattanLength() > QApplication::startDragDistance();
+}
+
+bool QtDragGesture::report(QtWidget2& widget, const QMouseEvent& event)
+{
     VXObjectDataLocker lock;
     if (!widget.isVXObjectValid())
-        return;
-    // Before the handlers run: one of them may destroy the widget, and this gesture with it.
+        return true;
     m_pressed = false;
-    VXWidget2* source = widget.abstractWidget();
     const auto& dragDetect = widget.widgetEmitters()->dragDetect;
-    if (dragDetect.isHeard()) {
-        // Mapped only now: most presses never become a drag.
-        const VXPoint<int> local = Qt2VX(widget.asQWidget()->mapFromGlobal(m_globalPosition));
-        dragDetect(VXMouseEvent2(source, WidgetEvent::MouseMove, local, Qt2VX(m_globalPosition),
-                                 Qt2VX(event.button()), Qt2VX(event.buttons()),
-                                 Qt2VX(event.modifiers())));
-    }
+    if (!dragDetect.isHeard())
+        return true;
+    const QtHandlerFrame frame(widget);
+    dragDetect(VXMouseEvent2(widget.abstractWidget(), WidgetEvent::MouseMove,
+                             Qt2VX(m_localPosition), Qt2VX(m_globalPosition), Qt2VX(event.button()),
+                             Qt2VX(event.buttons()), Qt2VX(event.modifiers())));
+    return frame.isAlive();
 }
 
 } // namespace VOXI

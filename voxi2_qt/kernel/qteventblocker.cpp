@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 namespace VOXI {
@@ -14,62 +15,72 @@ QtWidget2* widgetPeerOf(const QWidget* widget)
 } // namespace
 
 QtEventBlocker::QtEventBlocker(QtWidget2& widget, std::initializer_list<WidgetEvent> events)
-    : m_widget(&widget),
-      m_alive(widget.asQWidget())
-{
-    block(events);
-}
+    : QtEventBlocker(Inert(), &widget, events)
+{}
 
 QtEventBlocker::QtEventBlocker(const QWidget* widget, std::initializer_list<WidgetEvent> events)
-    : m_widget(widgetPeerOf(widget)),
-      m_alive(m_widget ? m_widget->asQWidget() : nullptr)
-{
-    if (m_widget)
-        block(events);
-}
+    : QtEventBlocker(Inert(), widgetPeerOf(widget), events)
+{}
 
-void QtEventBlocker::block(std::initializer_list<WidgetEvent> events)
+QtEventBlocker::QtEventBlocker(Inert inert, QtWidget2* widget,
+                               std::initializer_list<WidgetEvent> events)
+    : QtProgramScope(inert),
+      m_widget(widget),
+      m_hold(widget)
 {
+    if (!widget)
+        return;
+    link();
     for (const WidgetEvent event : events) {
-        if (!m_widget->isEventBroadcastingEnabled(event))
+        if (!widget->isEventBroadcastingEnabled(event))
             continue;
         m_blocked |= 1u << static_cast<unsigned>(event);
-        m_widget->disableEventBroadcasting(event);
         if (event == WidgetEvent::FocusIn)
-            blockFocusIn();
+            prepareFocusIn();
     }
-}
-
-void QtEventBlocker::blockFocusIn()
-{
-    const QWidget* self = m_alive;
-    QWidget* window = self->window();
-    if (window != self) {
-        if (QtWidget2* peer = widgetPeerOf(window)) {
-            peer->disableEventBroadcasting(WidgetEvent::FocusIn);
-            m_window = window;
-        }
-    }
-    QWidget* proxy = self->focusProxy();
-    if (QtWidget2* peer = widgetPeerOf(proxy)) {
-        peer->disableEventBroadcasting(WidgetEvent::FocusIn);
-        m_proxy = proxy;
-    }
-    QtGlobalFocusBlocker::instance().registerWindow(window);
-    m_focusRequest.emplace();
+    setBroadcast(false);
 }
 
 QtEventBlocker::~QtEventBlocker()
 {
+    setBroadcast(true);
+}
+
+void QtEventBlocker::prepareFocusIn()
+{
+    const QWidget* self = m_widget->asQWidget();
+    m_window = self->window();
+    m_proxy = self->focusProxy();
+    QtGlobalFocusBlocker::instance().registerWindow(m_window);
+}
+
+void QtEventBlocker::resume()
+{
+    setBroadcast(false);
+    // A handler may have taken longer than the window was waited for.
+    QtGlobalFocusBlocker::instance().registerWindow(m_window);
+}
+
+void QtEventBlocker::setBroadcast(bool on)
+{
     for (QWidget* other : {m_window.data(), m_proxy.data()}) {
-        if (QtWidget2* peer = widgetPeerOf(other))
+        QtWidget2* const peer = widgetPeerOf(other);
+        if (!peer || peer == m_widget)
+            continue;
+        if (on)
             peer->enableEventBroadcasting(WidgetEvent::FocusIn);
+        else
+            peer->disableEventBroadcasting(WidgetEvent::FocusIn);
     }
-    if (!m_alive)
+    if (!m_hold.isAlive())
         return;
-    for (unsigned event = 0; m_blocked != 0; ++event, m_blocked >>= 1) {
-        if (m_blocked & 1u)
+    for (unsigned event = 0, left = m_blocked; left != 0; ++event, left >>= 1) {
+        if ((left & 1u) == 0)
+            continue;
+        if (on)
             m_widget->enableEventBroadcasting(static_cast<WidgetEvent>(event));
+        else
+            m_widget->disableEventBroadcasting(static_cast<WidgetEvent>(event));
     }
 }
 

@@ -25,27 +25,45 @@ namespace VOXI {
 
 namespace {
 
-/// The position of an event that a viewport hands on to its scroll area, if it is such an event.
-bool pointerPosition(const QEvent& event, QPoint& position)
+/// What the area's copy of an event that its viewport got has in common with it. Only pointer
+/// events are handed on; the keyboard's context menu is the area's alone.
+std::optional<QtEventFilter2::HandedOn> handedOn(const QWidget& receiver, const QEvent& event)
 {
-    switch (event.type()) {
+    using Copy = QtEventFilter2::HandedOn;
+    const QEvent::Type type = event.type();
+    switch (type) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
-        position = static_cast<const QSinglePointEvent&>(event).position().toPoint();
-        return true;
-    case QEvent::ContextMenu:
-        position = static_cast<const QContextMenuEvent&>(event).pos();
-        return true;
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd: {
+        const auto& pointer = static_cast<const QPointerEvent&>(event);
+        const QPointF place =
+            pointer.pointCount() ? pointer.points().first().globalPosition() : QPointF();
+        return Copy{type, pointer.timestamp(), place};
+    }
+    case QEvent::ContextMenu: {
+        const auto& menu = static_cast<const QContextMenuEvent&>(event);
+        if (menu.reason() == QContextMenuEvent::Keyboard)
+            return std::nullopt;
+        return Copy{type, 0, menu.globalPos()}; // the copy is given no time
+    }
     case QEvent::DragEnter:
     case QEvent::DragMove:
-    case QEvent::Drop:
-        position = static_cast<const QDropEvent&>(event).position().toPoint();
-        return true;
+    case QEvent::Drop: {
+        const auto& drop = static_cast<const QDropEvent&>(event);
+        return Copy{type, 0, receiver.mapToGlobal(drop.position())};
+    }
+    case QEvent::Gesture: {
+        // It has no time, but lists the gestures themselves.
+        const auto gestures = static_cast<const QGestureEvent&>(event).gestures();
+        return Copy{type, quintptr(gestures.isEmpty() ? nullptr : gestures.first()), QPointF()};
+    }
     default:
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -53,10 +71,23 @@ bool pointerPosition(const QEvent& event, QPoint& position)
 struct Passing
 {
     QtEventFilter2& m_filter;
-    const VXWidget2Emitters& m_emitters;
+    const QtWidget2& m_peer;
     const EventTarget& m_target;
     WidgetEvent m_type;
     QEvent& m_event;
+    bool& m_isAlive; // whether the handlers left the peer
+
+    const VXWidget2Emitters& emitters() const { return *m_peer.widgetEmitters(); }
+
+    /// Calls the handlers. They may have ended everything but the Qt event and what is on the
+    /// stack.
+    template <class E>
+    void tell(const TROV::Event<void(const E&)>& emitter, const E& event) const
+    {
+        const QtHandlerFrame frame(m_peer);
+        emitter(event);
+        m_isAlive = frame.isAlive();
+    }
 };
 
 using Sender = void (*)(const Passing&);
@@ -65,16 +96,17 @@ using Sender = void (*)(const Passing&);
 template <auto Field, class Q, auto Build>
 void send(const Passing& passing)
 {
-    const auto& emitter = passing.m_emitters.*Field;
+    const auto& emitter = passing.emitters().*Field;
     if (emitter.isHeard())
-        emitter(Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
+        passing.tell(emitter, Build(passing.m_target, passing.m_type,
+                                    static_cast<const Q&>(passing.m_event)));
 }
 
 /// The same through the throttler; what would be dropped there is not built.
 template <auto Field, class Q, auto Build>
 void post(const Passing& passing)
 {
-    if (!(passing.m_emitters.*Field).isHeard())
+    if (!(passing.emitters().*Field).isHeard())
         return;
     EventThrottler& throttler = passing.m_filter.throttler();
     if (!throttler.isPending(passing.m_type))
@@ -82,26 +114,35 @@ void post(const Passing& passing)
             Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
 }
 
+/// The same for sizes: the last one is told as well.
+void postResize(const Passing& passing)
+{
+    if (passing.emitters().resized.isHeard())
+        passing.m_filter.throttler().post(resizeEvent(
+            passing.m_target, passing.m_type, static_cast<const QResizeEvent&>(passing.m_event)));
+}
+
 /// The same for drags, which a handler may answer there and then.
 template <auto Field>
 void sendDrag(const Passing& passing)
 {
-    const auto& emitter = passing.m_emitters.*Field;
+    const auto& emitter = passing.emitters().*Field;
     if (!emitter.isHeard())
         return;
     auto& event = static_cast<QDropEvent&>(passing.m_event);
     const VXDragEvent2 question = dragEvent(passing.m_target, passing.m_type, event);
-    emitter(question);
+    passing.tell(emitter, question);
     applyAnswer(question, event);
 }
 
 void sendClose(const Passing& passing)
 {
-    if (!passing.m_emitters.closing.isHeard())
+    const auto& emitter = passing.emitters().closing;
+    if (!emitter.isHeard())
         return;
     QEvent& event = passing.m_event;
     const VXCloseEvent2 closing(passing.m_target.m_abstract);
-    passing.m_emitters.closing(closing);
+    passing.tell(emitter, closing);
     event.setAccepted(!closing.isRefused());
 }
 
@@ -114,14 +155,14 @@ void sendFocusIn(const Passing& passing)
 
 void sendGestures(const Passing& passing)
 {
-    const auto& emitter = passing.m_emitters.gesture;
+    const auto& emitter = passing.emitters().gesture;
     if (!emitter.isHeard())
         return;
     const unsigned widgetId = passing.m_target.m_abstract->id();
     for (const VXGestureEvent2& gesture :
          gestureEvents(passing.m_target, static_cast<const QGestureEvent&>(passing.m_event))) {
-        if (VXObject::isObjectValid(widgetId))
-            emitter(gesture);
+        if (VXObject::isObjectValid(widgetId) && passing.m_isAlive)
+            passing.tell(emitter, gesture);
     }
 }
 
@@ -150,7 +191,7 @@ constexpr Sender s_senders[] = {
     &send<&E::mouseRelease, QMouseEvent, &mouseEvent>,
     &post<&E::wheel, QWheelEvent, &wheelEvent>,
     &send<&E::moved, QMoveEvent, &moveEvent>,
-    &post<&E::resized, QResizeEvent, &resizeEvent>,
+    &postResize,
     &sendGestures,
     &send<&E::touchBegin, QTouchEvent, &touchEvent>,
     &send<&E::touchUpdate, QTouchEvent, &touchEvent>,
@@ -185,15 +226,32 @@ bool QtEventFilter2::filter(QWidget* receiver, QEvent* event)
     const bool closing = type == WidgetEvent::Close;
     if (closing)
         event->accept();
+    bool isAlive = true;
     if (m_broadcast.test(bit(type)) && !(m_extras && isKeptBack(type, *event)))
-        pass(type, receiver, event);
+        isAlive = m_area ? passOfArea(type, receiver, event) : pass(type, receiver, event);
+    else if (type == WidgetEvent::Resize && m_extras && m_extras->m_throttler)
+        m_extras->m_throttler->withdraw(static_cast<const QResizeEvent*>(event)->size());
     const bool refused = closing && !event->isAccepted();
     if (closing && consumed)
         event->ignore(); // the window would close all the same
-    return consumed || refused;
+    return consumed || refused || !isAlive;
 }
 
-bool QtEventFilter2::isSeenTwice(const QWidget* receiver, const QEvent& event) const
+bool QtEventFilter2::passOfArea(WidgetEvent type, QWidget* receiver, QEvent* event)
+{
+    if (receiver == m_area)
+        return pass(type, receiver, event);
+    const auto copy = handedOn(*receiver, *event);
+    QtWidget2& peer = m_peer;
+    const bool isAlive = pass(type, receiver, event);
+    // Not before: a handler may have opened a loop in which the viewport got others. Nobody asks
+    // for the copy of what nobody hears.
+    if (copy && isAlive && peer.isEventBroadcastingEnabled() && peer.mayBeHeard())
+        extras().m_handedOn = copy;
+    return isAlive;
+}
+
+bool QtEventFilter2::isSeenTwice(const QWidget* receiver, const QEvent& event)
 {
     if (receiver == m_area->viewport()) {
         switch (event.type()) {
@@ -208,20 +266,11 @@ bool QtEventFilter2::isSeenTwice(const QWidget* receiver, const QEvent& event) c
             return false;
         }
     }
-    // What the viewport did not accept comes to the area as well.
-    QPoint position;
-    if (pointerPosition(event, position))
-        return m_area->viewport()->geometry().contains(position);
-    switch (event.type()) {
-    case QEvent::Gesture:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::DragLeave:
-        return true;
-    default:
+    // What the viewport did not accept comes to the area as well, wherever the pointer is.
+    if (!m_extras || !m_extras->m_handedOn || m_extras->m_handedOn != handedOn(*receiver, event))
         return false;
-    }
+    m_extras->m_handedOn.reset();
+    return true;
 }
 
 QtEventFilter2::Extras& QtEventFilter2::extras()
@@ -277,16 +326,17 @@ EventThrottler& QtEventFilter2::throttler()
     return *throttler;
 }
 
-void QtEventFilter2::pass(WidgetEvent type, QWidget* receiver, QEvent* event)
+bool QtEventFilter2::pass(WidgetEvent type, QWidget* receiver, QEvent* event)
 {
-    // Most widgets have no listeners. The focus blocker hears of each focus-in all the same.
-    if (!m_peer.mayBeHeard() && type != WidgetEvent::FocusIn)
-        return;
+    if (!m_peer.mayBeHeard())
+        return true; // as most widgets are not
     VXObjectDataLocker lock;
     if (!m_peer.isVXObjectValid())
-        return;
+        return true;
     const EventTarget target{m_peer.abstractWidget(), m_peer.asQWidget(), receiver};
-    s_senders[bit(type)](Passing{*this, *m_peer.widgetEmitters(), target, type, *event});
+    bool isAlive = true;
+    s_senders[bit(type)](Passing{*this, m_peer, target, type, *event, isAlive});
+    return isAlive;
 }
 
 } // namespace VOXI

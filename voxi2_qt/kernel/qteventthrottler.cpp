@@ -2,8 +2,11 @@
 
 #include "trov/packet.h"
 #include "voxi2/kernel/vxwidget2.h"
+#include "voxi2_qt/kernel/qtgeometry.h"
 
 #include <mutex>
+#include <optional>
+#include <type_traits>
 #include <utility>
 
 namespace VOXI {
@@ -37,48 +40,72 @@ const TROV::Event<void(const VXKeyEvent2&)>& emitterOf(VXWidget2Emitters& emitte
     return event.type() == WidgetEvent::KeyPress ? emitters.keyPress : emitters.keyRelease;
 }
 
-/// Frees a kind of event at the end of a scope.
-class PendingEnd
+} // namespace
+
+/// What a throttler shares with its events on their way.
+class EventThrottler::State
 {
 public:
-    PendingEnd(std::shared_ptr<unsigned> pending, unsigned bit)
-        : m_pending(std::move(pending)),
-          m_bit(bit)
-    {}
-    ~PendingEnd()
+    explicit State(EventThrottler* throttler) : m_throttler(throttler) {}
+
+    bool isPending(unsigned bit) const
     {
         std::lock_guard lock(s_pendingMutex);
-        *m_pending &= ~m_bit;
+        return (m_pending & bit) != 0;
     }
-    PendingEnd(const PendingEnd&) = delete;
-    PendingEnd& operator=(const PendingEnd&) = delete;
+
+    /// False if it has begun already.
+    bool begin(unsigned bit)
+    {
+        std::lock_guard lock(s_pendingMutex);
+        return (std::exchange(m_pending, m_pending | bit) & bit) == 0;
+    }
+
+    void end(unsigned bit)
+    {
+        std::lock_guard lock(s_pendingMutex);
+        m_pending &= ~bit;
+    }
+
+    // Of the size on its way; the rest is for the thread of the widget only.
+    EventThrottler* m_throttler; // null when it has gone
+    Size<int> m_known;           // what the program has been told, or has set since
+    std::optional<Size<int>> m_latest;
+    bool m_isWithdrawn = false;
+    bool m_isDelivered = false;
 
 private:
-    std::shared_ptr<unsigned> m_pending;
-    unsigned m_bit;
+    unsigned m_pending = 0;
 };
 
 /// A posted event. Its kind is free again when it goes, whether it was delivered, its handler
 /// threw, or it was dropped because the queue has ended.
 template <class E>
-class PostedEvent final : public TROV::Payload3<void, VXWidget2*, WidgetEvent, E>
+class EventThrottler::Posted final : public TROV::Payload3<void, VXWidget2*, WidgetEvent, E>
 {
 public:
-    PostedEvent(VXWidget2* widget, const E& event, std::shared_ptr<unsigned> pending, unsigned bit)
+    Posted(VXWidget2* widget, const E& event, std::shared_ptr<State> state)
         : TROV::Payload3<void, VXWidget2*, WidgetEvent, E>(widget, event.type(), event),
-          m_end(std::move(pending), bit)
+          m_state(std::move(state)),
+          m_bit(pendingBit(event.type()))
     {}
 
-private:
-    PendingEnd m_end;
-};
+    ~Posted() override
+    {
+        m_state->end(m_bit);
+        if constexpr (std::is_same_v<E, VXResizeEvent2>)
+            postLatest(*m_state);
+    }
 
-} // namespace
+private:
+    std::shared_ptr<State> m_state;
+    unsigned m_bit;
+};
 
 EventThrottler::EventThrottler(VXWidget2* widget)
     : m_widget(widget),
       m_widgetId(widget->id()),
-      m_pending(std::make_shared<unsigned>(0))
+      m_state(std::make_shared<State>(this))
 {
     m_mouse.connect(this, &EventThrottler::deliver<VXMouseEvent2>);
     m_resize.connect(this, &EventThrottler::deliver<VXResizeEvent2>);
@@ -88,6 +115,7 @@ EventThrottler::EventThrottler(VXWidget2* widget)
 
 EventThrottler::~EventThrottler()
 {
+    m_state->m_throttler = nullptr;
     Listener::disconnect();
 }
 
@@ -113,22 +141,17 @@ unsigned EventThrottler::pendingBit(WidgetEvent event) noexcept
 
 bool EventThrottler::isPending(WidgetEvent event) const
 {
-    std::lock_guard lock(s_pendingMutex);
-    return (*m_pending & pendingBit(event)) != 0;
+    return m_state->isPending(pendingBit(event));
 }
 
 template <class E>
-void EventThrottler::postOn(const Emitter<E>& emitter, const E& event)
+bool EventThrottler::postOn(const Emitter<E>& emitter, const E& event)
 {
-    const unsigned bit = pendingBit(event.type());
-    {
-        std::lock_guard lock(s_pendingMutex);
-        if ((*m_pending & bit) != 0)
-            return;
-        *m_pending |= bit;
-    }
-    emitter.sendPacket(TROV::Packet(new PostedEvent<E>(m_widget, event, m_pending, bit)),
-                       TROV::SendQueued, false);
+    if (!m_state->begin(pendingBit(event.type())))
+        return false;
+    emitter.sendPacket(TROV::Packet(new Posted<E>(m_widget, event, m_state)), TROV::SendQueued,
+                       false);
+    return true;
 }
 
 void EventThrottler::post(const VXMouseEvent2& event)
@@ -138,7 +161,30 @@ void EventThrottler::post(const VXMouseEvent2& event)
 
 void EventThrottler::post(const VXResizeEvent2& event)
 {
+    if (isPending(WidgetEvent::Resize)) {
+        m_state->m_latest = event.size();
+        return;
+    }
+    m_state->m_known = event.size();
+    m_state->m_isWithdrawn = m_state->m_isDelivered = false;
     postOn(m_resize, event);
+}
+
+void EventThrottler::withdraw(const QSize& size)
+{
+    m_state->m_known = Qt2VX(size);
+    m_state->m_latest.reset();
+    m_state->m_isWithdrawn = true;
+}
+
+/// Posts what became of the size while an event told of another one. Not when that was dropped:
+/// then nobody takes events any more.
+void EventThrottler::postLatest(State& state)
+{
+    const auto latest = std::exchange(state.m_latest, std::nullopt);
+    EventThrottler* const throttler = state.m_throttler;
+    if (throttler && state.m_isDelivered && latest && *latest != state.m_known)
+        throttler->post(VXResizeEvent2(throttler->m_widget, state.m_known, *latest));
 }
 
 void EventThrottler::post(const VXDragEvent2& event)
@@ -154,6 +200,11 @@ void EventThrottler::post(const VXKeyEvent2& event)
 template <class E>
 void EventThrottler::deliver(VXWidget2* widget, WidgetEvent, const E& event)
 {
+    if constexpr (std::is_same_v<E, VXResizeEvent2>) {
+        m_state->m_isDelivered = true;
+        if (m_state->m_isWithdrawn)
+            return;
+    }
     // A handler may destroy the widget, and this throttler with it.
     const E copy = event;
     VXObjectDataLocker lock;

@@ -34,11 +34,14 @@ namespace VOXI {
 
 namespace {
 
-/// Makes a peer of class `Peer` and finishes it. A peer that throws is not left behind.
-template <class Peer, class... Arguments>
-void create(Arguments... arguments)
+/// Makes a peer of class `Peer` and finishes it. A peer that throws is not left behind. Nothing is
+/// made for an object that has ended meanwhile.
+template <class Peer, class Object, class... Arguments>
+void create(Object* object, Arguments... arguments)
 {
-    auto* peer = new Peer(arguments...);
+    if (!VXObject::isObjectValid(object))
+        return;
+    auto* peer = new Peer(object, arguments...);
     peer->init();
 }
 

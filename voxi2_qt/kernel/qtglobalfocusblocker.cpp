@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace VOXI {
 
@@ -16,6 +17,12 @@ namespace {
 
 // A window manager that has not answered by then will not.
 constexpr int GiveUpAfter = 500;
+
+bool wantsToBeKeptBack(const QWidget* window)
+{
+    const auto* peer = dynamic_cast<const QtWidget2*>(peerOf(window));
+    return !peer || peer->supportsGlobalFocusBlocker();
+}
 
 } // namespace
 
@@ -28,19 +35,21 @@ QtGlobalFocusBlocker& QtGlobalFocusBlocker::instance()
 
 void QtGlobalFocusBlocker::registerWindow(QWidget* window)
 {
-    if (!window)
+    if (!window || isRegistered(window) || !wantsToBeKeptBack(window))
         return;
-    const auto* peer = dynamic_cast<QtWidget2*>(peerOf(window));
-    if (peer && !peer->supportsGlobalFocusBlocker())
+    m_windows[window].m_window = window;
+    window->installEventFilter(this);
+    settle(window, 0);
+}
+
+void QtGlobalFocusBlocker::awaitActivation(QWidget* window)
+{
+    const auto found = m_windows.find(window);
+    // Asking again and again must not keep the user's own activation back for ever.
+    if (found == m_windows.end() || window->isActiveWindow()
+        || std::exchange(found->second.m_isAwaited, true))
         return;
-    const auto [entry, isNew] = m_windows.try_emplace(window);
-    if (isNew) {
-        entry->second.m_window = window;
-        window->installEventFilter(this);
-    }
-    // An active window changes its focus at once; only the events of this turn are to be waited
-    // for. Any other has to be activated first, for which every request has the whole time.
-    settle(window, window->isActiveWindow() ? 0 : GiveUpAfter);
+    settle(window, GiveUpAfter);
 }
 
 bool QtGlobalFocusBlocker::isRegistered(const QWidget* window) const
@@ -50,10 +59,14 @@ bool QtGlobalFocusBlocker::isRegistered(const QWidget* window) const
 
 bool QtGlobalFocusBlocker::blocks(const QWidget* widget, const QFocusEvent& event) const
 {
-    if (m_windows.empty() || m_suspensions > 0 || !isRegistered(widget->window()))
+    if (m_suspensions > 0)
         return false;
-    if (m_requests > 0)
-        return true;
+    // Whatever the reason is that Qt gives: out of what is hidden it takes the focus as the tab key
+    // does.
+    if (QtProgramScope::isActive())
+        return wantsToBeKeptBack(widget->window());
+    if (m_windows.empty() || !isRegistered(widget->window()))
+        return false;
     switch (event.reason()) {
     case Qt::ActiveWindowFocusReason:
     case Qt::OtherFocusReason:
@@ -72,7 +85,7 @@ bool QtGlobalFocusBlocker::eventFilter(QObject* watched, QEvent* event)
         settle(watched, 0);
         break;
     case QEvent::Show:
-        // Hidden a moment ago, as by a change of its flags.
+        // Its activation is to come; this may be a change of its flags.
         settle(watched, GiveUpAfter);
         break;
     case QEvent::Destroy:

@@ -148,6 +148,11 @@ QIcon VX2Qt(const Icon& icon)
     return icon.isNull() ? QIcon() : QIcon(new ComposedIconEngine(RecentIcons::picturesOf(icon)));
 }
 
+QSize toQIconSize(const Size<int>& size) noexcept
+{
+    return VX2Qt(size).boundedTo({Icon::MaxShownSide, Icon::MaxShownSide});
+}
+
 QIcon::Mode VX2Qt(Icon::IconMode mode) noexcept
 {
     return Modes.toQt(mode);

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -21,7 +22,7 @@ namespace VOXI {
 namespace {
 QImage fromRaw(const Pixmap& pixmap)
 {
-    QImage image(VX2Qt(pixmap.size()), QImage::Format_ARGB32);
+    QImage image(pixmap.width(), pixmap.height(), QImage::Format_ARGB32);
     auto from = pixmap.pixels().begin();
     for (int y = 0; y < image.height(); ++y, from += image.width()) {
         std::transform(from, from + image.width(), reinterpret_cast<QRgb*>(image.scanLine(y)),
@@ -33,8 +34,15 @@ QImage fromRaw(const Pixmap& pixmap)
 QByteArray encodedBytes(const Pixmap& pixmap)
 {
     if (!pixmap.path().empty()) {
-        QFile file(Detail::qStringFromUtf8(pixmap.path()));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        const QString name = Detail::qStringFromUtf8(pixmap.path());
+        // Opening something else than a file may wait, and reading it may never end.
+        if (!QFileInfo(name).isFile())
+            return {};
+        QFile file(name);
+        if (!file.open(QIODevice::ReadOnly)
+            || static_cast<quint64>(file.size()) > ImageDecoder::fileSizeLimit())
+            return {};
+        return file.read(file.size()); // it may be growing
     }
     const ByteArray& data = pixmap.data();
     // Not a copy: the pixmap outlives the bytes.
@@ -57,6 +65,9 @@ QImage drawnSvg(const QByteArray& bytes, QSize wanted)
     QSize size = renderer.defaultSize();
     if (!wanted.isEmpty())
         size = size.isEmpty() ? wanted : size.scaled(wanted, Qt::KeepAspectRatio);
+    constexpr int Most = ImageDecoder::MaxDrawingSide;
+    if (size.width() > Most || size.height() > Most)
+        size.scale(Most, Most, Qt::KeepAspectRatio);
     QImage image(size.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return {};

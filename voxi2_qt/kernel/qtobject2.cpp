@@ -1,7 +1,17 @@
 #include "voxi2_qt/kernel/qtobject2.h"
 
+#include "qttakeout.h"
+#include "qttreeend.h"
+
+#include <QLayout>
 #include <QObject>
 #include <QWidget>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <typeinfo>
 
 namespace VOXI {
 
@@ -47,8 +57,10 @@ void QtObject2::endPeer()
 {
     if (s_goingParent == asQObject())
         s_goingParent = nullptr;
+    QtDeletionHold::peerEnds(*this);
     disconnect();
     removeObject();
+    QtTreeEnd::prepare(*this);
 }
 
 void QtObject2::vxMessageNotify(VXMessageType, QtMessage*) {}
@@ -128,16 +140,33 @@ void QtObject2::scheduleDelete()
 
 void QtObject2::deferDelete()
 {
-    QObject* object = asQObject();
-    const QObject* parent = object->parent();
-    if (parent && parent == s_goingParent)
-        return;
     // Whoever goes with its parent need not go one by one: that would be quadratic in the parent.
+    if (goesWithParent())
+        return;
+    asQObject()->deleteLater();
+    // What the user sees of a stack is true at once, and another page is shown by the program.
+    if (QWidget* widget = asQWidget(); widget && stackOfPage(widget))
+        takeOut(widget);
+    QtTreeEnd::letOthersGo(*this); // last, as it may run anything
+}
+
+bool QtObject2::goesWithParent() const
+{
+    const QObject* parent = asQObject()->parent();
+    if (parent && parent == s_goingParent)
+        return true;
     const QtObject2* peer = peerOf(parent);
-    if (peer && peer->isDeletionScheduled())
+    const bool goes = peer && peer->isDeletionScheduled();
+    if (goes)
         s_goingParent = parent;
-    else
-        object->deleteLater();
+    return goes;
+}
+
+void QtObject2::leave()
+{
+    // A layout goes with the widget that it fills; Qt knows no way out of it.
+    if (!qobject_cast<QLayout*>(asQObject()))
+        asQObject()->setParent(nullptr);
 }
 
 void QtObject2::disconnect()
@@ -172,7 +201,28 @@ QWidget* QtObject2::asQWidget() const noexcept
 
 QtObject2* peerOf(const QObject* object) noexcept
 {
-    return object ? const_cast<QtObject2*>(dynamic_cast<const QtObject2*>(object)) : nullptr;
+    // In all objects of one class it lies at the same place. A search through the classes takes
+    // many times as long, and whole trees are asked for it.
+    struct Place
+    {
+        const std::type_info* m_class = nullptr;
+        std::optional<std::ptrdiff_t> m_offset;
+    };
+    static thread_local std::array<Place, 16> s_places;
+    if (!object)
+        return nullptr;
+    const std::type_info* const type = &typeid(*object);
+    const auto* const bytes = reinterpret_cast<const char*>(object);
+    Place& place = s_places[reinterpret_cast<std::uintptr_t>(type) / 16 % s_places.size()];
+    if (place.m_class != type) {
+        place.m_class = type;
+        place.m_offset.reset();
+        if (const auto* peer = dynamic_cast<const QtObject2*>(object))
+            place.m_offset = reinterpret_cast<const char*>(peer) - bytes;
+    }
+    if (!place.m_offset)
+        return nullptr;
+    return reinterpret_cast<QtObject2*>(const_cast<char*>(bytes + *place.m_offset));
 }
 
 VXObject* abstractObjectOf(const QObject* object)

@@ -1,9 +1,13 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 
+#include "qttakeout.h"
+#include "voxi2_qt/kernel/qtasuser.h"
+#include "voxi2_qt/kernel/qtbaritem.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 #include "voxi2_qt/kernel/qteventfilter2.h"
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>
@@ -79,13 +83,13 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getWinId, &P::doGetWinId>(),
     TROV::row<&E::isWidgetHighlighted, &P::doIsWidgetHighlighted>(),
     TROV::row<&E::saveGeometry, &P::doSaveGeometry>(),
-    TROV::row<&E::triggerWidgetEvent, &P::doimTriggerWidgetEvent>(),
-    TROV::row<&E::triggerContextMenuEvent, &P::doimTriggerContextMenuEvent>(),
-    TROV::row<&E::triggerFocusEvent, &P::doimTriggerFocusEvent>(),
-    TROV::row<&E::triggerKeyEvent, &P::doimTriggerKeyEvent>(),
-    TROV::row<&E::triggerMouseEvent, &P::doimTriggerMouseEvent>(),
-    TROV::row<&E::triggerMoveEvent, &P::doimTriggerMoveEvent>(),
-    TROV::row<&E::triggerResizeEvent, &P::doimTriggerResizeEvent>(),
+    asUserRow<&E::triggerWidgetEvent, &P::doimTriggerWidgetEvent>(),
+    asUserRow<&E::triggerContextMenuEvent, &P::doimTriggerContextMenuEvent>(),
+    asUserRow<&E::triggerFocusEvent, &P::doimTriggerFocusEvent>(),
+    asUserRow<&E::triggerKeyEvent, &P::doimTriggerKeyEvent>(),
+    asUserRow<&E::triggerMouseEvent, &P::doimTriggerMouseEvent>(),
+    asUserRow<&E::triggerMoveEvent, &P::doimTriggerMoveEvent>(),
+    asUserRow<&E::triggerResizeEvent, &P::doimTriggerResizeEvent>(),
     TROV::row<&E::setAccessibleName, &P::doSetAccessibleName>(),
     TROV::row<&E::setAccessibleDescription, &P::doSetAccessibleDescription>(),
     TROV::row<&E::getAccessibleName, &P::doGetAccessibleName>(),
@@ -109,8 +113,7 @@ QtWidget2::QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters)
 
 QtWidget2::~QtWidget2()
 {
-    if (!m_ActionMap.empty())
-        m_ActionMap.erase(this);
+    m_ActionMap.erase(this);
 }
 
 void QtWidget2::endPeer()
@@ -125,6 +128,11 @@ void QtWidget2::scheduleDelete()
     QtObject2::scheduleDelete();
 }
 
+void QtWidget2::leave()
+{
+    takeOutAlone(asQWidget());
+}
+
 void QtWidget2::doSetParent(VXObject* parent)
 {
     changeParent(parent, asQWidget()->windowFlags() & ~Qt::WindowType_Mask);
@@ -136,8 +144,11 @@ void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
     QWidget* const self = asQWidget();
     const auto move = [&](QWidget* target) {
         // Qt's tree is not the owners': what lies inside this widget cannot hold it.
-        if (target != self->parentWidget() && !isWithin(self, target))
+        if (target != self->parentWidget() && !isWithin(self, target)) {
+            endAside(self, target != nullptr);
+            leaveBar();
             self->setParent(target, flags);
+        }
     };
     if (parent)
         withWidgetOf(parent, move);
@@ -150,13 +161,17 @@ void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
 void QtWidget2::doShow()
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Show, WidgetEvent::FocusIn});
-    asQWidget()->show();
+    endAside(asQWidget(), false);
+    if (!changeWithAction(true))
+        asQWidget()->show();
 }
 
 void QtWidget2::doHide()
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
-    asQWidget()->hide();
+    endAside(asQWidget(), false);
+    if (!changeWithAction(false))
+        asQWidget()->hide();
 }
 
 void QtWidget2::doRaise()
@@ -173,6 +188,7 @@ void QtWidget2::doLower()
 void QtWidget2::doSetActiveWindow()
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    QtGlobalFocusBlocker::instance().awaitActivation(asQWidget()->window());
     asQWidget()->activateWindow();
     asQWidget()->raise();
 }
@@ -190,10 +206,11 @@ void QtWidget2::doUpdate()
 
 void QtWidget2::doSetVisible(bool visible)
 {
-    const QtEventBlocker blocker(*this, {WidgetEvent::Show, WidgetEvent::Hide});
-    asQWidget()->setVisible(visible);
-    if (QAction* action = getWidgetAction())
-        action->setVisible(visible);
+    const QtEventBlocker blocker(*this,
+                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
+    endAside(asQWidget(), false);
+    if (!changeWithAction(visible))
+        asQWidget()->setVisible(visible);
 }
 
 bool QtWidget2::doIsVisible()
@@ -215,6 +232,7 @@ void QtWidget2::doSetUpdatesEnabled(bool enabled)
 
 void QtWidget2::doSetEnabled(bool enabled)
 {
+    const QtProgramScope scope; // the focus goes on
     asQWidget()->setEnabled(enabled);
 }
 
@@ -347,10 +365,30 @@ void QtWidget2::addWidgetAction(QAction* action)
 
 QAction* QtWidget2::getWidgetAction() const
 {
-    if (m_ActionMap.empty())
-        return nullptr;
     const auto found = m_ActionMap.find(const_cast<QtWidget2*>(this));
     return found == m_ActionMap.end() ? nullptr : found->second;
+}
+
+void QtWidget2::leaveBar()
+{
+    if (auto* item = qobject_cast<QtBarItem*>(getWidgetAction()))
+        item->leave();
+}
+
+bool QtWidget2::changeWithAction(bool visible)
+{
+    QAction* action = getWidgetAction();
+    if (!action)
+        return false;
+    const QtEventBlocker blocker(
+        *this, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
+    // The action first: what it does not show the bar hides at once.
+    action->setVisible(visible);
+    asQWidget()->setVisible(visible);
+    // Handlers of the focus have run; the map knows whether the action is still there.
+    if (auto* item = qobject_cast<QtBarItem*>(getWidgetAction()))
+        item->settle();
+    return true;
 }
 
 QAbstractScrollArea* QtWidget2::scrollArea() const noexcept

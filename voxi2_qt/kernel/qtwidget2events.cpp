@@ -96,13 +96,17 @@ void QtWidget2::keepDelayedBack(WidgetEvent event)
 
 // As if the user had done it ----------------------------------------------------------------------
 
-QWidget* QtWidget2::pointerTarget(QPoint& position) const
+QWidget* QtWidget2::pointerWidget() const
 {
     QAbstractScrollArea* area = scrollArea();
-    if (!area)
-        return asQWidget();
-    position = area->viewport()->mapFrom(area, position);
-    return area->viewport();
+    return area ? area->viewport() : asQWidget();
+}
+
+QWidget* QtWidget2::pointerTarget(QPoint& position) const
+{
+    QWidget* target = pointerWidget();
+    position = target->mapFrom(asQWidget(), position);
+    return target;
 }
 
 void QtWidget2::doimTriggerWidgetEvent(WidgetEvent event)
@@ -215,6 +219,7 @@ void QtWidget2::passToDelegate(Function&& function)
     if (!delegate)
         return;
     VXObjectDataLocker lock;
+    const QtDeletionHold hold(this);
     if (isVXObjectValid())
         function(*delegate);
 }

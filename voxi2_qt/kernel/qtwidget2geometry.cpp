@@ -1,5 +1,6 @@
 // The part of QtWidget2 that is about positions and sizes.
 
+#include "qtsavedstate.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
@@ -136,7 +137,7 @@ void QtWidget2::doRestoreGeometry(const std::string& geometry)
 bool QtWidget2::restoreGeometryQuietly(const QByteArray& geometry)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    const bool restored = asQWidget()->restoreGeometry(geometry);
+    const bool restored = isSavedGeometry(geometry) && asQWidget()->restoreGeometry(geometry);
     if (restored) {
         keepDelayedBack(WidgetEvent::Move);
         keepDelayedBack(WidgetEvent::Resize);

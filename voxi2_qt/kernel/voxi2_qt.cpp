@@ -1,6 +1,7 @@
 #include "voxi2_qt/kernel/voxi2_qt.h"
 
 #include "jhost_services/raisewindow.h"
+#include "qttreeend.h"
 #include "trov/packet.h"
 #include "voxi/vxbridge.h"
 #include "voxi2/kernel/vxclipboard2.h"
@@ -30,6 +31,11 @@ void forwardRaiseWindow(long long nativeWindow)
 }
 
 } // namespace
+
+bool VOXI::isBackEndGoing() noexcept
+{
+    return s_terminated;
+}
 
 void initialize_voxi2_qt()
 {

@@ -1,35 +1,42 @@
 #include "jhost_services/raisewindow.h"
 
+#include <memory>
 #include <mutex>
 
 namespace {
 
+using SharedHook = std::shared_ptr<const VoxiRaiseWindowHook>;
+
 std::mutex s_mutex;
 
-VoxiRaiseWindowHook& installedHook()
+SharedHook& installedHook() // guarded by the mutex
 {
-    static auto* hook = new VoxiRaiseWindowHook;
+    static auto* hook = new SharedHook;
     return *hook;
 }
 
 } // namespace
 
+// What a hook carries is copied, called and destroyed outside the lock: it may come back here.
+
 void voxiSetRaiseWindowHook(const VoxiRaiseWindowHook& hook)
 {
-    std::lock_guard lock(s_mutex);
-    installedHook() = hook;
+    SharedHook changed = hook ? std::make_shared<const VoxiRaiseWindowHook>(hook) : nullptr;
+    {
+        std::lock_guard lock(s_mutex);
+        installedHook().swap(changed);
+    }
 }
 
 bool voxiRaiseWindow(long long nativeWindow)
 {
-    VoxiRaiseWindowHook hook;
+    SharedHook hook;
     {
-        // The hook may install another one.
         std::lock_guard lock(s_mutex);
         hook = installedHook();
     }
     if (!hook)
         return false;
-    hook(nativeWindow);
+    (*hook)(nativeWindow);
     return true;
 }

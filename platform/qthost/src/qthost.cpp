@@ -10,6 +10,8 @@
 
 #include <dlfcn.h>
 #include <filesystem>
+#include <mutex>
+#include <optional>
 #include <stdexcept>
 
 namespace VOXI {
@@ -26,6 +28,45 @@ std::string usualLibrary()
     std::error_code error;
     const auto beside = std::filesystem::path(self.dli_fname).replace_filename(name);
     return std::filesystem::exists(beside, error) ? beside.string() : name;
+}
+
+/// The exit that was asked for and that no `exec` has made yet.
+class WantedExit
+{
+public:
+    void want(int code)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_code = code;
+    }
+    void clear()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_code.reset();
+    }
+    std::optional<int> wanted()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_code;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::optional<int> m_code;
+};
+
+WantedExit s_wantedExit;
+
+/// Ends the loops that run by then, if the exit is still wanted.
+void quitLoops()
+{
+    QMetaObject::invokeMethod(
+        qApp,
+        [] {
+            if (const auto code = s_wantedExit.wanted())
+                QCoreApplication::exit(*code);
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace
@@ -72,7 +113,14 @@ QtHost::~QtHost()
 
 int QtHost::exec()
 {
-    return QApplication::exec();
+    // What was asked for before may have ended another loop by now, and this one is to end too.
+    if (s_wantedExit.wanted())
+        quitLoops();
+    const int exitCode = QApplication::exec();
+    // A slot may have run a loop of its own while the application's ended.
+    m_binding->endServing();
+    s_wantedExit.clear();
+    return exitCode;
 }
 
 bool QtHost::saveScreenshot(const VXObject& window, const std::string& file)
@@ -90,8 +138,8 @@ bool QtHost::saveScreenshot(const VXObject& window, const std::string& file)
 
 void QtHost::quit(int exitCode)
 {
-    QMetaObject::invokeMethod(
-        qApp, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+    s_wantedExit.want(exitCode);
+    quitLoops();
 }
 
 } // namespace VOXI

@@ -12,20 +12,39 @@ using detail::ConnectionSite;
 namespace {
 
 std::mutex s_retiredMutex;
-ConnectionBlock* s_retired = nullptr; // guarded
+ConnectionBlock* s_retired = nullptr;       // guarded
+Connection* s_retiredConnections = nullptr; // guarded; linked by their places in listeners' lists
 
-ConnectionBlock* makeBlock(std::size_t count)
+/// Stands where a connection was cut.
+class NoConnection final : public Connection
 {
-    void* memory = ::operator new(sizeof(ConnectionBlock) + count * sizeof(Connection*));
+public:
+    NoConnection() : Connection(nullptr, nullptr, typeid(void)) {}
+    void deliver(Payload&) override {}
+};
+
+Connection* noConnection()
+{
+    static auto* const instance = new NoConnection;
+    return instance;
+}
+
+ConnectionBlock* makeBlock(std::uint32_t capacity)
+{
+    void* memory =
+        ::operator new(sizeof(ConnectionBlock) + capacity * sizeof(std::atomic<Connection*>));
     auto* block = new (memory) ConnectionBlock;
-    block->m_count = static_cast<std::uint32_t>(count);
+    block->m_capacity = capacity;
     return block;
 }
 
 void freeBlock(ConnectionBlock* block)
 {
-    for (std::uint32_t i = 0; i < block->m_count; ++i)
-        block->items()[i]->deref();
+    const std::uint32_t count = block->m_count.load(std::memory_order_relaxed);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        if (Connection* const connection = block->at(i); connection != noConnection())
+            connection->deref();
+    }
     block->~ConnectionBlock();
     ::operator delete(block);
 }
@@ -42,25 +61,6 @@ void publish(ConnectionSite& site, ConnectionBlock* block)
     s_retired = old;
 }
 
-/// The site's block without the connections that are not alive; null when none is left.
-ConnectionBlock* livingPart(const ConnectionBlock& block)
-{
-    std::uint32_t living = 0;
-    for (std::uint32_t i = 0; i < block.m_count; ++i)
-        living += block.items()[i]->isConnected();
-    if (living == 0)
-        return nullptr;
-    ConnectionBlock* result = makeBlock(living);
-    Connection** out = result->items();
-    for (std::uint32_t i = 0; i < block.m_count; ++i) {
-        if (block.items()[i]->isConnected()) {
-            *out = block.items()[i];
-            (*out++)->ref();
-        }
-    }
-    return result;
-}
-
 std::vector<const void*> pinnedBlocks()
 {
     std::vector<const void*> pinned;
@@ -75,30 +75,125 @@ std::vector<const void*> pinnedBlocks()
     return pinned;
 }
 
+/// Tells which blocks an emission is in at this moment.
+class PinnedBlocks
+{
+public:
+    bool contain(const ConnectionBlock* block) const
+    {
+        return block->m_pins.load() != 0
+               || std::find(m_pinned.begin(), m_pinned.end(), block) != m_pinned.end();
+    }
+
+private:
+    const std::vector<const void*> m_pinned = pinnedBlocks();
+};
+
+} // namespace
+
+/// Changes the connections of a site, under the global connection lock. In sum adding and removing
+/// take the same time however many there are.
+struct detail::SiteWriter
+{
+    static void add(ConnectionSite& site, Connection* connection)
+    {
+        ConnectionBlock* block = site.load();
+        if (!block || block->m_count.load(std::memory_order_relaxed) == block->m_capacity) {
+            block = copyOf(block, block ? 2 * block->m_connected : 1);
+            append(*block, connection);
+            publish(site, block);
+        } else {
+            append(*block, connection);
+        }
+        connection->m_site = &site;
+    }
+
+    /// Its reference is set aside until no emission can come upon it.
+    static void remove(Connection* connection)
+    {
+        ConnectionSite* const site = std::exchange(connection->m_site, nullptr);
+        if (!site)
+            return;
+        ConnectionBlock* const block = site->load();
+        // In one order with the pins: whoever pins the block from now on finds it empty.
+        block->items()[connection->m_place].store(noConnection());
+        --block->m_connected;
+        {
+            std::lock_guard lock(s_retiredMutex);
+            connection->m_retiredFrom = block;
+            connection->m_next = std::exchange(s_retiredConnections, connection);
+        }
+        // The emissions that end in a replaced block look for what they have kept.
+        if (block->m_connected == 0)
+            publish(*site, nullptr);
+        else if (block->m_connected < block->m_count.load(std::memory_order_relaxed) / 2
+                 || PinnedBlocks().contain(block))
+            publish(*site, copyOf(block, block->m_connected));
+    }
+
+private:
+    static void append(ConnectionBlock& block, Connection* connection)
+    {
+        const std::uint32_t place = block.m_count.load(std::memory_order_relaxed);
+        new (block.items() + place) std::atomic<Connection*>(connection);
+        connection->ref();
+        connection->m_place = place;
+        ++block.m_connected;
+        block.m_count.store(place + 1, std::memory_order_release);
+    }
+
+    static ConnectionBlock* copyOf(const ConnectionBlock* block, std::uint32_t capacity)
+    {
+        ConnectionBlock* copy = makeBlock(capacity);
+        const std::uint32_t count = block ? block->m_count.load(std::memory_order_relaxed) : 0;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            if (Connection* const connection = block->at(i); connection != noConnection())
+                append(*copy, connection);
+        }
+        return copy;
+    }
+};
+
+namespace {
+
+/// Moves what the predicate is true for from one list to another.
+template <class Item, class Predicate>
+void takeIf(Item*& from, Item*& to, Item* Item::*next, Predicate predicate)
+{
+    for (Item** link = &from; *link;) {
+        Item* const item = *link;
+        if (predicate(item)) {
+            *link = item->*next;
+            item->*next = std::exchange(to, item);
+        } else {
+            link = &(item->*next);
+        }
+    }
+}
+
 } // namespace
 
 namespace detail {
 
-void collectRetiredBlocks()
+void collectRetired()
 {
     ConnectionBlock* unused = nullptr;
+    Connection* unusedConnections = nullptr;
     {
         std::lock_guard lock(s_retiredMutex);
-        if (!s_retired)
+        if (!s_retired && !s_retiredConnections)
             return;
-        const std::vector<const void*> pinned = pinnedBlocks();
-        for (ConnectionBlock** link = &s_retired; *link;) {
-            ConnectionBlock* block = *link;
-            if (block->m_pins.load() != 0
-                || std::find(pinned.begin(), pinned.end(), block) != pinned.end()) {
-                link = &block->m_nextRetired;
-                continue;
-            }
-            *link = block->m_nextRetired;
-            block->m_nextRetired = std::exchange(unused, block);
-        }
+        const PinnedBlocks pinned;
+        // The blocks first: what was taken out of one of them goes now, too, for nobody can come
+        // to be in it any more.
+        takeIf(s_retired, unused, &ConnectionBlock::m_nextRetired,
+               [&](ConnectionBlock* block) { return !pinned.contain(block); });
+        takeIf(s_retiredConnections, unusedConnections, &Connection::m_next,
+               [&](Connection* connection) { return !pinned.contain(connection->m_retiredFrom); });
     }
     // Frees closures, which may do anything.
+    while (unusedConnections)
+        std::exchange(unusedConnections, unusedConnections->m_next)->deref();
     while (unused)
         freeBlock(std::exchange(unused, unused->m_nextRetired));
 }
@@ -119,7 +214,7 @@ int numberOfConnections(const ConnectionSite& site) noexcept
         return 0;
     VOXI::ReadLocker lock(GetGlobalConnectionLock());
     const ConnectionBlock* block = site.load(std::memory_order_acquire);
-    return block ? static_cast<int>(block->m_count) : 0;
+    return block ? static_cast<int>(block->m_connected) : 0;
 }
 
 void cutAllConnections(ConnectionSite& site)
@@ -133,21 +228,25 @@ void cutAllConnections(ConnectionSite& site)
         if (!block)
             return;
         for (std::uint32_t i = 0; i < block->m_count; ++i) {
-            Connection* connection = block->items()[i];
+            Connection* connection = block->at(i);
+            if (!connection->isConnected())
+                continue;
+            connection->m_site = nullptr;
+            if (connection->m_outlivesEmitter)
+                continue;
             cut.emplace_back(connection);
             connection->m_alive = false;
             connection->unlinkFromListener();
-            connection->m_site = nullptr;
         }
         publish(site, nullptr);
     }
     for (const ConnectionHandle& connection : cut)
         connection.connection()->thread()->releaseWaiters(connection.connection());
     cut.clear();
-    collectRetiredBlocks();
+    collectRetired();
 }
 
-void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait)
+int sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait)
 {
     struct QueuedPacket
     {
@@ -160,14 +259,17 @@ void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, boo
         }
     };
     if (packet.isEmpty() || !site.load(std::memory_order_acquire))
-        return;
+        return 0;
+    int reached = 0;
     Thread* const self = Thread::getCurrentThread();
     const Emission emission(self, site);
     const ConnectionBlock* block = emission.block();
-    for (std::uint32_t i = 0; block && i < block->m_count; ++i) {
-        Connection* connection = block->items()[i];
+    const std::uint32_t count = block ? block->m_count.load(std::memory_order_acquire) : 0;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        Connection* connection = block->at(i);
         if (!connection->isConnected() || connection->signature() != packet.payload()->signature())
             continue;
+        ++reached;
         Thread* thread = connection->thread();
         if (thread == self && (mode == SendDirect || wait)) {
             connection->deliver(*packet.payload());
@@ -182,6 +284,7 @@ void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, boo
             thread->enqueue(QueuedPacket{ConnectionHandle(connection), packet});
         }
     }
+    return reached;
 }
 
 } // namespace detail
@@ -206,16 +309,6 @@ void Connection::attach(ConnectionSite& site)
 {
     {
         VOXI::WriteLocker lock(GetGlobalConnectionLock());
-        const ConnectionBlock* old = site.load();
-        const std::size_t count = old ? old->m_count : 0;
-        ConnectionBlock* block = makeBlock(count + 1);
-        for (std::size_t i = 0; i < count; ++i) {
-            block->items()[i] = old->items()[i];
-            block->items()[i]->ref();
-        }
-        block->items()[count] = this;
-        ref();
-        m_site = &site;
         if (m_listener) {
             m_next = m_listener->m_first;
             if (m_next)
@@ -223,9 +316,9 @@ void Connection::attach(ConnectionSite& site)
             m_listener->m_first.store(this, std::memory_order_release);
         }
         m_alive.store(true, std::memory_order_release);
-        publish(site, block);
+        detail::SiteWriter::add(site, this);
     }
-    detail::collectRetiredBlocks();
+    detail::collectRetired();
 }
 
 void Connection::unlinkFromListener() noexcept
@@ -242,6 +335,13 @@ void Connection::unlinkFromListener() noexcept
     m_listener = nullptr;
 }
 
+bool Connection::outliveEmitter()
+{
+    VOXI::WriteLocker lock(GetGlobalConnectionLock());
+    m_outlivesEmitter = true;
+    return isConnected();
+}
+
 void Connection::disconnect()
 {
     ConnectionHandle keep(this);
@@ -250,11 +350,10 @@ void Connection::disconnect()
         if (!m_alive.exchange(false))
             return;
         unlinkFromListener();
-        if (ConnectionSite* site = std::exchange(m_site, nullptr))
-            publish(*site, livingPart(*site->load()));
+        detail::SiteWriter::remove(this);
     }
     thread()->releaseWaiters(this);
-    detail::collectRetiredBlocks();
+    detail::collectRetired();
 }
 
 // Listener ----------------------------------------------------------------------------------------
@@ -277,18 +376,8 @@ void Listener::disconnect()
             connection->m_alive = false;
         }
         for (const ConnectionHandle& handle : cut) {
-            Connection* connection = handle.connection();
-            connection->unlinkFromListener();
-            // A site with several of them is rebuilt once, with the first.
-            ConnectionSite* site = std::exchange(connection->m_site, nullptr);
-            if (!site)
-                continue;
-            const ConnectionBlock* block = site->load();
-            for (std::uint32_t i = 0; i < block->m_count; ++i) {
-                if (!block->items()[i]->isConnected())
-                    block->items()[i]->m_site = nullptr;
-            }
-            publish(*site, livingPart(*block));
+            handle.connection()->unlinkFromListener();
+            detail::SiteWriter::remove(handle.connection());
         }
     }
     for (const ConnectionHandle& connection : cut)
@@ -296,7 +385,14 @@ void Listener::disconnect()
     if (cut.empty())
         return;
     cut.clear();
-    detail::collectRetiredBlocks();
+    detail::collectRetired();
+}
+
+void Listener::forEachListenerType(const std::function<void(const std::type_info&)>& function) const
+{
+    VOXI::ReadLocker lock(GetGlobalConnectionLock());
+    for (const Connection* connection = m_first; connection; connection = connection->m_next)
+        function(*connection->m_listenerType);
 }
 
 int Listener::numberOfConnections() const

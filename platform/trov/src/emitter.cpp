@@ -107,6 +107,11 @@ ConnectionSite* EmitterBase::site() const noexcept
     return site ? &site->m_site : nullptr;
 }
 
+bool EmitterBase::isStandIn() const noexcept
+{
+    return m_index != StandsAlone && asTableEmitter(*this).head().m_binding->m_isStandIn;
+}
+
 ConnectionSite& EmitterBase::siteForListeners(bool isRequest) const
 {
     if (m_index == StandsAlone)
@@ -121,7 +126,7 @@ int EmitterBase::numberOfConnections() const noexcept
     return (bound ? 1 : 0) + (connections ? detail::numberOfConnections(*connections) : 0);
 }
 
-void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) const
+int EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) const
 {
     struct QueuedCall
     {
@@ -137,7 +142,8 @@ void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) con
         }
     };
     if (packet.isEmpty())
-        return;
+        return 0;
+    int reached = 0;
     if (m_index != StandsAlone) {
         const AnyTableEmitter& emitter = asTableEmitter(*this);
         Binding* binding = emitter.head().m_binding;
@@ -146,6 +152,7 @@ void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) con
         const detail::Operation* operation = boundOperation(emitter);
         Thread* thread = binding->servingThread();
         if (operation && thread && *operation->m_signature == packet.payload()->signature()) {
+            ++reached;
             QueuedCall call{binding, this, operation, packet, generation};
             if (wait || (mode == SendDirect && thread == Thread::getCurrentThread()))
                 thread->callAndWait<void>(
@@ -155,21 +162,23 @@ void EmitterBase::sendPacket(const Packet& packet, SendMode mode, bool wait) con
                 thread->enqueue(std::move(call));
             // The operation may have ended the object, and its emitters with it.
             if (!binding->isOf(object))
-                return;
+                return reached;
         }
     }
     if (ConnectionSite* connections = site())
-        detail::sendPacketTo(*connections, packet, mode, wait);
+        reached += detail::sendPacketTo(*connections, packet, mode, wait);
+    return reached;
 }
 
 void EmitterBase::disconnect(Listener* listener) const
 {
+    if (!listener)
+        return;
     if (m_index != StandsAlone) {
         const AnyTableEmitter& emitter = asTableEmitter(*this);
         Binding* binding = emitter.head().m_binding;
         const std::uint32_t generation = binding->m_generation.load(std::memory_order_acquire);
-        if (listener && boundOperation(emitter)
-            && binding->m_peer.load(std::memory_order_acquire) == listener)
+        if (boundOperation(emitter) && binding->m_peer.load(std::memory_order_acquire) == listener)
             binding->cut(generation, this);
     }
     ConnectionSite* connections = site();
@@ -180,8 +189,8 @@ void EmitterBase::disconnect(Listener* listener) const
         VOXI::ReadLocker lock(GetGlobalConnectionLock());
         const detail::ConnectionBlock* block = connections->load();
         for (std::uint32_t i = 0; block && i < block->m_count; ++i) {
-            if (block->items()[i]->belongsTo(listener))
-                found.emplace_back(block->items()[i]);
+            if (block->at(i)->belongsTo(listener))
+                found.emplace_back(block->at(i));
         }
     }
     for (ConnectionHandle& handle : found)
@@ -223,6 +232,7 @@ void Binding::free(Binding* binding) noexcept
         std::lock_guard lock(s_bindingLock);
         thread = endService(*binding);
         binding->m_tables = nullptr;
+        binding->m_isStandIn = false;
         sites = binding->m_sites.exchange(nullptr);
         binding->m_object.fetch_add(1, std::memory_order_acq_rel);
         if (!thread && !sites) {

@@ -93,6 +93,7 @@ void Thread::detach()
     close();
     setName({});
     m_quit = false;
+    m_bound = 0;
     s_ended = true;
     s_current = nullptr;
     deref();
@@ -162,25 +163,52 @@ void Thread::setExceptionHandler(ExceptionHandler handler)
     sink.m_handler.swap(handler);
 }
 
-void Thread::reportException(std::exception_ptr error)
+void Thread::reportException(std::exception_ptr error) noexcept
 {
-    ExceptionHandler handler;
-    {
-        ExceptionSink& sink = exceptionSink();
-        std::lock_guard lock(sink.m_mutex);
-        handler = sink.m_handler;
-    }
     try {
+        ExceptionHandler handler;
+        {
+            ExceptionSink& sink = exceptionSink();
+            std::lock_guard lock(sink.m_mutex);
+            handler = sink.m_handler;
+        }
         if (handler) {
             handler(error);
             return;
         }
         std::rethrow_exception(error);
     } catch (const std::exception& e) {
-        std::fprintf(stderr, "A queued call failed: %s\n", e.what());
+        std::fprintf(stderr, "A call or handler failed: %s\n", e.what());
     } catch (...) {
-        std::fprintf(stderr, "A queued call failed with an unknown exception\n");
+        std::fprintf(stderr, "A call or handler failed with an unknown exception\n");
     }
+}
+
+void Thread::reportEventError(std::exception_ptr error) noexcept
+{
+    EventErrors* const errors = m_eventErrors;
+    if (errors && !errors->m_first && errors->isCause())
+        errors->m_first = std::move(error);
+    else
+        reportException(std::move(error));
+}
+
+EventErrors::EventErrors()
+    : m_thread(Thread::getCurrentThread()),
+      m_outer(std::exchange(m_thread->m_eventErrors, this))
+{}
+
+EventErrors::~EventErrors()
+{
+    m_thread->m_eventErrors = m_outer;
+    if (m_first)
+        Thread::reportException(std::move(m_first));
+}
+
+void EventErrors::rethrow()
+{
+    if (m_first)
+        std::rethrow_exception(std::exchange(m_first, nullptr));
 }
 
 // Hosting -----------------------------------------------------------------------------------------
@@ -217,6 +245,12 @@ void Thread::wakeUp()
     }
     // It may be waiting, for us even, or be in an `exec` inside its host's loop.
     m_rouser.rouse();
+}
+
+void Thread::recallHolds() noexcept
+{
+    if (s_current)
+        s_current->endSleep();
 }
 
 void Thread::exec()

@@ -1,6 +1,7 @@
 #include "voxi/vxobject.h"
 
 #include "registry.h"
+#include "trov/thread.h"
 #include "trov/waithooks.h"
 
 #include <stdexcept>
@@ -11,7 +12,7 @@ using detail::AddressSet;
 using detail::Registry;
 using detail::RegistryEntry;
 
-constinit RecursiveLock VXObject::m_lock;
+constinit RecursiveLock VXObject::m_lock(&TROV::Thread::recallHolds);
 
 namespace {
 

@@ -105,18 +105,13 @@ Picture bestPicture(const Icon::Layer& layer, Size<int> wanted, Icon::IconMode m
     return {};
 }
 
-Plane planeOf(const Pixmap& pixmap)
+Sample sampleOf(std::uint32_t rgba)
 {
-    Plane plane(pixmap.width(), pixmap.height());
-    for (std::size_t i = 0; i < plane.samples.size(); ++i) {
-        const std::uint32_t rgba = pixmap.pixels()[i];
-        const float alpha = static_cast<float>(rgba & 0xffu) / 255.f;
-        const auto premultiplied = [rgba, alpha](int shift) {
-            return static_cast<float>(rgba >> shift & 0xffu) / 255.f * alpha;
-        };
-        plane.samples[i] = {premultiplied(24), premultiplied(16), premultiplied(8), alpha};
-    }
-    return plane;
+    const float alpha = static_cast<float>(rgba & 0xffu) / 255.f;
+    const auto premultiplied = [rgba, alpha](int shift) {
+        return static_cast<float>(rgba >> shift & 0xffu) / 255.f * alpha;
+    };
+    return {premultiplied(24), premultiplied(16), premultiplied(8), alpha};
 }
 
 Pixmap pixmapOf(const Plane& plane)
@@ -144,15 +139,21 @@ struct Share
     float weight;
 };
 
-/// Which source positions each of `target` positions is made of: by area when there are fewer
-/// than in the source, else linear between the two nearest.
-std::vector<std::vector<Share>> sharesOf(int source, int target)
+/// Which source positions each of `count` positions from `first` on, of `target` in all, is made
+/// of: by area when there are fewer than in the source, else linear between the two nearest.
+std::vector<std::vector<Share>> sharesOf(int source, int target, int first, int count)
 {
-    std::vector<std::vector<Share>> shares(static_cast<std::size_t>(target));
+    constexpr double Enough = 64; // more for one position would not be seen
+    std::vector<std::vector<Share>> shares;
     const double step = static_cast<double>(source) / target;
-    for (int i = 0; i < target; ++i) {
-        std::vector<Share>& own = shares[static_cast<std::size_t>(i)];
-        if (target < source) {
+    for (int i = first; i < first + count; ++i) {
+        std::vector<Share>& own = shares.emplace_back();
+        if (step > Enough) {
+            for (double k = 0; k < Enough; ++k) {
+                const double at = (i + (k + 0.5) / Enough) * step;
+                own.push_back({std::min(static_cast<int>(at), source - 1), float(1 / Enough)});
+            }
+        } else if (target < source) {
             const double begin = i * step;
             const double end = begin + step;
             for (int k = static_cast<int>(begin); k < source && k < end; ++k) {
@@ -163,7 +164,9 @@ std::vector<std::vector<Share>> sharesOf(int source, int target)
             const double centre = std::clamp((i + 0.5) * step - 0.5, 0.0, source - 1.0);
             const int low = static_cast<int>(centre);
             const auto part = static_cast<float>(centre - low);
-            own = {{low, 1 - part}, {std::min(low + 1, source - 1), part}};
+            own.push_back({low, 1 - part});
+            if (part > 0)
+                own.push_back({low + 1, part});
         }
     }
     return shares;
@@ -175,22 +178,40 @@ void addWeighted(Sample& sum, const Sample& sample, float weight)
         sum[i] += sample[i] * weight;
 }
 
-Plane scaled(const Plane& source, Size<int> size)
+/// The part `shown` of what the pixmap becomes when it is scaled to `size`. Works row by row: a
+/// pixmap may be much larger than what is seen of it.
+Plane scaled(const Pixmap& source, Size<int> size, const VXRect<int>& shown)
 {
-    if (size == Size<int>{source.width, source.height})
-        return source;
-    const auto columns = sharesOf(source.width, size.width);
-    const auto rows = sharesOf(source.height, size.height);
-    Plane narrow(size.width, source.height);
-    for (int y = 0; y < source.height; ++y)
-        for (int x = 0; x < size.width; ++x)
-            for (const Share& share : columns[static_cast<std::size_t>(x)])
-                addWeighted(narrow.at(x, y), source.at(share.from, y), share.weight);
-    Plane result(size.width, size.height);
-    for (int y = 0; y < size.height; ++y)
-        for (const Share& share : rows[static_cast<std::size_t>(y)])
-            for (int x = 0; x < size.width; ++x)
-                addWeighted(result.at(x, y), narrow.at(x, share.from), share.weight);
+    const auto columns = sharesOf(source.width(), size.width, shown.x, shown.width);
+    const auto rows = sharesOf(source.height(), size.height, shown.y, shown.height);
+    struct Row
+    {
+        int m_y = -1;
+        std::vector<Sample> m_samples;
+    };
+    std::array<Row, 2> recent; // neighbours are asked for again
+    const auto narrowed = [&](int y) -> const std::vector<Sample>& {
+        Row& row = recent[static_cast<std::size_t>(y) % recent.size()];
+        if (row.m_y != y) {
+            row.m_y = y;
+            row.m_samples.assign(columns.size(), Sample{});
+            const auto* const pixels =
+                source.pixels().data()
+                + static_cast<std::size_t>(y) * static_cast<std::size_t>(source.width());
+            for (std::size_t x = 0; x < columns.size(); ++x)
+                for (const Share& share : columns[x])
+                    addWeighted(row.m_samples[x], sampleOf(pixels[share.from]), share.weight);
+        }
+        return row.m_samples;
+    };
+    Plane result(shown.width, shown.height);
+    for (int y = 0; y < shown.height; ++y) {
+        for (const Share& share : rows[static_cast<std::size_t>(y)]) {
+            const std::vector<Sample>& row = narrowed(share.from);
+            for (int x = 0; x < shown.width; ++x)
+                addWeighted(result.at(x, y), row[static_cast<std::size_t>(x)], share.weight);
+        }
+    }
     return result;
 }
 
@@ -202,14 +223,12 @@ void makeDisabled(Plane& plane)
     }
 }
 
-/// Source over: what is below shows as far as the source is transparent.
+/// Source over: what is below shows as far as the source, which fits, is transparent.
 void draw(Plane& canvas, const Plane& source, VXPoint<int> at, double opacity)
 {
     const auto factor = static_cast<float>(opacity > 0 ? std::min(opacity, 1.0) : 0.0);
-    const int endX = std::min(source.width, canvas.width - at.x);
-    const int endY = std::min(source.height, canvas.height - at.y);
-    for (int y = std::max(0, -at.y); y < endY; ++y) {
-        for (int x = std::max(0, -at.x); x < endX; ++x) {
+    for (int y = 0; y < source.height; ++y) {
+        for (int x = 0; x < source.width; ++x) {
             const Sample& above = source.at(x, y);
             Sample& pixel = canvas.at(at.x + x, at.y + y);
             const float remaining = 1 - above[3] * factor;
@@ -248,7 +267,7 @@ Size<int> fitted(Size<int> picture, Size<int> box)
 Pixmap ImageCompositor::compose(const Icon& icon, Size<int> pixels, Icon::IconMode mode,
                                 Icon::IconState state)
 {
-    if (pixels.isEmpty() || icon.isNull())
+    if (pixels.isEmpty() || icon.isNull() || pixels.width > MaxPixels / pixels.height)
         return {};
     Plane canvas(pixels.width, pixels.height);
     bool anything = false;
@@ -265,13 +284,20 @@ Pixmap ImageCompositor::compose(const Icon& icon, Size<int> pixels, Icon::IconMo
             && box == VXRect<int>{0, 0, pixels.width, pixels.height} && layer.opacity >= 1)
             return pixmap;
 
-        Plane picture = scaled(planeOf(pixmap), fitted(pixmap.size(), box.size()));
+        anything = true;
+        const Size<int> size = fitted(pixmap.size(), box.size());
+        const VXPoint<int> at{box.x + (box.width - size.width) / 2,
+                              box.y + (box.height - size.height) / 2};
+        const VXPoint<int> seen{std::max(0, at.x), std::max(0, at.y)};
+        const Size<int> seenSize{std::min(at.x + size.width, pixels.width) - seen.x,
+                                 std::min(at.y + size.height, pixels.height) - seen.y};
+        if (seenSize.isEmpty())
+            continue;
+        Plane picture =
+            scaled(pixmap, size, {seen.x - at.x, seen.y - at.y, seenSize.width, seenSize.height});
         if (derive)
             makeDisabled(picture);
-        draw(canvas, picture,
-             {box.x + (box.width - picture.width) / 2, box.y + (box.height - picture.height) / 2},
-             layer.opacity);
-        anything = true;
+        draw(canvas, picture, seen, layer.opacity);
     }
     return anything ? pixmapOf(canvas) : Pixmap();
 }

@@ -2,6 +2,7 @@
 
 #include "voxi_util/readwritelock.h"
 
+#include <atomic>
 #include <cstddef>
 #include <utility>
 
@@ -13,6 +14,8 @@ struct DecoderSlot
     ReadWriteLock lock;
     std::shared_ptr<ImageDecoder> decoder;
 };
+
+std::atomic<std::size_t> s_fileSizeLimit{std::size_t(64) << 20};
 
 /// Never destroyed: a back end may take its decoder away while the process is exiting.
 DecoderSlot& decoderSlot()
@@ -110,6 +113,16 @@ void ImageDecoder::install(std::shared_ptr<ImageDecoder> decoder)
         WriteLocker writing(slot.lock);
         slot.decoder.swap(decoder);
     }
+}
+
+void ImageDecoder::setFileSizeLimit(std::size_t bytes) noexcept
+{
+    s_fileSizeLimit = bytes;
+}
+
+std::size_t ImageDecoder::fileSizeLimit() noexcept
+{
+    return s_fileSizeLimit;
 }
 
 std::shared_ptr<ImageDecoder> ImageDecoder::installed()

@@ -2,6 +2,7 @@
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/vxaction2.h"
 #include "voxi2_qt/containers/qtlayout2.h"
 
 #include <QBoxLayout>
@@ -131,6 +132,25 @@ TEST_F(BoxLayout, movesToAnotherWidgetAndSurvivesItsItems)
     delete m_first;
     runDeletions();
     EXPECT_EQ(qt(other)->layout()->count(), 0);
+}
+
+TEST_F(BoxLayout, staysWhereItIsIfItCannotMove)
+{
+    m_layout->addWidget(m_first);
+    VXPanel2 other;
+    const VXBoxLayout2 present(&other);
+    VXAction2 noWidget;
+    auto* const dead = new VXPanel2;
+    delete dead;
+    for (VXObject2* parent :
+         std::initializer_list<VXObject2*>{&other, m_first, &noWidget, dead, nullptr}) {
+        m_layout->setParent(parent);
+        static_cast<VXObject2*>(m_layout)->setParent(parent);
+        EXPECT_EQ(m_layout->parent(), m_panel);
+        EXPECT_EQ(m_layout->peerParent(), m_panel);
+        EXPECT_EQ(m_first->peerParent(), m_panel);
+    }
+    EXPECT_EQ(qt(other)->layout(), qObjectOf(lookup(&present)));
 }
 
 TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)

@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 namespace VOXI {
@@ -339,8 +340,45 @@ TEST_F(Dialog, endsWhenTheProgramQuits)
         EXPECT_FALSE(m_dialog->isVisible());
     });
     EXPECT_EQ(QApplication::exec(), 3);
+    // From now on nobody answers, until a loop sleeps again.
+    QEventLoop loop;
+    soon([&] { loop.quit(); });
+    loop.exec();
     EXPECT_EQ(result, VXDialog2::Rejected);
     EXPECT_TRUE(m_finished.isEmpty());
+}
+
+TEST_F(Dialog, executesOnWhateverThrows)
+{
+    int reported = 0;
+    TROV::Thread::setExceptionHandler([&](std::exception_ptr) { ++reported; });
+    m_ok->clicked().connect(m_ok, [] { throw std::runtime_error("handler"); });
+    soon([&] {
+        click(m_ok);
+        EXPECT_EQ(reported, 1);
+        EXPECT_TRUE(m_dialog->isVisible());
+        m_dialog->done(4);
+    });
+    EXPECT_EQ(m_dialog->exec(), 4);
+    TROV::Thread::setExceptionHandler({});
+
+    struct Thrower : QObject
+    {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Show)
+                throw std::runtime_error("a filter of the program's");
+            return false;
+        }
+    };
+    {
+        Thrower thrower;
+        qtDialog()->installEventFilter(&thrower);
+        EXPECT_THROW(m_dialog->exec(), std::runtime_error);
+        EXPECT_FALSE(m_dialog->isVisible());
+    }
+    soon([&] { m_dialog->done(5); });
+    EXPECT_EQ(m_dialog->exec(), 5);
 }
 
 // Threads -----------------------------------------------------------------------------------------

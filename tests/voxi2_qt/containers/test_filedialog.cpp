@@ -1,10 +1,14 @@
 #include "dialogsupport.h"
 #include "voxi2/containers/vxfiledialog2.h"
 #include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/translation.h"
 #include "voxi2/kernel/vxhandle.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -151,6 +155,64 @@ TEST_F(FileDialog, filtersNameThemselvesAndFilter)
     EXPECT_EQ(m_dialog->selectedFilter(), -1);
     EXPECT_TRUE(waitFor([&] { return names().contains(QStringLiteral("a.txt")); }));
     EXPECT_TRUE(m_chosen.isEmpty() && m_finished.isEmpty());
+}
+
+TEST_F(FileDialog, filtersThatReadTheSameAreToldApart)
+{
+    m_dialog->setFilters(
+        {{L"Text", {"*.t\xc3\xa4"}}, {L"Text", {"*.t\xc3\xb6"}}, {L"Text", {"*.t?"}}});
+    for (const int filter : {2, 0, 1}) {
+        m_dialog->setSelectedFilter(filter);
+        EXPECT_EQ(m_dialog->selectedFilter(), filter);
+    }
+    m_dialog->open();
+    auto* const choice = qtDialog()->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    choice->setCurrentIndex(2); // as the user does
+    Q_EMIT choice->textActivated(choice->currentText());
+    EXPECT_EQ(m_dialog->selectedFilter(), 2);
+}
+
+TEST_F(FileDialog, speaksAsItIsTold)
+{
+    const auto said = [&] {
+        QStringList texts;
+        for (const char* name : {"lookInLabel", "fileNameLabel", "fileTypeLabel"})
+            texts.append(qtDialog()->findChild<QLabel*>(QLatin1String(name))->text());
+        for (QAbstractButton* each :
+             qtDialog()->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->buttons())
+            texts.append(each->text());
+        return texts.join(u'|').remove(u'&');
+    };
+    const QString usual = said();
+    EXPECT_EQ(usual, QStringLiteral("Look in:|File name:|Files of type:|Open|Cancel"));
+    m_dialog->setLabel(FileDialogLabel::Accept, L"&Import");
+    m_dialog->setLabel(FileDialogLabel::Cancel, L"\u20ac");
+    m_dialog->setLabel(FileDialogLabel::Filter, L"Kind");
+    EXPECT_EQ(said(), QStringLiteral("Look in:|File name:|Kind|Import|€"));
+    m_dialog->setMode(FileDialogMode::SaveFile);
+    EXPECT_EQ(said(), QStringLiteral("Look in:|File name:|Kind|Import|€"));
+    m_dialog->setMode(FileDialogMode::OpenFile);
+    for (const auto label :
+         {FileDialogLabel::Accept, FileDialogLabel::Cancel, FileDialogLabel::Filter})
+        m_dialog->setLabel(label, {});
+    EXPECT_EQ(said(), usual);
+
+    setTranslation([](const std::string& english) {
+        const std::string replace = "%1 exists already.\nDo you want to replace it?";
+        return english == replace      ? L"%1 ersetzen?"
+               : english == "&Yes"     ? L"&Ja"
+               : english == "&Save"    ? L"&Sichern"
+               : english == "Look in:" ? L"Ort:"
+                                       : L"";
+    });
+    m_dialog->setMode(FileDialogMode::SaveFile);
+    EXPECT_EQ(said(), QStringLiteral("Ort:|File name:|Files of type:|Sichern|Cancel"));
+    m_dialog->open();
+    enter("a.txt");
+    ASSERT_NE(question(), nullptr);
+    EXPECT_EQ(question()->text(), QStringLiteral("a.txt ersetzen?"));
+    EXPECT_EQ(question()->button(QMessageBox::Yes)->text(), QStringLiteral("&Ja"));
+    setTranslation({});
 }
 
 TEST_F(FileDialog, theUserChooses)

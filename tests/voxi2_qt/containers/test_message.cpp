@@ -4,9 +4,12 @@
 #include "voxi2/containers/vxmessage2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/translation.h"
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 
 #include <memory>
 #include <optional>
@@ -159,6 +162,63 @@ TEST_F(Message, askedFromAWorker)
     ASSERT_TRUE(waitFor([] { return shown() != nullptr; }));
     click("&OK");
     EXPECT_TRUE(calledHere);
+}
+
+TEST_F(Message, longTextsScrollOnTheScreen)
+{
+    std::string words;
+    for (int i = 0; i < 3000; ++i)
+        words += "word ";
+    std::string lines;
+    for (int i = 0; i < 300; ++i)
+        lines += "line\n";
+    for (const std::string& text :
+         {std::string(400, 'x'), "/" + std::string(300, 'p'), words, lines}) {
+        SCOPED_TRACE(text.substr(0, 5));
+        for (const bool asDetails : {false, true}) {
+            soon([&] {
+                turn();
+                const QRect screen = shown()->screen()->availableGeometry();
+                EXPECT_TRUE(screen.contains(shown()->frameGeometry()))
+                    << shown()->width() << 'x' << shown()->height();
+                const auto* label = shown()->findChild<QLabel*>(
+                    asDetails ? QStringLiteral("details") : QStringLiteral("text"));
+                const QSize room = shown()->findChild<QScrollArea*>()->viewport()->size();
+                EXPECT_TRUE(label->width() > room.width() || label->height() > room.height());
+                EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+                press(Qt::Key_Return);
+            });
+            VXMessage2{.text = asDetails ? "short" : text, .details = asDetails ? text : ""}.exec(
+                m_window);
+        }
+    }
+    soon([&] {
+        EXPECT_EQ(shown()->findChild<QScrollArea*>(), nullptr);
+        press(Qt::Key_Return);
+    });
+    VXMessage2::inform(m_window, words.substr(0, 300));
+}
+
+TEST_F(Message, speaksAsItIsTold)
+{
+    const VXMessage2 message{.text = "?",
+                             .answers = A::Yes | A::No | A::Cancel,
+                             .kind = MessageKind::Warning,
+                             .labels = {{A::Yes, L"&L\u00f6schen"}, {A::Save, "unused"}}};
+    const auto expect = [&](const QString& buttons, const QString& title) {
+        soon([&] {
+            EXPECT_EQ(labels(), buttons);
+            EXPECT_EQ(shown()->windowTitle(), title);
+            press(Qt::Key_Escape);
+        });
+        EXPECT_EQ(message.exec(m_window), A::Cancel);
+    };
+    setTranslation([](const std::string& english) {
+        return english == "&No" ? L"&Nein" : english == "Warning" ? L"Warnung" : L"";
+    });
+    expect(QStringLiteral("&L\u00f6schen* &Nein Cancel"), QStringLiteral("Warnung"));
+    setTranslation({});
+    expect(QStringLiteral("&L\u00f6schen* &No Cancel"), QStringLiteral("Warning"));
 }
 
 TEST_F(Message, withoutABackEndIsAnsweredAtOnce)

@@ -26,6 +26,8 @@
 #include <gtest/gtest.h>
 #include <iostream>
 #include <random>
+#include <set>
+#include <typeinfo>
 
 namespace VOXI {
 namespace {
@@ -73,7 +75,7 @@ public:
             break;
         case 8:
             if (auto* object = any<VXObject2>(); object && below(4) == 0)
-                VXFactory2::current()->destroyObject(object->id());
+                cutOff(*object);
             break;
         default:
             for (int i = 0; i < 3; ++i)
@@ -105,7 +107,30 @@ public:
         }
     }
 
+    /// Whatever ended around them, objects keep their peers.
+    void expectPeers() const
+    {
+        for (const unsigned id : m_ids) {
+            auto* const object = static_cast<VXObject2*>(VXObject::objectById(id));
+            bool isCutOff = false;
+            for (const VXObject2* at = object; at; at = at->parent())
+                isCutOff = isCutOff || m_cutOff.contains(at->id());
+            if (object && !isCutOff) {
+                EXPECT_NE(lookup(object), nullptr) << typeid(*object).name();
+            }
+        }
+    }
+
 private:
+    /// Ends the peer alone, which takes along those of what its object owns.
+    void cutOff(VXObject2& object)
+    {
+        m_cutOff.insert(object.id());
+        for (const VXObject2* child : object.children(true))
+            m_cutOff.insert(child->id()); // also if it gets another owner later
+        VXFactory2::current()->destroyObject(object.id());
+    }
+
     int below(int end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
 
     template <class Object>
@@ -296,7 +321,7 @@ private:
             window->removeStatusWidget(widget);
             window->removeDockWidget(any<VXDockWidget2>());
             if (below(2))
-                window->restoreLayout(window->saveLayout());
+                EXPECT_EQ(window->restoreLayout(window->saveLayout()), lookup(window) != nullptr);
             else
                 window->setCentralWidget(nullptr);
         }
@@ -305,6 +330,7 @@ private:
     std::mt19937 m_random;
     VXWindow2 m_window;
     std::vector<unsigned> m_ids;
+    std::set<unsigned> m_cutOff;
 };
 
 /// Without the one that stands for the whole screen, which Qt makes once for itself.
@@ -329,6 +355,8 @@ TEST(RandomLayouts, growMoveAndDie)
         for (int i = 0; i < 300; ++i)
             layouts.step();
         turn();
+        runDeletions();
+        layouts.expectPeers();
         layouts.expectEverythingInPlace();
     }
     runDeletions();

@@ -143,8 +143,10 @@ TEST_F(Splitter, mayBeDestroyedWhileItsHandleIsDragged)
     m_splitter->handleMoved().connect(m_first, [&] { delete std::exchange(m_splitter, nullptr); });
     QPointer<QWidget> handle(qtSplitter()->handle(1));
     QTest::mousePress(handle, Qt::LeftButton, {}, QPoint(3, 50));
-    QTest::mouseMove(handle, QPoint(33, 50));
-    QTest::mouseMove(handle, QPoint(63, 50));
+    for (const int x : {33, 63}) {
+        if (handle) // it goes with the widgets beside it, which are not the splitter's
+            QTest::mouseMove(handle, QPoint(x, 50));
+    }
     runDeletions();
     EXPECT_TRUE(handle.isNull());
     EXPECT_EQ(m_splitter, nullptr);

@@ -231,6 +231,16 @@ TEST_F(Tabs, theUserChoosesByMouseAndKeys)
     EXPECT_EQ(doubleClicks.last().tab(), m_first);
 }
 
+TEST_F(Tabs, aTabThatTheProgramHasLeftMeanwhileIsNotReported)
+{
+    show();
+    Log changes(m_container->currentTabChanged());
+    m_second->shown().connect(m_container, [&] { m_container->setCurrentTab(m_third); });
+    click(m_second);
+    EXPECT_EQ(m_container->currentTab(), m_third);
+    EXPECT_TRUE(changes.isEmpty()) << "what the press changed is past";
+}
+
 TEST_F(Tabs, whatTheProgramDoesIsNotReported)
 {
     show();
@@ -272,8 +282,7 @@ TEST_F(Tabs, hidingAndShowingAreTheTabs)
 {
     show();
     Log changes(m_container->currentTabChanged());
-    Log shown(m_first->shown());
-    Log hidden(m_first->hidden());
+    Comings comings({m_first, m_second, m_third});
     m_first->hide();
     EXPECT_FALSE(bar()->isTabVisible(0));
     EXPECT_EQ(m_container->currentTab(), m_second);
@@ -282,8 +291,38 @@ TEST_F(Tabs, hidingAndShowingAreTheTabs)
     EXPECT_TRUE(bar()->isTabVisible(0));
     EXPECT_FALSE(m_first->isVisible()) << "another page is shown";
     EXPECT_TRUE(m_second->isVisible());
-    EXPECT_TRUE(shown.isEmpty() && hidden.isEmpty());
+    EXPECT_FALSE(comings.areReported());
     EXPECT_TRUE(changes.isEmpty());
+}
+
+TEST_F(Tabs, thePageThatComesInsteadIsNotReported)
+{
+    show();
+    Comings comings({m_first, m_second, m_third});
+    m_container->removeTab(m_first);
+    EXPECT_TRUE(m_second->isVisible());
+    EXPECT_FALSE(comings.areReported()) << "removed";
+    m_second->setTabEnabled(false);
+    EXPECT_TRUE(m_third->isVisible());
+    EXPECT_FALSE(comings.areReported()) << "disabled";
+    m_second->setTabEnabled(true);
+    m_container->insertTab(m_third, 0);
+    EXPECT_TRUE(m_third->isVisible());
+    EXPECT_FALSE(comings.areReported()) << "moved";
+    for (VXTab2* tab : {m_second, m_third})
+        tab->setTabEnabled(false);
+    m_container->addTab(m_first);
+    m_container->setCurrentTab(m_first);
+    m_container->removeTab(m_first);
+    EXPECT_FALSE(comings.areReported()) << "none can be chosen";
+    m_second->setTabEnabled(true);
+    m_other->addTab(m_third);
+    EXPECT_TRUE(m_second->isVisible());
+    EXPECT_FALSE(comings.areReported()) << "put elsewhere";
+    m_container->insertTab(m_first, 0);
+    delete m_second;
+    EXPECT_TRUE(m_first->isVisible());
+    EXPECT_FALSE(comings.areReported()) << "ended";
 }
 
 TEST_F(Tabs, theFocusGoesOnUnheard)
@@ -354,6 +393,31 @@ TEST_F(Tabs, aDragIsReportedOnceItIsOver)
     EXPECT_TRUE(changes.isEmpty()) << "the same tab is current";
     click(m_first);
     EXPECT_EQ(moves.count(), 1) << "nothing was moved";
+}
+
+TEST_F(Tabs, onlyADragThatLeadsElsewhereIsReported)
+{
+    show();
+    m_container->setMovable(true);
+    Log moves(m_container->tabMoved());
+    const QPoint start = onTab(m_first);
+    drag(m_first, 1);
+    QTest::mouseMove(bar(), start);
+    QTest::mouseRelease(bar(), Qt::LeftButton, {}, start);
+    EXPECT_EQ(m_container->indexOf(m_first), 0);
+    EXPECT_TRUE(moves.isEmpty()) << "there and back";
+
+    drag(m_first, 1);
+    QTest::mousePress(bar(), Qt::RightButton, {}, onTab(m_third));
+    QTest::mouseRelease(bar(), Qt::RightButton, {}, onTab(m_third));
+    EXPECT_TRUE(moves.isEmpty()) << "the left button is still down";
+    drop();
+    ASSERT_EQ(moves.count(), 1);
+    EXPECT_EQ(moves.last().tab(), m_first);
+
+    drag(m_first, 1); // and the release is lost
+    click(m_second);
+    EXPECT_EQ(moves.count(), 1) << "of that tab nothing was dragged";
 }
 
 TEST_F(Tabs, mayGoWhileTheyAreDragged)

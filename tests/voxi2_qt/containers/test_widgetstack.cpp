@@ -1,5 +1,6 @@
 #include "../kernel/toolkit.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxsplitter2.h"
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/controls/vxbutton2.h"
 
@@ -87,6 +88,35 @@ TEST_F(WidgetStack, theNextIsShownWhenTheCurrentGoes)
     runDeletions();
     EXPECT_EQ(m_stack->currentWidget(), m_third);
     EXPECT_EQ(m_stack->count(), 1);
+}
+
+TEST_F(WidgetStack, whatTheProgramDoesToPagesIsNotReported)
+{
+    Comings comings({m_first, m_second, m_third});
+    m_stack->show();
+    m_stack->addWidget(m_first);
+    EXPECT_FALSE(comings.areReported()) << "the first comes into sight";
+    m_stack->addWidget(m_second);
+    m_stack->addWidget(m_third);
+    m_stack->addWidget(m_first, 2); // another takes its place
+    EXPECT_EQ(m_stack->currentWidget(), m_second);
+    EXPECT_FALSE(comings.areReported());
+    m_stack->removeWidget(m_second);
+    EXPECT_EQ(m_stack->currentWidget(), m_third);
+    EXPECT_FALSE(comings.areReported());
+    m_stack->addWidget(m_second, 0);
+    m_stack->raiseWidget(m_second);
+    EXPECT_FALSE(comings.areReported());
+    VXSplitter2 splitter;
+    splitter.addWidget(m_second);
+    EXPECT_EQ(m_stack->currentWidget(), m_third);
+    EXPECT_FALSE(comings.areReported());
+    delete m_third;
+    EXPECT_EQ(m_stack->count(), 1) << "true at once";
+    runDeletions();
+    EXPECT_EQ(m_stack->currentWidget(), m_first);
+    EXPECT_TRUE(m_first->isVisible());
+    EXPECT_FALSE(comings.areReported());
 }
 
 TEST_F(WidgetStack, theFocusThatRaisingMovesIsNotReported)

@@ -1,12 +1,15 @@
 #include "../kernel/toolkit.h"
 #include "support/waitfor.h"
+#include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace VOXI {
 namespace {
@@ -90,6 +93,104 @@ TEST_F(Window, statesAreSetAndTold)
     EXPECT_FALSE(m_window->isMinimized() || m_window->isMaximized());
 }
 
+/// Calls a function when the window's state changes, amid the change.
+class WhenStateChanges : public QObject
+{
+public:
+    WhenStateChanges(QObject* window, std::function<void()> call) : m_call(std::move(call))
+    {
+        window->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::WindowStateChange)
+            m_call();
+        return false;
+    }
+
+private:
+    std::function<void()> m_call;
+};
+
+TEST_F(Window, mayEndWhileItChangesItsState)
+{
+    using W = VXWindow2;
+    const struct
+    {
+        void (W::*m_before)();
+        void (W::*m_operation)();
+    } cases[] = {{&W::showNormal, &W::showMinimized},
+                 {&W::showNormal, &W::showMaximized},
+                 {&W::showNormal, &W::showFullScreen},
+                 {&W::showMaximized, &W::showNormal}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(&each - cases);
+        auto* window = new W;
+        (window->*each.m_before)();
+        turn();
+        const QPointer<QWidget> shown = qt(*window);
+        const WhenStateChanges when(shown, [&] {
+            if (window) {
+                std::exchange(window, nullptr)->destroy();
+                shown->hide(); // so that showing it again would be seen
+            }
+        });
+        (window->*each.m_operation)();
+        EXPECT_EQ(window, nullptr) << "it ended meanwhile";
+        EXPECT_FALSE(shown->isVisible());
+        runDeletions();
+    }
+    // By a handler as well.
+    auto* panel = new VXPanel2(m_window);
+    m_window->setCentralWidget(panel);
+    m_window->show();
+    const QPointer<QWidget> shown = qt(*m_window);
+    panel->hidden().connect(panel, [&] {
+        delete std::exchange(m_window, nullptr);
+        shown->hide();
+    });
+    m_window->showMinimized();
+    EXPECT_EQ(m_window, nullptr);
+    EXPECT_FALSE(shown->isVisible());
+}
+
+TEST_F(Window, isRaisedByWhatTheWindowSystemCallsIt)
+{
+    VXWindow2 other;
+    VXWindow2 hidden;
+    auto& embedded = *new VXWindow2(m_window);
+    auto* panel = new VXPanel2(&embedded);
+    embedded.setCentralWidget(panel);
+    embedded.setWindowFlags(0);
+    m_window->setCentralWidget(&embedded);
+    const auto isActive = [](const VXWindow2& window) {
+        return waitFor([&] { return window.isActiveWindow(); });
+    };
+    m_window->showMaximized();
+    other.show();
+    Log states(m_window->stateChanged());
+    const auto value = m_window->winId();
+    m_window->showMinimized();
+    other.setActiveWindow();
+    ASSERT_TRUE(isActive(other));
+    VXAbstractWindow2::raiseNativeWindow(value);
+    EXPECT_TRUE(isActive(*m_window));
+    EXPECT_TRUE(m_window->isVisible() && m_window->isMaximized());
+    for (const unsigned long long none : {0ull, ~0ull, hidden.winId()})
+        VXAbstractWindow2::raiseNativeWindow(none);
+    EXPECT_TRUE(m_window->isActiveWindow());
+    EXPECT_FALSE(hidden.isVisible());
+    EXPECT_FALSE(qt(embedded)->testAttribute(Qt::WA_NativeWindow)) << "only for the question";
+    EXPECT_TRUE(states.isEmpty()) << "the program's doing";
+    // It may end on its way to the front.
+    m_window->showMinimized();
+    panel->shown().connect(panel, [this] { delete std::exchange(m_window, nullptr); });
+    VXAbstractWindow2::raiseNativeWindow(value);
+    EXPECT_EQ(m_window, nullptr);
+}
+
 TEST_F(Window, isPartOfItsParentWithoutFlags)
 {
     auto* inner = new VXWindow2(m_window);
@@ -103,6 +204,34 @@ TEST_F(Window, isPartOfItsParentWithoutFlags)
     EXPECT_TRUE(qt(*inner)->isWindow());
     m_window->setWindowFlags(0);
     EXPECT_TRUE(qtWindow()->isWindow()) << "it has no parent";
+}
+
+TEST_F(Window, remainsAWindowWhateverParentItGets)
+{
+    VXWindow2 other;
+    auto* const above = new VXWindow2;
+    for (VXObject2* parent : {m_window, &other, static_cast<VXWindow2*>(nullptr), &other}) {
+        above->setParent(parent);
+        EXPECT_TRUE(qt(*above)->isWindow());
+        EXPECT_EQ(above->peerParent(), parent);
+    }
+    above->setWindowFlags(0);
+    above->setParent(m_window);
+    EXPECT_FALSE(qt(*above)->isWindow()) << "it was a part, and is one";
+}
+
+TEST_F(Window, aDialogRemainsOneWhateverItsFlags)
+{
+    VXDialog2 alone;
+    VXDialog2 above(m_window);
+    for (VXDialog2* dialog : {&alone, &above}) {
+        for (const unsigned flags :
+             {0u, unsigned(WindowFlagStaysOnTop), unsigned(WindowFlagWindow | WindowFlagTitle)}) {
+            dialog->setWindowFlags(flags);
+            EXPECT_EQ(qt(*dialog)->windowType(), Qt::Dialog) << flags;
+        }
+    }
+    EXPECT_TRUE(qt(alone)->windowFlags().testFlag(Qt::WindowTitleHint));
 }
 
 TEST_F(Window, centralWidgetsComeAndGoAlive)

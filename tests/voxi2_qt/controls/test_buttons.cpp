@@ -1,6 +1,7 @@
 // What all buttons have in common, and the settings that each kind starts with.
 
 #include "../kernel/toolkit.h"
+#include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxcheckbox2.h"
@@ -8,14 +9,20 @@
 #include "voxi2/controls/vxtoolbutton2.h"
 
 #include <QCheckBox>
+#include <QEventLoop>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace VOXI {
 namespace {
@@ -58,6 +65,58 @@ TYPED_TEST(Buttons, showTheirLabel)
     EXPECT_EQ(this->m_qt.text(), QStringLiteral(u"\u0394 step"));
     EXPECT_EQ(this->m_button.label(), "? step");
     EXPECT_EQ(this->m_button.labelU(), L"\u0394 step");
+}
+
+TYPED_TEST(Buttons, throwToTheProgramOnlyWhatItCausedItself)
+{
+    std::vector<std::string> reported;
+    TROV::Thread::setExceptionHandler([&](std::exception_ptr error) {
+        try {
+            std::rethrow_exception(error);
+        } catch (const std::exception& e) {
+            reported.emplace_back(e.what());
+        }
+    });
+    TROV::Listener listener;
+    const auto throwing = [](const char* text) {
+        return [text] { throw std::runtime_error(text); };
+    };
+    auto& button = this->m_button;
+    this->m_clicks.disconnect();
+    button.clicked().connect(&listener, throwing("click"));
+    button.mousePressed().connect(&listener, throwing("press"));
+    Log<VXButtonClickEvent2> later(button.clicked());
+
+    // The user's
+    QTest::mouseClick(&this->m_qt, Qt::LeftButton, {}, QPoint(5, this->m_qt.height() / 2));
+    EXPECT_EQ(std::exchange(reported, {}), (std::vector<std::string>{"press", "click"}));
+    EXPECT_TRUE(later.takeOne());
+    EXPECT_FALSE(this->m_qt.isDown());
+    // The program's
+    EXPECT_THROW(button.imitateClick(), std::runtime_error);
+    EXPECT_THROW(button.imitateMouse(WidgetEvent::MousePress,
+                                     VXMouseEvent2(&button, WidgetEvent::MousePress, {1, 1}, {1, 1},
+                                                   MouseButton::Left, MouseButton::Left, {})),
+                 std::runtime_error);
+    EXPECT_TRUE(reported.empty());
+    EXPECT_TRUE(later.takeOne());
+    // The program's, on another thread, which does not wait for it
+    std::thread([&] { button.imitateClick(); }).join();
+    turn();
+    EXPECT_EQ(std::exchange(reported, {}), std::vector<std::string>{"click"});
+    // The user's, in a loop that a handler of the program's runs
+    auto* const other = new typename TestFixture::Button(&this->m_window);
+    other->clicked().connect(&listener, [&] {
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] {
+            QTest::keyClick(&this->m_qt, Qt::Key_Space);
+            loop.quit();
+        });
+        loop.exec();
+    });
+    EXPECT_NO_THROW(other->imitateClick());
+    EXPECT_EQ(reported, std::vector<std::string>{"click"});
+    TROV::Thread::setExceptionHandler({});
 }
 
 TYPED_TEST(Buttons, areHeardByOneWhoComesLateAndFromAnotherThread)
@@ -141,6 +200,15 @@ TYPED_TEST(Buttons, thatAreExclusiveHaveOneChecked)
     EXPECT_FALSE(this->m_button.isChecked());
     // It is the user who unchecked it.
     EXPECT_TRUE(this->m_toggles.takeOne());
+
+    // And now the program.
+    Log secondToggles(second.toggled());
+    this->m_button.setChecked(true);
+    EXPECT_FALSE(second.isChecked());
+    second.setChecked(true);
+    EXPECT_FALSE(this->m_button.isChecked());
+    EXPECT_TRUE(this->m_toggles.isEmpty());
+    EXPECT_TRUE(secondToggles.isEmpty());
 }
 
 TYPED_TEST(Buttons, mayEndInTheirOwnHandlers)
@@ -172,10 +240,13 @@ TEST(ButtonKinds, startAsTheyAreUsed)
     VXPanel2 window;
     auto* push = qobject_cast<QPushButton*>(qt(*new VXButton2(&window)));
     ASSERT_TRUE(push);
-    EXPECT_FALSE(push->autoDefault());
     EXPECT_EQ(push->focusPolicy(), Qt::StrongFocus);
     EXPECT_EQ(push->backgroundRole(), QPalette::Button);
     EXPECT_EQ(push->foregroundRole(), QPalette::ButtonText);
+
+    // In a dialog Qt's own would be, as soon as it is not told otherwise.
+    VXDialog2 dialog;
+    EXPECT_FALSE(qobject_cast<QPushButton*>(qt(*new VXButton2(&dialog)))->autoDefault());
 
     auto* check = qt(*new VXCheckBox2(&window));
     auto* radio = qt(*new VXRadioButton2(&window));

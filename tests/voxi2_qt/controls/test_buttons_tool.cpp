@@ -91,6 +91,37 @@ TEST_F(ToolButton, showsItsAction)
     EXPECT_TRUE(m_clicks.takeOne());
 }
 
+TEST_F(ToolButton, showsOneActionAtATime)
+{
+    VXAction2 play, pause;
+    Log plays(play.triggered());
+    Log pauses(pause.triggered());
+    m_button.setDefaultAction(&play);
+    m_button.setDefaultAction(&pause);
+    m_button.setDefaultAction(&pause);
+    ASSERT_EQ(m_qt.actions(), QList<QAction*>{qt(pause)}) << "of two it would show a menu";
+    m_window.show();
+    QTest::mouseClick(&m_qt, Qt::LeftButton);
+    EXPECT_TRUE(pauses.takeOne());
+    EXPECT_TRUE(plays.isEmpty());
+}
+
+TEST_F(ToolButton, isQuietToItsExclusiveNeighboursAsWell)
+{
+    auto& other = *new VXToolButton2(&m_window);
+    for (VXToolButton2* button : {&m_button, &other}) {
+        button->setCheckable(true);
+        button->setExclusive(true);
+    }
+    VXAction2 checked;
+    checked.setCheckable(true);
+    checked.setChecked(true);
+    m_button.setChecked(true);
+    other.setDefaultAction(&checked);
+    EXPECT_FALSE(m_button.isChecked());
+    EXPECT_TRUE(m_toggles.isEmpty());
+}
+
 TEST_F(ToolButton, isQuietWhenTheProgramChangesItsAction)
 {
     VXAction2 bold;

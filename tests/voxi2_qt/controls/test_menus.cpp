@@ -4,7 +4,10 @@
 #include "voxi2_qt/controls/qtmenubar2.h"
 
 #include <QMainWindow>
+#include <QScreen>
 #include <QSignalSpy>
+
+#include <limits>
 
 namespace VOXI {
 
@@ -77,6 +80,83 @@ TEST_F(Menus, pop_up_at_whole_pixels_and_reopen_when_they_are_open)
     EXPECT_EQ(m_top->pos(), QPoint(30, 40));
     EXPECT_EQ(shows.count(), 2);
     EXPECT_EQ(hides.count(), 1);
+}
+
+TEST_F(Menus, cut_fractions_off_below_zero_as_well)
+{
+    // Qt moves a menu onto the screen, so that -1 would look like 0; but one that opens within
+    // three pixels of the pointer, and reads from the right, ends there.
+    m_top->setLayoutDirection(Qt::RightToLeft);
+    const QPoint pointer(500, 2);
+    QCursor::setPos(pointer);
+    m_menu->popup(500, -0.5);
+    EXPECT_EQ(m_top->pos(), QPoint(pointer.x() - m_top->width(), 0));
+    m_menu->hide();
+}
+
+TEST_F(Menus, open_on_the_screen_whatever_position_is_asked_for)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinite = std::numeric_limits<double>::infinity();
+    const QRect area = m_top->screen()->geometry();
+    for (const double x : {nan, infinite, -infinite, 1e300, -3e9}) {
+        m_menu->popup(x, 20);
+        EXPECT_TRUE(area.contains(m_top->geometry())) << x;
+        m_menu->popup(20, x);
+        EXPECT_TRUE(area.contains(m_top->geometry())) << x;
+        // Far out is out on the same side.
+        EXPECT_EQ(m_top->y() > area.center().y(), x > 0) << x;
+    }
+}
+
+TEST_F(Menus, are_not_put_into_menus_that_they_hold)
+{
+    VXMenu2 a, b, c;
+    a.addMenu("b", &b);
+    b.addMenu("c", &c);
+    a.addMenu("c", &c); // twice is no circle
+    EXPECT_EQ(a.count(), 2);
+    b.addMenu("a", &a);
+    c.addMenu("a", &a);
+    c.addMenu(L"b", &b);
+    EXPECT_EQ(b.count(), 1);
+    EXPECT_EQ(c.count(), 0);
+    EXPECT_EQ(b.titleU(), L"b");
+    // Qt would follow them for ever in search of it.
+    VXAction2* action = c.addAction("x");
+    action->setAccelerator("Ctrl+J");
+    Log triggers(action->triggered());
+    auto* bar = new VXMenuBar2(m_window.get());
+    bar->addMenu("a", &a);
+    m_window->setMenuBar(bar);
+    m_window->setActiveWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(qt(*m_window)));
+    QTest::keyClick(qt(*m_window), Qt::Key_J, Qt::ControlModifier);
+    EXPECT_TRUE(triggers.takeOne());
+    a.removeMenu(&b);
+    b.addMenu("a", &a); // no longer
+    EXPECT_EQ(b.count(), 2);
+}
+
+TEST_F(Menus, make_way_for_a_window_that_their_closing_handler_shows)
+{
+    for (const bool refuses : {false, true}) {
+        VXWindow2 shown;
+        VXMenu2 menu;
+        menu.addAction("entry");
+        int asked = 0;
+        menu.closing().connect(&menu, [&](const VXCloseEvent2& event) {
+            ++asked;
+            shown.show();
+            if (refuses)
+                event.refuse();
+        });
+        menu.popup(50, 50);
+        qt(menu)->close();
+        EXPECT_EQ(asked, 1);
+        EXPECT_TRUE(shown.isVisible());
+        EXPECT_FALSE(menu.isVisible());
+    }
 }
 
 TEST_F(Menus, trigger_their_actions_for_the_user)

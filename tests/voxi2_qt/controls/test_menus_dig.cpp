@@ -107,8 +107,9 @@ TEST_F(DigMenus, can_be_filled_by_another_thread)
 
 TEST_F(DigMenus, close_when_there_is_nothing_to_show)
 {
-    // Later, and at once.
+    // Later, and at once; it is the program's doing.
     const ShowCounter counter(*m_dig);
+    Log hides(m_dig->hidden());
     openBoth({100, 100});
     fill(*m_dig, 2);
     m_dig->digFailed();
@@ -121,6 +122,7 @@ TEST_F(DigMenus, close_when_there_is_nothing_to_show)
     openBoth({100, 100});
     EXPECT_TRUE(waitFor([&] { return !m_sub->isVisible() && m_sub->updatesEnabled(); }));
     EXPECT_EQ(counter.m_count, 2);
+    EXPECT_TRUE(hides.isEmpty());
 }
 
 TEST_F(DigMenus, take_a_second_answer_and_one_that_nobody_waits_for)
@@ -222,6 +224,121 @@ TEST_F(DigMenus, keep_their_limits_through_reopening)
     unheard.popup(20, 20);
     unheard.digComplete();
     EXPECT_EQ(qt(unheard)->maximumSize(), QSize(300, 400));
+}
+
+TEST_F(DigMenus, keep_the_limits_that_are_set_while_they_wait_and_plain_ones_theirs)
+{
+    const auto setLimits = [](VXMenu2& menu) {
+        menu.setMinimumSize({250, 1});
+        menu.setMaximumSize({400, 500});
+    };
+    for (const bool isDig : {false, true}) {
+        VXMenu2 menu;
+        menu.setDigMenu(isDig);
+        if (!isDig)
+            setLimits(menu);
+        Log resizes(menu.resized());
+        menu.aboutToShow().connect(&menu, [&] {
+            if (isDig)
+                setLimits(menu);
+            EXPECT_EQ(menu.minimumSize(), (Size<int>{250, 1}));
+            EXPECT_EQ(menu.maximumSize(), (Size<int>{400, 500}));
+            EXPECT_EQ(qt(menu)->maximumSize() == OnePixel, isDig);
+            fill(menu, 2);
+        });
+        menu.popup(10, 10);
+        menu.digComplete();
+        EXPECT_EQ(qt(menu)->minimumSize(), QSize(250, 1)) << isDig;
+        EXPECT_EQ(qt(menu)->maximumSize(), QSize(400, 500));
+        EXPECT_EQ(qt(menu)->width(), 250);
+    }
+}
+
+TEST_F(DigMenus, are_as_large_as_others_when_they_are_none_any_more)
+{
+    for (const bool isOpen : {false, true}) {
+        VXMenu2 menu;
+        menu.setDigMenu(true);
+        menu.popup(10, 10); // nobody hears of it
+        EXPECT_EQ(qt(menu)->size(), OnePixel);
+        fill(menu, 2);
+        if (!isOpen)
+            menu.hide();
+        menu.setDigMenu(false);
+        if (!isOpen)
+            menu.popup(10, 10);
+        EXPECT_EQ(qt(menu)->size(), qt(menu)->sizeHint());
+        EXPECT_GT(qt(menu)->width(), 1);
+        EXPECT_TRUE(qt(menu)->updatesEnabled());
+    }
+}
+
+TEST_F(DigMenus, are_not_shown_any_more_when_another_entry_is_the_active_one)
+{
+    const ShowCounter counter(*m_dig);
+    Log hides(m_dig->hidden());
+    m_menu->popup(100, 100);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_top));
+    Pointer pointer;
+    pointer.moveTo(middleOf(DigEntry));
+    ASSERT_TRUE(waitFor([&] { return m_sub->isVisible(); }));
+    pointer.moveTo(middleOf(DigEntry + 3));
+    ASSERT_TRUE(m_sub->isVisible()) << "Qt leaves it open for a while";
+    fill(*m_dig, 3);
+    m_dig->digComplete(m_menu);
+    EXPECT_FALSE(m_sub->isVisible());
+    EXPECT_TRUE(m_sub->updatesEnabled());
+    EXPECT_TRUE(hides.isEmpty());
+    EXPECT_EQ(m_top->activeAction(), entry(DigEntry + 3));
+    pointer.moveTo(middleOf(DigEntry + 2)); // nothing is frozen
+    EXPECT_EQ(m_top->activeAction(), entry(DigEntry + 2));
+
+    // A menu that is not open cannot be the one from whose entry it opened.
+    m_menu->hide();
+    m_dig->popup(30, 30);
+    fill(*m_dig, 3);
+    m_dig->digComplete(m_menu);
+    EXPECT_TRUE(isShownWhole());
+    EXPECT_EQ(m_sub->pos(), QPoint(30, 30));
+}
+
+TEST_F(DigMenus, are_moved_onto_the_screen_by_no_pixel_more_than_needed)
+{
+    const ShowCounter counter(*m_dig);
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        m_sub->setLayoutDirection(direction);
+        m_dig->popup(100, 100);
+        fill(*m_dig, 4);
+        m_dig->digComplete();
+        const QSize size = m_sub->size();
+        const int right = area().right() - size.width() + 1;
+        const int bottom = area().bottom() - size.height() + 1;
+        const QPoint first = area().topLeft();
+        const struct
+        {
+            QPoint m_at, m_expected;
+        } cases[] = {
+            {first, first},
+            {first - QPoint(1, 0), first},
+            {first - QPoint(0, 1), first},
+            {first - QPoint(30, 30), first},
+            {{right, bottom}, {right, bottom}},
+            {{right + 1, bottom}, {right, bottom}},
+            {{right, bottom + 1}, {right, bottom}},
+            {{area().right(), area().bottom()}, {right, bottom}},
+            // From beyond the right edge: its own width back, reading from there.
+            {{area().right() + 20, 50},
+             {direction == Qt::LeftToRight ? right : area().right() + 20 - size.width(), 50}},
+        };
+        for (const auto& place : cases) {
+            m_dig->popup(100, 100);
+            m_sub->move(place.m_at);
+            fill(*m_dig, 4);
+            m_dig->digComplete();
+            EXPECT_EQ(m_sub->pos(), place.m_expected)
+                << direction << " from " << place.m_at.x() << "," << place.m_at.y();
+        }
+    }
 }
 
 TEST_F(DigMenus, of_the_plain_kind_ask_once_as_well)

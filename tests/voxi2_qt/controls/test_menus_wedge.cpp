@@ -180,6 +180,28 @@ TEST_P(Wedge, ends_with_the_menu_that_it_leads_to)
     runDeletions();
 }
 
+TEST_P(Wedge, is_released_by_a_press)
+{
+    QTest::mousePress(m_top, Qt::LeftButton, {}, m_top->mapFromGlobal(QCursor::pos()));
+    m_pointer.moveTo(onTheWay(DigEntry + 1));
+    EXPECT_EQ(m_top->activeAction(), entry(DigEntry + 1));
+}
+
+TEST_P(Wedge, is_released_by_hiding)
+{
+    // The dig menu's own end would release it as well.
+    m_dig->closing().connect(m_window.get(), [](const VXCloseEvent2& event) { event.refuse(); });
+    const QPoint position = m_top->pos();
+    const QPoint next = onTheWay(DigEntry + 1);
+    m_menu->hide();
+    ASSERT_TRUE(m_sub->isVisible());
+    m_menu->popup(position.x(), position.y());
+    m_pointer.moveTo(next);
+    EXPECT_EQ(m_top->activeAction(), entry(DigEntry + 1));
+    m_menu->hide();
+    m_dig->hide();
+}
+
 TEST_P(Wedge, is_released_by_clearing_the_menu)
 {
     m_pointer.moveTo(onTheWay(DigEntry + 1));

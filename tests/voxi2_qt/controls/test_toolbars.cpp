@@ -1,10 +1,14 @@
 #include "menusupport.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2_qt/controls/qttoolbar2.h"
 
 #include <QMainWindow>
 #include <QToolButton>
+
+#include <functional>
 
 namespace VOXI {
 
@@ -117,6 +121,7 @@ TEST_F(ToolBars, keep_inner_and_outer_bar_alike)
     InnerToolBar* inner = innerBars().first();
     EXPECT_EQ(inner->iconSize(), QSize(20, 20));
     EXPECT_FALSE(inner->isMovable());
+    EXPECT_EQ(inner->layout()->contentsMargins(), QMargins()) << "the outer one has some";
     m_bar->setIconSize({31, 32});
     EXPECT_EQ(inner->iconSize(), QSize(31, 32));
     EXPECT_EQ(m_bar->iconSize(), (Size<int>{31, 32}));
@@ -128,6 +133,11 @@ TEST_F(ToolBars, keep_inner_and_outer_bar_alike)
     EXPECT_EQ(m_outer->orientation(), Qt::Vertical);
     EXPECT_EQ(inner->orientation(), Qt::Vertical);
     EXPECT_EQ(m_bar->orientation(), Orientation::Vertical);
+    m_bar->setOrientation(Orientation::Horizontal);
+    m_window->addToolBar(m_bar, ToolBarArea::Left); // which turns it
+    EXPECT_EQ(inner->orientation(), Qt::Vertical);
+    m_window->addToolBar(m_bar, ToolBarArea::Bottom);
+    EXPECT_EQ(inner->orientation(), Qt::Horizontal);
 }
 
 TEST_F(ToolBars, answer_what_was_set)
@@ -168,6 +178,14 @@ TEST_F(ToolBars, repair_their_layout_once_for_several_items_that_leave)
         waitFor([&] { return resizes.m_sizes.size() > 2; }, std::chrono::milliseconds(50)));
     EXPECT_EQ(resizes.m_sizes[0], size + QSize(1, 0));
     EXPECT_EQ(resizes.m_sizes[1], size);
+
+    // And again, where there is no room for a pixel more.
+    m_bar->setMaximumSize({size.width(), 100});
+    m_bar->removeAction(addAction("late"));
+    runDeletions();
+    ASSERT_TRUE(waitFor([&] { return resizes.m_sizes.size() >= 4; }));
+    EXPECT_EQ(resizes.m_sizes[2], size - QSize(1, 0));
+    EXPECT_EQ(m_outer->size(), size);
     EXPECT_EQ(reported, 0);
     m_bar->destroy();
 }
@@ -198,6 +216,177 @@ TEST_F(ToolBars, lose_and_take_back_widgets)
     runDeletions();
 }
 
+/// Widgets in a bar, and a layout in the same window.
+class ToolBarWidgets : public ToolBars
+{
+protected:
+    ToolBarWidgets()
+    {
+        m_window->setCentralWidget(m_panel);
+        m_button->setLabel("button");
+    }
+    void dockNewBar(int minimumVisibleItems)
+    {
+        if (m_bar)
+            m_bar->destroy();
+        m_bar = new VXToolBar2(m_window.get());
+        m_bar->setMinimumVisibleItems(minimumVisibleItems);
+        m_window->addToolBar(m_bar);
+        m_outer = static_cast<QtToolBar2*>(qt(*m_bar));
+    }
+    bool isButtonShown(bool shown = true) const
+    {
+        return waitFor([&] { return m_button->isVisible() == shown; });
+    }
+
+    VXPanel2* m_panel = new VXPanel2(m_window.get());
+    VXBoxLayout2* m_layout = new VXBoxLayout2(m_panel, Direction::TopToBottom);
+    VXButton2* m_button = new VXButton2(m_window.get());
+};
+
+TEST_F(ToolBarWidgets, outlive_a_bar_that_they_have_left_and_are_shown_where_they_went)
+{
+    auto* other = new VXToolBar2(m_window.get());
+    m_window->addToolBar(other, ToolBarArea::Bottom);
+    const struct
+    {
+        const char* m_name;
+        std::function<void()> m_leave;
+        bool m_isShown;
+    } ways[] = {
+        {"removed", [&] { m_bar->removeWidget(m_button); }, false},
+        {"removed and laid out",
+         [&] {
+             m_bar->removeWidget(m_button);
+             m_layout->addWidget(m_button);
+         },
+         true},
+        {"laid out", [&] { m_layout->addWidget(m_button); }, true},
+        {"given a parent",
+         [&] {
+             m_button->setParent(m_panel);
+             m_button->show();
+         },
+         true},
+        {"put into another bar and back twice",
+         [&] {
+             other->addWidget(m_button);
+             m_bar->addWidget(m_button);
+             other->addWidget(m_button);
+         },
+         true},
+        {"moved by somebody else", [&] { qt(*m_button)->setParent(qt(*m_panel)); }, false},
+        {"left alone", [] {}, false},
+    };
+    for (const int minimumVisibleItems : {0, 3}) {
+        for (const auto& way : ways) {
+            SCOPED_TRACE(way.m_name);
+            dockNewBar(minimumVisibleItems);
+            m_bar->addWidget(m_button);
+            EXPECT_TRUE(isButtonShown());
+            way.m_leave();
+            runDeletions();
+            std::exchange(m_bar, nullptr)->destroy();
+            runDeletions();
+            EXPECT_FALSE(m_outer);
+            ASSERT_TRUE(qt(*m_button));
+            EXPECT_EQ(m_button->label(), "button");
+            EXPECT_TRUE(isButtonShown(way.m_isShown));
+        }
+    }
+    // With the bar goes what it owns, and the bar does without what goes first.
+    dockNewBar(3);
+    auto* owned = new VXButton2(m_bar);
+    const QPointer<QWidget> qtOwned = qt(*owned);
+    m_bar->addWidget(owned);
+    m_bar->addWidget(m_button);
+    m_button->destroy();
+    runDeletions();
+    EXPECT_EQ(innerBars().first()->actions().size(), 1);
+    m_bar->destroy();
+    runDeletions();
+    EXPECT_FALSE(qtOwned);
+}
+
+TEST_F(ToolBarWidgets, are_hidden_in_a_layout_only_where_the_program_has_hidden_them)
+{
+    for (const bool hidden : {false, true}) {
+        // What a bar has no room for, or what was never shown in it, Qt has hidden as well.
+        m_bar->hide();
+        m_bar->addWidget(m_button);
+        EXPECT_FALSE(m_button->isVisible());
+        if (hidden)
+            m_button->setVisible(false);
+        m_layout->addWidget(m_button);
+        EXPECT_TRUE(isButtonShown(!hidden));
+    }
+    // Neither does the bar show it, until the program does.
+    m_bar->show();
+    m_bar->addWidget(m_button);
+    turn();
+    EXPECT_FALSE(m_button->isVisible());
+    m_button->show();
+    EXPECT_TRUE(m_button->isVisible());
+    m_button->setEnabled(false);
+    m_button->hide();
+    m_button->show();
+    EXPECT_FALSE(m_button->isEnabled());
+}
+
+TEST_F(ToolBarWidgets, are_quiet_when_the_program_moves_shows_and_hides_them)
+{
+    // A second bar in the row: this one grows and shrinks with what it shows.
+    auto* second = new VXToolBar2(m_window.get());
+    m_window->addToolBar(second);
+    auto* neighbour = new VXButton2(m_window.get());
+    m_bar->addWidget(neighbour);
+    m_layout->addWidget(m_button);
+    ASSERT_TRUE(waitFor([&] { return neighbour->isVisible() && m_button->isVisible(); }));
+    int reports = 0;
+    for (VXWidget2* widget : {m_button, neighbour}) {
+        widget->shown().connect(m_window.get(), [&] { ++reports; });
+        widget->hidden().connect(m_window.get(), [&] { ++reports; });
+    }
+    m_button->moved().connect(m_window.get(), [&] { ++reports; });
+    m_button->resized().connect(m_window.get(), [&] { ++reports; });
+    const auto settled = [&](bool shown) {
+        // What the bar does, it does a turn later.
+        turn();
+        runDeletions();
+        turn();
+        return m_button->isVisible() == shown && neighbour->isVisible()
+               && std::exchange(reports, 0) == 0;
+    };
+    for (int i = 0; i < 2; ++i) {
+        m_bar->addWidget(m_button);
+        EXPECT_TRUE(settled(true));
+        m_button->setVisible(false);
+        EXPECT_TRUE(settled(false));
+        m_button->setVisible(true);
+        EXPECT_TRUE(settled(true));
+        m_button->hide();
+        EXPECT_TRUE(settled(false));
+        m_button->show();
+        EXPECT_TRUE(settled(true));
+        m_bar->removeWidget(m_button);
+        EXPECT_TRUE(settled(false));
+    }
+}
+
+TEST_F(ToolBarWidgets, do_not_hold_the_bar_that_they_are_put_into)
+{
+    m_window->removeToolBar(m_bar);
+    m_bar->setParent(m_panel);
+    for (VXWidget2* holder : {static_cast<VXWidget2*>(m_bar), static_cast<VXWidget2*>(m_panel),
+                              static_cast<VXWidget2*>(m_window.get())}) {
+        m_bar->addWidget(holder);
+        EXPECT_NE(qt(*holder)->parentWidget(), qt(*m_bar));
+    }
+    EXPECT_EQ(qt(*m_bar)->parentWidget(), qt(*m_panel));
+    EXPECT_TRUE(m_outer->actions().isEmpty());
+    turn();
+}
+
 TEST_F(ToolBars, dock_at_the_sides_of_a_window)
 {
     auto* main = qobject_cast<QMainWindow*>(qt(*m_window));
@@ -222,6 +411,17 @@ TEST_F(ToolBars, dock_at_the_sides_of_a_window)
     EXPECT_EQ(m_window->toolBarArea(m_bar), ToolBarArea::None);
     m_window->addToolBar(m_bar, ToolBarArea::Right);
     EXPECT_TRUE(m_bar->isVisible());
+    m_window->removeToolBar(&second);
+
+    // One that follows another takes its place in what is saved; nothing is kept of those before.
+    const std::string layout = m_window->saveLayout();
+    for (int i = 0; i < 3; ++i) {
+        m_bar->destroy();
+        runDeletions();
+        m_bar = new VXToolBar2(m_window.get());
+        m_window->addToolBar(m_bar, ToolBarArea::Right);
+        EXPECT_EQ(m_window->saveLayout(), layout);
+    }
 }
 
 TEST_F(ToolBars, let_go_of_what_is_destroyed_under_the_pointer)

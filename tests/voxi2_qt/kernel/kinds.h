@@ -50,6 +50,7 @@
 #include <QToolButton>
 
 #include <ostream>
+#include <typeinfo>
 
 namespace VOXI {
 
@@ -61,6 +62,7 @@ struct Kind
     const QMetaObject* m_qtClass;
     QAccessible::Role m_role; ///< NoRole for what is no widget
     const TROV::EmitterBase& (*m_request)(VXFactory2& factory);
+    bool (*m_endsWhole)(); ///< of one on the stack: whether it is whole when its end is told
 
     friend std::ostream& operator<<(std::ostream& out, const Kind& kind)
     {
@@ -71,9 +73,20 @@ struct Kind
 template <class Object, class Q, auto Request>
 Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
 {
-    return {name, [](VXObject2* parent) -> VXObject2* { return new Object(parent); },
-            &Q::staticMetaObject, role,
-            [](VXFactory2& factory) -> const TROV::EmitterBase& { return factory.*Request; }};
+    return {name,
+            [](VXObject2* parent) -> VXObject2* { return new Object(parent); },
+            &Q::staticMetaObject,
+            role,
+            [](VXFactory2& factory) -> const TROV::EmitterBase& { return factory.*Request; },
+            [] {
+                bool whole = false;
+                {
+                    Object object(nullptr);
+                    object.destroyed().connect(nullptr,
+                                               [&] { whole = typeid(object) == typeid(Object); });
+                }
+                return whole;
+            }};
 }
 
 /// All of them; a new kind is one line here.

@@ -77,6 +77,42 @@ TEST_F(ActionGroup, hasAnExclusionThatCanBeChanged)
     EXPECT_TRUE(qt(m_left)->actionGroup()->isExclusive());
 }
 
+TEST_F(ActionGroup, unchecksAllThatWereCheckedBeforeItWasExclusive)
+{
+    for (const bool byUser : {false, true}) {
+        m_group.setExclusion(ActionExclusion::None);
+        m_centre.setChecked(false);
+        m_left.setChecked(true);
+        m_right.setChecked(true);
+        m_group.setExclusion(ActionExclusion::Exclusive);
+        EXPECT_TRUE(m_left.isChecked() && m_right.isChecked()) << "until the next choice";
+        EXPECT_TRUE(m_leftToggles.isEmpty() && m_rightToggles.isEmpty());
+        if (byUser)
+            qt(m_centre)->trigger();
+        else
+            m_centre.setChecked(true);
+        EXPECT_EQ(m_leftToggles.takeOne(), byUser);
+        EXPECT_EQ(m_rightToggles.takeOne(), byUser);
+        EXPECT_FALSE(m_left.isChecked() || m_right.isChecked());
+        EXPECT_EQ(m_group.checkedAction(), &m_centre);
+    }
+}
+
+TEST_F(ActionGroup, staysWithItsCheckedActionUntilAnotherShowsThatItIs)
+{
+    m_left.setChecked(true);
+    m_right.setCheckable(false);
+    m_right.setChecked(true); // remembered, not shown
+    EXPECT_TRUE(m_left.isChecked());
+    m_right.setCheckable(true);
+    EXPECT_TRUE(m_right.isChecked());
+    EXPECT_FALSE(m_left.isChecked());
+    EXPECT_TRUE(m_leftToggles.isEmpty());
+    EXPECT_TRUE(m_rightToggles.isEmpty());
+    qt(m_centre)->trigger();
+    EXPECT_TRUE(m_rightToggles.takeOne());
+}
+
 TEST_F(ActionGroup, anActionIsInOneGroupAtMost)
 {
     EXPECT_THAT(m_group.actions(), ElementsAre(&m_left, &m_centre, &m_right));

@@ -1,23 +1,36 @@
 // What nobody should pass, and what comes of it.
 
+#include "support/qtwarnings.h"
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxflowlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxsplitter2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/controls/vxtoolbar2.h"
+#include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
+#include "voxi2_qt/kernel/qticon.h"
+#include "voxi2_qt/kernel/qtimage.h"
 
+#include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QTemporaryDir>
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
+#include <vector>
 
 namespace VOXI {
 namespace {
@@ -148,6 +161,105 @@ TEST(BadInput, numbersOutOfRangeHaveADefinedEffect)
     text->resize({-5, -5});
     EXPECT_GE(text->position().width, 0);
     EXPECT_NE(lookup(text), nullptr);
+}
+
+TEST(BadInput, sizesAndPlacesAreBounded)
+{
+    constexpr int Least = std::numeric_limits<int>::min();
+    constexpr int Most = std::numeric_limits<int>::max();
+    constexpr int Farthest = 16777215;
+    VXPanel2 panel;
+    auto* child = new VXPanel2(&panel);
+    child->setPosition({Most, Least, Most, Most});
+    EXPECT_EQ(child->position(), (VXRect<int>{Farthest, -Farthest, Farthest, Farthest}));
+    child->setPosition({Least, Least, Least, Least});
+    child->moveTo({Least, Most});
+    EXPECT_EQ(child->position().x, -Farthest);
+    EXPECT_EQ(child->position().y, Farthest);
+    child->setContentsMargins(VXRect<int>::margins(Most, Most, Most, Most));
+    EXPECT_EQ(child->contentsMargins(), VXRect<int>::margins(32767, 32767, 32767, 32767));
+    EXPECT_EQ(child->mapToGlobal({Most, Least}), child->mapToGlobal({Farthest, -Farthest}));
+    child->setMaximumSize({Most, Most});
+    child->setMinimumSize({Most, Most});
+    child->setFixedSize({Most, Most});
+    child->imitateResize({Least, Most});
+    child->adjustSize();
+
+    for (const int extreme : {Least, Most}) {
+        const ExpectedQtWarning notYetPlaced("Negative sizes \\(-1,-1\\)");
+        VXPanel2 flowing;
+        auto* layout = new VXFlowLayout2(&flowing);
+        layout->addWidget(new VXButton2(&flowing));
+        layout->addWidget(new VXButton2(&flowing));
+        layout->refresh();
+        layout->setMargins(VXRect<int>::margins(extreme, extreme, extreme, extreme));
+        layout->setSpacing(extreme);
+        layout->refresh();
+        flowing.adjustSize();
+        EXPECT_EQ(layout->spacing() == Farthest, extreme == Most);
+        EXPECT_GE(flowing.position().width, 0);
+        EXPECT_GE(flowing.position().height, 0);
+    }
+    VXSplitter2 splitter;
+    splitter.setHandleWidth(Most);
+    EXPECT_EQ(splitter.handleWidth(), Farthest);
+}
+
+TEST(BadInput, iconsAreShownInSizesThatThereCanBe)
+{
+    constexpr int Most = std::numeric_limits<int>::max();
+    const Icon icon = Icon::fromPixmap(Pixmap(8, 8, std::vector<std::uint32_t>(64, 0xffu)));
+    VXWindow2 window;
+    auto* button = new VXButton2(&window);
+    auto* bar = new VXToolBar2(&window);
+    bar->addAction(new VXAction2(bar));
+    window.setCentralWidget(button);
+    window.addToolBar(bar);
+    button->setIcon(icon);
+    const Size<int> usual = button->iconSize();
+    for (const int extreme : {Icon::MaxShownSide + 1, 20000, Most}) {
+        button->setIconSize({extreme, extreme});
+        bar->setIconSize({extreme, 16});
+        EXPECT_EQ(button->iconSize(), (Size<int>{Icon::MaxShownSide, Icon::MaxShownSide}));
+        EXPECT_EQ(bar->iconSize(), (Size<int>{Icon::MaxShownSide, 16}));
+    }
+    window.show();
+    EXPECT_FALSE(qt(*button)->grab().isNull());
+    button->setIconSize({std::numeric_limits<int>::min(), -3});
+    EXPECT_EQ(button->iconSize(), usual) << "the style's own";
+}
+
+TEST(BadInput, onlyFilesOfABoundedSizeAreReadAsPictures)
+{
+    const QTemporaryDir directory;
+    const auto path = [&](const char* name) { return directory.filePath(QLatin1String(name)); };
+    QImage drawn(5, 5, QImage::Format_ARGB32);
+    drawn.fill(Qt::red);
+    ASSERT_TRUE(drawn.save(path("red.png")));
+    ASSERT_EQ(mkfifo(path("pipe").toUtf8().constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path("link")));
+    const auto shows = [&](const QString& file) {
+        return !VX2Qt(Icon::fromFile(file.toStdString())).pixmap(5, 5).isNull();
+    };
+    EXPECT_TRUE(shows(path("red.png")));
+    for (const QString& none : {path("pipe"), path("link"), path("."), path("not there"),
+                                QStringLiteral("/dev/zero"), QStringLiteral("/proc/self/mem")})
+        EXPECT_FALSE(shows(none)) << none.toStdString();
+    const std::size_t usual = ImageDecoder::fileSizeLimit();
+    const auto size = static_cast<std::size_t>(QFileInfo(path("red.png")).size());
+    ImageDecoder::setFileSizeLimit(size - 1);
+    EXPECT_FALSE(shows(path("red.png")));
+    ImageDecoder::setFileSizeLimit(size);
+    EXPECT_TRUE(shows(path("red.png")));
+    ImageDecoder::setFileSizeLimit(usual);
+}
+
+TEST(BadInput, drawingsAreDrawnNoLargerThanTheirBound)
+{
+    const std::string svg = "<svg xmlns='http://www.w3.org/2000/svg' width='1000000' height='500'>"
+                            "<rect width='1000000' height='500'/></svg>";
+    const QImage drawn = toQImage(Pixmap::fromData(ByteArray(svg.data(), svg.size())));
+    EXPECT_EQ(drawn.size(), QSize(ImageDecoder::MaxDrawingSide, 2));
 }
 
 TEST(BadInput, narrowTextsCrossByteByByte)

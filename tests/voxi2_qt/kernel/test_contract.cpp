@@ -158,6 +158,11 @@ TEST_P(Contract, goesWithItsAbstractObject)
     EXPECT_TRUE(m_qt.isNull());
 }
 
+TEST_P(Contract, isWholeWhenItsEndIsTold)
+{
+    EXPECT_TRUE(GetParam().m_endsWhole());
+}
+
 TEST_P(Contract, goesWhenTheFactoryIsTold)
 {
     VXFactory2::current()->destroyObject(m_id);

@@ -3,6 +3,8 @@
 
 #include <QMetaEnum>
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -104,6 +106,12 @@ TEST(ConvertInput, WidgetEvents)
     for (unsigned i = 0; i < std::size(expected); ++i) {
         EXPECT_EQ(VX2Qt(static_cast<WidgetEvent>(i)), expected[i]);
         EXPECT_EQ(Qt2VX(expected[i]), static_cast<WidgetEvent>(i));
+    }
+    for (int type = -1; type <= QEvent::MaxUser + 1; ++type) {
+        WidgetEvent event;
+        EXPECT_EQ(isWidgetEvent(static_cast<QEvent::Type>(type), event),
+                  std::find(std::begin(expected), std::end(expected), type) != std::end(expected))
+            << type;
     }
     EXPECT_EQ(VX2Qt(WidgetEvent::Other), QEvent::Close);
     EXPECT_EQ(VX2Qt(static_cast<WidgetEvent>(26)), QEvent::Close);

@@ -8,12 +8,14 @@
 #include "voxi/guiobject.h"
 #include "voxi/vxbridge.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxmessage2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/customcursorregistry.h"
 #include "voxi2/kernel/eventthrottler.h"
+#include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi_util/textencoding.h"
@@ -27,8 +29,11 @@
 #include <dlfcn.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace VOXI {
 namespace {
@@ -123,7 +128,11 @@ TEST_F(EntryTest, comesUpOnceAndStaysDown)
         EXPECT_EQ(factory->createPropertyBrowser2.numberOfConnections(), 0);
 
         terminate();
+        // A second time it takes nothing down that is not its own.
+        voxiSetRaiseWindowHook([](long long) {});
         terminate();
+        EXPECT_TRUE(voxiRaiseWindow(1));
+        voxiSetRaiseWindowHook({});
         EXPECT_EQ(VXFactory2::current(), nullptr);
         EXPECT_EQ(VXDragManager2::instance(), nullptr);
         initialize();
@@ -199,6 +208,77 @@ TEST_F(EntryTest, theHostRaisesTheWindowItNames)
 
         terminate();
         EXPECT_FALSE(voxiRaiseWindow(static_cast<long long>(first.winId())));
+    });
+}
+
+TEST_F(EntryTest, aHookMayComeBackWhenItGoes)
+{
+    inOwnProcess([] {
+        struct Last
+        {
+            ~Last() { voxiRaiseWindow(0); }
+        };
+        voxiSetRaiseWindowHook([last = std::make_shared<Last>()](long long) {});
+        voxiSetRaiseWindowHook({});
+        EXPECT_FALSE(voxiRaiseWindow(1));
+        // One that takes itself out lives until it returns.
+        int calls = 0;
+        const auto kept = std::make_shared<int>(3);
+        voxiSetRaiseWindowHook([&, kept](long long) {
+            voxiSetRaiseWindowHook({});
+            calls += *kept;
+        });
+        EXPECT_TRUE(voxiRaiseWindow(1));
+        EXPECT_EQ(calls, 3);
+        EXPECT_EQ(kept.use_count(), 1);
+    });
+}
+
+TEST_F(EntryTest, dragManagerAndClipboardAreOfTheBackEndThatIsNamed)
+{
+    inOwnProcess([] {
+        const EventLoopBinding binding;
+        VXFactory2 other(VXBridge::getBridge(StringID("other")));
+        VXFactory2::registerFactory(StringID("other"), &other);
+        int asked = 0;
+        TROV::Listener listener;
+        other.createDragManager2.connect(&listener, [&] { ++asked; });
+        other.createClipboard2.connect(&listener, [&] { ++asked; });
+        initialize();
+        EXPECT_EQ(VXFactory2::current(), &other);
+        EXPECT_EQ(asked, 0);
+        EXPECT_NE(lookup(VXDragManager2::instance()), nullptr);
+        // The back end that asks may be another one.
+        delete VXClipboard2::instance();
+        VXClipboard2::initImpl(StringID("other"));
+        EXPECT_EQ(asked, 1);
+        terminate();
+        EXPECT_EQ(VXClipboard2::instance(), nullptr);
+    });
+}
+
+TEST_F(EntryTest, messagesThatWaitAreAnsweredAtTheEnd)
+{
+    inOwnProcess([] {
+        const EventLoopBinding binding;
+        initialize();
+        std::vector<MessageAnswer> answers;
+        const VXMessage2 message{.text = "?", .answers = MessageAnswer::Yes | MessageAnswer::No};
+        message.open(nullptr, [&](MessageAnswer answer) {
+            answers.push_back(answer);
+            message.open(nullptr, [&](MessageAnswer late) { answers.push_back(late); });
+            throw std::runtime_error("nobody catches it");
+        });
+        auto* window = new VXWindow2;
+        message.open(window, [&](MessageAnswer answer) { answers.push_back(answer); });
+        QCoreApplication::processEvents();
+        delete window; // and no turn of the loop after it
+        EXPECT_TRUE(answers.empty());
+        terminate();
+        EXPECT_EQ(answers, std::vector<MessageAnswer>(3, MessageAnswer::No));
+        EXPECT_TRUE(VXAbstractWindow2::windows().empty());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(answers.size(), 3u);
     });
 }
 

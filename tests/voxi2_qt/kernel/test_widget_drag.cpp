@@ -90,6 +90,32 @@ TEST_F(DragGesture, belongsToTheFirstPressOfTheLeftButton)
     EXPECT_TRUE(late.isEmpty());
 }
 
+TEST_F(DragGesture, beginsWhereThePressWas)
+{
+    auto drags = Log(m_probe->dragDetected());
+    const VXPoint<int> onScreen = m_probe->mapToGlobal({20, 30});
+    press(Qt::LeftButton, {20, 30});
+    m_probe->moveTo({5, 6}); // scrolled under the pointer
+    move({90, 90});
+    ASSERT_EQ(drags.count(), 1);
+    EXPECT_EQ(drags.last().position(), (VXPoint<int>{20, 30}));
+    EXPECT_EQ(drags.last().globalPosition(), onScreen);
+}
+
+TEST_F(DragGesture, endsWithAReleaseThatIsConsumed)
+{
+    auto drags = Log(m_probe->dragDetected());
+    m_probe->setEventConsumed(WidgetEvent::MouseRelease, true);
+    press(Qt::LeftButton, {20, 30});
+    QTest::mouseRelease(qt(*m_probe), Qt::LeftButton, {}, QPoint(20, 30));
+    move({90, 90}, Qt::NoButton);
+    EXPECT_TRUE(drags.isEmpty());
+    press(Qt::LeftButton, {80, 80});
+    move({20, 20});
+    ASSERT_EQ(drags.count(), 1);
+    EXPECT_EQ(drags.last().position(), (VXPoint<int>{80, 80}));
+}
+
 TEST_F(DragGesture, survivesTheEndOfItsWidget)
 {
     TROV::Listener listener;

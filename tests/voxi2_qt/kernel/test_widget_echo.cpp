@@ -8,8 +8,11 @@
 #include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 
 #include <QApplication>
+#include <QWindow>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace VOXI {
 namespace {
@@ -85,7 +88,7 @@ TEST_F(Echo, ofAHiddenWidgetsGeometryIsNotReportedWhenItIsShown)
     qt(late)->move(10, 20);
     turn();
     EXPECT_EQ(moved.count(), 2);
-    EXPECT_EQ(resized.count(), 1);
+    EXPECT_EQ(resized.count(), 2);
 
     // What became of it otherwise is news too.
     auto& later = *new VXProbe2(&m_window);
@@ -204,76 +207,126 @@ TEST_F(Echo, ofFocusIsNotReportedButTheUsersIs)
     EXPECT_TRUE(otherGained.takeOne());
 }
 
-class FocusBlocker : public testing::Test
+TEST_F(Echo, ofFocusThatGoesOnIsNotReported)
 {
-protected:
-    QtGlobalFocusBlocker& m_blocker = QtGlobalFocusBlocker::instance();
-
-    bool isRegistered(const QWidget& window) const { return m_blocker.isRegistered(&window); }
-};
-
-TEST_F(FocusBlocker, releasesAWindowThatHasSettled)
-{
-    VXPanel2 window;
-    window.show();
-    EXPECT_TRUE(isRegistered(*qt(window)));
-    EXPECT_TRUE(
-        waitFor([&] { return qt(window)->isActiveWindow() && !isRegistered(*qt(window)); }));
-
-    window.raise();
-    EXPECT_TRUE(isRegistered(*qt(window)));
-    turn();
-    turn();
-    EXPECT_FALSE(isRegistered(*qt(window))) << "it was active already: nothing to wait for";
+    VXProbe2* holder = &m_probe;
+    VXPanel2 elsewhere;
+    const struct
+    {
+        const char* m_name;
+        std::function<void()> m_takeFocus;
+        bool m_byUser;
+    } ways[] = {
+        {"hide", [&] { holder->hide(); }, false},
+        {"setVisible", [&] { holder->setVisible(false); }, false},
+        {"setEnabled", [&] { holder->setEnabled(false); }, false},
+        {"setParent", [&] { holder->setParent(&elsewhere); }, false},
+        {"destroy", [&] { delete holder; }, false},
+        {"the user hides", [&] { qt(*holder)->hide(); }, true},
+        {"the user disables", [&] { qt(*holder)->setEnabled(false); }, true},
+    };
+    auto& next = *new VXProbe2(&m_window);
+    next.show();
+    next.setFocusPolicy(FocusPolicy::Strong);
+    auto gained = Log(next.focusGained());
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.m_name);
+        holder = new VXProbe2(&m_window);
+        holder->show();
+        holder->setFocusPolicy(FocusPolicy::Strong);
+        holder->setFocus();
+        settle();
+        ASSERT_TRUE(holder->hasFocus());
+        const unsigned id = holder->id();
+        way.m_takeFocus();
+        runDeletions();
+        settle();
+        EXPECT_EQ(gained.count(), way.m_byUser);
+        EXPECT_TRUE(next.hasFocus() || !VXObject::isObjectValid(id));
+        gained.clear();
+        if (VXObject::isObjectValid(id))
+            delete holder;
+    }
 }
 
-TEST_F(FocusBlocker, neverKeepsAWindowForEver)
+TEST_F(Echo, endsWhileHandlersRun)
 {
-    QWidget neverShown;
-    m_blocker.registerWindow(&neverShown);
-    m_blocker.registerWindow(&neverShown);
-    EXPECT_TRUE(isRegistered(neverShown));
-    EXPECT_TRUE(waitFor([&] { return !isRegistered(neverShown); }));
-
-    QWidget hidden;
-    hidden.setAttribute(Qt::WA_ShowWithoutActivating);
-    hidden.show();
-    m_blocker.registerWindow(&hidden);
-    hidden.hide();
-    turn();
-    turn();
-    EXPECT_FALSE(isRegistered(hidden));
-
-    auto* const dying = new QWidget;
-    const void* const address = dying;
-    m_blocker.registerWindow(dying);
-    delete dying;
-    EXPECT_FALSE(m_blocker.isRegistered(static_cast<const QWidget*>(address)));
-    m_blocker.registerWindow(nullptr);
+    // A handler may run a loop in which the user goes on: that is no echo of the request.
+    auto& holder = *new VXPanel2(&m_window);
+    auto& child = *new VXProbe2(&holder);
+    auto& other = *new VXProbe2(&m_window);
+    other.show();
+    other.setFocusPolicy(FocusPolicy::Strong);
+    auto hidden = Log(holder.hidden());
+    auto resized = Log(m_window.resized());
+    auto gained = Log(other.focusGained());
+    TROV::Listener listener;
+    bool first = true;
+    child.shown().connect(&listener, [&] {
+        if (!std::exchange(first, false))
+            return;
+        EXPECT_TRUE(peer(holder).isEventBroadcastingEnabled(WidgetEvent::Show));
+        QTest::mouseClick(qt(other), Qt::LeftButton);
+        EXPECT_TRUE(gained.takeOne());
+        qt(other)->clearFocus();
+        qt(m_window)->resize(310, 210);
+        turn();
+        EXPECT_TRUE(resized.takeOne());
+        qt(holder)->hide();
+        EXPECT_TRUE(hidden.takeOne());
+        qt(holder)->show();
+    });
+    holder.setVisible(true);
+    settle();
+    hidden.clear();
+    holder.hide();
+    EXPECT_TRUE(hidden.isEmpty()) << "the request's own, as before";
+    EXPECT_TRUE(peer(holder).isEventBroadcastingEnabled(WidgetEvent::Hide));
 }
 
-TEST_F(FocusBlocker, aWindowThatIsHiddenAndShownAtOnceStaysRegistered)
+TEST_F(Echo, ofAWindowThatIsSlowToShowIsNotReported)
 {
-    QWidget window;
-    window.setAttribute(Qt::WA_ShowWithoutActivating);
-    window.show();
-    m_blocker.registerWindow(&window);
-    window.hide();
-    window.show();
-    turn();
-    EXPECT_TRUE(isRegistered(window)) << "its activation is still to come";
-    EXPECT_TRUE(waitFor([&] { return !isRegistered(window); }));
+    for (const bool bySetVisible : {false, true}) {
+        VXWindow2 window;
+        auto& child = *new VXProbe2(&window);
+        child.setFocusPolicy(FocusPolicy::Strong);
+        auto gained = Log(child.focusGained());
+        TROV::Listener listener;
+        child.shown().connect(&listener, [&] {
+            // Longer than any window is waited for.
+            EXPECT_TRUE(waitFor(
+                [&] { return !QtGlobalFocusBlocker::instance().isRegistered(qt(window)); }));
+        });
+        if (bySetVisible)
+            window.setVisible(true);
+        else
+            window.show();
+        EXPECT_TRUE(waitFor([&] { return child.hasFocus(); }));
+        turn();
+        EXPECT_TRUE(gained.isEmpty());
+    }
 }
 
-TEST_F(FocusBlocker, leavesOutWindowsThatDoNotWantIt)
+TEST_F(Echo, ofRaisingDoesNotHideThatTheUserActivates)
 {
-    VXWindow2 window;
-    window.setSupportsGlobalFocusBlocker(false);
-    window.show();
-    EXPECT_FALSE(isRegistered(*qt(window)));
-    window.setSupportsGlobalFocusBlocker(true);
-    window.raise();
-    EXPECT_TRUE(isRegistered(*qt(window)));
+    VXWindow2 palette;
+    auto& child = *new VXProbe2(&palette);
+    child.setFocusPolicy(FocusPolicy::Strong);
+    palette.show();
+    ASSERT_TRUE(waitFor([&] { return child.hasFocus(); }));
+    auto gained = Log(child.focusGained());
+    m_window.setActiveWindow();
+    ASSERT_TRUE(waitFor([&] { return qt(m_window)->isActiveWindow(); }));
+    settle();
+    for (int i = 0; i < 3; ++i) {
+        palette.raise();
+        turn();
+        turn();
+        EXPECT_FALSE(QtGlobalFocusBlocker::instance().isRegistered(qt(palette)));
+    }
+    qt(palette)->windowHandle()->requestActivate();
+    EXPECT_TRUE(waitFor([&] { return child.hasFocus(); }));
+    EXPECT_TRUE(gained.takeOne());
 }
 
 } // namespace

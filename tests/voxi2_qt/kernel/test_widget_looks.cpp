@@ -16,6 +16,9 @@
 #include <QStyleFactory>
 
 #include <gtest/gtest.h>
+#include <string>
+#include <thread>
+#include <vector>
 
 namespace VOXI {
 namespace {
@@ -115,6 +118,49 @@ TEST(WidgetLooks, cursors)
     EXPECT_FALSE(registry.hasCursor(StringID("pen")));
     probe.setCursor(Cursor(StringID("pen")));
     EXPECT_EQ(qt(probe)->cursor().shape(), Qt::ArrowCursor) << "an unknown name";
+}
+
+TEST(WidgetLooks, aCursorRegisteredAgainShowsAtOnceAndKeepsItsName)
+{
+    CustomCursorRegistry& registry = *CustomCursorRegistry::instance();
+    const StringID name("changing");
+    const auto drawn = [&](std::uint32_t rgba) {
+        registry.registerCursor(name, Pixmap(8, 8, std::vector<std::uint32_t>(64, rgba)), {0, 0});
+    };
+    drawn(0xff0000ffu);
+    VXPanel2 window;
+    auto* probe = new VXProbe2(&window);
+    auto* other = new VXProbe2(&window);
+    probe->setCursor(Cursor(name));
+    other->setCursor(CursorShape::Wait);
+    const auto color = [&] {
+        EXPECT_EQ(probe->cursor(), Cursor(name));
+        return qt(*probe)->cursor().pixmap().toImage().pixelColor(1, 1);
+    };
+    EXPECT_EQ(color(), QColor(Qt::red));
+    drawn(0x00ff00ffu);
+    EXPECT_EQ(color(), QColor(Qt::green));
+    std::thread([&] { drawn(0x0000ffffu); }).join();
+    EXPECT_EQ(color(), QColor(Qt::green)) << "on its way";
+    turn();
+    EXPECT_EQ(color(), QColor(Qt::blue));
+    // Whoever asks meanwhile gets the new one, and the others follow at once.
+    std::thread([&] { drawn(0xff0000ffu); }).join();
+    other->setCursor(Cursor(name));
+    EXPECT_EQ(qt(*other)->cursor(), qt(*probe)->cursor());
+    EXPECT_EQ(color(), QColor(Qt::red));
+    const std::string broken = "no picture";
+    registry.registerCursor(name, Pixmap::fromData(ByteArray(broken.data(), broken.size())), {});
+    EXPECT_EQ(color(), QColor(Qt::red)) << "what cannot be read changes nothing";
+
+    registry.registerCursor(name, Pixmap(), {});
+    EXPECT_FALSE(registry.hasCursor(name));
+    EXPECT_EQ(color(), QColor(Qt::red)) << "who has it keeps it";
+    other->setCursor(Cursor(name));
+    EXPECT_EQ(other->cursor(), Cursor(CursorShape::Arrow));
+    drawn(0x00ff00ffu);
+    EXPECT_EQ(color(), QColor(Qt::green));
+    EXPECT_EQ(other->cursor(), Cursor(CursorShape::Arrow));
 }
 
 /// A picture of the widget as it is and as it is with the highlight.

@@ -61,6 +61,12 @@ TEST_F(WidgetRequests, visibilityGoesWithTheWidgetAction)
         EXPECT_FALSE(action.isVisible());
         m_probe.setVisible(true);
         EXPECT_TRUE(action.isVisible());
+        m_probe.hide();
+        EXPECT_FALSE(action.isVisible());
+        m_probe.show();
+        EXPECT_TRUE(action.isVisible());
+        peer(m_probe).addWidgetAction(nullptr);
+        EXPECT_EQ(peer(m_probe).getWidgetAction(), nullptr);
 
         QAction later;
         peer(m_probe).addWidgetAction(&later);

@@ -3,12 +3,14 @@
 
 #include "probe.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/kernel/vxdragdelegate2.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -202,6 +204,72 @@ TEST_F(ScrollAreaEvents, dragsOnce)
     QDragLeaveEvent leave;
     QApplication::sendEvent(m_viewport, &leave);
     EXPECT_EQ(left.count(), 1);
+}
+
+TEST_F(ScrollAreaEvents, ofTheGestureAndTheDelegateAreInWidgetCoordinates)
+{
+    QApplication::setStartDragDistance(10);
+    auto drags = Log(m_probe.dragDetected());
+    QTest::mousePress(m_viewport, Qt::LeftButton, {}, QPoint(30, 40));
+    QMouseEvent move(QEvent::MouseMove, QPointF(60, 60), m_viewport->mapToGlobal(QPointF(60, 60)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(m_viewport, &move);
+    ASSERT_EQ(drags.count(), 1);
+    EXPECT_EQ(drags.last().position(), (VXPoint<int>{35, 45}));
+    EXPECT_EQ(drags.last().globalPosition(), onScreen(35, 45));
+
+    VXDragDelegate2 delegate;
+    m_probe.setDragDelegate(&delegate);
+    m_probe.setAcceptDrops(true);
+    auto entered = Log(delegate.entered());
+    QMimeData data;
+    data.setText(QStringLiteral("x"));
+    QDragEnterEvent enter(QPoint(1, 2), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(m_viewport, &enter);
+    ASSERT_EQ(entered.count(), 1);
+    EXPECT_EQ(entered.last().position(), (VXPoint<int>{6, 7}));
+}
+
+TEST_F(ScrollAreaEvents, onceWhereverThePointerIs)
+{
+    auto presses = Log(m_probe.mousePressed());
+    auto releases = Log(m_probe.mouseReleased());
+    auto menus = Log(m_probe.contextMenuRequested());
+    QWindow* const window = qt(m_window)->windowHandle();
+    const auto inWindow = [&](int x, int y) { return m_area.mapTo(qt(m_window), QPoint(x, y)); };
+    for (int round = 0; round < 2; ++round) {
+        QTest::mousePress(window, Qt::LeftButton, {}, inWindow(10, 10));
+        QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(-5, -5));
+        EXPECT_TRUE(presses.takeOne());
+        ASSERT_EQ(releases.count(), 1);
+        EXPECT_EQ(releases.last().position(), (VXPoint<int>{-5, -5}));
+        releases.clear();
+
+        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(5, 5),
+                                  m_viewport->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(m_viewport, &byMouse);
+        EXPECT_TRUE(menus.takeOne());
+        // The key goes to the area, with a place in its middle.
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(10, 10),
+                                m_area.mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(&m_area, &byKey);
+        ASSERT_EQ(menus.count(), 1);
+        EXPECT_EQ(menus.last().reason(), VXContextMenuEvent2::Reason::Keyboard);
+        EXPECT_EQ(menus.last().position(), (VXPoint<int>{10, 10}));
+        menus.clear();
+    }
+}
+
+TEST_F(ScrollAreaEvents, onceAlsoIfAHandlerRunsALoop)
+{
+    TROV::Listener listener;
+    int presses = 0;
+    m_probe.mousePressed().connect(&listener, [&] {
+        if (++presses == 1) // before Qt hands the first one on to the area
+            QTest::mousePress(m_viewport, Qt::RightButton, {}, QPoint(50, 60));
+    });
+    QTest::mousePress(m_viewport, Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_EQ(presses, 2);
 }
 
 TEST_F(ScrollAreaEvents, imitatedPointerEventsComeThroughTheViewport)

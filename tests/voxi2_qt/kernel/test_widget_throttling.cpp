@@ -1,6 +1,7 @@
 // Frequent events: at most one of each kind is on its way, and no kind gets stuck.
 
 #include "probe.h"
+#include "support/waitfor.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2_qt/kernel/qteventthrottler.h"
 
@@ -8,12 +9,16 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace VOXI {
 namespace {
+
+using Handler = std::function<void()>;
 
 class Throttling : public testing::Test
 {
@@ -74,14 +79,78 @@ TEST_F(Throttling, aFloodCollapsesToTheFirstOfEachKind)
         }
         const int count = moves.count() + wheels.count() + drags.count() + sizes.count()
                           + presses.count() + releases.count();
-        EXPECT_EQ(count, 6 * round) << "nothing before the next turn";
-        turn();
-        for (const int each : {moves.count(), wheels.count(), drags.count(), sizes.count(),
-                               presses.count(), releases.count()})
+        EXPECT_EQ(count, 7 * round) << "nothing before the next turn";
+        EXPECT_TRUE(waitFor([&] { return sizes.count() == 2 * (round + 1); }));
+        for (const int each :
+             {moves.count(), wheels.count(), drags.count(), presses.count(), releases.count()})
             EXPECT_EQ(each, round + 1);
         EXPECT_EQ(moves.last().position().x, 1) << "the oldest is the one on its way";
         EXPECT_EQ(drags.last().position(), (VXPoint<int>{1, 2}));
+        EXPECT_EQ(sizes[std::size_t(2 * round)].size(), (Size<int>{100 + 50 * round, 120}));
+        EXPECT_EQ(sizes.last().oldSize(), (Size<int>{100 + 50 * round, 120}));
+        EXPECT_EQ(sizes.last().size(), (Size<int>{149 + 50 * round, 120})) << "but not of sizes";
     }
+}
+
+TEST_F(Throttling, sizesEndWithTheLastUnlessItIsTheProgramsOwn)
+{
+    const auto userResizes = [&](int width) { qt(*m_probe)->resize(width, 100); };
+    std::vector<int> widths;
+    TROV::Listener listener;
+    Handler inside;
+    m_probe->resized().connect(&listener, [&](const VXResizeEvent2& event) {
+        widths.push_back(event.size().width);
+        if (const auto once = std::exchange(inside, nullptr))
+            once();
+    });
+    const auto expect = [&](const std::vector<int>& expected) {
+        for (int i = 0; i < 4; ++i)
+            turn();
+        EXPECT_EQ(std::exchange(widths, {}), expected);
+    };
+    userResizes(110);
+    userResizes(120);
+    userResizes(110);
+    expect({110}); // and so it is
+
+    userResizes(300);
+    m_probe->resize({50, 50});
+    expect({}); // the program knows better
+
+    userResizes(310);
+    m_probe->resize({60, 50});
+    userResizes(320);
+    expect({320});
+
+    userResizes(330);
+    userResizes(340);
+    m_probe->setPosition({0, 0, 70, 50});
+    expect({});
+
+    // What happens in a loop that a handler runs.
+    inside = [&] {
+        turn();
+        userResizes(400);
+        turn();
+        userResizes(500);
+        turn();
+    };
+    userResizes(350);
+    expect({350, 500});
+    inside = [&] {
+        userResizes(400);
+        m_probe->resize({80, 50});
+        turn();
+    };
+    userResizes(350);
+    expect({350});
+
+    // What was hidden, and told when it is shown.
+    userResizes(360);
+    m_probe->hide();
+    m_probe->resize({90, 50});
+    m_probe->show();
+    expect({});
 }
 
 TEST_F(Throttling, otherEventsAreNotHeldBack)

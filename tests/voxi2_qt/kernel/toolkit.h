@@ -69,4 +69,32 @@ private:
 template <class E>
 Log(TROV::Signal<void(const E&)>) -> Log<E>;
 
+/// Whether any of some widgets has been reported as shown or hidden.
+class Comings
+{
+public:
+    explicit Comings(std::initializer_list<const VXWidget2*> widgets)
+    {
+        for (const VXWidget2* widget : widgets) {
+            m_logs.push_back(std::make_unique<Log<VXWidgetEvent2>>(widget->shown()));
+            m_logs.push_back(std::make_unique<Log<VXWidgetEvent2>>(widget->hidden()));
+        }
+    }
+
+    /// Runs the event loop's turn; the reports are forgotten.
+    bool areReported()
+    {
+        turn();
+        bool reported = false;
+        for (const auto& log : m_logs) {
+            reported = reported || !log->isEmpty();
+            log->clear();
+        }
+        return reported;
+    }
+
+private:
+    std::vector<std::unique_ptr<Log<VXWidgetEvent2>>> m_logs;
+};
+
 } // namespace VOXI

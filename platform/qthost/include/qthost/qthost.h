@@ -38,13 +38,16 @@ public:
     QtHost& operator=(const QtHost&) = delete;
 
     /// Runs the event loop until `quit`, or the last window closed; returns the exit code.
+    /// Afterwards other threads that ask get default answers until it runs again.
     int exec();
 
     /// Lets the window appear whole and writes its picture, without the frame, to a file whose name
     /// says the format. False when the object has no widget or the file cannot be written.
     bool saveScreenshot(const VXObject& window, const std::string& file);
 
-    /// Ends `exec`. Any thread.
+    /// Ends `exec` and the loops inside it; when it does not run, the next one as soon as it
+    /// begins, and the dialog that runs meanwhile. Of several codes the last one counts. Any
+    /// thread.
     static void quit(int exitCode = 0);
 
 private:

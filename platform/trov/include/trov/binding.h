@@ -53,7 +53,8 @@ struct TROV_EXPORT Binding
     std::atomic<TableHead*> m_tables{nullptr};  ///< of the most derived class; they are linked
     std::atomic<std::uint32_t> m_generation{0}; ///< changes with every bind and unbind
     std::atomic<std::uint32_t> m_object{0};     ///< changes when the object goes
-    std::atomic<bool> m_hasCuts{false};         ///< the peer was disconnected from some requests
+    bool m_isStandIn = false;           ///< of an object that stands for dead ones: nobody listens
+    std::atomic<bool> m_hasCuts{false}; ///< the peer was disconnected from some requests
 
     /// A thread that is never the current one.
     static Thread* nobody() noexcept { return reinterpret_cast<Thread*>(std::uintptr_t{1}); }

@@ -20,26 +20,38 @@ TROV_EXPORT VOXI::ReadWriteLock& GetGlobalConnectionLock();
 
 namespace detail {
 
-/// The connections of one emitter at one moment. Never changed once published: an emission walks
-/// through the block it found while others publish new ones.
+/// The connections of one emitter. Emissions walk through the block they find while others publish
+/// new ones; of a published one only the free places at the end are filled, and what is cut leaves
+/// a connection behind that is never connected.
 struct ConnectionBlock
 {
-    std::uint32_t m_count = 0;
+    std::atomic<std::uint32_t> m_count{0};
+    std::uint32_t m_capacity = 0;
+    std::uint32_t m_connected = 0;        ///< guarded by the global connection lock
     std::atomic<std::uint32_t> m_pins{0}; ///< emissions too deeply nested for their thread's pins
     std::atomic<bool> m_retired{false};   ///< replaced; to be freed when no emission is in it
     ConnectionBlock* m_nextRetired = nullptr;
 
-    Connection** items() noexcept { return reinterpret_cast<Connection**>(this + 1); }
-    Connection* const* items() const noexcept
+    std::atomic<Connection*>* items() noexcept
     {
-        return reinterpret_cast<Connection* const*>(this + 1);
+        return reinterpret_cast<std::atomic<Connection*>*>(this + 1);
+    }
+    const std::atomic<Connection*>* items() const noexcept
+    {
+        return reinterpret_cast<const std::atomic<Connection*>*>(this + 1);
+    }
+    Connection* at(std::uint32_t i) const noexcept
+    {
+        return items()[i].load(); // in one order with the pins
     }
 };
 
 /// Where an emitter keeps its connections; null as long as there are none.
 using ConnectionSite = std::atomic<ConnectionBlock*>;
 
-TROV_EXPORT void collectRetiredBlocks();
+struct SiteWriter;
+
+TROV_EXPORT void collectRetired();
 TROV_EXPORT void cutAllConnections(ConnectionSite& site);
 TROV_EXPORT int numberOfConnections(const ConnectionSite& site) noexcept;
 
@@ -69,6 +81,10 @@ public:
     /// Whether it is one of the listener's; only while the global connection lock is held.
     bool belongsTo(const Listener* listener) const noexcept { return m_listener == listener; }
 
+    /// From now on the emitter's end does not cut it, because its last call is on the way; false
+    /// when it is cut already. Whoever delivers that call disconnects it then.
+    bool outliveEmitter();
+
     /// For the library: calls the listener with the payload's arguments, which must match.
     virtual void deliver(Payload& payload) = 0;
 
@@ -78,6 +94,7 @@ public:
 protected:
     Connection(Listener* listener, Thread* thread, const std::type_info& signature)
         : m_listener(listener),
+          m_listenerType(listener ? &typeid(*listener) : nullptr),
           m_thread(thread),
           m_signature(&signature)
     {}
@@ -90,17 +107,23 @@ private:
     friend class Listener;
     friend void detail::cutAllConnections(detail::ConnectionSite& site);
 
+    friend void detail::collectRetired();
+    friend struct detail::SiteWriter;
+
     void unlinkFromListener() noexcept;
-    static void cut(Connection* const* connections, std::size_t count);
 
     std::atomic<int> m_refs{0};
     std::atomic<bool> m_alive{false};
     detail::ConnectionSite* m_site = nullptr;
+    std::uint32_t m_place = 0;      // in the site's block
+    bool m_outlivesEmitter = false; // guarded by the global connection lock
     Listener* m_listener;
+    const std::type_info* m_listenerType;
     ThreadRef m_thread;
     const std::type_info* m_signature;
     Connection* m_previous = nullptr;
     Connection* m_next = nullptr;
+    const detail::ConnectionBlock* m_retiredFrom = nullptr; // it may still be seen from there
 };
 
 /// Names a connection so that it can be cut early. Copies name the same one; an empty handle names
@@ -292,7 +315,7 @@ public:
         else if (m_block)
             m_block->m_pins.fetch_sub(1, std::memory_order_release);
         if (retired) [[unlikely]]
-            collectRetiredBlocks();
+            collectRetired();
     }
 
     Emission(const Emission&) = delete;
@@ -321,6 +344,17 @@ struct QueuedEmission
         if (connection->isConnected())
             std::apply([&](auto&... a) { connection->call(a...); }, m_arguments);
     }
+};
+
+/// The last one: it cuts its connection, which the emitter has left to it, when it goes.
+template <class... A>
+struct LastEmission : QueuedEmission<A...>
+{
+    LastEmission(Connection* connection, Param<A>... arguments)
+        : QueuedEmission<A...>{ConnectionHandle(connection), {arguments...}}
+    {}
+    LastEmission(LastEmission&&) noexcept = default;
+    ~LastEmission() { this->m_connection.disconnect(); }
 };
 
 /// Calls one listener on its thread; waits for it when there is a result or `wait` is set.
@@ -359,24 +393,55 @@ R emitTo(ConnectionSite& site, bool wait, Param<A>... arguments)
             return connection->call(arguments...);
         return callElsewhere<R, A...>(connection, wait, arguments...);
     };
-    Connection* const* items = block->items();
+    // Those that are added meanwhile are not called.
+    const std::uint32_t count = block->m_count.load(std::memory_order_acquire);
     if constexpr (std::is_void_v<R>) {
-        for (std::uint32_t i = 0; i < block->m_count; ++i) {
-            if (items[i]->isConnected())
-                callOne(items[i]);
+        for (std::uint32_t i = 0; i < count; ++i) {
+            Connection* const connection = block->at(i);
+            if (connection->isConnected())
+                callOne(connection);
         }
     } else {
         R result = R();
-        for (std::uint32_t i = 0; i < block->m_count; ++i) {
-            if (items[i]->isConnected())
-                result = callOne(items[i]);
+        for (std::uint32_t i = 0; i < count; ++i) {
+            Connection* const connection = block->at(i);
+            if (connection->isConnected())
+                result = callOne(connection);
         }
         return result;
     }
 }
 
-/// Delivers a packet to every listener of the site whose signature it has.
-TROV_EXPORT void sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait);
+/// The same for an event: what a listener throws is reported, and the next one is called. For the
+/// last time what goes to other threads arrives although the emitter is gone by then.
+template <class... A>
+void reportTo(ConnectionSite& site, bool lastTime, Param<A>... arguments)
+{
+    Thread* const self = Thread::getCurrentThread();
+    const Emission emission(self, site);
+    const ConnectionBlock* block = emission.block();
+    if (!block)
+        return;
+    const std::uint32_t count = block->m_count.load(std::memory_order_acquire);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        auto* connection = static_cast<ConnectionImpl<void, A...>*>(block->at(i));
+        if (!connection->isConnected())
+            continue;
+        try {
+            if (connection->thread() == self)
+                connection->call(arguments...);
+            else if (!lastTime)
+                callElsewhere<void, A...>(connection, false, arguments...);
+            else if (connection->outliveEmitter())
+                connection->thread()->enqueue(LastEmission<A...>(connection, arguments...));
+        } catch (...) {
+            self->reportEventError(std::current_exception());
+        }
+    }
+}
+
+/// Delivers a packet to every listener of the site whose signature it has; returns how many it had.
+TROV_EXPORT int sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait);
 
 /// A member function and its object, as a handler.
 template <class Object, class Member>

@@ -23,10 +23,12 @@ public:
     int numberOfConnections() const noexcept;
 
     /// Sends `packet` to every listener of its signature. With `wait` it returns after all of them
-    /// have run; what they throw then arrives here. A packet of another signature does nothing.
-    void sendPacket(const Packet& packet, SendMode mode, bool wait) const;
+    /// have run; what they throw then arrives here. Returns to how many it was sent: a packet of
+    /// another signature, `long` instead of `long long` for instance, reaches nobody.
+    int sendPacket(const Packet& packet, SendMode mode, bool wait) const;
 
-    /// Cuts the listener's connections to this emitter, that of a bound request included.
+    /// Cuts the listener's connections to this emitter, that of a bound request included. Null is
+    /// nobody: connections without a listener are cut by their handles.
     void disconnect(Listener* listener) const;
 
 protected:
@@ -39,6 +41,9 @@ protected:
 
     /// Where the connections are kept; null when none was ever made.
     detail::ConnectionSite* site() const noexcept;
+
+    /// Whether it belongs to what stands for dead objects, and nobody can listen.
+    bool isStandIn() const noexcept;
 
     /// Where the connections are kept; makes the place if need be.
     detail::ConnectionSite& siteForListeners(bool isRequest) const;
@@ -71,6 +76,8 @@ public:
     ConnectionHandle connect(Listener* listener, Handler handler, Thread* thread = nullptr) const
         requires(!std::is_member_pointer_v<Handler>)
     {
+        if (m_emitter->isStandIn())
+            return {};
         return ConnectionImpl<R, A...>::make(m_emitter->siteForListeners(m_isRequest), listener,
                                              thread ? thread : Thread::getCurrentThread(),
                                              std::move(handler));

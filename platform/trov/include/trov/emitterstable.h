@@ -188,12 +188,15 @@ private:
         };
         if (&thread == Thread::getCurrentThread())
             return serve();
-        if constexpr (std::is_void_v<R>)
+        if constexpr (std::is_void_v<R>) {
             thread.enqueue(detail::QueuedRequest<A...>{
                 &binding, emitter, operation, generation, {arguments...}});
-        else
+            // The object may end meanwhile: nothing of it is looked at from here on.
+            thread.waitForRoom();
+        } else {
             return thread.callAndWait<R>(
                 &binding, emitter, [&] { return binding.serves(generation, emitter); }, serve);
+        }
     }
 };
 
@@ -214,11 +217,21 @@ class Event<void(A...)> : public detail::TableEmitter
 public:
     explicit Event(const detail::TableHead& head) noexcept : TableEmitter(head) {}
 
-    /// Calls the listeners; without any it costs a load and a branch.
+    /// Calls the listeners; without any it costs a load and a branch. What one of them throws goes
+    /// to the thread's exception handler, or to the program where that acts as the user: see
+    /// `Thread::reportEventError`. The others are called all the same.
     void operator()(Param<A>... arguments) const
     {
         if (detail::TableSite* site = listeners())
-            detail::emitTo<void, A...>(site->m_site, false, arguments...);
+            detail::reportTo<A...>(site->m_site, false, arguments...);
+    }
+
+    /// The last emission of an object that ends: on other threads, too, it reaches those who
+    /// listen, behind all that was sent to them before.
+    void emitLast(Param<A>... arguments) const
+    {
+        if (detail::TableSite* site = listeners())
+            detail::reportTo<A...>(site->m_site, true, arguments...);
     }
 
     /// Whether an emission would reach anybody; cheaper than counting.
@@ -262,10 +275,17 @@ struct FieldTraits<Request<R(A...)> Table::*>
         return matches(static_cast<Result (Class::*)(B...)>(nullptr));
     }
 
-    template <auto Operation, class Peer>
+    template <auto Operation, class Peer, class Scope>
     static R call(Listener* peer, Param<A>... arguments)
     {
-        return (static_cast<Peer*>(peer)->*Operation)(arguments...);
+        if constexpr (std::is_void_v<Scope>) {
+            return (static_cast<Peer*>(peer)->*Operation)(arguments...);
+        } else {
+            static_assert(std::is_void_v<R>);
+            Scope scope;
+            (static_cast<Peer*>(peer)->*Operation)(arguments...);
+            scope.rethrow();
+        }
     }
 
     static const std::type_info& signature() noexcept { return typeid(R(A...)); }
@@ -292,7 +312,7 @@ struct Row
     std::size_t (*m_place)(const Emitters&);
 };
 
-template <auto Field, auto Function>
+template <auto Field, auto Function, class Scope>
 Row<typename FieldTraits<decltype(Field)>::Emitters> makeRow()
 {
     using Traits = FieldTraits<decltype(Field)>;
@@ -300,7 +320,7 @@ Row<typename FieldTraits<decltype(Field)>::Emitters> makeRow()
     using Emitters = typename Traits::Emitters;
     static_assert(Traits::matches(decltype(Function)(nullptr)),
                   "the operation's signature must be the request's");
-    return {Operation{reinterpret_cast<void (*)()>(&Traits::template call<Function, Peer>),
+    return {Operation{reinterpret_cast<void (*)()>(&Traits::template call<Function, Peer, Scope>),
                       &Traits::signature()},
             [](const Emitters& table) { return (table.*Field).place(); }};
 }
@@ -310,11 +330,12 @@ Row<typename FieldTraits<decltype(Field)>::Emitters> makeRow()
 } // namespace detail
 
 /// A row of an operations table: `TROV::row<&VXThing2Emitters::setSize, &QtThing2::doSetSize>()`.
-/// The operation is called virtually where it is virtual.
-template <auto Field, auto Function>
+/// The operation is called virtually where it is virtual. With a `Scope`, a kind of `EventErrors`,
+/// one stands around each call and rethrows at its end.
+template <auto Field, auto Function, class Scope = void>
 auto row()
 {
-    return detail::makeRow<Field, Function>();
+    return detail::makeRow<Field, Function, Scope>();
 }
 
 /// The operations of one peer class, in the order of the requests of one emitters table. Made once

@@ -4,6 +4,8 @@
 #include "trov/types.h"
 
 #include <atomic>
+#include <functional>
+#include <typeinfo>
 
 namespace TROV {
 
@@ -30,6 +32,10 @@ public:
 
     /// How many connections there are at the moment.
     int numberOfConnections() const;
+
+    /// Calls `function` with the class that the listener was when it connected, once for each
+    /// connection: in a destructor it may be more than is left of it.
+    void forEachListenerType(const std::function<void(const std::type_info&)>& function) const;
 
 protected:
     /// Of one that serves an object's requests: called when somebody listens to an emitter of that

@@ -4,10 +4,12 @@
 #include "trov/rouser.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
+#include "trov/waithooks.h"
 #include "voxi_util/spinlock.h"
 
 #include <atomic>
 #include <chrono>
+#include <cstddef>
 #include <exception>
 #include <functional>
 #include <mutex>
@@ -16,6 +18,8 @@
 #include <utility>
 
 namespace TROV {
+
+class EventErrors;
 
 namespace detail {
 
@@ -77,6 +81,19 @@ public:
     /// which runs right now. A host asks before a nested loop goes to sleep. Owning thread only.
     bool hasCallsLeft() noexcept;
 
+    /// Steps aside, as a wait does, while a host's loop sleeps; stepping aside again begins anew.
+    /// The loop's end may not be told everywhere: a lock that is undone while its holds are given
+    /// up recalls them. Owning thread only.
+    void beginSleep() { m_sleep.emplace(); }
+    void endSleep()
+    {
+        if (m_sleep)
+            m_sleep.reset();
+    }
+
+    /// `endSleep` of the calling thread.
+    static void recallHolds() noexcept;
+
     /// Runs calls as they come until `quit()`. May be called again from inside a call, also while
     /// a wake-up function is bound. Owning thread only.
     void exec();
@@ -84,10 +101,24 @@ public:
     /// Ends the innermost `exec()`, or the next one if none runs.
     void quit();
 
-    /// Tells whether calls sent now may still be answered.
+    /// Tells whether calls sent now may still be run.
     bool isAccepting() const noexcept { return m_accepting.load(std::memory_order_acquire); }
 
-    /// Queues `function` to run on this thread; dropped when the thread is not accepting.
+    /// For a host whose loop has ended but may begin again: until then, whoever asks gets a default
+    /// answer at once, who waits already is released, and what is only sent waits for the next
+    /// loop. A thread that waits for another one answers all the same. Owning thread only.
+    void suspendAnswers();
+    void resumeAnswers();
+
+    /// At most about `calls` calls of other threads wait in this thread's queue: who sends a
+    /// request without a result, or posts, when there are more waits until half of them have run;
+    /// 0, the default, is no bound. Events never wait, nor does anybody while no loop turns here or
+    /// while this thread itself waits for another one: two threads that flood each other go on.
+    /// Like any wait this one gives locks up and answers requests.
+    void setQueueBound(std::size_t calls);
+
+    /// Queues `function` to run on this thread; dropped when the thread is not accepting. May wait:
+    /// see `setQueueBound`.
     template <class Function>
     void post(Function function)
     {
@@ -97,11 +128,28 @@ public:
             void deliver() { m_function(); }
         };
         enqueue(Call{std::move(function)});
+        waitForRoom();
     }
 
-    /// Receives what queued calls throw, on their thread. The default reports it on stderr. The
-    /// queue goes on in any case. An empty handler restores the default.
+    /// Receives what queued calls and the listeners of events throw, on their thread. The default
+    /// reports it on stderr. Queue and emission go on in any case. An empty handler restores the
+    /// default.
     static void setExceptionHandler(ExceptionHandler handler);
+
+    /// Gives an exception to the handler, or to stderr.
+    static void reportException(std::exception_ptr error) noexcept;
+
+    /// The same for what a listener of an event threw on this thread, unless an `EventErrors` of
+    /// the program wants it. Owning thread only.
+    void reportEventError(std::exception_ptr error) noexcept;
+
+    /// For the library's own templates: waits while more calls are queued here than the bound
+    /// allows. What the caller sent is in the queue by then.
+    void waitForRoom()
+    {
+        if (m_bound.load(std::memory_order_relaxed) != 0 && isCrowded()) [[unlikely]]
+            waitUntilDrained();
+    }
 
     /// For the library's own templates: queues a call; false when the thread does not accept it.
     template <class Call>
@@ -152,6 +200,8 @@ public:
 
 private:
     friend struct ThreadAttachment;
+    friend class EventErrors;
+    class WaitScope;
 
     struct NoResult
     {};
@@ -196,6 +246,7 @@ private:
             void* const place = m_incoming.allocate(Record::alignedSize());
             auto* record = new (place) Record(std::forward<Call>(call));
             record->m_sender = sender;
+            m_sent.store(m_sent.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
             wake = noteArrival();
         }
         if (wake)
@@ -216,7 +267,7 @@ private:
     bool ask(detail::Waiter& waiter);
     void wait(detail::Waiter& waiter, Thread& asked);
     void answer(detail::CallRecord* record);
-    void complete(detail::Waiter* waiter) noexcept;
+    static void complete(detail::Waiter* waiter) noexcept;
     void wakeUp();
     void absorb();
     void execute(detail::CallRecord* record, detail::CallChunk* chunk);
@@ -230,7 +281,13 @@ private:
     void detach();
     void endQuestion(detail::Waiter* waiter) noexcept;
     void unlinkWaiter(detail::Waiter* waiter) noexcept; // queue lock held
-    static void reportException(std::exception_ptr error);
+    bool isCrowded() const noexcept;
+    void waitUntilDrained();
+    void letSendersGo() noexcept;
+    void noteRun() noexcept;
+    template <class Predicate>
+    detail::Waiter* takeWaiters(Predicate predicate); // queue lock held
+    static void completeAll(detail::Waiter* first) noexcept;
 
 #if defined(__GNUC__)
     __attribute__((tls_model("initial-exec")))
@@ -243,6 +300,14 @@ private:
     bool m_wakePending = false;          // guarded: the loop has been roused and has not come yet
     detail::CallList m_incoming;         // guarded
     detail::Waiter* m_waiters = nullptr; // guarded: who waits for answers of this thread
+    detail::Waiter* m_crowd = nullptr;   // guarded: who waits for room in the queue
+    bool m_answers = true;               // guarded; the thread itself looks without
+    std::atomic<bool> m_turns{false};    // a loop has run calls, and may again
+    std::atomic<int> m_waits{0};         // waits of this thread for others, one in the other
+    std::atomic<bool> m_hasCrowd{false};
+    std::atomic<std::size_t> m_bound{0};
+    std::atomic<std::size_t> m_sent{0}; // calls queued so far; written under the lock
+    std::atomic<std::size_t> m_run{0};  // of these, run or dropped; written by the thread itself
     std::atomic<bool> m_accepting{true};
     std::atomic<bool> m_hasIncoming{false};
     std::atomic<bool> m_busy{false};
@@ -262,8 +327,38 @@ private:
     detail::EmissionPins m_pins;
     Clock::time_point m_lastAnswer{};
     unsigned m_execDepth = 0;
+    EventErrors* m_eventErrors = nullptr;
+    std::optional<WaitRelease> m_sleep;
     bool m_answered = false;
     bool m_isHosted = false;
+};
+
+/// While one lives, its thread's listeners of events that throw do so to the program: for an
+/// operation that acts as the user would, at the program's request. The exceptions do not pass
+/// through what lies between, a toolkit for instance: the first is kept for `rethrow`, the others
+/// go to the exception handler.
+class TROV_EXPORT EventErrors
+{
+public:
+    EventErrors();
+    virtual ~EventErrors();
+    EventErrors(const EventErrors&) = delete;
+    EventErrors& operator=(const EventErrors&) = delete;
+
+    /// Throws what was kept, if anything was; to be called at the end of the operation.
+    void rethrow();
+
+protected:
+    /// Whether the program is the cause of what is emitted now; not so for the user in a nested
+    /// loop.
+    virtual bool isCause() const noexcept { return true; }
+
+private:
+    friend class Thread;
+
+    Thread* m_thread;
+    EventErrors* m_outer;
+    std::exception_ptr m_first;
 };
 
 /// A counted reference to a thread.

@@ -25,7 +25,6 @@ VXAbstractWindow2::VXAbstractWindow2(VXObject2* parent)
 
 VXAbstractWindow2::~VXAbstractWindow2()
 {
-    // In one go: a window that is listed is alive.
     VXObjectDataLocker lock;
     std::erase(allWindows(), this);
     retire();
@@ -34,7 +33,20 @@ VXAbstractWindow2::~VXAbstractWindow2()
 std::vector<VXAbstractWindow2*> VXAbstractWindow2::windows()
 {
     VXObjectDataLocker lock;
-    return allWindows();
+    std::vector<VXAbstractWindow2*> result = allWindows();
+    // Those that have retired are about to leave.
+    std::erase_if(result, [](const auto* window) { return !isObjectValid(window->id()); });
+    return result;
+}
+
+void VXAbstractWindow2::raiseNativeWindow(unsigned long long nativeWindow)
+{
+    // Other threads may destroy windows. Only the window that answers runs handlers.
+    VXObjectDataLocker lock;
+    for (VXAbstractWindow2* window : windows()) {
+        if (window->m_emitters.raiseNativeWindow(nativeWindow))
+            return;
+    }
 }
 
 void VXAbstractWindow2::setTitle(const std::string& title)
@@ -94,27 +106,22 @@ VXFlags<WindowState> VXAbstractWindow2::windowState() const
 
 void VXAbstractWindow2::showMinimized()
 {
-    const VXFlags<WindowState> maximized = windowState() & WindowState::Maximized;
-    setWindowState(maximized | WindowState::Minimized);
-    show();
+    m_emitters.showMinimized();
 }
 
 void VXAbstractWindow2::showMaximized()
 {
-    setWindowState(WindowState::Maximized);
-    show();
+    m_emitters.showMaximized();
 }
 
 void VXAbstractWindow2::showFullScreen()
 {
-    setWindowState(WindowState::FullScreen);
-    show();
+    m_emitters.showFullScreen();
 }
 
 void VXAbstractWindow2::showNormal()
 {
-    setWindowState(WindowState::Normal);
-    show();
+    m_emitters.showNormal();
 }
 
 bool VXAbstractWindow2::isMinimized() const

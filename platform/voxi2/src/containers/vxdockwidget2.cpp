@@ -110,12 +110,16 @@ bool VXDockWidget2::close()
 VXAction2* VXDockWidget2::viewAction()
 {
     VXObjectDataLocker lock;
+    const unsigned self = id();
+    if (self == 0)
+        return nullptr; // what a handle of a dead pane stands for owns nothing
     const auto known = [this] { return dynamic_cast<VXAction2*>(objectById(m_viewAction)); };
     if (VXAction2* action = known())
         return action;
     auto* action = new VXAction2(this);
-    // Waiting for its peer gives the lock up: another thread may have been here.
-    if (VXAction2* other = known()) {
+    // Waiting for its peer gives the lock up: the pane may have gone, or another thread been here.
+    VXAction2* const other = isObjectValid(self) ? known() : nullptr;
+    if (other || !isObjectValid(self)) {
         action->destroy();
         return other;
     }

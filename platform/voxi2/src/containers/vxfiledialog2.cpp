@@ -25,13 +25,22 @@ namespace {
 
 using Dialog = VXHandle<VXFileDialog2>;
 
+/// A new dialog that ends with its parent, also if that ends while a worker waits for the peer.
+Dialog make(VXObject2* parent)
+{
+    const VXObjectDataLocker lock;
+    const VXObject2::BuildScope scope;
+    if (parent && !VXObject::isObjectValid(parent))
+        return {};
+    return new VXFileDialog2(parent);
+}
+
 /// Shows a new dialog that `prepare` has set up, and returns what was chosen.
 template <class Prepare>
 std::vector<VXFileDialog2::Path> choose(VXObject2* parent, FileDialogMode mode,
                                         const std::wstring& title, Prepare&& prepare)
 {
-    // It belongs to the parent, which may go meanwhile.
-    const Dialog dialog(new VXFileDialog2(parent));
+    const Dialog dialog = make(parent);
     dialog->setMode(mode);
     dialog->setTitle(title);
     prepare(dialog);
@@ -153,6 +162,11 @@ void VXFileDialog2::setConfirmOverwrite(bool confirm)
 bool VXFileDialog2::confirmsOverwrite() const
 {
     return m_emitters.confirmsOverwrite();
+}
+
+void VXFileDialog2::setLabel(FileDialogLabel label, const std::wstring& text)
+{
+    m_emitters.setLabel(label, text);
 }
 
 void VXFileDialog2::selectFile(const Path& file)

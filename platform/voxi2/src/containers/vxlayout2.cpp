@@ -9,6 +9,12 @@ VXLayout2::~VXLayout2()
     retire();
 }
 
+void VXLayout2::setParent(VXObject2* parent)
+{
+    if (parent && !m_emitters.refuses(parent))
+        VXObject2::setParent(parent);
+}
+
 void VXLayout2::addWidget(VXObject* widget, Alignment alignment)
 {
     m_emitters.addWidget(widget, alignment);

@@ -1,11 +1,14 @@
 #include "voxi2/containers/vxmessage2.h"
 
+#include "openmessages.h"
 #include "voxi/vxbridge.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxscrollview2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/translation.h"
 #include "voxi2/kernel/vxhandle.h"
 
 #include <algorithm>
@@ -89,31 +92,74 @@ void addSign(const Box& row, const Sign& sign)
     row.m_layout->addWidget(square.m_panel, 0, AlignmentFlag::Top);
 }
 
-void addText(const Box& column, const std::wstring& text, const char* name)
+constexpr std::size_t LongLine = 70; // in characters; longer ones are broken
+
+/// How much room a text takes, in characters.
+struct Extent
+{
+    explicit Extent(const std::wstring& text)
+    {
+        for (std::size_t start = 0; start <= text.size();) {
+            const std::size_t end = std::min(text.find(L'\n', start), text.size());
+            m_longestLine = std::max(m_longestLine, end - start);
+            m_lines += 1 + (end - start) / LongLine;
+            start = end + 1;
+        }
+        std::size_t word = 0;
+        for (const wchar_t each : text) {
+            word = each == L' ' || each == L'\n' || each == L'\t' ? 0 : word + 1;
+            m_longestWord = std::max(m_longestWord, word);
+        }
+    }
+
+    std::size_t m_lines = 0;
+    std::size_t m_longestLine = 0;
+    std::size_t m_longestWord = 0;
+};
+
+void addText(const Box& column, const std::wstring& text, const char* name, bool scrolls)
 {
     // Short lines stay as they are; long ones are broken.
-    constexpr std::size_t LongLine = 70;
     constexpr int Width = 420;
-    std::size_t longest = 0;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find(L'\n', start), text.size());
-        longest = std::max(longest, end - start);
-        start = end + 1;
-    }
     auto* const result = new VXText2(column.m_panel);
     result->setObjectName(name);
     result->setText(text);
     result->setSelectable(true);
-    if (longest > LongLine) {
-        result->setWordWrap(true);
+    const bool isLong = Extent(text).m_longestLine > LongLine;
+    result->setWordWrap(isLong || scrolls);
+    if (isLong && !scrolls)
         result->setMinimumSize({Width, -1});
-    }
     column.m_layout->addWidget(result);
+}
+
+/// The texts; in a view that scrolls if they might not find room on a small screen.
+void addTexts(const Box& row, const std::wstring& text, const std::wstring& details)
+{
+    constexpr std::size_t ManyLines = 20;
+    constexpr Size<int> ViewSize{480, 300};
+    const Extent extent(text);
+    const Extent more(details);
+    const bool isTall = extent.m_lines + more.m_lines > ManyLines;
+    const bool scrolls = isTall || std::max(extent.m_longestWord, more.m_longestWord) > LongLine;
+    auto* const view = scrolls ? new VXScrollView2(row.m_panel) : nullptr;
+    const Box texts(view ? static_cast<VXWidget2*>(view) : row.m_panel, Direction::TopToBottom);
+    addText(texts, text, "text", scrolls);
+    if (!details.empty())
+        addText(texts, details, "details", scrolls);
+    if (!view) {
+        row.m_layout->addWidget(texts.m_panel, 1, AlignmentFlag::VCenter);
+        return;
+    }
+    view->setWidget(texts.m_panel);
+    // It may be as narrow as the view, which a bar on its right makes narrower.
+    texts.m_panel->setSizePolicy(Policy::Preferred, Policy::Preferred);
+    view->setMinimumSize({ViewSize.width, isTall ? ViewSize.height : -1});
+    row.m_layout->addWidget(view, 1);
 }
 
 /// Gives the dialog a button for each answer; returns the one of `wanted`, or else the first.
 VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
-                      MessageAnswer wanted)
+                      MessageAnswer wanted, const std::map<MessageAnswer, MessageText>& labels)
 {
     row.m_layout->insertSpacer(-1, 0, 1);
     VXButton2* chosen = nullptr;
@@ -121,7 +167,9 @@ VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> 
         if (!answers.testFlag(each.m_answer))
             continue;
         auto* const button = new VXButton2(row.m_panel);
-        button->setLabel(each.m_label);
+        const auto own = labels.find(each.m_answer);
+        button->setLabel(own == labels.end() ? translated(each.m_label)
+                                             : std::wstring(own->second));
         dialog->setButtonResult(button, static_cast<int>(each.m_answer));
         row.m_layout->addWidget(button);
         if (!chosen || each.m_answer == wanted)
@@ -129,37 +177,6 @@ VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> 
     }
     return chosen;
 }
-
-/// A question that waits for its answer; its end is an answer as well.
-class Pending
-{
-public:
-    Pending(std::function<void(MessageAnswer)> answered, MessageAnswer escape, TROV::Thread* thread)
-        : m_answered(std::move(answered)),
-          m_escape(escape),
-          m_thread(thread)
-    {}
-    Pending(const Pending&) = delete;
-    Pending& operator=(const Pending&) = delete;
-    ~Pending()
-    {
-        // On whatever thread the last that knows of it went.
-        if (m_answered)
-            m_thread->post(
-                [answered = std::move(m_answered), escape = m_escape] { answered(escape); });
-    }
-
-    void answer(int result)
-    {
-        if (const auto answered = std::exchange(m_answered, nullptr))
-            answered(result == VXDialog2::Rejected ? m_escape : static_cast<MessageAnswer>(result));
-    }
-
-private:
-    std::function<void(MessageAnswer)> m_answered;
-    const MessageAnswer m_escape;
-    TROV::Thread* const m_thread;
-};
 
 MessageAnswer execKind(MessageKind kind, VXObject2* parent, const MessageText& text,
                        VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
@@ -199,32 +216,39 @@ MessageAnswer VXMessage2::answerOfEscape() const
     return MessageAnswer::None;
 }
 
+VXHandle<VXDialog2> VXMessage2::make(VXObject2* parent) const
+{
+    // A worker waits for each part, and the parent may end meanwhile: then the dialog does, too.
+    const VXObjectDataLocker lock;
+    const VXObject2::BuildScope scope;
+    if (parent && !VXObject::isObjectValid(parent))
+        return {};
+    return build(parent);
+}
+
 VXDialog2* VXMessage2::build(VXObject2* parent) const
 {
     constexpr int Gap = 14;
     const Sign& sign = signOf(kind);
     auto* const dialog = new VXDialog2(parent);
-    dialog->setTitle(title.empty() ? MessageText(sign.m_title) : title);
+    dialog->setTitle(title.empty() ? translated(sign.m_title) : std::wstring(title));
     auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
     rows->setSpacing(Gap);
 
     const Box message(dialog);
     message.m_layout->setSpacing(Gap);
     addSign(message, sign);
-    const Box texts(message.m_panel, Direction::TopToBottom);
-    addText(texts, text, "text");
-    if (!details.empty())
-        addText(texts, details, "details");
-    message.m_layout->addWidget(texts.m_panel, 1, AlignmentFlag::VCenter);
+    addTexts(message, text, details);
     rows->addWidget(message.m_panel, 1);
 
     const Box buttons(dialog);
-    VXButton2* const chosen = addButtons(dialog, buttons, offered(), defaultAnswer);
+    VXButton2* const chosen = addButtons(dialog, buttons, offered(), defaultAnswer, labels);
     rows->addWidget(buttons.m_panel);
-    if (answerOfEscape() == MessageAnswer::None) {
+    const VXFactory2* const factory = VXFactory2::current();
+    if (factory && answerOfEscape() == MessageAnswer::None) {
         dialog->closing().connect(
             dialog, [](const VXCloseEvent2& event) { event.refuse(); },
-            VXFactory2::current()->getBridge()->thread());
+            factory->getBridge()->thread());
     }
     dialog->setDefaultButton(chosen);
     chosen->setFocus();
@@ -236,7 +260,7 @@ MessageAnswer VXMessage2::exec(VXObject2* parent) const
     const MessageAnswer escape = answerOfEscape();
     if (!VXFactory2::current())
         return escape;
-    const VXHandle<VXDialog2> dialog(build(parent));
+    const VXHandle<VXDialog2> dialog = make(parent);
     const int result = dialog->exec();
     dialog->destroy();
     return result == VXDialog2::Rejected ? escape : static_cast<MessageAnswer>(result);
@@ -252,20 +276,25 @@ void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answ
     }
     // The thread that calls need not run a loop.
     TROV::Thread* const thread = factory->getBridge()->thread();
-    const VXHandle<VXDialog2> dialog(build(parent));
-    dialog->finished().connect(
-        dialog.get(),
-        [dialog, pending = std::make_shared<Pending>(std::move(answered), escape, thread)](
-            const VXDialogEvent2& event) {
-            // This closure goes with the dialog.
-            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-            const auto question = pending;
-            const int result = event.result();
-            dialog->destroy();
-            question->answer(result);
-        },
-        thread);
-    dialog->open();
+    const VXHandle<VXDialog2> handle = make(parent);
+    const auto open = std::make_shared<OpenMessage>(handle, std::move(answered), escape, thread);
+    handle.with([&](VXDialog2& dialog) {
+        dialog.finished().connect(
+            &dialog,
+            [handle, open](const VXDialogEvent2& event) {
+                // This closure goes with the dialog.
+                // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+                const auto question = open;
+                const int result = event.result();
+                handle->destroy();
+                question->answer(result);
+            },
+            thread);
+        dialog.open();
+    });
+    // It may have been taken down meanwhile by its own thread, which did not know of this one.
+    if (!VXFactory2::current())
+        OpenMessage::answerAll();
 }
 
 void VXMessage2::inform(VXObject2* parent, const MessageText& text)

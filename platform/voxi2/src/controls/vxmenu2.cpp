@@ -28,10 +28,17 @@ namespace {
 template <class Text>
 VXAction2* appendNew(VXMenu2& menu, const Text& label)
 {
+    VXObjectDataLocker lock;
     // What a handle of a dead menu stands for owns nothing.
-    if (menu.id() == 0)
+    const unsigned id = menu.id();
+    if (id == 0)
         return nullptr;
     auto* action = new VXAction2(&menu);
+    // Waiting for its peer gives the lock up.
+    if (!VXObject::isObjectValid(id)) {
+        action->destroy();
+        return nullptr;
+    }
     action->setLabel(label);
     menu.addAction(action);
     return action;

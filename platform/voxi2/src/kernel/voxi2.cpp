@@ -1,14 +1,14 @@
 #include "voxi2/voxi2.h"
 
+#include "../containers/openmessages.h"
 #include "trov/emitter.h"
 #include "voxi/vxbridge.h"
-#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/containers/vxabstractwindow2.h"
 #include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi2/kernel/vxfactory2.h"
 
 #include <atomic>
-#include <vector>
 
 namespace VOXI {
 
@@ -17,17 +17,9 @@ namespace {
 std::atomic<bool> s_initialized{false};
 std::atomic<bool> s_terminated{false};
 
-/// Raises the window behind a native window value.
 void raiseNativeWindow(long long value)
 {
-    // Other threads may destroy windows.
-    VXObjectDataLocker lock;
-    for (VXAbstractWindow2* window : VXAbstractWindow2::windows()) {
-        if (window->isVisible() && static_cast<long long>(window->winId()) == value) {
-            window->setActiveWindow();
-            return;
-        }
-    }
+    VXAbstractWindow2::raiseNativeWindow(static_cast<unsigned long long>(value));
 }
 
 } // namespace
@@ -52,6 +44,7 @@ void terminate_voxi2()
     delete VXDragManager2::instance();
     delete VXClipboard2::instance();
     VXFactory2::unregisterAll();
+    OpenMessage::answerAll();
 }
 
 } // namespace VOXI

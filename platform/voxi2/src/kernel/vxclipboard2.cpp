@@ -12,10 +12,13 @@ std::atomic<VXClipboard2*> s_clipboard{nullptr};
 
 } // namespace
 
-VXClipboard2::VXClipboard2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
+VXClipboard2::VXClipboard2(const VXFactory2& factory)
+    : VXObject2(nullptr),
+      m_emitters(VXObject2::m_emitters)
 {
-    createPeer<void(VXObject2*, VXClipboard2Emitters*), VXObject2>(&VXFactory2::createClipboard2,
-                                                                   this, &m_emitters);
+    // Of this back end, which need not be the one that other objects get their peers from.
+    if (id() != 0)
+        factory.createClipboard2.emitAndWait(this, &m_emitters);
 }
 
 VXClipboard2::~VXClipboard2()
@@ -27,8 +30,9 @@ VXClipboard2::~VXClipboard2()
 
 void VXClipboard2::initImpl(StringID key)
 {
-    if (!instance() && VXFactory2::getFactory(key))
-        s_clipboard = new VXClipboard2;
+    const VXFactory2* const factory = VXFactory2::getFactory(key);
+    if (factory && !instance())
+        s_clipboard = new VXClipboard2(*factory);
 }
 
 VXClipboard2* VXClipboard2::instance()

@@ -12,10 +12,13 @@ std::atomic<VXDragManager2*> s_manager{nullptr};
 
 } // namespace
 
-VXDragManager2::VXDragManager2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
+VXDragManager2::VXDragManager2(const VXFactory2& factory)
+    : VXObject2(nullptr),
+      m_emitters(VXObject2::m_emitters)
 {
-    createPeer<void(VXObject2*, VXDragManager2Emitters*), VXObject2>(
-        &VXFactory2::createDragManager2, this, &m_emitters);
+    // Of this back end, which need not be the one that other objects get their peers from.
+    if (id() != 0)
+        factory.createDragManager2.emitAndWait(this, &m_emitters);
 }
 
 VXDragManager2::~VXDragManager2()
@@ -27,8 +30,9 @@ VXDragManager2::~VXDragManager2()
 
 void VXDragManager2::createImpl(StringID key)
 {
-    if (!instance() && VXFactory2::getFactory(key))
-        s_manager = new VXDragManager2;
+    const VXFactory2* const factory = VXFactory2::getFactory(key);
+    if (factory && !instance())
+        s_manager = new VXDragManager2(*factory);
 }
 
 VXDragManager2* VXDragManager2::instance()

@@ -3,65 +3,11 @@
 #include "trov/thread.h"
 #include "voxi2/kernel/vxfactory2.h"
 
-#include <exception>
-
 namespace VOXI {
-
-VXObject2::VXObject2(VXObject2* parent)
-{
-    VXObjectDataLocker lock;
-    // A dead parent's memory may be what this object was made in.
-    if (parent != this && isObjectValid(parent))
-        link(parent);
-}
 
 VXObject2::~VXObject2()
 {
     retire();
-}
-
-void VXObject2::destroy()
-{
-    {
-        VXObjectDataLocker lock;
-        // What has no id stands for objects that are gone, and is shared.
-        if (m_retired || id() == 0)
-            return;
-    }
-    delete this;
-}
-
-void VXObject2::retire()
-{
-    VXObjectDataLocker lock;
-    if (m_retired)
-        return;
-    m_retired = true;
-    announceEnd();
-    // The peer goes before those of the children: theirs then know that they go with it.
-    releasePeer();
-    while (VXObject2* child = m_firstChild) {
-        // A handler of the child's end may have ended us; the child is on its way already then.
-        if (child->m_retired)
-            child->unlink();
-        else
-            delete child;
-    }
-    unlink();
-    Listener::disconnect();
-    invalidate();
-}
-
-void VXObject2::announceEnd() noexcept
-{
-    try {
-        m_emitters.destroyed(id());
-    } catch (...) {
-        // Nobody could catch it on the way out of a destructor, so it goes where exceptions of
-        // queued calls go.
-        TROV::Thread::getCurrentThread()->post(
-            [error = std::current_exception()] { std::rethrow_exception(error); });
-    }
 }
 
 void VXObject2::releasePeer()
@@ -96,6 +42,7 @@ VXFactory2* VXObject2::factoryForNewObject() const
 void VXObject2::link(VXObject2* parent)
 {
     m_parent = parent;
+    m_isOrphan = false;
     m_next = nullptr;
     if (VXObject2* first = parent->m_firstChild) {
         m_previous = first->m_previous;
@@ -143,7 +90,8 @@ void VXObject2::setParent(VXObject2* parent)
 {
     {
         VXObjectDataLocker lock;
-        if (id() == 0 || (parent && (!isObjectValid(parent) || isAncestorOf(parent))))
+        if (id() == 0 || m_life != Life::Alive
+            || (parent && (!isObjectValid(parent) || isAncestorOf(parent))))
             return;
         unlink();
         if (parent)
@@ -155,13 +103,20 @@ void VXObject2::setParent(VXObject2* parent)
 std::vector<VXObject2*> VXObject2::children(bool recursive) const
 {
     VXObjectDataLocker lock;
+    const TROV::Thread* const self = TROV::Thread::getCurrentThread();
     std::vector<VXObject2*> result;
-    for (VXObject2* child = m_firstChild; child; child = child->m_next) {
-        result.push_back(child);
-        if (recursive) {
-            const auto below = child->children(true);
-            result.insert(result.end(), below.begin(), below.end());
+    // Not by recursion: owners may be nested as deep as the application likes.
+    for (VXObject2* child = m_firstChild; child;) {
+        const bool isWhole = !child->m_maker || child->m_maker == self;
+        if (isWhole)
+            result.push_back(child);
+        if (recursive && isWhole && child->m_firstChild) {
+            child = child->m_firstChild;
+            continue;
         }
+        while (child != this && !child->m_next)
+            child = child->m_parent;
+        child = child == this ? nullptr : child->m_next;
     }
     return result;
 }

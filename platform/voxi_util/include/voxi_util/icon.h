@@ -43,9 +43,14 @@ public:
         friend bool operator==(const Layer&, const Layer&) = default;
     };
 
+    /// The longest side that widgets show icons with, in pixels. Where a larger size is asked for
+    /// it becomes this one.
+    static constexpr int MaxShownSide = 1024;
+
     /// No icon.
     Icon() noexcept = default;
-    /// The file is read when the icon is first shown; null when the path is empty. UTF-8.
+    /// The file is read when the icon is first shown; null when the path is empty. UTF-8. Devices
+    /// and files beyond `ImageDecoder::fileSizeLimit` are not read.
     static Icon fromFile(std::string path);
     static Icon fromPixmap(const Pixmap& pixmap);
 

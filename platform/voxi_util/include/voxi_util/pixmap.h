@@ -4,6 +4,7 @@
 #include "voxi_util/geometry.h"
 #include "voxi_util/voxi_util_export.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -26,7 +27,8 @@ public:
 
     /// An encoded picture, in whatever format the decoder understands; null when there is no byte.
     static Pixmap fromData(ByteArray data);
-    /// A file that is read when the picture is decoded; null when the path is empty. UTF-8.
+    /// A file that is read when the picture is decoded; null when the path is empty. UTF-8. What is
+    /// no plain file, such as a device, or larger than `ImageDecoder::fileSizeLimit`, is not read.
     static Pixmap fromFile(std::string path);
 
     bool isNull() const noexcept { return !m_data; }
@@ -77,6 +79,14 @@ public:
     static void install(std::shared_ptr<ImageDecoder> decoder);
     /// Null when there is none.
     static std::shared_ptr<ImageDecoder> installed();
+
+    /// The largest file that decoders read, in bytes; 64 MiB unless it is set. Any thread.
+    static void setFileSizeLimit(std::size_t bytes) noexcept;
+    static std::size_t fileSizeLimit() noexcept;
+
+    /// The longest side that decoders give a drawing, which has any size; drawings that ask for
+    /// more are made smaller. In pixels.
+    static constexpr int MaxDrawingSide = 4096;
 };
 
 } // namespace VOXI

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
 #include <pthread.h>
 
 namespace VOXI {
@@ -14,6 +16,10 @@ class RecursiveLock
 {
 public:
     RecursiveLock() = default;
+
+    /// `recall` is called when a thread undoes a hold that it does not have at the moment, and has
+    /// it take back what it gave up.
+    constexpr explicit RecursiveLock(void (*recall)() noexcept) noexcept : m_recall(recall) {}
     RecursiveLock(const RecursiveLock&) = delete;
     RecursiveLock& operator=(const RecursiveLock&) = delete;
 
@@ -42,9 +48,12 @@ public:
         return true;
     }
 
-    /// Undoes one `lock`. Only the owning thread may call it.
+    /// Undoes one `lock`. Only the owning thread may call it: for others nothing happens, in debug
+    /// builds the program ends with a message.
     void unlock() noexcept
     {
+        if (m_owner.load(std::memory_order_relaxed) != pthread_self() && !isRecalled()) [[unlikely]]
+            return;
         if (--m_depth == 0)
             release();
     }
@@ -81,6 +90,20 @@ public:
 private:
     enum State { Free = 0, Held = 1, Contended = 2 };
 
+    bool isRecalled() const noexcept
+    {
+        if (m_recall)
+            m_recall();
+        if (isHeldByCurrentThread())
+            return true;
+#ifndef NDEBUG
+        std::fputs("A lock is given up by a thread that does not hold it\n", stderr);
+        std::abort();
+#else
+        return false;
+#endif
+    }
+
     void acquire(pthread_t self, unsigned depth) noexcept
     {
         int expected = Free;
@@ -112,6 +135,7 @@ private:
     std::atomic<pthread_t> m_owner{};
     std::atomic<int> m_state{Free};
     unsigned m_depth = 0;
+    void (*m_recall)() noexcept = nullptr;
 };
 
 } // namespace VOXI

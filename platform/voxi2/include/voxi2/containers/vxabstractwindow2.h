@@ -32,6 +32,11 @@ struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<bool()> close{*this};
     TROV::Request<std::string()> saveWindowGeometry{*this};
     TROV::Request<bool(std::string)> restoreWindowGeometry{*this};
+    TROV::Request<void()> showMinimized{*this};
+    TROV::Request<void()> showMaximized{*this};
+    TROV::Request<void()> showFullScreen{*this};
+    TROV::Request<void()> showNormal{*this};
+    TROV::Request<bool(unsigned long long)> raiseNativeWindow{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXWindowStateEvent2&)> stateChanged{*this};
@@ -49,6 +54,10 @@ public:
     /// All live windows and dialogs, oldest first.
     static std::vector<VXAbstractWindow2*> windows();
 
+    /// Brings to the front the one that the window system knows by that value, and restores it if
+    /// it is minimised; hidden windows and other values are ignored. Toolkit's thread.
+    static void raiseNativeWindow(unsigned long long nativeWindow);
+
     /// The text "[*]" in a title stands for the mark of unsaved changes.
     void setTitle(const std::string& title);
     void setTitle(const std::wstring& title);
@@ -62,7 +71,7 @@ public:
 
     /// The toolkit's window flags as a bit set; see `WindowFlag`. What comes back has more bits
     /// than what was set: the window system's types share bits. 0 makes a window that has a parent
-    /// a part of that parent, as other widgets are.
+    /// a part of that parent, as other widgets are; a dialog remains one whatever is set.
     void setWindowFlags(unsigned flags);
     unsigned windowFlags() const;
 

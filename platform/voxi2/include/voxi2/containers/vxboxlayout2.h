@@ -21,6 +21,8 @@ struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
 class VOXI2_EXPORT VXBoxLayout2 : public VXLayout2
 {
 public:
+    using ToolkitClass = VXBoxLayout2;
+
     /// Lays out the inside of `parent`, if it is a widget without a layout.
     explicit VXBoxLayout2(VXObject2* parent = nullptr,
                           Direction direction = Direction::LeftToRight);

@@ -31,6 +31,8 @@ struct VXDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
 class VOXI2_EXPORT VXDialog2 : public VXAbstractDialog2
 {
 public:
+    using ToolkitClass = VXDialog2;
+
     /// A dialog belongs to the window that its parent is or lies in, and stays above it. Its frame
     /// has a title and the system menu; `setWindowFlags` can give it more.
     explicit VXDialog2(VXObject2* parent = nullptr);

@@ -52,6 +52,8 @@ struct VXDockWidget2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXDockWidget2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXDockWidget2;
+
     explicit VXDockWidget2(VXObject2* parent = nullptr);
     ~VXDockWidget2() override;
 
@@ -98,7 +100,8 @@ public:
 
     /// The action that shows and closes the pane, for a menu: checked while the pane is open,
     /// whoever opened it. It has the pane's title and icon and belongs to it; made at the first
-    /// call. To open the pane by program, show it; checking the action does not.
+    /// call; null if the pane has ended. To open the pane by program, show it; checking the action
+    /// does not.
     VXAction2* viewAction();
 
     // Events

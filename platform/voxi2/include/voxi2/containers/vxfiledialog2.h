@@ -17,10 +17,19 @@ enum class FileDialogMode {
     Directory  ///< a directory that exists
 };
 
+/// The texts of a file dialog that the program may give.
+enum class FileDialogLabel {
+    Directory, ///< before the directory that is shown
+    FileName,  ///< before the name
+    Filter,    ///< before the filters
+    Accept,    ///< on the button that chooses
+    Cancel     ///< on the button that does not
+};
+
 /// The files that a file dialog shows: `{L"Pictures", {"*.png", "*.jpg"}}`.
 struct FileFilter
 {
-    /// For the user; the dialog adds the patterns to it.
+    /// For the user; the dialog adds the patterns to it. Filters may read the same.
     std::wstring name;
     /// With the wild cards `*` and `?`, in UTF-8; upper and lower case are the same. A character
     /// that is no plain letter, digit or sign counts as `?`. None at all stands for all files.
@@ -48,6 +57,7 @@ struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
     TROV::Request<std::wstring()> getDefaultSuffix{*this};
     TROV::Request<bool()> confirmsOverwrite{*this};
     TROV::Request<std::vector<Path>()> getSelectedFiles{*this};
+    TROV::Request<void(FileDialogLabel, std::wstring)> setLabel{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXFileDialogEvent2&)> filesChosen{*this};
@@ -58,6 +68,9 @@ struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
 /// File names are `std::filesystem::path`, whose bytes are UTF-8 whatever the encoding of texts is:
 /// a name comes back as it is on the disk. A name that is no UTF-8 cannot be chosen.
 ///
+/// The dialog's own texts are in the language of the back end's toolkit, unless there is a
+/// translation (see `setTranslation`) or `setLabel` gives them.
+///
 /// The usual cases are one call each:
 ///
 ///     const auto file = VXFileDialog2::openFile(window, L"Open", {}, {{L"Text", {"*.txt"}}});
@@ -66,13 +79,16 @@ struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
 class VOXI2_EXPORT VXFileDialog2 : public VXAbstractDialog2
 {
 public:
+    using ToolkitClass = VXFileDialog2;
+
     using Path = std::filesystem::path;
 
     explicit VXFileDialog2(VXObject2* parent = nullptr);
     ~VXFileDialog2() override;
 
-    // Ask, and wait for the answer as `exec` does; empty when the user cancels, or without a back
-    // end. An empty directory stands for the one that the user was in last.
+    // Ask, and wait for the answer as `exec` does; empty when the user cancels, without a back end,
+    // and when the parent has ended or ends meanwhile. An empty directory stands for the one that
+    // the user was in last.
 
     static Path openFile(VXObject2* parent, const std::wstring& title, const Path& directory = {},
                          const std::vector<FileFilter>& filters = {});
@@ -109,6 +125,9 @@ public:
     /// Whether the user is asked before a file that exists is chosen for saving; on by default.
     void setConfirmOverwrite(bool confirm);
     bool confirmsOverwrite() const;
+
+    /// With `&` before the mnemonic; an empty text brings the usual one back.
+    void setLabel(FileDialogLabel label, const std::wstring& text);
 
     /// Proposes a file. With a directory in its name the dialog goes there.
     void selectFile(const Path& file);

@@ -22,6 +22,8 @@ struct VXFlowLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
 class VOXI2_EXPORT VXFlowLayout2 : public VXLayout2
 {
 public:
+    using ToolkitClass = VXFlowLayout2;
+
     /// Lays out the inside of `parent`, if it is a widget without a layout. A direction that is
     /// none of the four places nothing.
     explicit VXFlowLayout2(VXObject2* parent = nullptr,

@@ -34,6 +34,8 @@ struct VXFrame2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXFrame2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXFrame2;
+
     explicit VXFrame2(VXObject2* parent = nullptr);
     ~VXFrame2() override;
 

@@ -30,6 +30,8 @@ struct VXGridLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
 class VOXI2_EXPORT VXGridLayout2 : public VXLayout2
 {
 public:
+    using ToolkitClass = VXGridLayout2;
+
     /// Lays out the inside of `parent`, if it is a widget without a layout.
     explicit VXGridLayout2(VXObject2* parent = nullptr);
     ~VXGridLayout2() override;

@@ -25,6 +25,8 @@ struct VXGroupBox2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXGroupBox2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXGroupBox2;
+
     explicit VXGroupBox2(VXObject2* parent = nullptr);
     ~VXGroupBox2() override;
 

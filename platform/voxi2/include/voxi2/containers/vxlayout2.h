@@ -22,19 +22,25 @@ struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
     TROV::Request<bool()> isEnabled{*this};
     TROV::Request<VXRect<int>()> getMargins{*this};
     TROV::Request<int()> getSpacing{*this};
+    TROV::Request<bool(VXObject*)> refuses{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
 /// Places widgets inside another one.
 ///
 /// A layout shows its widgets but does not own them; adding moves them into the widget that the
-/// layout fills. `setParent` moves the layout and its widgets into another one, unless that has a
-/// layout. Null and dead widgets are ignored. A window that was made with that widget as its parent
-/// remains a window, and takes no room.
+/// layout fills. Null and dead widgets are ignored. A window that was made with that widget as its
+/// parent remains a window, and takes no room.
 class VOXI2_EXPORT VXLayout2 : public VXObject2
 {
 public:
     ~VXLayout2() override;
+
+    /// Moves the layout and its widgets into another widget, which owns it then. Nothing happens if
+    /// that has a layout, or lies in one of the layout's widgets; and for null, as a layout cannot
+    /// stand without a widget once it has had one. Elsewhere than on the toolkit's thread this
+    /// waits for the answer.
+    void setParent(VXObject2* parent) override;
 
     /// Appends the widget; `alignment` empty: it fills its cell.
     void addWidget(VXObject* widget, Alignment alignment = Alignment());
@@ -43,10 +49,10 @@ public:
     /// Appends empty room of that size, which grows when `expanding`.
     void addSpacer(const Size<int>& size, bool expanding);
 
-    /// Left, top, right, bottom.
+    /// Left, top, right, bottom; 32 767 at most.
     void setMargins(const VXRect<int>& margins);
     VXRect<int> margins() const;
-    /// Between neighbours; -1 as an answer means that the style decides.
+    /// Between neighbours, 16 777 215 at most; -1 as an answer: the style decides.
     void setSpacing(int spacing);
     int spacing() const;
 

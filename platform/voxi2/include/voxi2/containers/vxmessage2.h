@@ -5,6 +5,7 @@
 #include "voxi_util/vxflags.h"
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +13,8 @@
 namespace VOXI {
 
 class VXDialog2;
+template <class T>
+class VXHandle;
 class VXObject2;
 
 /// What the user may answer to a message.
@@ -62,16 +65,17 @@ struct MessageText : std::wstring
 ///                                    .kind = MessageKind::Warning}
 ///                             .exec(window);
 ///
-/// Each answer is a button. A message is a value: one may be shown many times. All functions may be
-/// called from any thread. With a parent the message stays above the parent's window. Without a
-/// back end it is answered at once, as by Escape.
+/// Each answer is a button. Texts that are long scroll. A message is a value: one may be shown many
+/// times. All functions may be called from any thread. With a parent the message stays above the
+/// parent's window. Without a back end, and for a parent that has ended, it is answered at once, as
+/// by Escape.
 struct VOXI2_EXPORT VXMessage2
 {
     /// Shown as it is, without markup.
     MessageText text;
     /// More, under the text.
     MessageText details{};
-    /// Of the window; empty: what the kind is called.
+    /// Of the window; empty: what the kind is called, in the user's language.
     MessageText title{};
     /// None at all: `Ok`.
     VXFlags<MessageAnswer> answers = MessageAnswer::Ok;
@@ -80,6 +84,9 @@ struct VOXI2_EXPORT VXMessage2
     /// What Escape and closing answer; `None`: see `answerOfEscape`.
     MessageAnswer escapeAnswer = MessageAnswer::None;
     MessageKind kind = MessageKind::Plain;
+    /// What buttons say instead of the usual words, with `&` before the mnemonic:
+    /// `{{MessageAnswer::Yes, "&Delete"}}`. See `setTranslation` for another language.
+    std::map<MessageAnswer, MessageText> labels{};
 
     /// What Escape answers: `escapeAnswer`, else `Cancel` if it is offered, else the only answer,
     /// else `No`, `Close` or `Abort`. When there is none of them it is `None`, and the message
@@ -92,7 +99,9 @@ struct VOXI2_EXPORT VXMessage2
 
     /// Shows the message, blocking the parent's window (without one: all windows) and returns.
     /// `answered` is called once, on the toolkit's thread: with what the user answers, or with the
-    /// answer of Escape if the message ends without him. Without a back end it is called at once.
+    /// answer of Escape if the message ends without him: with its parent, or with the toolkit when
+    /// that is taken down. A process that exits without that calls nobody. Without a back end it
+    /// is called at once.
     void open(VXObject2* parent, std::function<void(MessageAnswer)> answered) const;
 
     // The usual cases, which wait.
@@ -108,6 +117,7 @@ struct VOXI2_EXPORT VXMessage2
 
 private:
     VXFlags<MessageAnswer> offered() const;
+    VXHandle<VXDialog2> make(VXObject2* parent) const;
     VXDialog2* build(VXObject2* parent) const;
 };
 

@@ -16,6 +16,8 @@ struct VXPanel2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXPanel2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXPanel2;
+
     explicit VXPanel2(VXObject2* parent = nullptr);
     ~VXPanel2() override;
 

@@ -24,6 +24,8 @@ struct VXScrollView2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXScrollView2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXScrollView2;
+
     /// The distance to the view's edge that is kept where nothing else is asked for, in pixels.
     static constexpr int DefaultMargin = 50;
 

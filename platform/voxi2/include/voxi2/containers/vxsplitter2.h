@@ -38,6 +38,8 @@ struct VXSplitter2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXSplitter2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXSplitter2;
+
     explicit VXSplitter2(VXObject2* parent = nullptr,
                          Orientation orientation = Orientation::Horizontal);
     ~VXSplitter2() override;
@@ -59,7 +61,7 @@ public:
     void setCollapsible(VXWidget2* widget, bool collapsible);
     bool isCollapsible(VXWidget2* widget) const;
 
-    /// In pixels; 6 at first.
+    /// In pixels, 16 777 215 at most; 6 at first.
     void setHandleWidth(int width);
     int handleWidth() const;
 

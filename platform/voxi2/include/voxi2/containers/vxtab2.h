@@ -47,6 +47,8 @@ struct VXTab2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXTab2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXTab2;
+
     explicit VXTab2(VXObject2* parent = nullptr);
     ~VXTab2() override;
 

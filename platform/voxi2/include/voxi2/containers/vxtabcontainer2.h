@@ -52,6 +52,8 @@ struct VXTabContainer2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXTabContainer2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXTabContainer2;
+
     explicit VXTabContainer2(VXObject2* parent = nullptr);
     ~VXTabContainer2() override;
 

@@ -48,6 +48,8 @@ struct VXToolTipWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXToolTipWindow2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXToolTipWindow2;
+
     /// The parent is the owner, and need not be the anchor.
     explicit VXToolTipWindow2(VXObject2* parent = nullptr);
     ~VXToolTipWindow2() override;

@@ -27,6 +27,8 @@ struct VXWidgetStack2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXWidgetStack2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXWidgetStack2;
+
     explicit VXWidgetStack2(VXObject2* parent = nullptr);
     ~VXWidgetStack2() override;
 

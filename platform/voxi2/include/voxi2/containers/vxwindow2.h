@@ -50,6 +50,8 @@ struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters>
 class VOXI2_EXPORT VXWindow2 : public VXAbstractWindow2
 {
 public:
+    using ToolkitClass = VXWindow2;
+
     /// A window with a parent belongs to the parent's window and stays above it.
     explicit VXWindow2(VXObject2* parent = nullptr);
     ~VXWindow2() override;

@@ -54,7 +54,7 @@ public:
     /// The icon last set.
     Icon icon() const;
     /// The largest size that the icon is drawn in, in pixels that know the screen's scale; the
-    /// style decides when it was not set.
+    /// style decides when it was not set, or is negative. At most `Icon::MaxShownSide`.
     void setIconSize(Size<int> size);
     Size<int> iconSize() const;
 

@@ -20,6 +20,8 @@ struct VXButton2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters>
 class VOXI2_EXPORT VXButton2 : public VXAbstractButton2
 {
 public:
+    using ToolkitClass = VXButton2;
+
     explicit VXButton2(VXObject2* parent = nullptr);
     ~VXButton2() override;
 

@@ -16,6 +16,8 @@ struct VXCheckBox2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters>
 class VOXI2_EXPORT VXCheckBox2 : public VXAbstractButton2
 {
 public:
+    using ToolkitClass = VXCheckBox2;
+
     explicit VXCheckBox2(VXObject2* parent = nullptr);
     ~VXCheckBox2() override;
 

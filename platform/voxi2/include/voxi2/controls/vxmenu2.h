@@ -56,6 +56,8 @@ struct VXMenu2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXMenu2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXMenu2;
+
     explicit VXMenu2(VXObject2* parent = nullptr);
     ~VXMenu2() override;
 
@@ -64,11 +66,12 @@ public:
     /// Appends the action; one that the menu shows already moves to its end. Null and dead ones are
     /// ignored.
     void addAction(VXAction2* action);
-    /// Appends a new action that belongs to the menu; null through the handle of a dead menu.
+    /// Appends a new action that belongs to the menu; null if the menu has ended, which it may do
+    /// while a worker waits for the action.
     VXAction2* addAction(const std::string& label);
     VXAction2* addAction(const std::wstring& label);
     /// Appends a menu under that title; an ampersand makes the character after it the mnemonic. A
-    /// menu cannot hold itself. Null and dead ones are ignored.
+    /// menu cannot hold itself, nor one that holds it. Null and dead ones are ignored.
     void addMenu(const std::string& title, VXMenu2* menu);
     void addMenu(const std::wstring& title, VXMenu2* menu);
     void addMenu(std::u16string_view title, VXMenu2* menu);
@@ -91,8 +94,9 @@ public:
 
     // Opening
 
-    /// Opens the menu at a position on the screen, in whole pixels: fractions are cut off. A menu
-    /// that is open is closed first.
+    /// Opens the menu at a position on the screen, in whole pixels: fractions are cut off, what is
+    /// no number counts as 0. A position outside the screen is moved onto it. A menu that is open
+    /// is closed first.
     void popup(double x, double y);
     void popup(const VXPoint<int>& globalPosition);
     /// Makes this the context menu of the widget: it opens where the user asks for one, instead of
@@ -109,8 +113,8 @@ public:
     bool isDigMenu() const;
     /// Answers `aboutToShow()`: the items are in place, the menu is given its size and its
     /// position. `parent` is the menu from whose entry it opened, null for none; that menu then
-    /// leaves it open while the pointer travels to it. When the menu has been closed meanwhile
-    /// nothing is shown.
+    /// leaves it open while the pointer travels to it. When the menu has been closed meanwhile, or
+    /// another entry of `parent` is the active one by now, nothing is shown.
     void digComplete(VXMenu2* parent = nullptr);
     /// Answers `aboutToShow()`: there is nothing to show; the menu is cleared and closed.
     void digFailed();

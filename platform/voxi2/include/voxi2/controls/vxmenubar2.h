@@ -23,6 +23,8 @@ struct VXMenuBar2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXMenuBar2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXMenuBar2;
+
     explicit VXMenuBar2(VXObject2* parent = nullptr);
     ~VXMenuBar2() override;
 

@@ -16,6 +16,8 @@ struct VXRadioButton2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters>
 class VOXI2_EXPORT VXRadioButton2 : public VXAbstractButton2
 {
 public:
+    using ToolkitClass = VXRadioButton2;
+
     explicit VXRadioButton2(VXObject2* parent = nullptr);
     ~VXRadioButton2() override;
 

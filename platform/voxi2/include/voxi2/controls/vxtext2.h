@@ -34,6 +34,8 @@ struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXText2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXText2;
+
     explicit VXText2(VXObject2* parent = nullptr);
     ~VXText2() override;
 

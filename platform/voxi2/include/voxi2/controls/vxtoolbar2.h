@@ -42,6 +42,8 @@ struct VXToolBar2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 class VOXI2_EXPORT VXToolBar2 : public VXWidget2
 {
 public:
+    using ToolkitClass = VXToolBar2;
+
     explicit VXToolBar2(VXObject2* parent = nullptr);
     ~VXToolBar2() override;
 
@@ -49,12 +51,15 @@ public:
 
     /// Appends a button for the action, which the bar does not own.
     void addAction(VXAction2* action);
-    /// Appends the widget. From now on it is part of the bar, and goes with it.
+    /// Appends the widget, which leaves the bar or container that it is in; the bar does not own
+    /// it. When the bar ends first, the widget is hidden until it is put elsewhere. A widget that
+    /// the bar lies in is ignored.
     void addWidget(VXWidget2* widget);
     void addSeparator();
     /// Takes the action's button out of the bar.
     void removeAction(VXAction2* action);
-    /// Takes the widget out of the bar and hides it; it can be added again.
+    /// Takes the widget out of the bar and hides it until it is put elsewhere or added again. What
+    /// is put into a layout or another parent leaves the bar by itself.
     void removeWidget(VXWidget2* widget);
 
     /// The first `count` items that are added from now on stay together and are never put behind
@@ -83,6 +88,7 @@ public:
 
     // Looks
 
+    /// Of the buttons, at most `Icon::MaxShownSide`; negative: the style's own.
     void setIconSize(const Size<int>& size);
     Size<int> iconSize() const;
     void setToolButtonStyle(ToolButtonStyle style);

@@ -32,6 +32,8 @@ struct VXToolButton2Emitters : TROV::EmittersTable<VXAbstractButton2Emitters>
 class VOXI2_EXPORT VXToolButton2 : public VXAbstractButton2
 {
 public:
+    using ToolkitClass = VXToolButton2;
+
     explicit VXToolButton2(VXObject2* parent = nullptr);
     ~VXToolButton2() override;
 

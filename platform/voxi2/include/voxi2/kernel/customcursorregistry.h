@@ -10,14 +10,17 @@ namespace VOXI {
 /// Knows the cursors that an application draws itself.
 ///
 /// A back end installs one; the application registers cursors under names and sets them on widgets
-/// like the standard shapes. GUI thread or any other: registering is carried to the GUI thread.
+/// like the standard shapes. Any thread.
 class VOXI2_EXPORT CustomCursorRegistry
 {
 public:
     virtual ~CustomCursorRegistry();
 
     /// Makes `image` the cursor of that name, in place of an earlier one; `hotSpot` is the pixel
-    /// that points, (-1, -1) the centre. An empty image takes the name out.
+    /// that points, (-1, -1) the centre. Widgets that have the cursor show the new image at once;
+    /// if another thread registers it, with the next turn of the toolkit's. An empty image takes
+    /// the name out: widgets that have the cursor keep it, with its name and the last image, but
+    /// it cannot be set any more.
     virtual void registerCursor(const StringID& name, const Pixmap& image,
                                 const VXPoint<int>& hotSpot) = 0;
 

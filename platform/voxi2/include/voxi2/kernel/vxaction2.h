@@ -71,6 +71,8 @@ struct VXAction2Emitters : TROV::EmittersTable<VXObject2Emitters>
 class VOXI2_EXPORT VXAction2 : public VXObject2
 {
 public:
+    using ToolkitClass = VXAction2;
+
     explicit VXAction2(VXObject2* parent = nullptr);
     ~VXAction2() override;
 

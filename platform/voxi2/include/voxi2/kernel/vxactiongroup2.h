@@ -16,10 +16,13 @@ namespace VOXI {
 class VOXI2_EXPORT VXActionGroup2 : public VXObject2
 {
 public:
+    using ToolkitClass = VXActionGroup2;
+
     explicit VXActionGroup2(VXObject2* parent = nullptr);
     ~VXActionGroup2() override;
 
-    /// Exclusive when it was not set. What is checked already stays so.
+    /// Exclusive when it was not set. What is checked already stays so until the
+    /// next choice, which unchecks all of it.
     void setExclusion(ActionExclusion exclusion);
     ActionExclusion exclusion() const;
 

@@ -29,6 +29,8 @@ struct VXClipboard2Emitters : TROV::EmittersTable<VXObject2Emitters>
 class VOXI2_EXPORT VXClipboard2 final : public VXObject2
 {
 public:
+    using ToolkitClass = VXClipboard2;
+
     ~VXClipboard2() override;
 
     /// Makes the clipboard on the back end of that key; again it does nothing.
@@ -52,7 +54,7 @@ public:
     }
 
 private:
-    VXClipboard2();
+    explicit VXClipboard2(const VXFactory2& factory);
 
     VXClipboard2Emitters m_emitters;
 };

@@ -26,6 +26,8 @@ struct VXDragDelegate2Emitters : TROV::EmittersTable<VXObject2Emitters>
 class VOXI2_EXPORT VXDragDelegate2 : public VXObject2
 {
 public:
+    using ToolkitClass = VXDragDelegate2;
+
     explicit VXDragDelegate2(VXObject2* parent = nullptr);
     ~VXDragDelegate2() override;
 

@@ -58,6 +58,8 @@ struct VXDragManager2Emitters : TROV::EmittersTable<VXObject2Emitters>
 class VOXI2_EXPORT VXDragManager2 final : public VXObject2
 {
 public:
+    using ToolkitClass = VXDragManager2;
+
     ~VXDragManager2() override;
 
     /// Makes the manager on the back end of that key; again it does nothing.
@@ -81,7 +83,7 @@ public:
     }
 
 private:
-    VXDragManager2();
+    explicit VXDragManager2(const VXFactory2& factory);
 
     VXDragManager2Emitters m_emitters;
 };

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "voxi/vxobject.h"
+#include "voxi2/kernel/vxobject2.h"
 
+#include <concepts>
 #include <type_traits>
+#include <utility>
 
 namespace VOXI {
 
@@ -11,6 +13,9 @@ namespace VOXI {
 /// A call through a handle of a dead object is a no-op, a getter gives a default. The object cannot
 /// be destroyed by another thread while a call through its handle begins. Copy it freely, use it
 /// from any thread.
+///
+///     handle->setText("done");                                // the toolkit's classes
+///     handle.with([](Page& page) { page.addRow("done"); });   // any class, several calls
 template <class T>
 class VXHandle
 {
@@ -34,7 +39,32 @@ public:
         T* m_object;
     };
 
-    Access operator->() const { return Access(m_id); }
+    /// For the toolkit's own classes; others are called by `with`.
+    Access operator->() const
+    {
+        static_assert(std::same_as<typename T::ToolkitClass, T>,
+                      "call a class of your own by handle.with([](Mine& mine) { ... })");
+        return Access(m_id);
+    }
+
+    /// Calls `function` with the object as a `T&`, holding the object lock, and returns what it
+    /// returns; if the object is gone nothing is called and the result is a default one. The lock
+    /// is given up while the function waits for another thread (getters, `new`): the object may end
+    /// then. What the function makes is covered by a `VXObject2::BuildScope`.
+    template <class Function>
+    auto with(Function&& function) const
+    {
+        const VXObjectDataLocker lock;
+        const VXObject2::BuildScope scope;
+        using Result = std::decay_t<std::invoke_result_t<Function, T&>>;
+        T* const object = get();
+        if constexpr (std::is_void_v<Result>) {
+            if (object)
+                std::forward<Function>(function)(*object);
+        } else {
+            return object ? Result(std::forward<Function>(function)(*object)) : Result();
+        }
+    }
 
     bool isValid() const { return m_id != 0 && VXObject::isObjectValid(m_id); }
     explicit operator bool() const { return isValid(); }

@@ -5,6 +5,8 @@
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi2/voxi2_export.h"
 
+#include <cstddef>
+#include <new>
 #include <vector>
 
 namespace VOXI {
@@ -24,17 +26,34 @@ struct VXObject2Emitters : TROV::EmittersTable<void>
 /// The base of all abstract toolkit objects.
 ///
 /// Make objects with `new`; a child belongs to its parent and is deleted with it. `delete` and
-/// `destroy()` mean the same and are allowed on any thread and inside any handler. All setters may
-/// be called from any thread: elsewhere than on the toolkit's own thread they are queued, and they
-/// are in effect for the next getter; getters wait for the answer. Without a peer setters do
-/// nothing and getters give defaults.
+/// `destroy()` mean the same and are allowed on any thread and inside any handler. Objects on the
+/// stack, members and what `std::make_shared` makes are ended with their parent, too, but their
+/// memory stays their owner's: they are dead until he destroys them.
+///
+/// All setters may be called from any thread: elsewhere than on the toolkit's own thread they are
+/// queued, and they are in effect for the next getter; getters wait for the answer. Without a peer
+/// setters do nothing and getters give defaults.
+///
+/// **Being made.** An object belongs to the thread that makes it until its constructor is through.
+/// If its parent ends meanwhile, on another thread, it stands alone, as with a parent that was dead
+/// already. For a class of the application that is the constructor of the toolkit's class it
+/// derives from; what it does behind that is covered inside a `BuildScope`, which `VXHandle::with`
+/// opens.
+///
+/// **Classes of the application.** What is made with `new` retires while it is whole: its handlers
+/// are cut before its own destructor runs. C++ offers no such moment for objects on the stack and
+/// for members: the destructor of a class that listens with `this` and is used so calls `retire()`
+/// first. Builds with assertions report on stderr who forgot it. Of several bases list the
+/// toolkit's class first: g++ 12 else warns, wrongly, of a free of something that is not on the
+/// heap.
 class VOXI2_EXPORT VXObject2 : public VXObject
 {
 public:
     ~VXObject2() override;
 
-    /// Deletes the object and its children. Does nothing while that is going on already, which a
-    /// handler of `destroyed()` may not know.
+    /// Deletes the object and its children; an object that was not made with `new` is only ended.
+    /// Does nothing while that is going on already, which a handler of `destroyed()` may not know,
+    /// or while another thread makes the object.
     void destroy();
 
     /// The object that owns this one; null for none.
@@ -42,9 +61,10 @@ public:
 
     /// Moves the object, and its peer, to another owner. With null it stands alone: a widget
     /// becomes a window. A parent that is dead, or a descendant of the object, is ignored.
-    void setParent(VXObject2* parent);
+    virtual void setParent(VXObject2* parent);
 
     /// The objects that this one owns, oldest first; with `recursive` their children follow each.
+    /// What another thread is just making is left out.
     std::vector<VXObject2*> children(bool recursive = false) const;
 
     /// The abstract object of the peer that holds this one's peer, which for laid-out widgets is
@@ -54,9 +74,40 @@ public:
     /// The abstract objects whose peers are held by this one's.
     std::vector<VXObject*> peerChildren(bool recursive = false) const;
 
-    /// Sent with the object's id when it is about to go, while it still can be asked. Reaches
-    /// handlers on the thread that ends the object; on others the connection may end first.
+    /// Sent with the object's id when it is about to go, while it still can be asked. On other
+    /// threads than the one that ends it handlers get only the id, behind all that was sent to them
+    /// before; the object is gone by then.
     TROV::Signal<void(unsigned)> destroyed() const { return m_emitters.destroyed.signal(); }
+
+    /// While one lives, what its thread makes belongs to that thread, until the outermost ends.
+    /// What lost its parent meanwhile is then destroyed. Hold the object lock around it.
+    class VOXI2_EXPORT BuildScope
+    {
+    public:
+        BuildScope();
+        ~BuildScope();
+        BuildScope(const BuildScope&) = delete;
+        BuildScope& operator=(const BuildScope&) = delete;
+
+    private:
+        friend class VXObject2;
+        BuildScope* m_outer;
+        std::vector<unsigned> m_made; ///< ids; only the outermost scope's is filled
+    };
+
+    /// Retires the object while it is whole, then destroys it. While it is ending already it does
+    /// nothing: whoever ends it deletes it.
+    static void operator delete(VXObject2* object, std::destroying_delete_t);
+    static void operator delete(VXObject2* object, std::destroying_delete_t,
+                                std::align_val_t alignment);
+    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size, std::align_val_t alignment);
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    static void* operator new(std::size_t, void* place) noexcept { return place; }
+    static void operator delete(void* memory) noexcept;
+    static void operator delete(void* memory, std::align_val_t alignment) noexcept;
+    static void operator delete(void* memory, const std::nothrow_t&) noexcept;
+    static void operator delete(void*, void*) noexcept {}
 
     /// For back ends.
     VXObject2Emitters* objectEmitters() noexcept { return &m_emitters; }
@@ -77,26 +128,58 @@ protected:
     void createPeer(TROV::Emitter<Signature> VXFactory2::*request, Object* object,
                     Emitters* emitters, const Extra&... extra)
     {
+        const Creation creation(*this);
         if (VXFactory2* factory = factoryForNewObject())
             (factory->*request).emitAndWait(object, emitters, extra...);
     }
 
+    /// Says that the object is whole; `createPeer` does. A class that has no peer calls it last in
+    /// its constructor: otherwise a parent that ends on another thread leaves it alone for good.
+    void finishBuilding();
+
     VXObject2Emitters m_emitters;
 
 private:
+    enum class Life : unsigned char { Alive, Ending, Over };
+
+    /// Marks an object as waiting for its peer.
+    class VOXI2_EXPORT Creation
+    {
+    public:
+        explicit Creation(VXObject2& object);
+        ~Creation();
+        Creation(const Creation&) = delete;
+        Creation& operator=(const Creation&) = delete;
+
+    private:
+        friend class VXObject2;
+        static Creation*& innermost() noexcept;
+
+        VXObject2& m_object;
+        Creation* m_outer;
+    };
+
     VXFactory2* factoryForNewObject() const;
-    void announceEnd() noexcept;
+    bool isBeingMade() const noexcept;
+    bool isOnHeap() const;
+    void retireTree();
+    void beginEnd();
+    void completeEnd();
+    static void* endWhole(VXObject2* object);
     void link(VXObject2* parent);
     void unlink();
     bool isAncestorOf(const VXObject2* object) const;
     void releasePeer();
 
-    // The tree of owners, guarded by the object lock.
+    // Guarded by the object lock; first the tree of owners.
     VXObject2* m_parent = nullptr;
     VXObject2* m_firstChild = nullptr;
     VXObject2* m_previous = nullptr; // of the first child: the last one
     VXObject2* m_next = nullptr;
-    bool m_retired = false;
+    TROV::Thread* m_maker = nullptr; // while it is being made
+    int m_heapOffset = -1; // of this part from the start of what `new` returned; -1: not by `new`
+    Life m_life = Life::Alive;
+    bool m_isOrphan = false; // its parent ended while it was being made
 };
 
 } // namespace VOXI

@@ -37,7 +37,7 @@ public:
     /// Off: nothing is painted until it is on again.
     void setUpdatesEnabled(bool enabled);
 
-    // Geometry
+    // Geometry. Sizes and positions beyond 16 777 215 pixels, margins beyond 32 767 become that.
     /// Takes the size that the content asks for.
     void adjustSize();
     void resize(const Size<int>& size);
@@ -149,6 +149,8 @@ public:
     TROV::Signal<void(const VXDragEvent2&)> dropped() const;
     TROV::Signal<void(const VXWidgetEvent2&)> mouseEntered() const;
     TROV::Signal<void(const VXWidgetEvent2&)> mouseLeft() const;
+    /// Not sent when the program moves the focus here, nor when it goes on here because the program
+    /// hides, disables, takes out or destroys the widget that has it.
     TROV::Signal<void(const VXFocusEvent2&)> focusGained() const;
     TROV::Signal<void(const VXFocusEvent2&)> focusLost() const;
     TROV::Signal<void(const VXWidgetEvent2&)> shown() const;
@@ -163,6 +165,8 @@ public:
     TROV::Signal<void(const VXMouseEvent2&)> mouseMoved() const;
     TROV::Signal<void(const VXMouseEvent2&)> wheelTurned() const;
     TROV::Signal<void(const VXMoveEvent2&)> moved() const;
+    /// The last size is always told: when one was on its way meanwhile, an event follows for it.
+    /// What the program sets withdraws the one on its way.
     TROV::Signal<void(const VXResizeEvent2&)> resized() const;
     TROV::Signal<void(const VXGestureEvent2&)> gestured() const;
     TROV::Signal<void(const VXTouchEvent2&)> touchBegan() const;

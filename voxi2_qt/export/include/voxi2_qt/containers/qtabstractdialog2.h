@@ -24,7 +24,6 @@ namespace VOXI {
 class VOXI2_QT_EXPORT QtAbstractDialog2 : public QtAbstractWindow2
 {
 public:
-    void doSetParent(VXObject* parent) override;
     void doSetVisible(bool visible) override;
     void doSetWindowFlags(unsigned flags) override;
     void scheduleDelete() override;

@@ -14,6 +14,8 @@ namespace VOXI {
 class VOXI2_QT_EXPORT QtAbstractWindow2 : public QtWidget2
 {
 public:
+    void doSetParent(VXObject* parent) override;
+
     // Requests, in the order of the emitters table
     virtual void doSetTitle(const std::string& title);
     virtual void doSetTitleU(const std::wstring& title);
@@ -30,6 +32,11 @@ public:
     virtual bool doClose();
     virtual std::string doSaveWindowGeometry();
     virtual bool doRestoreWindowGeometry(const std::string& geometry);
+    virtual void doShowMinimized();
+    virtual void doShowMaximized();
+    virtual void doShowFullScreen();
+    virtual void doShowNormal();
+    virtual bool doRaiseNativeWindow(unsigned long long nativeWindow);
 
     /// Takes what a window saved as well.
     void doRestoreGeometry(const std::string& geometry) override;
@@ -41,6 +48,7 @@ protected:
     void passStateChange(const QEvent& event);
 
 private:
+    void showInState(VXFlags<WindowState> state);
     template <class Function>
     void changeState(Function&& change);
     void reportState();

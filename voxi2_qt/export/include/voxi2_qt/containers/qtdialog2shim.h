@@ -20,7 +20,7 @@ public:
         if (visible)
             this->prepareToShow();
         const QPointer<QWidget> self(this->asQWidget());
-        Q::setVisible(visible);
+        QtFilteredWidget<Q>::setVisible(visible);
         if (self && !visible)
             this->endWhenHidden();
     }

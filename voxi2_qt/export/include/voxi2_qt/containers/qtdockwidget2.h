@@ -49,6 +49,10 @@ public:
     void doSetParent(VXObject* parent) override;
 
     void scheduleDelete() override;
+    void leave() override;
+
+    /// Takes the pane out of its window's docks, hidden, if it is docked. Its events are reported.
+    void undock();
 
     /// Ends the user's drag, if there is one, as if it had not begun: the window's layout holds on
     /// to what is dragged.

@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QPointer>
 
+#include <map>
+
 QT_BEGIN_NAMESPACE
 class QLineEdit;
 QT_END_NAMESPACE
@@ -49,6 +51,7 @@ public:
     virtual std::wstring doGetDefaultSuffix();
     virtual bool doConfirmsOverwrite();
     virtual std::vector<Path> doGetSelectedFiles();
+    virtual void doSetLabel(FileDialogLabel label, const std::wstring& text);
 
 protected:
     void reportEnd(int result) override;
@@ -57,6 +60,7 @@ protected:
 private:
     QLineEdit* nameEdit() const;
     void applySuffix();
+    void applyLabels();
     bool enterTypedDirectory();
     QStringList chosenFiles() const;
     QString missingFile() const;
@@ -66,6 +70,7 @@ private:
     FileDialogMode m_mode = FileDialogMode::OpenFile;
     std::vector<FileFilter> m_filters; // Qt's own are no longer what was set
     QString m_suffix;
+    std::map<FileDialogLabel, QString> m_labels; // those that the program gave
     QPointer<QMessageBox> m_question;
     bool m_confirmOverwrite = true;
 };

@@ -29,6 +29,7 @@ public:
     virtual bool doIsEnabled();
     virtual VXRect<int> doGetMargins();
     virtual int doGetSpacing();
+    virtual bool doRefuses(VXObject* widget);
 
     /// The Qt layout of a peer; null for null or another kind.
     static QLayout* asQLayout(GuiObject* peer);

@@ -26,6 +26,7 @@ public:
 
     void init() override;
     void scheduleDelete() override;
+    void leave() override;
     void doSetParent(VXObject* parent) override;
     VXObject* doGetParent() override;
     void doShow() override;
@@ -53,13 +54,9 @@ public:
 
     const QString& text() const noexcept { return m_text; }
     const Icon& icon() const noexcept { return m_icon; }
-    VXTab2* abstractTab() const noexcept { return abstractObject<VXTab2>(); }
 
     /// Shows on a tab new in a bar what text and icon do not say.
     void decorate(QTabBar& bar, int index) const;
-
-    /// Takes the page out of its container: it then stands alone, hidden.
-    void leave();
 
 private:
     QtTabContainer2* container() const;

@@ -20,7 +20,8 @@ class VOXI2_QT_EXPORT QtTabContainer2
 public:
     QtTabContainer2(VXTabContainer2* object, VXTabContainer2Emitters* emitters, QWidget* parent);
 
-    void scheduleDelete() override;
+    ~QtTabContainer2() override;
+
     std::vector<VXObject*> doGetChildren(bool recursive) override;
 
     // Requests, in the order of the emitters table
@@ -70,7 +71,6 @@ private:
     class Quiet;
 
     void movePage(int from, int index);
-    QtTab2* pageAt(int index) const;
     VXTab2* tabOf(int index) const;
     void reportTab(const TROV::Event<void(const VXTabEvent2&)>& event, int index);
 

@@ -74,6 +74,10 @@ private:
 
     QStatusBar* knownStatusBar() const;
     QStatusBar* ensuredStatusBar();
+    /// Whether a pane or bar has its place here; also one that floats.
+    bool isDocked(const QWidget& widget) const;
+    /// Takes the bar away, hidden, if it is docked.
+    void undock(QToolBar& bar);
     void endDrags();
     void showStatus(const QString& text, int timeout);
     template <class Function>

@@ -4,6 +4,8 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QAbstractButton;
 QT_END_NAMESPACE
@@ -40,6 +42,10 @@ protected:
 
     /// Connects clicked and toggled with the slots of that name that every kind of button has.
     void connectSignals() override;
+
+    /// Makes a change of the program's: neither the button nor an exclusive one that gives way to
+    /// it is toggled by its user then.
+    void quietly(const std::function<void()>& change);
 
     void reportClick();
     void reportToggle(bool checked);

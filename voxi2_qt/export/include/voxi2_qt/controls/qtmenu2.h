@@ -34,6 +34,11 @@ public:
     ~QtMenu2() override;
 
     void doSetParent(VXObject* parent) override;
+    void doSetMaximumSize(Size<int> size) override;
+    void doSetMinimumSize(Size<int> size) override;
+    void doSetFixedSize(Size<int> size) override;
+    Size<int> doGetMaximumSize() override;
+    Size<int> doGetMinimumSize() override;
 
     // Requests, in the order of the emitters table
     virtual void doClear();
@@ -69,9 +74,11 @@ private:
     void addSubMenu(const QString& title, VXMenu2* menu);
     void removeItems();
 
-    bool isShrunk() const;
     void shrink();
     void restoreSize();
+    template <class Function>
+    void changeLimits(Function&& change);
+    void closeQuietly();
     void popupDigMenu(QtMenu2* parent);
     QPoint placeBeside(const QtMenu2& parent, QSize size) const;
     QPoint keepOnScreen(QPoint position, QSize size, const QRect& screen) const;
@@ -87,6 +94,7 @@ private:
     bool m_isDigMenu = false;
     bool m_digAccessPending = false;
     bool m_isAboutToShow = false; // Qt shows the menu once the handlers have returned
+    bool m_isShrunk = false;      // to one pixel; its limits are the saved ones
     QSize m_savedMaximumSize;
     QSize m_savedMinimumSize;
     QPointer<QtMenu2> m_parentDigMenu;

@@ -5,6 +5,7 @@
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QAction>
+#include <QPointer>
 
 QT_BEGIN_NAMESPACE
 class QActionGroup;
@@ -76,6 +77,10 @@ private:
     void changeToolTip(const QString& text);
     template <class Function>
     void quietly(Function&& change);
+    /// The checked ones besides this, of an exclusive group: more than one when it has just become
+    /// so.
+    using Others = std::vector<QPointer<QtAction2>>;
+    Others checkedOthers(const QActionGroup* group) const;
     void uncheckOthers(const QActionGroup* group);
     void leaveGroup();
 

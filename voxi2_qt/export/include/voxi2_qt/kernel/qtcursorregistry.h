@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trov/thread.h"
 #include "voxi2/kernel/cursor.h"
 #include "voxi2/kernel/customcursorregistry.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -7,6 +8,7 @@
 #include <QCursor>
 
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 
 namespace VOXI {
@@ -15,6 +17,9 @@ namespace VOXI {
 class VOXI2_QT_EXPORT QtCursorRegistry final : public CustomCursorRegistry
 {
 public:
+    /// On the GUI thread.
+    QtCursorRegistry();
+
     void registerCursor(const StringID& name, const Pixmap& image,
                         const VXPoint<int>& hotSpot) override;
     bool hasCursor(const StringID& name) const override;
@@ -28,14 +33,15 @@ public:
 private:
     struct Entry
     {
-        Pixmap m_image;
+        Pixmap m_image; // null: taken out, while widgets have it yet
         VXPoint<int> m_hotSpot;
-        QCursor m_cursor; // made when it is first wanted, on the GUI thread
-        bool m_made = false;
+        std::optional<QCursor> m_cursor; // made when it is first wanted, on the GUI thread
+        bool m_isCurrent = false;        // the cursor is of this image
     };
 
-    static QCursor make(const Entry& entry);
+    void showAnew(const StringID& name);
 
+    TROV::Thread* const m_thread; // the GUI thread
     mutable std::mutex m_mutex;
     std::unordered_map<StringID, Entry> m_entries;
 };

@@ -2,11 +2,8 @@
 
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QMouseEvent>
 #include <QPoint>
-
-QT_BEGIN_NAMESPACE
-class QMouseEvent;
-QT_END_NAMESPACE
 
 namespace VOXI {
 
@@ -17,15 +14,28 @@ class QtWidget2;
 class VOXI2_QT_EXPORT QtDragGesture
 {
 public:
-    /// Remembers the first left-button press.
-    void press(const QMouseEvent& event);
-    /// Reports the drag when the pointer has gone far enough. The handlers may destroy the widget's
-    /// object.
-    void move(QtWidget2& widget, const QMouseEvent& event);
+    /// Remembers the first left-button press; `origin` is where the event's receiver lies in the
+    /// widget.
+    void press(const QMouseEvent& event, QPoint origin)
+    {
+        if (!m_pressed && event.button() == Qt::LeftButton)
+            begin(event, origin);
+    }
+    /// Reports the drag when the pointer has gone far enough. False when the handlers have deleted
+    /// the widget, and this with it.
+    bool move(QtWidget2& widget, const QMouseEvent& event)
+    {
+        return !m_pressed || !isFarEnough(event) || report(widget, event);
+    }
     void release() { m_pressed = false; }
 
 private:
+    void begin(const QMouseEvent& event, QPoint origin);
+    bool isFarEnough(const QMouseEvent& event) const;
+    bool report(QtWidget2& widget, const QMouseEvent& event);
+
     bool m_pressed = false;
+    QPoint m_localPosition;
     QPoint m_globalPosition;
     QPoint m_deliveredPosition;
 };

@@ -3,7 +3,9 @@
 #include "voxi2/kernel/widgetevent.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QEvent>
 #include <QPoint>
+#include <QPointF>
 #include <QSize>
 
 #include <bitset>
@@ -12,7 +14,6 @@
 
 QT_BEGIN_NAMESPACE
 class QAbstractScrollArea;
-class QEvent;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -36,9 +37,8 @@ public:
     QtEventFilter2(const QtEventFilter2&) = delete;
     QtEventFilter2& operator=(const QtEventFilter2&) = delete;
 
-    /// To be asked for every event that goes to the widget or to its viewport. True when it is
-    /// consumed: then the widget must not see it. Handlers that it runs may destroy the widget,
-    /// but not at once.
+    /// To be asked for every event that goes to the widget or to its viewport. True when the widget
+    /// must not see it: it is consumed, or a handler has deleted the widget at once.
     bool filter(QWidget* receiver, QEvent* event);
 
     // Each throws std::out_of_range for a value that is no widget event.
@@ -55,6 +55,15 @@ public:
     void keepPlaceBack();
     void keepSizeBack();
 
+    /// What tells an event that a viewport hands on to its area from any other one.
+    struct HandedOn
+    {
+        QEvent::Type m_type;
+        quint64 m_time;
+        QPointF m_place; // on the screen
+        bool operator==(const HandedOn&) const = default;
+    };
+
 private:
     static std::size_t bit(WidgetEvent event) { return static_cast<std::size_t>(event); }
 
@@ -65,12 +74,15 @@ private:
         std::unique_ptr<EventThrottler> m_throttler;
         std::optional<QPoint> m_placeKeptBack;
         std::optional<QSize> m_sizeKeptBack;
+        std::optional<HandedOn> m_handedOn; // the viewport's last, until its copy comes
     };
 
     Extras& extras();
     bool isKeptBack(WidgetEvent type, const QEvent& event);
-    bool isSeenTwice(const QWidget* receiver, const QEvent& event) const;
-    void pass(WidgetEvent type, QWidget* receiver, QEvent* event);
+    bool isSeenTwice(const QWidget* receiver, const QEvent& event);
+    // Both are false when a handler has deleted the peer.
+    bool pass(WidgetEvent type, QWidget* receiver, QEvent* event);
+    bool passOfArea(WidgetEvent type, QWidget* receiver, QEvent* event);
 
     QtWidget2& m_peer;
     QAbstractScrollArea* m_area;

@@ -5,7 +5,13 @@
 #include "voxi2/kernel/eventthrottler.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QtGlobal>
+
 #include <memory>
+
+QT_BEGIN_NAMESPACE
+class QSize;
+QT_END_NAMESPACE
 
 namespace VOXI {
 
@@ -15,7 +21,8 @@ class VXWidget2;
 ///
 /// A posted event is delivered at the next turn of the event loop; until then later ones of its
 /// kind are dropped. A kind is free again as soon as its event was delivered, whatever its handlers
-/// did, or was dropped undelivered.
+/// did, or was dropped undelivered. If a widget has then another size than the delivered one, its
+/// event follows.
 class VOXI2_QT_EXPORT EventThrottler final : public EventThrottlerBase, public TROV::Listener
 {
 public:
@@ -32,6 +39,9 @@ public:
     void post(const VXDragEvent2& event);
     void post(const VXKeyEvent2& event);
 
+    /// The program has given the widget this size: what is on its way is out of date.
+    void withdraw(const QSize& size);
+
     /// The pending bit of an event; 0 for events that are never throttled.
     static unsigned pendingBit(WidgetEvent event) noexcept;
 
@@ -39,8 +49,13 @@ private:
     template <class E>
     using Emitter = TROV::Emitter3<void, VXWidget2*, WidgetEvent, E>;
 
+    class State;
     template <class E>
-    void postOn(const Emitter<E>& emitter, const E& event);
+    class Posted;
+
+    template <class E>
+    bool postOn(const Emitter<E>& emitter, const E& event);
+    static void postLatest(State& state);
     template <class E>
     void deliver(VXWidget2* widget, WidgetEvent type, const E& event);
 
@@ -50,7 +65,7 @@ private:
     Emitter<VXResizeEvent2> m_resize;
     Emitter<VXDragEvent2> m_drag;
     Emitter<VXKeyEvent2> m_key;
-    std::shared_ptr<unsigned> m_pending; // outlives the throttler while an event is on its way
+    std::shared_ptr<State> m_state; // outlives the throttler while an event is on its way
 };
 
 /// Makes the throttlers above.

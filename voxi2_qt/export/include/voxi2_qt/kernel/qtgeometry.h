@@ -8,11 +8,22 @@
 #include <QRect>
 #include <QSize>
 
+#include <algorithm>
+
 namespace VOXI {
+
+/// The largest extent of a widget, and the farthest coordinate, that Qt reckons with: the sums that
+/// it makes of some stay numbers. What goes to Qt is kept within it.
+inline constexpr int Farthest = (1 << 24) - 1;
+
+inline constexpr int bounded(int value) noexcept
+{
+    return std::clamp(value, -Farthest, Farthest);
+}
 
 inline constexpr QPoint VX2Qt(const VXPoint<int>& point) noexcept
 {
-    return {point.x, point.y};
+    return {bounded(point.x), bounded(point.y)};
 }
 
 inline constexpr VXPoint<int> Qt2VX(const QPoint& point) noexcept
@@ -32,7 +43,7 @@ inline constexpr VXPoint<double> Qt2VX(const QPointF& point) noexcept
 
 inline constexpr QSize VX2Qt(const Size<int>& size) noexcept
 {
-    return {size.width, size.height};
+    return {bounded(size.width), bounded(size.height)};
 }
 
 inline constexpr Size<int> Qt2VX(const QSize& size) noexcept
@@ -43,7 +54,7 @@ inline constexpr Size<int> Qt2VX(const QSize& size) noexcept
 /// A rectangle: x, y, width and height.
 inline constexpr QRect VX2Qt(const VXRect<int>& rect) noexcept
 {
-    return {rect.x, rect.y, rect.width, rect.height};
+    return {bounded(rect.x), bounded(rect.y), bounded(rect.width), bounded(rect.height)};
 }
 
 /// The rectangle, as x, y, width and height.
@@ -52,11 +63,13 @@ inline constexpr VXRect<int> Qt2VX(const QRect& rect) noexcept
     return {rect.x(), rect.y(), rect.width(), rect.height()};
 }
 
-/// Four numbers that stand for margins, in the order left, top, right, bottom.
+/// Four numbers that stand for margins, in the order left, top, right, bottom. Qt keeps those of
+/// widgets in 16 bits.
 inline constexpr QMargins toQMargins(const VXRect<int>& margins) noexcept
 {
-    return {margins.marginLeft(), margins.marginTop(), margins.marginRight(),
-            margins.marginBottom()};
+    constexpr auto bound = [](int margin) { return std::clamp(margin, -0x7fff, 0x7fff); };
+    return {bound(margins.marginLeft()), bound(margins.marginTop()), bound(margins.marginRight()),
+            bound(margins.marginBottom())};
 }
 
 /// Margins as four numbers, in the order left, top, right, bottom.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2_qt/kernel/qthandlerframe.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QObject>
@@ -14,43 +15,39 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
-/// Keeps focus-in reports of windows back whose focus the program is just changing.
+/// Keeps focus-in reports back when it is the program that moves the focus.
 ///
-/// A request to show, raise, activate or focus may take effect long after it returned: the window
-/// manager decides when a window becomes active. A registered window's focus reports are kept back
-/// until the change has settled: the window has become active and the events of that turn are
-/// through, or nothing came of it for a while. Focus that the user moves (mouse, tab, shortcut) is
-/// reported in any case, except while the request itself runs. GUI thread only.
+/// What Qt does during a request (while a `QtProgramScope` lives) is never reported. A request to
+/// show, raise, activate or focus may also take effect long after it returned: the window manager
+/// decides when a window becomes active. A registered window's focus reports are kept back until
+/// the change has settled: the events of this turn are through or, if it came up or asked to become
+/// active, it has become so or nothing came of it for a while. Focus that the user moves (mouse,
+/// tab, shortcut) is reported meanwhile. GUI thread only.
 class VOXI2_QT_EXPORT QtGlobalFocusBlocker : public QObject
 {
 public:
     static QtGlobalFocusBlocker& instance();
 
-    /// Registers the window, unless it is null or does not want it (a `QtWindow2` can say so); of a
-    /// registered one the time begins anew. It is released by itself.
+    /// Registers the window, unless it is null, is registered already, or does not want it (a
+    /// `QtWindow2` can say so). It is released by itself, at the end of this turn unless it is
+    /// shown before.
     void registerWindow(QWidget* window);
+
+    /// Of a registered window that is not active: it is about to be made so.
+    void awaitActivation(QWidget* window);
 
     bool isRegistered(const QWidget* window) const;
 
-    /// While one lives a request runs: whatever the reason is that Qt gives, the program moves the
-    /// focus. Out of what is hidden Qt takes it as the tab key does.
-    class Request
-    {
-    public:
-        Request() { ++instance().m_requests; }
-        ~Request() { --instance().m_requests; }
-        Request(const Request&) = delete;
-        Request& operator=(const Request&) = delete;
-    };
-
     /// While one lives nothing is kept back: what happens now counts as the user's doing.
-    class Suspension
+    class Suspension : public QtProgramScope
     {
     public:
         Suspension() { ++instance().m_suspensions; }
-        ~Suspension() { --instance().m_suspensions; }
-        Suspension(const Suspension&) = delete;
-        Suspension& operator=(const Suspension&) = delete;
+        ~Suspension() override { --instance().m_suspensions; }
+
+    private:
+        void lift() override { --instance().m_suspensions; }
+        void resume() override { ++instance().m_suspensions; }
     };
 
     /// Whether the report of this event on that widget is to be kept back.
@@ -65,6 +62,7 @@ private:
     {
         QPointer<QWidget> m_window;
         int m_timer = 0;
+        bool m_isAwaited = false;  // it is, or was, to become active
         bool m_isLastTurn = false; // released when the timer runs out; else it has one turn more
     };
 
@@ -74,7 +72,6 @@ private:
 
     std::unordered_map<const QObject*, Entry> m_windows;
     int m_suspensions = 0;
-    int m_requests = 0;
 };
 
 } // namespace VOXI

@@ -13,6 +13,10 @@ namespace VOXI {
 /// Icons in recent use share their pictures, so converting one again is cheap.
 VOXI2_QT_EXPORT QIcon VX2Qt(const Icon& icon);
 
+/// A size to show icons with, within `Icon::MaxShownSide`. A negative one stays what Qt takes for
+/// the style's own.
+VOXI2_QT_EXPORT QSize toQIconSize(const Size<int>& size) noexcept;
+
 VOXI2_QT_EXPORT QIcon::Mode VX2Qt(Icon::IconMode mode) noexcept;
 VOXI2_QT_EXPORT QIcon::State VX2Qt(Icon::IconState state) noexcept;
 

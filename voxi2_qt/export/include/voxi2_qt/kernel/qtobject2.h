@@ -4,9 +4,10 @@
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
 #include "voxi2/kernel/vxobject2.h"
+#include "voxi2_qt/kernel/qthandlerframe.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
-#include <QtGlobal>
+#include <QEvent>
 
 #include <utility>
 #include <vector>
@@ -70,6 +71,10 @@ public:
     /// The same as a widget; null for peers that are none.
     virtual QWidget* asQWidget() const noexcept;
 
+    /// Takes the Qt object out of whatever holds it: it then stands alone, a widget hidden until it
+    /// is shown or put elsewhere. No echoes.
+    virtual void leave();
+
 protected:
     QtObject2(VXObject2* object, VXObject2Emitters* emitters);
 
@@ -89,8 +94,10 @@ protected:
         if (isDeletionScheduled() || !mayBeHeard())
             return;
         VXObjectDataLocker lock;
-        if (!isDeletionScheduled() && isVXObjectValid() && event.isHeard())
-            event(E(std::forward<Arguments>(arguments)...));
+        if (isDeletionScheduled() || !isVXObjectValid() || !event.isHeard())
+            return;
+        const QtHandlerFrame frame(*this);
+        event(E(std::forward<Arguments>(arguments)...));
     }
 
     /// The abstract object as what it was made as; only to be passed on while it is valid.
@@ -105,18 +112,25 @@ protected:
     /// each connection costs them as much as a layout item.
     virtual void connectSignals() {}
 
-    /// What the destructor of every class that joins a peer base and a Qt class begins with.
+    /// What the destructor of every class that joins a peer base and a Qt class begins with; and of
+    /// a derived one that has members which the going of what is inside may still touch.
     void endPeer();
 
     /// How the Qt object is deleted later: together with its parent where that goes too.
     void deferDelete() override;
 
+    /// Whether the Qt object's parent is to be deleted, and this one with it.
+    bool goesWithParent() const;
+
 private:
+    friend class QtTreeEnd;
+
     void addObject();
     void removeObject();
 
-    bool m_isRegistered = false; // the first three in the room that the base leaves
+    bool m_isRegistered = false; // the first four in the room that the base leaves
     bool m_isConnected = false;
+    bool m_isPrepared = false; // for the end: whoever is inside and stays has been let go
     unsigned m_uid;
     VXObject2* m_object;
     TROV::RequestBinding m_requests;
@@ -193,6 +207,11 @@ public:
     }
 
 protected:
+    bool event(QEvent* event) override
+    {
+        return QtDeletionHold::postpones(*this, *event) || Q::event(event);
+    }
+
     /// `arguments` go to the Qt class.
     template <class Object, class Emitters, class... Arguments>
     QtObject2Shim(Object* object, Emitters* emitters, Arguments&&... arguments)

@@ -35,6 +35,7 @@ public:
 
     void doSetParent(VXObject* parent) override;
     void scheduleDelete() override;
+    void leave() override;
 
     // Requests, in the order of the emitters table
     virtual void doShow();
@@ -131,6 +132,9 @@ public:
     void enableGestureEvents();
     void disableGestureEvents();
 
+    /// Who gets the pointer's events, drags among them: of a scroll area its viewport.
+    QWidget* pointerWidget() const;
+
     bool isWidgetHighlighted() const noexcept { return m_highlighted; }
     /// Paints the highlight over what the widget has painted; inside a paint event only.
     void paintHighlight();
@@ -138,10 +142,12 @@ public:
     /// Whether the global focus blocker may keep back focus reports of this window.
     virtual bool supportsGlobalFocusBlocker() const { return true; }
 
-    /// The action that stands for the widget in a tool bar or menu; null when there is none. Hiding
-    /// the widget by request hides the action as well.
+    /// The action that stands for the widget in a tool bar or menu; null when there is none.
+    /// Showing and hiding the widget by request does so with the action as well.
     void addWidgetAction(QAction* action);
     QAction* getWidgetAction() const;
+    /// Takes the widget out of the tool bar that shows it, if one does; see `QtBarItem`.
+    void leaveBar();
 
     /// The emitters of the abstract widget; only while it is valid.
     VXWidget2Emitters* widgetEmitters() const noexcept { return m_emitters; }
@@ -177,8 +183,10 @@ private:
     template <class Function>
     void passToDelegate(Function&& function);
     void keepDelayedBack(WidgetEvent event);
+    /// False when there is no widget action, and nothing has been done.
+    bool changeWithAction(bool visible);
     QAbstractScrollArea* scrollArea() const noexcept;
-    /// Who gets the pointer's events, a scroll area through its viewport; `position` becomes its.
+    /// The same, and `position` becomes its.
     QWidget* pointerTarget(QPoint& position) const;
 
     static std::map<QtWidget2*, QAction*> m_ActionMap;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2_qt/kernel/qtclosingpopup.h"
 #include "voxi2_qt/kernel/qtdraggesture.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
@@ -19,6 +20,14 @@ namespace VOXI {
 template <class Q, bool IsScrollArea = std::is_base_of_v<QAbstractScrollArea, Q>>
 class QtFilteredWidget : public Q
 {
+public:
+    void setVisible(bool visible) override
+    {
+        if (visible)
+            QtClosingPopup::makeWayFor(*this);
+        Q::setVisible(visible);
+    }
+
 protected:
     using Q::Q;
 
@@ -27,8 +36,26 @@ protected:
 
     bool event(QEvent* event) override
     {
-        if (event->type() == QEvent::ParentChange)
+        switch (event->type()) {
+        case QEvent::ParentAboutToChange:
+            QtDeletionHold::leaves(*this);
+            break;
+        case QEvent::ParentChange:
             dropFormerWindow();
+            break;
+        case QEvent::Close:
+            if (this->windowType() == Qt::Popup) {
+                const QtClosingPopup closing(this);
+                return showToPeer(this, event) || Q::event(event);
+            }
+            break;
+        case QEvent::DeferredDelete: {
+            const QtProgramScope scope; // the focus may go on
+            return QtDeletionHold::postpones(*this) || Q::event(event);
+        }
+        default:
+            break;
+        }
         return showToPeer(this, event) || Q::event(event);
     }
 
@@ -82,27 +109,25 @@ protected:
 
     bool showToPeer(QWidget* receiver, QEvent* event) override
     {
+        // Not where it is handled: a consumed one does not get there.
+        if (event->type() == QEvent::MouseButtonRelease)
+            m_dragGesture.release();
         return this->filterEvent(receiver, event);
     }
 
     void mousePressEvent(QMouseEvent* event) override
     {
-        m_dragGesture.press(*event);
+        QPoint origin;
+        if constexpr (std::is_base_of_v<QAbstractScrollArea, Q>)
+            origin = this->viewport()->pos(); // whose event it is
+        m_dragGesture.press(*event, origin);
         Q::mousePressEvent(event);
     }
 
     void mouseMoveEvent(QMouseEvent* event) override
     {
-        const QPointer<QWidget> self(asQWidget());
-        m_dragGesture.move(*this, *event);
-        if (self)
+        if (m_dragGesture.move(*this, *event))
             Q::mouseMoveEvent(event);
-    }
-
-    void mouseReleaseEvent(QMouseEvent* event) override
-    {
-        m_dragGesture.release();
-        Q::mouseReleaseEvent(event);
     }
 
     void paintEvent(QPaintEvent* event) override
