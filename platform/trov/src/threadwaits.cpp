@@ -23,32 +23,46 @@ constexpr int AnswerSpins = 400;
 // Asking and waiting ------------------------------------------------------------------------------
 
 /// While a thread waits for another one nobody can wait for room in its queue, which nobody
-/// empties: each circle of such waits has a member who waits and is let go. And it answers, though
-/// its loop has ended.
+/// empties: each circle of such waits has a member who waits and is let go.
 class Thread::WaitScope
 {
 public:
-    explicit WaitScope(Thread& thread) : m_thread(thread), m_wasSuspended(!thread.m_answers)
+    explicit WaitScope(Thread& thread) : m_thread(thread)
     {
         m_thread.m_waits.fetch_add(1);
         if (m_thread.m_hasCrowd.load())
             m_thread.letSendersGo();
-        if (m_wasSuspended)
-            m_thread.resumeAnswers();
     }
-    ~WaitScope()
-    {
-        m_thread.m_waits.fetch_sub(1);
-        if (m_wasSuspended)
-            m_thread.suspendAnswers();
-    }
+    ~WaitScope() { m_thread.m_waits.fetch_sub(1); }
     WaitScope(const WaitScope&) = delete;
     WaitScope& operator=(const WaitScope&) = delete;
 
 private:
     Thread& m_thread;
-    const bool m_wasSuspended;
     WaitRelease m_released;
+};
+
+/// A thread whose loop has ended answers while it waits. To be opened before anybody can know that
+/// it will wait: whom it asks may ask back at once.
+class Thread::AnswerScope
+{
+public:
+    explicit AnswerScope(Thread& thread) : m_thread(thread), m_wasSuspended(!thread.m_answers)
+    {
+        if (m_wasSuspended)
+            m_thread.resumeAnswers();
+    }
+    ~AnswerScope()
+    {
+        if (m_wasSuspended)
+            m_thread.suspendAnswers();
+    }
+    AnswerScope(const AnswerScope&) = delete;
+    AnswerScope& operator=(const AnswerScope&) = delete;
+
+private:
+    Thread& m_thread;
+    const bool m_wasSuspended;
 };
 
 bool Thread::ask(Waiter& waiter)
@@ -59,6 +73,7 @@ bool Thread::ask(Waiter& waiter)
         return true;
     }
     waiter.m_waiting = self;
+    const AnswerScope answers(*self);
     bool wake = false;
     {
         std::lock_guard lock(m_queueLock);
@@ -290,6 +305,7 @@ void Thread::waitUntilDrained()
         return;
     Waiter waiter;
     waiter.m_waiting = self;
+    const AnswerScope answers(*self);
     {
         std::lock_guard lock(m_queueLock);
         // Announced first, then looked whether there is a reason; whoever ends the reason does it

@@ -202,6 +202,7 @@ private:
     friend struct ThreadAttachment;
     friend class EventErrors;
     class WaitScope;
+    class AnswerScope;
 
     struct NoResult
     {};
