@@ -1,6 +1,7 @@
 #include "voxi_util/recursivelock.h"
 #include "voxi_util/spinlock.h"
 
+#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <mutex>
@@ -38,6 +39,32 @@ TEST(RecursiveLock, guardsWhatManyThreadsChange)
     });
     EXPECT_EQ(counter, 20000);
     EXPECT_EQ(lock.releaseAll(), 0u);
+}
+
+TEST(RecursiveLock, letsNobodyStarve)
+{
+    RecursiveLock lock;
+    std::atomic<bool> done{false};
+    std::atomic<int> rounds{0};
+    std::thread greedy([&] {
+        while (!done) {
+            const std::lock_guard hold(lock);
+            for (int work = 0; work < 2'000'000; ++work)
+                static_cast<void>(done.load());
+            ++rounds;
+        }
+    });
+    int waited = 0;
+    for (int turn = 0; turn < 20; ++turn) {
+        const int before = rounds;
+        while (rounds == before) // it is at work
+            std::this_thread::yield();
+        const std::lock_guard hold(lock);
+        waited += rounds - before;
+    }
+    done = true;
+    greedy.join();
+    EXPECT_LT(waited, 20 * 60);
 }
 
 TEST(RecursiveLock, handsItsHoldsBackByNumber)

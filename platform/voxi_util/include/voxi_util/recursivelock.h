@@ -1,5 +1,7 @@
 #pragma once
 
+#include "voxi_util/voxi_util_export.h"
+
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
@@ -9,9 +11,10 @@ namespace VOXI {
 
 /// A recursive mutex that knows its owner and can give up a whole hold at once.
 ///
-/// Taking it again on the owning thread costs a comparison. `releaseAll` and `reacquire` let a
-/// thread that must wait for another one step aside without unwinding its call stack; nothing that
-/// the lock guards may be relied on across such a pair.
+/// Taking it again on the owning thread costs a comparison. Who waits for long is served before
+/// those who come later. `releaseAll` and `reacquire` let a thread that must wait for another one
+/// step aside without unwinding its call stack; nothing that the lock guards may be relied on
+/// across such a pair.
 class RecursiveLock
 {
 public:
@@ -107,33 +110,30 @@ private:
     void acquire(pthread_t self, unsigned depth) noexcept
     {
         int expected = Free;
-        if (!m_state.compare_exchange_strong(expected, Held, std::memory_order_acquire))
+        if (m_hungry.load(std::memory_order_relaxed) != 0
+            || !m_state.compare_exchange_strong(expected, Held, std::memory_order_acquire))
             acquireContended();
         m_owner.store(self, std::memory_order_relaxed);
         m_depth = depth;
     }
 
-    void acquireContended() noexcept
-    {
-        for (int spins = 0; spins < 100; ++spins) {
-            int expected = Free;
-            if (m_state.load(std::memory_order_relaxed) == Free
-                && m_state.compare_exchange_weak(expected, Held, std::memory_order_acquire))
-                return;
-        }
-        while (m_state.exchange(Contended, std::memory_order_acquire) != Free)
-            m_state.wait(Contended, std::memory_order_relaxed);
-    }
+    VOXI_UTIL_EXPORT void acquireContended() noexcept;
 
     void release() noexcept
     {
         m_owner.store(pthread_t{}, std::memory_order_relaxed);
-        if (m_state.exchange(Free, std::memory_order_release) == Contended)
+        if (m_state.exchange(Free) != Contended)
+            return;
+        // Whoever has not waited for long steps aside, and may be the one that wakes up.
+        if (m_hungry.load() != 0)
+            m_state.notify_all();
+        else
             m_state.notify_one();
     }
 
     std::atomic<pthread_t> m_owner{};
     std::atomic<int> m_state{Free};
+    std::atomic<int> m_hungry{0}; // how many have waited for long
     unsigned m_depth = 0;
     void (*m_recall)() noexcept = nullptr;
 };
