@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace VOXI {
 
@@ -88,11 +89,7 @@ QtMenu2::~QtMenu2()
 void QtMenu2::doSetParent(VXObject* parent)
 {
     // Without its window flags it would become a part of the parent's surface.
-    if (!parent) {
-        setParent(nullptr, windowFlags());
-        return;
-    }
-    withWidgetOf(parent, [this](QWidget* widget) { setParent(widget, windowFlags()); });
+    changeParent(parent, windowFlags());
 }
 
 template <class Function>
@@ -279,6 +276,69 @@ void QtMenu2::removeItems()
     QMenu::clear();
 }
 
+// Showing -----------------------------------------------------------------------------------------
+
+/// While Qt shows a menu on behalf of the one that it is an entry of. Handlers run meanwhile, and
+/// Qt takes it for granted that the outer menu still follows the inner one.
+class QtMenu2::Coming
+{
+public:
+    explicit Coming(QtMenu2& menu)
+        : m_menu(menu.m_isComing ? nullptr : &menu),
+          m_outer(m_menu ? outerOf(menu) : nullptr)
+    {
+        menu.m_isComing = true;
+    }
+    ~Coming()
+    {
+        if (m_menu)
+            m_menu->m_isComing = false;
+        if (m_outer && m_outer->m_isHideOpen)
+            QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
+    }
+    Coming(const Coming&) = delete;
+    Coming& operator=(const Coming&) = delete;
+
+private:
+    static QtMenu2* outerOf(const QtMenu2& menu)
+    {
+        for (QObject* const holder : menu.menuAction()->associatedObjects()) {
+            auto* const outer = qobject_cast<QtMenu2*>(holder);
+            if (outer && outer->isVisible() && outer->activeAction() == menu.menuAction())
+                return outer;
+        }
+        return nullptr;
+    }
+
+    const QPointer<QtMenu2> m_menu;
+    const QPointer<QtMenu2> m_outer;
+};
+
+void QtMenu2::setVisible(bool visible)
+{
+    std::optional<Coming> coming;
+    if (visible)
+        coming.emplace(*this);
+    QtWidget2Shim::setVisible(visible);
+}
+
+void QtMenu2::hideEvent(QHideEvent* event)
+{
+    const QAction* const active = activeAction();
+    const auto* const inner = qobject_cast<QtMenu2*>(active ? active->menu() : nullptr);
+    m_isHideOpen = inner && inner->m_isComing;
+    if (!m_isHideOpen)
+        QtWidget2Shim::hideEvent(event);
+}
+
+void QtMenu2::completeHide()
+{
+    if (!m_isHideOpen || isVisible())
+        return;
+    QHideEvent event;
+    hideEvent(&event);
+}
+
 // The dig menu ------------------------------------------------------------------------------------
 
 void QtMenu2::slotAboutToShow()
@@ -295,6 +355,7 @@ void QtMenu2::slotAboutToShow()
     // Before the handlers run: they may answer at once.
     m_digAccessPending = true;
     m_isAboutToShow = true;
+    const Coming coming(*this);
     const auto done = qScopeGuard([self = QPointer(this)] {
         if (self)
             self->m_isAboutToShow = false;

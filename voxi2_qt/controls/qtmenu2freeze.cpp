@@ -85,14 +85,26 @@ void QtMenu2::onUnfreezeTimer()
     }
 }
 
+// While a menu is hidden Qt does not follow its entries, and would take one that has gone for the
+// one under the pointer.
+
 void QtMenu2::mousePressEvent(QMouseEvent* event)
 {
     releaseFreeze();
-    QtWidget2Shim::mousePressEvent(event);
+    if (isVisible())
+        QtWidget2Shim::mousePressEvent(event);
+}
+
+void QtMenu2::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (isVisible())
+        QtWidget2Shim::mouseReleaseEvent(event);
 }
 
 void QtMenu2::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!isVisible())
+        return;
     // Moves from a menu into its sub-menu send the menu no leave event.
     if (m_parentDigMenu && !m_parentDigMenu->geometry().contains(event->globalPosition().toPoint()))
         m_parentDigMenu->releaseFreeze();

@@ -1,4 +1,5 @@
 #include "menusupport.h"
+#include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2_qt/controls/qtmenubar2.h"
@@ -49,6 +50,59 @@ TEST_F(Menus, show_what_they_are_given_in_its_order)
     menu.addMenu("none", nullptr);
     EXPECT_EQ(menu.count(), 2);
     EXPECT_EQ(own->parent(), &menu);
+}
+
+TEST_F(Menus, survive_clicks_and_parents_that_a_user_could_not_give)
+{
+    VXMenu2 menu;
+    VXAction2* const entry = menu.addAction("entry");
+    menu.addAction("other");
+    menu.popup(0, 0);
+    menu.hide();
+    const QRect place = qt(menu)->actionGeometry(qt(*entry));
+    // Of a hidden menu Qt keeps the places of entries that have gone.
+    menu.destroyItems();
+    runDeletions();
+    for (const WidgetEvent type :
+         {WidgetEvent::MousePress, WidgetEvent::MouseMove, WidgetEvent::MouseRelease})
+        menu.imitateMouse(type, {&menu,
+                                 type,
+                                 {place.center().x(), place.center().y()},
+                                 {},
+                                 MouseButton::Left,
+                                 MouseButton::Left,
+                                 {}});
+    EXPECT_EQ(qt(menu)->activeAction(), nullptr);
+
+    VXPanel2 panel;
+    (new VXBoxLayout2(&menu))->addWidget(&panel);
+    ASSERT_EQ(qt(panel)->parentWidget(), qt(menu));
+    menu.setParent(&panel); // which lies in it
+    EXPECT_EQ(qt(menu)->parentWidget(), nullptr);
+    menu.setParent(nullptr);
+}
+
+TEST_F(Menus, may_be_hidden_while_they_open_another)
+{
+    for (const bool early : {true, false}) {
+        VXMenu2 menu;
+        VXMenu2 inner;
+        inner.addAction("entry");
+        menu.addMenu("inner", &inner);
+        menu.popup(0, 0);
+        TROV::Listener listener;
+        const auto hide = [&] { menu.hide(); };
+        if (early)
+            inner.aboutToShow().connect(&listener, hide);
+        else
+            inner.shown().connect(&listener, hide);
+        qt(menu)->setActiveAction(qt(inner)->menuAction()); // opens it at once
+        EXPECT_FALSE(qt(menu)->isVisible());
+        EXPECT_TRUE(waitFor([&] { return !qt(inner)->isVisible(); }));
+        menu.popup(0, 0);
+        EXPECT_TRUE(qt(menu)->isVisible());
+        menu.hide();
+    }
 }
 
 TEST_F(Menus, keep_their_own_actions_alive_when_cleared_until_they_are_destroyed)

@@ -59,9 +59,12 @@ public:
     virtual int doCount();
 
     QSize sizeHint() const override;
+    void setVisible(bool visible) override;
 
 protected:
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
@@ -74,6 +77,8 @@ private:
     void addSubMenu(const QString& title, VXMenu2* menu);
     void removeItems();
 
+    class Coming;
+    void completeHide();
     void shrink();
     void restoreSize();
     template <class Function>
@@ -94,6 +99,8 @@ private:
     bool m_isDigMenu = false;
     bool m_digAccessPending = false;
     bool m_isAboutToShow = false; // Qt shows the menu once the handlers have returned
+    bool m_isComing = false;      // Qt is showing the menu
+    bool m_isHideOpen = false;    // hidden, but Qt does not know yet
     bool m_isShrunk = false;      // to one pixel; its limits are the saved ones
     QSize m_savedMaximumSize;
     QSize m_savedMinimumSize;
