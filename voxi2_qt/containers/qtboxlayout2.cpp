@@ -42,6 +42,7 @@ void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alig
             return;
         removeWidget(child); // first, or a position would count it that Qt then has no more
         QBoxLayout::insertWidget(placeFor(index), child, stretch, VX2Qt(alignment));
+        forgetStray(child);
         invalidate();
     });
 }

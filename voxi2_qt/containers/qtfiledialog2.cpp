@@ -381,7 +381,14 @@ void QtFileDialog2::deferDelete()
         return;
     }
     hide();
+    m_isWaiting = true;
     setParent(nullptr); // which may be going now
+}
+
+void QtFileDialog2::endAlone()
+{
+    if (!m_isWaiting)
+        QtDialog2Shim::endAlone();
 }
 
 } // namespace VOXI

@@ -61,6 +61,7 @@ void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignmen
             return;
         QGridLayout::addWidget(child, cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan(),
                                VX2Qt(alignment));
+        forgetStray(child);
         invalidate();
     });
 }

@@ -140,6 +140,13 @@ bool QtLayout2::prepareFor(QWidget* child)
     return true;
 }
 
+void QtLayout2::forgetStray(QWidget* child)
+{
+    const QWidget* const target = layout()->parentWidget();
+    if (child && target && child->parentWidget() != target)
+        layout()->removeWidget(child);
+}
+
 void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
 {
     withWidgetOf(widget, [&](QWidget* child) {
@@ -149,6 +156,7 @@ void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
         // Asking the layout for the widget's item would look through all those before it.
         if (QLayoutItem* item = layout()->itemAt(layout()->count() - 1))
             item->setAlignment(VX2Qt(alignment));
+        forgetStray(child);
         layout()->invalidate();
     });
 }

@@ -4,6 +4,8 @@
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QChildEvent>
+
 namespace VOXI {
 
 namespace {
@@ -55,7 +57,12 @@ void QtSplitter2::doInsertWidget(VXWidget2* widget, int index, int stretch)
         if (!child || isWithin(child, this))
             return;
         takeOutFor(this, child);
-        insertWidget(index, child); // appends where there is no such position
+        insertWidget(index, child);          // appends where there is no such position
+        if (child->parentWidget() != this) { // a handler has moved it on
+            QChildEvent removed(QEvent::ChildRemoved, child);
+            childEvent(&removed);
+            return;
+        }
         setStretchFactor(indexOf(child), stretch);
     });
 }

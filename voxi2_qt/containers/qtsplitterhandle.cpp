@@ -1,5 +1,7 @@
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 
+#include "voxi2_qt/kernel/qthandlerframe.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -14,6 +16,24 @@ constexpr int MaxDiameter = 4;
 constexpr int Inset = 1; // from the handle's edges
 
 } // namespace
+
+void QtSplitterHandle::operator delete(QtSplitterHandle* handle, std::destroying_delete_t)
+{
+    if (QtDeletionHold::postpones(*handle)) {
+        handle->setParent(nullptr);
+        return;
+    }
+    handle->~QtSplitterHandle();
+    ::operator delete(handle);
+}
+
+bool QtSplitterHandle::event(QEvent* event)
+{
+    // One that waits for its end may be dragged on, but its splitter knows it no more.
+    if (!parent())
+        return QObject::event(event) || event->isInputEvent();
+    return QSplitterHandle::event(event);
+}
 
 void QtSplitterHandle::paintEvent(QPaintEvent*)
 {

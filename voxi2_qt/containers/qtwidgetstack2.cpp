@@ -40,6 +40,8 @@ void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
         takeOut(child);
         const QtEventBlocker shown(child, {WidgetEvent::Show}); // the first of all
         insertWidget(index, child);
+        if (child->parentWidget() != this) // a handler has moved it on
+            removeWidget(child);
     });
 }
 

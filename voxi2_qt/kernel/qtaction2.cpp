@@ -1,6 +1,5 @@
 #include "voxi2_qt/kernel/qtaction2.h"
 
-#include "qtnearestpeer.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -12,7 +11,6 @@
 #include <QShortcutEvent>
 #include <QWidget>
 
-#include <list>
 #include <map>
 
 namespace VOXI {
@@ -80,17 +78,6 @@ std::map<unsigned, QActionGroup*>& groups()
 {
     static auto* instance = new std::map<unsigned, QActionGroup*>;
     return *instance;
-}
-
-/// A menu or a button, of which Qt goes on with code that triggered the action.
-std::list<QtDeletionHold> holdWhatShows(const QtAction2& action)
-{
-    std::list<QtDeletionHold> holds;
-    if (!action.mayBeHeard())
-        return holds;
-    for (const QObject* object : action.associatedObjects())
-        holds.emplace_back(nearestPeer(object));
-    return holds;
 }
 
 } // namespace
@@ -346,13 +333,11 @@ bool QtAction2::doIsAutoRepeat()
 
 void QtAction2::slotActionTriggered()
 {
-    const auto holds = holdWhatShows(*this);
     report(m_emitters->triggered, abstractObject<VXAction2>());
 }
 
 void QtAction2::slotActionToggled(bool checked)
 {
-    const auto holds = holdWhatShows(*this);
     // Qt knows of one former choice, and a group that has become exclusive may have several.
     const QPointer<QtAction2> self(this);
     for (const QPointer<QtAction2>& former : checked ? checkedOthers(actionGroup()) : Others()) {

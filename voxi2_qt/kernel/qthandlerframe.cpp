@@ -1,7 +1,8 @@
 #include "voxi2_qt/kernel/qthandlerframe.h"
 
-#include "qtnearestpeer.h"
+#include "voxi2_qt/kernel/qtobject2.h"
 
+#include <QAction>
 #include <QPointer>
 #include <QWidget>
 
@@ -13,32 +14,39 @@ namespace VOXI {
 
 namespace {
 
-/// The window in which the object lies, by its parents; null for none.
-const QWidget* windowOf(const QObject* object) noexcept
+/// What waits for its deletion.
+struct Kept
 {
-    while (object && !object->isWidgetType())
-        object = object->parent();
-    return object ? static_cast<const QWidget*>(object)->window() : nullptr;
-}
+    QPointer<QObject> m_object;
+    unsigned m_age;
+};
 
-/// The objects whose deletion waits.
-std::vector<QPointer<QObject>>& keptObjects()
+std::vector<Kept>& keptObjects()
 {
-    static auto* objects = new std::vector<QPointer<QObject>>;
+    static auto* objects = new std::vector<Kept>;
     return *objects;
 }
 
-/// What has left a window in which a handler runs, and those windows: it may have been the
-/// handler's own widget. Until no handler runs any more.
-std::vector<QPointer<QObject>>& leftObjects()
-{
-    static auto* objects = new std::vector<QPointer<QObject>>;
-    return *objects;
-}
+unsigned s_youngestKept = 0;
 
-bool contains(const std::vector<QPointer<QObject>>& objects, const QObject* object)
+/// The least id of the peers that the object is or holds; 0 for what is no peer and has no age.
+unsigned ageOf(const QObject& object)
 {
-    return object && std::find(objects.begin(), objects.end(), object) != objects.end();
+    const QtObject2* const itself = peerOf(&object);
+    unsigned age = itself ? itself->getUID() : 0;
+    // Not by recursion: widgets may be nested as deep as the application likes.
+    std::vector<const QObject*> open{&object};
+    while (!open.empty() && age != 0) {
+        const QObject* const each = open.back();
+        open.pop_back();
+        for (const QObject* const child : each->children()) {
+            const QtObject2* const peer = peerOf(child);
+            if (peer && peer->getUID() != 0)
+                age = std::min(age, peer->getUID());
+            open.push_back(child);
+        }
+    }
+    return age;
 }
 
 /// Deletes another object when it is deleted itself. Qt need not take a second request to delete
@@ -63,80 +71,50 @@ private:
 // Holds -------------------------------------------------------------------------------------------
 
 QtDeletionHold* QtDeletionHold::s_innermost = nullptr;
+unsigned QtDeletionHold::s_newest = 0;
 bool QtDeletionHold::s_isKeeping = false;
-
-bool QtDeletionHold::isHeld(const QObject& object) noexcept
-{
-    const QWidget* const window = windowOf(&object);
-    const QWidget* const parentsWindow = windowOf(object.parent());
-    for (const QObject* left : {&object, static_cast<const QObject*>(window),
-                                static_cast<const QObject*>(parentsWindow)}) {
-        if (contains(leftObjects(), left))
-            return true;
-    }
-    for (const QtDeletionHold* hold = s_innermost; hold; hold = hold->m_outer) {
-        const QObject* inner = hold->m_peer ? hold->m_peer->asQObject() : nullptr;
-        // Qt goes through all the widgets that lie together when it shows, hides or lays them out,
-        // and sends each its events on the way; it also comes by the windows that belong to them.
-        const QWidget* const used = windowOf(inner);
-        if (used && (used == window || used == parentsWindow))
-            return true;
-        for (; inner; inner = inner->parent()) {
-            if (inner == &object)
-                return true;
-        }
-    }
-    return false;
-}
-
-void QtDeletionHold::noteLeaving(QObject& widget)
-{
-    if (!isHeld(widget))
-        return;
-    std::erase_if(leftObjects(), [](const QPointer<QObject>& object) { return !object; });
-    for (QObject* each :
-         {&widget, static_cast<QObject*>(const_cast<QWidget*>(windowOf(&widget)))}) {
-        if (!contains(leftObjects(), each))
-            leftObjects().emplace_back(each);
-    }
-    s_isKeeping = true;
-}
 
 bool QtDeletionHold::keep(QObject& object)
 {
-    if (!isHeld(object))
+    const unsigned age = ageOf(object);
+    if (!isHeld(age))
         return false;
-    keptObjects().emplace_back(&object);
+    keptObjects().push_back({&object, age});
+    s_youngestKept = std::max(s_youngestKept, age);
     s_isKeeping = true;
-    if (auto* const widget = qobject_cast<QWidget*>(&object)) {
-        const QtProgramScope scope;
+    const QtProgramScope scope;
+    if (auto* const widget = qobject_cast<QWidget*>(&object))
         widget->hide();
-    }
+    else if (auto* const action = qobject_cast<QAction*>(&object))
+        action->setVisible(false);
     return true;
 }
 
 void QtDeletionHold::releaseDeletions()
 {
-    if (!s_innermost)
-        leftObjects().clear();
+    // Handlers end often while much may wait for one further down the stack.
+    if (isHeld(s_youngestKept))
+        return;
+    s_youngestKept = 0;
     // No application code runs here: what is due is only posted.
-    std::erase_if(keptObjects(), [](const QPointer<QObject>& object) {
-        if (object && isHeld(*object))
+    std::erase_if(keptObjects(), [](const Kept& kept) {
+        if (!kept.m_object)
+            return true;
+        if (isHeld(kept.m_age)) {
+            s_youngestKept = std::max(s_youngestKept, kept.m_age);
             return false;
-        if (object)
-            (new LateDeletion(object))->deleteLater();
+        }
+        (new LateDeletion(kept.m_object))->deleteLater();
         return true;
     });
-    s_isKeeping = !keptObjects().empty() || !leftObjects().empty();
+    s_isKeeping = !keptObjects().empty();
 }
 
 void QtDeletionHold::forget(const QtObject2& peer) noexcept
 {
     for (QtDeletionHold* hold = s_innermost; hold; hold = hold->m_outer) {
-        if (hold->m_peer != &peer)
-            continue;
-        hold->m_peer = nearestPeer(peer.asQObject()->parent()); // it is on the stack as before
-        hold->m_isAlive = false;
+        if (hold->m_peer == &peer)
+            hold->m_peer = nullptr;
     }
 }
 

@@ -42,6 +42,7 @@ QtObject2::QtObject2(VXObject2* object, VXObject2Emitters* emitters)
       m_object(object)
 {
     addObject();
+    QtDeletionHold::peerBegins(m_uid);
     if (emitters)
         bindRequests(emitters, s_requests);
 }
@@ -148,6 +149,12 @@ void QtObject2::deferDelete()
     if (QWidget* widget = asQWidget(); widget && stackOfPage(widget))
         takeOut(widget);
     QtTreeEnd::letOthersGo(*this); // last, as it may run anything
+}
+
+void QtObject2::endAlone()
+{
+    if (isDeletionScheduled() && !goesWithParent())
+        asQObject()->deleteLater();
 }
 
 bool QtObject2::goesWithParent() const

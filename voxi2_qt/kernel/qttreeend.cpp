@@ -1,5 +1,6 @@
 #include "qttreeend.h"
 
+#include "voxi2_qt/kernel/qthandlerframe.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QLayout>
@@ -63,6 +64,14 @@ bool isHiddenWidget(const QObject& object)
     return object.isWidgetType() && static_cast<const QWidget&>(object).isHidden();
 }
 
+bool isVisibleWindow(const QObject& object)
+{
+    if (!object.isWidgetType())
+        return false;
+    const auto& widget = static_cast<const QWidget&>(object);
+    return widget.isWindow() && widget.isVisible();
+}
+
 } // namespace
 
 /// One way through the tree inside a peer, under the object lock: it only looks and takes notes.
@@ -88,10 +97,21 @@ public:
         std::stable_partition(m_others.begin(), m_others.end(),
                               [](const Other& other) { return isHiddenWidget(*other.m_object); });
         for (const Other& other : m_others) {
-            // Taking one out may run code that has moved the next.
+            // Taking one out may run code that has moved or destroyed the next.
             QtObject2* const peer = peerOf(other.m_object);
-            if (peer && other.m_object->parent() == other.m_holder)
+            if (peer && !peer->isDeletionScheduled() && other.m_object->parent() == other.m_holder)
                 peer->leave();
+        }
+    }
+
+    /// Qt closes windows and pop-ups as it deletes them. The focus then goes on, and Qt may look
+    /// for it among what is half gone.
+    void hideWindows()
+    {
+        const QtProgramScope scope;
+        for (const QPointer<QObject>& window : m_windows) {
+            if (window)
+                static_cast<QWidget*>(window.data())->hide();
         }
     }
 
@@ -132,6 +152,8 @@ private:
                 depth = 0;
             }
         }
+        if (m_isEnding && isVisibleWindow(child))
+            m_windows.emplace_back(&child);
         if (!child.children().isEmpty())
             m_open.push_back({&child, depth});
     }
@@ -155,6 +177,7 @@ private:
     bool m_isEnding;
     std::vector<Level> m_open;
     std::vector<Other> m_others;
+    std::vector<QPointer<QObject>> m_windows;
     std::vector<QPointer<QObject>> m_pieces; // each before those inside it
 };
 
@@ -173,6 +196,7 @@ void QtTreeEnd::prepare(QtObject2& top)
         return;
     Walk walk(top, true);
     walk.letOthersGo();
+    walk.hideWindows();
     walk.deletePieces();
 }
 

@@ -11,7 +11,9 @@
 
 #include <QAbstractScrollArea>
 #include <QAction>
+#include <QApplication>
 #include <QWidget>
+#include <QWindow>
 
 namespace VOXI {
 
@@ -100,6 +102,19 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isTouchEnabled, &P::doIsTouchEnabled>());
 // clang-format on
 
+/// Qt does not move a window's QWindow along when its owner goes to another window. Should that
+/// former window then be put above the one that went, the two would lie above each other, and Qt
+/// look for their top for ever.
+void followOwners(const QWindow& former)
+{
+    for (const QWidget* const window : QApplication::topLevelWidgets()) {
+        QWindow* const handle = window->windowHandle();
+        const QWidget* const owner = window->parentWidget();
+        if (handle && owner && handle->transientParent() == &former)
+            handle->setTransientParent(owner->window()->windowHandle());
+    }
+}
+
 } // namespace
 
 std::map<QtWidget2*, QAction*> QtWidget2::m_ActionMap;
@@ -147,6 +162,8 @@ void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
         if (target != self->parentWidget() && !isWithin(self, target)) {
             endAside(self, target != nullptr);
             leaveBar();
+            if (const QWindow* const handle = self->windowHandle())
+                followOwners(*handle);
             self->setParent(target, flags);
         }
     };

@@ -4,6 +4,9 @@
 #include "support/waitfor.h"
 #include "support/watchdog.h"
 
+#include <QMenu>
+#include <QPointer>
+
 #include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
@@ -331,6 +334,41 @@ void withNested(int count, const std::function<void(VXObject2*)>& function)
     function(nested.front());
     for (; !nested.empty(); nested.pop_back())
         delete nested.back();
+}
+
+TEST_F(OtherOwners, whatLeavesAContainerThatGoesEndsAlone)
+{
+    auto* const panel = new VXPanel2;
+    auto* const child = new VXPanel2(panel);
+    const QPointer<QWidget> widget(qt(*child));
+    delete panel; // it goes, and the child with it
+    widget->setParent(nullptr);
+    runDeletions();
+    EXPECT_TRUE(widget.isNull());
+}
+
+TEST_F(OtherOwners, popupsCloseBeforeWhatIsAroundThemEnds)
+{
+    auto* const panel = shown<VXPanel2>();
+    auto* const early = new VXRadioButton2(panel);
+    auto* const focused = new VXRadioButton2(panel);
+    auto* const box = new VXCheckBox2(panel);
+    auto* const menu = new VXMenu2(box);
+    menu->addAction("entry");
+    panel->setActiveWindow();
+    ASSERT_TRUE(waitFor([&] { return panel->isActiveWindow(); }));
+    focused->setFocus();
+    menu->popup(0, 0);
+    ASSERT_TRUE(qt(*menu)->isVisible());
+    // With the menu the focus comes back, and a radio button looks for those beside it.
+    const QPointer<QWidget> sibling(qt(*early));
+    int closed = 0;
+    QObject::connect(static_cast<QMenu*>(qt(*menu)), &QMenu::aboutToHide,
+                     [&] { closed += !sibling.isNull(); });
+    delete panel;
+    runDeletions();
+    EXPECT_TRUE(sibling.isNull());
+    EXPECT_EQ(closed, 1);
 }
 
 TEST_F(OtherOwners, theDeepestTreeEndsWithoutOverflowingTheStack)

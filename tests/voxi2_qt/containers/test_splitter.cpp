@@ -152,6 +152,43 @@ TEST_F(Splitter, mayBeDestroyedWhileItsHandleIsDragged)
     EXPECT_EQ(m_splitter, nullptr);
 }
 
+TEST_F(Splitter, losesPanesWhileItShowsThem)
+{
+    show();
+    m_splitter->hide();
+    TROV::Listener listener;
+    m_first->hidden().connect(&listener, [&] { m_splitter->removeWidget(m_second); });
+    m_first->shown().connect(&listener, [&] {
+        m_splitter->removeWidget(m_second);
+        m_splitter->addWidget(m_third);
+        m_splitter->removeWidget(m_third);
+    });
+    for (int i = 0; i < 3; ++i) {
+        // Qt goes through the children that it had, handles among them.
+        qtSplitter()->show();
+        m_splitter->addWidget(m_second);
+        qtSplitter()->hide();
+        m_splitter->addWidget(m_second);
+    }
+    runDeletions();
+    EXPECT_EQ(qtSplitter()->findChildren<QSplitterHandle*>().size(), m_splitter->count());
+}
+
+TEST_F(Splitter, dropsTheWindowThatAPaneWas)
+{
+    show();
+    m_third->setParent(nullptr);
+    m_third->show();
+    m_third->hide();
+    // Its QWindow stays, but Qt takes the widget for one that has none.
+    qt(*m_third)->setWindowFlags(Qt::Tool);
+    ASSERT_NE(qt(*m_third)->windowHandle(), nullptr);
+    m_third->setParent(m_splitter);
+    EXPECT_EQ(qt(*m_third)->windowHandle(), nullptr);
+    m_third->show();
+    EXPECT_TRUE(qt(*m_third)->isVisible());
+}
+
 TEST_F(Splitter, handlesShowAGripInBothOrientations)
 {
     show();

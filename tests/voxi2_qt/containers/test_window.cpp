@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QWindow>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -288,6 +289,23 @@ TEST_F(Window, mayBeDestroyedByTheHandlerOfItsClosing)
     widget->close();
     runDeletions();
     EXPECT_TRUE(widget.isNull());
+}
+
+TEST_F(Window, neverLieAboveEachOtherInACircle)
+{
+    VXWindow2 other;
+    auto* const part = new VXPanel2(m_window);
+    auto* const dialog = new VXDialog2(part);
+    for (VXWidget2* const each : std::initializer_list<VXWidget2*>{m_window, &other, dialog})
+        each->show();
+    QWindow* const handle = qt(*dialog)->windowHandle();
+    ASSERT_EQ(handle->transientParent(), qtWindow()->windowHandle());
+    // Qt does not move the dialog's QWindow along.
+    part->setParent(&other);
+    m_window->setParent(dialog);
+    EXPECT_EQ(qtWindow()->windowHandle()->transientParent(), handle);
+    EXPECT_EQ(handle->transientParent(), qt(other)->windowHandle());
+    m_window->setParent(nullptr);
 }
 
 TEST_F(Window, windowsAreKnownWhileTheyLive)

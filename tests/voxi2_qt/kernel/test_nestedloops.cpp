@@ -281,37 +281,44 @@ using NestedLoop = testing::Test;
 
 TEST_F(NestedLoop, endsOnlyWhatNoHandlerUses)
 {
-    // Two handlers on the stack: what lies in the window of either may be on Qt's way, as the
-    // neighbours of a widget are while it is shown; what lies elsewhere goes at once.
+    // Two handlers on the stack: what is older than either may be on Qt's way, as the neighbours of
+    // a widget are while it is shown; what is made in a handler's loop goes at once.
     VXWindow2 window;
     window.show();
     VXWindow2 otherWindow;
     auto* const outer = new VXPanel2(&window);
     auto* const inner = new VXPanel2(&otherWindow);
     auto* const neighbour = new VXPanel2(&window);
-    auto* const idle = new VXPanel2;
+    auto* const elsewhere = new VXPanel2;
     const QPointer<QWidget> qtOuter(qt(*outer)), qtInner(qt(*inner)), qtNeighbour(qt(*neighbour)),
-        qtIdle(qt(*idle));
+        qtElsewhere(qt(*elsewhere));
     TROV::Listener listener;
     outer->show();
     inner->show();
     otherWindow.show();
     inner->moved().connect(&listener, [&] {
+        QPointer<QWidget> late;
+        QPointer<QWidget> lateHolder;
         runLoop([&] {
-            for (VXPanel2* each : {outer, inner, neighbour, idle})
+            auto* const fresh = new VXPanel2(&window);
+            auto* const holder = new VXPanel2(&window);
+            late = qt(*fresh);
+            lateHolder = qt(*holder);
+            neighbour->setParent(holder);
+            for (VXPanel2* each : {fresh, holder, outer, inner, elsewhere})
                 delete each;
         });
-        EXPECT_FALSE(qtIdle) << "not in use";
-        EXPECT_TRUE(qtOuter && qtInner && qtNeighbour);
+        EXPECT_FALSE(late) << "not in use";
+        EXPECT_TRUE(lateHolder) << "what it holds is older";
+        EXPECT_TRUE(qtOuter && qtInner && qtNeighbour && qtElsewhere);
     });
     outer->moved().connect(&listener, [&] {
         runLoop([&] { qtInner->move(5, 5); });
-        EXPECT_FALSE(qtInner);
-        EXPECT_TRUE(qtOuter && qtNeighbour);
+        EXPECT_TRUE(qtOuter && qtNeighbour && qtElsewhere);
     });
     qtOuter->move(7, 7);
     runDeletions();
-    EXPECT_FALSE(qtOuter || qtNeighbour);
+    EXPECT_FALSE(qtOuter || qtInner || qtNeighbour || qtElsewhere);
 }
 
 TEST_F(NestedLoop, whatShowsAnActionMayGoInItsHandler)

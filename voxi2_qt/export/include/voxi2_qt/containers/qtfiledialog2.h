@@ -56,6 +56,7 @@ public:
 protected:
     void reportEnd(int result) override;
     void deferDelete() override;
+    void endAlone() override;
 
 private:
     QLineEdit* nameEdit() const;
@@ -72,6 +73,7 @@ private:
     QString m_suffix;
     std::map<FileDialogLabel, QString> m_labels; // those that the program gave
     QPointer<QMessageBox> m_question;
+    bool m_isWaiting = false; // for what Qt runs inside it, to be deleted
     bool m_confirmOverwrite = true;
 };
 

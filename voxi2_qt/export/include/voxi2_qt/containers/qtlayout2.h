@@ -43,6 +43,9 @@ protected:
     /// To be called before a widget is added: takes it out of where it is. False when it cannot be
     /// laid out: null cannot, nor one that the layout itself lies in.
     bool prepareFor(QWidget* child);
+    /// To be called once it is in: a handler may have moved it elsewhere on the way, and the layout
+    /// would not see it end there.
+    void forgetStray(QWidget* child);
 
 private:
     class ItemWatch;

@@ -4,17 +4,24 @@
 
 #include <QSplitterHandle>
 
+#include <new>
+
 namespace VOXI {
 
 /// A splitter's handle, with a grip of dots along its middle.
-class VOXI2_QT_EXPORT QtSplitterHandle : public QSplitterHandle
+class VOXI2_QT_EXPORT QtSplitterHandle final : public QSplitterHandle
 {
     Q_OBJECT
 
 public:
     using QSplitterHandle::QSplitterHandle;
 
+    /// The splitter deletes the handle of a pane that leaves at once. This waits, with the handle
+    /// out of the splitter, while a handler runs: Qt may be going through the splitter's children.
+    static void operator delete(QtSplitterHandle* handle, std::destroying_delete_t);
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

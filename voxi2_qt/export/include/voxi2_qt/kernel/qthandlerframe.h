@@ -12,11 +12,15 @@ namespace VOXI {
 
 class QtObject2;
 
-/// Keeps the deferred deletion of a peer, and of everything that it lies in, waiting: code of
-/// theirs is on the stack and goes on when this ends. A local variable; toolkit's thread only.
+/// Keeps deferred deletions waiting while code of a peer is on the stack that goes on when this
+/// ends: of all objects that are as old as this, and of what holds one of them. A local variable;
+/// toolkit's thread only.
 ///
 /// Qt deletes what was scheduled inside a nested event loop inside that loop. A handler may open
-/// one, with a dialog for example, while the widget whose event it handles has yet to finish it.
+/// one, with a dialog for example, while the widget whose event it handles has yet to finish it;
+/// and while Qt goes through the widgets around that one, or on to another window, to show, hide,
+/// move or activate them. What is made later is unknown to all of this, so that a program which
+/// spends its life in a handler's dialog gets rid of what it makes there.
 class VOXI2_QT_EXPORT QtDeletionHold
 {
 public:
@@ -24,9 +28,10 @@ public:
     explicit QtDeletionHold(const QtObject2* peer) noexcept
         : m_peer(peer),
           m_outer(s_innermost),
-          m_isAlive(peer)
+          m_newest(s_newest)
     {
-        s_innermost = this;
+        if (peer) [[likely]]
+            s_innermost = this;
     }
     ~QtDeletionHold()
     {
@@ -41,10 +46,10 @@ public:
     QtDeletionHold& operator=(const QtDeletionHold&) = delete;
 
     /// False for null, and once the peer was deleted at once all the same, as by a Qt parent.
-    bool isAlive() const noexcept { return m_isAlive; }
+    bool isAlive() const noexcept { return m_peer; }
 
     /// To be asked for each event of a peer's Qt object before it is handled: true for a deferred
-    /// deletion that has to wait. It comes again; a widget is hidden meanwhile.
+    /// deletion that has to wait. It comes again; a widget or action is hidden meanwhile.
     static bool postpones(QObject& object, const QEvent& event)
     {
         return event.type() == QEvent::DeferredDelete && postpones(object);
@@ -52,12 +57,11 @@ public:
     /// The same for the deletion itself.
     static bool postpones(QObject& object) { return s_innermost && keep(object); }
 
-    /// To be told of each widget that is about to have another parent: one that leaves a window in
-    /// which a handler runs is kept as if it were still there.
-    static void leaves(QObject& widget)
+    /// To be told of each peer that is made, whose objects' ids ascend.
+    static void peerBegins(unsigned uid) noexcept
     {
-        if (s_innermost) [[unlikely]]
-            noteLeaving(widget);
+        if (uid > s_newest)
+            s_newest = uid;
     }
 
     /// To be told of each peer that ends, while its Qt object is whole.
@@ -69,18 +73,21 @@ public:
 
 private:
     static bool keep(QObject& object);
-    static bool isHeld(const QObject& object) noexcept;
-    static void noteLeaving(QObject& widget);
+    static bool isHeld(unsigned age) noexcept
+    {
+        return s_innermost && age <= s_innermost->m_newest;
+    }
     static void forget(const QtObject2& peer) noexcept;
     static void releaseDeletions();
     void unlink() noexcept;
 
     static QtDeletionHold* s_innermost;
-    static bool s_isKeeping; // whether deletions wait, or might
+    static unsigned s_newest;
+    static bool s_isKeeping; // whether deletions wait
 
-    const QtObject2* m_peer; // what the peer lay in, once that has gone
+    const QtObject2* m_peer; // null once it has gone
     QtDeletionHold* m_outer;
-    bool m_isAlive;
+    unsigned m_newest; // of the objects there were when it began
 };
 
 /// While one lives, what Qt does is the program's doing. A local variable; toolkit's thread only.

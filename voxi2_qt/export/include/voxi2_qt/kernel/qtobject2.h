@@ -119,6 +119,10 @@ protected:
     /// How the Qt object is deleted later: together with its parent where that goes too.
     void deferDelete() override;
 
+    /// To be told that the Qt object has another parent: what was to go with the former one does
+    /// not.
+    virtual void endAlone();
+
     /// Whether the Qt object's parent is to be deleted, and this one with it.
     bool goesWithParent() const;
 

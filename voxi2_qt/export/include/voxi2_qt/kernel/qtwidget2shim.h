@@ -23,8 +23,10 @@ class QtFilteredWidget : public Q
 public:
     void setVisible(bool visible) override
     {
-        if (visible)
+        if (visible) {
             QtClosingPopup::makeWayFor(*this);
+            dropFormerWindow(); // a splitter shows what it gets before that hears of its parent
+        }
         Q::setVisible(visible);
     }
 
@@ -37,9 +39,6 @@ protected:
     bool event(QEvent* event) override
     {
         switch (event->type()) {
-        case QEvent::ParentAboutToChange:
-            QtDeletionHold::leaves(*this);
-            break;
         case QEvent::ParentChange:
             dropFormerWindow();
             break;
@@ -65,9 +64,13 @@ private:
     /// the widget point to nothing.
     void dropFormerWindow()
     {
-        if (!this->isWindow() && this->windowHandle() && !this->testAttribute(Qt::WA_NativeWindow)
-            && !this->testAttribute(Qt::WA_WState_Created))
-            this->destroy();
+        if (this->isWindow() || !this->windowHandle() || this->testAttribute(Qt::WA_NativeWindow))
+            return;
+        // A splitter has what it gets created before that hears of its parent.
+        const bool wasCreated = this->testAttribute(Qt::WA_WState_Created);
+        this->destroy();
+        if (wasCreated)
+            this->create();
     }
 };
 
@@ -112,6 +115,8 @@ protected:
         // Not where it is handled: a consumed one does not get there.
         if (event->type() == QEvent::MouseButtonRelease)
             m_dragGesture.release();
+        else if (event->type() == QEvent::ParentChange)
+            this->endAlone();
         return this->filterEvent(receiver, event);
     }
 
