@@ -30,8 +30,11 @@ public:
           m_outer(s_innermost),
           m_newest(s_newest)
     {
-        if (peer) [[likely]]
-            s_innermost = this;
+        if (!peer) [[unlikely]]
+            return;
+        s_innermost = this;
+        if (!s_isWatching) [[unlikely]]
+            watchInnerObjects();
     }
     ~QtDeletionHold()
     {
@@ -72,6 +75,9 @@ public:
     }
 
 private:
+    class InnerObjects;
+
+    static void watchInnerObjects();
     static bool keep(QObject& object);
     static bool isHeld(unsigned age) noexcept
     {
@@ -83,7 +89,8 @@ private:
 
     static QtDeletionHold* s_innermost;
     static unsigned s_newest;
-    static bool s_isKeeping; // whether deletions wait
+    static bool s_isKeeping;  // whether deletions wait
+    static bool s_isWatching; // what Qt has made inside peers
 
     const QtObject2* m_peer; // null once it has gone
     QtDeletionHold* m_outer;
