@@ -294,8 +294,9 @@ void Thread::setQueueBound(std::size_t calls)
 
 bool Thread::isCrowded() const noexcept
 {
-    return m_sent.load(std::memory_order_relaxed) - m_run.load()
-           > m_bound.load(std::memory_order_relaxed);
+    const std::size_t bound = m_bound.load(std::memory_order_relaxed);
+    // Without one since the sender looked: nobody would let it go.
+    return bound != 0 && m_sent.load(std::memory_order_relaxed) - m_run.load() > bound;
 }
 
 void Thread::waitUntilDrained()
