@@ -30,10 +30,7 @@ constexpr int FlowHeight = 600;
 constexpr int FlowWidths[] = {800, 1'000};
 constexpr int Spacing = 4;
 
-std::string rowText(int row)
-{
-    return "Row " + std::to_string(row);
-}
+std::string rowText(int row) { return "Row " + std::to_string(row); }
 
 // Forms -------------------------------------------------------------------------------------------
 

@@ -133,15 +133,8 @@ struct Asked
 
 using Ask = int (*)(Asked&, int);
 
-int askVoxi(Asked& asked, int value)
-{
-    return asked.askVoxi(value);
-}
-
-int askQt(Asked& asked, int value)
-{
-    return asked.askQt(value);
-}
+int askVoxi(Asked& asked, int value) { return asked.askVoxi(value); }
+int askQt(Asked& asked, int value) { return asked.askQt(value); }
 
 void blockingRequest(benchmark::State& state, Ask ask)
 {

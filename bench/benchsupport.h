@@ -73,9 +73,6 @@ private:
     std::vector<Clock::duration> m_times;
 };
 
-inline double seconds(Clock::duration time)
-{
-    return std::chrono::duration<double>(time).count();
-}
+inline double seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
 
 } // namespace bench

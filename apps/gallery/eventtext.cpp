@@ -148,10 +148,7 @@ const char* text(GestureType type)
 
 } // namespace
 
-const char* eventName(WidgetEvent event)
-{
-    return s_names[static_cast<unsigned>(event)];
-}
+const char* eventName(WidgetEvent event) { return s_names[static_cast<unsigned>(event)]; }
 
 std::string text(VXFlags<DropAction> actions)
 {
@@ -164,10 +161,7 @@ std::string text(VXFlags<DropAction> actions)
     return names(actions, table);
 }
 
-std::string describe(const VXWidgetEvent2&)
-{
-    return {};
-}
+std::string describe(const VXWidgetEvent2&) { return {}; }
 
 std::string describe(const VXMouseEvent2& event)
 {
@@ -216,10 +210,7 @@ std::string describe(const VXContextMenuEvent2& event)
            + ", reason: " + nameOf(event.reason(), table, "other");
 }
 
-std::string describe(const VXCloseEvent2& event)
-{
-    return event.isRefused() ? ", refused" : "";
-}
+std::string describe(const VXCloseEvent2& event) { return event.isRefused() ? ", refused" : ""; }
 
 std::string describe(const VXDragEvent2& event)
 {

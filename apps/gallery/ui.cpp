@@ -19,15 +19,8 @@ Box box(VXObject2* parent, Direction direction, int spacing)
 
 } // namespace
 
-Box row(VXObject2* parent, int spacing)
-{
-    return box(parent, Direction::LeftToRight, spacing);
-}
-
-Box column(VXObject2* parent, int spacing)
-{
-    return box(parent, Direction::TopToBottom, spacing);
-}
+Box row(VXObject2* parent, int spacing) { return box(parent, Direction::LeftToRight, spacing); }
+Box column(VXObject2* parent, int spacing) { return box(parent, Direction::TopToBottom, spacing); }
 
 Frame frame(VXObject2* parent, Color fill)
 {

@@ -64,10 +64,7 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& tex
 
 } // namespace
 
-void failOnQtWarnings()
-{
-    qInstallMessageHandler(handleMessage);
-}
+void failOnQtWarnings() { qInstallMessageHandler(handleMessage); }
 
 ExpectedQtWarning::ExpectedQtWarning(const char* expression, Certainty certainty)
     : m_id([expression] {

@@ -23,10 +23,7 @@ inline void xdotool(const QStringList& arguments)
 }
 
 /// The same with arguments that have no spaces in them.
-inline void xdotool(const QString& commands)
-{
-    xdotool(commands.split(u' '));
-}
+inline void xdotool(const QString& commands) { xdotool(commands.split(u' ')); }
 
 /// The command that moves the pointer to a point on the screen.
 inline QString at(const QPoint& point)

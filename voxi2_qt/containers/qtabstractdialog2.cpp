@@ -105,10 +105,7 @@ void QtAbstractDialog2::doSetWindowFlags(unsigned flags)
 
 // Requests ----------------------------------------------------------------------------------------
 
-void QtAbstractDialog2::doSetModal(bool modal)
-{
-    m_modal = modal;
-}
+void QtAbstractDialog2::doSetModal(bool modal) { m_modal = modal; }
 
 void QtAbstractDialog2::doOpen()
 {
@@ -119,15 +116,8 @@ void QtAbstractDialog2::doOpen()
     showAs(modality);
 }
 
-void QtAbstractDialog2::doAccept()
-{
-    doDone(VXAbstractDialog2::Accepted);
-}
-
-void QtAbstractDialog2::doReject()
-{
-    doDone(VXAbstractDialog2::Rejected);
-}
+void QtAbstractDialog2::doAccept() { doDone(VXAbstractDialog2::Accepted); }
+void QtAbstractDialog2::doReject() { doDone(VXAbstractDialog2::Rejected); }
 
 void QtAbstractDialog2::doDone(int result)
 {
@@ -173,15 +163,8 @@ int QtAbstractDialog2::doExec()
     return execution.m_result;
 }
 
-bool QtAbstractDialog2::doIsModal()
-{
-    return m_modal;
-}
-
-int QtAbstractDialog2::doGetResult()
-{
-    return asQDialog()->result();
-}
+bool QtAbstractDialog2::doIsModal() { return m_modal; }
+int QtAbstractDialog2::doGetResult() { return asQDialog()->result(); }
 
 // Showing and ending ------------------------------------------------------------------------------
 

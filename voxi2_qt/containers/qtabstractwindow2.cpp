@@ -101,45 +101,19 @@ void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
     changeState([&] { asQWidget()->setWindowState(VX2Qt(state)); });
 }
 
-void QtAbstractWindow2::doSetModified(bool modified)
-{
-    asQWidget()->setWindowModified(modified);
-}
-
-std::string QtAbstractWindow2::doGetTitle()
-{
-    return toStdString(asQWidget()->windowTitle());
-}
-
-std::wstring QtAbstractWindow2::doGetTitleU()
-{
-    return toStdWString(asQWidget()->windowTitle());
-}
-
-Icon QtAbstractWindow2::doGetIcon()
-{
-    return m_icon;
-}
-
-unsigned QtAbstractWindow2::doGetWindowFlags()
-{
-    return QtFlagToVoxi(asQWidget()->windowFlags());
-}
+void QtAbstractWindow2::doSetModified(bool modified) { asQWidget()->setWindowModified(modified); }
+std::string QtAbstractWindow2::doGetTitle() { return toStdString(asQWidget()->windowTitle()); }
+std::wstring QtAbstractWindow2::doGetTitleU() { return toStdWString(asQWidget()->windowTitle()); }
+Icon QtAbstractWindow2::doGetIcon() { return m_icon; }
+unsigned QtAbstractWindow2::doGetWindowFlags() { return QtFlagToVoxi(asQWidget()->windowFlags()); }
 
 VXFlags<WindowState> QtAbstractWindow2::doGetWindowState()
 {
     return Qt2VX(asQWidget()->windowState());
 }
 
-bool QtAbstractWindow2::doIsModified()
-{
-    return asQWidget()->isWindowModified();
-}
-
-bool QtAbstractWindow2::doClose()
-{
-    return asQWidget()->close();
-}
+bool QtAbstractWindow2::doIsModified() { return asQWidget()->isWindowModified(); }
+bool QtAbstractWindow2::doClose() { return asQWidget()->close(); }
 
 std::string QtAbstractWindow2::doSaveWindowGeometry()
 {
@@ -161,20 +135,9 @@ void QtAbstractWindow2::doShowMinimized()
     showInState((doGetWindowState() & WindowState::Maximized) | WindowState::Minimized);
 }
 
-void QtAbstractWindow2::doShowMaximized()
-{
-    showInState(WindowState::Maximized);
-}
-
-void QtAbstractWindow2::doShowFullScreen()
-{
-    showInState(WindowState::FullScreen);
-}
-
-void QtAbstractWindow2::doShowNormal()
-{
-    showInState(WindowState::Normal);
-}
+void QtAbstractWindow2::doShowMaximized() { showInState(WindowState::Maximized); }
+void QtAbstractWindow2::doShowFullScreen() { showInState(WindowState::FullScreen); }
+void QtAbstractWindow2::doShowNormal() { showInState(WindowState::Normal); }
 
 bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
 {

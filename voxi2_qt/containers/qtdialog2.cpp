@@ -49,20 +49,14 @@ void QtDialog2::doSetDefaultButton(VXButton2* button)
     });
 }
 
-void QtDialog2::doSetSizeGripEnabled(bool enabled)
-{
-    setSizeGripEnabled(enabled);
-}
+void QtDialog2::doSetSizeGripEnabled(bool enabled) { setSizeGripEnabled(enabled); }
 
 VXButton2* QtDialog2::doGetDefaultButton()
 {
     return abstractObjectOf<VXButton2>(defaultButtonOf(*this));
 }
 
-bool QtDialog2::doIsSizeGripEnabled()
-{
-    return isSizeGripEnabled();
-}
+bool QtDialog2::doIsSizeGripEnabled() { return isSizeGripEnabled(); }
 
 void QtDialog2::keyPressEvent(QKeyEvent* event)
 {

@@ -49,10 +49,7 @@ int s_programScopes = 0;
 
 // Program scope -----------------------------------------------------------------------------------
 
-QtDockWidget2::ProgramScope::ProgramScope(QWidget* window) : m_window(window)
-{
-    ++s_programScopes;
-}
+QtDockWidget2::ProgramScope::ProgramScope(QWidget* window) : m_window(window) { ++s_programScopes; }
 
 QtDockWidget2::ProgramScope::~ProgramScope()
 {
@@ -155,25 +152,10 @@ VXWidget2* QtDockWidget2::doGetTitleBarWidget()
     return abstractObjectOf<VXWidget2>(dockTitleIn(*this));
 }
 
-void QtDockWidget2::doSetTitleU(const std::wstring& title)
-{
-    changeTitle(toQString(title));
-}
-
-std::wstring QtDockWidget2::doGetTitleU()
-{
-    return toStdWString(windowTitle());
-}
-
-void QtDockWidget2::doSetTitle(const std::string& title)
-{
-    changeTitle(toQString(title));
-}
-
-std::string QtDockWidget2::doGetTitle()
-{
-    return toStdString(windowTitle());
-}
+void QtDockWidget2::doSetTitleU(const std::wstring& title) { changeTitle(toQString(title)); }
+std::wstring QtDockWidget2::doGetTitleU() { return toStdWString(windowTitle()); }
+void QtDockWidget2::doSetTitle(const std::string& title) { changeTitle(toQString(title)); }
+std::string QtDockWidget2::doGetTitle() { return toStdString(windowTitle()); }
 
 void QtDockWidget2::doSetIcon(const Icon& icon)
 {
@@ -182,30 +164,11 @@ void QtDockWidget2::doSetIcon(const Icon& icon)
     updateViewAction();
 }
 
-Icon QtDockWidget2::doGetIcon()
-{
-    return m_icon;
-}
-
-void QtDockWidget2::doSetAllowedAreas(VXFlags<DockArea> areas)
-{
-    setAllowedAreas(VX2Qt(areas));
-}
-
-VXFlags<DockArea> QtDockWidget2::doGetAllowedAreas()
-{
-    return Qt2VX(allowedAreas());
-}
-
-void QtDockWidget2::doSetFeatures(VXFlags<DockFeature> features)
-{
-    setFeatures(VX2Qt(features));
-}
-
-VXFlags<DockFeature> QtDockWidget2::doGetFeatures()
-{
-    return Qt2VX(features());
-}
+Icon QtDockWidget2::doGetIcon() { return m_icon; }
+void QtDockWidget2::doSetAllowedAreas(VXFlags<DockArea> areas) { setAllowedAreas(VX2Qt(areas)); }
+VXFlags<DockArea> QtDockWidget2::doGetAllowedAreas() { return Qt2VX(allowedAreas()); }
+void QtDockWidget2::doSetFeatures(VXFlags<DockFeature> features) { setFeatures(VX2Qt(features)); }
+VXFlags<DockFeature> QtDockWidget2::doGetFeatures() { return Qt2VX(features()); }
 
 void QtDockWidget2::doSetFloating(bool floating)
 {
@@ -218,15 +181,8 @@ void QtDockWidget2::doSetFloating(bool floating)
     setFloating(floating);
 }
 
-bool QtDockWidget2::doIsFloating()
-{
-    return isDocked() && isFloating();
-}
-
-bool QtDockWidget2::doClose()
-{
-    return close();
-}
+bool QtDockWidget2::doIsFloating() { return isDocked() && isFloating(); }
+bool QtDockWidget2::doClose() { return close(); }
 
 void QtDockWidget2::doSetViewAction(VXAction2* action)
 {

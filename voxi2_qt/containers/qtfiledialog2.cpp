@@ -65,10 +65,7 @@ QString toQtFilter(const FileFilter& filter)
     return toQString(filter.name) + QStringLiteral(" (") + patterns.join(u' ') + u')';
 }
 
-QString inUsersLanguage(const char* english)
-{
-    return toQString(translated(english));
-}
+QString inUsersLanguage(const char* english) { return toQString(translated(english)); }
 
 struct Label
 {
@@ -174,10 +171,7 @@ void QtFileDialog2::doSetDefaultSuffix(const std::wstring& suffix)
     applySuffix();
 }
 
-void QtFileDialog2::doSetConfirmOverwrite(bool confirm)
-{
-    m_confirmOverwrite = confirm;
-}
+void QtFileDialog2::doSetConfirmOverwrite(bool confirm) { m_confirmOverwrite = confirm; }
 
 void QtFileDialog2::doSelectFile(const Path& file)
 {
@@ -192,35 +186,22 @@ void QtFileDialog2::doSelectFile(const Path& file)
         edit->setText(info.fileName());
 }
 
-FileDialogMode QtFileDialog2::doGetMode()
-{
-    return m_mode;
-}
+FileDialogMode QtFileDialog2::doGetMode() { return m_mode; }
 
 QtFileDialog2::Path QtFileDialog2::doGetDirectory()
 {
     return toFilePath(directory().absolutePath());
 }
 
-std::vector<FileFilter> QtFileDialog2::doGetFilters()
-{
-    return m_filters;
-}
+std::vector<FileFilter> QtFileDialog2::doGetFilters() { return m_filters; }
 
 int QtFileDialog2::doGetSelectedFilter()
 {
     return m_filters.empty() ? -1 : static_cast<int>(nameFilters().indexOf(selectedNameFilter()));
 }
 
-std::wstring QtFileDialog2::doGetDefaultSuffix()
-{
-    return toStdWString(m_suffix);
-}
-
-bool QtFileDialog2::doConfirmsOverwrite()
-{
-    return m_confirmOverwrite;
-}
+std::wstring QtFileDialog2::doGetDefaultSuffix() { return toStdWString(m_suffix); }
+bool QtFileDialog2::doConfirmsOverwrite() { return m_confirmOverwrite; }
 
 std::vector<QtFileDialog2::Path> QtFileDialog2::doGetSelectedFiles()
 {

@@ -16,10 +16,7 @@ constexpr qint64 Unset = -1;
 constexpr int Far = (1 << 30) - 1; // the sum of two is still a number
 
 /// A coordinate that Qt can reckon with, whatever sizes and spacing the items have.
-int bounded(qint64 value)
-{
-    return static_cast<int>(std::clamp<qint64>(value, -Far, Far));
-}
+int bounded(qint64 value) { return static_cast<int>(std::clamp<qint64>(value, -Far, Far)); }
 
 /// A pass in terms of lines: `along` a line, and `across` from line to line. A vertical pass is a
 /// horizontal one with the axes exchanged.
@@ -174,20 +171,9 @@ QtFlowLayout2::~QtFlowLayout2()
 
 // Items -------------------------------------------------------------------------------------------
 
-void QtFlowLayout2::addItem(QLayoutItem* item)
-{
-    m_items.append(item);
-}
-
-int QtFlowLayout2::count() const
-{
-    return static_cast<int>(m_items.size());
-}
-
-QLayoutItem* QtFlowLayout2::itemAt(int index) const
-{
-    return m_items.value(index);
-}
+void QtFlowLayout2::addItem(QLayoutItem* item) { m_items.append(item); }
+int QtFlowLayout2::count() const { return static_cast<int>(m_items.size()); }
+QLayoutItem* QtFlowLayout2::itemAt(int index) const { return m_items.value(index); }
 
 QLayoutItem* QtFlowLayout2::takeAt(int index)
 {
@@ -196,10 +182,7 @@ QLayoutItem* QtFlowLayout2::takeAt(int index)
 
 // Geometry ----------------------------------------------------------------------------------------
 
-Qt::Orientations QtFlowLayout2::expandingDirections() const
-{
-    return {};
-}
+Qt::Orientations QtFlowLayout2::expandingDirections() const { return {}; }
 
 bool QtFlowLayout2::hasHeightForWidth() const
 {
@@ -212,15 +195,8 @@ int QtFlowLayout2::heightForWidth(int width) const
     return doLayout(QRect(0, 0, width, 0), true).height();
 }
 
-QSize QtFlowLayout2::minimumSize() const
-{
-    return m_cachedSize;
-}
-
-QSize QtFlowLayout2::sizeHint() const
-{
-    return minimumSize();
-}
+QSize QtFlowLayout2::minimumSize() const { return m_cachedSize; }
+QSize QtFlowLayout2::sizeHint() const { return minimumSize(); }
 
 void QtFlowLayout2::setGeometry(const QRect& rect)
 {

@@ -32,25 +32,10 @@ QtFrame2::QtFrame2(VXFrame2* object, VXFrame2Emitters* emitters, QWidget* parent
     bindRequests(emitters, s_requests);
 }
 
-void QtFrame2::doSetColor(ColorRole role, Color color)
-{
-    setVisibleColor(role, color);
-}
-
-void QtFrame2::doSetShadow(FrameShadow shadow)
-{
-    setFrameShadow(VX2Qt(shadow));
-}
-
-void QtFrame2::doSetShape(FrameShape shape)
-{
-    setFrameShape(VX2Qt(shape));
-}
-
-void QtFrame2::doSetLineWidth(int width)
-{
-    setLineWidth(width);
-}
+void QtFrame2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
+void QtFrame2::doSetShadow(FrameShadow shadow) { setFrameShadow(VX2Qt(shadow)); }
+void QtFrame2::doSetShape(FrameShape shape) { setFrameShape(VX2Qt(shape)); }
+void QtFrame2::doSetLineWidth(int width) { setLineWidth(width); }
 
 void QtFrame2::doSetPaintCallback(FramePaintCallback callback)
 {
@@ -58,25 +43,10 @@ void QtFrame2::doSetPaintCallback(FramePaintCallback callback)
     update();
 }
 
-FrameShadow QtFrame2::doGetShadow()
-{
-    return Qt2VX(frameShadow());
-}
-
-FrameShape QtFrame2::doGetShape()
-{
-    return Qt2VX(frameShape());
-}
-
-int QtFrame2::doGetLineWidth()
-{
-    return lineWidth();
-}
-
-FramePaintCallback QtFrame2::doGetPaintCallback()
-{
-    return m_paintCallback;
-}
+FrameShadow QtFrame2::doGetShadow() { return Qt2VX(frameShadow()); }
+FrameShape QtFrame2::doGetShape() { return Qt2VX(frameShape()); }
+int QtFrame2::doGetLineWidth() { return lineWidth(); }
+FramePaintCallback QtFrame2::doGetPaintCallback() { return m_paintCallback; }
 
 void QtFrame2::paintEvent(QPaintEvent* event)
 {

@@ -30,10 +30,7 @@ const auto s_requests = TROV::operations<E>(
 constexpr int MaxLines = 1'000'000;
 constexpr qint64 MaxCells = 10'000'000;
 
-bool isLine(int line)
-{
-    return line >= 0 && line < MaxLines;
-}
+bool isLine(int line) { return line >= 0 && line < MaxLines; }
 
 bool isCell(const VXRect<int>& cell)
 {

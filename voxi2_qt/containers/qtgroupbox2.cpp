@@ -28,34 +28,11 @@ QtGroupBox2::QtGroupBox2(VXGroupBox2* object, VXGroupBox2Emitters* emitters, QWi
     bindRequests(emitters, s_requests);
 }
 
-void QtGroupBox2::doSetTitle(const std::string& title)
-{
-    setTitle(toQString(title));
-}
-
-void QtGroupBox2::doSetFlat(bool flat)
-{
-    setFlat(flat);
-}
-
-std::string QtGroupBox2::doGetTitle()
-{
-    return toStdString(title());
-}
-
-bool QtGroupBox2::doIsFlat()
-{
-    return isFlat();
-}
-
-void QtGroupBox2::doSetTitleU(const std::wstring& title)
-{
-    setTitle(toQString(title));
-}
-
-std::wstring QtGroupBox2::doGetTitleU()
-{
-    return toStdWString(title());
-}
+void QtGroupBox2::doSetTitle(const std::string& title) { setTitle(toQString(title)); }
+void QtGroupBox2::doSetFlat(bool flat) { setFlat(flat); }
+std::string QtGroupBox2::doGetTitle() { return toStdString(title()); }
+bool QtGroupBox2::doIsFlat() { return isFlat(); }
+void QtGroupBox2::doSetTitleU(const std::wstring& title) { setTitle(toQString(title)); }
+std::wstring QtGroupBox2::doGetTitleU() { return toStdWString(title()); }
 
 } // namespace VOXI

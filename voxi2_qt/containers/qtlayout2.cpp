@@ -90,15 +90,8 @@ QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
     bindRequests(emitters, s_requests);
 }
 
-QLayout* QtLayout2::layout() const noexcept
-{
-    return static_cast<QLayout*>(asQObject());
-}
-
-QLayout* QtLayout2::asQLayout(GuiObject* peer)
-{
-    return qobject_cast<QLayout*>(qObjectOf(peer));
-}
+QLayout* QtLayout2::layout() const noexcept { return static_cast<QLayout*>(asQObject()); }
+QLayout* QtLayout2::asQLayout(GuiObject* peer) { return qobject_cast<QLayout*>(qObjectOf(peer)); }
 
 void QtLayout2::doSetParent(VXObject* widget)
 {
@@ -178,44 +171,18 @@ void QtLayout2::doRemoveWidget(VXObject* widget)
     });
 }
 
-void QtLayout2::doInvalidate()
-{
-    layout()->invalidate();
-}
-
-void QtLayout2::doRefresh()
-{
-    layout()->activate();
-}
-
-void QtLayout2::doSetEnabled(bool enabled)
-{
-    layout()->setEnabled(enabled);
-}
-
-bool QtLayout2::doIsEnabled()
-{
-    return layout()->isEnabled();
-}
+void QtLayout2::doInvalidate() { layout()->invalidate(); }
+void QtLayout2::doRefresh() { layout()->activate(); }
+void QtLayout2::doSetEnabled(bool enabled) { layout()->setEnabled(enabled); }
+bool QtLayout2::doIsEnabled() { return layout()->isEnabled(); }
 
 void QtLayout2::doSetMargins(VXRect<int> margins)
 {
     layout()->setContentsMargins(toQMargins(margins));
 }
 
-VXRect<int> QtLayout2::doGetMargins()
-{
-    return toVXMargins(layout()->contentsMargins());
-}
-
-void QtLayout2::doSetSpacing(int spacing)
-{
-    layout()->setSpacing(bounded(spacing));
-}
-
-int QtLayout2::doGetSpacing()
-{
-    return layout()->spacing();
-}
+VXRect<int> QtLayout2::doGetMargins() { return toVXMargins(layout()->contentsMargins()); }
+void QtLayout2::doSetSpacing(int spacing) { layout()->setSpacing(bounded(spacing)); }
+int QtLayout2::doGetSpacing() { return layout()->spacing(); }
 
 } // namespace VOXI

@@ -15,9 +15,6 @@ QtPanel2::QtPanel2(VXPanel2* object, VXPanel2Emitters* emitters, QWidget* parent
     bindRequests(emitters, s_requests);
 }
 
-void QtPanel2::doSetColor(ColorRole role, Color color)
-{
-    setVisibleColor(role, color);
-}
+void QtPanel2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
 
 } // namespace VOXI

@@ -7,10 +7,7 @@ namespace {
 constexpr char Version[] = ":1:";
 constexpr int CheckDigits = 4;
 
-std::string headOf(const char* kind)
-{
-    return std::string(kind) + Version;
-}
+std::string headOf(const char* kind) { return std::string(kind) + Version; }
 
 QByteArray checkOf(const QByteArray& bytes)
 {

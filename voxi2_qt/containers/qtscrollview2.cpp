@@ -105,10 +105,7 @@ VXWidget2* QtScrollView2::doGetWidget()
     return abstractObjectOf<VXWidget2>(QScrollArea::widget());
 }
 
-bool QtScrollView2::doIsWidgetResizable()
-{
-    return widgetResizable();
-}
+bool QtScrollView2::doIsWidgetResizable() { return widgetResizable(); }
 
 void QtScrollView2::doScrollBy(VXPoint<int> distance)
 {

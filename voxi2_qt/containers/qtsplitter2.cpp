@@ -110,25 +110,10 @@ bool QtSplitter2::doIsCollapsible(VXWidget2* widget)
     return collapsible;
 }
 
-void QtSplitter2::doSetHandleWidth(int width)
-{
-    setHandleWidth(bounded(width));
-}
-
-int QtSplitter2::doGetHandleWidth()
-{
-    return handleWidth();
-}
-
-void QtSplitter2::doSetOrientation(Orientation orientation)
-{
-    setOrientation(VX2Qt(orientation));
-}
-
-Orientation QtSplitter2::doGetOrientation()
-{
-    return Qt2VX(orientation());
-}
+void QtSplitter2::doSetHandleWidth(int width) { setHandleWidth(bounded(width)); }
+int QtSplitter2::doGetHandleWidth() { return handleWidth(); }
+void QtSplitter2::doSetOrientation(Orientation orientation) { setOrientation(VX2Qt(orientation)); }
+Orientation QtSplitter2::doGetOrientation() { return Qt2VX(orientation()); }
 
 void QtSplitter2::doSetSizes(const std::list<int>& sizes)
 {
@@ -141,10 +126,7 @@ std::list<int> QtSplitter2::doGetSizes()
     return {sizes.begin(), sizes.end()};
 }
 
-QSplitterHandle* QtSplitter2::createHandle()
-{
-    return new QtSplitterHandle(orientation(), this);
-}
+QSplitterHandle* QtSplitter2::createHandle() { return new QtSplitterHandle(orientation(), this); }
 
 void QtSplitter2::slotSplitterMoved(int position, int index)
 {

@@ -75,15 +75,8 @@ VXObject* QtTab2::doGetParent()
     return holder ? holder->getHandle() : QtContainer2::doGetParent();
 }
 
-void QtTab2::doShow()
-{
-    doSetVisible(true);
-}
-
-void QtTab2::doHide()
-{
-    doSetVisible(false);
-}
+void QtTab2::doShow() { doSetVisible(true); }
+void QtTab2::doHide() { doSetVisible(false); }
 
 void QtTab2::doSetVisible(bool visible)
 {
@@ -96,22 +89,12 @@ void QtTab2::doSetVisible(bool visible)
         QtContainer2::doHide();
 }
 
-void QtTab2::doSetColor(ColorRole role, Color color)
-{
-    setVisibleColor(role, color);
-}
+void QtTab2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
 
 // The tab -----------------------------------------------------------------------------------------
 
-void QtTab2::doSetText(const std::string& text)
-{
-    setTab(toQString(text));
-}
-
-void QtTab2::doSetTextU(const std::wstring& text)
-{
-    setTab(toQString(text));
-}
+void QtTab2::doSetText(const std::string& text) { setTab(toQString(text)); }
+void QtTab2::doSetTextU(const std::wstring& text) { setTab(toQString(text)); }
 
 void QtTab2::doSetIcon(const Icon& icon)
 {
@@ -119,15 +102,8 @@ void QtTab2::doSetIcon(const Icon& icon)
     withTab([&](QtTabContainer2& holder, int index) { holder.setTabIcon(index, VX2Qt(icon)); });
 }
 
-void QtTab2::doSetTabToolTip(const std::string& text)
-{
-    setTip(toQString(text));
-}
-
-void QtTab2::doSetTabToolTipU(const std::wstring& text)
-{
-    setTip(toQString(text));
-}
+void QtTab2::doSetTabToolTip(const std::string& text) { setTip(toQString(text)); }
+void QtTab2::doSetTabToolTipU(const std::wstring& text) { setTip(toQString(text)); }
 
 void QtTab2::doSetTabEnabled(bool enabled)
 {
@@ -152,35 +128,12 @@ void QtTab2::doUnsetTextColor()
     });
 }
 
-std::string QtTab2::doGetText()
-{
-    return toStdString(m_text);
-}
-
-std::wstring QtTab2::doGetTextU()
-{
-    return toStdWString(m_text);
-}
-
-Icon QtTab2::doGetIcon()
-{
-    return m_icon;
-}
-
-std::string QtTab2::doGetTabToolTip()
-{
-    return toStdString(m_tip);
-}
-
-std::wstring QtTab2::doGetTabToolTipU()
-{
-    return toStdWString(m_tip);
-}
-
-bool QtTab2::doIsTabEnabled()
-{
-    return m_tabEnabled;
-}
+std::string QtTab2::doGetText() { return toStdString(m_text); }
+std::wstring QtTab2::doGetTextU() { return toStdWString(m_text); }
+Icon QtTab2::doGetIcon() { return m_icon; }
+std::string QtTab2::doGetTabToolTip() { return toStdString(m_tip); }
+std::wstring QtTab2::doGetTabToolTipU() { return toStdWString(m_tip); }
+bool QtTab2::doIsTabEnabled() { return m_tabEnabled; }
 
 Color QtTab2::doGetTextColor()
 {
@@ -191,10 +144,7 @@ Color QtTab2::doGetTextColor()
     return Qt2VX(palette.color(QPalette::Active, QPalette::WindowText));
 }
 
-VXTabContainer2* QtTab2::doGetContainer()
-{
-    return abstractObjectOf<VXTabContainer2>(container());
-}
+VXTabContainer2* QtTab2::doGetContainer() { return abstractObjectOf<VXTabContainer2>(container()); }
 
 // Helpers -----------------------------------------------------------------------------------------
 

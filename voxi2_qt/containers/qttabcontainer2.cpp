@@ -163,10 +163,7 @@ std::vector<VXTab2*> QtTabContainer2::doGetTabs()
     return tabs;
 }
 
-int QtTabContainer2::doCount()
-{
-    return count();
-}
+int QtTabContainer2::doCount() { return count(); }
 
 int QtTabContainer2::doGetTabIndex(VXTab2* tab)
 {
@@ -175,10 +172,7 @@ int QtTabContainer2::doGetTabIndex(VXTab2* tab)
     return index;
 }
 
-VXTab2* QtTabContainer2::doGetTabAt(int index)
-{
-    return tabOf(index);
-}
+VXTab2* QtTabContainer2::doGetTabAt(int index) { return tabOf(index); }
 
 void QtTabContainer2::doSetCurrentTab(VXTab2* tab)
 {
@@ -192,10 +186,7 @@ void QtTabContainer2::doSetCurrentTab(VXTab2* tab)
     });
 }
 
-VXTab2* QtTabContainer2::doGetCurrentTab()
-{
-    return tabOf(currentIndex());
-}
+VXTab2* QtTabContainer2::doGetCurrentTab() { return tabOf(currentIndex()); }
 
 // Looks -------------------------------------------------------------------------------------------
 
@@ -204,72 +195,22 @@ void QtTabContainer2::doSetTabPosition(VOXI::TabPosition position)
     setTabPosition(VX2Qt(position));
 }
 
-VOXI::TabPosition QtTabContainer2::doGetTabPosition()
-{
-    return Qt2VX(tabPosition());
-}
-
-void QtTabContainer2::doSetTabsClosable(bool closable)
-{
-    setTabsClosable(closable);
-}
-
-bool QtTabContainer2::doAreTabsClosable()
-{
-    return tabsClosable();
-}
-
-void QtTabContainer2::doSetMovable(bool movable)
-{
-    setMovable(movable);
-}
-
-bool QtTabContainer2::doIsMovable()
-{
-    return isMovable();
-}
-
-void QtTabContainer2::doSetDocumentMode(bool on)
-{
-    setDocumentMode(on);
-}
-
-bool QtTabContainer2::doIsDocumentMode()
-{
-    return documentMode();
-}
-
-void QtTabContainer2::doSetElideMode(TextElideMode mode)
-{
-    setElideMode(VX2Qt(mode));
-}
-
-TextElideMode QtTabContainer2::doGetElideMode()
-{
-    return Qt2VX(elideMode());
-}
-
-void QtTabContainer2::doSetScrollButtons(bool on)
-{
-    setUsesScrollButtons(on);
-}
-
-bool QtTabContainer2::doHasScrollButtons()
-{
-    return usesScrollButtons();
-}
+VOXI::TabPosition QtTabContainer2::doGetTabPosition() { return Qt2VX(tabPosition()); }
+void QtTabContainer2::doSetTabsClosable(bool closable) { setTabsClosable(closable); }
+bool QtTabContainer2::doAreTabsClosable() { return tabsClosable(); }
+void QtTabContainer2::doSetMovable(bool movable) { setMovable(movable); }
+bool QtTabContainer2::doIsMovable() { return isMovable(); }
+void QtTabContainer2::doSetDocumentMode(bool on) { setDocumentMode(on); }
+bool QtTabContainer2::doIsDocumentMode() { return documentMode(); }
+void QtTabContainer2::doSetElideMode(TextElideMode mode) { setElideMode(VX2Qt(mode)); }
+TextElideMode QtTabContainer2::doGetElideMode() { return Qt2VX(elideMode()); }
+void QtTabContainer2::doSetScrollButtons(bool on) { setUsesScrollButtons(on); }
+bool QtTabContainer2::doHasScrollButtons() { return usesScrollButtons(); }
 
 // Reports -----------------------------------------------------------------------------------------
 
-void QtTabContainer2::tabInserted(int)
-{
-    m_settled = count();
-}
-
-void QtTabContainer2::tabRemoved(int)
-{
-    m_settled = count();
-}
+void QtTabContainer2::tabInserted(int) { m_settled = count(); }
+void QtTabContainer2::tabRemoved(int) { m_settled = count(); }
 
 void QtTabContainer2::slotCurrentChanged(int index)
 {
@@ -301,10 +242,7 @@ void QtTabContainer2::slotPageDragged(QWidget* page, int from, int to)
 
 // Helpers -----------------------------------------------------------------------------------------
 
-VXTab2* QtTabContainer2::tabOf(int index) const
-{
-    return abstractObjectOf<VXTab2>(widget(index));
-}
+VXTab2* QtTabContainer2::tabOf(int index) const { return abstractObjectOf<VXTab2>(widget(index)); }
 
 void QtTabContainer2::reportTab(const TROV::Event<void(const VXTabEvent2&)>& event, int index)
 {

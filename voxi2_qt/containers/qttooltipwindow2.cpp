@@ -94,15 +94,8 @@ void QtToolTipWindow2::adoptStyle()
 
 // Content -----------------------------------------------------------------------------------------
 
-void QtToolTipWindow2::doSetText(const std::string& text)
-{
-    setShownText(toQString(text));
-}
-
-void QtToolTipWindow2::doSetTextU(const std::wstring& text)
-{
-    setShownText(toQString(text));
-}
+void QtToolTipWindow2::doSetText(const std::string& text) { setShownText(toQString(text)); }
+void QtToolTipWindow2::doSetTextU(const std::wstring& text) { setShownText(toQString(text)); }
 
 void QtToolTipWindow2::doSetRichText(bool rich)
 {
@@ -120,25 +113,10 @@ void QtToolTipWindow2::doSetIcon(const Icon& icon)
     refit();
 }
 
-std::string QtToolTipWindow2::doGetText()
-{
-    return toStdString(text());
-}
-
-std::wstring QtToolTipWindow2::doGetTextU()
-{
-    return toStdWString(text());
-}
-
-bool QtToolTipWindow2::doIsRichText()
-{
-    return m_textLabel->textFormat() == Qt::RichText;
-}
-
-Icon QtToolTipWindow2::doGetIcon()
-{
-    return m_icon;
-}
+std::string QtToolTipWindow2::doGetText() { return toStdString(text()); }
+std::wstring QtToolTipWindow2::doGetTextU() { return toStdWString(text()); }
+bool QtToolTipWindow2::doIsRichText() { return m_textLabel->textFormat() == Qt::RichText; }
+Icon QtToolTipWindow2::doGetIcon() { return m_icon; }
 
 // Anchor and time ---------------------------------------------------------------------------------
 
@@ -172,27 +150,13 @@ VXWidget2* QtToolTipWindow2::doGetAnchor()
     return abstractObjectOf<VXWidget2>(m_anchor.widget());
 }
 
-VXRect<int> QtToolTipWindow2::doGetAnchorRect()
-{
-    return Qt2VX(m_anchor.part());
-}
-
-AnchorSide QtToolTipWindow2::doGetAnchorSide()
-{
-    return m_side;
-}
-
-int QtToolTipWindow2::doGetTimeout()
-{
-    return m_timeout;
-}
+VXRect<int> QtToolTipWindow2::doGetAnchorRect() { return Qt2VX(m_anchor.part()); }
+AnchorSide QtToolTipWindow2::doGetAnchorSide() { return m_side; }
+int QtToolTipWindow2::doGetTimeout() { return m_timeout; }
 
 // The widget --------------------------------------------------------------------------------------
 
-QString QtToolTipWindow2::text() const
-{
-    return m_textLabel->text();
-}
+QString QtToolTipWindow2::text() const { return m_textLabel->text(); }
 
 QSize QtToolTipWindow2::sizeHint() const
 {

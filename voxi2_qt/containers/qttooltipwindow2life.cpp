@@ -64,17 +64,9 @@ void QtToolTipWindow2::doSetVisible(bool visible)
         doHide();
 }
 
-bool QtToolTipWindow2::doIsVisible()
-{
-    return !m_isVanishing && QtContainer2::doIsVisible();
-}
-
+bool QtToolTipWindow2::doIsVisible() { return !m_isVanishing && QtContainer2::doIsVisible(); }
 void QtToolTipWindow2::doSetFocus() {}
-
-void QtToolTipWindow2::doSetActiveWindow()
-{
-    raise();
-}
+void QtToolTipWindow2::doSetActiveWindow() { raise(); }
 
 // Coming, following and going ---------------------------------------------------------------------
 
@@ -165,10 +157,7 @@ void QtToolTipWindow2::finishVanishing()
     hide();
 }
 
-void QtToolTipWindow2::slotTimeout()
-{
-    vanish(false);
-}
+void QtToolTipWindow2::slotTimeout() { vanish(false); }
 
 void QtToolTipWindow2::slotAnchorGone()
 {

@@ -72,10 +72,7 @@ VXWidget2* QtWidgetStack2::doGetCurrentWidget()
     return abstractObjectOf<VXWidget2>(currentWidget());
 }
 
-int QtWidgetStack2::doGetCurrentID()
-{
-    return currentIndex();
-}
+int QtWidgetStack2::doGetCurrentID() { return currentIndex(); }
 
 int QtWidgetStack2::doGetWidgetID(VXWidget2* widget)
 {
@@ -84,9 +81,6 @@ int QtWidgetStack2::doGetWidgetID(VXWidget2* widget)
     return id;
 }
 
-int QtWidgetStack2::doCount()
-{
-    return count();
-}
+int QtWidgetStack2::doCount() { return count(); }
 
 } // namespace VOXI

@@ -99,20 +99,14 @@ void QtWindow2::doSetCentralWidget(VXWidget2* widget)
     });
 }
 
-VXWidget2* QtWindow2::doGetCentralWidget()
-{
-    return abstractObjectOf<VXWidget2>(centralWidget());
-}
+VXWidget2* QtWindow2::doGetCentralWidget() { return abstractObjectOf<VXWidget2>(centralWidget()); }
 
 void QtWindow2::doSetSupportsGlobalFocusBlocker(bool supports)
 {
     m_supportsFocusBlocker = supports;
 }
 
-bool QtWindow2::doGetSupportsGlobalFocusBlocker()
-{
-    return m_supportsFocusBlocker;
-}
+bool QtWindow2::doGetSupportsGlobalFocusBlocker() { return m_supportsFocusBlocker; }
 
 void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
 {
@@ -174,10 +168,7 @@ void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
     });
 }
 
-VXMenuBar2* QtWindow2::doGetMenuBar()
-{
-    return abstractObjectOf<VXMenuBar2>(menuWidget());
-}
+VXMenuBar2* QtWindow2::doGetMenuBar() { return abstractObjectOf<VXMenuBar2>(menuWidget()); }
 
 ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
 {

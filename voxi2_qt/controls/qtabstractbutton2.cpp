@@ -50,20 +50,14 @@ QAbstractButton* QtAbstractButton2::button() const noexcept
     return static_cast<QAbstractButton*>(asQWidget());
 }
 
-void QtAbstractButton2::doSetCheckable(bool checkable)
-{
-    button()->setCheckable(checkable);
-}
+void QtAbstractButton2::doSetCheckable(bool checkable) { button()->setCheckable(checkable); }
 
 void QtAbstractButton2::doSetChecked(bool checked)
 {
     quietly([&] { button()->setChecked(checked); });
 }
 
-void QtAbstractButton2::doSetExclusive(bool exclusive)
-{
-    button()->setAutoExclusive(exclusive);
-}
+void QtAbstractButton2::doSetExclusive(bool exclusive) { button()->setAutoExclusive(exclusive); }
 
 void QtAbstractButton2::doSetIcon(const Icon& icon)
 {
@@ -81,55 +75,16 @@ void QtAbstractButton2::doSetLabelU(const std::wstring& label)
     button()->setText(toQString(label));
 }
 
-bool QtAbstractButton2::doIsCheckable()
-{
-    return button()->isCheckable();
-}
-
-bool QtAbstractButton2::doIsChecked()
-{
-    return button()->isChecked();
-}
-
-bool QtAbstractButton2::doIsExclusive()
-{
-    return button()->autoExclusive();
-}
-
-Icon QtAbstractButton2::doGetIcon()
-{
-    return m_icon;
-}
-
-std::string QtAbstractButton2::doGetLabel()
-{
-    return toStdString(button()->text());
-}
-
-void QtAbstractButton2::doimClick()
-{
-    button()->click();
-}
-
-void QtAbstractButton2::doimToggle()
-{
-    button()->toggle();
-}
-
-std::wstring QtAbstractButton2::doGetLabelU()
-{
-    return toStdWString(button()->text());
-}
-
-void QtAbstractButton2::doSetIconSize(Size<int> size)
-{
-    button()->setIconSize(toQIconSize(size));
-}
-
-Size<int> QtAbstractButton2::doGetIconSize()
-{
-    return Qt2VX(button()->iconSize());
-}
+bool QtAbstractButton2::doIsCheckable() { return button()->isCheckable(); }
+bool QtAbstractButton2::doIsChecked() { return button()->isChecked(); }
+bool QtAbstractButton2::doIsExclusive() { return button()->autoExclusive(); }
+Icon QtAbstractButton2::doGetIcon() { return m_icon; }
+std::string QtAbstractButton2::doGetLabel() { return toStdString(button()->text()); }
+void QtAbstractButton2::doimClick() { button()->click(); }
+void QtAbstractButton2::doimToggle() { button()->toggle(); }
+std::wstring QtAbstractButton2::doGetLabelU() { return toStdWString(button()->text()); }
+void QtAbstractButton2::doSetIconSize(Size<int> size) { button()->setIconSize(toQIconSize(size)); }
+Size<int> QtAbstractButton2::doGetIconSize() { return Qt2VX(button()->iconSize()); }
 
 void QtAbstractButton2::connectSignals()
 {

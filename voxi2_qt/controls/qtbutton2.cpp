@@ -28,34 +28,11 @@ QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* pa
     setForegroundRole(QPalette::ButtonText);
 }
 
-void QtButton2::doSetDefault(bool isDefault)
-{
-    setDefault(isDefault);
-}
-
-void QtButton2::doSetFlat(bool flat)
-{
-    setFlat(flat);
-}
-
-bool QtButton2::doIsDefault()
-{
-    return isDefault();
-}
-
-bool QtButton2::doIsFlat()
-{
-    return isFlat();
-}
-
-void QtButton2::slotClicked()
-{
-    reportClick();
-}
-
-void QtButton2::slotToggled(bool checked)
-{
-    reportToggle(checked);
-}
+void QtButton2::doSetDefault(bool isDefault) { setDefault(isDefault); }
+void QtButton2::doSetFlat(bool flat) { setFlat(flat); }
+bool QtButton2::doIsDefault() { return isDefault(); }
+bool QtButton2::doIsFlat() { return isFlat(); }
+void QtButton2::slotClicked() { reportClick(); }
+void QtButton2::slotToggled(bool checked) { reportToggle(checked); }
 
 } // namespace VOXI

@@ -18,14 +18,7 @@ QtCheckBox2::QtCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, QWi
     setForegroundRole(QPalette::WindowText);
 }
 
-void QtCheckBox2::slotClicked()
-{
-    reportClick();
-}
-
-void QtCheckBox2::slotToggled(bool checked)
-{
-    reportToggle(checked);
-}
+void QtCheckBox2::slotClicked() { reportClick(); }
+void QtCheckBox2::slotToggled(bool checked) { reportToggle(checked); }
 
 } // namespace VOXI

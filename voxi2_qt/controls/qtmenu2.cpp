@@ -194,10 +194,7 @@ void QtMenu2::doAddSubMenu(const std::string& title, VXMenu2* menu)
     addSubMenu(toQStringUpToNul(title), menu);
 }
 
-void QtMenu2::doAddSeparator()
-{
-    addSeparator();
-}
+void QtMenu2::doAddSeparator() { addSeparator(); }
 
 void QtMenu2::doPopup(double x, double y)
 {
@@ -234,10 +231,7 @@ void QtMenu2::doRemoveSubMenu(VXMenu2* menu)
     });
 }
 
-bool QtMenu2::doIsDigMenu()
-{
-    return m_isDigMenu;
-}
+bool QtMenu2::doIsDigMenu() { return m_isDigMenu; }
 
 bool QtMenu2::doIsActionEnabled()
 {
@@ -245,15 +239,8 @@ bool QtMenu2::doIsActionEnabled()
     return action && action->isEnabled();
 }
 
-std::wstring QtMenu2::doGetTitleU()
-{
-    return toStdWString(title());
-}
-
-int QtMenu2::doCount()
-{
-    return static_cast<int>(actions().count());
-}
+std::wstring QtMenu2::doGetTitleU() { return toStdWString(title()); }
+int QtMenu2::doCount() { return static_cast<int>(actions().count()); }
 
 void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu)
 {

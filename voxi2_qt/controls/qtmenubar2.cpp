@@ -45,10 +45,7 @@ void QtMenuBar2::doRemoveMenu(VXMenu2* menu)
     });
 }
 
-void QtMenuBar2::doClear()
-{
-    clear();
-}
+void QtMenuBar2::doClear() { clear(); }
 
 void QtMenuBar2::addTitled(const QString& title, VXMenu2* menu)
 {

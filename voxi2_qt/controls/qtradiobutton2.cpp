@@ -19,14 +19,7 @@ QtRadioButton2::QtRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* e
     setForegroundRole(QPalette::WindowText);
 }
 
-void QtRadioButton2::slotClicked()
-{
-    reportClick();
-}
-
-void QtRadioButton2::slotToggled(bool checked)
-{
-    reportToggle(checked);
-}
+void QtRadioButton2::slotClicked() { reportClick(); }
+void QtRadioButton2::slotToggled(bool checked) { reportToggle(checked); }
 
 } // namespace VOXI

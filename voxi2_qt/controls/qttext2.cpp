@@ -37,25 +37,10 @@ QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
     setTextFormat(Qt::PlainText);
 }
 
-void QtText2::doSetText(const std::string& text)
-{
-    setText(toQString(text));
-}
-
-void QtText2::doSetTextU(const std::wstring& text)
-{
-    setText(toQString(text));
-}
-
-void QtText2::doSetAlignment(Alignment alignment)
-{
-    setAlignment(VX2Qt(alignment));
-}
-
-void QtText2::doSetWordWrap(bool wrap)
-{
-    setWordWrap(wrap);
-}
+void QtText2::doSetText(const std::string& text) { setText(toQString(text)); }
+void QtText2::doSetTextU(const std::wstring& text) { setText(toQString(text)); }
+void QtText2::doSetAlignment(Alignment alignment) { setAlignment(VX2Qt(alignment)); }
+void QtText2::doSetWordWrap(bool wrap) { setWordWrap(wrap); }
 
 void QtText2::doSetBuddy(VXWidget2* buddy)
 {
@@ -71,44 +56,18 @@ void QtText2::doSetSelectable(bool selectable)
                                        : Qt::TextInteractionFlags(Qt::LinksAccessibleByMouse));
 }
 
-void QtText2::doSetRichText(bool rich)
-{
-    setTextFormat(rich ? Qt::RichText : Qt::PlainText);
-}
-
-std::string QtText2::doGetText()
-{
-    return toStdString(text());
-}
-
-std::wstring QtText2::doGetTextU()
-{
-    return toStdWString(text());
-}
-
-Alignment QtText2::doGetAlignment()
-{
-    return Qt2VX(alignment());
-}
-
-bool QtText2::doGetWordWrap()
-{
-    return wordWrap();
-}
-
-VXWidget2* QtText2::doGetBuddy()
-{
-    return abstractObjectOf<VXWidget2>(buddy());
-}
+void QtText2::doSetRichText(bool rich) { setTextFormat(rich ? Qt::RichText : Qt::PlainText); }
+std::string QtText2::doGetText() { return toStdString(text()); }
+std::wstring QtText2::doGetTextU() { return toStdWString(text()); }
+Alignment QtText2::doGetAlignment() { return Qt2VX(alignment()); }
+bool QtText2::doGetWordWrap() { return wordWrap(); }
+VXWidget2* QtText2::doGetBuddy() { return abstractObjectOf<VXWidget2>(buddy()); }
 
 bool QtText2::doIsSelectable()
 {
     return textInteractionFlags().testFlag(Qt::TextSelectableByMouse);
 }
 
-bool QtText2::doIsRichText()
-{
-    return textFormat() == Qt::RichText;
-}
+bool QtText2::doIsRichText() { return textFormat() == Qt::RichText; }
 
 } // namespace VOXI

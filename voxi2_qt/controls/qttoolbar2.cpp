@@ -89,25 +89,10 @@ void QtToolBar2::doAddWidget(VXWidget2* widget)
     });
 }
 
-void QtToolBar2::doAddSeparator()
-{
-    barForNextItem().addSeparator();
-}
-
-void QtToolBar2::doSetFloatable(bool floatable)
-{
-    setFloatable(floatable);
-}
-
-void QtToolBar2::doSetMovable(bool movable)
-{
-    setMovable(movable);
-}
-
-void QtToolBar2::doSetLabel(const std::string& label)
-{
-    setWindowTitle(toQStringUpToNul(label));
-}
+void QtToolBar2::doAddSeparator() { barForNextItem().addSeparator(); }
+void QtToolBar2::doSetFloatable(bool floatable) { setFloatable(floatable); }
+void QtToolBar2::doSetMovable(bool movable) { setMovable(movable); }
+void QtToolBar2::doSetLabel(const std::string& label) { setWindowTitle(toQStringUpToNul(label)); }
 
 void QtToolBar2::doSetOrientation(Orientation orientation)
 {
@@ -132,25 +117,10 @@ void QtToolBar2::doSetMinimumVisibleItems(int count)
     m_minimumVisibleItems = count;
 }
 
-bool QtToolBar2::doIsFloatable()
-{
-    return isFloatable();
-}
-
-bool QtToolBar2::doIsMovable()
-{
-    return isMovable();
-}
-
-Orientation QtToolBar2::doGetOrientation()
-{
-    return Qt2VX(orientation());
-}
-
-void QtToolBar2::doSetLabelU(const std::wstring& label)
-{
-    setWindowTitle(toQString(label));
-}
+bool QtToolBar2::doIsFloatable() { return isFloatable(); }
+bool QtToolBar2::doIsMovable() { return isMovable(); }
+Orientation QtToolBar2::doGetOrientation() { return Qt2VX(orientation()); }
+void QtToolBar2::doSetLabelU(const std::wstring& label) { setWindowTitle(toQString(label)); }
 
 void QtToolBar2::doRemoveAction(VXAction2* action)
 {
@@ -176,10 +146,7 @@ void QtToolBar2::doRemoveWidget(VXWidget2* widget)
     });
 }
 
-void QtToolBar2::doSetIconSize(Size<int> size)
-{
-    setIconSize(toQIconSize(size));
-}
+void QtToolBar2::doSetIconSize(Size<int> size) { setIconSize(toQIconSize(size)); }
 
 void QtToolBar2::doSetToolButtonStyle(ToolButtonStyle style)
 {
@@ -188,25 +155,10 @@ void QtToolBar2::doSetToolButtonStyle(ToolButtonStyle style)
     setToolButtonStyle(VX2Qt(style));
 }
 
-std::wstring QtToolBar2::doGetLabelU()
-{
-    return toStdWString(windowTitle());
-}
-
-int QtToolBar2::doGetMinimumVisibleItems()
-{
-    return m_minimumVisibleItems;
-}
-
-Size<int> QtToolBar2::doGetIconSize()
-{
-    return Qt2VX(iconSize());
-}
-
-ToolButtonStyle QtToolBar2::doGetToolButtonStyle()
-{
-    return Qt2VX(toolButtonStyle());
-}
+std::wstring QtToolBar2::doGetLabelU() { return toStdWString(windowTitle()); }
+int QtToolBar2::doGetMinimumVisibleItems() { return m_minimumVisibleItems; }
+Size<int> QtToolBar2::doGetIconSize() { return Qt2VX(iconSize()); }
+ToolButtonStyle QtToolBar2::doGetToolButtonStyle() { return Qt2VX(toolButtonStyle()); }
 
 // Helpers -----------------------------------------------------------------------------------------
 
@@ -222,10 +174,7 @@ QList<InnerToolBar*> QtToolBar2::innerToolBars() const
     return findChildren<InnerToolBar*>(Qt::FindDirectChildrenOnly);
 }
 
-void QtToolBar2::onIconSizeChanged(const QSize& size)
-{
-    m_innerToolBar->setIconSize(size);
-}
+void QtToolBar2::onIconSizeChanged(const QSize& size) { m_innerToolBar->setIconSize(size); }
 
 bool QtToolBar2::event(QEvent* event)
 {

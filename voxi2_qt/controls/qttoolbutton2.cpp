@@ -72,30 +72,16 @@ VXAction2* QtToolButton2::doGetDefaultAction()
     return peer ? static_cast<VXAction2*>(peer->getHandle()) : nullptr;
 }
 
-void QtToolButton2::doSetPopupMode(VOXI::ToolButtonPopupMode mode)
-{
-    setPopupMode(VX2Qt(mode));
-}
-
-VOXI::ToolButtonPopupMode QtToolButton2::doGetPopupMode()
-{
-    return Qt2VX(popupMode());
-}
+void QtToolButton2::doSetPopupMode(VOXI::ToolButtonPopupMode mode) { setPopupMode(VX2Qt(mode)); }
+VOXI::ToolButtonPopupMode QtToolButton2::doGetPopupMode() { return Qt2VX(popupMode()); }
 
 void QtToolButton2::doSetToolButtonStyle(ToolButtonStyle style)
 {
     setToolButtonStyle(VX2Qt(style));
 }
 
-ToolButtonStyle QtToolButton2::doGetToolButtonStyle()
-{
-    return Qt2VX(toolButtonStyle());
-}
-
-void QtToolButton2::doClearMenu()
-{
-    setMenu(nullptr);
-}
+ToolButtonStyle QtToolButton2::doGetToolButtonStyle() { return Qt2VX(toolButtonStyle()); }
+void QtToolButton2::doClearMenu() { setMenu(nullptr); }
 
 void QtToolButton2::doClearDefaultAction()
 {
@@ -105,27 +91,13 @@ void QtToolButton2::doClearDefaultAction()
     }
 }
 
-void QtToolButton2::doSetAutoRaise(bool autoRaise)
-{
-    setAutoRaise(autoRaise);
-}
-
-bool QtToolButton2::doIsAutoRaise()
-{
-    return autoRaise();
-}
+void QtToolButton2::doSetAutoRaise(bool autoRaise) { setAutoRaise(autoRaise); }
+bool QtToolButton2::doIsAutoRaise() { return autoRaise(); }
 
 // Reports -----------------------------------------------------------------------------------------
 
-void QtToolButton2::slotClicked()
-{
-    reportClick();
-}
-
-void QtToolButton2::slotToggled(bool checked)
-{
-    reportToggle(checked);
-}
+void QtToolButton2::slotClicked() { reportClick(); }
+void QtToolButton2::slotToggled(bool checked) { reportToggle(checked); }
 
 void QtToolButton2::actionEvent(QActionEvent* event)
 {

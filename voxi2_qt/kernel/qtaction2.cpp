@@ -91,10 +91,7 @@ QtAction2::QtAction2(VXAction2* object, VXAction2Emitters* emitters, QObject* pa
     QObject::connect(this, &QAction::triggered, this, &QtAction2::slotActionTriggered);
 }
 
-QtAction2::~QtAction2()
-{
-    leaveGroup();
-}
+QtAction2::~QtAction2() { leaveGroup(); }
 
 // Requests ----------------------------------------------------------------------------------------
 
@@ -151,30 +148,11 @@ void QtAction2::doSetIcon(const Icon& icon)
     setIcon(VX2Qt(icon));
 }
 
-void QtAction2::doSetLabel(const std::string& label)
-{
-    changeText(toQString(label));
-}
-
-void QtAction2::doSetLabelU(const std::wstring& label)
-{
-    changeText(toQString(label));
-}
-
-void QtAction2::doSetStatusTip(const std::string& text)
-{
-    changeStatusTip(toQString(text));
-}
-
-void QtAction2::doSetToolTip(const std::string& text)
-{
-    changeToolTip(toQString(text));
-}
-
-void QtAction2::doSetToolTipU(const std::wstring& text)
-{
-    changeToolTip(toQString(text));
-}
+void QtAction2::doSetLabel(const std::string& label) { changeText(toQString(label)); }
+void QtAction2::doSetLabelU(const std::wstring& label) { changeText(toQString(label)); }
+void QtAction2::doSetStatusTip(const std::string& text) { changeStatusTip(toQString(text)); }
+void QtAction2::doSetToolTip(const std::string& text) { changeToolTip(toQString(text)); }
+void QtAction2::doSetToolTipU(const std::wstring& text) { changeToolTip(toQString(text)); }
 
 void QtAction2::doSetVisible(bool visible)
 {
@@ -182,10 +160,7 @@ void QtAction2::doSetVisible(bool visible)
         setVisible(visible);
 }
 
-std::string QtAction2::doGetAccelerator()
-{
-    return portableText(shortcut());
-}
+std::string QtAction2::doGetAccelerator() { return portableText(shortcut()); }
 
 VXStringList QtAction2::doGetAccelerators()
 {
@@ -195,75 +170,25 @@ VXStringList QtAction2::doGetAccelerators()
     return result;
 }
 
-bool QtAction2::doIsCheckable()
-{
-    return isCheckable();
-}
-
-bool QtAction2::doIsChecked()
-{
-    return isChecked();
-}
-
-bool QtAction2::doIsEnabled()
-{
-    return isEnabled();
-}
-
-Icon QtAction2::doGetIcon()
-{
-    return m_icon;
-}
-
-std::string QtAction2::doGetLabel()
-{
-    return toStdString(text());
-}
-
-std::string QtAction2::doGetStatusTip()
-{
-    return toStdString(statusTip());
-}
-
-std::string QtAction2::doGetToolTip()
-{
-    return toStdString(toolTip());
-}
-
-bool QtAction2::doIsVisible()
-{
-    return isVisible();
-}
-
-void QtAction2::doimToggle(bool checked)
-{
-    setChecked(checked);
-}
-
-void QtAction2::doimTrigger()
-{
-    activate(QAction::Trigger);
-}
-
-void QtAction2::doSetStatusTipU(const std::wstring& text)
-{
-    changeStatusTip(toQString(text));
-}
-
-void QtAction2::doSetSeparator(bool separator)
-{
-    setSeparator(separator);
-}
+bool QtAction2::doIsCheckable() { return isCheckable(); }
+bool QtAction2::doIsChecked() { return isChecked(); }
+bool QtAction2::doIsEnabled() { return isEnabled(); }
+Icon QtAction2::doGetIcon() { return m_icon; }
+std::string QtAction2::doGetLabel() { return toStdString(text()); }
+std::string QtAction2::doGetStatusTip() { return toStdString(statusTip()); }
+std::string QtAction2::doGetToolTip() { return toStdString(toolTip()); }
+bool QtAction2::doIsVisible() { return isVisible(); }
+void QtAction2::doimToggle(bool checked) { setChecked(checked); }
+void QtAction2::doimTrigger() { activate(QAction::Trigger); }
+void QtAction2::doSetStatusTipU(const std::wstring& text) { changeStatusTip(toQString(text)); }
+void QtAction2::doSetSeparator(bool separator) { setSeparator(separator); }
 
 void QtAction2::doSetShortcutContext(ShortcutContext context)
 {
     setShortcutContext(VX2Qt(context));
 }
 
-void QtAction2::doSetAutoRepeat(bool repeat)
-{
-    setAutoRepeat(repeat);
-}
+void QtAction2::doSetAutoRepeat(bool repeat) { setAutoRepeat(repeat); }
 
 void QtAction2::doSetGroup(unsigned group, ActionExclusion exclusion)
 {
@@ -299,35 +224,12 @@ void QtAction2::doDetachFrom(VXWidget2* widget)
     });
 }
 
-std::wstring QtAction2::doGetLabelU()
-{
-    return toStdWString(text());
-}
-
-std::wstring QtAction2::doGetStatusTipU()
-{
-    return toStdWString(statusTip());
-}
-
-std::wstring QtAction2::doGetToolTipU()
-{
-    return toStdWString(toolTip());
-}
-
-bool QtAction2::doIsSeparator()
-{
-    return isSeparator();
-}
-
-ShortcutContext QtAction2::doGetShortcutContext()
-{
-    return Qt2VX(shortcutContext());
-}
-
-bool QtAction2::doIsAutoRepeat()
-{
-    return autoRepeat();
-}
+std::wstring QtAction2::doGetLabelU() { return toStdWString(text()); }
+std::wstring QtAction2::doGetStatusTipU() { return toStdWString(statusTip()); }
+std::wstring QtAction2::doGetToolTipU() { return toStdWString(toolTip()); }
+bool QtAction2::doIsSeparator() { return isSeparator(); }
+ShortcutContext QtAction2::doGetShortcutContext() { return Qt2VX(shortcutContext()); }
+bool QtAction2::doIsAutoRepeat() { return autoRepeat(); }
 
 // Reports -----------------------------------------------------------------------------------------
 

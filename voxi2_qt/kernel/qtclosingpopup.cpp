@@ -11,10 +11,7 @@ QtClosingPopup::QtClosingPopup(QWidget* popup)
       m_outer(std::exchange(s_innermost, this))
 {}
 
-QtClosingPopup::~QtClosingPopup()
-{
-    s_innermost = m_outer;
-}
+QtClosingPopup::~QtClosingPopup() { s_innermost = m_outer; }
 
 void QtClosingPopup::makeWayFor(const QWidget& window)
 {

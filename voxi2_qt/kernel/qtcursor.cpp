@@ -31,14 +31,7 @@ constexpr auto Shapes = enumTable<CursorShape::Standard, Qt::CursorShape>({
 });
 } // namespace
 
-Qt::CursorShape VX2Qt(const CursorShape& shape) noexcept
-{
-    return Shapes.toQt(shape.shape());
-}
-
-CursorShape Qt2VX(Qt::CursorShape shape) noexcept
-{
-    return Shapes.toVx(shape);
-}
+Qt::CursorShape VX2Qt(const CursorShape& shape) noexcept { return Shapes.toQt(shape.shape()); }
+CursorShape Qt2VX(Qt::CursorShape shape) noexcept { return Shapes.toVx(shape); }
 
 } // namespace VOXI

@@ -32,35 +32,17 @@ constexpr auto Features = enumTable<DockFeature, QDockWidget::DockWidgetFeature>
 
 } // namespace
 
-Qt::ToolBarArea VX2Qt(ToolBarArea area) noexcept
-{
-    return BarAreas.toQt(area);
-}
-
-ToolBarArea Qt2VX(Qt::ToolBarArea area) noexcept
-{
-    return BarAreas.toVx(area);
-}
-
-Qt::DockWidgetArea VX2Qt(DockArea area) noexcept
-{
-    return DockAreas.toQt(area);
-}
-
-DockArea Qt2VX(Qt::DockWidgetArea area) noexcept
-{
-    return DockAreas.toVx(area);
-}
+Qt::ToolBarArea VX2Qt(ToolBarArea area) noexcept { return BarAreas.toQt(area); }
+ToolBarArea Qt2VX(Qt::ToolBarArea area) noexcept { return BarAreas.toVx(area); }
+Qt::DockWidgetArea VX2Qt(DockArea area) noexcept { return DockAreas.toQt(area); }
+DockArea Qt2VX(Qt::DockWidgetArea area) noexcept { return DockAreas.toVx(area); }
 
 Qt::DockWidgetAreas VX2Qt(VXFlags<DockArea> areas) noexcept
 {
     return DockAreas.toQtFlags<Qt::DockWidgetAreas>(areas);
 }
 
-VXFlags<DockArea> Qt2VX(Qt::DockWidgetAreas areas) noexcept
-{
-    return DockAreas.toVxFlags(areas);
-}
+VXFlags<DockArea> Qt2VX(Qt::DockWidgetAreas areas) noexcept { return DockAreas.toVxFlags(areas); }
 
 QDockWidget::DockWidgetFeatures VX2Qt(VXFlags<DockFeature> features) noexcept
 {

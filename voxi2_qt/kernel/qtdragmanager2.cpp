@@ -82,9 +82,6 @@ void QtDragManager2::doCancelDrag()
         QDrag::cancel();
 }
 
-bool QtDragManager2::doIsDragging()
-{
-    return m_dragging;
-}
+bool QtDragManager2::doIsDragging() { return m_dragging; }
 
 } // namespace VOXI

@@ -106,40 +106,13 @@ Qt::Alignment VX2Qt(Alignment alignment) noexcept
     return Alignments.toQtFlags<Qt::Alignment>(alignment);
 }
 
-Alignment Qt2VX(Qt::Alignment alignment) noexcept
-{
-    return Alignments.toVxFlags(alignment);
-}
-
-QBoxLayout::Direction VX2Qt(Direction direction) noexcept
-{
-    return Directions.toQt(direction);
-}
-
-Direction Qt2VX(QBoxLayout::Direction direction) noexcept
-{
-    return Directions.toVx(direction);
-}
-
-Qt::Orientation VX2Qt(Orientation orientation) noexcept
-{
-    return Orientations.toQt(orientation);
-}
-
-Orientation Qt2VX(Qt::Orientation orientation) noexcept
-{
-    return Orientations.toVx(orientation);
-}
-
-QSizePolicy::Policy VX2Qt(Policy policy) noexcept
-{
-    return Policies.toQt(policy);
-}
-
-Policy Qt2VX(QSizePolicy::Policy policy) noexcept
-{
-    return Policies.toVx(policy);
-}
+Alignment Qt2VX(Qt::Alignment alignment) noexcept { return Alignments.toVxFlags(alignment); }
+QBoxLayout::Direction VX2Qt(Direction direction) noexcept { return Directions.toQt(direction); }
+Direction Qt2VX(QBoxLayout::Direction direction) noexcept { return Directions.toVx(direction); }
+Qt::Orientation VX2Qt(Orientation orientation) noexcept { return Orientations.toQt(orientation); }
+Orientation Qt2VX(Qt::Orientation orientation) noexcept { return Orientations.toVx(orientation); }
+QSizePolicy::Policy VX2Qt(Policy policy) noexcept { return Policies.toQt(policy); }
+Policy Qt2VX(QSizePolicy::Policy policy) noexcept { return Policies.toVx(policy); }
 
 QLayout::SizeConstraint VX2Qt(SizeConstraint constraint) noexcept
 {
@@ -151,35 +124,12 @@ SizeConstraint Qt2VX(QLayout::SizeConstraint constraint) noexcept
     return SizeConstraints.toVx(constraint);
 }
 
-QFrame::Shadow VX2Qt(FrameShadow shadow) noexcept
-{
-    return FrameShadows.toQt(shadow);
-}
-
-FrameShadow Qt2VX(QFrame::Shadow shadow) noexcept
-{
-    return FrameShadows.toVx(shadow);
-}
-
-QTabWidget::TabPosition VX2Qt(TabPosition position) noexcept
-{
-    return TabPositions.toQt(position);
-}
-
-TabPosition Qt2VX(QTabWidget::TabPosition position) noexcept
-{
-    return TabPositions.toVx(position);
-}
-
-QFrame::Shape VX2Qt(FrameShape shape) noexcept
-{
-    return FrameShapes.toQt(shape);
-}
-
-FrameShape Qt2VX(QFrame::Shape shape) noexcept
-{
-    return FrameShapes.toVx(shape);
-}
+QFrame::Shadow VX2Qt(FrameShadow shadow) noexcept { return FrameShadows.toQt(shadow); }
+FrameShadow Qt2VX(QFrame::Shadow shadow) noexcept { return FrameShadows.toVx(shadow); }
+QTabWidget::TabPosition VX2Qt(TabPosition position) noexcept { return TabPositions.toQt(position); }
+TabPosition Qt2VX(QTabWidget::TabPosition position) noexcept { return TabPositions.toVx(position); }
+QFrame::Shape VX2Qt(FrameShape shape) noexcept { return FrameShapes.toQt(shape); }
+FrameShape Qt2VX(QFrame::Shape shape) noexcept { return FrameShapes.toVx(shape); }
 
 QToolButton::ToolButtonPopupMode VX2Qt(ToolButtonPopupMode mode) noexcept
 {
@@ -191,15 +141,8 @@ ToolButtonPopupMode Qt2VX(QToolButton::ToolButtonPopupMode mode) noexcept
     return PopupModes.toVx(mode);
 }
 
-Qt::ToolButtonStyle VX2Qt(ToolButtonStyle style) noexcept
-{
-    return ToolButtonStyles.toQt(style);
-}
-
-ToolButtonStyle Qt2VX(Qt::ToolButtonStyle style) noexcept
-{
-    return ToolButtonStyles.toVx(style);
-}
+Qt::ToolButtonStyle VX2Qt(ToolButtonStyle style) noexcept { return ToolButtonStyles.toQt(style); }
+ToolButtonStyle Qt2VX(Qt::ToolButtonStyle style) noexcept { return ToolButtonStyles.toVx(style); }
 
 Qt::ShortcutContext VX2Qt(ShortcutContext context) noexcept
 {

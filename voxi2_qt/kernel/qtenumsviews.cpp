@@ -80,15 +80,8 @@ ComboInsertPolicy Qt2VX(QComboBox::InsertPolicy policy) noexcept
     return InsertPolicies.toVx(policy);
 }
 
-QHeaderView::ResizeMode VX2Qt(ColumnResizeMode mode) noexcept
-{
-    return ResizeModes.toQt(mode);
-}
-
-ColumnResizeMode Qt2VX(QHeaderView::ResizeMode mode) noexcept
-{
-    return ResizeModes.toVx(mode);
-}
+QHeaderView::ResizeMode VX2Qt(ColumnResizeMode mode) noexcept { return ResizeModes.toQt(mode); }
+ColumnResizeMode Qt2VX(QHeaderView::ResizeMode mode) noexcept { return ResizeModes.toVx(mode); }
 
 QAbstractItemView::SelectionBehavior VX2Qt(SelectionBehavior behavior) noexcept
 {
@@ -100,24 +93,9 @@ SelectionBehavior Qt2VX(QAbstractItemView::SelectionBehavior behavior) noexcept
     return Behaviors.toVx(behavior);
 }
 
-QAbstractItemView::SelectionMode VX2Qt(SelectionMode mode) noexcept
-{
-    return Modes.toQt(mode);
-}
-
-SelectionMode Qt2VX(QAbstractItemView::SelectionMode mode) noexcept
-{
-    return Modes.toVx(mode);
-}
-
-Qt::TextElideMode VX2Qt(TextElideMode mode) noexcept
-{
-    return ElideModes.toQt(mode);
-}
-
-TextElideMode Qt2VX(Qt::TextElideMode mode) noexcept
-{
-    return ElideModes.toVx(mode);
-}
+QAbstractItemView::SelectionMode VX2Qt(SelectionMode mode) noexcept { return Modes.toQt(mode); }
+SelectionMode Qt2VX(QAbstractItemView::SelectionMode mode) noexcept { return Modes.toVx(mode); }
+Qt::TextElideMode VX2Qt(TextElideMode mode) noexcept { return ElideModes.toQt(mode); }
+TextElideMode Qt2VX(Qt::TextElideMode mode) noexcept { return ElideModes.toVx(mode); }
 
 } // namespace VOXI

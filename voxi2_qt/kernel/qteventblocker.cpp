@@ -7,10 +7,7 @@ namespace VOXI {
 
 namespace {
 
-QtWidget2* widgetPeerOf(const QWidget* widget)
-{
-    return dynamic_cast<QtWidget2*>(peerOf(widget));
-}
+QtWidget2* widgetPeerOf(const QWidget* widget) { return dynamic_cast<QtWidget2*>(peerOf(widget)); }
 
 } // namespace
 
@@ -41,10 +38,7 @@ QtEventBlocker::QtEventBlocker(Inert inert, QtWidget2* widget,
     setBroadcast(false);
 }
 
-QtEventBlocker::~QtEventBlocker()
-{
-    setBroadcast(true);
-}
+QtEventBlocker::~QtEventBlocker() { setBroadcast(true); }
 
 void QtEventBlocker::prepareFocusIn()
 {

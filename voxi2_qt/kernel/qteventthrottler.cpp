@@ -154,10 +154,7 @@ bool EventThrottler::postOn(const Emitter<E>& emitter, const E& event)
     return true;
 }
 
-void EventThrottler::post(const VXMouseEvent2& event)
-{
-    postOn(m_mouse, event);
-}
+void EventThrottler::post(const VXMouseEvent2& event) { postOn(m_mouse, event); }
 
 void EventThrottler::post(const VXResizeEvent2& event)
 {
@@ -187,15 +184,8 @@ void EventThrottler::postLatest(State& state)
         throttler->post(VXResizeEvent2(throttler->m_widget, state.m_known, *latest));
 }
 
-void EventThrottler::post(const VXDragEvent2& event)
-{
-    postOn(m_drag, event);
-}
-
-void EventThrottler::post(const VXKeyEvent2& event)
-{
-    postOn(m_key, event);
-}
+void EventThrottler::post(const VXDragEvent2& event) { postOn(m_drag, event); }
+void EventThrottler::post(const VXKeyEvent2& event) { postOn(m_key, event); }
 
 template <class E>
 void EventThrottler::deliver(VXWidget2* widget, WidgetEvent, const E& event)

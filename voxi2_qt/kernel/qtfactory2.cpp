@@ -95,10 +95,7 @@ QtFactory2::QtFactory2(VXFactory2* factory)
     connect(factory->destroyObject, &QtFactory2::destroyObject);
 }
 
-QtFactory2::~QtFactory2()
-{
-    disconnect();
-}
+QtFactory2::~QtFactory2() { disconnect(); }
 
 QWidget* QtFactory2::getQWidget(VXObject* object)
 {

@@ -21,15 +21,8 @@ constexpr auto Styles = enumTable<FontStyle, QFont::Style>({
 // two scales, but calls it deprecated.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
-void setWeight(QFont& font, int weight)
-{
-    font.setLegacyWeight(weight);
-}
-
-int weightOf(const QFont& font)
-{
-    return font.legacyWeight();
-}
+void setWeight(QFont& font, int weight) { font.setLegacyWeight(weight); }
+int weightOf(const QFont& font) { return font.legacyWeight(); }
 QT_WARNING_POP
 
 std::string closestScalableFamily(const std::string& family)
@@ -64,9 +57,6 @@ VXFont Qt2VX(const QFont& font)
     return result;
 }
 
-void installQtFontNameResolver()
-{
-    installFontNameResolver(&closestScalableFamily);
-}
+void installQtFontNameResolver() { installFontNameResolver(&closestScalableFamily); }
 
 } // namespace VOXI

@@ -153,14 +153,7 @@ QSize toQIconSize(const Size<int>& size) noexcept
     return VX2Qt(size).boundedTo({Icon::MaxShownSide, Icon::MaxShownSide});
 }
 
-QIcon::Mode VX2Qt(Icon::IconMode mode) noexcept
-{
-    return Modes.toQt(mode);
-}
-
-QIcon::State VX2Qt(Icon::IconState state) noexcept
-{
-    return States.toQt(state);
-}
+QIcon::Mode VX2Qt(Icon::IconMode mode) noexcept { return Modes.toQt(mode); }
+QIcon::State VX2Qt(Icon::IconState state) noexcept { return States.toQt(state); }
 
 } // namespace VOXI

@@ -106,10 +106,7 @@ QImage toQImage(const Pixmap& pixmap)
     return pixmap.isRaw() ? fromRaw(pixmap) : decoded(pixmap, {});
 }
 
-QPixmap toQPixmap(const Pixmap& pixmap)
-{
-    return QPixmap::fromImage(toQImage(pixmap));
-}
+QPixmap toQPixmap(const Pixmap& pixmap) { return QPixmap::fromImage(toQImage(pixmap)); }
 
 Pixmap Qt2VX(const QImage& image)
 {
@@ -125,14 +122,7 @@ Pixmap Qt2VX(const QImage& image)
     return Pixmap(argb.width(), argb.height(), std::move(pixels));
 }
 
-Pixmap Qt2VX(const QPixmap& pixmap)
-{
-    return Qt2VX(pixmap.toImage());
-}
-
-void installQtImageDecoder()
-{
-    ImageDecoder::install(std::make_shared<QtImageDecoder>());
-}
+Pixmap Qt2VX(const QPixmap& pixmap) { return Qt2VX(pixmap.toImage()); }
+void installQtImageDecoder() { ImageDecoder::install(std::make_shared<QtImageDecoder>()); }
 
 } // namespace VOXI

@@ -112,25 +112,15 @@ constexpr auto WidgetEventsByType = [] {
 
 } // namespace
 
-Qt::MouseButton VX2Qt(MouseButton button) noexcept
-{
-    return Buttons.toQt(button);
-}
-
-MouseButton Qt2VX(Qt::MouseButton button) noexcept
-{
-    return Buttons.toVx(button);
-}
+Qt::MouseButton VX2Qt(MouseButton button) noexcept { return Buttons.toQt(button); }
+MouseButton Qt2VX(Qt::MouseButton button) noexcept { return Buttons.toVx(button); }
 
 Qt::MouseButtons VX2Qt(VXFlags<MouseButton> buttons) noexcept
 {
     return Buttons.toQtFlags<Qt::MouseButtons>(buttons);
 }
 
-VXFlags<MouseButton> Qt2VX(Qt::MouseButtons buttons) noexcept
-{
-    return Buttons.toVxFlags(buttons);
-}
+VXFlags<MouseButton> Qt2VX(Qt::MouseButtons buttons) noexcept { return Buttons.toVxFlags(buttons); }
 
 Qt::KeyboardModifiers VX2Qt(VXFlags<Modifier> modifiers) noexcept
 {
@@ -142,35 +132,12 @@ VXFlags<Modifier> Qt2VX(Qt::KeyboardModifiers modifiers) noexcept
     return Modifiers.toVxFlags(modifiers);
 }
 
-Qt::FocusPolicy VX2Qt(FocusPolicy policy) noexcept
-{
-    return FocusPolicies.toQt(policy);
-}
-
-FocusPolicy Qt2VX(Qt::FocusPolicy policy) noexcept
-{
-    return FocusPolicies.toVx(policy);
-}
-
-Qt::FocusReason VX2Qt(FocusReason reason) noexcept
-{
-    return FocusReasons.toQt(reason);
-}
-
-FocusReason Qt2VX(Qt::FocusReason reason) noexcept
-{
-    return FocusReasons.toVx(reason);
-}
-
-Qt::DropAction VX2Qt(DropAction action) noexcept
-{
-    return DropActions.toQt(action);
-}
-
-DropAction Qt2VX(Qt::DropAction action) noexcept
-{
-    return DropActions.toVx(action);
-}
+Qt::FocusPolicy VX2Qt(FocusPolicy policy) noexcept { return FocusPolicies.toQt(policy); }
+FocusPolicy Qt2VX(Qt::FocusPolicy policy) noexcept { return FocusPolicies.toVx(policy); }
+Qt::FocusReason VX2Qt(FocusReason reason) noexcept { return FocusReasons.toQt(reason); }
+FocusReason Qt2VX(Qt::FocusReason reason) noexcept { return FocusReasons.toVx(reason); }
+Qt::DropAction VX2Qt(DropAction action) noexcept { return DropActions.toQt(action); }
+DropAction Qt2VX(Qt::DropAction action) noexcept { return DropActions.toVx(action); }
 
 Qt::DropActions VX2Qt(VXFlags<DropAction> actions) noexcept
 {
@@ -182,35 +149,12 @@ VXFlags<DropAction> Qt2VX(Qt::DropActions actions) noexcept
     return DropActions.toVxFlags(actions);
 }
 
-Qt::GestureType VX2Qt(GestureType type) noexcept
-{
-    return GestureTypes.toQt(type);
-}
-
-GestureType Qt2VX(Qt::GestureType type) noexcept
-{
-    return GestureTypes.toVx(type);
-}
-
-Qt::GestureState VX2Qt(GestureState state) noexcept
-{
-    return GestureStates.toQt(state);
-}
-
-GestureState Qt2VX(Qt::GestureState state) noexcept
-{
-    return GestureStates.toVx(state);
-}
-
-QEvent::Type VX2Qt(WidgetEvent event) noexcept
-{
-    return WidgetEvents.toQt(event);
-}
-
-WidgetEvent Qt2VX(QEvent::Type type) noexcept
-{
-    return WidgetEvents.toVx(type);
-}
+Qt::GestureType VX2Qt(GestureType type) noexcept { return GestureTypes.toQt(type); }
+GestureType Qt2VX(Qt::GestureType type) noexcept { return GestureTypes.toVx(type); }
+Qt::GestureState VX2Qt(GestureState state) noexcept { return GestureStates.toQt(state); }
+GestureState Qt2VX(Qt::GestureState state) noexcept { return GestureStates.toVx(state); }
+QEvent::Type VX2Qt(WidgetEvent event) noexcept { return WidgetEvents.toQt(event); }
+WidgetEvent Qt2VX(QEvent::Type type) noexcept { return WidgetEvents.toVx(type); }
 
 bool isWidgetEvent(QEvent::Type type, WidgetEvent& event) noexcept
 {

@@ -367,10 +367,7 @@ static_assert(std::adjacent_find(KeyRowsByQt.begin(), KeyRowsByQt.end(),
               == KeyRowsByQt.end());
 
 /// Both sides number these by their characters; letters are capitals.
-constexpr bool isCharacter(int code) noexcept
-{
-    return code >= 0x20 && code <= 0x10ffff;
-}
+constexpr bool isCharacter(int code) noexcept { return code >= 0x20 && code <= 0x10ffff; }
 } // namespace
 
 Qt::Key VX2Qt(Key key) noexcept

@@ -58,10 +58,7 @@ const QString& toolkitFormat(const QString& format)
     return format == qtImageFormat() ? imageFormat() : format;
 }
 
-StringID idOf(const QString& format)
-{
-    return StringID(toStdString(format));
-}
+StringID idOf(const QString& format) { return StringID(toStdString(format)); }
 
 /// The toolkit's data as Qt sees them. They are turned into bytes only when somebody asks for them.
 class ToolkitMimeData : public QMimeData
@@ -157,10 +154,7 @@ any imageFrom(const QMimeData& data)
 }
 } // namespace
 
-QMimeData* VX2Qt(const VXMimeData2& data)
-{
-    return new ToolkitMimeData(data);
-}
+QMimeData* VX2Qt(const VXMimeData2& data) { return new ToolkitMimeData(data); }
 
 VXMimeData2 Qt2VX(const QMimeData& data)
 {

@@ -94,10 +94,7 @@ void QtObject2::doSetParent(VXObject* parent)
     asQObject()->setParent(qObjectOf(lookup(parent)));
 }
 
-VXObject* QtObject2::doGetParent()
-{
-    return abstractObjectOf(asQObject()->parent());
-}
+VXObject* QtObject2::doGetParent() { return abstractObjectOf(asQObject()->parent()); }
 
 std::vector<VXObject*> QtObject2::doGetChildren(bool recursive)
 {
@@ -110,27 +107,18 @@ std::vector<VXObject*> QtObject2::doGetChildren(bool recursive)
     return result;
 }
 
-void QtObject2::doDestroy()
-{
-    scheduleDelete();
-}
+void QtObject2::doDestroy() { scheduleDelete(); }
 
 // Life --------------------------------------------------------------------------------------------
 
-VXObject* QtObject2::getHandle() const
-{
-    return isVXObjectValid() ? m_object : nullptr;
-}
+VXObject* QtObject2::getHandle() const { return isVXObjectValid() ? m_object : nullptr; }
 
 bool QtObject2::isVXObjectValid() const
 {
     return VXObject::objectById(m_uid) == m_object && m_object;
 }
 
-const void* QtObject2::family() const noexcept
-{
-    return &s_family;
-}
+const void* QtObject2::family() const noexcept { return &s_family; }
 
 void QtObject2::scheduleDelete()
 {
@@ -199,10 +187,7 @@ void QtObject2::removeObject()
         VOXI::removeObject(m_uid);
 }
 
-QWidget* QtObject2::asQWidget() const noexcept
-{
-    return nullptr;
-}
+QWidget* QtObject2::asQWidget() const noexcept { return nullptr; }
 
 // Finding peers -----------------------------------------------------------------------------------
 

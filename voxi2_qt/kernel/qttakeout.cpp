@@ -15,10 +15,7 @@ constexpr std::initializer_list<WidgetEvent> ComingAndGoing = {WidgetEvent::Show
 // have been taken out again. So what stands aside is hidden on purpose, and this says whose it was.
 constexpr char IsAside[] = "voxi_isAside";
 
-bool isAside(const QWidget* widget)
-{
-    return widget->property(IsAside).isValid();
-}
+bool isAside(const QWidget* widget) { return widget->property(IsAside).isValid(); }
 
 void setAside(QWidget* widget)
 {

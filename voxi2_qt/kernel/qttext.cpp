@@ -17,10 +17,7 @@ std::u16string_view viewOf(const QString& text)
     return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
 }
 
-bool isSurrogate(char16_t unit)
-{
-    return unit >= FirstSurrogate && unit <= LastSurrogate;
-}
+bool isSurrogate(char16_t unit) { return unit >= FirstSurrogate && unit <= LastSurrogate; }
 
 std::string latin1Of(const QString& text)
 {

@@ -126,10 +126,7 @@ QtWidget2::QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters)
     bindRequests(emitters, s_requests);
 }
 
-QtWidget2::~QtWidget2()
-{
-    m_ActionMap.erase(this);
-}
+QtWidget2::~QtWidget2() { m_ActionMap.erase(this); }
 
 void QtWidget2::endPeer()
 {
@@ -143,10 +140,7 @@ void QtWidget2::scheduleDelete()
     QtObject2::scheduleDelete();
 }
 
-void QtWidget2::leave()
-{
-    takeOutAlone(asQWidget());
-}
+void QtWidget2::leave() { takeOutAlone(asQWidget()); }
 
 void QtWidget2::doSetParent(VXObject* parent)
 {
@@ -197,10 +191,7 @@ void QtWidget2::doRaise()
     asQWidget()->raise();
 }
 
-void QtWidget2::doLower()
-{
-    asQWidget()->lower();
-}
+void QtWidget2::doLower() { asQWidget()->lower(); }
 
 void QtWidget2::doSetActiveWindow()
 {
@@ -216,10 +207,7 @@ void QtWidget2::doRefresh()
     asQWidget()->repaint();
 }
 
-void QtWidget2::doUpdate()
-{
-    asQWidget()->update();
-}
+void QtWidget2::doUpdate() { asQWidget()->update(); }
 
 void QtWidget2::doSetVisible(bool visible)
 {
@@ -230,20 +218,9 @@ void QtWidget2::doSetVisible(bool visible)
         asQWidget()->setVisible(visible);
 }
 
-bool QtWidget2::doIsVisible()
-{
-    return asQWidget()->isVisible() && !asQWidget()->isMinimized();
-}
-
-bool QtWidget2::doIsActiveWindow()
-{
-    return asQWidget()->isActiveWindow();
-}
-
-void QtWidget2::doSetUpdatesEnabled(bool enabled)
-{
-    asQWidget()->setUpdatesEnabled(enabled);
-}
+bool QtWidget2::doIsVisible() { return asQWidget()->isVisible() && !asQWidget()->isMinimized(); }
+bool QtWidget2::doIsActiveWindow() { return asQWidget()->isActiveWindow(); }
+void QtWidget2::doSetUpdatesEnabled(bool enabled) { asQWidget()->setUpdatesEnabled(enabled); }
 
 // Input -------------------------------------------------------------------------------------------
 
@@ -253,10 +230,7 @@ void QtWidget2::doSetEnabled(bool enabled)
     asQWidget()->setEnabled(enabled);
 }
 
-bool QtWidget2::doIsEnabled()
-{
-    return asQWidget()->isEnabled();
-}
+bool QtWidget2::doIsEnabled() { return asQWidget()->isEnabled(); }
 
 void QtWidget2::doSetFocus()
 {
@@ -264,20 +238,9 @@ void QtWidget2::doSetFocus()
     asQWidget()->setFocus(Qt::OtherFocusReason);
 }
 
-bool QtWidget2::doHasFocus()
-{
-    return asQWidget()->hasFocus();
-}
-
-void QtWidget2::doSetFocusPolicy(FocusPolicy policy)
-{
-    asQWidget()->setFocusPolicy(VX2Qt(policy));
-}
-
-FocusPolicy QtWidget2::doGetFocusPolicy()
-{
-    return Qt2VX(asQWidget()->focusPolicy());
-}
+bool QtWidget2::doHasFocus() { return asQWidget()->hasFocus(); }
+void QtWidget2::doSetFocusPolicy(FocusPolicy policy) { asQWidget()->setFocusPolicy(VX2Qt(policy)); }
+FocusPolicy QtWidget2::doGetFocusPolicy() { return Qt2VX(asQWidget()->focusPolicy()); }
 
 void QtWidget2::doSetFocusProxy(VXWidget2* proxy)
 {
@@ -293,15 +256,8 @@ VXWidget2* QtWidget2::doGetFocusProxy()
     return abstractObjectOf<VXWidget2>(asQWidget()->focusProxy());
 }
 
-void QtWidget2::doSetMouseTracking(bool tracking)
-{
-    asQWidget()->setMouseTracking(tracking);
-}
-
-bool QtWidget2::doHasMouseTracking()
-{
-    return asQWidget()->hasMouseTracking();
-}
+void QtWidget2::doSetMouseTracking(bool tracking) { asQWidget()->setMouseTracking(tracking); }
+bool QtWidget2::doHasMouseTracking() { return asQWidget()->hasMouseTracking(); }
 
 void QtWidget2::doSetTouchEnabled(bool enabled)
 {
@@ -312,20 +268,9 @@ void QtWidget2::doSetTouchEnabled(bool enabled)
         disableGestureEvents();
 }
 
-bool QtWidget2::doIsTouchEnabled()
-{
-    return asQWidget()->testAttribute(Qt::WA_AcceptTouchEvents);
-}
-
-void QtWidget2::doSetAcceptDrops(bool accept)
-{
-    asQWidget()->setAcceptDrops(accept);
-}
-
-bool QtWidget2::doCanAcceptDrops()
-{
-    return asQWidget()->acceptDrops();
-}
+bool QtWidget2::doIsTouchEnabled() { return asQWidget()->testAttribute(Qt::WA_AcceptTouchEvents); }
+void QtWidget2::doSetAcceptDrops(bool accept) { asQWidget()->setAcceptDrops(accept); }
+bool QtWidget2::doCanAcceptDrops() { return asQWidget()->acceptDrops(); }
 
 void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
 {
@@ -355,15 +300,8 @@ void QtWidget2::doSetObjectName(const std::string& name)
     asQWidget()->setObjectName(toQString(name));
 }
 
-std::string QtWidget2::doGetObjectName()
-{
-    return toStdString(asQWidget()->objectName());
-}
-
-unsigned long long QtWidget2::doGetWinId()
-{
-    return asQWidget()->winId();
-}
+std::string QtWidget2::doGetObjectName() { return toStdString(asQWidget()->objectName()); }
+unsigned long long QtWidget2::doGetWinId() { return asQWidget()->winId(); }
 
 void QtWidget2::addWidgetAction(QAction* action)
 {

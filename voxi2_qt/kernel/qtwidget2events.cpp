@@ -180,15 +180,8 @@ void QtWidget2::doimTriggerMouseEvent(WidgetEvent type, const VXMouseEvent2& mou
     }
 }
 
-void QtWidget2::doimTriggerMoveEvent(VXPoint<int> position)
-{
-    asQWidget()->move(VX2Qt(position));
-}
-
-void QtWidget2::doimTriggerResizeEvent(Size<int> size)
-{
-    asQWidget()->resize(VX2Qt(size));
-}
+void QtWidget2::doimTriggerMoveEvent(VXPoint<int> position) { asQWidget()->move(VX2Qt(position)); }
+void QtWidget2::doimTriggerResizeEvent(Size<int> size) { asQWidget()->resize(VX2Qt(size)); }
 
 // Drags over the widget ---------------------------------------------------------------------------
 

@@ -38,10 +38,7 @@ void QtWidget2::doMoveTo(VXPoint<int> position)
     keepDelayedBack(WidgetEvent::Move);
 }
 
-VXRect<int> QtWidget2::doGetPosition()
-{
-    return Qt2VX(asQWidget()->geometry());
-}
+VXRect<int> QtWidget2::doGetPosition() { return Qt2VX(asQWidget()->geometry()); }
 
 VXRect<int> QtWidget2::doGetGlobalPosition()
 {
@@ -81,15 +78,8 @@ void QtWidget2::doSetMinimumSize(Size<int> size)
         asQWidget()->setMinimumSize(VX2Qt(size));
 }
 
-Size<int> QtWidget2::doGetMaximumSize()
-{
-    return Qt2VX(asQWidget()->maximumSize());
-}
-
-Size<int> QtWidget2::doGetMinimumSize()
-{
-    return Qt2VX(asQWidget()->minimumSize());
-}
+Size<int> QtWidget2::doGetMaximumSize() { return Qt2VX(asQWidget()->maximumSize()); }
+Size<int> QtWidget2::doGetMinimumSize() { return Qt2VX(asQWidget()->minimumSize()); }
 
 void QtWidget2::doSetFixedSize(Size<int> size)
 {
@@ -119,10 +109,7 @@ VXRect<int> QtWidget2::doGetContentsMargins()
     return toVXMargins(asQWidget()->contentsMargins());
 }
 
-VXRect<int> QtWidget2::doGetContentsRect()
-{
-    return Qt2VX(asQWidget()->contentsRect());
-}
+VXRect<int> QtWidget2::doGetContentsRect() { return Qt2VX(asQWidget()->contentsRect()); }
 
 std::string QtWidget2::doSaveGeometry()
 {

@@ -51,50 +51,25 @@ Color QtWidget2::doGetColor(ColorRole role)
                                          entry.m_role));
 }
 
-void QtWidget2::doSetFont(const VXFont& font)
-{
-    asQWidget()->setFont(VX2Qt(font));
-}
-
-VXFont QtWidget2::doGetFont()
-{
-    return Qt2VX(asQWidget()->font());
-}
+void QtWidget2::doSetFont(const VXFont& font) { asQWidget()->setFont(VX2Qt(font)); }
+VXFont QtWidget2::doGetFont() { return Qt2VX(asQWidget()->font()); }
 
 void QtWidget2::doSetCursor(const Cursor& cursor)
 {
     asQWidget()->setCursor(QtCursorRegistry::toQCursor(cursor));
 }
 
-void QtWidget2::doUnsetCursor()
-{
-    asQWidget()->unsetCursor();
-}
-
-Cursor QtWidget2::doGetCursor()
-{
-    return QtCursorRegistry::toCursor(asQWidget()->cursor());
-}
-
-void QtWidget2::doSetToolTip(const std::string& text)
-{
-    asQWidget()->setToolTip(toQString(text));
-}
+void QtWidget2::doUnsetCursor() { asQWidget()->unsetCursor(); }
+Cursor QtWidget2::doGetCursor() { return QtCursorRegistry::toCursor(asQWidget()->cursor()); }
+void QtWidget2::doSetToolTip(const std::string& text) { asQWidget()->setToolTip(toQString(text)); }
 
 void QtWidget2::doSetToolTipU(const std::wstring& text)
 {
     asQWidget()->setToolTip(toQString(text));
 }
 
-std::string QtWidget2::doGetToolTip()
-{
-    return toStdString(asQWidget()->toolTip());
-}
-
-std::wstring QtWidget2::doGetToolTipU()
-{
-    return toStdWString(asQWidget()->toolTip());
-}
+std::string QtWidget2::doGetToolTip() { return toStdString(asQWidget()->toolTip()); }
+std::wstring QtWidget2::doGetToolTipU() { return toStdWString(asQWidget()->toolTip()); }
 
 void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha)
 {
@@ -105,10 +80,7 @@ void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int 
     asQWidget()->update();
 }
 
-bool QtWidget2::doIsWidgetHighlighted()
-{
-    return m_highlighted;
-}
+bool QtWidget2::doIsWidgetHighlighted() { return m_highlighted; }
 
 void QtWidget2::paintHighlight()
 {

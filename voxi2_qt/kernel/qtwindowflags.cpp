@@ -69,9 +69,6 @@ Qt::WindowStates VX2Qt(VXFlags<WindowState> states) noexcept
     return States.toQtFlags<Qt::WindowStates>(states);
 }
 
-VXFlags<WindowState> Qt2VX(Qt::WindowStates states) noexcept
-{
-    return States.toVxFlags(states);
-}
+VXFlags<WindowState> Qt2VX(Qt::WindowStates states) noexcept { return States.toVxFlags(states); }
 
 } // namespace VOXI

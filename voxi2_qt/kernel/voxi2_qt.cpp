@@ -32,10 +32,7 @@ void forwardRaiseWindow(long long nativeWindow)
 
 } // namespace
 
-bool VOXI::isBackEndGoing() noexcept
-{
-    return s_terminated;
-}
+bool VOXI::isBackEndGoing() noexcept { return s_terminated; }
 
 void initialize_voxi2_qt()
 {

@@ -141,9 +141,6 @@ EventLoopBinding::EventLoopBinding() : m_pump(std::make_unique<Pump>()) {}
 
 EventLoopBinding::~EventLoopBinding() = default;
 
-void EventLoopBinding::endServing()
-{
-    m_pump->endServing();
-}
+void EventLoopBinding::endServing() { m_pump->endServing(); }
 
 } // namespace VOXI

@@ -358,10 +358,7 @@ void Connection::disconnect()
 
 // Listener ----------------------------------------------------------------------------------------
 
-Listener::~Listener()
-{
-    Listener::disconnect();
-}
+Listener::~Listener() { Listener::disconnect(); }
 
 void Listener::disconnect()
 {

@@ -136,15 +136,8 @@ using detail::RegistryEntry;
 
 GuiObject::~GuiObject() = default;
 
-VXObject* GuiObject::getHandle() const
-{
-    return nullptr;
-}
-
-const void* GuiObject::family() const noexcept
-{
-    return nullptr;
-}
+VXObject* GuiObject::getHandle() const { return nullptr; }
+const void* GuiObject::family() const noexcept { return nullptr; }
 
 void GuiObject::scheduleDelete()
 {

@@ -42,10 +42,7 @@ VXObject::VXObject() : m_id(0)
     m_id = ++s_lastId;
 }
 
-VXObject::~VXObject()
-{
-    invalidate();
-}
+VXObject::~VXObject() { invalidate(); }
 
 void VXObject::invalidate()
 {
@@ -67,10 +64,7 @@ bool VXObject::isObjectValid(const VXObject* object)
     return Registry::instance().m_live.contains(object);
 }
 
-bool VXObject::isObjectValid(unsigned id)
-{
-    return objectById(id) != nullptr;
-}
+bool VXObject::isObjectValid(unsigned id) { return objectById(id) != nullptr; }
 
 VXObject* VXObject::objectById(unsigned id)
 {
@@ -89,19 +83,8 @@ void VXObject::forEachObject(const std::function<void(VXObject*)>& function)
     }
 }
 
-VXObject::DetachedScope::DetachedScope()
-{
-    ++t_detachedScopes;
-}
-
-VXObject::DetachedScope::~DetachedScope()
-{
-    --t_detachedScopes;
-}
-
-bool VXObject::DetachedScope::isActive() noexcept
-{
-    return t_detachedScopes > 0;
-}
+VXObject::DetachedScope::DetachedScope() { ++t_detachedScopes; }
+VXObject::DetachedScope::~DetachedScope() { --t_detachedScopes; }
+bool VXObject::DetachedScope::isActive() noexcept { return t_detachedScopes > 0; }
 
 } // namespace VOXI

@@ -5,10 +5,7 @@
 
 namespace VOXI {
 
-Icon Icon::fromFile(std::string path)
-{
-    return fromPixmap(Pixmap::fromFile(std::move(path)));
-}
+Icon Icon::fromFile(std::string path) { return fromPixmap(Pixmap::fromFile(std::move(path))); }
 
 Icon Icon::fromPixmap(const Pixmap& pixmap)
 {

@@ -18,11 +18,7 @@ Path::Path(const std::string& text)
 {}
 
 Path::Path(const std::filesystem::path& path) : m_path(path.generic_u8string()) {}
-
-std::string Path::toString() const
-{
-    return utf8(m_path);
-}
+std::string Path::toString() const { return utf8(m_path); }
 
 std::string Path::toNative() const
 {
@@ -31,20 +27,9 @@ std::string Path::toNative() const
     return {text.begin(), text.end()};
 }
 
-std::string Path::fileName() const
-{
-    return utf8(m_path.filename());
-}
-
-std::string Path::stem() const
-{
-    return utf8(m_path.stem());
-}
-
-std::string Path::extension() const
-{
-    return utf8(m_path.extension());
-}
+std::string Path::fileName() const { return utf8(m_path.filename()); }
+std::string Path::stem() const { return utf8(m_path.stem()); }
+std::string Path::extension() const { return utf8(m_path.extension()); }
 
 bool Path::exists() const noexcept
 {

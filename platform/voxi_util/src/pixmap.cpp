@@ -68,35 +68,12 @@ const Pixmap::Data& Pixmap::shared() const noexcept
     return m_data ? *m_data : none;
 }
 
-bool Pixmap::isRaw() const noexcept
-{
-    return shared().width > 0;
-}
-
-int Pixmap::width() const noexcept
-{
-    return shared().width;
-}
-
-int Pixmap::height() const noexcept
-{
-    return shared().height;
-}
-
-const std::vector<std::uint32_t>& Pixmap::pixels() const noexcept
-{
-    return shared().pixels;
-}
-
-const ByteArray& Pixmap::data() const noexcept
-{
-    return shared().data;
-}
-
-const std::string& Pixmap::path() const noexcept
-{
-    return shared().path;
-}
+bool Pixmap::isRaw() const noexcept { return shared().width > 0; }
+int Pixmap::width() const noexcept { return shared().width; }
+int Pixmap::height() const noexcept { return shared().height; }
+const std::vector<std::uint32_t>& Pixmap::pixels() const noexcept { return shared().pixels; }
+const ByteArray& Pixmap::data() const noexcept { return shared().data; }
+const std::string& Pixmap::path() const noexcept { return shared().path; }
 
 bool operator==(const Pixmap& a, const Pixmap& b) noexcept
 {
@@ -115,15 +92,8 @@ void ImageDecoder::install(std::shared_ptr<ImageDecoder> decoder)
     }
 }
 
-void ImageDecoder::setFileSizeLimit(std::size_t bytes) noexcept
-{
-    s_fileSizeLimit = bytes;
-}
-
-std::size_t ImageDecoder::fileSizeLimit() noexcept
-{
-    return s_fileSizeLimit;
-}
+void ImageDecoder::setFileSizeLimit(std::size_t bytes) noexcept { s_fileSizeLimit = bytes; }
+std::size_t ImageDecoder::fileSizeLimit() noexcept { return s_fileSizeLimit; }
 
 std::shared_ptr<ImageDecoder> ImageDecoder::installed()
 {

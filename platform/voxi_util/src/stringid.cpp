@@ -14,7 +14,6 @@ struct StringID::Entry
 };
 
 StringID::StringID(const std::string& text) : m_entry(text.empty() ? nullptr : intern(text)) {}
-
 StringID::StringID(const char* text) : StringID(text ? std::string(text) : std::string()) {}
 
 const StringID::Entry* StringID::intern(const std::string& text)
@@ -49,9 +48,6 @@ const std::string& StringID::getString() const noexcept
     return m_entry ? m_entry->text : empty;
 }
 
-std::uint64_t StringID::number() const noexcept
-{
-    return m_entry ? m_entry->number : 0;
-}
+std::uint64_t StringID::number() const noexcept { return m_entry ? m_entry->number : 0; }
 
 } // namespace VOXI

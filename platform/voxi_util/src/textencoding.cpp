@@ -14,15 +14,8 @@ constexpr unsigned utf8Bit = 1;
 constexpr unsigned lockedBit = 2;
 std::atomic<unsigned> encodingState{0};
 
-constexpr bool isHighSurrogate(char32_t c)
-{
-    return c >= 0xd800 && c < 0xdc00;
-}
-
-constexpr bool isLowSurrogate(char32_t c)
-{
-    return c >= 0xdc00 && c < 0xe000;
-}
+constexpr bool isHighSurrogate(char32_t c) { return c >= 0xd800 && c < 0xdc00; }
+constexpr bool isLowSurrogate(char32_t c) { return c >= 0xdc00 && c < 0xe000; }
 
 /// Takes the next character; joins a surrogate pair, gives a lone surrogate as it is. Serves
 /// UTF-16 and wide texts alike, since a wide text may hold pairs even where wchar_t has 32 bits.

@@ -16,10 +16,7 @@
 namespace VOXI {
 namespace {
 
-std::string toText(bool value)
-{
-    return value ? "true" : "false";
-}
+std::string toText(bool value) { return value ? "true" : "false"; }
 
 std::optional<bool> parse(const std::string& text, const bool*)
 {

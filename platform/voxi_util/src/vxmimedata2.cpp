@@ -158,25 +158,15 @@ std::wstring VXMimeData2::textOf(StringID format) const
     return TypeInfo::of(*value).convertToUString(*value);
 }
 
-std::wstring VXMimeData2::text() const
-{
-    return textOf(plainFormat());
-}
+std::wstring VXMimeData2::text() const { return textOf(plainFormat()); }
 
 void VXMimeData2::setText(const std::wstring& text)
 {
     setData(plainFormat(), ByteArray(utf8FromWide(text)));
 }
 
-bool VXMimeData2::hasText() const noexcept
-{
-    return hasFormat(plainFormat());
-}
-
-std::wstring VXMimeData2::html() const
-{
-    return textOf(htmlFormat());
-}
+bool VXMimeData2::hasText() const noexcept { return hasFormat(plainFormat()); }
+std::wstring VXMimeData2::html() const { return textOf(htmlFormat()); }
 
 void VXMimeData2::setHtml(const std::wstring& html)
 {
@@ -228,10 +218,7 @@ std::optional<Color> VXMimeData2::color() const
     return colorOf(bytes(colorFormat()));
 }
 
-void VXMimeData2::setColor(Color color)
-{
-    setData(colorFormat(), bytesOf(color));
-}
+void VXMimeData2::setColor(Color color) { setData(colorFormat(), bytesOf(color)); }
 
 bool operator==(const VXMimeData2& a, const VXMimeData2& b)
 {

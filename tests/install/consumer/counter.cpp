@@ -30,10 +30,7 @@ Counter::Counter() : m_window(new VXWindow2)
     m_window->show();
 }
 
-Counter::~Counter()
-{
-    delete m_window;
-}
+Counter::~Counter() { delete m_window; }
 
 bool Counter::isShown() const
 {

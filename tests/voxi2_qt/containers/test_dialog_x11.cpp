@@ -22,10 +22,7 @@
 namespace VOXI {
 namespace {
 
-void press(const char* key)
-{
-    xdotool({QStringLiteral("key"), QLatin1String(key)});
-}
+void press(const char* key) { xdotool({QStringLiteral("key"), QLatin1String(key)}); }
 
 void click(VXWidget2& widget)
 {

@@ -9,10 +9,7 @@ namespace VOXI {
 
 // The pointer -------------------------------------------------------------------------------------
 
-Pointer::Pointer()
-{
-    qApp->installEventFilter(this);
-}
+Pointer::Pointer() { qApp->installEventFilter(this); }
 
 bool Pointer::eventFilter(QObject*, QEvent* event)
 {
@@ -42,10 +39,7 @@ void Pointer::moveAsideTo(QPoint global)
         QCursor::setPos(global);
 }
 
-bool Pointer::isReal()
-{
-    return QGuiApplication::platformName() == QLatin1String("xcb");
-}
+bool Pointer::isReal() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
 
 // The menus ---------------------------------------------------------------------------------------
 

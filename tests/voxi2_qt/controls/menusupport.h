@@ -18,10 +18,7 @@
 
 namespace VOXI {
 
-inline QtMenu2* qt(const VXMenu2& menu)
-{
-    return static_cast<QtMenu2*>(qWidgetOf(lookup(&menu)));
-}
+inline QtMenu2* qt(const VXMenu2& menu) { return static_cast<QtMenu2*>(qWidgetOf(lookup(&menu))); }
 
 inline QAction* qt(const VXAction2& action)
 {

@@ -21,10 +21,7 @@
 namespace VOXI {
 namespace {
 
-QAction* qt(const VXAction2& action)
-{
-    return dynamic_cast<QAction*>(qObjectOf(lookup(&action)));
-}
+QAction* qt(const VXAction2& action) { return dynamic_cast<QAction*>(qObjectOf(lookup(&action))); }
 
 class ToolButton : public testing::Test
 {

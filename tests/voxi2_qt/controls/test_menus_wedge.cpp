@@ -105,10 +105,7 @@ protected:
     }
 };
 
-TEST_P(WedgeByPointer, keeps_the_menu_open_as_well)
-{
-    travel();
-}
+TEST_P(WedgeByPointer, keeps_the_menu_open_as_well) { travel(); }
 
 TEST_P(Wedge, is_released_by_lingering_over_another_entry)
 {
@@ -215,10 +212,7 @@ const auto s_sides =
     testing::Values(Side{"Right", false, Qt::LeftToRight}, Side{"Left", true, Qt::LeftToRight},
                     Side{"RightToLeft", false, Qt::RightToLeft});
 
-std::string nameOf(const testing::TestParamInfo<Side>& test)
-{
-    return test.param.m_name;
-}
+std::string nameOf(const testing::TestParamInfo<Side>& test) { return test.param.m_name; }
 
 INSTANTIATE_TEST_SUITE_P(All, Wedge, s_sides, nameOf);
 INSTANTIATE_TEST_SUITE_P(All, WedgeByPointer, s_sides, nameOf);

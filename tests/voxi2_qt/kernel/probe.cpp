@@ -13,9 +13,6 @@ VXProbe2::VXProbe2(VXObject2* parent, Kind kind)
         new QtPlainProbe2(this, &m_emitters, holder);
 }
 
-VXProbe2::~VXProbe2()
-{
-    retire();
-}
+VXProbe2::~VXProbe2() { retire(); }
 
 } // namespace VOXI

@@ -20,10 +20,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-QtAction2& qt(const VXAction2& action)
-{
-    return dynamic_cast<QtAction2&>(*lookup(&action));
-}
+QtAction2& qt(const VXAction2& action) { return dynamic_cast<QtAction2&>(*lookup(&action)); }
 
 Icon iconOf(std::uint32_t rgba)
 {

@@ -12,10 +12,7 @@
 namespace VOXI {
 namespace {
 
-void press(const char* keys)
-{
-    xdotool({QStringLiteral("key"), QLatin1String(keys)});
-}
+void press(const char* keys) { xdotool({QStringLiteral("key"), QLatin1String(keys)}); }
 
 TEST(Accelerators, pressedOnTheKeyboardTriggerOnce)
 {

@@ -15,10 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-QAction* qt(const VXAction2& action)
-{
-    return dynamic_cast<QAction*>(qObjectOf(lookup(&action)));
-}
+QAction* qt(const VXAction2& action) { return dynamic_cast<QAction*>(qObjectOf(lookup(&action))); }
 
 class ActionGroup : public testing::Test
 {

@@ -158,10 +158,7 @@ TEST_P(Contract, goesWithItsAbstractObject)
     EXPECT_TRUE(m_qt.isNull());
 }
 
-TEST_P(Contract, isWholeWhenItsEndIsTold)
-{
-    EXPECT_TRUE(GetParam().m_endsWhole());
-}
+TEST_P(Contract, isWholeWhenItsEndIsTold) { EXPECT_TRUE(GetParam().m_endsWhole()); }
 
 TEST_P(Contract, goesWhenTheFactoryIsTold)
 {

@@ -17,10 +17,7 @@ struct OnlyHere
     int value = 0;
 };
 
-Pixmap picture()
-{
-    return Pixmap(2, 1, {0xff0000ff, 0x0000ffff});
-}
+Pixmap picture() { return Pixmap(2, 1, {0xff0000ff, 0x0000ffff}); }
 
 /// Data of another program, which is asked for each format by itself.
 class ForeignMimeData : public QMimeData

@@ -46,20 +46,9 @@ void* find(const char* name)
     return library ? dlsym(library, name) : nullptr;
 }
 
-void call(const char* function)
-{
-    reinterpret_cast<void (*)()>(find(function))();
-}
-
-void initialize()
-{
-    call("initialize_voxi2_qt");
-}
-
-void terminate()
-{
-    call("terminate_voxi2_qt");
-}
+void call(const char* function) { reinterpret_cast<void (*)()>(find(function))(); }
+void initialize() { call("initialize_voxi2_qt"); }
+void terminate() { call("terminate_voxi2_qt"); }
 
 template <class Q>
 Q* qt(const VXObject& object)

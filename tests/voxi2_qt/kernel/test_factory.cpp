@@ -20,10 +20,7 @@
 namespace VOXI {
 namespace {
 
-VXFactory2& factory()
-{
-    return *VXFactory2::current();
-}
+VXFactory2& factory() { return *VXFactory2::current(); }
 
 TEST(FactoryCreates, theParentsChildWhereTheParentIsAWidget)
 {

@@ -33,10 +33,7 @@ void runLoop(const std::function<void()>& act)
     loop.exec();
 }
 
-QObject* qtObject(const VXObject2* object)
-{
-    return qObjectOf(lookup(object));
-}
+QObject* qtObject(const VXObject2* object) { return qObjectOf(lookup(object)); }
 
 void click(QWidget* widget, QPoint at = QPoint(5, 5))
 {
@@ -114,10 +111,7 @@ VXObject2* makeDock(VXWidget2* parent, TROV::Listener& listener, const Handler& 
     return dock;
 }
 
-QWidget* widgetOf(QObject* object)
-{
-    return static_cast<QWidget*>(object);
-}
+QWidget* widgetOf(QObject* object) { return static_cast<QWidget*>(object); }
 
 template <class Event, class... Arguments>
 void send(QObject* to, Arguments&&... arguments)

@@ -54,10 +54,7 @@ const Kind s_otherKinds[] = {
     {"drag delegate", &make<VXDragDelegate2>},
 };
 
-QObject* qtObject(const VXObject2* object)
-{
-    return qObjectOf(lookup(object));
-}
+QObject* qtObject(const VXObject2* object) { return qObjectOf(lookup(object)); }
 
 /// Runs `function` on another thread while this one serves its event loop.
 void runElsewhere(const std::function<void()>& function)

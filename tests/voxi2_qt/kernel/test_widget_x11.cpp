@@ -17,10 +17,7 @@
 namespace VOXI {
 namespace {
 
-QString at(VXPoint<int> point)
-{
-    return VOXI::at(QPoint(point.x, point.y));
-}
+QString at(VXPoint<int> point) { return VOXI::at(QPoint(point.x, point.y)); }
 
 /// Two windows, each with a widget that takes the focus.
 class Activation : public testing::Test

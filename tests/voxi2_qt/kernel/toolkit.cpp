@@ -38,10 +38,7 @@ std::unique_ptr<EventLoopBinding>& eventLoopBinding()
     return binding;
 }
 
-void runDeletions()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
+void runDeletions() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 QString spokenName(const VXWidget2& widget)
 {

@@ -18,18 +18,12 @@ namespace VOXI {
 std::unique_ptr<EventLoopBinding>& eventLoopBinding();
 
 /// One turn of the event loop: what was posted is delivered.
-inline void turn()
-{
-    QCoreApplication::processEvents();
-}
+inline void turn() { QCoreApplication::processEvents(); }
 
 /// Runs the deletions that are due.
 void runDeletions();
 
-inline QWidget* qt(const VXWidget2& widget)
-{
-    return qWidgetOf(lookup(&widget));
-}
+inline QWidget* qt(const VXWidget2& widget) { return qWidgetOf(lookup(&widget)); }
 
 inline QtWidget2& peer(const VXWidget2& widget)
 {

@@ -49,80 +49,31 @@ void VXAbstractWindow2::raiseNativeWindow(unsigned long long nativeWindow)
     }
 }
 
-void VXAbstractWindow2::setTitle(const std::string& title)
-{
-    m_emitters.setTitle(title);
-}
-
-void VXAbstractWindow2::setTitle(const std::wstring& title)
-{
-    m_emitters.setTitleU(title);
-}
+void VXAbstractWindow2::setTitle(const std::string& title) { m_emitters.setTitle(title); }
+void VXAbstractWindow2::setTitle(const std::wstring& title) { m_emitters.setTitleU(title); }
 
 void VXAbstractWindow2::setTitle(std::u16string_view title)
 {
     m_emitters.setTitleU(wideFromUtf16(title));
 }
 
-std::string VXAbstractWindow2::title() const
-{
-    return m_emitters.getTitle();
-}
-
-std::wstring VXAbstractWindow2::titleU() const
-{
-    return m_emitters.getTitleU();
-}
-
-void VXAbstractWindow2::setIcon(const Icon& icon)
-{
-    m_emitters.setIcon(icon);
-}
-
-Icon VXAbstractWindow2::icon() const
-{
-    return m_emitters.getIcon();
-}
-
-void VXAbstractWindow2::setWindowFlags(unsigned flags)
-{
-    m_emitters.setWindowFlags(flags);
-}
-
-unsigned VXAbstractWindow2::windowFlags() const
-{
-    return m_emitters.getWindowFlags();
-}
+std::string VXAbstractWindow2::title() const { return m_emitters.getTitle(); }
+std::wstring VXAbstractWindow2::titleU() const { return m_emitters.getTitleU(); }
+void VXAbstractWindow2::setIcon(const Icon& icon) { m_emitters.setIcon(icon); }
+Icon VXAbstractWindow2::icon() const { return m_emitters.getIcon(); }
+void VXAbstractWindow2::setWindowFlags(unsigned flags) { m_emitters.setWindowFlags(flags); }
+unsigned VXAbstractWindow2::windowFlags() const { return m_emitters.getWindowFlags(); }
 
 void VXAbstractWindow2::setWindowState(VXFlags<WindowState> state)
 {
     m_emitters.setWindowState(state);
 }
 
-VXFlags<WindowState> VXAbstractWindow2::windowState() const
-{
-    return m_emitters.getWindowState();
-}
-
-void VXAbstractWindow2::showMinimized()
-{
-    m_emitters.showMinimized();
-}
-
-void VXAbstractWindow2::showMaximized()
-{
-    m_emitters.showMaximized();
-}
-
-void VXAbstractWindow2::showFullScreen()
-{
-    m_emitters.showFullScreen();
-}
-
-void VXAbstractWindow2::showNormal()
-{
-    m_emitters.showNormal();
-}
+VXFlags<WindowState> VXAbstractWindow2::windowState() const { return m_emitters.getWindowState(); }
+void VXAbstractWindow2::showMinimized() { m_emitters.showMinimized(); }
+void VXAbstractWindow2::showMaximized() { m_emitters.showMaximized(); }
+void VXAbstractWindow2::showFullScreen() { m_emitters.showFullScreen(); }
+void VXAbstractWindow2::showNormal() { m_emitters.showNormal(); }
 
 bool VXAbstractWindow2::isMinimized() const
 {
@@ -139,29 +90,15 @@ bool VXAbstractWindow2::isFullScreen() const
     return windowState().testFlag(WindowState::FullScreen);
 }
 
-std::string VXAbstractWindow2::saveGeometry() const
-{
-    return m_emitters.saveWindowGeometry();
-}
+std::string VXAbstractWindow2::saveGeometry() const { return m_emitters.saveWindowGeometry(); }
 
 bool VXAbstractWindow2::restoreGeometry(const std::string& geometry)
 {
     return m_emitters.restoreWindowGeometry(geometry);
 }
 
-void VXAbstractWindow2::setModified(bool modified)
-{
-    m_emitters.setModified(modified);
-}
-
-bool VXAbstractWindow2::isModified() const
-{
-    return m_emitters.isModified();
-}
-
-bool VXAbstractWindow2::close()
-{
-    return m_emitters.close();
-}
+void VXAbstractWindow2::setModified(bool modified) { m_emitters.setModified(modified); }
+bool VXAbstractWindow2::isModified() const { return m_emitters.isModified(); }
+bool VXAbstractWindow2::close() { return m_emitters.close(); }
 
 } // namespace VOXI

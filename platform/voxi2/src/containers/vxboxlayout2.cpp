@@ -9,10 +9,7 @@ VXBoxLayout2::VXBoxLayout2(VXObject2* parent, Direction direction)
     createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, parent, direction);
 }
 
-VXBoxLayout2::~VXBoxLayout2()
-{
-    retire();
-}
+VXBoxLayout2::~VXBoxLayout2() { retire(); }
 
 void VXBoxLayout2::addWidget(VXObject* widget, int stretch, Alignment alignment)
 {

@@ -10,29 +10,10 @@ VXDialog2::VXDialog2(VXObject2* parent)
     createPeer(&VXFactory2::createDialog2, this, &m_emitters, parent, 0u);
 }
 
-VXDialog2::~VXDialog2()
-{
-    retire();
-}
-
-void VXDialog2::setDefaultButton(VXButton2* button)
-{
-    m_emitters.setDefaultButton(button);
-}
-
-VXButton2* VXDialog2::defaultButton() const
-{
-    return m_emitters.getDefaultButton();
-}
-
-void VXDialog2::setSizeGripEnabled(bool enabled)
-{
-    m_emitters.setSizeGripEnabled(enabled);
-}
-
-bool VXDialog2::isSizeGripEnabled() const
-{
-    return m_emitters.isSizeGripEnabled();
-}
+VXDialog2::~VXDialog2() { retire(); }
+void VXDialog2::setDefaultButton(VXButton2* button) { m_emitters.setDefaultButton(button); }
+VXButton2* VXDialog2::defaultButton() const { return m_emitters.getDefaultButton(); }
+void VXDialog2::setSizeGripEnabled(bool enabled) { m_emitters.setSizeGripEnabled(enabled); }
+bool VXDialog2::isSizeGripEnabled() const { return m_emitters.isSizeGripEnabled(); }
 
 } // namespace VOXI

@@ -12,100 +12,30 @@ VXDockWidget2::VXDockWidget2(VXObject2* parent)
     createPeer(&VXFactory2::createDockWidget2, this, &m_emitters, parent);
 }
 
-VXDockWidget2::~VXDockWidget2()
-{
-    retire();
-}
-
-void VXDockWidget2::setWidget(VXWidget2* widget)
-{
-    m_emitters.setWidget(widget);
-}
-
-VXWidget2* VXDockWidget2::widget() const
-{
-    return m_emitters.getWidget();
-}
-
-void VXDockWidget2::setTitleBarWidget(VXWidget2* widget)
-{
-    m_emitters.setTitleBarWidget(widget);
-}
-
-VXWidget2* VXDockWidget2::titleBarWidget() const
-{
-    return m_emitters.getTitleBarWidget();
-}
-
-void VXDockWidget2::setTitle(const std::string& title)
-{
-    m_emitters.setTitle(title);
-}
-
-void VXDockWidget2::setTitle(const std::wstring& title)
-{
-    m_emitters.setTitleU(title);
-}
+VXDockWidget2::~VXDockWidget2() { retire(); }
+void VXDockWidget2::setWidget(VXWidget2* widget) { m_emitters.setWidget(widget); }
+VXWidget2* VXDockWidget2::widget() const { return m_emitters.getWidget(); }
+void VXDockWidget2::setTitleBarWidget(VXWidget2* widget) { m_emitters.setTitleBarWidget(widget); }
+VXWidget2* VXDockWidget2::titleBarWidget() const { return m_emitters.getTitleBarWidget(); }
+void VXDockWidget2::setTitle(const std::string& title) { m_emitters.setTitle(title); }
+void VXDockWidget2::setTitle(const std::wstring& title) { m_emitters.setTitleU(title); }
 
 void VXDockWidget2::setTitle(std::u16string_view title)
 {
     m_emitters.setTitleU(wideFromUtf16(title));
 }
 
-std::string VXDockWidget2::title() const
-{
-    return m_emitters.getTitle();
-}
-
-std::wstring VXDockWidget2::titleU() const
-{
-    return m_emitters.getTitleU();
-}
-
-void VXDockWidget2::setIcon(const Icon& icon)
-{
-    m_emitters.setIcon(icon);
-}
-
-Icon VXDockWidget2::icon() const
-{
-    return m_emitters.getIcon();
-}
-
-void VXDockWidget2::setAllowedAreas(VXFlags<DockArea> areas)
-{
-    m_emitters.setAllowedAreas(areas);
-}
-
-VXFlags<DockArea> VXDockWidget2::allowedAreas() const
-{
-    return m_emitters.getAllowedAreas();
-}
-
-void VXDockWidget2::setFeatures(VXFlags<DockFeature> features)
-{
-    m_emitters.setFeatures(features);
-}
-
-VXFlags<DockFeature> VXDockWidget2::features() const
-{
-    return m_emitters.getFeatures();
-}
-
-void VXDockWidget2::setFloating(bool floating)
-{
-    m_emitters.setFloating(floating);
-}
-
-bool VXDockWidget2::isFloating() const
-{
-    return m_emitters.isFloating();
-}
-
-bool VXDockWidget2::close()
-{
-    return m_emitters.close();
-}
+std::string VXDockWidget2::title() const { return m_emitters.getTitle(); }
+std::wstring VXDockWidget2::titleU() const { return m_emitters.getTitleU(); }
+void VXDockWidget2::setIcon(const Icon& icon) { m_emitters.setIcon(icon); }
+Icon VXDockWidget2::icon() const { return m_emitters.getIcon(); }
+void VXDockWidget2::setAllowedAreas(VXFlags<DockArea> areas) { m_emitters.setAllowedAreas(areas); }
+VXFlags<DockArea> VXDockWidget2::allowedAreas() const { return m_emitters.getAllowedAreas(); }
+void VXDockWidget2::setFeatures(VXFlags<DockFeature> features) { m_emitters.setFeatures(features); }
+VXFlags<DockFeature> VXDockWidget2::features() const { return m_emitters.getFeatures(); }
+void VXDockWidget2::setFloating(bool floating) { m_emitters.setFloating(floating); }
+bool VXDockWidget2::isFloating() const { return m_emitters.isFloating(); }
+bool VXDockWidget2::close() { return m_emitters.close(); }
 
 VXAction2* VXDockWidget2::viewAction()
 {

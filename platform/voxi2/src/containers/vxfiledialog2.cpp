@@ -14,10 +14,7 @@ VXFileDialog2::VXFileDialog2(VXObject2* parent)
     createPeer(&VXFactory2::createFileDialog2, this, &m_emitters, parent, 0u);
 }
 
-VXFileDialog2::~VXFileDialog2()
-{
-    retire();
-}
+VXFileDialog2::~VXFileDialog2() { retire(); }
 
 // Asking at once ----------------------------------------------------------------------------------
 
@@ -104,75 +101,35 @@ VXFileDialog2::Path VXFileDialog2::chooseDirectory(VXObject2* parent, const std:
 
 // Requests ----------------------------------------------------------------------------------------
 
-void VXFileDialog2::setMode(FileDialogMode mode)
-{
-    m_emitters.setMode(mode);
-}
-
-FileDialogMode VXFileDialog2::mode() const
-{
-    return m_emitters.getMode();
-}
-
-void VXFileDialog2::setDirectory(const Path& directory)
-{
-    m_emitters.setDirectory(directory);
-}
-
-VXFileDialog2::Path VXFileDialog2::directory() const
-{
-    return m_emitters.getDirectory();
-}
+void VXFileDialog2::setMode(FileDialogMode mode) { m_emitters.setMode(mode); }
+FileDialogMode VXFileDialog2::mode() const { return m_emitters.getMode(); }
+void VXFileDialog2::setDirectory(const Path& directory) { m_emitters.setDirectory(directory); }
+VXFileDialog2::Path VXFileDialog2::directory() const { return m_emitters.getDirectory(); }
 
 void VXFileDialog2::setFilters(const std::vector<FileFilter>& filters)
 {
     m_emitters.setFilters(filters);
 }
 
-std::vector<FileFilter> VXFileDialog2::filters() const
-{
-    return m_emitters.getFilters();
-}
-
-void VXFileDialog2::setSelectedFilter(int index)
-{
-    m_emitters.setSelectedFilter(index);
-}
-
-int VXFileDialog2::selectedFilter() const
-{
-    return m_emitters.getSelectedFilter();
-}
+std::vector<FileFilter> VXFileDialog2::filters() const { return m_emitters.getFilters(); }
+void VXFileDialog2::setSelectedFilter(int index) { m_emitters.setSelectedFilter(index); }
+int VXFileDialog2::selectedFilter() const { return m_emitters.getSelectedFilter(); }
 
 void VXFileDialog2::setDefaultSuffix(const std::wstring& suffix)
 {
     m_emitters.setDefaultSuffix(suffix);
 }
 
-std::wstring VXFileDialog2::defaultSuffix() const
-{
-    return m_emitters.getDefaultSuffix();
-}
-
-void VXFileDialog2::setConfirmOverwrite(bool confirm)
-{
-    m_emitters.setConfirmOverwrite(confirm);
-}
-
-bool VXFileDialog2::confirmsOverwrite() const
-{
-    return m_emitters.confirmsOverwrite();
-}
+std::wstring VXFileDialog2::defaultSuffix() const { return m_emitters.getDefaultSuffix(); }
+void VXFileDialog2::setConfirmOverwrite(bool confirm) { m_emitters.setConfirmOverwrite(confirm); }
+bool VXFileDialog2::confirmsOverwrite() const { return m_emitters.confirmsOverwrite(); }
 
 void VXFileDialog2::setLabel(FileDialogLabel label, const std::wstring& text)
 {
     m_emitters.setLabel(label, text);
 }
 
-void VXFileDialog2::selectFile(const Path& file)
-{
-    m_emitters.selectFile(file);
-}
+void VXFileDialog2::selectFile(const Path& file) { m_emitters.selectFile(file); }
 
 std::vector<VXFileDialog2::Path> VXFileDialog2::selectedFiles() const
 {

@@ -10,9 +10,6 @@ VXFlowLayout2::VXFlowLayout2(VXObject2* parent, Direction direction)
     createPeer(&VXFactory2::createFlowLayout2, this, &m_emitters, parent, direction);
 }
 
-VXFlowLayout2::~VXFlowLayout2()
-{
-    retire();
-}
+VXFlowLayout2::~VXFlowLayout2() { retire(); }
 
 } // namespace VOXI

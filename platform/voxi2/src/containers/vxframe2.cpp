@@ -7,49 +7,19 @@ VXFrame2::VXFrame2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2:
     createPeer(&VXFactory2::createFrame2, this, &m_emitters, parent);
 }
 
-VXFrame2::~VXFrame2()
-{
-    retire();
-}
-
-void VXFrame2::setShadow(FrameShadow shadow)
-{
-    m_emitters.setShadow(shadow);
-}
-
-FrameShadow VXFrame2::shadow() const
-{
-    return m_emitters.getShadow();
-}
-
-void VXFrame2::setShape(FrameShape shape)
-{
-    m_emitters.setShape(shape);
-}
-
-FrameShape VXFrame2::shape() const
-{
-    return m_emitters.getShape();
-}
-
-void VXFrame2::setLineWidth(int width)
-{
-    m_emitters.setLineWidth(width);
-}
-
-int VXFrame2::lineWidth() const
-{
-    return m_emitters.getLineWidth();
-}
+VXFrame2::~VXFrame2() { retire(); }
+void VXFrame2::setShadow(FrameShadow shadow) { m_emitters.setShadow(shadow); }
+FrameShadow VXFrame2::shadow() const { return m_emitters.getShadow(); }
+void VXFrame2::setShape(FrameShape shape) { m_emitters.setShape(shape); }
+FrameShape VXFrame2::shape() const { return m_emitters.getShape(); }
+void VXFrame2::setLineWidth(int width) { m_emitters.setLineWidth(width); }
+int VXFrame2::lineWidth() const { return m_emitters.getLineWidth(); }
 
 void VXFrame2::setPaintCallback(FramePaintCallback callback)
 {
     m_emitters.setPaintCallback(callback);
 }
 
-FramePaintCallback VXFrame2::paintCallback() const
-{
-    return m_emitters.getPaintCallback();
-}
+FramePaintCallback VXFrame2::paintCallback() const { return m_emitters.getPaintCallback(); }
 
 } // namespace VOXI

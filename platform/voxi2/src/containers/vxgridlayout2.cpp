@@ -9,10 +9,7 @@ VXGridLayout2::VXGridLayout2(VXObject2* parent)
     createPeer(&VXFactory2::createGridLayout2, this, &m_emitters, parent);
 }
 
-VXGridLayout2::~VXGridLayout2()
-{
-    retire();
-}
+VXGridLayout2::~VXGridLayout2() { retire(); }
 
 void VXGridLayout2::addWidget(VXObject* widget, const VXRect<int>& cell, Alignment alignment)
 {
@@ -29,25 +26,15 @@ void VXGridLayout2::addSpacer(const VXRect<int>& cell, const Size<int>& size)
     m_emitters.gridAddSpacer(cell, size);
 }
 
-void VXGridLayout2::setRowStretch(int row, int stretch)
-{
-    m_emitters.setRowStretch(row, stretch);
-}
-
-int VXGridLayout2::rowStretch(int row) const
-{
-    return m_emitters.getRowStretch(row);
-}
+void VXGridLayout2::setRowStretch(int row, int stretch) { m_emitters.setRowStretch(row, stretch); }
+int VXGridLayout2::rowStretch(int row) const { return m_emitters.getRowStretch(row); }
 
 void VXGridLayout2::setColStretch(int column, int stretch)
 {
     m_emitters.setColStretch(column, stretch);
 }
 
-int VXGridLayout2::colStretch(int column) const
-{
-    return m_emitters.getColStretch(column);
-}
+int VXGridLayout2::colStretch(int column) const { return m_emitters.getColStretch(column); }
 
 void VXGridLayout2::setStretchFactors(const std::vector<int>& rows, const std::vector<int>& columns)
 {

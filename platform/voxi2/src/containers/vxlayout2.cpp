@@ -3,11 +3,7 @@
 namespace VOXI {
 
 VXLayout2::VXLayout2(VXObject2* parent) : VXObject2(parent), m_emitters(VXObject2::m_emitters) {}
-
-VXLayout2::~VXLayout2()
-{
-    retire();
-}
+VXLayout2::~VXLayout2() { retire(); }
 
 void VXLayout2::setParent(VXObject2* parent)
 {
@@ -20,54 +16,20 @@ void VXLayout2::addWidget(VXObject* widget, Alignment alignment)
     m_emitters.addWidget(widget, alignment);
 }
 
-void VXLayout2::removeWidget(VXObject* widget)
-{
-    m_emitters.removeWidget(widget);
-}
+void VXLayout2::removeWidget(VXObject* widget) { m_emitters.removeWidget(widget); }
 
 void VXLayout2::addSpacer(const Size<int>& size, bool expanding)
 {
     m_emitters.addSpacer(size, expanding ? 1 : 0);
 }
 
-void VXLayout2::setMargins(const VXRect<int>& margins)
-{
-    m_emitters.setMargins(margins);
-}
-
-VXRect<int> VXLayout2::margins() const
-{
-    return m_emitters.getMargins();
-}
-
-void VXLayout2::setSpacing(int spacing)
-{
-    m_emitters.setSpacing(spacing);
-}
-
-int VXLayout2::spacing() const
-{
-    return m_emitters.getSpacing();
-}
-
-void VXLayout2::setEnabled(bool enabled)
-{
-    m_emitters.setEnabled(enabled);
-}
-
-bool VXLayout2::isEnabled() const
-{
-    return m_emitters.isEnabled();
-}
-
-void VXLayout2::refresh()
-{
-    m_emitters.refresh();
-}
-
-void VXLayout2::invalidate()
-{
-    m_emitters.invalidate();
-}
+void VXLayout2::setMargins(const VXRect<int>& margins) { m_emitters.setMargins(margins); }
+VXRect<int> VXLayout2::margins() const { return m_emitters.getMargins(); }
+void VXLayout2::setSpacing(int spacing) { m_emitters.setSpacing(spacing); }
+int VXLayout2::spacing() const { return m_emitters.getSpacing(); }
+void VXLayout2::setEnabled(bool enabled) { m_emitters.setEnabled(enabled); }
+bool VXLayout2::isEnabled() const { return m_emitters.isEnabled(); }
+void VXLayout2::refresh() { m_emitters.refresh(); }
+void VXLayout2::invalidate() { m_emitters.invalidate(); }
 
 } // namespace VOXI

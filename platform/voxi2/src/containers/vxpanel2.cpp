@@ -7,9 +7,6 @@ VXPanel2::VXPanel2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2:
     createPeer(&VXFactory2::createPanel2, this, &m_emitters, parent);
 }
 
-VXPanel2::~VXPanel2()
-{
-    retire();
-}
+VXPanel2::~VXPanel2() { retire(); }
 
 } // namespace VOXI

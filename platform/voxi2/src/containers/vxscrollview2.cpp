@@ -9,30 +9,11 @@ VXScrollView2::VXScrollView2(VXObject2* parent)
     createPeer(&VXFactory2::createScrollView2, this, &m_emitters, parent);
 }
 
-VXScrollView2::~VXScrollView2()
-{
-    retire();
-}
-
-void VXScrollView2::setWidget(VXWidget2* widget)
-{
-    m_emitters.setWidget(widget);
-}
-
-VXWidget2* VXScrollView2::widget() const
-{
-    return m_emitters.getWidget();
-}
-
-void VXScrollView2::setWidgetResizable(bool resizable)
-{
-    m_emitters.setWidgetResizable(resizable);
-}
-
-bool VXScrollView2::isWidgetResizable() const
-{
-    return m_emitters.isWidgetResizable();
-}
+VXScrollView2::~VXScrollView2() { retire(); }
+void VXScrollView2::setWidget(VXWidget2* widget) { m_emitters.setWidget(widget); }
+VXWidget2* VXScrollView2::widget() const { return m_emitters.getWidget(); }
+void VXScrollView2::setWidgetResizable(bool resizable) { m_emitters.setWidgetResizable(resizable); }
+bool VXScrollView2::isWidgetResizable() const { return m_emitters.isWidgetResizable(); }
 
 void VXScrollView2::ensurePointVisible(const VXPoint<int>& point, int xMargin, int yMargin)
 {
@@ -44,9 +25,6 @@ void VXScrollView2::ensureWidgetVisible(VXWidget2* widget, int xMargin, int yMar
     m_emitters.ensureWidgetVisible(widget, xMargin, yMargin);
 }
 
-void VXScrollView2::scrollBy(const VXPoint<int>& distance)
-{
-    m_emitters.scrollBy(distance);
-}
+void VXScrollView2::scrollBy(const VXPoint<int>& distance) { m_emitters.scrollBy(distance); }
 
 } // namespace VOXI

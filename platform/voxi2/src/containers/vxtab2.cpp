@@ -9,99 +9,29 @@ VXTab2::VXTab2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_e
     createPeer(&VXFactory2::createTab2, this, &m_emitters, parent);
 }
 
-VXTab2::~VXTab2()
-{
-    retire();
-}
-
-void VXTab2::setText(const std::string& text)
-{
-    m_emitters.setText(text);
-}
-
-void VXTab2::setText(const std::wstring& text)
-{
-    m_emitters.setTextU(text);
-}
-
-void VXTab2::setText(std::u16string_view text)
-{
-    m_emitters.setTextU(wideFromUtf16(text));
-}
-
-std::string VXTab2::text() const
-{
-    return m_emitters.getText();
-}
-
-std::wstring VXTab2::textU() const
-{
-    return m_emitters.getTextU();
-}
-
-void VXTab2::setIcon(const Icon& icon)
-{
-    m_emitters.setIcon(icon);
-}
-
-Icon VXTab2::icon() const
-{
-    return m_emitters.getIcon();
-}
-
-void VXTab2::setTabToolTip(const std::string& text)
-{
-    m_emitters.setTabToolTip(text);
-}
-
-void VXTab2::setTabToolTip(const std::wstring& text)
-{
-    m_emitters.setTabToolTipU(text);
-}
+VXTab2::~VXTab2() { retire(); }
+void VXTab2::setText(const std::string& text) { m_emitters.setText(text); }
+void VXTab2::setText(const std::wstring& text) { m_emitters.setTextU(text); }
+void VXTab2::setText(std::u16string_view text) { m_emitters.setTextU(wideFromUtf16(text)); }
+std::string VXTab2::text() const { return m_emitters.getText(); }
+std::wstring VXTab2::textU() const { return m_emitters.getTextU(); }
+void VXTab2::setIcon(const Icon& icon) { m_emitters.setIcon(icon); }
+Icon VXTab2::icon() const { return m_emitters.getIcon(); }
+void VXTab2::setTabToolTip(const std::string& text) { m_emitters.setTabToolTip(text); }
+void VXTab2::setTabToolTip(const std::wstring& text) { m_emitters.setTabToolTipU(text); }
 
 void VXTab2::setTabToolTip(std::u16string_view text)
 {
     m_emitters.setTabToolTipU(wideFromUtf16(text));
 }
 
-std::string VXTab2::tabToolTip() const
-{
-    return m_emitters.getTabToolTip();
-}
-
-std::wstring VXTab2::tabToolTipU() const
-{
-    return m_emitters.getTabToolTipU();
-}
-
-void VXTab2::setTabEnabled(bool enabled)
-{
-    m_emitters.setTabEnabled(enabled);
-}
-
-bool VXTab2::isTabEnabled() const
-{
-    return m_emitters.isTabEnabled();
-}
-
-void VXTab2::setTextColor(const Color& color)
-{
-    m_emitters.setTextColor(color);
-}
-
-void VXTab2::unsetTextColor()
-{
-    m_emitters.unsetTextColor();
-}
-
-Color VXTab2::textColor() const
-{
-    return m_emitters.getTextColor();
-}
-
-VXTabContainer2* VXTab2::container() const
-{
-    return m_emitters.getContainer();
-}
+std::string VXTab2::tabToolTip() const { return m_emitters.getTabToolTip(); }
+std::wstring VXTab2::tabToolTipU() const { return m_emitters.getTabToolTipU(); }
+void VXTab2::setTabEnabled(bool enabled) { m_emitters.setTabEnabled(enabled); }
+bool VXTab2::isTabEnabled() const { return m_emitters.isTabEnabled(); }
+void VXTab2::setTextColor(const Color& color) { m_emitters.setTextColor(color); }
+void VXTab2::unsetTextColor() { m_emitters.unsetTextColor(); }
+Color VXTab2::textColor() const { return m_emitters.getTextColor(); }
+VXTabContainer2* VXTab2::container() const { return m_emitters.getContainer(); }
 
 } // namespace VOXI

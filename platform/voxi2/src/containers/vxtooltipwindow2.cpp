@@ -18,55 +18,21 @@ VXToolTipWindow2::VXToolTipWindow2(VXObject2* parent)
     createPeer(&VXFactory2::createToolTipWindow2, this, &m_emitters, parent);
 }
 
-VXToolTipWindow2::~VXToolTipWindow2()
-{
-    retire();
-}
-
-void VXToolTipWindow2::setText(const std::string& text)
-{
-    m_emitters.setText(text);
-}
-
-void VXToolTipWindow2::setText(const std::wstring& text)
-{
-    m_emitters.setTextU(text);
-}
+VXToolTipWindow2::~VXToolTipWindow2() { retire(); }
+void VXToolTipWindow2::setText(const std::string& text) { m_emitters.setText(text); }
+void VXToolTipWindow2::setText(const std::wstring& text) { m_emitters.setTextU(text); }
 
 void VXToolTipWindow2::setText(std::u16string_view text)
 {
     m_emitters.setTextU(wideFromUtf16(text));
 }
 
-std::string VXToolTipWindow2::text() const
-{
-    return m_emitters.getText();
-}
-
-std::wstring VXToolTipWindow2::textU() const
-{
-    return m_emitters.getTextU();
-}
-
-void VXToolTipWindow2::setRichText(bool rich)
-{
-    m_emitters.setRichText(rich);
-}
-
-bool VXToolTipWindow2::isRichText() const
-{
-    return m_emitters.isRichText();
-}
-
-void VXToolTipWindow2::setIcon(const Icon& icon)
-{
-    m_emitters.setIcon(icon);
-}
-
-Icon VXToolTipWindow2::icon() const
-{
-    return m_emitters.getIcon();
-}
+std::string VXToolTipWindow2::text() const { return m_emitters.getText(); }
+std::wstring VXToolTipWindow2::textU() const { return m_emitters.getTextU(); }
+void VXToolTipWindow2::setRichText(bool rich) { m_emitters.setRichText(rich); }
+bool VXToolTipWindow2::isRichText() const { return m_emitters.isRichText(); }
+void VXToolTipWindow2::setIcon(const Icon& icon) { m_emitters.setIcon(icon); }
+Icon VXToolTipWindow2::icon() const { return m_emitters.getIcon(); }
 
 void VXToolTipWindow2::setAnchor(VXWidget2* widget, AnchorSide side)
 {
@@ -78,20 +44,9 @@ void VXToolTipWindow2::setAnchor(VXWidget2* widget, const VXRect<int>& part, Anc
     m_emitters.setAnchor(widget, part, side);
 }
 
-VXWidget2* VXToolTipWindow2::anchor() const
-{
-    return m_emitters.getAnchor();
-}
-
-VXRect<int> VXToolTipWindow2::anchorRect() const
-{
-    return m_emitters.getAnchorRect();
-}
-
-AnchorSide VXToolTipWindow2::anchorSide() const
-{
-    return m_emitters.getAnchorSide();
-}
+VXWidget2* VXToolTipWindow2::anchor() const { return m_emitters.getAnchor(); }
+VXRect<int> VXToolTipWindow2::anchorRect() const { return m_emitters.getAnchorRect(); }
+AnchorSide VXToolTipWindow2::anchorSide() const { return m_emitters.getAnchorSide(); }
 
 void VXToolTipWindow2::popup(VXWidget2* anchor, AnchorSide side)
 {
@@ -99,14 +54,7 @@ void VXToolTipWindow2::popup(VXWidget2* anchor, AnchorSide side)
     show();
 }
 
-void VXToolTipWindow2::setTimeout(int milliseconds)
-{
-    m_emitters.setTimeout(milliseconds);
-}
-
-int VXToolTipWindow2::timeout() const
-{
-    return m_emitters.getTimeout();
-}
+void VXToolTipWindow2::setTimeout(int milliseconds) { m_emitters.setTimeout(milliseconds); }
+int VXToolTipWindow2::timeout() const { return m_emitters.getTimeout(); }
 
 } // namespace VOXI

@@ -11,20 +11,9 @@ VXWindow2::VXWindow2(VXObject2* parent)
     createPeer(&VXFactory2::createWindow2, this, &m_emitters, parent);
 }
 
-VXWindow2::~VXWindow2()
-{
-    retire();
-}
-
-void VXWindow2::setCentralWidget(VXWidget2* widget)
-{
-    m_emitters.setCentralWidget(widget);
-}
-
-VXWidget2* VXWindow2::centralWidget() const
-{
-    return m_emitters.getCentralWidget();
-}
+VXWindow2::~VXWindow2() { retire(); }
+void VXWindow2::setCentralWidget(VXWidget2* widget) { m_emitters.setCentralWidget(widget); }
+VXWidget2* VXWindow2::centralWidget() const { return m_emitters.getCentralWidget(); }
 
 void VXWindow2::setSupportsGlobalFocusBlocker(bool supports)
 {
@@ -36,35 +25,12 @@ bool VXWindow2::supportsGlobalFocusBlocker() const
     return m_emitters.getSupportsGlobalFocusBlocker();
 }
 
-void VXWindow2::setMenuBar(VXMenuBar2* bar)
-{
-    m_emitters.setMenuBar(bar);
-}
-
-VXMenuBar2* VXWindow2::menuBar() const
-{
-    return m_emitters.getMenuBar();
-}
-
-void VXWindow2::addToolBar(VXToolBar2* bar, ToolBarArea area)
-{
-    m_emitters.addToolBar(bar, area);
-}
-
-void VXWindow2::removeToolBar(VXToolBar2* bar)
-{
-    m_emitters.removeToolBar(bar);
-}
-
-void VXWindow2::insertToolBarBreak(VXToolBar2* before)
-{
-    m_emitters.insertToolBarBreak(before);
-}
-
-ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const
-{
-    return m_emitters.getToolBarArea(bar);
-}
+void VXWindow2::setMenuBar(VXMenuBar2* bar) { m_emitters.setMenuBar(bar); }
+VXMenuBar2* VXWindow2::menuBar() const { return m_emitters.getMenuBar(); }
+void VXWindow2::addToolBar(VXToolBar2* bar, ToolBarArea area) { m_emitters.addToolBar(bar, area); }
+void VXWindow2::removeToolBar(VXToolBar2* bar) { m_emitters.removeToolBar(bar); }
+void VXWindow2::insertToolBarBreak(VXToolBar2* before) { m_emitters.insertToolBarBreak(before); }
+ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const { return m_emitters.getToolBarArea(bar); }
 
 void VXWindow2::setStatusText(const std::string& text, int timeout)
 {
@@ -81,50 +47,25 @@ void VXWindow2::setStatusText(std::u16string_view text, int timeout)
     m_emitters.setStatusTextU(wideFromUtf16(text), timeout);
 }
 
-std::string VXWindow2::statusText() const
-{
-    return m_emitters.getStatusText();
-}
-
-std::wstring VXWindow2::statusTextU() const
-{
-    return m_emitters.getStatusTextU();
-}
-
-void VXWindow2::setStatusBarVisible(bool visible)
-{
-    m_emitters.setStatusBarVisible(visible);
-}
-
-bool VXWindow2::isStatusBarVisible() const
-{
-    return m_emitters.isStatusBarVisible();
-}
+std::string VXWindow2::statusText() const { return m_emitters.getStatusText(); }
+std::wstring VXWindow2::statusTextU() const { return m_emitters.getStatusTextU(); }
+void VXWindow2::setStatusBarVisible(bool visible) { m_emitters.setStatusBarVisible(visible); }
+bool VXWindow2::isStatusBarVisible() const { return m_emitters.isStatusBarVisible(); }
 
 void VXWindow2::addStatusWidget(VXWidget2* widget, int stretch)
 {
     m_emitters.addStatusWidget(widget, stretch);
 }
 
-void VXWindow2::removeStatusWidget(VXWidget2* widget)
-{
-    m_emitters.removeStatusWidget(widget);
-}
+void VXWindow2::removeStatusWidget(VXWidget2* widget) { m_emitters.removeStatusWidget(widget); }
 
 void VXWindow2::addDockWidget(VXDockWidget2* dock, DockArea area)
 {
     m_emitters.addDockWidget(dock, area);
 }
 
-void VXWindow2::removeDockWidget(VXDockWidget2* dock)
-{
-    m_emitters.removeDockWidget(dock);
-}
-
-DockArea VXWindow2::dockArea(VXDockWidget2* dock) const
-{
-    return m_emitters.getDockArea(dock);
-}
+void VXWindow2::removeDockWidget(VXDockWidget2* dock) { m_emitters.removeDockWidget(dock); }
+DockArea VXWindow2::dockArea(VXDockWidget2* dock) const { return m_emitters.getDockArea(dock); }
 
 void VXWindow2::tabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second)
 {
@@ -137,15 +78,8 @@ void VXWindow2::splitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
     m_emitters.splitDockWidget(first, second, orientation);
 }
 
-void VXWindow2::raiseDockWidget(VXDockWidget2* dock)
-{
-    m_emitters.raiseDockWidget(dock);
-}
-
-std::string VXWindow2::saveLayout() const
-{
-    return m_emitters.saveLayout();
-}
+void VXWindow2::raiseDockWidget(VXDockWidget2* dock) { m_emitters.raiseDockWidget(dock); }
+std::string VXWindow2::saveLayout() const { return m_emitters.saveLayout(); }
 
 bool VXWindow2::restoreLayout(const std::string& layout)
 {

@@ -9,29 +9,10 @@ VXButton2::VXButton2(VXObject2* parent)
     createPeer(&VXFactory2::createButton2, this, &m_emitters, parent);
 }
 
-VXButton2::~VXButton2()
-{
-    retire();
-}
-
-void VXButton2::setDefault(bool isDefault)
-{
-    m_emitters.setDefault(isDefault);
-}
-
-bool VXButton2::isDefault() const
-{
-    return m_emitters.isDefault();
-}
-
-void VXButton2::setFlat(bool flat)
-{
-    m_emitters.setFlat(flat);
-}
-
-bool VXButton2::isFlat() const
-{
-    return m_emitters.isFlat();
-}
+VXButton2::~VXButton2() { retire(); }
+void VXButton2::setDefault(bool isDefault) { m_emitters.setDefault(isDefault); }
+bool VXButton2::isDefault() const { return m_emitters.isDefault(); }
+void VXButton2::setFlat(bool flat) { m_emitters.setFlat(flat); }
+bool VXButton2::isFlat() const { return m_emitters.isFlat(); }
 
 } // namespace VOXI

@@ -9,9 +9,6 @@ VXCheckBox2::VXCheckBox2(VXObject2* parent)
     createPeer(&VXFactory2::createCheckBox2, this, &m_emitters, parent);
 }
 
-VXCheckBox2::~VXCheckBox2()
-{
-    retire();
-}
+VXCheckBox2::~VXCheckBox2() { retire(); }
 
 } // namespace VOXI

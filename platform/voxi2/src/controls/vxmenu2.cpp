@@ -11,17 +11,11 @@ VXMenu2::VXMenu2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m
     createPeer(&VXFactory2::createMenu2, this, &m_emitters, parent);
 }
 
-VXMenu2::~VXMenu2()
-{
-    retire();
-}
+VXMenu2::~VXMenu2() { retire(); }
 
 // Content -----------------------------------------------------------------------------------------
 
-void VXMenu2::addAction(VXAction2* action)
-{
-    m_emitters.addMenuItem(action);
-}
+void VXMenu2::addAction(VXAction2* action) { m_emitters.addMenuItem(action); }
 
 namespace {
 
@@ -46,15 +40,8 @@ VXAction2* appendNew(VXMenu2& menu, const Text& label)
 
 } // namespace
 
-VXAction2* VXMenu2::addAction(const std::string& label)
-{
-    return appendNew(*this, label);
-}
-
-VXAction2* VXMenu2::addAction(const std::wstring& label)
-{
-    return appendNew(*this, label);
-}
+VXAction2* VXMenu2::addAction(const std::string& label) { return appendNew(*this, label); }
+VXAction2* VXMenu2::addAction(const std::wstring& label) { return appendNew(*this, label); }
 
 void VXMenu2::addMenu(const std::string& title, VXMenu2* menu)
 {
@@ -71,25 +58,10 @@ void VXMenu2::addMenu(std::u16string_view title, VXMenu2* menu)
     m_emitters.addSubMenuU(wideFromUtf16(title), menu);
 }
 
-void VXMenu2::addSeparator()
-{
-    m_emitters.addSeparator();
-}
-
-void VXMenu2::removeAction(VXAction2* action)
-{
-    m_emitters.removeMenuItem(action);
-}
-
-void VXMenu2::removeMenu(VXMenu2* menu)
-{
-    m_emitters.removeSubMenu(menu);
-}
-
-void VXMenu2::clear()
-{
-    m_emitters.clear();
-}
+void VXMenu2::addSeparator() { m_emitters.addSeparator(); }
+void VXMenu2::removeAction(VXAction2* action) { m_emitters.removeMenuItem(action); }
+void VXMenu2::removeMenu(VXMenu2* menu) { m_emitters.removeSubMenu(menu); }
+void VXMenu2::clear() { m_emitters.clear(); }
 
 void VXMenu2::destroyItems()
 {
@@ -103,32 +75,14 @@ void VXMenu2::destroyItems()
     }
 }
 
-int VXMenu2::count() const
-{
-    return m_emitters.count();
-}
-
-std::wstring VXMenu2::titleU() const
-{
-    return m_emitters.getTitleU();
-}
-
-void VXMenu2::setActionEnabled(bool enabled)
-{
-    m_emitters.setActionEnabled(enabled);
-}
-
-bool VXMenu2::isActionEnabled() const
-{
-    return m_emitters.isActionEnabled();
-}
+int VXMenu2::count() const { return m_emitters.count(); }
+std::wstring VXMenu2::titleU() const { return m_emitters.getTitleU(); }
+void VXMenu2::setActionEnabled(bool enabled) { m_emitters.setActionEnabled(enabled); }
+bool VXMenu2::isActionEnabled() const { return m_emitters.isActionEnabled(); }
 
 // Opening -----------------------------------------------------------------------------------------
 
-void VXMenu2::popup(double x, double y)
-{
-    m_emitters.popup(x, y);
-}
+void VXMenu2::popup(double x, double y) { m_emitters.popup(x, y); }
 
 void VXMenu2::popup(const VXPoint<int>& globalPosition)
 {
@@ -166,24 +120,9 @@ void VXMenu2::unsetContextMenuOf(VXWidget2* widget)
 
 // Filling on demand -------------------------------------------------------------------------------
 
-void VXMenu2::setDigMenu(bool dig)
-{
-    m_emitters.setIsDigMenu(dig);
-}
-
-bool VXMenu2::isDigMenu() const
-{
-    return m_emitters.isDigMenu();
-}
-
-void VXMenu2::digComplete(VXMenu2* parent)
-{
-    m_emitters.digAccessComplete(parent);
-}
-
-void VXMenu2::digFailed()
-{
-    m_emitters.digAccessFailed();
-}
+void VXMenu2::setDigMenu(bool dig) { m_emitters.setIsDigMenu(dig); }
+bool VXMenu2::isDigMenu() const { return m_emitters.isDigMenu(); }
+void VXMenu2::digComplete(VXMenu2* parent) { m_emitters.digAccessComplete(parent); }
+void VXMenu2::digFailed() { m_emitters.digAccessFailed(); }
 
 } // namespace VOXI

@@ -9,9 +9,6 @@ VXRadioButton2::VXRadioButton2(VXObject2* parent)
     createPeer(&VXFactory2::createRadioButton2, this, &m_emitters, parent);
 }
 
-VXRadioButton2::~VXRadioButton2()
-{
-    retire();
-}
+VXRadioButton2::~VXRadioButton2() { retire(); }
 
 } // namespace VOXI

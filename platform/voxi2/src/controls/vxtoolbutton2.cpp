@@ -9,69 +9,23 @@ VXToolButton2::VXToolButton2(VXObject2* parent)
     createPeer(&VXFactory2::createToolButton2, this, &m_emitters, parent);
 }
 
-VXToolButton2::~VXToolButton2()
-{
-    retire();
-}
-
-void VXToolButton2::setMenu(VXMenu2* menu)
-{
-    m_emitters.setMenu(menu);
-}
-
-VXMenu2* VXToolButton2::menu() const
-{
-    return m_emitters.getMenu();
-}
-
-void VXToolButton2::clearMenu()
-{
-    m_emitters.clearMenu();
-}
-
-void VXToolButton2::setDefaultAction(VXAction2* action)
-{
-    m_emitters.setDefaultAction(action);
-}
-
-VXAction2* VXToolButton2::defaultAction() const
-{
-    return m_emitters.getDefaultAction();
-}
-
-void VXToolButton2::clearDefaultAction()
-{
-    m_emitters.clearDefaultAction();
-}
-
-void VXToolButton2::setPopupMode(ToolButtonPopupMode mode)
-{
-    m_emitters.setPopupMode(mode);
-}
-
-ToolButtonPopupMode VXToolButton2::popupMode() const
-{
-    return m_emitters.getPopupMode();
-}
+VXToolButton2::~VXToolButton2() { retire(); }
+void VXToolButton2::setMenu(VXMenu2* menu) { m_emitters.setMenu(menu); }
+VXMenu2* VXToolButton2::menu() const { return m_emitters.getMenu(); }
+void VXToolButton2::clearMenu() { m_emitters.clearMenu(); }
+void VXToolButton2::setDefaultAction(VXAction2* action) { m_emitters.setDefaultAction(action); }
+VXAction2* VXToolButton2::defaultAction() const { return m_emitters.getDefaultAction(); }
+void VXToolButton2::clearDefaultAction() { m_emitters.clearDefaultAction(); }
+void VXToolButton2::setPopupMode(ToolButtonPopupMode mode) { m_emitters.setPopupMode(mode); }
+ToolButtonPopupMode VXToolButton2::popupMode() const { return m_emitters.getPopupMode(); }
 
 void VXToolButton2::setToolButtonStyle(ToolButtonStyle style)
 {
     m_emitters.setToolButtonStyle(style);
 }
 
-ToolButtonStyle VXToolButton2::toolButtonStyle() const
-{
-    return m_emitters.getToolButtonStyle();
-}
-
-void VXToolButton2::setAutoRaise(bool autoRaise)
-{
-    m_emitters.setAutoRaise(autoRaise);
-}
-
-bool VXToolButton2::isAutoRaise() const
-{
-    return m_emitters.isAutoRaise();
-}
+ToolButtonStyle VXToolButton2::toolButtonStyle() const { return m_emitters.getToolButtonStyle(); }
+void VXToolButton2::setAutoRaise(bool autoRaise) { m_emitters.setAutoRaise(autoRaise); }
+bool VXToolButton2::isAutoRaise() const { return m_emitters.isAutoRaise(); }
 
 } // namespace VOXI

@@ -35,25 +35,10 @@ void VXClipboard2::initImpl(StringID key)
         s_clipboard = new VXClipboard2(*factory);
 }
 
-VXClipboard2* VXClipboard2::instance()
-{
-    return s_clipboard.load(std::memory_order_acquire);
-}
-
-void VXClipboard2::setMimeData(const VXMimeData2& data)
-{
-    m_emitters.setMimeData(data);
-}
-
-void VXClipboard2::clear()
-{
-    m_emitters.clear();
-}
-
-void VXClipboard2::sync(unsigned change)
-{
-    m_emitters.sync(change);
-}
+VXClipboard2* VXClipboard2::instance() { return s_clipboard.load(std::memory_order_acquire); }
+void VXClipboard2::setMimeData(const VXMimeData2& data) { m_emitters.setMimeData(data); }
+void VXClipboard2::clear() { m_emitters.clear(); }
+void VXClipboard2::sync(unsigned change) { m_emitters.sync(change); }
 
 any VXClipboard2::retrieveData(const StringID& format) const
 {

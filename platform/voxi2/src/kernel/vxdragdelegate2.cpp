@@ -9,9 +9,6 @@ VXDragDelegate2::VXDragDelegate2(VXObject2* parent)
     createPeer(&VXFactory2::createDragDelegate2, this, &m_emitters);
 }
 
-VXDragDelegate2::~VXDragDelegate2()
-{
-    retire();
-}
+VXDragDelegate2::~VXDragDelegate2() { retire(); }
 
 } // namespace VOXI

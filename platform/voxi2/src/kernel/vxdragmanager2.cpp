@@ -35,24 +35,9 @@ void VXDragManager2::createImpl(StringID key)
         s_manager = new VXDragManager2(*factory);
 }
 
-VXDragManager2* VXDragManager2::instance()
-{
-    return s_manager.load(std::memory_order_acquire);
-}
-
-void VXDragManager2::startDrag(const VXDrag2& drag)
-{
-    m_emitters.startDrag(drag);
-}
-
-void VXDragManager2::cancelDrag()
-{
-    m_emitters.cancelDrag();
-}
-
-bool VXDragManager2::isDragging() const
-{
-    return m_emitters.isDragging();
-}
+VXDragManager2* VXDragManager2::instance() { return s_manager.load(std::memory_order_acquire); }
+void VXDragManager2::startDrag(const VXDrag2& drag) { m_emitters.startDrag(drag); }
+void VXDragManager2::cancelDrag() { m_emitters.cancelDrag(); }
+bool VXDragManager2::isDragging() const { return m_emitters.isDragging(); }
 
 } // namespace VOXI

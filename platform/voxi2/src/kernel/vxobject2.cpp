@@ -5,10 +5,7 @@
 
 namespace VOXI {
 
-VXObject2::~VXObject2()
-{
-    retire();
-}
+VXObject2::~VXObject2() { retire(); }
 
 void VXObject2::releasePeer()
 {
@@ -121,10 +118,7 @@ std::vector<VXObject2*> VXObject2::children(bool recursive) const
     return result;
 }
 
-VXObject* VXObject2::peerParent() const
-{
-    return m_emitters.getParent();
-}
+VXObject* VXObject2::peerParent() const { return m_emitters.getParent(); }
 
 std::vector<VXObject*> VXObject2::peerChildren(bool recursive) const
 {

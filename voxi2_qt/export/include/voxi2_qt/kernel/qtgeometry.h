@@ -16,25 +16,15 @@ namespace VOXI {
 /// it makes of some stay numbers. What goes to Qt is kept within it.
 inline constexpr int Farthest = (1 << 24) - 1;
 
-inline constexpr int bounded(int value) noexcept
-{
-    return std::clamp(value, -Farthest, Farthest);
-}
+inline constexpr int bounded(int value) noexcept { return std::clamp(value, -Farthest, Farthest); }
 
 inline constexpr QPoint VX2Qt(const VXPoint<int>& point) noexcept
 {
     return {bounded(point.x), bounded(point.y)};
 }
 
-inline constexpr VXPoint<int> Qt2VX(const QPoint& point) noexcept
-{
-    return {point.x(), point.y()};
-}
-
-inline constexpr QPointF VX2Qt(const VXPoint<double>& point) noexcept
-{
-    return {point.x, point.y};
-}
+inline constexpr VXPoint<int> Qt2VX(const QPoint& point) noexcept { return {point.x(), point.y()}; }
+inline constexpr QPointF VX2Qt(const VXPoint<double>& point) noexcept { return {point.x, point.y}; }
 
 inline constexpr VXPoint<double> Qt2VX(const QPointF& point) noexcept
 {

@@ -25,10 +25,7 @@ inline QString qStringFromNarrow(std::string_view text)
 
 /// Reads an 8-bit text in the process's encoding (Latin-1 or UTF-8). NUL characters pass through;
 /// in UTF-8 each ill-formed sequence becomes one U+FFFD.
-inline QString toQString(const std::string& text)
-{
-    return Detail::qStringFromNarrow(text);
-}
+inline QString toQString(const std::string& text) { return Detail::qStringFromNarrow(text); }
 
 /// The same, where the text ends at its first NUL.
 inline QString toQStringUpToNul(const std::string& text)
