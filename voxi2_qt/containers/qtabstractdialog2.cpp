@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtabstractdialog2.h"
 
 #include "voxi2/controls/vxabstractbutton2.h"
+#include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 #include "voxi_util/scopedflagtoggler.h"
 
@@ -27,7 +28,7 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::done, &P::doDone>(),
     TROV::row<&E::setButtonResult, &P::doSetButtonResult>(),
     TROV::row<&E::unsetButtonResult, &P::doUnsetButtonResult>(),
-    TROV::row<&E::exec, &P::doExec>(),
+    TROV::row<&E::exec, &P::doExec, RunsLoop>(),
     TROV::row<&E::isModal, &P::doIsModal>(),
     TROV::row<&E::getResult, &P::doGetResult>());
 // clang-format on
@@ -124,6 +125,7 @@ void QtAbstractDialog2::doDone(int result)
     const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
     // Not through the virtual function, which is the user's.
     asQDialog()->QDialog::done(result);
+    QtClosingWindow::finish(*asQWidget());
 }
 
 void QtAbstractDialog2::doSetButtonResult(VXAbstractButton2* button, int result)

@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
 #include "qtsavedtext.h"
+#include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
@@ -113,7 +114,14 @@ VXFlags<WindowState> QtAbstractWindow2::doGetWindowState()
 }
 
 bool QtAbstractWindow2::doIsModified() { return asQWidget()->isWindowModified(); }
-bool QtAbstractWindow2::doClose() { return asQWidget()->close(); }
+bool QtAbstractWindow2::doClose()
+{
+    const QPointer<QWidget> self(asQWidget());
+    const bool isClosed = self->close();
+    if (self && isClosed)
+        QtClosingWindow::finish(*self);
+    return isClosed;
+}
 
 std::string QtAbstractWindow2::doSaveWindowGeometry()
 {

@@ -347,7 +347,7 @@ void QtMenu2::slotAboutToShow()
         if (self)
             self->m_isAboutToShow = false;
     });
-    report(m_emitters->aboutToShow, abstractObject<VXMenu2>());
+    ask(m_emitters->aboutToShow, abstractObject<VXMenu2>());
 }
 
 void QtMenu2::slotAboutToHide()

@@ -18,7 +18,7 @@ using P = QtDragManager2;
 
 // clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::startDrag, &P::doStartDrag>(),
+    TROV::row<&E::startDrag, &P::doStartDrag, RunsLoop>(),
     TROV::row<&E::cancelDrag, &P::doCancelDrag>(),
     TROV::row<&E::isDragging, &P::doIsDragging>());
 // clang-format on

@@ -84,9 +84,22 @@ struct Passing
     template <class E>
     void tell(const TROV::Event<void(const E&)>& emitter, const E& event) const
     {
+        m_isAlive = m_peer.catchUp();
+        if (!m_isAlive || !m_peer.canReport(emitter))
+            return;
         const QtHandlerFrame frame(m_peer);
         emitter(event);
         m_isAlive = frame.isAlive();
+    }
+
+    /// The same once Qt has finished what the program has asked for.
+    template <class E>
+    void report(const TROV::Event<void(const E&)>& emitter, const E& event) const
+    {
+        if (QtReportHold::isActive())
+            m_peer.tell(emitter, event);
+        else
+            tell(emitter, event);
     }
 };
 
@@ -98,8 +111,8 @@ void send(const Passing& passing)
 {
     const auto& emitter = passing.emitters().*Field;
     if (emitter.isHeard())
-        passing.tell(emitter, Build(passing.m_target, passing.m_type,
-                                    static_cast<const Q&>(passing.m_event)));
+        passing.report(emitter, Build(passing.m_target, passing.m_type,
+                                      static_cast<const Q&>(passing.m_event)));
 }
 
 /// The same through the throttler; what would be dropped there is not built.

@@ -259,6 +259,7 @@ void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, V
 
 void QtFactory2::destroyObject(unsigned uid)
 {
+    const QtReportHold hold;
     if (QtObject2* peer = qtPeer(lookup(uid)))
         peer->doDestroy();
 }

@@ -3,7 +3,6 @@
 #include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QPointer>
 #include <QWidget>
 
@@ -74,38 +73,6 @@ private:
 QtDeletionHold* QtDeletionHold::s_innermost = nullptr;
 unsigned QtDeletionHold::s_newest = 0;
 bool QtDeletionHold::s_isKeeping = false;
-bool QtDeletionHold::s_isWatching = false;
-
-/// Sees to it that what Qt makes for itself inside the widgets of peers waits, too: the animation
-/// of a pane, the buttons of a tool bar.
-class QtDeletionHold::InnerObjects final : public QObject
-{
-public:
-    explicit InnerObjects(QObject* parent) : QObject(parent) { s_isWatching = true; }
-    ~InnerObjects() override { s_isWatching = false; }
-
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        return event->type() == QEvent::DeferredDelete && s_innermost && isInner(object)
-               && postpones(*object);
-    }
-
-private:
-    static bool isInner(const QObject* object)
-    {
-        if (peerOf(object))
-            return false; // which asks for itself
-        while (object && !peerOf(object))
-            object = object->parent();
-        return object;
-    }
-};
-
-void QtDeletionHold::watchInnerObjects()
-{
-    if (qApp)
-        qApp->installEventFilter(new InnerObjects(qApp));
-}
 
 bool QtDeletionHold::keep(QObject& object)
 {

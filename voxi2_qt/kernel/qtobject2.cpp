@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qtobject2.h"
 
+#include "qtapplicationwatch.h"
 #include "qttakeout.h"
 #include "qttreeend.h"
 
@@ -41,6 +42,7 @@ QtObject2::QtObject2(VXObject2* object, VXObject2Emitters* emitters)
     : m_uid(object ? object->id() : 0),
       m_object(object)
 {
+    watchApplication();
     addObject();
     QtDeletionHold::peerBegins(m_uid);
     if (emitters)

@@ -140,6 +140,15 @@ void QtWidget2::scheduleDelete()
     QtObject2::scheduleDelete();
 }
 
+void leaveFocusOf(const QWidget& goes)
+{
+    for (const QWidget* outer = goes.parentWidget(); outer; outer = outer->parentWidget()) {
+        QWidget* const inner = outer->focusWidget();
+        if (inner && isWithin(&goes, inner))
+            inner->clearFocus();
+    }
+}
+
 void QtWidget2::leave() { takeOutAlone(asQWidget()); }
 
 void QtWidget2::doSetParent(VXObject* parent)

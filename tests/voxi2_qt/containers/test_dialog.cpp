@@ -308,6 +308,29 @@ TEST_F(Dialog, thatIsDestroyedWhileItExecutesWasRejected)
     EXPECT_EQ(dialog->exec(), 4);
 }
 
+TEST_F(Dialog, executesAnewWhenTheUserHasClosedIt)
+{
+    // Qt is not through with the first window yet, and takes the second for closed already.
+    TROV::Listener listener;
+    std::vector<int> results;
+    m_dialog->hidden().connect(&listener, [&] {
+        if (results.size() == 3)
+            return;
+        QTimer::singleShot(0, qtDialog(), [&] {
+            if (results.size() == 2)
+                m_dialog->done(7);
+            else
+                qtDialog()->done(5);
+        });
+        results.push_back(0);
+        results.push_back(m_dialog->exec());
+    });
+    m_dialog->show();
+    qtDialog()->windowHandle()->close();
+    EXPECT_FALSE(m_dialog->isVisible());
+    EXPECT_EQ(results, (std::vector<int>{0, 0, 7, 5}));
+}
+
 TEST_F(Dialog, severalExecuteAndEndInAnyOrder)
 {
     VXDialog2 second(m_window);

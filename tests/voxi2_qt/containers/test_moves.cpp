@@ -12,6 +12,7 @@
 #include "voxi2/containers/vxtooltipwindow2.h"
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
+#include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2/controls/vxtoolbar2.h"
 
@@ -143,6 +144,21 @@ TEST_F(Moves, aWindowThatWasChangedOutlivesTheOneItIsPutInto)
     widget.show();
     EXPECT_TRUE(widget.isVisible());
     m_window.setCentralWidget(nullptr);
+}
+
+TEST_F(Moves, aWindowForgetsTheFocusOfAPaneThatBecameAWindow)
+{
+    auto* const pane = new VXWindow2;
+    auto* const child = new VXButton2(pane);
+    m_splitter.addWidget(pane);
+    pane->show();
+    child->show();
+    qt(*child)->setFocus();
+    ASSERT_EQ(qt(m_splitter)->focusWidget(), qt(*child));
+    pane->setWindowFlags(WindowFlagTool);
+    pane->setParent(&m_other);
+    EXPECT_EQ(qt(m_splitter)->focusWidget(), nullptr);
+    delete pane;
 }
 
 TEST_F(Moves, barsGoFromWindowToWindowUnheard)

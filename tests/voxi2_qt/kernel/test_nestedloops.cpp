@@ -2,6 +2,8 @@
 // code on the stack stays until that has returned.
 
 #include "kinds.h"
+#include "support/waitfor.h"
+#include "support/watchdog.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -12,9 +14,12 @@
 #include <QTest>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <ostream>
+#include <string>
 
 namespace VOXI {
 namespace {
@@ -372,6 +377,52 @@ TEST_F(NestedLoop, aHandlerMayThrowBehindIt)
     EXPECT_EQ(told, 1);
     runDeletions();
     EXPECT_FALSE(alive);
+}
+
+TEST_F(NestedLoop, handlersSeeDoneWhatTheProgramAskedFor)
+{
+    // Qt hides what moves, and what is in it; a handler that ran there could put the goal into it.
+    const Watchdog watchdog(std::chrono::seconds(20), "two widgets in each other");
+    VXWindow2 window;
+    auto* const goal = new VXSplitter2(&window);
+    auto* const moved = new VXPanel2(&window);
+    auto* const child = new VXButton2(moved);
+    for (VXWidget2* each : std::initializer_list<VXWidget2*>{goal, moved, child, &window})
+        each->show();
+    TROV::Listener listener;
+    int calls = 0;
+    child->hidden().connect(&listener, [&] {
+        ++calls;
+        EXPECT_EQ(goal->widgetIndex(moved), 0);
+        runLoop([&] { goal->setParent(moved); });
+    });
+    goal->addWidget(moved);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(NestedLoop, theFocusMayGoToAWindowThatEnds)
+{
+    VXWindow2 first;
+    VXWindow2 second;
+    auto* const holder = new VXPanel2(&first);
+    auto* const button = new VXButton2(&first);
+    button->show();
+    first.show();
+    second.show();
+    qt(first)->activateWindow();
+    turn();
+    qt(*button)->setFocus();
+    TROV::Listener listener;
+    std::string calls;
+    button->focusLost().connect(&listener, [&] {
+        calls += "left ";
+        runLoop([&] { second.setParent(holder); }); // its window is no more
+    });
+    button->mousePressed().connect(&listener, [&] { calls += "pressed "; });
+    qt(second)->activateWindow();
+    waitFor([&] { return !calls.empty(); });
+    click(qt(*button));
+    EXPECT_EQ(calls, "left pressed ");
 }
 
 TEST_F(NestedLoop, survivesThatAHostDeletesTheSenderAtOnce)

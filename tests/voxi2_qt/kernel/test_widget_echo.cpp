@@ -325,7 +325,7 @@ TEST_F(Echo, ofRaisingDoesNotHideThatTheUserActivates)
         EXPECT_FALSE(QtGlobalFocusBlocker::instance().isRegistered(qt(palette)));
     }
     qt(palette)->windowHandle()->requestActivate();
-    EXPECT_TRUE(waitFor([&] { return child.hasFocus(); }));
+    EXPECT_TRUE(waitFor([&] { return child.hasFocus() && !gained.isEmpty(); }));
     EXPECT_TRUE(gained.takeOne());
 }
 

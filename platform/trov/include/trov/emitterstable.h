@@ -278,7 +278,8 @@ struct FieldTraits<Request<R(A...)> Table::*>
     template <auto Operation, class Peer, class Scope>
     static R call(Listener* peer, Param<A>... arguments)
     {
-        if constexpr (std::is_void_v<Scope>) {
+        if constexpr (!std::is_base_of_v<EventErrors, Scope>) {
+            [[maybe_unused]] const Scope scope{};
             return (static_cast<Peer*>(peer)->*Operation)(arguments...);
         } else {
             static_assert(std::is_void_v<R>);
@@ -303,6 +304,22 @@ struct OperationTraits<R (Class::*)(A...) const>
 {
     using Peer = Class;
 };
+
+struct NoScope
+{};
+
+/// What a peer class wants around all its operations, if it says so.
+template <class Peer>
+auto servingScope()
+{
+    if constexpr (requires { typename Peer::ServingScope; })
+        return std::type_identity<typename Peer::ServingScope>();
+    else
+        return std::type_identity<NoScope>();
+}
+template <auto Function>
+using ServingScope =
+    typename decltype(servingScope<typename OperationTraits<decltype(Function)>::Peer>())::type;
 
 /// One row of an operations table: a request and the operation that serves it.
 template <class Emitters>
@@ -330,9 +347,10 @@ Row<typename FieldTraits<decltype(Field)>::Emitters> makeRow()
 } // namespace detail
 
 /// A row of an operations table: `TROV::row<&VXThing2Emitters::setSize, &QtThing2::doSetSize>()`.
-/// The operation is called virtually where it is virtual. With a `Scope`, a kind of `EventErrors`,
-/// one stands around each call and rethrows at its end.
-template <auto Field, auto Function, class Scope = void>
+/// The operation is called virtually where it is virtual. A `Scope` stands around each call, one of
+/// the peer class's own `ServingScope` if there is none other; a kind of `EventErrors` rethrows at
+/// its end.
+template <auto Field, auto Function, class Scope = detail::ServingScope<Function>>
 auto row()
 {
     return detail::makeRow<Field, Function, Scope>();

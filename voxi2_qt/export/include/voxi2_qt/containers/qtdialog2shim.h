@@ -17,6 +17,7 @@ class QtDialog2Shim : public QtWidget2Shim<Object, Emitters, QtAbstractDialog2, 
 public:
     void setVisible(bool visible) override
     {
+        const QtReportHold hold; // a handler may execute it anew
         if (visible)
             this->prepareToShow();
         const QPointer<QWidget> self(this->asQWidget());
@@ -30,10 +31,13 @@ public:
 
     void done(int result) override
     {
+        const QtReportHold hold;
         const QPointer<QWidget> self(this->asQWidget());
         Q::done(result);
-        if (self)
-            this->reportEnd(result);
+        if (!self)
+            return;
+        QtClosingWindow::finish(*this);
+        this->reportEnd(result);
     }
 
 protected:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2_qt/kernel/qtreporthold.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QEvent>
@@ -33,8 +34,6 @@ public:
         if (!peer) [[unlikely]]
             return;
         s_innermost = this;
-        if (!s_isWatching) [[unlikely]]
-            watchInnerObjects();
     }
     ~QtDeletionHold()
     {
@@ -50,6 +49,8 @@ public:
 
     /// False for null, and once the peer was deleted at once all the same, as by a Qt parent.
     bool isAlive() const noexcept { return m_peer; }
+
+    static bool isActive() noexcept { return s_innermost; }
 
     /// To be asked for each event of a peer's Qt object before it is handled: true for a deferred
     /// deletion that has to wait. It comes again; a widget or action is hidden meanwhile.
@@ -75,9 +76,6 @@ public:
     }
 
 private:
-    class InnerObjects;
-
-    static void watchInnerObjects();
     static bool keep(QObject& object);
     static bool isHeld(unsigned age) noexcept
     {
@@ -89,8 +87,7 @@ private:
 
     static QtDeletionHold* s_innermost;
     static unsigned s_newest;
-    static bool s_isKeeping;  // whether deletions wait
-    static bool s_isWatching; // what Qt has made inside peers
+    static bool s_isKeeping; // whether deletions wait
 
     const QtObject2* m_peer; // null once it has gone
     QtDeletionHold* m_outer;
@@ -163,6 +160,7 @@ private:
     void liftScopes();
     void resumeScopes();
 
+    QtReportHold::Lift m_lift;
     QtProgramScope* m_lifted = nullptr;
 };
 

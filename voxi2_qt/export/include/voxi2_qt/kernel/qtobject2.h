@@ -5,6 +5,7 @@
 #include "voxi/vxobject.h"
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2_qt/kernel/qthandlerframe.h"
+#include "voxi2_qt/kernel/qtreporthold.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QEvent>
@@ -32,6 +33,9 @@ class QtMessage;
 class VOXI2_QT_EXPORT QtObject2 : public TROV::Listener, public GuiObject
 {
 public:
+    /// Around each request but those whose rows say otherwise.
+    using ServingScope = QtReportHold;
+
     ~QtObject2() override;
 
     virtual void vxMessageNotify(VXMessageType type, QtMessage* message);
@@ -75,6 +79,47 @@ public:
     /// is shown or put elsewhere. No echoes.
     virtual void leave();
 
+    /// Whether the abstract object lives and anybody listens to the event. Under the object lock.
+    template <class E>
+    bool canReport(const TROV::Event<void(const E&)>& event) const
+    {
+        return !isDeletionScheduled() && isVXObjectValid() && event.isHeard();
+    }
+
+    /// Sends what `canReport`, once Qt has finished what the program has asked for.
+    template <class E>
+    void tell(const TROV::Event<void(const E&)>& event, E what) const
+    {
+        if (!QtReportHold::isActive()) [[likely]] {
+            if (catchUp() && canReport(event))
+                tellNow(event, what);
+            return;
+        }
+        const auto report = [&event, what = std::move(what)](const QtObject2& peer) {
+            if (peer.canReport(event))
+                peer.tellNow(event, what);
+        };
+        QtReportHold::add(*this, report);
+    }
+
+    /// Tells first what is overdue; false if this has ended by that.
+    bool catchUp() const
+    {
+        if (!QtReportHold::isAnyOverdue()) [[likely]]
+            return true;
+        const QtDeletionHold hold(this);
+        QtReportHold::releaseOverdue();
+        return hold.isAlive();
+    }
+
+    /// The same there and then. The handlers may end anything but what is on the stack.
+    template <class E>
+    void tellNow(const TROV::Event<void(const E&)>& event, const E& what) const
+    {
+        const QtHandlerFrame frame(*this);
+        event(what);
+    }
+
 protected:
     QtObject2(VXObject2* object, VXObject2Emitters* emitters);
 
@@ -91,13 +136,22 @@ protected:
     template <class E, class... Arguments>
     void report(const TROV::Event<void(const E&)>& event, Arguments&&... arguments) const
     {
-        if (isDeletionScheduled() || !mayBeHeard())
+        if (!mayBeHeard())
             return;
         VXObjectDataLocker lock;
-        if (isDeletionScheduled() || !isVXObjectValid() || !event.isHeard())
+        if (canReport(event))
+            tell(event, E(std::forward<Arguments>(arguments)...));
+    }
+
+    /// The same for what has to be answered before Qt goes on: at once, whatever Qt is doing.
+    template <class E, class... Arguments>
+    void ask(const TROV::Event<void(const E&)>& event, Arguments&&... arguments) const
+    {
+        if (!mayBeHeard())
             return;
-        const QtHandlerFrame frame(*this);
-        event(E(std::forward<Arguments>(arguments)...));
+        VXObjectDataLocker lock;
+        if (catchUp() && canReport(event))
+            tellNow(event, E(std::forward<Arguments>(arguments)...));
     }
 
     /// The abstract object as what it was made as; only to be passed on while it is valid.

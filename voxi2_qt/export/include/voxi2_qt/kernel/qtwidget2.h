@@ -199,4 +199,8 @@ private:
     std::optional<QtEventFilter2> m_eventFilter;
 };
 
+/// Has what is around a widget that goes elsewhere forget the focus of what is in it. Qt forgets it
+/// there itself, but not what went into a window's memory before the widget became one of its own.
+VOXI2_QT_EXPORT void leaveFocusOf(const QWidget& goes);
+
 } // namespace VOXI

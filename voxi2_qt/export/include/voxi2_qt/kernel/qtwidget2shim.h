@@ -1,6 +1,6 @@
 #pragma once
 
-#include "voxi2_qt/kernel/qtclosingpopup.h"
+#include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qtdraggesture.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
@@ -23,8 +23,9 @@ class QtFilteredWidget : public Q
 public:
     void setVisible(bool visible) override
     {
+        const QtReportHold hold; // also when the user closes a window
         if (visible) {
-            QtClosingPopup::makeWayFor(*this);
+            QtClosingWindow::makeWayFor(*this);
             dropFormerWindow(); // a splitter shows what it gets before that hears of its parent
         }
         Q::setVisible(visible);
@@ -39,16 +40,14 @@ protected:
     bool event(QEvent* event) override
     {
         switch (event->type()) {
+        case QEvent::ParentAboutToChange:
+            leaveFocusOf(*this);
+            break;
         case QEvent::ParentChange:
             dropFormerWindow();
             break;
-        case QEvent::Close:
-            if (this->windowType() == Qt::Popup) {
-                const QtClosingPopup closing(this);
-                return showToPeer(this, event) || Q::event(event);
-            }
-            break;
         case QEvent::DeferredDelete: {
+            const QtReportHold hold;    // reports would come in the middle of a destruction
             const QtProgramScope scope; // the focus may go on
             return QtDeletionHold::postpones(*this) || Q::event(event);
         }
