@@ -222,11 +222,11 @@ public:
     void expectOrder()
     {
         for (const QPointer<QWidget> window : QApplication::topLevelWidgets()) {
-            if (window && peerOf(window) && window->windowType() != Qt::Popup) {
-                window->show();
-                if (window)
-                    window->resize(900, 900);
-            }
+            if (!window || !peerOf(window) || window->windowType() == Qt::Popup)
+                continue;
+            window->show();
+            if (window && window->isWindow()) // its handlers may have put it somewhere
+                window->resize(900, 900);
         }
         for (int i = 0; i < 3; ++i)
             turn(); // sizes go up the tree and down again
