@@ -2,6 +2,7 @@
 
 #include "trov/emitterstable.h"
 #include "trov/listener.h"
+#include "trov/requestbinding.h"
 
 namespace bench {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trov/emitterstable.h"
+#include "trov/requestbinding.h"
 #include "worker.h"
 
 #include <functional>

@@ -1,4 +1,5 @@
 #include "trov/emitterstable.h"
+#include "trov/requestbinding.h"
 #include "worker.h"
 
 #include <memory>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/watchdog.h"
+#include "trov/requestbinding.h"
 #include "trov/thread.h"
 #include "voxi/guiobject.h"
 #include "voxi/vxbridge.h"

@@ -65,26 +65,32 @@ private:
     const bool m_wasSuspended;
 };
 
-bool Thread::ask(Waiter& waiter)
+void Thread::ask(const void* target, const void* part, detail::FunctionRef<bool()> isWanted,
+                 detail::FunctionRef<void()> function)
 {
     Thread* const self = getCurrentThread();
     if (self == this) {
-        waiter.m_execute(&waiter);
-        return true;
+        function();
+        return;
     }
+    Waiter waiter;
     waiter.m_waiting = self;
+    waiter.m_target = target;
+    waiter.m_part = part;
+    waiter.m_isWanted = isWanted;
+    waiter.m_execute = function;
     const AnswerScope answers(*self);
     bool wake = false;
     {
         std::lock_guard lock(m_queueLock);
         if (!m_accepting.load(std::memory_order_relaxed) || !m_answers)
-            return false;
+            return;
         // Announced first, then looked whether it makes sense; who cuts does it the other way
         // round. So a cut is either seen here, or sees the waiter.
         m_requestsPending.fetch_add(1);
-        if (!waiter.m_isWanted(&waiter)) {
+        if (!isWanted()) {
             m_requestsPending.fetch_sub(1);
-            return false;
+            return;
         }
         auto* record = new (m_incoming.allocate(QuestionSize)) CallRecord;
         record->m_size = QuestionSize;
@@ -102,7 +108,8 @@ bool Thread::ask(Waiter& waiter)
     else
         m_rouser.rouse(); // it may be waiting itself, for us even
     self->wait(waiter, *this);
-    return true;
+    if (waiter.m_error)
+        std::rethrow_exception(waiter.m_error);
 }
 
 void Thread::wait(Waiter& waiter, Thread& asked)
@@ -193,7 +200,7 @@ void Thread::answer(CallRecord* record)
         return;
     endQuestion(waiter);
     try {
-        waiter->m_execute(waiter);
+        waiter->m_execute();
     } catch (...) {
         waiter->m_error = std::current_exception();
     }
@@ -257,7 +264,7 @@ void Thread::releaseWaiters(const void* target)
         std::lock_guard lock(m_queueLock);
         released = takeWaiters([target](Waiter* waiter) {
             return (waiter->m_target == target || waiter->m_part == target)
-                   && !waiter->m_isWanted(waiter);
+                   && !waiter->m_isWanted();
         });
     }
     completeAll(released);

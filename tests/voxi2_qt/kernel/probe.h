@@ -2,6 +2,7 @@
 
 #include "toolkit.h"
 #include "trov/emitterstable.h"
+#include "trov/operations.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 
 #include <QAbstractScrollArea>

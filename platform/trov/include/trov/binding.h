@@ -1,6 +1,6 @@
 #pragma once
 
-#include "trov/connection.h"
+#include "trov/connectionsite.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
 
@@ -13,6 +13,7 @@ class EmitterBase;
 
 namespace detail {
 
+struct OperationsHead;
 struct TableHead;
 
 /// The connections of one emitter of a table, made when the first listener connects.
@@ -60,7 +61,14 @@ struct TROV_EXPORT Binding
     static Thread* nobody() noexcept { return reinterpret_cast<Thread*>(std::uintptr_t{1}); }
 
     /// The thread that the peer is served on; null when there is no peer.
-    Thread* servingThread() const noexcept;
+    Thread* servingThread() const noexcept
+    {
+        Thread* const thread = m_thread.load(std::memory_order_acquire);
+        if (thread != nobody())
+            return thread;
+        const TableSites* const sites = m_sites.load(std::memory_order_acquire);
+        return sites ? sites->m_thread.load(std::memory_order_acquire) : nullptr;
+    }
 
     bool serves(std::uint32_t generation) const noexcept
     {
@@ -90,6 +98,17 @@ struct TROV_EXPORT Binding
 
     static Binding* allocate();
     static void free(Binding* binding) noexcept;
+
+    /// Makes `peer`, on the calling thread, the one that serves, with `operations` for `table`; a
+    /// former one serves no more. Returns the generation that this is.
+    std::uint32_t beginService(Listener* peer, TableHead& table, const OperationsHead* operations);
+
+    /// The operations of one more table, as long as the peer of that generation serves.
+    void addOperations(std::uint32_t generation, TableHead& table,
+                       const OperationsHead* operations);
+
+    /// Ends the service of the peer of that generation, if it still lasts.
+    void endService(std::uint32_t generation) noexcept;
 
     /// Where the emitter's listeners are kept; makes the place when there is none. Of a request it
     /// ends the direct calls, which would pass the listeners by.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trov/functionref.h"
 #include "trov/trov_export.h"
 #include "voxi_util/spinlock.h"
 
@@ -31,8 +32,8 @@ struct TROV_EXPORT Waiter
     Waiter* m_previous = nullptr;
     Waiter* m_next = nullptr;
     std::exception_ptr m_error;
-    void (*m_execute)(Waiter*) = nullptr;  ///< runs on the asked thread; stores the result
-    bool (*m_isWanted)(Waiter*) = nullptr; ///< false once what is asked was cut
+    FunctionRef<void()> m_execute;  ///< runs on the asked thread; stores the result
+    FunctionRef<bool()> m_isWanted; ///< false once what is asked was cut
 };
 
 /// The head of every queued call. The call itself follows it in memory.

@@ -1,61 +1,26 @@
 #pragma once
 
+#include "trov/connectionsite.h"
 #include "trov/listener.h"
 #include "trov/packet.h"
 #include "trov/thread.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
-#include "voxi_util/readwritelock.h"
 
 #include <atomic>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <tuple>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
 namespace TROV {
 
-/// Guards who is connected to whom; held for writing while a connection is made or cut, never while
-/// a listener is called.
-TROV_EXPORT VOXI::ReadWriteLock& GetGlobalConnectionLock();
-
 namespace detail {
-
-/// The connections of one emitter. Emissions walk through the block they find while others publish
-/// new ones; of a published one only the free places at the end are filled, and what is cut leaves
-/// a connection behind that is never connected.
-struct ConnectionBlock
-{
-    std::atomic<std::uint32_t> m_count{0};
-    std::uint32_t m_capacity = 0;
-    std::uint32_t m_connected = 0;        ///< guarded by the global connection lock
-    std::atomic<std::uint32_t> m_pins{0}; ///< emissions too deeply nested for their thread's pins
-    std::atomic<bool> m_retired{false};   ///< replaced; to be freed when no emission is in it
-    ConnectionBlock* m_nextRetired = nullptr;
-
-    std::atomic<Connection*>* items() noexcept
-    {
-        return reinterpret_cast<std::atomic<Connection*>*>(this + 1);
-    }
-    const std::atomic<Connection*>* items() const noexcept
-    {
-        return reinterpret_cast<const std::atomic<Connection*>*>(this + 1);
-    }
-    Connection* at(std::uint32_t i) const noexcept
-    {
-        return items()[i].load(); // in one order with the pins
-    }
-};
-
-/// Where an emitter keeps its connections; null as long as there are none.
-using ConnectionSite = std::atomic<ConnectionBlock*>;
-
 struct SiteWriter;
-
-TROV_EXPORT void collectRetired();
-TROV_EXPORT void cutAllConnections(ConnectionSite& site);
-TROV_EXPORT int numberOfConnections(const ConnectionSite& site) noexcept;
-
-} // namespace detail
+}
 
 /// Emitter, listener, what to call and on which thread. Counted; made by the emitters' `connect`.
 class TROV_EXPORT Connection
@@ -260,6 +225,21 @@ private:
     Function m_function;
 };
 
+/// A member function and its object, as a handler.
+template <class Object, class Member>
+struct MemberHandler
+{
+    Object* m_object;
+    Member m_member;
+
+    template <class... A>
+    requires std::is_invocable_v<const Member&, Object*, A...>
+    decltype(auto) operator()(A&&... arguments) const
+    {
+        return std::invoke(m_member, m_object, std::forward<A>(arguments)...);
+    }
+};
+
 } // namespace detail
 
 template <class R, class... A>
@@ -277,186 +257,4 @@ ConnectionHandle ConnectionImpl<R, A...>::make(detail::ConnectionSite& site, Lis
     return handle;
 }
 
-namespace detail {
-
-/// Keeps the block that an emission walks through alive, and hands it out.
-class Emission
-{
-public:
-    Emission(Thread* thread, ConnectionSite& site)
-        : m_pins(thread->pins()),
-          m_depth(m_pins.m_depth++)
-    {
-        if (m_depth < EmissionPins::Depth) [[likely]] {
-            if (m_depth >= m_pins.m_highWater.load(std::memory_order_relaxed))
-                m_pins.m_highWater.store(m_depth + 1);
-            m_block = site.load(std::memory_order_acquire);
-            for (;;) {
-                // The exchange is a full barrier: whoever retires the block sees the pin, or we
-                // see that the block was replaced.
-                m_pins.m_pins[m_depth].exchange(m_block);
-                ConnectionBlock* now = site.load();
-                if (now == m_block)
-                    break;
-                m_block = now;
-            }
-        } else {
-            m_block = pinSlowly(site);
-        }
-    }
-
-    ~Emission()
-    {
-        // Whoever is the last in a retired block frees it, and with it what was cut meanwhile.
-        const bool retired = m_block && m_block->m_retired.load(std::memory_order_relaxed);
-        --m_pins.m_depth;
-        if (m_depth < EmissionPins::Depth) [[likely]]
-            m_pins.m_pins[m_depth].store(nullptr, std::memory_order_release);
-        else if (m_block)
-            m_block->m_pins.fetch_sub(1, std::memory_order_release);
-        if (retired) [[unlikely]]
-            collectRetired();
-    }
-
-    Emission(const Emission&) = delete;
-    Emission& operator=(const Emission&) = delete;
-
-    const ConnectionBlock* block() const noexcept { return m_block; }
-
-private:
-    TROV_EXPORT static ConnectionBlock* pinSlowly(ConnectionSite& site);
-
-    EmissionPins& m_pins;
-    unsigned m_depth;
-    ConnectionBlock* m_block = nullptr;
-};
-
-/// An emission on its way to a listener on another thread.
-template <class... A>
-struct QueuedEmission
-{
-    ConnectionHandle m_connection;
-    std::tuple<Kept<A>...> m_arguments;
-
-    void deliver()
-    {
-        auto* connection = static_cast<ConnectionImpl<void, A...>*>(m_connection.connection());
-        if (connection->isConnected())
-            std::apply([&](auto&... a) { connection->call(a...); }, m_arguments);
-    }
-};
-
-/// The last one: it cuts its connection, which the emitter has left to it, when it goes.
-template <class... A>
-struct LastEmission : QueuedEmission<A...>
-{
-    LastEmission(Connection* connection, Param<A>... arguments)
-        : QueuedEmission<A...>{ConnectionHandle(connection), {arguments...}}
-    {}
-    LastEmission(LastEmission&&) noexcept = default;
-    ~LastEmission() { this->m_connection.disconnect(); }
-};
-
-/// Calls one listener on its thread; waits for it when there is a result or `wait` is set.
-template <class R, class... A>
-R callElsewhere(ConnectionImpl<R, A...>* connection, bool wait, Param<A>... arguments)
-{
-    if constexpr (std::is_void_v<R>) {
-        if (!wait) {
-            connection->thread()->enqueue(
-                QueuedEmission<A...>{ConnectionHandle(connection), {arguments...}});
-            return;
-        }
-    }
-    return connection->thread()->template callAndWait<R>(
-        connection, nullptr, [&] { return connection->isWanted(); },
-        [&]() -> R {
-            if (!connection->isConnected())
-                return defaultResult<R>();
-            return connection->call(arguments...);
-        });
-}
-
-/// Calls every listener of the site in the order of connecting; the last one's result counts.
-/// Listeners that connect meanwhile are not called, those cut meanwhile are not called any more.
-template <class R, class... A>
-R emitTo(ConnectionSite& site, bool wait, Param<A>... arguments)
-{
-    Thread* const self = Thread::getCurrentThread();
-    const Emission emission(self, site);
-    const ConnectionBlock* block = emission.block();
-    if (!block)
-        return defaultResult<R>();
-    const auto callOne = [&](Connection* item) -> R {
-        auto* connection = static_cast<ConnectionImpl<R, A...>*>(item);
-        if (connection->thread() == self)
-            return connection->call(arguments...);
-        return callElsewhere<R, A...>(connection, wait, arguments...);
-    };
-    // Those that are added meanwhile are not called.
-    const std::uint32_t count = block->m_count.load(std::memory_order_acquire);
-    if constexpr (std::is_void_v<R>) {
-        for (std::uint32_t i = 0; i < count; ++i) {
-            Connection* const connection = block->at(i);
-            if (connection->isConnected())
-                callOne(connection);
-        }
-    } else {
-        R result = R();
-        for (std::uint32_t i = 0; i < count; ++i) {
-            Connection* const connection = block->at(i);
-            if (connection->isConnected())
-                result = callOne(connection);
-        }
-        return result;
-    }
-}
-
-/// The same for an event: what a listener throws is reported, and the next one is called. For the
-/// last time what goes to other threads arrives although the emitter is gone by then.
-template <class... A>
-void reportTo(ConnectionSite& site, bool lastTime, Param<A>... arguments)
-{
-    Thread* const self = Thread::getCurrentThread();
-    const Emission emission(self, site);
-    const ConnectionBlock* block = emission.block();
-    if (!block)
-        return;
-    const std::uint32_t count = block->m_count.load(std::memory_order_acquire);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        auto* connection = static_cast<ConnectionImpl<void, A...>*>(block->at(i));
-        if (!connection->isConnected())
-            continue;
-        try {
-            if (connection->thread() == self)
-                connection->call(arguments...);
-            else if (!lastTime)
-                callElsewhere<void, A...>(connection, false, arguments...);
-            else if (connection->outliveEmitter())
-                connection->thread()->enqueue(LastEmission<A...>(connection, arguments...));
-        } catch (...) {
-            self->reportEventError(std::current_exception());
-        }
-    }
-}
-
-/// Delivers a packet to every listener of the site whose signature it has; returns how many it had.
-TROV_EXPORT int sendPacketTo(ConnectionSite& site, const Packet& packet, SendMode mode, bool wait);
-
-/// A member function and its object, as a handler.
-template <class Object, class Member>
-struct MemberHandler
-{
-    Object* m_object;
-    Member m_member;
-
-    template <class... A>
-    requires std::is_invocable_v<const Member&, Object*, A...>
-    decltype(auto) operator()(A&&... arguments) const
-    {
-        return std::invoke(m_member, m_object, std::forward<A>(arguments)...);
-    }
-};
-
-} // namespace detail
 } // namespace TROV

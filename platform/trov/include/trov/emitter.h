@@ -1,10 +1,14 @@
 #pragma once
 
 #include "trov/connection.h"
+#include "trov/connectionsite.h"
+#include "trov/emission.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
 
+#include <atomic>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 
 namespace TROV {

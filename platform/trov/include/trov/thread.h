@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trov/callqueue.h"
+#include "trov/functionref.h"
 #include "trov/rouser.h"
 #include "trov/trov_export.h"
 #include "trov/types.h"
@@ -10,11 +11,15 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace TROV {
@@ -55,6 +60,9 @@ public:
 
     /// The calling thread; never null.
     static Thread* getCurrentThread() { return s_current ? s_current : attachCurrentThread(); }
+
+    /// Whether the thread is the calling one.
+    static bool isCurrent(const Thread* thread) noexcept { return thread == s_current; }
 
     /// The live thread of that name, or null. Of several the one named last answers.
     static Thread* find(const std::string& name);
@@ -166,19 +174,18 @@ public:
     /// While it waits the calling thread gives up its locks and answers requests addressed to it.
     /// Default results when this thread does not accept calls, or `target` (or `part` of it) is
     /// cut meanwhile, which `isWanted` tells. What `function` throws is thrown here.
-    template <class R, class Wanted, class Function>
-    R callAndWait(const void* target, const void* part, Wanted&& isWanted, Function&& function)
+    template <class R, class Function>
+    R callAndWait(const void* target, const void* part, detail::FunctionRef<bool()> isWanted,
+                  Function&& function)
     {
-        AskedCall<R, std::remove_reference_t<Wanted>, std::remove_reference_t<Function>> call(
-            isWanted, function);
-        call.m_target = target;
-        call.m_part = part;
-        if (!ask(call))
-            return detail::defaultResult<R>();
-        if (call.m_error)
-            std::rethrow_exception(call.m_error);
-        if constexpr (!std::is_void_v<R>)
-            return call.m_result ? std::move(*call.m_result) : R();
+        if constexpr (std::is_void_v<R>) {
+            ask(target, part, isWanted, function);
+        } else {
+            std::optional<R> result;
+            const auto keep = [&] { result.emplace(function()); };
+            ask(target, part, isWanted, keep);
+            return result ? std::move(*result) : R();
+        }
     }
 
     /// Releases every thread that waits for `target` on this thread with a default answer; called
@@ -203,31 +210,6 @@ private:
     friend class EventErrors;
     class WaitScope;
     class AnswerScope;
-
-    struct NoResult
-    {};
-
-    template <class R, class Wanted, class Function>
-    struct AskedCall : detail::Waiter
-    {
-        AskedCall(Wanted& isWanted, Function& function) : m_wanted(isWanted), m_function(function)
-        {
-            m_isWanted = [](Waiter* waiter) -> bool {
-                return static_cast<AskedCall*>(waiter)->m_wanted();
-            };
-            m_execute = [](Waiter* waiter) {
-                auto* self = static_cast<AskedCall*>(waiter);
-                if constexpr (std::is_void_v<R>)
-                    self->m_function();
-                else
-                    self->m_result.emplace(self->m_function());
-            };
-        }
-
-        Wanted& m_wanted;
-        Function& m_function;
-        std::optional<std::conditional_t<std::is_void_v<R>, NoResult, R>> m_result;
-    };
 
     Thread() = default;
     ~Thread() = default;
@@ -265,7 +247,8 @@ private:
         return true;
     }
 
-    bool ask(detail::Waiter& waiter);
+    void ask(const void* target, const void* part, detail::FunctionRef<bool()> isWanted,
+             detail::FunctionRef<void()> function);
     void wait(detail::Waiter& waiter, Thread& asked);
     void answer(detail::CallRecord* record);
     static void complete(detail::Waiter* waiter) noexcept;

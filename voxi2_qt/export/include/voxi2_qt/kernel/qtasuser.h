@@ -1,6 +1,7 @@
 #pragma once
 
-#include "trov/emitterstable.h"
+#include "trov/operations.h"
+#include "trov/thread.h"
 
 #include <QThread>
 

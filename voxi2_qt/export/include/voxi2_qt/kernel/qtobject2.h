@@ -1,6 +1,8 @@
 #pragma once
 
-#include "trov/emitterstable.h"
+#include "trov/event.h"
+#include "trov/operations.h"
+#include "trov/requestbinding.h"
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
 #include "voxi2/kernel/vxobject2.h"
