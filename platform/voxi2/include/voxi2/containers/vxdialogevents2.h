@@ -1,7 +1,8 @@
 #pragma once
 
+#include "voxi2/kernel/vxevent2.h"
+
 #include <filesystem>
-#include <utility>
 #include <vector>
 
 namespace VOXI {
@@ -10,40 +11,24 @@ class VXAbstractDialog2;
 class VXFileDialog2;
 
 /// The user has ended a dialog.
-class VXDialogEvent2
+class VXDialogEvent2 : public VXEvent2<VXAbstractDialog2, int>
 {
 public:
-    VXDialogEvent2(VXAbstractDialog2* dialog, int result) noexcept
-        : m_dialog(dialog),
-          m_result(result)
-    {}
-
-    VXAbstractDialog2* dialog() const noexcept { return m_dialog; }
-    int result() const noexcept { return m_result; }
+    using VXEvent2::VXEvent2;
+    VXAbstractDialog2* dialog() const noexcept { return sender(); }
+    int result() const noexcept { return value(); }
     /// Whether the result is `VXAbstractDialog2::Accepted`.
-    bool isAccepted() const noexcept { return m_result == 1; }
-
-private:
-    VXAbstractDialog2* m_dialog;
-    int m_result;
+    bool isAccepted() const noexcept { return result() == 1; }
 };
 
 /// The user has chosen files.
-class VXFileDialogEvent2
+class VXFileDialogEvent2 : public VXEvent2<VXFileDialog2, std::vector<std::filesystem::path>>
 {
 public:
-    VXFileDialogEvent2(VXFileDialog2* dialog, std::vector<std::filesystem::path> files)
-        : m_dialog(dialog),
-          m_files(std::move(files))
-    {}
-
-    VXFileDialog2* dialog() const noexcept { return m_dialog; }
+    using VXEvent2::VXEvent2;
+    VXFileDialog2* dialog() const noexcept { return sender(); }
     /// Absolute; never empty.
-    const std::vector<std::filesystem::path>& files() const noexcept { return m_files; }
-
-private:
-    VXFileDialog2* m_dialog;
-    std::vector<std::filesystem::path> m_files;
+    const std::vector<std::filesystem::path>& files() const noexcept { return value(); }
 };
 
 } // namespace VOXI

@@ -1,63 +1,40 @@
 #pragma once
 
 #include "voxi2/containers/dockarea.h"
+#include "voxi2/kernel/vxevent2.h"
 
 namespace VOXI {
 
 class VXDockWidget2;
 
 /// A dock widget was torn off its window, or put back.
-class VXDockFloatEvent2
+class VXDockFloatEvent2 : public VXEvent2<VXDockWidget2, bool>
 {
 public:
-    VXDockFloatEvent2(VXDockWidget2* dock, bool floating) noexcept
-        : m_dock(dock),
-          m_floating(floating)
-    {}
-
-    /// Never null. In a handler on another thread than the toolkit's it may be gone.
-    VXDockWidget2* dock() const noexcept { return m_dock; }
+    using VXEvent2::VXEvent2;
+    VXDockWidget2* dock() const noexcept { return sender(); }
     /// Whether it stands alone now.
-    bool isFloating() const noexcept { return m_floating; }
-
-private:
-    VXDockWidget2* m_dock;
-    bool m_floating;
+    bool isFloating() const noexcept { return value(); }
 };
 
 /// A dock widget was put at another side of its window.
-class VXDockAreaEvent2
+class VXDockAreaEvent2 : public VXEvent2<VXDockWidget2, DockArea>
 {
 public:
-    VXDockAreaEvent2(VXDockWidget2* dock, DockArea area) noexcept : m_dock(dock), m_area(area) {}
-
-    /// Never null. In a handler on another thread than the toolkit's it may be gone.
-    VXDockWidget2* dock() const noexcept { return m_dock; }
+    using VXEvent2::VXEvent2;
+    VXDockWidget2* dock() const noexcept { return sender(); }
     /// The new side.
-    DockArea area() const noexcept { return m_area; }
-
-private:
-    VXDockWidget2* m_dock;
-    DockArea m_area;
+    DockArea area() const noexcept { return value(); }
 };
 
 /// A dock widget came into sight or went out of it.
-class VXDockVisibilityEvent2
+class VXDockVisibilityEvent2 : public VXEvent2<VXDockWidget2, bool>
 {
 public:
-    VXDockVisibilityEvent2(VXDockWidget2* dock, bool visible) noexcept
-        : m_dock(dock),
-          m_visible(visible)
-    {}
-
-    /// Never null. In a handler on another thread than the toolkit's it may be gone.
-    VXDockWidget2* dock() const noexcept { return m_dock; }
+    using VXEvent2::VXEvent2;
+    VXDockWidget2* dock() const noexcept { return sender(); }
     /// Whether it can be seen now.
-    bool isVisible() const noexcept { return m_visible; }
-
-private:
-    VXDockWidget2* m_dock;
-    bool m_visible;
+    bool isVisible() const noexcept { return value(); }
 };
 
 } // namespace VOXI

@@ -1,25 +1,19 @@
 #pragma once
 
+#include "voxi2/kernel/vxevent2.h"
+
 namespace VOXI {
 
 class VXTab2;
 class VXTabContainer2;
 
 /// The user did something to a tab.
-class VXTabEvent2
+class VXTabEvent2 : public VXEvent2<VXTabContainer2, VXTab2*>
 {
 public:
-    VXTabEvent2(VXTabContainer2* container, VXTab2* tab) noexcept
-        : m_container(container),
-          m_tab(tab)
-    {}
-
-    VXTabContainer2* container() const noexcept { return m_container; }
-    VXTab2* tab() const noexcept { return m_tab; }
-
-private:
-    VXTabContainer2* m_container;
-    VXTab2* m_tab;
+    using VXEvent2::VXEvent2;
+    VXTabContainer2* container() const noexcept { return sender(); }
+    VXTab2* tab() const noexcept { return value(); }
 };
 
 /// The user dragged a tab to another place.

@@ -1,19 +1,17 @@
 #pragma once
 
+#include "voxi2/kernel/vxevent2.h"
+
 namespace VOXI {
 
 class VXToolTipWindow2;
 
 /// The user did something to a tool-tip window.
-class VXToolTipWindowEvent2
+class VXToolTipWindowEvent2 : public VXEvent2<VXToolTipWindow2>
 {
 public:
-    explicit VXToolTipWindowEvent2(VXToolTipWindow2* window) noexcept : m_window(window) {}
-
-    VXToolTipWindow2* window() const noexcept { return m_window; }
-
-private:
-    VXToolTipWindow2* m_window;
+    using VXEvent2::VXEvent2;
+    VXToolTipWindow2* window() const noexcept { return sender(); }
 };
 
 } // namespace VOXI

@@ -1,20 +1,17 @@
 #pragma once
 
+#include "voxi2/kernel/vxevent2.h"
+
 namespace VOXI {
 
 class VXMenu2;
 
 /// A menu is about to be shown.
-class VXMenuEvent2
+class VXMenuEvent2 : public VXEvent2<VXMenu2>
 {
 public:
-    explicit VXMenuEvent2(VXMenu2* menu) noexcept : m_menu(menu) {}
-
-    /// Never null. In a handler on another thread than the toolkit's it may be gone.
-    VXMenu2* menu() const noexcept { return m_menu; }
-
-private:
-    VXMenu2* m_menu;
+    using VXEvent2::VXEvent2;
+    VXMenu2* menu() const noexcept { return sender(); }
 };
 
 } // namespace VOXI

@@ -5,6 +5,7 @@
 #include "voxi2/kernel/gesture.h"
 #include "voxi2/kernel/key.h"
 #include "voxi2/kernel/mouse.h"
+#include "voxi2/kernel/vxevent2.h"
 #include "voxi2/kernel/widgetevent.h"
 #include "voxi_util/geometry.h"
 #include "voxi_util/vxflags.h"
@@ -20,19 +21,12 @@ namespace VOXI {
 class VXWidget2;
 
 /// Something that happened to a widget; by itself: entered, left, shown, hidden.
-///
-/// Events are values. In a handler on another thread than the toolkit's, the source may be gone.
-class VXWidgetEvent2
+class VXWidgetEvent2 : public VXEvent2<VXWidget2, WidgetEvent>
 {
 public:
-    VXWidgetEvent2(VXWidget2* widget, WidgetEvent type) noexcept : m_widget(widget), m_type(type) {}
-
-    VXWidget2* widget() const noexcept { return m_widget; }
-    WidgetEvent type() const noexcept { return m_type; }
-
-private:
-    VXWidget2* m_widget;
-    WidgetEvent m_type;
+    using VXEvent2::VXEvent2;
+    VXWidget2* widget() const noexcept { return sender(); }
+    WidgetEvent type() const noexcept { return value(); }
 };
 
 /// Press, release, double click, move, wheel, and the start of a drag.
