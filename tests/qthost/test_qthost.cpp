@@ -7,6 +7,7 @@
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxfactory2.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTimer>

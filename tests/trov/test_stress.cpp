@@ -17,6 +17,7 @@ protected:
     {
         std::barrier start(count);
         std::vector<std::thread> threads;
+        threads.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             threads.emplace_back([&, i] {
                 start.arrive_and_wait();
@@ -147,6 +148,7 @@ TEST_F(StressTest, PeersComeAndGoWhileOthersAsk)
     Listener beside;
     std::atomic<int> heard{0};
     std::vector<std::thread> senders;
+    senders.reserve(2);
     for (int sender = 0; sender < 2; ++sender)
         senders.emplace_back([&, sender] {
             while (!stop) {

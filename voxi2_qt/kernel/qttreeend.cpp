@@ -5,6 +5,7 @@
 
 #include <QLayout>
 #include <QPointer>
+#include <QWidget>
 
 #include <algorithm>
 #include <unordered_map>

@@ -5,6 +5,7 @@
 #include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2_qt/controls/qttoolbar2.h"
 
+#include <QLayout>
 #include <QMainWindow>
 #include <QToolButton>
 

@@ -5,6 +5,7 @@
 #include "voxi2/controls/vxbutton2.h"
 
 #include <QApplication>
+#include <QTest>
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -14,6 +14,7 @@
 #include <QFontInfo>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTest>
 
 #include <gtest/gtest.h>
 #include <string>

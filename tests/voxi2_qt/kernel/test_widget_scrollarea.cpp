@@ -10,6 +10,7 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QTest>
 #include <QWindow>
 
 #include <gtest/gtest.h>
