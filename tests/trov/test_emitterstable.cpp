@@ -425,7 +425,8 @@ TEST_F(EmittersTableTest, WrongRowsEndTheProgram)
     constexpr auto Size = &ThingEmitters::size;
     constexpr auto SetName = &ThingEmitters::setName;
     bindThingInOrder<SetSize, Size, SetName>(*m_object);
-    EXPECT_DEATH((bindThingInOrder<Size, SetSize, SetName>(*m_object)), "row 0 is not");
+    EXPECT_DEATH((bindThingInOrder<Size, SetSize, SetName>(*m_object)),
+                 "ThingEmitters: row 0 is not .* but .*ThingEmitters::size");
     EXPECT_DEATH((bindThingInOrder<SetSize, SetName>(*m_object)), "row 1 is not");
     EXPECT_DEATH((bindThingInOrder<SetSize, Size>(*m_object)), "row 2 is not");
     EXPECT_DEATH((bindThingInOrder<SetSize, SetSize, Size, SetName>(*m_object)), "row 1 is not");

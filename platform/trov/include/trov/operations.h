@@ -68,8 +68,12 @@ struct OperationTraits<R (Class::*)(A...) const>
     using Peer = Class;
 };
 
-/// The place of a row's request in the table of those emitters.
-using PlaceOfRow = std::size_t (*)(const TableHead& emitters);
+/// Which request a row is for.
+struct RowRequest
+{
+    std::size_t (*m_place)(const TableHead& emitters);
+    const char* m_name; ///< the compiler's, of the function that made the row
+};
 
 struct NoScope
 {};
@@ -92,7 +96,7 @@ template <class Emitters>
 struct Row
 {
     Operation m_operation;
-    PlaceOfRow m_place;
+    RowRequest m_request;
 };
 
 template <auto Field, auto Function, class Scope>
@@ -105,14 +109,15 @@ Row<typename FieldTraits<decltype(Field)>::Emitters> makeRow()
                   "the operation's signature must be the request's");
     return {Operation{reinterpret_cast<void (*)()>(&Traits::template call<Function, Peer, Scope>),
                       &Traits::signature()},
-            [](const TableHead& table) {
-                return (static_cast<const Emitters&>(table).*Field).place();
-            }};
+            {[](const TableHead& table) {
+                 return (static_cast<const Emitters&>(table).*Field).place();
+             },
+             __PRETTY_FUNCTION__}};
 }
 
 /// Ends the program with a message unless the rows are the requests of the table, in order.
 TROV_EXPORT void checkRows(const TableHead& table, const std::type_info& emitters,
-                           const PlaceOfRow* rows, std::size_t count, std::size_t requests);
+                           const RowRequest* rows, std::size_t count, std::size_t requests);
 
 } // namespace detail
 
@@ -135,7 +140,7 @@ public:
     template <class... Rows>
     explicit Operations(Rows... rows)
         : m_table{{Count}, {rows.m_operation...}},
-          m_places{rows.m_place...}
+          m_requests{rows.m_request...}
     {}
 
     /// Ends the program with a message if the rows are not exactly the requests of `table`, each
@@ -145,7 +150,7 @@ public:
     {
         if (m_isChecked.load(std::memory_order_relaxed))
             return;
-        detail::checkRows(table, typeid(Emitters), m_places, Count, table.requestsEnd.place());
+        detail::checkRows(table, typeid(Emitters), m_requests, Count, table.requestsEnd.place());
         m_isChecked.store(true, std::memory_order_relaxed);
     }
 
@@ -162,7 +167,7 @@ private:
                   "an emitter's place in its table is one byte");
 
     Table m_table;
-    detail::PlaceOfRow m_places[Count ? Count : 1];
+    detail::RowRequest m_requests[Count ? Count : 1];
     mutable std::atomic<bool> m_isChecked{false};
 };
 
