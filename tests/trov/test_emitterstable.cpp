@@ -296,6 +296,15 @@ TEST_F(EmittersTableTest, ThePeerIsToldOfTheFirstListenerOnItsThread)
     EXPECT_EQ(next.m_timesHeard, 0) << "it can see for itself";
 }
 
+TEST_F(EmittersTableTest, ThePeerFindsTheTablesOfItsObject)
+{
+    Peer peer(*m_object);
+    EXPECT_EQ(peer.m_binding.table<ThingEmitters>(), &m_object->thing);
+    EXPECT_EQ(peer.m_binding.table<ButtonEmitters>(), &m_object->button);
+    peer.m_binding.unbind();
+    EXPECT_EQ(peer.m_binding.table<ThingEmitters>(), nullptr);
+}
+
 TEST_F(EmittersTableTest, ASecondPeerTakesOver)
 {
     Button& object = *m_object;

@@ -68,11 +68,8 @@ struct QtAbstractDialog2::Execution
 };
 
 QtAbstractDialog2::QtAbstractDialog2(VXAbstractDialog2* dialog, VXAbstractDialog2Emitters* emitters)
-    : QtAbstractWindow2(dialog, emitters->base()),
-      m_emitters(emitters)
-{
-    bindRequests(emitters, s_requests);
-}
+    : QtPeerLevel(dialog, emitters, s_requests)
+{}
 
 void QtAbstractDialog2::endPeer()
 {
@@ -231,9 +228,6 @@ void QtAbstractDialog2::unsetButtonResult(const QAbstractButton* button)
     });
 }
 
-void QtAbstractDialog2::reportEnd(int result)
-{
-    report(m_emitters->finished, abstractObject<VXAbstractDialog2>(), result);
-}
+void QtAbstractDialog2::reportEnd(int result) { report(&E::finished, result); }
 
 } // namespace VOXI

@@ -55,11 +55,8 @@ VXFlags<WindowState> shownState(const QWidget& window)
 } // namespace
 
 QtAbstractWindow2::QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow2Emitters* emitters)
-    : QtWidget2(window, emitters->base()),
-      m_emitters(emitters)
-{
-    bindRequests(emitters, s_requests);
-}
+    : QtPeerLevel(window, emitters, s_requests)
+{}
 
 void QtAbstractWindow2::doSetParent(VXObject* parent)
 {
@@ -209,7 +206,7 @@ void QtAbstractWindow2::reportState()
     if (m_settling > 0 || state == m_knownState)
         return;
     m_knownState = state;
-    report(m_emitters->stateChanged, abstractObject<VXAbstractWindow2>(), state);
+    report(&E::stateChanged, state);
 }
 
 } // namespace VOXI

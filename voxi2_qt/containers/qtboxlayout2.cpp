@@ -24,11 +24,9 @@ const auto s_requests = TROV::operations<E>(
 QtBoxLayout2::QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, QWidget* parent,
                            VOXI::Direction direction)
     // A widget that has a layout keeps it; Qt would warn.
-    : QtObject2Shim(object, emitters, VX2Qt(direction),
+    : QtObject2Shim(object, emitters, s_requests, VX2Qt(direction),
                     parent && !parent->layout() ? parent : nullptr)
-{
-    bindRequests(emitters, s_requests);
-}
+{}
 
 void QtBoxLayout2::doBoxAddWidget(VXObject* widget, int stretch, Alignment alignment)
 {

@@ -33,11 +33,8 @@ QPushButton* defaultButtonOf(const QDialog& dialog)
 
 QtDialog2::QtDialog2(VXDialog2* object, VXDialog2Emitters* emitters, QWidget* parent,
                      Qt::WindowFlags flags)
-    : QtDialog2Shim(object, emitters, parent, flags)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtDialog2Shim(object, emitters, s_requests, parent, flags)
+{}
 
 void QtDialog2::doSetDefaultButton(VXButton2* button)
 {

@@ -62,11 +62,8 @@ QtDockWidget2::ProgramScope::~ProgramScope()
 
 QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
                              QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent),
-      m_emitters(emitters)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     readTextAsName<QtDockWidget2, QAccessible::Window, &QWidget::windowTitle>();
     hide(); // it would lie on top of its parent until it is docked
     m_known = state();
@@ -278,14 +275,13 @@ void QtDockWidget2::slotReport()
     m_reportPending = false;
     const State now = state();
     const State before = std::exchange(m_known, now);
-    auto* const dock = abstractObject<VXDockWidget2>();
     const QPointer<QWidget> alive(this);
     if (now.m_floating != before.m_floating)
-        report(m_emitters->floatingChanged, dock, now.m_floating);
+        report(&E::floatingChanged, now.m_floating);
     if (alive && now.m_area != before.m_area)
-        report(m_emitters->areaChanged, dock, now.m_area);
+        report(&E::areaChanged, now.m_area);
     if (alive && now.m_visible != before.m_visible)
-        report(m_emitters->visibilityChanged, dock, now.m_visible);
+        report(&E::visibilityChanged, now.m_visible);
 }
 
 void QtDockWidget2::slotViewActionToggled(bool checked)

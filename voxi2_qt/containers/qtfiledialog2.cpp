@@ -99,11 +99,8 @@ const char* englishOf(const Label& label, FileDialogMode mode)
 
 QtFileDialog2::QtFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters,
                              QWidget* parent, Qt::WindowFlags flags)
-    : QtDialog2Shim(object, emitters, parent, flags),
-      m_emitters(emitters)
+    : QtDialog2Shim(object, emitters, s_requests, parent, flags)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     setOption(DontUseNativeDialog);
     setOption(DontConfirmOverwrite); // asked here
     doSetMode(FileDialogMode::OpenFile);
@@ -338,7 +335,7 @@ void QtFileDialog2::reportEnd(int result)
 {
     const QPointer<QWidget> self(this);
     if (result == QDialog::Accepted)
-        report(m_emitters->filesChosen, abstractObject<VXFileDialog2>(), doGetSelectedFiles());
+        report(&E::filesChosen, doGetSelectedFiles());
     if (self)
         QtDialog2Shim::reportEnd(result);
 }

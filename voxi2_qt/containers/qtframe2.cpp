@@ -26,11 +26,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtFrame2::QtFrame2(VXFrame2* object, VXFrame2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtFrame2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
 void QtFrame2::doSetShadow(FrameShadow shadow) { setFrameShadow(VX2Qt(shadow)); }

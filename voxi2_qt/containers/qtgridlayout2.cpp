@@ -45,10 +45,8 @@ bool isCell(const VXRect<int>& cell)
 QtGridLayout2::QtGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters,
                              QWidget* parent)
     // A widget that has a layout keeps it; Qt would warn.
-    : QtObject2Shim(object, emitters, parent && !parent->layout() ? parent : nullptr)
-{
-    bindRequests(emitters, s_requests);
-}
+    : QtObject2Shim(object, emitters, s_requests, parent && !parent->layout() ? parent : nullptr)
+{}
 
 void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignment alignment)
 {

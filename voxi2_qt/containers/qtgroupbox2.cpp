@@ -22,11 +22,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtGroupBox2::QtGroupBox2(VXGroupBox2* object, VXGroupBox2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtGroupBox2::doSetTitle(const std::string& title) { setTitle(toQString(title)); }
 void QtGroupBox2::doSetFlat(bool flat) { setFlat(flat); }

@@ -85,10 +85,8 @@ private:
 };
 
 QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
-    : QtObject2(object, emitters->base())
-{
-    bindRequests(emitters, s_requests);
-}
+    : QtPeerLevel(object, emitters, s_requests)
+{}
 
 QLayout* QtLayout2::layout() const noexcept { return static_cast<QLayout*>(asQObject()); }
 QLayout* QtLayout2::asQLayout(GuiObject* peer) { return qobject_cast<QLayout*>(qObjectOf(peer)); }

@@ -9,11 +9,8 @@ const auto s_requests = TROV::operations<VXPanel2Emitters>();
 } // namespace
 
 QtPanel2::QtPanel2(VXPanel2* object, VXPanel2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtPanel2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
 

@@ -54,10 +54,8 @@ void moveBy(QScrollBar& bar, int distance)
 
 QtScrollView2::QtScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitters,
                              QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     setFrameStyle(static_cast<int>(QFrame::NoFrame) | static_cast<int>(QFrame::Plain));
 }
 

@@ -36,14 +36,10 @@ constexpr int FirstHandleWidth = 6;
 
 QtSplitter2::QtSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitters, QWidget* parent,
                          Orientation orientation)
-    : QtWidget2Shim(object, emitters, parent),
-      m_emitters(emitters)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     setOrientation(VX2Qt(orientation));
     setHandleWidth(FirstHandleWidth);
-    connect(this, &QSplitter::splitterMoved, this, &QtSplitter2::slotSplitterMoved);
 }
 
 void QtSplitter2::doAddWidget(VXWidget2* widget, int stretch)
@@ -128,9 +124,16 @@ std::list<int> QtSplitter2::doGetSizes()
 
 QSplitterHandle* QtSplitter2::createHandle() { return new QtSplitterHandle(orientation(), this); }
 
+// Reports -----------------------------------------------------------------------------------------
+
+void QtSplitter2::connectSignals()
+{
+    connect(this, &QSplitter::splitterMoved, this, &QtSplitter2::slotSplitterMoved);
+}
+
 void QtSplitter2::slotSplitterMoved(int position, int index)
 {
-    report(m_emitters->handleMoved, abstractObject<VXSplitter2>(), index, position);
+    report(&E::handleMoved, index, position);
 }
 
 } // namespace VOXI

@@ -38,11 +38,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtTab2::QtTab2(VXTab2* object, VXTab2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtTab2::init()
 {

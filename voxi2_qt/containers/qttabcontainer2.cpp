@@ -67,18 +67,12 @@ private:
 
 QtTabContainer2::QtTabContainer2(VXTabContainer2* object, VXTabContainer2Emitters* emitters,
                                  QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent),
-      m_emitters(emitters)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     auto* bar = new QtTabBar(this);
     setTabBar(bar);
     // The bar's signal, not the container's: after what the program does it is as welcome.
     connect(bar, &QTabBar::currentChanged, this, &QtTabContainer2::slotCurrentChanged);
-    connect(bar, &QtTabBar::pageDragged, this, &QtTabContainer2::slotPageDragged);
-    connect(this, &QTabWidget::tabCloseRequested, this, &QtTabContainer2::slotTabCloseRequested);
-    connect(this, &QTabWidget::tabBarDoubleClicked, this, &QtTabContainer2::slotTabDoubleClicked);
 }
 
 QtTabContainer2::~QtTabContainer2()
@@ -209,6 +203,14 @@ bool QtTabContainer2::doHasScrollButtons() { return usesScrollButtons(); }
 
 // Reports -----------------------------------------------------------------------------------------
 
+void QtTabContainer2::connectSignals()
+{
+    connect(static_cast<QtTabBar*>(tabBar()), &QtTabBar::pageDragged, this,
+            &QtTabContainer2::slotPageDragged);
+    connect(this, &QTabWidget::tabCloseRequested, this, &QtTabContainer2::slotTabCloseRequested);
+    connect(this, &QTabWidget::tabBarDoubleClicked, this, &QtTabContainer2::slotTabDoubleClicked);
+}
+
 void QtTabContainer2::tabInserted(int) { m_settled = count(); }
 void QtTabContainer2::tabRemoved(int) { m_settled = count(); }
 
@@ -220,35 +222,29 @@ void QtTabContainer2::slotCurrentChanged(int index)
     // A tab that comes or goes is in the bar already, or no more, before the container knows.
     const bool byUser = m_quiet == 0 && count() == m_settled;
     if (changed && byUser && index == currentIndex())
-        reportTab(m_emitters->currentTabChanged, index);
+        reportTab(&E::currentTabChanged, index);
 }
 
-void QtTabContainer2::slotTabCloseRequested(int index)
-{
-    reportTab(m_emitters->tabCloseRequested, index);
-}
+void QtTabContainer2::slotTabCloseRequested(int index) { reportTab(&E::tabCloseRequested, index); }
 
-void QtTabContainer2::slotTabDoubleClicked(int index)
-{
-    reportTab(m_emitters->tabDoubleClicked, index);
-}
+void QtTabContainer2::slotTabDoubleClicked(int index) { reportTab(&E::tabDoubleClicked, index); }
 
 void QtTabContainer2::slotPageDragged(QWidget* page, int from, int to)
 {
     VXObjectDataLocker lock;
     if (VXTab2* tab = tabOf(indexOf(page)))
-        report(m_emitters->tabMoved, abstractObject<VXTabContainer2>(), tab, from, to);
+        report(&E::tabMoved, tab, from, to);
 }
 
 // Helpers -----------------------------------------------------------------------------------------
 
 VXTab2* QtTabContainer2::tabOf(int index) const { return abstractObjectOf<VXTab2>(widget(index)); }
 
-void QtTabContainer2::reportTab(const TROV::Event<void(const VXTabEvent2&)>& event, int index)
+void QtTabContainer2::reportTab(TROV::Event<void(const VXTabEvent2&)> E::*event, int index)
 {
     VXObjectDataLocker lock;
     if (VXTab2* tab = tabOf(index))
-        report(event, abstractObject<VXTabContainer2>(), tab);
+        report(event, tab);
 }
 
 } // namespace VOXI

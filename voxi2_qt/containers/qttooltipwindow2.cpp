@@ -45,16 +45,13 @@ constexpr Qt::WindowFlags Flags =
 
 QtToolTipWindow2::QtToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
                                    QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent, Flags),
-      m_emitters(emitters),
+    : QtWidget2Shim(object, emitters, s_requests, parent, Flags),
       m_fading(this, "windowOpacity"),
       m_face(new QWidget(this)),
       m_iconLabel(new QLabel(m_face)),
       m_textLabel(new QLabel(m_face))
 {
     readTextAsName<QtToolTipWindow2, QAccessible::ToolTip, &QtToolTipWindow2::text>();
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     setAttribute(Qt::WA_ShowWithoutActivating);
     makeFace();
     adoptStyle();
@@ -221,7 +218,7 @@ void QtToolTipWindow2::mouseReleaseEvent(QMouseEvent* event)
     const QPointer<QtToolTipWindow2> self(this);
     vanish(false); // first, because the handler may show it again
     if (self)
-        report(m_emitters->clicked, abstractObject<VXToolTipWindow2>());
+        report(&E::clicked);
 }
 
 // Helpers -----------------------------------------------------------------------------------------

@@ -26,11 +26,8 @@ const auto s_requests = TROV::operations<E>(
 
 QtWidgetStack2::QtWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
                                QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
 {

@@ -61,11 +61,8 @@ void withToolBarOf(VXToolBar2* bar, Function&& function)
 } // namespace
 
 QtWindow2::QtWindow2(VXWindow2* object, VXWindow2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 QtWindow2::~QtWindow2()
 {

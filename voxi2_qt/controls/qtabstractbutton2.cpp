@@ -39,11 +39,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtAbstractButton2::QtAbstractButton2(VXAbstractButton2* button, VXAbstractButton2Emitters* emitters)
-    : QtWidget2(button, emitters->base()),
-      m_emitters(emitters)
-{
-    bindRequests(emitters, s_requests);
-}
+    : QtPeerLevel(button, emitters, s_requests)
+{}
 
 QAbstractButton* QtAbstractButton2::button() const noexcept
 {
@@ -107,14 +104,8 @@ void QtAbstractButton2::quietly(const std::function<void()>& change)
     change();
 }
 
-void QtAbstractButton2::reportClick()
-{
-    report(m_emitters->clicked, abstractObject<VXAbstractButton2>());
-}
+void QtAbstractButton2::reportClick() { report(&E::clicked); }
 
-void QtAbstractButton2::reportToggle(bool checked)
-{
-    report(m_emitters->toggled, abstractObject<VXAbstractButton2>(), checked);
-}
+void QtAbstractButton2::reportToggle(bool checked) { report(&E::toggled, checked); }
 
 } // namespace VOXI

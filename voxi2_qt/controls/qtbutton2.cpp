@@ -18,10 +18,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Button);

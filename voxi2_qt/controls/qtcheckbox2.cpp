@@ -9,10 +9,8 @@ const auto s_requests = TROV::operations<VXCheckBox2Emitters>();
 } // namespace
 
 QtCheckBox2::QtCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     // It lies on what is written on, not on the window.
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::WindowText);

@@ -68,13 +68,10 @@ bool holds(const QMenu* outer, const QMenu* inner)
 } // namespace
 
 QtMenu2::QtMenu2(VXMenu2* object, VXMenu2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent),
-      m_emitters(emitters),
+    : QtWidget2Shim(object, emitters, s_requests, parent),
       m_savedMaximumSize(maximumSize()),
       m_savedMinimumSize(minimumSize())
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     QObject::connect(this, &QMenu::aboutToShow, this, &QtMenu2::slotAboutToShow);
     QObject::connect(this, &QMenu::aboutToHide, this, &QtMenu2::slotAboutToHide);
 }
@@ -337,7 +334,7 @@ void QtMenu2::slotAboutToShow()
         shrink();
     }
     VXObjectDataLocker lock;
-    if (!isVXObjectValid() || !m_emitters->aboutToShow.isHeard())
+    if (!isHeard(&E::aboutToShow))
         return;
     // Before the handlers run: they may answer at once.
     m_digAccessPending = true;
@@ -347,7 +344,7 @@ void QtMenu2::slotAboutToShow()
         if (self)
             self->m_isAboutToShow = false;
     });
-    ask(m_emitters->aboutToShow, abstractObject<VXMenu2>());
+    ask(&E::aboutToShow);
 }
 
 void QtMenu2::slotAboutToHide()

@@ -21,11 +21,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtMenuBar2::QtMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtMenuBar2::glAddMenu(const std::string& title, VXMenu2* menu)
 {

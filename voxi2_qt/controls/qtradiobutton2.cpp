@@ -10,10 +10,8 @@ const auto s_requests = TROV::operations<VXRadioButton2Emitters>();
 
 QtRadioButton2::QtRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters,
                                QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     // It lies on what is written on, not on the window.
     setBackgroundRole(QPalette::Base);
     setForegroundRole(QPalette::WindowText);

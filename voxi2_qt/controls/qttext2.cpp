@@ -30,10 +30,8 @@ const auto s_requests = TROV::operations<E>(
 } // namespace
 
 QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
 {
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
     setTextFormat(Qt::PlainText);
 }
 

@@ -60,11 +60,8 @@ void InnerToolBar::paintEvent(QPaintEvent*) {}
 // The bar -----------------------------------------------------------------------------------------
 
 QtToolBar2::QtToolBar2(VXToolBar2* object, VXToolBar2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
-{
-    enableEventBroadcasting();
-    bindRequests(emitters, s_requests);
-}
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
 
 void QtToolBar2::doAddAction(VXAction2* action)
 {

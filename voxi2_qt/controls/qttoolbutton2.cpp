@@ -31,11 +31,9 @@ struct QtToolButton2::Requests
 
 QtToolButton2::QtToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
                              QWidget* parent)
-    : QtWidget2Shim(object, emitters, parent)
+    : QtWidget2Shim(object, emitters, Requests::s_table, parent)
 {
-    enableEventBroadcasting();
     setPopupMode(QToolButton::InstantPopup);
-    bindRequests(emitters, Requests::s_table);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 

@@ -83,12 +83,9 @@ std::map<unsigned, QActionGroup*>& groups()
 } // namespace
 
 QtAction2::QtAction2(VXAction2* object, VXAction2Emitters* emitters, QObject* parent)
-    : QtObject2Shim(object, emitters, parent),
-      m_emitters(emitters)
+    : QtObject2Shim(object, emitters, s_requests, parent)
 {
-    bindRequests(emitters, s_requests);
     QObject::connect(this, &QAction::toggled, this, &QtAction2::slotActionToggled);
-    QObject::connect(this, &QAction::triggered, this, &QtAction2::slotActionTriggered);
 }
 
 QtAction2::~QtAction2() { leaveGroup(); }
@@ -233,10 +230,12 @@ bool QtAction2::doIsAutoRepeat() { return autoRepeat(); }
 
 // Reports -----------------------------------------------------------------------------------------
 
-void QtAction2::slotActionTriggered()
+void QtAction2::connectSignals()
 {
-    report(m_emitters->triggered, abstractObject<VXAction2>());
+    QObject::connect(this, &QAction::triggered, this, &QtAction2::slotActionTriggered);
 }
+
+void QtAction2::slotActionTriggered() { report(&E::triggered); }
 
 void QtAction2::slotActionToggled(bool checked)
 {
@@ -248,20 +247,16 @@ void QtAction2::slotActionToggled(bool checked)
     }
     if (!self)
         return;
-    report(m_emitters->toggled, abstractObject<VXAction2>(), checked);
+    report(&E::toggled, checked);
 }
 
 bool QtAction2::event(QEvent* event)
 {
     if (event->type() == QEvent::Shortcut) {
         const auto* shortcut = static_cast<const QShortcutEvent*>(event);
-        VXObjectDataLocker lock;
         // Qt's own answer is a line in the log; it stays for when nobody listens.
-        if (shortcut->isAmbiguous() && isVXObjectValid() && m_emitters->ambiguous.isHeard()) {
-            report(m_emitters->ambiguous, abstractObject<VXAction2>(),
-                   portableText(shortcut->key()));
+        if (shortcut->isAmbiguous() && ask(&E::ambiguous, portableText(shortcut->key())))
             return true;
-        }
     }
     return QtObject2Shim::event(event);
 }

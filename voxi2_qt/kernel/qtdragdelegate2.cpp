@@ -16,46 +16,40 @@ const auto s_requests = TROV::operations<E>();
 
 } // namespace
 
-QtDragDelegate2::QtDragDelegate2(VXDragDelegate2* delegate, VXDragDelegate2Emitters* emitters)
-    : QtObject2Shim(delegate, emitters),
-      m_emitters(emitters)
+QtDragDelegate2::QtDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters)
+    : QtObject2Shim(object, emitters, s_requests)
+{}
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtDragDelegate2::dragEnter(const QtWidget2& widget, QDragEnterEvent* event)
 {
-    bindRequests(emitters, s_requests);
+    pass(&E::entered, widget, WidgetEvent::DragEnter, *event);
 }
 
-void QtDragDelegate2::dragEnter(VXWidget2* widget, QDragEnterEvent* event)
+void QtDragDelegate2::dragMove(const QtWidget2& widget, QDragMoveEvent* event)
 {
-    ask(m_emitters->entered, widget, WidgetEvent::DragEnter, event);
+    pass(&E::moved, widget, WidgetEvent::DragMove, *event);
 }
 
-void QtDragDelegate2::dragMove(VXWidget2* widget, QDragMoveEvent* event)
+void QtDragDelegate2::dragLeave(const QtWidget2& widget, QDragLeaveEvent*)
 {
-    ask(m_emitters->moved, widget, WidgetEvent::DragMove, event);
+    reportMade(&E::left,
+               [&] { return VXDragEvent2(widget.abstractWidget(), WidgetEvent::DragLeave); });
 }
 
-void QtDragDelegate2::dragLeave(VXWidget2* widget, QDragLeaveEvent*)
+void QtDragDelegate2::drop(const QtWidget2& widget, QDropEvent* event)
 {
-    report(m_emitters->left, widget, WidgetEvent::DragLeave);
+    pass(&E::dropped, widget, WidgetEvent::Drop, *event);
 }
 
-void QtDragDelegate2::drop(VXWidget2* widget, QDropEvent* event)
+void QtDragDelegate2::pass(TROV::Event<void(const VXDragEvent2&)> E::*event,
+                           const QtWidget2& widget, WidgetEvent type, QDropEvent& qtEvent)
 {
-    ask(m_emitters->dropped, widget, WidgetEvent::Drop, event);
-}
-
-void QtDragDelegate2::ask(const TROV::Event<void(const VXDragEvent2&)>& emitter, VXWidget2* widget,
-                          WidgetEvent type, QDropEvent* event)
-{
-    if (!isVXObjectValid() || !emitter.isHeard())
-        return;
-    const auto* peer = dynamic_cast<QtWidget2*>(lookup(widget));
-    if (!peer)
-        return;
-    const EventTarget target{widget, peer->asQWidget(), peer->pointerWidget()};
-    const VXDragEvent2 question = dragEvent(target, type, *event);
-    const QtHandlerFrame frame(*this);
-    emitter(question);
-    applyAnswer(question, *event);
+    const EventTarget target{widget.abstractWidget(), widget.asQWidget(), widget.pointerWidget()};
+    const auto make = [&] { return dragEvent(target, type, qtEvent); };
+    if (const auto asked = askMade(event, make))
+        applyAnswer(*asked, qtEvent);
 }
 
 } // namespace VOXI

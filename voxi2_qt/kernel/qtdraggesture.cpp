@@ -23,18 +23,12 @@ bool QtDragGesture::isFarEnough(const QMouseEvent& event) const
 
 bool QtDragGesture::report(QtWidget2& widget, const QMouseEvent& event)
 {
-    VXObjectDataLocker lock;
-    if (!widget.isVXObjectValid())
-        return true;
     m_pressed = false;
-    const auto& dragDetect = widget.widgetEmitters()->dragDetect;
-    if (!dragDetect.isHeard())
-        return true;
-    const QtHandlerFrame frame(widget);
-    dragDetect(VXMouseEvent2(widget.abstractWidget(), WidgetEvent::MouseMove,
-                             Qt2VX(m_localPosition), Qt2VX(m_globalPosition), Qt2VX(event.button()),
-                             Qt2VX(event.buttons()), Qt2VX(event.modifiers())));
-    return frame.isAlive();
+    const QtDeletionHold hold(&widget);
+    widget.report(&VXWidget2Emitters::dragDetect, WidgetEvent::MouseMove, Qt2VX(m_localPosition),
+                  Qt2VX(m_globalPosition), Qt2VX(event.button()), Qt2VX(event.buttons()),
+                  Qt2VX(event.modifiers()));
+    return hold.isAlive();
 }
 
 } // namespace VOXI

@@ -25,12 +25,9 @@ const auto s_requests = TROV::operations<E>(
 
 } // namespace
 
-QtDragManager2::QtDragManager2(VXObject2* manager, VXDragManager2Emitters* emitters)
-    : QtObject2Shim(manager, emitters),
-      m_emitters(emitters)
-{
-    bindRequests(emitters, s_requests);
-}
+QtDragManager2::QtDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)
+    : QtObject2Shim(object, emitters, s_requests)
+{}
 
 void QtDragManager2::doStartDrag(const VXDrag2& drag)
 {
@@ -67,8 +64,7 @@ void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
     if (!self)
         return;
     m_dragging = false;
-    VXObjectDataLocker lock; // the source must not go between the look-up and the report
-    report(m_emitters->finished, source(), action);
+    reportMade(&E::finished, [&] { return VXDragFinishedEvent2(source(), action); });
 }
 
 VXWidget2* QtDragManager2::source() const

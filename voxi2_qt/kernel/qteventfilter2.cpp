@@ -75,88 +75,48 @@ struct Passing
     const EventTarget& m_target;
     WidgetEvent m_type;
     QEvent& m_event;
-    bool& m_isAlive; // whether the handlers left the peer
-
-    const VXWidget2Emitters& emitters() const { return *m_peer.widgetEmitters(); }
-
-    /// Calls the handlers. They may have ended everything but the Qt event and what is on the
-    /// stack.
-    template <class E>
-    void tell(const TROV::Event<void(const E&)>& emitter, const E& event) const
-    {
-        m_isAlive = m_peer.catchUp();
-        if (!m_isAlive || !m_peer.canReport(emitter))
-            return;
-        const QtHandlerFrame frame(m_peer);
-        emitter(event);
-        m_isAlive = frame.isAlive();
-    }
-
-    /// The same once Qt has finished what the program has asked for.
-    template <class E>
-    void report(const TROV::Event<void(const E&)>& emitter, const E& event) const
-    {
-        if (QtReportHold::isActive())
-            m_peer.tell(emitter, event);
-        else
-            tell(emitter, event);
-    }
+    const QtDeletionHold& m_hold; // knows whether the handlers left the peer
 };
 
 using Sender = void (*)(const Passing&);
 
-/// Sends what `Build` makes of the Qt event, if anybody listens.
+/// Reports what `Build` makes of the Qt event.
 template <auto Field, class Q, auto Build>
 void send(const Passing& passing)
 {
-    const auto& emitter = passing.emitters().*Field;
-    if (emitter.isHeard())
-        passing.report(emitter, Build(passing.m_target, passing.m_type,
-                                      static_cast<const Q&>(passing.m_event)));
+    passing.m_peer.reportMade(Field, [&] {
+        return Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event));
+    });
 }
 
 /// The same through the throttler; what would be dropped there is not built.
 template <auto Field, class Q, auto Build>
 void post(const Passing& passing)
 {
-    if (!(passing.emitters().*Field).isHeard())
+    VXObjectDataLocker lock; // the object must not go in between
+    if (!passing.m_peer.isHeard(Field))
         return;
     EventThrottler& throttler = passing.m_filter.throttler();
-    if (!throttler.isPending(passing.m_type))
+    // Of sizes the last one is told as well.
+    if (passing.m_type == WidgetEvent::Resize || !throttler.isPending(passing.m_type))
         throttler.post(
             Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
 }
 
-/// The same for sizes: the last one is told as well.
-void postResize(const Passing& passing)
+void askClose(const Passing& passing)
 {
-    if (passing.emitters().resized.isHeard())
-        passing.m_filter.throttler().post(resizeEvent(
-            passing.m_target, passing.m_type, static_cast<const QResizeEvent&>(passing.m_event)));
-}
-
-/// The same for drags, which a handler may answer there and then.
-template <auto Field>
-void sendDrag(const Passing& passing)
-{
-    const auto& emitter = passing.emitters().*Field;
-    if (!emitter.isHeard())
-        return;
-    auto& event = static_cast<QDropEvent&>(passing.m_event);
-    const VXDragEvent2 question = dragEvent(passing.m_target, passing.m_type, event);
-    passing.tell(emitter, question);
-    applyAnswer(question, event);
-}
-
-void sendClose(const Passing& passing)
-{
-    const auto& emitter = passing.emitters().closing;
-    if (!emitter.isHeard())
-        return;
     QEvent& event = passing.m_event;
-    const VXCloseEvent2 closing(passing.m_target.m_abstract);
-    passing.tell(emitter, closing);
-    event.setAccepted(!closing.isRefused());
+    if (const auto asked = passing.m_peer.ask(&VXWidget2Emitters::closing))
+        event.setAccepted(!asked->isRefused());
+}
+
+template <auto Field>
+void askDrag(const Passing& passing)
+{
+    auto& event = static_cast<QDropEvent&>(passing.m_event);
+    const auto make = [&] { return dragEvent(passing.m_target, passing.m_type, event); };
+    if (const auto asked = passing.m_peer.askMade(Field, make))
+        applyAnswer(*asked, event);
 }
 
 void sendFocusIn(const Passing& passing)
@@ -168,14 +128,12 @@ void sendFocusIn(const Passing& passing)
 
 void sendGestures(const Passing& passing)
 {
-    const auto& emitter = passing.emitters().gesture;
-    if (!emitter.isHeard())
+    if (!passing.m_peer.isHeard(&VXWidget2Emitters::gesture))
         return;
-    const unsigned widgetId = passing.m_target.m_abstract->id();
     for (const VXGestureEvent2& gesture :
          gestureEvents(passing.m_target, static_cast<const QGestureEvent&>(passing.m_event))) {
-        if (VXObject::isObjectValid(widgetId) && passing.m_isAlive)
-            passing.tell(emitter, gesture);
+        if (passing.m_hold.isAlive())
+            passing.m_peer.reportMade(&VXWidget2Emitters::gesture, [&] { return gesture; });
     }
 }
 
@@ -185,12 +143,12 @@ using E = VXWidget2Emitters;
 
 /// What becomes of each event, in the order of `WidgetEvent`.
 constexpr Sender s_senders[] = {
-    &sendClose,
+    &askClose,
     &send<&E::contextMenu, QContextMenuEvent, &contextMenuEvent>,
-    &sendDrag<&E::dragEnter>,
+    &askDrag<&E::dragEnter>,
     &send<&E::dragLeave, QEvent, &dragLeaveEvent>,
     &post<&E::dragMove, QDropEvent, &dragEvent>,
-    &sendDrag<&E::drop>,
+    &askDrag<&E::drop>,
     &send<&E::mouseEnter, QEvent, &plainEvent>,
     &sendFocusIn,
     &send<&E::focusOut, QFocusEvent, &focusEvent>,
@@ -204,7 +162,7 @@ constexpr Sender s_senders[] = {
     &send<&E::mouseRelease, QMouseEvent, &mouseEvent>,
     &post<&E::wheel, QWheelEvent, &wheelEvent>,
     &send<&E::moved, QMoveEvent, &moveEvent>,
-    &postResize,
+    &post<&E::resized, QResizeEvent, &resizeEvent>,
     &sendGestures,
     &send<&E::touchBegin, QTouchEvent, &touchEvent>,
     &send<&E::touchUpdate, QTouchEvent, &touchEvent>,
@@ -343,13 +301,10 @@ bool QtEventFilter2::pass(WidgetEvent type, QWidget* receiver, QEvent* event)
 {
     if (!m_peer.mayBeHeard())
         return true; // as most widgets are not
-    VXObjectDataLocker lock;
-    if (!m_peer.isVXObjectValid())
-        return true;
     const EventTarget target{m_peer.abstractWidget(), m_peer.asQWidget(), receiver};
-    bool isAlive = true;
-    s_senders[bit(type)](Passing{*this, m_peer, target, type, *event, isAlive});
-    return isAlive;
+    const QtDeletionHold hold(&m_peer);
+    s_senders[bit(type)](Passing{*this, m_peer, target, type, *event, hold});
+    return hold.isAlive();
 }
 
 } // namespace VOXI

@@ -120,11 +120,8 @@ void followOwners(const QWindow& former)
 std::map<QtWidget2*, QAction*> QtWidget2::m_ActionMap;
 
 QtWidget2::QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters)
-    : QtObject2(widget, emitters->base()),
-      m_emitters(emitters)
-{
-    bindRequests(emitters, s_requests);
-}
+    : QtPeerLevel(widget, emitters, s_requests)
+{}
 
 QtWidget2::~QtWidget2() { m_ActionMap.erase(this); }
 

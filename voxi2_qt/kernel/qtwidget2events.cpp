@@ -187,22 +187,22 @@ void QtWidget2::doimTriggerResizeEvent(Size<int> size) { asQWidget()->resize(VX2
 
 void QtWidget2::passDragEnter(QDragEnterEvent* event)
 {
-    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragEnter(abstractWidget(), event); });
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragEnter(*this, event); });
 }
 
 void QtWidget2::passDragMove(QDragMoveEvent* event)
 {
-    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragMove(abstractWidget(), event); });
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragMove(*this, event); });
 }
 
 void QtWidget2::passDragLeave(QDragLeaveEvent* event)
 {
-    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragLeave(abstractWidget(), event); });
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.dragLeave(*this, event); });
 }
 
 void QtWidget2::passDrop(QDropEvent* event)
 {
-    passToDelegate([&](QtDragDelegate2& delegate) { delegate.drop(abstractWidget(), event); });
+    passToDelegate([&](QtDragDelegate2& delegate) { delegate.drop(*this, event); });
 }
 
 template <class Function>

@@ -80,11 +80,9 @@ class QtProbe2 : public QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>
 {
 public:
     QtProbe2(VXProbe2* object, VXProbe2Emitters* emitters, QWidget* parent)
-        : QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>(object, emitters, parent)
-    {
-        this->enableEventBroadcasting();
-        this->bindRequests(emitters, requests());
-    }
+        : QtWidget2Shim<VXProbe2, VXProbe2Emitters, QtWidget2, Q>(object, emitters, requests(),
+                                                                  parent)
+    {}
 
     int doTwice(int number) { return 2 * number; }
 

@@ -13,6 +13,9 @@ namespace TROV {
 template <class Base>
 struct EmittersTable : detail::TableHead
 {
+    /// How many tables stand above it.
+    static constexpr int Level = Base::Level + 1;
+
     explicit EmittersTable(Base& base) noexcept : TableHead(base.m_binding, &base) {}
     ~EmittersTable() { m_binding->removeTable(m_base); }
 
@@ -24,6 +27,8 @@ struct EmittersTable : detail::TableHead
 template <>
 struct TROV_EXPORT EmittersTable<void> : detail::TableHead
 {
+    static constexpr int Level = 0;
+
     EmittersTable() : TableHead(detail::Binding::allocate(), nullptr) {}
     ~EmittersTable() { detail::Binding::free(m_binding); }
 };

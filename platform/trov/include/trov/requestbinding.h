@@ -40,6 +40,14 @@ public:
 
     bool isBound() const noexcept { return m_binding != nullptr; }
 
+    /// The bound object's table of that class, one of its own or of its bases; null while unbound.
+    /// Only while the object lives.
+    template <class Emitters>
+    const Emitters* table() const noexcept
+    {
+        return static_cast<const Emitters*>(tableAt(Emitters::Level));
+    }
+
     /// False if it is bound and nobody has ever listened to any emitter of the object: a quick look
     /// before it is made sure that the object still lives. On the thread of `bind`.
     bool mayBeHeard() const noexcept
@@ -50,6 +58,7 @@ public:
 private:
     void bindTable(detail::TableHead& table, Listener* peer,
                    const detail::OperationsHead* operations);
+    const detail::TableHead* tableAt(int level) const noexcept;
 
     detail::Binding* m_binding = nullptr;
     std::uint32_t m_generation = 0;

@@ -21,7 +21,8 @@ namespace VOXI {
 ///
 /// What the program asks for goes to `QDialog` directly; what comes through Qt's virtual functions
 /// (`accept`, `reject`, `done`), which the shim overrides, is the user's act.
-class VOXI2_QT_EXPORT QtAbstractDialog2 : public QtAbstractWindow2
+class VOXI2_QT_EXPORT QtAbstractDialog2
+    : public QtPeerLevel<VXAbstractDialog2, VXAbstractDialog2Emitters, QtAbstractWindow2>
 {
 public:
     void doSetVisible(bool visible) override;
@@ -68,7 +69,6 @@ private:
     void endByButton(int result);
     void unsetButtonResult(const QAbstractButton* button);
 
-    VXAbstractDialog2Emitters* m_emitters;
     Execution* m_execution = nullptr; // lies on the stack of `doExec`
     std::vector<ButtonResult> m_buttonResults;
     std::optional<Qt::WindowModality> m_nextModality; // for the next time it is shown

@@ -11,7 +11,8 @@ QT_END_NAMESPACE
 namespace VOXI {
 
 /// The base of the peers of windows and dialogs.
-class VOXI2_QT_EXPORT QtAbstractWindow2 : public QtWidget2
+class VOXI2_QT_EXPORT QtAbstractWindow2
+    : public QtPeerLevel<VXAbstractWindow2, VXAbstractWindow2Emitters, QtWidget2>
 {
 public:
     void doSetParent(VXObject* parent) override;
@@ -53,7 +54,6 @@ private:
     void changeState(Function&& change);
     void reportState();
 
-    VXAbstractWindow2Emitters* m_emitters;
     Icon m_icon; // a Qt icon cannot be turned back
     VXFlags<WindowState> m_knownState;
     int m_settling = 0; // requests that the window manager may still be carrying out

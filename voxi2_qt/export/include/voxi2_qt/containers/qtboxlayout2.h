@@ -2,6 +2,7 @@
 
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2_qt/containers/qtlayout2.h"
+#include "voxi2_qt/kernel/qtobject2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QBoxLayout>
@@ -9,7 +10,8 @@
 namespace VOXI {
 
 /// The peer of the box layout.
-class VOXI2_QT_EXPORT QtBoxLayout2 : public QtObject2Shim<QBoxLayout, QtLayout2>
+class VOXI2_QT_EXPORT QtBoxLayout2
+    : public QtObject2Shim<VXBoxLayout2, VXBoxLayout2Emitters, QtLayout2, QBoxLayout>
 {
     Q_OBJECT
 

@@ -96,7 +96,6 @@ private:
     void changeTitle(const QString& title);
     void updateViewAction();
 
-    VXDockWidget2Emitters* m_emitters;
     QPointer<QtAction2> m_viewAction;
     Icon m_icon; // a Qt icon cannot be turned back
     State m_known;

@@ -67,7 +67,6 @@ private:
     QString missingFile() const;
     void ask(QMessageBox::StandardButtons buttons, const QString& text);
 
-    VXFileDialog2Emitters* m_emitters;
     FileDialogMode m_mode = FileDialogMode::OpenFile;
     std::vector<FileFilter> m_filters; // Qt's own are no longer what was set
     QString m_suffix;

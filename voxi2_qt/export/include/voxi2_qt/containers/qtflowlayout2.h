@@ -2,6 +2,7 @@
 
 #include "voxi2/containers/vxflowlayout2.h"
 #include "voxi2_qt/containers/qtlayout2.h"
+#include "voxi2_qt/kernel/qtobject2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QLayout>
@@ -11,7 +12,8 @@
 namespace VOXI {
 
 /// The peer of the flow layout, which Qt has none of.
-class VOXI2_QT_EXPORT QtFlowLayout2 : public QtObject2Shim<QLayout, QtLayout2>
+class VOXI2_QT_EXPORT QtFlowLayout2
+    : public QtObject2Shim<VXFlowLayout2, VXFlowLayout2Emitters, QtLayout2, QLayout>
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "voxi2/containers/vxgridlayout2.h"
 #include "voxi2_qt/containers/qtlayout2.h"
+#include "voxi2_qt/kernel/qtobject2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QGridLayout>
@@ -9,7 +10,8 @@
 namespace VOXI {
 
 /// The peer of the grid layout.
-class VOXI2_QT_EXPORT QtGridLayout2 : public QtObject2Shim<QGridLayout, QtLayout2>
+class VOXI2_QT_EXPORT QtGridLayout2
+    : public QtObject2Shim<VXGridLayout2, VXGridLayout2Emitters, QtLayout2, QGridLayout>
 {
     Q_OBJECT
 

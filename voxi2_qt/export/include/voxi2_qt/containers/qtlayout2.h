@@ -1,7 +1,7 @@
 #pragma once
 
 #include "voxi2/containers/vxlayout2.h"
-#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/kernel/qtpeerlevel.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 QT_BEGIN_NAMESPACE
@@ -12,7 +12,7 @@ QT_END_NAMESPACE
 namespace VOXI {
 
 /// The base of the layouts' peers. A layout does not own the peers of its widgets.
-class VOXI2_QT_EXPORT QtLayout2 : public QtObject2
+class VOXI2_QT_EXPORT QtLayout2 : public QtPeerLevel<VXLayout2, VXLayout2Emitters, QtObject2>
 {
 public:
     void doSetParent(VXObject* widget) override;

@@ -34,13 +34,13 @@ public:
     virtual std::list<int> doGetSizes();
 
 protected:
+    void connectSignals() override;
     QSplitterHandle* createHandle() override;
 
 private Q_SLOTS:
     void slotSplitterMoved(int position, int index);
 
 private:
-    VXSplitter2Emitters* m_emitters;
 };
 
 } // namespace VOXI

@@ -58,6 +58,7 @@ public:
     bool isGoing() const noexcept { return isDeletionScheduled(); }
 
 protected:
+    void connectSignals() override;
     void tabInserted(int index) override;
     void tabRemoved(int index) override;
 
@@ -72,9 +73,9 @@ private:
 
     void movePage(int from, int index);
     VXTab2* tabOf(int index) const;
-    void reportTab(const TROV::Event<void(const VXTabEvent2&)>& event, int index);
+    void reportTab(TROV::Event<void(const VXTabEvent2&)> VXTabContainer2Emitters::*event,
+                   int index);
 
-    VXTabContainer2Emitters* m_emitters;
     QPointer<QWidget> m_current; // what was current when Qt told last
     int m_settled = 0;           // how many tabs there are while none is just coming or going
     int m_quiet = 0;             // how many requests are under way that may change the current tab

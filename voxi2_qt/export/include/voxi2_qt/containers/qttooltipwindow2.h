@@ -77,7 +77,6 @@ private:
     void fadeTo(double opacity);
     void vanish(bool byProgram);
 
-    VXToolTipWindow2Emitters* m_emitters;
     QtAnchor m_anchor;
     QTimer m_timer;
     QPropertyAnimation m_fading;

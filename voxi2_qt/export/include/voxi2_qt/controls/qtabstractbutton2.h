@@ -13,7 +13,8 @@ QT_END_NAMESPACE
 namespace VOXI {
 
 /// What the peers of all buttons share.
-class VOXI2_QT_EXPORT QtAbstractButton2 : public QtWidget2
+class VOXI2_QT_EXPORT QtAbstractButton2
+    : public QtPeerLevel<VXAbstractButton2, VXAbstractButton2Emitters, QtWidget2>
 {
 public:
     // Requests, in the order of the emitters table
@@ -52,7 +53,6 @@ protected:
 
 private:
     Icon m_icon; // a Qt icon cannot be turned back
-    VXAbstractButton2Emitters* m_emitters;
 };
 
 } // namespace VOXI

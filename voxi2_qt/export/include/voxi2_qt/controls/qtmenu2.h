@@ -95,7 +95,6 @@ private:
     void startFreezeTimer();
     void stopFreezeTimer();
 
-    VXMenu2Emitters* m_emitters;
     bool m_isDigMenu = false;
     bool m_digAccessPending = false;
     bool m_isAboutToShow = false; // Qt shows the menu once the handlers have returned

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "voxi2/kernel/vxaction2.h"
-#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/kernel/qtobject2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QAction>
@@ -17,7 +17,8 @@ namespace VOXI {
 ///
 /// Setters leave the action untouched when nothing changes, so that whatever shows it is not laid
 /// out and painted again.
-class VOXI2_QT_EXPORT QtAction2 : public QtObject2Shim<QAction>
+class VOXI2_QT_EXPORT QtAction2
+    : public QtObject2Shim<VXAction2, VXAction2Emitters, QtObject2, QAction>
 {
     Q_OBJECT
 
@@ -65,6 +66,7 @@ public:
     virtual bool doIsAutoRepeat();
 
 protected:
+    void connectSignals() override;
     bool event(QEvent* event) override;
 
 private Q_SLOTS:
@@ -85,7 +87,6 @@ private:
     void leaveGroup();
 
     Icon m_icon; // a Qt icon cannot be turned back
-    VXAction2Emitters* m_emitters;
 };
 
 } // namespace VOXI

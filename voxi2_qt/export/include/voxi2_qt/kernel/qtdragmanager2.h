@@ -1,7 +1,7 @@
 #pragma once
 
 #include "voxi2/kernel/vxdragmanager2.h"
-#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/kernel/qtobject2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QObject>
@@ -9,13 +9,15 @@
 namespace VOXI {
 
 /// The peer of the drag manager: runs drags with the window system.
-class VOXI2_QT_EXPORT QtDragManager2 : public QtObject2Shim<QObject>
+class VOXI2_QT_EXPORT QtDragManager2
+    : public QtObject2Shim<VXObject2, VXDragManager2Emitters, QtObject2, QObject>
 {
     Q_OBJECT
 
 public:
-    QtDragManager2(VXObject2* manager, VXDragManager2Emitters* emitters);
+    QtDragManager2(VXObject2* object, VXDragManager2Emitters* emitters);
 
+    // Requests, in the order of the emitters table
     virtual void doStartDrag(const VXDrag2& drag);
     virtual void doCancelDrag();
     virtual bool doIsDragging();
@@ -26,7 +28,6 @@ public:
 private:
     void runDrag(const VXDrag2& drag, unsigned sourceId);
 
-    VXDragManager2Emitters* m_emitters;
     bool m_dragging = false;
     unsigned m_sourceId = 0;
 };

@@ -10,8 +10,7 @@
 #include "voxi2_qt/kernel/qtreporthold.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
-#include <QEvent>
-
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -81,45 +80,44 @@ public:
     /// is shown or put elsewhere. No echoes.
     virtual void leave();
 
-    /// Whether the abstract object lives and anybody listens to the event. Under the object lock.
-    template <class E>
-    bool canReport(const TROV::Event<void(const E&)>& event) const
+    /// Whether a report of the event would reach anybody: the abstract object is alive, and
+    /// somebody listens. Hold `VXObject::m_lock` to rely on it.
+    template <class E, class Table>
+    bool isHeard(TROV::Event<void(const E&)> Table::*event) const
     {
-        return !isDeletionScheduled() && isVXObjectValid() && event.isHeard();
+        VXObjectDataLocker lock;
+        return heard(event) != nullptr;
     }
 
-    /// Sends what `canReport`, once Qt has finished what the program has asked for.
-    template <class E>
-    void tell(const TROV::Event<void(const E&)>& event, E what) const
+    /// Reports something: sends what `make()` returns, where it is heard, once Qt has finished what
+    /// the program has asked for. The handlers run under the object lock and may end anything but
+    /// what is on the stack.
+    template <class E, class Table, class Make>
+    void reportMade(TROV::Event<void(const E&)> Table::*event, Make&& make) const
     {
         if (!QtReportHold::isActive()) [[likely]] {
-            if (catchUp() && canReport(event))
-                tellNow(event, what);
+            askMade(event, std::forward<Make>(make));
             return;
         }
-        const auto report = [&event, what = std::move(what)](const QtObject2& peer) {
-            if (peer.canReport(event))
-                peer.tellNow(event, what);
-        };
-        QtReportHold::add(*this, report);
+        VXObjectDataLocker lock;
+        if (heard(event)) {
+            QtReportHold::add(*this, [event, made = E(make())](const QtObject2& peer) {
+                peer.sendNow(event, [&] { return made; });
+            });
+        }
     }
 
-    /// Tells first what is overdue; false if this has ended by that.
-    bool catchUp() const
+    /// The same for what has to be answered before Qt goes on: at once, whatever Qt is doing. Gives
+    /// the event back, which carries the handlers' answer; nothing where it is not heard.
+    template <class E, class Table, class Make>
+    std::optional<E> askMade(TROV::Event<void(const E&)> Table::*event, Make&& make) const
     {
-        if (!QtReportHold::isAnyOverdue()) [[likely]]
-            return true;
-        const QtDeletionHold hold(this);
-        QtReportHold::releaseOverdue();
-        return hold.isAlive();
-    }
-
-    /// The same there and then. The handlers may end anything but what is on the stack.
-    template <class E>
-    void tellNow(const TROV::Event<void(const E&)>& event, const E& what) const
-    {
-        const QtHandlerFrame frame(*this);
-        event(what);
+        if (isDeletionScheduled() || !mayBeHeard())
+            return std::nullopt;
+        VXObjectDataLocker lock;
+        if (QtReportHold::isAnyOverdue() && heard(event) && !catchUp()) [[unlikely]]
+            return std::nullopt;
+        return sendNow(event, std::forward<Make>(make));
     }
 
 protected:
@@ -132,30 +130,6 @@ protected:
         m_requests.bind(*emitters, this, operations);
     }
 
-    /// Reports a user action: builds the event `E(arguments...)` and sends it, if the abstract
-    /// object is alive and somebody listens. The handlers run under the object lock and may destroy
-    /// this peer's object.
-    template <class E, class... Arguments>
-    void report(const TROV::Event<void(const E&)>& event, Arguments&&... arguments) const
-    {
-        if (!mayBeHeard())
-            return;
-        VXObjectDataLocker lock;
-        if (canReport(event))
-            tell(event, E(std::forward<Arguments>(arguments)...));
-    }
-
-    /// The same for what has to be answered before Qt goes on: at once, whatever Qt is doing.
-    template <class E, class... Arguments>
-    void ask(const TROV::Event<void(const E&)>& event, Arguments&&... arguments) const
-    {
-        if (!mayBeHeard())
-            return;
-        VXObjectDataLocker lock;
-        if (catchUp() && canReport(event))
-            tellNow(event, E(std::forward<Arguments>(arguments)...));
-    }
-
     /// The abstract object as what it was made as; only to be passed on while it is valid.
     template <class Object>
     Object* abstractObject() const noexcept
@@ -164,8 +138,8 @@ protected:
     }
 
     /// Called once, when somebody listens to the abstract object for the first time: the place for
-    /// the connections of Qt signals that are reported. Most widgets are never listened to, and
-    /// each connection costs them as much as a layout item.
+    /// the connections of Qt signals that are reported and nothing else. Most widgets are never
+    /// listened to, and each connection costs them as much as a layout item.
     virtual void connectSignals() {}
 
     /// What the destructor of every class that joins a peer base and a Qt class begins with; and of
@@ -184,6 +158,37 @@ protected:
 
 private:
     friend class QtTreeEnd;
+
+    /// The event's emitter; null where it is not heard. Under the object lock.
+    template <class E, class Table>
+    const TROV::Event<void(const E&)>* heard(TROV::Event<void(const E&)> Table::*event) const
+    {
+        const Table* table = nullptr;
+        if (!isDeletionScheduled() && isVXObjectValid())
+            table = m_requests.table<Table>();
+        return table && (table->*event).isHeard() ? &(table->*event) : nullptr;
+    }
+
+    /// Sends it there and then, where it is heard. Under the object lock.
+    template <class E, class Table, class Make>
+    std::optional<E> sendNow(TROV::Event<void(const E&)> Table::*event, Make&& make) const
+    {
+        std::optional<E> made;
+        if (const auto* emitter = heard(event)) {
+            const QtHandlerFrame frame(*this);
+            made.emplace(make());
+            (*emitter)(*made);
+        }
+        return made;
+    }
+
+    /// Tells first what is overdue; false if this has ended by that.
+    bool catchUp() const
+    {
+        const QtDeletionHold hold(this);
+        QtReportHold::releaseOverdue();
+        return hold.isAlive();
+    }
 
     void addObject();
     void removeObject();
@@ -253,31 +258,5 @@ void withWidgetOrNone(const VXObject* object, Function&& function)
             function(widget);
     });
 }
-
-/// Joins a Qt object class that is no widget with a peer base.
-template <class Q, class Base = QtObject2>
-class QtObject2Shim : public Q, public Base
-{
-public:
-    ~QtObject2Shim() override { this->endPeer(); }
-
-    QObject* asQObject() const noexcept override
-    {
-        return const_cast<Q*>(static_cast<const Q*>(this));
-    }
-
-protected:
-    bool event(QEvent* event) override
-    {
-        return QtDeletionHold::postpones(*this, *event) || Q::event(event);
-    }
-
-    /// `arguments` go to the Qt class.
-    template <class Object, class Emitters, class... Arguments>
-    QtObject2Shim(Object* object, Emitters* emitters, Arguments&&... arguments)
-        : Q(std::forward<Arguments>(arguments)...),
-          Base(object, emitters->base())
-    {}
-};
 
 } // namespace VOXI

@@ -2,7 +2,7 @@
 
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2_qt/kernel/qteventfilter2.h"
-#include "voxi2_qt/kernel/qtobject2.h"
+#include "voxi2_qt/kernel/qtpeerlevel.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QColor>
@@ -28,7 +28,7 @@ class QtDragDelegate2;
 
 /// The base of every peer that is a widget: the requests common to all of them, the switches that
 /// say which user events are passed back, and the highlight.
-class VOXI2_QT_EXPORT QtWidget2 : public QtObject2
+class VOXI2_QT_EXPORT QtWidget2 : public QtPeerLevel<VXWidget2, VXWidget2Emitters, QtObject2>
 {
 public:
     ~QtWidget2() override;
@@ -149,8 +149,6 @@ public:
     /// Takes the widget out of the tool bar that shows it, if one does; see `QtBarItem`.
     void leaveBar();
 
-    /// The emitters of the abstract widget; only while it is valid.
-    VXWidget2Emitters* widgetEmitters() const noexcept { return m_emitters; }
     /// The delegate that decides about drags over this widget; null when there is none.
     QtDragDelegate2* dragDelegate() const;
     VXWidget2* abstractWidget() const noexcept { return abstractObject<VXWidget2>(); }
@@ -191,7 +189,6 @@ private:
 
     static std::map<QtWidget2*, QAction*> m_ActionMap;
 
-    VXWidget2Emitters* m_emitters;
     unsigned m_dragDelegateId = 0;
     QRgb m_highlightColor = 0;
     bool m_highlighted = false;

@@ -10,6 +10,7 @@
 #include <QPaintEvent>
 #include <QWidget>
 
+#include <cstddef>
 #include <type_traits>
 #include <utility>
 
@@ -90,7 +91,7 @@ protected:
 /// in one object. It passes on what does not go through the event filter: the drag gesture, the
 /// highlight over the finished widget, and drags over it.
 template <class Object, class Emitters, class Base, class Q>
-class QtWidget2Shim : public Base, public QtFilteredWidget<Q>
+class QtWidget2Shim : public QtPeerLevel<Object, Emitters, Base>, public QtFilteredWidget<Q>
 {
 public:
     ~QtWidget2Shim() override { this->endPeer(); }
@@ -103,11 +104,16 @@ public:
 
 protected:
     /// `arguments` go to the Qt class behind the parent.
-    template <class... Arguments>
-    QtWidget2Shim(Object* object, Emitters* emitters, QWidget* parent, Arguments&&... arguments)
-        : Base(object, emitters->base()),
+    template <std::size_t Count, class... Arguments>
+    QtWidget2Shim(Object* object, Emitters* emitters,
+                  const TROV::Operations<Emitters, Count>& requests, QWidget* parent,
+                  Arguments&&... arguments)
+        : QtPeerLevel<Object, Emitters, Base>(object, emitters),
           QtFilteredWidget<Q>(parent, std::forward<Arguments>(arguments)...)
-    {}
+    {
+        this->enableEventBroadcasting();
+        this->bindRequests(emitters, requests);
+    }
 
     bool showToPeer(QWidget* receiver, QEvent* event) override
     {
