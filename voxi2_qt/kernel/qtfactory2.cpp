@@ -34,19 +34,31 @@ namespace VOXI {
 
 namespace {
 
-/// Makes a peer of class `Peer` and finishes it. A peer that throws is not left behind. Nothing is
-/// made for an object that has ended meanwhile.
-template <class Peer, class Object, class... Arguments>
-void create(Object* object, Arguments... arguments)
+/// Where a peer is put, as what its constructor takes: the widget of the abstract parent, or the Qt
+/// object. Null for none, or for one of another kind.
+class Parent
 {
-    if (!VXObject::isObjectValid(object))
-        return;
-    auto* peer = new Peer(object, arguments...);
-    peer->init();
+public:
+    explicit Parent(VXObject* object) : m_object(object) {}
+
+    operator QWidget*() const { return m_object ? qWidgetOf(lookup(m_object)) : nullptr; }
+    operator QObject*() const { return m_object ? qObjectOf(lookup(m_object)) : nullptr; }
+
+private:
+    VXObject* m_object;
+};
+
+// What a request carries, as the peer's constructor takes it.
+template <class Argument>
+Argument forPeer(Argument argument)
+{
+    return argument;
 }
 
+Parent forPeer(VXObject* parent) { return Parent(parent); }
+
 /// All dialogs have the same frame, whatever flags the requests carry.
-constexpr Qt::WindowFlags DialogFlags = Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+Qt::WindowFlags forPeer(unsigned) { return Qt::WindowTitleHint | Qt::WindowSystemMenuHint; }
 
 } // namespace
 
@@ -55,206 +67,56 @@ QtFactory2* QtFactory2::m_factory = nullptr;
 void QtFactory2::createFactory(VXFactory2* factory)
 {
     if (!m_factory)
-        m_factory = new QtFactory2(factory);
+        m_factory = new QtFactory2(*factory);
 }
 
-QtFactory2::QtFactory2(VXFactory2* factory)
+QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thread())
 {
-    TROV::Thread* const thread = factory->getBridge()->thread();
-    const auto connect = [&](auto& request, auto operation) {
-        request.connect(this, operation, thread);
-    };
     // In the order of the requests in `VXFactory2`; kinds without a peer are left unconnected.
-    connect(factory->createAction2, &QtFactory2::createAction2);
-    connect(factory->createBoxLayout2, &QtFactory2::createBoxLayout2);
-    connect(factory->createButton2, &QtFactory2::createButton2);
-    connect(factory->createCheckBox2, &QtFactory2::createCheckBox2);
-    connect(factory->createDialog2, &QtFactory2::createDialog2);
-    connect(factory->createFileDialog2, &QtFactory2::createFileDialog2);
-    connect(factory->createDockWidget2, &QtFactory2::createDockWidget2);
-    connect(factory->createDragManager2, &QtFactory2::createDragManager2);
-    connect(factory->createDragDelegate2, &QtFactory2::createDragDelegate2);
-    connect(factory->createFlowLayout2, &QtFactory2::createFlowLayout2);
-    connect(factory->createFrame2, &QtFactory2::createFrame2);
-    connect(factory->createGridLayout2, &QtFactory2::createGridLayout2);
-    connect(factory->createGroupBox2, &QtFactory2::createGroupBox2);
-    connect(factory->createMenu2, &QtFactory2::createMenu2);
-    connect(factory->createMenuBar2, &QtFactory2::createMenuBar2);
-    connect(factory->createPanel2, &QtFactory2::createPanel2);
-    connect(factory->createRadioButton2, &QtFactory2::createRadioButton2);
-    connect(factory->createScrollView2, &QtFactory2::createScrollView2);
-    connect(factory->createSplitter2, &QtFactory2::createSplitter2);
-    connect(factory->createTab2, &QtFactory2::createTab2);
-    connect(factory->createTabContainer2, &QtFactory2::createTabContainer2);
-    connect(factory->createText2, &QtFactory2::createText2);
-    connect(factory->createToolbar2, &QtFactory2::createToolbar2);
-    connect(factory->createToolButton2, &QtFactory2::createToolButton2);
-    connect(factory->createWidgetStack2, &QtFactory2::createWidgetStack2);
-    connect(factory->createWindow2, &QtFactory2::createWindow2);
-    connect(factory->createToolTipWindow2, &QtFactory2::createToolTipWindow2);
-    connect(factory->destroyObject, &QtFactory2::destroyObject);
+    serve<QtAction2>(factory.createAction2);
+    serve<QtBoxLayout2>(factory.createBoxLayout2);
+    serve<QtButton2>(factory.createButton2);
+    serve<QtCheckBox2>(factory.createCheckBox2);
+    serve<QtDialog2>(factory.createDialog2);
+    serve<QtFileDialog2>(factory.createFileDialog2);
+    serve<QtDockWidget2>(factory.createDockWidget2);
+    serve<QtDragManager2>(factory.createDragManager2);
+    serve<QtDragDelegate2>(factory.createDragDelegate2);
+    serve<QtFlowLayout2>(factory.createFlowLayout2);
+    serve<QtFrame2>(factory.createFrame2);
+    serve<QtGridLayout2>(factory.createGridLayout2);
+    serve<QtGroupBox2>(factory.createGroupBox2);
+    serve<QtMenu2>(factory.createMenu2);
+    serve<QtMenuBar2>(factory.createMenuBar2);
+    serve<QtPanel2>(factory.createPanel2);
+    serve<QtRadioButton2>(factory.createRadioButton2);
+    serve<QtScrollView2>(factory.createScrollView2);
+    serve<QtSplitter2>(factory.createSplitter2);
+    serve<QtTab2>(factory.createTab2);
+    serve<QtTabContainer2>(factory.createTabContainer2);
+    serve<QtText2>(factory.createText2);
+    serve<QtToolBar2>(factory.createToolbar2);
+    serve<QtToolButton2>(factory.createToolButton2);
+    serve<QtWidgetStack2>(factory.createWidgetStack2);
+    serve<QtWindow2>(factory.createWindow2);
+    serve<QtToolTipWindow2>(factory.createToolTipWindow2);
+    factory.destroyObject.connect(this, &QtFactory2::destroyObject, m_thread);
 }
 
 QtFactory2::~QtFactory2() { disconnect(); }
 
-QWidget* QtFactory2::getQWidget(VXObject* object)
+/// Has a request make peers of class `Peer`. One that throws is not left behind, and nothing is
+/// made for an object that has ended meanwhile.
+template <class Peer, class Object, class Emitters, class... Rest>
+void QtFactory2::serve(const TROV::Emitter<void(Object*, Emitters*, Rest...)>& request)
 {
-    return object ? qWidgetOf(lookup(object)) : nullptr;
-}
-
-QObject* QtFactory2::getQObject(VXObject* object)
-{
-    return object ? qObjectOf(lookup(object)) : nullptr;
-}
-
-void QtFactory2::createAction2(VXAction2* object, VXAction2Emitters* emitters, VXObject* parent)
-{
-    create<QtAction2>(object, emitters, getQObject(parent));
-}
-
-void QtFactory2::createBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters,
-                                  VXObject* parent, Direction direction)
-{
-    create<QtBoxLayout2>(object, emitters, getQWidget(parent), direction);
-}
-
-void QtFactory2::createButton2(VXButton2* object, VXButton2Emitters* emitters, VXObject* parent)
-{
-    create<QtButton2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters,
-                                 VXObject* parent)
-{
-    create<QtCheckBox2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createDialog2(VXDialog2* object, VXDialog2Emitters* emitters, VXObject* parent,
-                               unsigned)
-{
-    create<QtDialog2>(object, emitters, getQWidget(parent), DialogFlags);
-}
-
-void QtFactory2::createFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters,
-                                   VXObject* parent, unsigned)
-{
-    create<QtFileDialog2>(object, emitters, getQWidget(parent), DialogFlags);
-}
-
-void QtFactory2::createDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
-                                   VXObject* parent)
-{
-    create<QtDockWidget2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createDragManager2(VXObject2* object, VXDragManager2Emitters* emitters)
-{
-    create<QtDragManager2>(object, emitters);
-}
-
-void QtFactory2::createDragDelegate2(VXDragDelegate2* object, VXDragDelegate2Emitters* emitters)
-{
-    create<QtDragDelegate2>(object, emitters);
-}
-
-void QtFactory2::createFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters,
-                                   VXObject* parent, Direction direction)
-{
-    create<QtFlowLayout2>(object, emitters, getQWidget(parent), direction);
-}
-
-void QtFactory2::createFrame2(VXFrame2* object, VXFrame2Emitters* emitters, VXObject* parent)
-{
-    create<QtFrame2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters,
-                                   VXObject* parent)
-{
-    create<QtGridLayout2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createGroupBox2(VXGroupBox2* object, VXGroupBox2Emitters* emitters,
-                                 VXObject* parent)
-{
-    create<QtGroupBox2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createMenu2(VXMenu2* object, VXMenu2Emitters* emitters, VXObject* parent)
-{
-    create<QtMenu2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, VXObject* parent)
-{
-    create<QtMenuBar2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createPanel2(VXPanel2* object, VXPanel2Emitters* emitters, VXObject* parent)
-{
-    create<QtPanel2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* emitters,
-                                    VXObject* parent)
-{
-    create<QtRadioButton2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitters,
-                                   VXObject* parent)
-{
-    create<QtScrollView2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitters,
-                                 VXObject* parent, Orientation orientation)
-{
-    create<QtSplitter2>(object, emitters, getQWidget(parent), orientation);
-}
-
-void QtFactory2::createTab2(VXTab2* object, VXTab2Emitters* emitters, VXObject* parent)
-{
-    create<QtTab2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createTabContainer2(VXTabContainer2* object, VXTabContainer2Emitters* emitters,
-                                     VXObject* parent)
-{
-    create<QtTabContainer2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createText2(VXText2* object, VXText2Emitters* emitters, VXObject* parent)
-{
-    create<QtText2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createToolbar2(VXToolBar2* object, VXToolBar2Emitters* emitters, VXObject* parent)
-{
-    create<QtToolBar2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createToolButton2(VXToolButton2* object, VXToolButton2Emitters* emitters,
-                                   VXObject* parent)
-{
-    create<QtToolButton2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emitters* emitters,
-                                      VXObject* parent)
-{
-    create<QtToolTipWindow2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* emitters,
-                                    VXObject* parent)
-{
-    create<QtWidgetStack2>(object, emitters, getQWidget(parent));
-}
-
-void QtFactory2::createWindow2(VXWindow2* object, VXWindow2Emitters* emitters, VXObject* parent)
-{
-    create<QtWindow2>(object, emitters, getQWidget(parent));
+    const auto create = [](Object* object, Emitters* emitters, Rest... rest) {
+        if (!VXObject::isObjectValid(object))
+            return;
+        auto* const peer = new Peer(object, emitters, forPeer(rest)...);
+        peer->init();
+    };
+    request.connect(this, create, m_thread);
 }
 
 void QtFactory2::destroyObject(unsigned uid)
