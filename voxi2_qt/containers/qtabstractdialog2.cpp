@@ -83,10 +83,7 @@ void QtAbstractDialog2::scheduleDelete()
     QtAbstractWindow2::scheduleDelete();
 }
 
-QDialog* QtAbstractDialog2::asQDialog() const noexcept
-{
-    return static_cast<QDialog*>(asQWidget());
-}
+// Requests ----------------------------------------------------------------------------------------
 
 void QtAbstractDialog2::doSetVisible(bool visible)
 {
@@ -100,8 +97,6 @@ void QtAbstractDialog2::doSetWindowFlags(unsigned flags)
     const ScopedFlagToggler shownAnew(m_isShownAnew, true);
     QtAbstractWindow2::doSetWindowFlags(flags | WindowFlagDialog);
 }
-
-// Requests ----------------------------------------------------------------------------------------
 
 void QtAbstractDialog2::doSetModal(bool modal) { m_modal = modal; }
 
@@ -165,7 +160,16 @@ int QtAbstractDialog2::doExec()
 bool QtAbstractDialog2::doIsModal() { return m_modal; }
 int QtAbstractDialog2::doGetResult() { return asQDialog()->result(); }
 
-// Showing and ending ------------------------------------------------------------------------------
+// Reports -----------------------------------------------------------------------------------------
+
+void QtAbstractDialog2::reportEnd(int result) { report(&E::finished, result); }
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QDialog* QtAbstractDialog2::asQDialog() const noexcept
+{
+    return static_cast<QDialog*>(asQWidget());
+}
 
 void QtAbstractDialog2::hideUnlessShownAs(Qt::WindowModality modality)
 {
@@ -227,7 +231,5 @@ void QtAbstractDialog2::unsetButtonResult(const QAbstractButton* button)
         return true;
     });
 }
-
-void QtAbstractDialog2::reportEnd(int result) { report(&E::finished, result); }
 
 } // namespace VOXI

@@ -58,10 +58,20 @@ QtAbstractWindow2::QtAbstractWindow2(VXAbstractWindow2* window, VXAbstractWindow
     : QtPeerLevel(window, emitters, s_requests)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtAbstractWindow2::doSetParent(VXObject* parent)
 {
     // With its flags: without them it would become a part of the parent's surface.
     changeParent(parent, asQWidget()->windowFlags());
+}
+
+void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
+{
+    if (isSavedText(GeometryKind, geometry))
+        doRestoreWindowGeometry(geometry);
+    else
+        changeState([&] { QtWidget2::doRestoreGeometry(geometry); });
 }
 
 void QtAbstractWindow2::doSetTitle(const std::string& title)
@@ -158,13 +168,24 @@ bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
     return true;
 }
 
-void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
+// Reports -----------------------------------------------------------------------------------------
+
+void QtAbstractWindow2::passStateChange(const QEvent& event)
 {
-    if (isSavedText(GeometryKind, geometry))
-        doRestoreWindowGeometry(geometry);
-    else
-        changeState([&] { QtWidget2::doRestoreGeometry(geometry); });
+    if (event.type() == QEvent::WindowStateChange)
+        reportState();
 }
+
+void QtAbstractWindow2::reportState()
+{
+    const VXFlags<WindowState> state = shownState(*asQWidget());
+    if (m_settling > 0 || state == m_knownState)
+        return;
+    m_knownState = state;
+    report(&E::stateChanged, state);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
 
 /// Shows the window in a state. Each step may run handlers that end it.
 void QtAbstractWindow2::showInState(VXFlags<WindowState> state)
@@ -173,14 +194,6 @@ void QtAbstractWindow2::showInState(VXFlags<WindowState> state)
     doSetWindowState(state);
     if (self && !isDeletionScheduled())
         doShow();
-}
-
-// Reports -----------------------------------------------------------------------------------------
-
-void QtAbstractWindow2::passStateChange(const QEvent& event)
-{
-    if (event.type() == QEvent::WindowStateChange)
-        reportState();
 }
 
 /// Has the program change the state. The window manager carries that out in steps, which are not
@@ -198,15 +211,6 @@ void QtAbstractWindow2::changeState(Function&& change)
         if (--m_settling == 0)
             reportState();
     });
-}
-
-void QtAbstractWindow2::reportState()
-{
-    const VXFlags<WindowState> state = shownState(*asQWidget());
-    if (m_settling > 0 || state == m_knownState)
-        return;
-    m_knownState = state;
-    report(&E::stateChanged, state);
 }
 
 } // namespace VOXI

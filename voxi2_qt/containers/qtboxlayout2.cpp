@@ -28,6 +28,8 @@ QtBoxLayout2::QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters,
                     parent && !parent->layout() ? parent : nullptr)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtBoxLayout2::doBoxAddWidget(VXObject* widget, int stretch, Alignment alignment)
 {
     doInsertWidget(widget, -1, stretch, alignment);
@@ -45,12 +47,6 @@ void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alig
     });
 }
 
-int QtBoxLayout2::placeFor(int index) const
-{
-    // Qt does not check it.
-    return index < 0 || index > count() ? -1 : index;
-}
-
 void QtBoxLayout2::doInsertSpacer(int index, int size, int stretch)
 {
     if (stretch != 0)
@@ -66,6 +62,14 @@ void QtBoxLayout2::doSetStretchFactor(VXObject* widget, int stretch)
         if (child)
             setStretchFactor(child, stretch);
     });
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+int QtBoxLayout2::placeFor(int index) const
+{
+    // Qt does not check it.
+    return index < 0 || index > count() ? -1 : index;
 }
 
 } // namespace VOXI

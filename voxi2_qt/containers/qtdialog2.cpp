@@ -36,6 +36,8 @@ QtDialog2::QtDialog2(VXDialog2* object, VXDialog2Emitters* emitters, QWidget* pa
     : QtDialog2Shim(object, emitters, s_requests, parent, flags)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtDialog2::doSetDefaultButton(VXButton2* button)
 {
     withWidgetOrNone(button, [this](QWidget* widget) {
@@ -54,6 +56,8 @@ VXButton2* QtDialog2::doGetDefaultButton()
 }
 
 bool QtDialog2::doIsSizeGripEnabled() { return isSizeGripEnabled(); }
+
+// Reports -----------------------------------------------------------------------------------------
 
 void QtDialog2::keyPressEvent(QKeyEvent* event)
 {

@@ -47,8 +47,6 @@ int s_programScopes = 0;
 
 } // namespace
 
-// Program scope -----------------------------------------------------------------------------------
-
 QtDockWidget2::ProgramScope::ProgramScope(QWidget* window) : m_window(window) { ++s_programScopes; }
 
 QtDockWidget2::ProgramScope::~ProgramScope()
@@ -57,8 +55,6 @@ QtDockWidget2::ProgramScope::~ProgramScope()
         m_window->layout()->activate();
     --s_programScopes;
 }
-
-// The dock widget ---------------------------------------------------------------------------------
 
 QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitters,
                              QWidget* parent)
@@ -108,6 +104,32 @@ void QtDockWidget2::leave()
 }
 
 // Requests ----------------------------------------------------------------------------------------
+
+void QtDockWidget2::doShow()
+{
+    const ProgramScope scope(parentWidget());
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    QtContainer2::doShow();
+}
+
+void QtDockWidget2::doHide()
+{
+    const ProgramScope scope(parentWidget());
+    QtContainer2::doHide();
+}
+
+void QtDockWidget2::doSetVisible(bool visible)
+{
+    const ProgramScope scope(parentWidget());
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    QtContainer2::doSetVisible(visible);
+}
+
+void QtDockWidget2::doSetParent(VXObject* parent)
+{
+    const ProgramScope scope(parentWidget());
+    QtContainer2::doSetParent(parent);
+}
 
 void QtDockWidget2::doSetWidget(VXWidget2* widget)
 {
@@ -190,32 +212,6 @@ void QtDockWidget2::doSetViewAction(VXAction2* action)
         connect(peer, &QAction::toggled, this, &QtDockWidget2::slotViewActionToggled);
         updateViewAction();
     });
-}
-
-void QtDockWidget2::doShow()
-{
-    const ProgramScope scope(parentWidget());
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    QtContainer2::doShow();
-}
-
-void QtDockWidget2::doHide()
-{
-    const ProgramScope scope(parentWidget());
-    QtContainer2::doHide();
-}
-
-void QtDockWidget2::doSetVisible(bool visible)
-{
-    const ProgramScope scope(parentWidget());
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    QtContainer2::doSetVisible(visible);
-}
-
-void QtDockWidget2::doSetParent(VXObject* parent)
-{
-    const ProgramScope scope(parentWidget());
-    QtContainer2::doSetParent(parent);
 }
 
 // Reports -----------------------------------------------------------------------------------------

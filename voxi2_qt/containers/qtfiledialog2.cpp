@@ -106,6 +106,35 @@ QtFileDialog2::QtFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitt
     doSetMode(FileDialogMode::OpenFile);
 }
 
+void QtFileDialog2::deferDelete()
+{
+    // Qt runs the context menu and the questions of its commands on its stack, as children: the
+    // dialog must not go before they have ended.
+    bool isRunning = false;
+    for (QWidget* each : findChildren<QWidget*>()) {
+        const bool mayRun = qobject_cast<QMenu*>(each) || qobject_cast<QDialog*>(each);
+        // Dialogs and menus of the program's own go with this one.
+        if (!mayRun || !each->isVisible() || each == m_question || peerOf(each))
+            continue;
+        isRunning = true;
+        connect(each, &QObject::destroyed, this, &QObject::deleteLater);
+        each->hide(); // which ends its loop
+    }
+    if (!isRunning) {
+        QtDialog2Shim::deferDelete();
+        return;
+    }
+    hide();
+    m_isWaiting = true;
+    setParent(nullptr); // which may be going now
+}
+
+void QtFileDialog2::endAlone()
+{
+    if (!m_isWaiting)
+        QtDialog2Shim::endAlone();
+}
+
 // Requests ----------------------------------------------------------------------------------------
 
 void QtFileDialog2::doAccept()
@@ -214,7 +243,39 @@ void QtFileDialog2::doSetLabel(FileDialogLabel label, const std::wstring& text)
     applyLabels();
 }
 
-// The end -----------------------------------------------------------------------------------------
+// Reports -----------------------------------------------------------------------------------------
+
+void QtFileDialog2::accept()
+{
+    if (m_question || enterTypedDirectory())
+        return;
+    if (const QString missing = missingFile(); !missing.isNull()) {
+        ask(QMessageBox::Ok,
+            inUsersLanguage("%1 does not exist.\nPlease check the name.").arg(missing));
+        return;
+    }
+    if (m_mode == FileDialogMode::SaveFile && m_confirmOverwrite) {
+        const QStringList files = chosenFiles();
+        if (!files.isEmpty() && QFileInfo::exists(files.first())) {
+            ask(QMessageBox::Yes | QMessageBox::No,
+                inUsersLanguage("%1 exists already.\nDo you want to replace it?")
+                    .arg(QFileInfo(files.first()).fileName()));
+            return;
+        }
+    }
+    QFileDialog::accept();
+}
+
+void QtFileDialog2::reportEnd(int result)
+{
+    const QPointer<QWidget> self(this);
+    if (result == QDialog::Accepted)
+        report(&E::filesChosen, doGetSelectedFiles());
+    if (self)
+        QtDialog2Shim::reportEnd(result);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
 
 /// Where the user types.
 QLineEdit* QtFileDialog2::nameEdit() const
@@ -280,27 +341,6 @@ QString QtFileDialog2::missingFile() const
     return QString();
 }
 
-void QtFileDialog2::accept()
-{
-    if (m_question || enterTypedDirectory())
-        return;
-    if (const QString missing = missingFile(); !missing.isNull()) {
-        ask(QMessageBox::Ok,
-            inUsersLanguage("%1 does not exist.\nPlease check the name.").arg(missing));
-        return;
-    }
-    if (m_mode == FileDialogMode::SaveFile && m_confirmOverwrite) {
-        const QStringList files = chosenFiles();
-        if (!files.isEmpty() && QFileInfo::exists(files.first())) {
-            ask(QMessageBox::Yes | QMessageBox::No,
-                inUsersLanguage("%1 exists already.\nDo you want to replace it?")
-                    .arg(QFileInfo(files.first()).fileName()));
-            return;
-        }
-    }
-    QFileDialog::accept();
-}
-
 void QtFileDialog2::ask(QMessageBox::StandardButtons buttons, const QString& text)
 {
     m_question = new QMessageBox(QMessageBox::Warning, windowTitle(), text, buttons, this);
@@ -329,44 +369,6 @@ void QtFileDialog2::setVisible(bool visible)
     QtDialog2Shim::setVisible(visible);
     if (self && !visible && m_question)
         delete m_question.data();
-}
-
-void QtFileDialog2::reportEnd(int result)
-{
-    const QPointer<QWidget> self(this);
-    if (result == QDialog::Accepted)
-        report(&E::filesChosen, doGetSelectedFiles());
-    if (self)
-        QtDialog2Shim::reportEnd(result);
-}
-
-void QtFileDialog2::deferDelete()
-{
-    // Qt runs the context menu and the questions of its commands on its stack, as children: the
-    // dialog must not go before they have ended.
-    bool isRunning = false;
-    for (QWidget* each : findChildren<QWidget*>()) {
-        const bool mayRun = qobject_cast<QMenu*>(each) || qobject_cast<QDialog*>(each);
-        // Dialogs and menus of the program's own go with this one.
-        if (!mayRun || !each->isVisible() || each == m_question || peerOf(each))
-            continue;
-        isRunning = true;
-        connect(each, &QObject::destroyed, this, &QObject::deleteLater);
-        each->hide(); // which ends its loop
-    }
-    if (!isRunning) {
-        QtDialog2Shim::deferDelete();
-        return;
-    }
-    hide();
-    m_isWaiting = true;
-    setParent(nullptr); // which may be going now
-}
-
-void QtFileDialog2::endAlone()
-{
-    if (!m_isWaiting)
-        QtDialog2Shim::endAlone();
 }
 
 } // namespace VOXI

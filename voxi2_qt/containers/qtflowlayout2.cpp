@@ -167,7 +167,7 @@ QtFlowLayout2::~QtFlowLayout2()
         delete m_items.takeLast();
 }
 
-// Items -------------------------------------------------------------------------------------------
+// Helpers -----------------------------------------------------------------------------------------
 
 void QtFlowLayout2::addItem(QLayoutItem* item) { m_items.append(item); }
 int QtFlowLayout2::count() const { return static_cast<int>(m_items.size()); }
@@ -177,8 +177,6 @@ QLayoutItem* QtFlowLayout2::takeAt(int index)
 {
     return index >= 0 && index < m_items.size() ? m_items.takeAt(index) : nullptr;
 }
-
-// Geometry ----------------------------------------------------------------------------------------
 
 Qt::Orientations QtFlowLayout2::expandingDirections() const { return {}; }
 
@@ -201,8 +199,6 @@ void QtFlowLayout2::setGeometry(const QRect& rect)
     QLayout::setGeometry(rect);
     m_cachedSize = doLayout(rect, false);
 }
-
-// Passes ------------------------------------------------------------------------------------------
 
 QSize QtFlowLayout2::doLayout(const QRect& rect, bool testOnly) const
 {

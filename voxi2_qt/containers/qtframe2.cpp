@@ -29,7 +29,13 @@ QtFrame2::QtFrame2(VXFrame2* object, VXFrame2Emitters* emitters, QWidget* parent
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtFrame2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
+FrameShadow QtFrame2::doGetShadow() { return Qt2VX(frameShadow()); }
+FrameShape QtFrame2::doGetShape() { return Qt2VX(frameShape()); }
+int QtFrame2::doGetLineWidth() { return lineWidth(); }
+FramePaintCallback QtFrame2::doGetPaintCallback() { return m_paintCallback; }
 void QtFrame2::doSetShadow(FrameShadow shadow) { setFrameShadow(VX2Qt(shadow)); }
 void QtFrame2::doSetShape(FrameShape shape) { setFrameShape(VX2Qt(shape)); }
 void QtFrame2::doSetLineWidth(int width) { setLineWidth(width); }
@@ -40,10 +46,7 @@ void QtFrame2::doSetPaintCallback(FramePaintCallback callback)
     update();
 }
 
-FrameShadow QtFrame2::doGetShadow() { return Qt2VX(frameShadow()); }
-FrameShape QtFrame2::doGetShape() { return Qt2VX(frameShape()); }
-int QtFrame2::doGetLineWidth() { return lineWidth(); }
-FramePaintCallback QtFrame2::doGetPaintCallback() { return m_paintCallback; }
+// Reports -----------------------------------------------------------------------------------------
 
 void QtFrame2::paintEvent(QPaintEvent* event)
 {

@@ -48,6 +48,8 @@ QtGridLayout2::QtGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitt
     : QtObject2Shim(object, emitters, s_requests, parent && !parent->layout() ? parent : nullptr)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtGridLayout2::doGridAddWidget(VXObject* widget, VXRect<int> cell, Alignment alignment)
 {
     withWidgetOf(widget, [&](QWidget* child) {
@@ -101,6 +103,8 @@ int QtGridLayout2::doGetColStretch(int column)
 {
     return column >= 0 && column < columnCount() ? columnStretch(column) : 0;
 }
+
+// Helpers -----------------------------------------------------------------------------------------
 
 bool QtGridLayout2::hasRoomFor(const VXRect<int>& cell) const
 {

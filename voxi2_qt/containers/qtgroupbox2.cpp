@@ -25,6 +25,8 @@ QtGroupBox2::QtGroupBox2(VXGroupBox2* object, VXGroupBox2Emitters* emitters, QWi
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtGroupBox2::doSetTitle(const std::string& title) { setTitle(toQString(title)); }
 void QtGroupBox2::doSetFlat(bool flat) { setFlat(flat); }
 std::string QtGroupBox2::doGetTitle() { return toStdString(title()); }

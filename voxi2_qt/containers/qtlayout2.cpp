@@ -88,8 +88,7 @@ QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
     : QtPeerLevel(object, emitters, s_requests)
 {}
 
-QLayout* QtLayout2::layout() const noexcept { return static_cast<QLayout*>(asQObject()); }
-QLayout* QtLayout2::asQLayout(GuiObject* peer) { return qobject_cast<QLayout*>(qObjectOf(peer)); }
+// Requests ----------------------------------------------------------------------------------------
 
 void QtLayout2::doSetParent(VXObject* widget)
 {
@@ -105,37 +104,6 @@ void QtLayout2::doSetParent(VXObject* widget)
         }
         doRefresh();
     });
-}
-
-bool QtLayout2::doRefuses(VXObject* widget)
-{
-    bool refuses = true;
-    withWidgetOf(widget, [&](QWidget* target) {
-        const QLayout* const present = target ? target->layout() : nullptr;
-        refuses = !target || (present && present != layout()) || !canLieIn(*layout(), *target);
-    });
-    return refuses;
-}
-
-bool QtLayout2::prepareFor(QWidget* child)
-{
-    QLayout* const self = layout();
-    if (!child || isWithin(child, self->parentWidget()))
-        return false;
-    takeOutFor(self->parentWidget(), child);
-    if (!self->parentWidget()) {
-        if (!m_watch)
-            m_watch = new ItemWatch(self);
-        m_watch->add(child);
-    }
-    return true;
-}
-
-void QtLayout2::forgetStray(QWidget* child)
-{
-    const QWidget* const target = layout()->parentWidget();
-    if (child && target && child->parentWidget() != target)
-        layout()->removeWidget(child);
 }
 
 void QtLayout2::doAddWidget(VXObject* widget, Alignment alignment)
@@ -159,6 +127,9 @@ void QtLayout2::doAddSpacer(Size<int> size, int expanding)
     layout()->invalidate();
 }
 
+void QtLayout2::doInvalidate() { layout()->invalidate(); }
+void QtLayout2::doRefresh() { layout()->activate(); }
+
 void QtLayout2::doRemoveWidget(VXObject* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
@@ -169,18 +140,52 @@ void QtLayout2::doRemoveWidget(VXObject* widget)
     });
 }
 
-void QtLayout2::doInvalidate() { layout()->invalidate(); }
-void QtLayout2::doRefresh() { layout()->activate(); }
 void QtLayout2::doSetEnabled(bool enabled) { layout()->setEnabled(enabled); }
-bool QtLayout2::doIsEnabled() { return layout()->isEnabled(); }
 
 void QtLayout2::doSetMargins(VXRect<int> margins)
 {
     layout()->setContentsMargins(toQMargins(margins));
 }
 
-VXRect<int> QtLayout2::doGetMargins() { return toVXMargins(layout()->contentsMargins()); }
 void QtLayout2::doSetSpacing(int spacing) { layout()->setSpacing(bounded(spacing)); }
+bool QtLayout2::doIsEnabled() { return layout()->isEnabled(); }
+VXRect<int> QtLayout2::doGetMargins() { return toVXMargins(layout()->contentsMargins()); }
 int QtLayout2::doGetSpacing() { return layout()->spacing(); }
+
+bool QtLayout2::doRefuses(VXObject* widget)
+{
+    bool refuses = true;
+    withWidgetOf(widget, [&](QWidget* target) {
+        const QLayout* const present = target ? target->layout() : nullptr;
+        refuses = !target || (present && present != layout()) || !canLieIn(*layout(), *target);
+    });
+    return refuses;
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QLayout* QtLayout2::layout() const noexcept { return static_cast<QLayout*>(asQObject()); }
+QLayout* QtLayout2::asQLayout(GuiObject* peer) { return qobject_cast<QLayout*>(qObjectOf(peer)); }
+
+bool QtLayout2::prepareFor(QWidget* child)
+{
+    QLayout* const self = layout();
+    if (!child || isWithin(child, self->parentWidget()))
+        return false;
+    takeOutFor(self->parentWidget(), child);
+    if (!self->parentWidget()) {
+        if (!m_watch)
+            m_watch = new ItemWatch(self);
+        m_watch->add(child);
+    }
+    return true;
+}
+
+void QtLayout2::forgetStray(QWidget* child)
+{
+    const QWidget* const target = layout()->parentWidget();
+    if (child && target && child->parentWidget() != target)
+        layout()->removeWidget(child);
+}
 
 } // namespace VOXI

@@ -12,6 +12,8 @@ QtPanel2::QtPanel2(VXPanel2* object, VXPanel2Emitters* emitters, QWidget* parent
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtPanel2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
 
 } // namespace VOXI

@@ -59,6 +59,8 @@ QtScrollView2::QtScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitt
     setFrameStyle(static_cast<int>(QFrame::NoFrame) | static_cast<int>(QFrame::Plain));
 }
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtScrollView2::doSetWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [this](QWidget* child) {
@@ -110,6 +112,8 @@ void QtScrollView2::doScrollBy(VXPoint<int> distance)
     moveBy(*horizontalScrollBar(), distance.x);
     moveBy(*verticalScrollBar(), distance.y);
 }
+
+// Reports -----------------------------------------------------------------------------------------
 
 bool QtScrollView2::eventFilter(QObject* watched, QEvent* event)
 {

@@ -42,6 +42,8 @@ QtSplitter2::QtSplitter2(VXSplitter2* object, VXSplitter2Emitters* emitters, QWi
     setHandleWidth(FirstHandleWidth);
 }
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtSplitter2::doAddWidget(VXWidget2* widget, int stretch)
 {
     doInsertWidget(widget, -1, stretch);
@@ -122,8 +124,6 @@ std::list<int> QtSplitter2::doGetSizes()
     return {sizes.begin(), sizes.end()};
 }
 
-QSplitterHandle* QtSplitter2::createHandle() { return new QtSplitterHandle(orientation(), this); }
-
 // Reports -----------------------------------------------------------------------------------------
 
 void QtSplitter2::connectSignals()
@@ -135,5 +135,9 @@ void QtSplitter2::slotSplitterMoved(int position, int index)
 {
     report(&E::handleMoved, index, position);
 }
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QSplitterHandle* QtSplitter2::createHandle() { return new QtSplitterHandle(orientation(), this); }
 
 } // namespace VOXI

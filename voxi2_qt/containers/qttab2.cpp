@@ -56,6 +56,16 @@ void QtTab2::scheduleDelete()
     QtContainer2::scheduleDelete();
 }
 
+void QtTab2::leave()
+{
+    std::optional<QtEventBlocker> focus;
+    if (QtTabContainer2* holder = container())
+        focus.emplace(*holder, std::initializer_list<WidgetEvent>{WidgetEvent::FocusIn});
+    QtContainer2::leave();
+}
+
+// Requests ----------------------------------------------------------------------------------------
+
 void QtTab2::doSetParent(VXObject* parent)
 {
     QtTabContainer2* target = nullptr;
@@ -87,9 +97,6 @@ void QtTab2::doSetVisible(bool visible)
 }
 
 void QtTab2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }
-
-// The tab -----------------------------------------------------------------------------------------
-
 void QtTab2::doSetText(const std::string& text) { setTab(toQString(text)); }
 void QtTab2::doSetTextU(const std::wstring& text) { setTab(toQString(text)); }
 
@@ -154,14 +161,6 @@ void QtTab2::decorate(QTabBar& bar, int index) const
         bar.setTabTextColor(index, m_textColor);
     if (!m_tabEnabled)
         bar.setTabEnabled(index, false);
-}
-
-void QtTab2::leave()
-{
-    std::optional<QtEventBlocker> focus;
-    if (QtTabContainer2* holder = container())
-        focus.emplace(*holder, std::initializer_list<WidgetEvent>{WidgetEvent::FocusIn});
-    QtContainer2::leave();
 }
 
 QtTabContainer2* QtTab2::container() const

@@ -80,6 +80,8 @@ QtTabContainer2::~QtTabContainer2()
     endPeer(); // its slots are called when a page leaves
 }
 
+// Requests ----------------------------------------------------------------------------------------
+
 std::vector<VXObject*> QtTabContainer2::doGetChildren(bool recursive)
 {
     std::vector<VXObject*> result = QtWidget2::doGetChildren(recursive);
@@ -91,8 +93,6 @@ std::vector<VXObject*> QtTabContainer2::doGetChildren(bool recursive)
     return result;
 }
 
-// Tabs --------------------------------------------------------------------------------------------
-
 void QtTabContainer2::doInsertTab(VXTab2* tab, int index)
 {
     withPeerOf<QtTab2>(tab, [&](QtTab2* page) {
@@ -101,49 +101,12 @@ void QtTabContainer2::doInsertTab(VXTab2* tab, int index)
     });
 }
 
-void QtTabContainer2::insertPage(QtTab2& page, int index)
-{
-    const Quiet quiet(*this);
-    if (const int present = indexOf(&page); present >= 0) {
-        movePage(present, index);
-        return;
-    }
-    page.leave();
-    const PageBlocker blocker(&page);
-    const int place = insertTab(index, &page, VX2Qt(page.icon()), page.text());
-    page.decorate(*tabBar(), place);
-}
-
-void QtTabContainer2::movePage(int from, int index)
-{
-    const int last = count() - 1;
-    const int to = index < 0 || index > last ? last : index;
-    // Qt takes the page out and puts it in again, and shows the neighbour meanwhile.
-    const PageBlocker blocker(widget(from));
-    tabBar()->moveTab(from, to);
-}
-
 void QtTabContainer2::doRemoveTab(VXTab2* tab)
 {
     withPeerOf<QtTab2>(tab, [this](QtTab2* page) {
         if (page && indexOf(page) >= 0)
             page->leave();
     });
-}
-
-void QtTabContainer2::setPageVisible(QtTab2& page, bool visible)
-{
-    const Quiet quiet(*this);
-    const PageBlocker blocker(&page);
-    setTabVisible(indexOf(&page), visible);
-}
-
-void QtTabContainer2::setPageChoosable(QtTab2& page, bool choosable)
-{
-    const Quiet quiet(*this);
-    const PageBlocker blocker(&page);
-    // Not the container's function, which would disable the page as well.
-    tabBar()->setTabEnabled(indexOf(&page), choosable);
 }
 
 std::vector<VXTab2*> QtTabContainer2::doGetTabs()
@@ -181,8 +144,6 @@ void QtTabContainer2::doSetCurrentTab(VXTab2* tab)
 }
 
 VXTab2* QtTabContainer2::doGetCurrentTab() { return tabOf(currentIndex()); }
-
-// Looks -------------------------------------------------------------------------------------------
 
 void QtTabContainer2::doSetTabPosition(VOXI::TabPosition position)
 {
@@ -226,7 +187,6 @@ void QtTabContainer2::slotCurrentChanged(int index)
 }
 
 void QtTabContainer2::slotTabCloseRequested(int index) { reportTab(&E::tabCloseRequested, index); }
-
 void QtTabContainer2::slotTabDoubleClicked(int index) { reportTab(&E::tabDoubleClicked, index); }
 
 void QtTabContainer2::slotPageDragged(QWidget* page, int from, int to)
@@ -236,15 +196,52 @@ void QtTabContainer2::slotPageDragged(QWidget* page, int from, int to)
         report(&E::tabMoved, tab, from, to);
 }
 
-// Helpers -----------------------------------------------------------------------------------------
-
-VXTab2* QtTabContainer2::tabOf(int index) const { return abstractObjectOf<VXTab2>(widget(index)); }
-
 void QtTabContainer2::reportTab(TROV::Event<void(const VXTabEvent2&)> E::*event, int index)
 {
     VXObjectDataLocker lock;
     if (VXTab2* tab = tabOf(index))
         report(event, tab);
 }
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtTabContainer2::insertPage(QtTab2& page, int index)
+{
+    const Quiet quiet(*this);
+    if (const int present = indexOf(&page); present >= 0) {
+        movePage(present, index);
+        return;
+    }
+    page.leave();
+    const PageBlocker blocker(&page);
+    const int place = insertTab(index, &page, VX2Qt(page.icon()), page.text());
+    page.decorate(*tabBar(), place);
+}
+
+void QtTabContainer2::movePage(int from, int index)
+{
+    const int last = count() - 1;
+    const int to = index < 0 || index > last ? last : index;
+    // Qt takes the page out and puts it in again, and shows the neighbour meanwhile.
+    const PageBlocker blocker(widget(from));
+    tabBar()->moveTab(from, to);
+}
+
+void QtTabContainer2::setPageVisible(QtTab2& page, bool visible)
+{
+    const Quiet quiet(*this);
+    const PageBlocker blocker(&page);
+    setTabVisible(indexOf(&page), visible);
+}
+
+void QtTabContainer2::setPageChoosable(QtTab2& page, bool choosable)
+{
+    const Quiet quiet(*this);
+    const PageBlocker blocker(&page);
+    // Not the container's function, which would disable the page as well.
+    tabBar()->setTabEnabled(indexOf(&page), choosable);
+}
+
+VXTab2* QtTabContainer2::tabOf(int index) const { return abstractObjectOf<VXTab2>(widget(index)); }
 
 } // namespace VOXI

@@ -62,34 +62,7 @@ QtToolTipWindow2::QtToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emi
     connect(&m_anchor, &QtAnchor::gone, this, &QtToolTipWindow2::slotAnchorGone);
 }
 
-void QtToolTipWindow2::makeFace()
-{
-    // The colours of a tool tip, for the window and for what the application puts into it.
-    QPalette palette = QToolTip::palette();
-    palette.setBrush(QPalette::Window, palette.toolTipBase());
-    palette.setBrush(QPalette::WindowText, palette.toolTipText());
-    setPalette(palette);
-    setBackgroundRole(QPalette::ToolTipBase);
-    setForegroundRole(QPalette::ToolTipText);
-    setFont(QToolTip::font());
-
-    m_face->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto* row = new QHBoxLayout(m_face);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_iconLabel);
-    row->addWidget(m_textLabel, 1);
-    m_iconLabel->hide();
-    m_textLabel->setForegroundRole(QPalette::ToolTipText);
-    m_textLabel->setTextFormat(Qt::PlainText);
-}
-
-void QtToolTipWindow2::adoptStyle()
-{
-    const int margin = 1 + style()->pixelMetric(QStyle::PM_ToolTipLabelFrameWidth, nullptr, this);
-    setContentsMargins(2 * margin, margin, 2 * margin, margin);
-}
-
-// Content -----------------------------------------------------------------------------------------
+// Requests ----------------------------------------------------------------------------------------
 
 void QtToolTipWindow2::doSetText(const std::string& text) { setShownText(toQString(text)); }
 void QtToolTipWindow2::doSetTextU(const std::wstring& text) { setShownText(toQString(text)); }
@@ -109,13 +82,6 @@ void QtToolTipWindow2::doSetIcon(const Icon& icon)
     m_iconLabel->setVisible(!m_iconLabel->pixmap(Qt::ReturnByValue).isNull());
     refit();
 }
-
-std::string QtToolTipWindow2::doGetText() { return toStdString(text()); }
-std::wstring QtToolTipWindow2::doGetTextU() { return toStdWString(text()); }
-bool QtToolTipWindow2::doIsRichText() { return m_textLabel->textFormat() == Qt::RichText; }
-Icon QtToolTipWindow2::doGetIcon() { return m_icon; }
-
-// Anchor and time ---------------------------------------------------------------------------------
 
 void QtToolTipWindow2::doSetAnchor(VXWidget2* widget, VXRect<int> part, AnchorSide side)
 {
@@ -142,6 +108,11 @@ void QtToolTipWindow2::doSetTimeout(int milliseconds)
         startTimer();
 }
 
+std::string QtToolTipWindow2::doGetText() { return toStdString(text()); }
+std::wstring QtToolTipWindow2::doGetTextU() { return toStdWString(text()); }
+bool QtToolTipWindow2::doIsRichText() { return m_textLabel->textFormat() == Qt::RichText; }
+Icon QtToolTipWindow2::doGetIcon() { return m_icon; }
+
 VXWidget2* QtToolTipWindow2::doGetAnchor()
 {
     return abstractObjectOf<VXWidget2>(m_anchor.widget());
@@ -151,14 +122,7 @@ VXRect<int> QtToolTipWindow2::doGetAnchorRect() { return Qt2VX(m_anchor.part());
 AnchorSide QtToolTipWindow2::doGetAnchorSide() { return m_side; }
 int QtToolTipWindow2::doGetTimeout() { return m_timeout; }
 
-// The widget --------------------------------------------------------------------------------------
-
-QString QtToolTipWindow2::text() const { return m_textLabel->text(); }
-
-QSize QtToolTipWindow2::sizeHint() const
-{
-    return layout() ? QWidget::sizeHint() : m_face->sizeHint().grownBy(contentsMargins());
-}
+// Reports -----------------------------------------------------------------------------------------
 
 bool QtToolTipWindow2::event(QEvent* event)
 {
@@ -222,6 +186,40 @@ void QtToolTipWindow2::mouseReleaseEvent(QMouseEvent* event)
 }
 
 // Helpers -----------------------------------------------------------------------------------------
+
+void QtToolTipWindow2::makeFace()
+{
+    // The colours of a tool tip, for the window and for what the application puts into it.
+    QPalette palette = QToolTip::palette();
+    palette.setBrush(QPalette::Window, palette.toolTipBase());
+    palette.setBrush(QPalette::WindowText, palette.toolTipText());
+    setPalette(palette);
+    setBackgroundRole(QPalette::ToolTipBase);
+    setForegroundRole(QPalette::ToolTipText);
+    setFont(QToolTip::font());
+
+    m_face->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* row = new QHBoxLayout(m_face);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_iconLabel);
+    row->addWidget(m_textLabel, 1);
+    m_iconLabel->hide();
+    m_textLabel->setForegroundRole(QPalette::ToolTipText);
+    m_textLabel->setTextFormat(Qt::PlainText);
+}
+
+void QtToolTipWindow2::adoptStyle()
+{
+    const int margin = 1 + style()->pixelMetric(QStyle::PM_ToolTipLabelFrameWidth, nullptr, this);
+    setContentsMargins(2 * margin, margin, 2 * margin, margin);
+}
+
+QString QtToolTipWindow2::text() const { return m_textLabel->text(); }
+
+QSize QtToolTipWindow2::sizeHint() const
+{
+    return layout() ? QWidget::sizeHint() : m_face->sizeHint().grownBy(contentsMargins());
+}
 
 void QtToolTipWindow2::setShownText(const QString& text)
 {

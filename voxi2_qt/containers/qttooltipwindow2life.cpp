@@ -68,23 +68,7 @@ bool QtToolTipWindow2::doIsVisible() { return !m_isVanishing && QtContainer2::do
 void QtToolTipWindow2::doSetFocus() {}
 void QtToolTipWindow2::doSetActiveWindow() { raise(); }
 
-// Coming, following and going ---------------------------------------------------------------------
-
-void QtToolTipWindow2::place()
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    if (!testAttribute(Qt::WA_Resized)) { // as windows do when they are shown
-        adjustSize();
-        setAttribute(Qt::WA_Resized, false);
-    }
-    const QRect anchor = m_anchor.visibleRect();
-    if (anchor.isEmpty())
-        return;
-    const QScreen* screen = QGuiApplication::screenAt(anchor.center());
-    if (!screen)
-        screen = m_anchor.widget()->screen();
-    move(placeBeside(anchor, size(), m_side, screen->availableGeometry(), layoutDirection()));
-}
+// Reports -----------------------------------------------------------------------------------------
 
 void QtToolTipWindow2::showEvent(QShowEvent* event)
 {
@@ -106,6 +90,33 @@ void QtToolTipWindow2::hideEvent(QHideEvent* event)
     m_fading.stop();
     m_isVanishing = false;
     QtWidget2Shim::hideEvent(event);
+}
+
+void QtToolTipWindow2::slotTimeout() { vanish(false); }
+
+void QtToolTipWindow2::slotAnchorGone()
+{
+    m_byProgram = m_isVanishing && m_byProgram;
+    m_isVanishing = true;
+    finishVanishing();
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtToolTipWindow2::place()
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    if (!testAttribute(Qt::WA_Resized)) { // as windows do when they are shown
+        adjustSize();
+        setAttribute(Qt::WA_Resized, false);
+    }
+    const QRect anchor = m_anchor.visibleRect();
+    if (anchor.isEmpty())
+        return;
+    const QScreen* screen = QGuiApplication::screenAt(anchor.center());
+    if (!screen)
+        screen = m_anchor.widget()->screen();
+    move(placeBeside(anchor, size(), m_side, screen->availableGeometry(), layoutDirection()));
 }
 
 void QtToolTipWindow2::startTimer()
@@ -155,15 +166,6 @@ void QtToolTipWindow2::finishVanishing()
         return; // it has come
     const QtEventBlocker blocker(m_byProgram ? this : nullptr, {WidgetEvent::Hide});
     hide();
-}
-
-void QtToolTipWindow2::slotTimeout() { vanish(false); }
-
-void QtToolTipWindow2::slotAnchorGone()
-{
-    m_byProgram = m_isVanishing && m_byProgram;
-    m_isVanishing = true;
-    finishVanishing();
 }
 
 } // namespace VOXI

@@ -29,6 +29,8 @@ QtWidgetStack2::QtWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* e
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
 {
     withWidgetOf(widget, [&](QWidget* child) {

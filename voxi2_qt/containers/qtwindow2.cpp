@@ -70,6 +70,8 @@ QtWindow2::~QtWindow2()
     endPeer(); // its slots are called when what it holds leaves
 }
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
@@ -147,16 +149,6 @@ void QtWindow2::doRemoveToolBar(VXToolBar2* bar)
     });
 }
 
-void QtWindow2::undock(QToolBar& bar)
-{
-    if (!isDocked(bar))
-        return;
-    const bool isShown = !bar.isHidden();
-    removeToolBar(&bar);
-    if (isShown)
-        keepHidden(&bar, this); // Qt has hidden it, not the program
-}
-
 void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
 {
     withToolBarOf(before, [&](QToolBar* widget) {
@@ -174,10 +166,24 @@ ToolBarArea QtWindow2::doGetToolBarArea(VXToolBar2* bar)
     return result;
 }
 
+// Reports -----------------------------------------------------------------------------------------
+
 void QtWindow2::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     passStateChange(*event);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtWindow2::undock(QToolBar& bar)
+{
+    if (!isDocked(bar))
+        return;
+    const bool isShown = !bar.isHidden();
+    removeToolBar(&bar);
+    if (isShown)
+        keepHidden(&bar, this); // Qt has hidden it, not the program
 }
 
 } // namespace VOXI

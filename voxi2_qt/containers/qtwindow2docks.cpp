@@ -98,6 +98,8 @@ private:
     std::vector<std::pair<QPointer<QWidget>, QString>> m_renamed; // some of them twice
 };
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {

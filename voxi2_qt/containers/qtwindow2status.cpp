@@ -8,6 +8,8 @@
 
 namespace VOXI {
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWindow2::doSetStatusText(const std::string& text, int timeout)
 {
     showStatus(toQString(text), timeout);
@@ -64,11 +66,23 @@ void QtWindow2::doRemoveStatusWidget(VXWidget2* widget)
     });
 }
 
+// Reports -----------------------------------------------------------------------------------------
+
 void QtWindow2::slotStatusMessageChanged(const QString& message)
 {
     if (message.isEmpty() && !m_statusText.isEmpty())
         statusBar()->showMessage(m_statusText);
 }
+
+void QtWindow2::showEvent(QShowEvent* event)
+{
+    // Inside another window its corner is no handle.
+    if (QStatusBar* bar = knownStatusBar())
+        bar->setSizeGripEnabled(isWindow());
+    QMainWindow::showEvent(event);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
 
 void QtWindow2::showStatus(const QString& text, int timeout)
 {
@@ -78,14 +92,6 @@ void QtWindow2::showStatus(const QString& text, int timeout)
         ensuredStatusBar()->showMessage(text, timeout);
     else if (QStatusBar* bar = knownStatusBar())
         bar->clearMessage();
-}
-
-void QtWindow2::showEvent(QShowEvent* event)
-{
-    // Inside another window its corner is no handle.
-    if (QStatusBar* bar = knownStatusBar())
-        bar->setSizeGripEnabled(isWindow());
-    QMainWindow::showEvent(event);
 }
 
 /// Qt's own getter makes one.

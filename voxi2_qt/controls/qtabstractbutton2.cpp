@@ -42,10 +42,7 @@ QtAbstractButton2::QtAbstractButton2(VXAbstractButton2* button, VXAbstractButton
     : QtPeerLevel(button, emitters, s_requests)
 {}
 
-QAbstractButton* QtAbstractButton2::button() const noexcept
-{
-    return static_cast<QAbstractButton*>(asQWidget());
-}
+// Requests ----------------------------------------------------------------------------------------
 
 void QtAbstractButton2::doSetCheckable(bool checkable) { button()->setCheckable(checkable); }
 
@@ -83,10 +80,22 @@ std::wstring QtAbstractButton2::doGetLabelU() { return toStdWString(button()->te
 void QtAbstractButton2::doSetIconSize(Size<int> size) { button()->setIconSize(toQIconSize(size)); }
 Size<int> QtAbstractButton2::doGetIconSize() { return Qt2VX(button()->iconSize()); }
 
+// Reports -----------------------------------------------------------------------------------------
+
 void QtAbstractButton2::connectSignals()
 {
     QObject::connect(button(), SIGNAL(clicked()), button(), SLOT(slotClicked()));
     QObject::connect(button(), SIGNAL(toggled(bool)), button(), SLOT(slotToggled(bool)));
+}
+
+void QtAbstractButton2::reportClick() { report(&E::clicked); }
+void QtAbstractButton2::reportToggle(bool checked) { report(&E::toggled, checked); }
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QAbstractButton* QtAbstractButton2::button() const noexcept
+{
+    return static_cast<QAbstractButton*>(asQWidget());
 }
 
 void QtAbstractButton2::quietly(const std::function<void()>& change)
@@ -103,9 +112,5 @@ void QtAbstractButton2::quietly(const std::function<void()>& change)
     }
     change();
 }
-
-void QtAbstractButton2::reportClick() { report(&E::clicked); }
-
-void QtAbstractButton2::reportToggle(bool checked) { report(&E::toggled, checked); }
 
 } // namespace VOXI

@@ -26,10 +26,15 @@ QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* pa
     setForegroundRole(QPalette::ButtonText);
 }
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtButton2::doSetDefault(bool isDefault) { setDefault(isDefault); }
 void QtButton2::doSetFlat(bool flat) { setFlat(flat); }
 bool QtButton2::doIsDefault() { return isDefault(); }
 bool QtButton2::doIsFlat() { return isFlat(); }
+
+// Reports -----------------------------------------------------------------------------------------
+
 void QtButton2::slotClicked() { reportClick(); }
 void QtButton2::slotToggled(bool checked) { reportToggle(checked); }
 

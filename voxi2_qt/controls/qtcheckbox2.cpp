@@ -16,6 +16,8 @@ QtCheckBox2::QtCheckBox2(VXCheckBox2* object, VXCheckBox2Emitters* emitters, QWi
     setForegroundRole(QPalette::WindowText);
 }
 
+// Reports -----------------------------------------------------------------------------------------
+
 void QtCheckBox2::slotClicked() { reportClick(); }
 void QtCheckBox2::slotToggled(bool checked) { reportToggle(checked); }
 

@@ -83,23 +83,48 @@ QtMenu2::~QtMenu2()
     releaseParent();
 }
 
+/// While Qt shows a menu on behalf of the one that it is an entry of. Handlers run meanwhile, and
+/// Qt takes it for granted that the outer menu still follows the inner one.
+class QtMenu2::Coming
+{
+public:
+    explicit Coming(QtMenu2& menu)
+        : m_menu(menu.m_isComing ? nullptr : &menu),
+          m_outer(m_menu ? outerOf(menu) : nullptr)
+    {
+        menu.m_isComing = true;
+    }
+    ~Coming()
+    {
+        if (m_menu)
+            m_menu->m_isComing = false;
+        if (m_outer && m_outer->m_isHideOpen)
+            QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
+    }
+    Coming(const Coming&) = delete;
+    Coming& operator=(const Coming&) = delete;
+
+private:
+    static QtMenu2* outerOf(const QtMenu2& menu)
+    {
+        for (QObject* const holder : menu.menuAction()->associatedObjects()) {
+            auto* const outer = qobject_cast<QtMenu2*>(holder);
+            if (outer && outer->isVisible() && outer->activeAction() == menu.menuAction())
+                return outer;
+        }
+        return nullptr;
+    }
+
+    const QPointer<QtMenu2> m_menu;
+    const QPointer<QtMenu2> m_outer;
+};
+
+// Requests ----------------------------------------------------------------------------------------
+
 void QtMenu2::doSetParent(VXObject* parent)
 {
     // Without its window flags it would become a part of the parent's surface.
     changeParent(parent, windowFlags());
-}
-
-template <class Function>
-void QtMenu2::changeLimits(Function&& change)
-{
-    if (!m_isShrunk) {
-        change();
-        return;
-    }
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    restoreSize();
-    change();
-    shrink();
 }
 
 void QtMenu2::doSetMaximumSize(Size<int> size)
@@ -126,8 +151,6 @@ Size<int> QtMenu2::doGetMinimumSize()
 {
     return m_isShrunk ? Qt2VX(m_savedMinimumSize) : QtWidget2::doGetMinimumSize();
 }
-
-// Requests ----------------------------------------------------------------------------------------
 
 void QtMenu2::doClear()
 {
@@ -239,72 +262,7 @@ bool QtMenu2::doIsActionEnabled()
 std::wstring QtMenu2::doGetTitleU() { return toStdWString(title()); }
 int QtMenu2::doCount() { return static_cast<int>(actions().count()); }
 
-void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu)
-{
-    withPeerOf<QtMenu2>(menu, [&](QtMenu2* peer) {
-        // Qt follows the entries down, and would not come to an end.
-        if (!peer || holds(peer, this))
-            return;
-        peer->setTitle(title);
-        addMenu(peer);
-    });
-}
-
-void QtMenu2::removeItems()
-{
-    // Qt deletes what belongs to the menu; the peers among them have owners of their own.
-    for (QAction* action : actions()) {
-        if (action->parent() == this && peerOf(action))
-            removeAction(action);
-    }
-    QMenu::clear();
-}
-
-// Showing -----------------------------------------------------------------------------------------
-
-/// While Qt shows a menu on behalf of the one that it is an entry of. Handlers run meanwhile, and
-/// Qt takes it for granted that the outer menu still follows the inner one.
-class QtMenu2::Coming
-{
-public:
-    explicit Coming(QtMenu2& menu)
-        : m_menu(menu.m_isComing ? nullptr : &menu),
-          m_outer(m_menu ? outerOf(menu) : nullptr)
-    {
-        menu.m_isComing = true;
-    }
-    ~Coming()
-    {
-        if (m_menu)
-            m_menu->m_isComing = false;
-        if (m_outer && m_outer->m_isHideOpen)
-            QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
-    }
-    Coming(const Coming&) = delete;
-    Coming& operator=(const Coming&) = delete;
-
-private:
-    static QtMenu2* outerOf(const QtMenu2& menu)
-    {
-        for (QObject* const holder : menu.menuAction()->associatedObjects()) {
-            auto* const outer = qobject_cast<QtMenu2*>(holder);
-            if (outer && outer->isVisible() && outer->activeAction() == menu.menuAction())
-                return outer;
-        }
-        return nullptr;
-    }
-
-    const QPointer<QtMenu2> m_menu;
-    const QPointer<QtMenu2> m_outer;
-};
-
-void QtMenu2::setVisible(bool visible)
-{
-    std::optional<Coming> coming;
-    if (visible)
-        coming.emplace(*this);
-    QtWidget2Shim::setVisible(visible);
-}
+// Reports -----------------------------------------------------------------------------------------
 
 void QtMenu2::hideEvent(QHideEvent* event)
 {
@@ -314,16 +272,6 @@ void QtMenu2::hideEvent(QHideEvent* event)
     if (!m_isHideOpen)
         QtWidget2Shim::hideEvent(event);
 }
-
-void QtMenu2::completeHide()
-{
-    if (!m_isHideOpen || isVisible())
-        return;
-    QHideEvent event;
-    hideEvent(&event);
-}
-
-// The dig menu ------------------------------------------------------------------------------------
 
 void QtMenu2::slotAboutToShow()
 {
@@ -351,6 +299,58 @@ void QtMenu2::slotAboutToHide()
 {
     releaseParent();
     releaseFreeze();
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+template <class Function>
+void QtMenu2::changeLimits(Function&& change)
+{
+    if (!m_isShrunk) {
+        change();
+        return;
+    }
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    restoreSize();
+    change();
+    shrink();
+}
+
+void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu)
+{
+    withPeerOf<QtMenu2>(menu, [&](QtMenu2* peer) {
+        // Qt follows the entries down, and would not come to an end.
+        if (!peer || holds(peer, this))
+            return;
+        peer->setTitle(title);
+        addMenu(peer);
+    });
+}
+
+void QtMenu2::removeItems()
+{
+    // Qt deletes what belongs to the menu; the peers among them have owners of their own.
+    for (QAction* action : actions()) {
+        if (action->parent() == this && peerOf(action))
+            removeAction(action);
+    }
+    QMenu::clear();
+}
+
+void QtMenu2::setVisible(bool visible)
+{
+    std::optional<Coming> coming;
+    if (visible)
+        coming.emplace(*this);
+    QtWidget2Shim::setVisible(visible);
+}
+
+void QtMenu2::completeHide()
+{
+    if (!m_isHideOpen || isVisible())
+        return;
+    QHideEvent event;
+    hideEvent(&event);
 }
 
 void QtMenu2::shrink()

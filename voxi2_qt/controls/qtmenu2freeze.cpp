@@ -10,6 +10,67 @@
 
 namespace VOXI {
 
+// Reports -----------------------------------------------------------------------------------------
+
+void QtMenu2::onUnfreezeTimer()
+{
+    releaseFreeze();
+    const QPointer<QtMenu2> self(this);
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    setActiveAction(actionAt(pointer));
+    // Qt still waits for the pointer to reach the sub-menu, and would take its entry back after a
+    // second, unless it sees where the pointer is.
+    if (self) {
+        QMouseEvent move(QEvent::MouseMove, pointer, mapToGlobal(pointer), Qt::NoButton,
+                         QGuiApplication::mouseButtons(), QGuiApplication::keyboardModifiers());
+        QMenu::mouseMoveEvent(&move);
+    }
+}
+
+// While a menu is hidden Qt does not follow its entries, and would take one that has gone for the
+// one under the pointer.
+
+void QtMenu2::mousePressEvent(QMouseEvent* event)
+{
+    releaseFreeze();
+    if (isVisible())
+        QtWidget2Shim::mousePressEvent(event);
+}
+
+void QtMenu2::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (isVisible())
+        QtWidget2Shim::mouseReleaseEvent(event);
+}
+
+void QtMenu2::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!isVisible())
+        return;
+    // Moves from a menu into its sub-menu send the menu no leave event.
+    if (m_parentDigMenu && !m_parentDigMenu->geometry().contains(event->globalPosition().toPoint()))
+        m_parentDigMenu->releaseFreeze();
+    if (!m_frozenPopup || !isInWedge(QCursor::pos())) {
+        QtWidget2Shim::mouseMoveEvent(event);
+        return;
+    }
+    const QAction* action = actionAt(mapFromGlobal(QCursor::pos()));
+    if (action && action != m_frozenPopup->menuAction())
+        startFreezeTimer();
+    else
+        stopFreezeTimer();
+}
+
+void QtMenu2::leaveEvent(QEvent*)
+{
+    // Qt sends one as soon as a sub-menu has opened, wherever the pointer is. Not passed on: the
+    // entry whose sub-menu is open stays active.
+    if (!rect().contains(mapFromGlobal(QCursor::pos())))
+        releaseFreeze();
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
 void QtMenu2::setFrozenPopup(QtMenu2* child)
 {
     if (child == m_frozenPopup)
@@ -68,63 +129,6 @@ void QtMenu2::stopFreezeTimer()
         return;
     m_freezeTimer->stop();
     m_freezeTimer.release()->deleteLater(); // it may be what calls
-}
-
-void QtMenu2::onUnfreezeTimer()
-{
-    releaseFreeze();
-    const QPointer<QtMenu2> self(this);
-    const QPoint pointer = mapFromGlobal(QCursor::pos());
-    setActiveAction(actionAt(pointer));
-    // Qt still waits for the pointer to reach the sub-menu, and would take its entry back after a
-    // second, unless it sees where the pointer is.
-    if (self) {
-        QMouseEvent move(QEvent::MouseMove, pointer, mapToGlobal(pointer), Qt::NoButton,
-                         QGuiApplication::mouseButtons(), QGuiApplication::keyboardModifiers());
-        QMenu::mouseMoveEvent(&move);
-    }
-}
-
-// While a menu is hidden Qt does not follow its entries, and would take one that has gone for the
-// one under the pointer.
-
-void QtMenu2::mousePressEvent(QMouseEvent* event)
-{
-    releaseFreeze();
-    if (isVisible())
-        QtWidget2Shim::mousePressEvent(event);
-}
-
-void QtMenu2::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (isVisible())
-        QtWidget2Shim::mouseReleaseEvent(event);
-}
-
-void QtMenu2::mouseMoveEvent(QMouseEvent* event)
-{
-    if (!isVisible())
-        return;
-    // Moves from a menu into its sub-menu send the menu no leave event.
-    if (m_parentDigMenu && !m_parentDigMenu->geometry().contains(event->globalPosition().toPoint()))
-        m_parentDigMenu->releaseFreeze();
-    if (!m_frozenPopup || !isInWedge(QCursor::pos())) {
-        QtWidget2Shim::mouseMoveEvent(event);
-        return;
-    }
-    const QAction* action = actionAt(mapFromGlobal(QCursor::pos()));
-    if (action && action != m_frozenPopup->menuAction())
-        startFreezeTimer();
-    else
-        stopFreezeTimer();
-}
-
-void QtMenu2::leaveEvent(QEvent*)
-{
-    // Qt sends one as soon as a sub-menu has opened, wherever the pointer is. Not passed on: the
-    // entry whose sub-menu is open stays active.
-    if (!rect().contains(mapFromGlobal(QCursor::pos())))
-        releaseFreeze();
 }
 
 } // namespace VOXI

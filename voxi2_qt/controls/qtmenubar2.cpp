@@ -12,7 +12,7 @@ using P = QtMenuBar2;
 
 // clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::glAddMenu, &P::glAddMenu>(),
+    TROV::row<&E::glAddMenu, &P::doGlAddMenu>(),
     TROV::row<&E::addMenuU, &P::doAddMenuU>(),
     TROV::row<&E::removeMenu, &P::doRemoveMenu>(),
     TROV::row<&E::clear, &P::doClear>());
@@ -24,7 +24,9 @@ QtMenuBar2::QtMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, QWidget
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
 
-void QtMenuBar2::glAddMenu(const std::string& title, VXMenu2* menu)
+// Requests ----------------------------------------------------------------------------------------
+
+void QtMenuBar2::doGlAddMenu(const std::string& title, VXMenu2* menu)
 {
     addTitled(toQStringUpToNul(title), menu);
 }
@@ -43,6 +45,8 @@ void QtMenuBar2::doRemoveMenu(VXMenu2* menu)
 }
 
 void QtMenuBar2::doClear() { clear(); }
+
+// Helpers -----------------------------------------------------------------------------------------
 
 void QtMenuBar2::addTitled(const QString& title, VXMenu2* menu)
 {

@@ -17,6 +17,8 @@ QtRadioButton2::QtRadioButton2(VXRadioButton2* object, VXRadioButton2Emitters* e
     setForegroundRole(QPalette::WindowText);
 }
 
+// Reports -----------------------------------------------------------------------------------------
+
 void QtRadioButton2::slotClicked() { reportClick(); }
 void QtRadioButton2::slotToggled(bool checked) { reportToggle(checked); }
 

@@ -35,6 +35,8 @@ QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
     setTextFormat(Qt::PlainText);
 }
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtText2::doSetText(const std::string& text) { setText(toQString(text)); }
 void QtText2::doSetTextU(const std::wstring& text) { setText(toQString(text)); }
 void QtText2::doSetAlignment(Alignment alignment) { setAlignment(VX2Qt(alignment)); }

@@ -46,8 +46,6 @@ constexpr std::chrono::milliseconds LayoutFixDelay(10);
 
 } // namespace
 
-// The inner bar -----------------------------------------------------------------------------------
-
 InnerToolBar::InnerToolBar()
 {
     setMovable(false);
@@ -57,11 +55,11 @@ InnerToolBar::InnerToolBar()
 
 void InnerToolBar::paintEvent(QPaintEvent*) {}
 
-// The bar -----------------------------------------------------------------------------------------
-
 QtToolBar2::QtToolBar2(VXToolBar2* object, VXToolBar2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
+
+// Requests ----------------------------------------------------------------------------------------
 
 void QtToolBar2::doAddAction(VXAction2* action)
 {
@@ -157,19 +155,7 @@ int QtToolBar2::doGetMinimumVisibleItems() { return m_minimumVisibleItems; }
 Size<int> QtToolBar2::doGetIconSize() { return Qt2VX(iconSize()); }
 ToolButtonStyle QtToolBar2::doGetToolButtonStyle() { return Qt2VX(toolButtonStyle()); }
 
-// Helpers -----------------------------------------------------------------------------------------
-
-QToolBar& QtToolBar2::barForNextItem()
-{
-    if (m_innerToolBar && m_innerToolBar->actions().count() < m_minimumVisibleItems)
-        return *m_innerToolBar;
-    return *this;
-}
-
-QList<InnerToolBar*> QtToolBar2::innerToolBars() const
-{
-    return findChildren<InnerToolBar*>(Qt::FindDirectChildrenOnly);
-}
+// Reports -----------------------------------------------------------------------------------------
 
 void QtToolBar2::onIconSizeChanged(const QSize& size) { m_innerToolBar->setIconSize(size); }
 
@@ -193,6 +179,20 @@ void QtToolBar2::slotFixLayout()
     resize(before + QSize(before.width() < maximumWidth() ? 1 : -1, 0));
     resize(before);
     m_layoutFixPending = false;
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QToolBar& QtToolBar2::barForNextItem()
+{
+    if (m_innerToolBar && m_innerToolBar->actions().count() < m_minimumVisibleItems)
+        return *m_innerToolBar;
+    return *this;
+}
+
+QList<InnerToolBar*> QtToolBar2::innerToolBars() const
+{
+    return findChildren<InnerToolBar*>(Qt::FindDirectChildrenOnly);
 }
 
 } // namespace VOXI

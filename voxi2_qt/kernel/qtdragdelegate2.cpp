@@ -43,6 +43,8 @@ void QtDragDelegate2::drop(const QtWidget2& widget, QDropEvent* event)
     pass(&E::dropped, widget, WidgetEvent::Drop, *event);
 }
 
+// Helpers -----------------------------------------------------------------------------------------
+
 void QtDragDelegate2::pass(TROV::Event<void(const VXDragEvent2&)> E::*event,
                            const QtWidget2& widget, WidgetEvent type, QDropEvent& qtEvent)
 {

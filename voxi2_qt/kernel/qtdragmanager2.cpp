@@ -29,6 +29,8 @@ QtDragManager2::QtDragManager2(VXObject2* object, VXDragManager2Emitters* emitte
     : QtObject2Shim(object, emitters, s_requests)
 {}
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtDragManager2::doStartDrag(const VXDrag2& drag)
 {
     VXObjectDataLocker lock;
@@ -40,6 +42,16 @@ void QtDragManager2::doStartDrag(const VXDrag2& drag)
     QMetaObject::invokeMethod(
         this, [this, drag, sourceId] { runDrag(drag, sourceId); }, Qt::QueuedConnection);
 }
+
+void QtDragManager2::doCancelDrag()
+{
+    if (m_dragging)
+        QDrag::cancel();
+}
+
+bool QtDragManager2::doIsDragging() { return m_dragging; }
+
+// Helpers -----------------------------------------------------------------------------------------
 
 void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
 {
@@ -71,13 +83,5 @@ VXWidget2* QtDragManager2::source() const
 {
     return static_cast<VXWidget2*>(VXObject::objectById(m_sourceId));
 }
-
-void QtDragManager2::doCancelDrag()
-{
-    if (m_dragging)
-        QDrag::cancel();
-}
-
-bool QtDragManager2::doIsDragging() { return m_dragging; }
 
 } // namespace VOXI

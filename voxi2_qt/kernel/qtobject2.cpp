@@ -82,6 +82,8 @@ void QtObject2::becomeHeard()
 
 // Requests ----------------------------------------------------------------------------------------
 
+void QtObject2::doDestroy() { scheduleDelete(); }
+
 void QtObject2::doSetParent(VXObject* parent)
 {
     if (!parent) {
@@ -109,9 +111,7 @@ std::vector<VXObject*> QtObject2::doGetChildren(bool recursive)
     return result;
 }
 
-void QtObject2::doDestroy() { scheduleDelete(); }
-
-// Life --------------------------------------------------------------------------------------------
+// Helpers -----------------------------------------------------------------------------------------
 
 VXObject* QtObject2::getHandle() const { return isVXObjectValid() ? m_object : nullptr; }
 
@@ -190,8 +190,6 @@ void QtObject2::removeObject()
 }
 
 QWidget* QtObject2::asQWidget() const noexcept { return nullptr; }
-
-// Finding peers -----------------------------------------------------------------------------------
 
 QtObject2* peerOf(const QObject* object) noexcept
 {

@@ -148,32 +148,12 @@ void leaveFocusOf(const QWidget& goes)
 
 void QtWidget2::leave() { takeOutAlone(asQWidget()); }
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWidget2::doSetParent(VXObject* parent)
 {
     changeParent(parent, asQWidget()->windowFlags() & ~Qt::WindowType_Mask);
 }
-
-void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Hide}); // Qt hides what moves elsewhere
-    QWidget* const self = asQWidget();
-    const auto move = [&](QWidget* target) {
-        // Qt's tree is not the owners': what lies inside this widget cannot hold it.
-        if (target != self->parentWidget() && !isWithin(self, target)) {
-            endAside(self, target != nullptr);
-            leaveBar();
-            if (const QWindow* const handle = self->windowHandle())
-                followOwners(*handle);
-            self->setParent(target, flags);
-        }
-    };
-    if (parent)
-        withWidgetOf(parent, move);
-    else
-        move(nullptr);
-}
-
-// Showing -----------------------------------------------------------------------------------------
 
 void QtWidget2::doShow()
 {
@@ -215,28 +195,11 @@ void QtWidget2::doRefresh()
 
 void QtWidget2::doUpdate() { asQWidget()->update(); }
 
-void QtWidget2::doSetVisible(bool visible)
-{
-    const QtEventBlocker blocker(*this,
-                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
-    endAside(asQWidget(), false);
-    if (!changeWithAction(visible))
-        asQWidget()->setVisible(visible);
-}
-
-bool QtWidget2::doIsVisible() { return asQWidget()->isVisible() && !asQWidget()->isMinimized(); }
-bool QtWidget2::doIsActiveWindow() { return asQWidget()->isActiveWindow(); }
-void QtWidget2::doSetUpdatesEnabled(bool enabled) { asQWidget()->setUpdatesEnabled(enabled); }
-
-// Input -------------------------------------------------------------------------------------------
-
 void QtWidget2::doSetEnabled(bool enabled)
 {
     const QtProgramScope scope; // the focus goes on
     asQWidget()->setEnabled(enabled);
 }
-
-bool QtWidget2::doIsEnabled() { return asQWidget()->isEnabled(); }
 
 void QtWidget2::doSetFocus()
 {
@@ -244,9 +207,7 @@ void QtWidget2::doSetFocus()
     asQWidget()->setFocus(Qt::OtherFocusReason);
 }
 
-bool QtWidget2::doHasFocus() { return asQWidget()->hasFocus(); }
 void QtWidget2::doSetFocusPolicy(FocusPolicy policy) { asQWidget()->setFocusPolicy(VX2Qt(policy)); }
-FocusPolicy QtWidget2::doGetFocusPolicy() { return Qt2VX(asQWidget()->focusPolicy()); }
 
 void QtWidget2::doSetFocusProxy(VXWidget2* proxy)
 {
@@ -257,11 +218,54 @@ void QtWidget2::doSetFocusProxy(VXWidget2* proxy)
     withWidgetOf(proxy, [this](QWidget* widget) { asQWidget()->setFocusProxy(widget); });
 }
 
+void QtWidget2::doSetAcceptDrops(bool accept) { asQWidget()->setAcceptDrops(accept); }
+
+void QtWidget2::doSetVisible(bool visible)
+{
+    const QtEventBlocker blocker(*this,
+                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
+    endAside(asQWidget(), false);
+    if (!changeWithAction(visible))
+        asQWidget()->setVisible(visible);
+}
+
+void QtWidget2::doSetObjectName(const std::string& name)
+{
+    asQWidget()->setObjectName(toQString(name));
+}
+
+void QtWidget2::doSetUpdatesEnabled(bool enabled) { asQWidget()->setUpdatesEnabled(enabled); }
+
+void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
+{
+    if (!delegate) {
+        m_dragDelegateId = 0;
+        return;
+    }
+    withPeerOf<QtDragDelegate2>(
+        delegate, [this](QtDragDelegate2* peer) { m_dragDelegateId = peer ? peer->getUID() : 0; });
+}
+
+bool QtWidget2::doIsActiveWindow() { return asQWidget()->isActiveWindow(); }
+bool QtWidget2::doIsEnabled() { return asQWidget()->isEnabled(); }
+bool QtWidget2::doHasFocus() { return asQWidget()->hasFocus(); }
+FocusPolicy QtWidget2::doGetFocusPolicy() { return Qt2VX(asQWidget()->focusPolicy()); }
+
 VXWidget2* QtWidget2::doGetFocusProxy()
 {
     return abstractObjectOf<VXWidget2>(asQWidget()->focusProxy());
 }
 
+bool QtWidget2::doCanAcceptDrops() { return asQWidget()->acceptDrops(); }
+bool QtWidget2::doIsVisible() { return asQWidget()->isVisible() && !asQWidget()->isMinimized(); }
+std::string QtWidget2::doGetObjectName() { return toStdString(asQWidget()->objectName()); }
+
+VXDragDelegate2* QtWidget2::doGetDragDelegate()
+{
+    return abstractObjectOf<VXDragDelegate2>(dragDelegate());
+}
+
+unsigned long long QtWidget2::doGetWinId() { return asQWidget()->winId(); }
 void QtWidget2::doSetMouseTracking(bool tracking) { asQWidget()->setMouseTracking(tracking); }
 bool QtWidget2::doHasMouseTracking() { return asQWidget()->hasMouseTracking(); }
 
@@ -275,22 +279,27 @@ void QtWidget2::doSetTouchEnabled(bool enabled)
 }
 
 bool QtWidget2::doIsTouchEnabled() { return asQWidget()->testAttribute(Qt::WA_AcceptTouchEvents); }
-void QtWidget2::doSetAcceptDrops(bool accept) { asQWidget()->setAcceptDrops(accept); }
-bool QtWidget2::doCanAcceptDrops() { return asQWidget()->acceptDrops(); }
 
-void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
-{
-    if (!delegate) {
-        m_dragDelegateId = 0;
-        return;
-    }
-    withPeerOf<QtDragDelegate2>(
-        delegate, [this](QtDragDelegate2* peer) { m_dragDelegateId = peer ? peer->getUID() : 0; });
-}
+// Helpers -----------------------------------------------------------------------------------------
 
-VXDragDelegate2* QtWidget2::doGetDragDelegate()
+void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
 {
-    return abstractObjectOf<VXDragDelegate2>(dragDelegate());
+    const QtEventBlocker blocker(*this, {WidgetEvent::Hide}); // Qt hides what moves elsewhere
+    QWidget* const self = asQWidget();
+    const auto move = [&](QWidget* target) {
+        // Qt's tree is not the owners': what lies inside this widget cannot hold it.
+        if (target != self->parentWidget() && !isWithin(self, target)) {
+            endAside(self, target != nullptr);
+            leaveBar();
+            if (const QWindow* const handle = self->windowHandle())
+                followOwners(*handle);
+            self->setParent(target, flags);
+        }
+    };
+    if (parent)
+        withWidgetOf(parent, move);
+    else
+        move(nullptr);
 }
 
 QtDragDelegate2* QtWidget2::dragDelegate() const
@@ -298,16 +307,6 @@ QtDragDelegate2* QtWidget2::dragDelegate() const
     // By id: the delegate may have gone meanwhile.
     return m_dragDelegateId ? dynamic_cast<QtDragDelegate2*>(lookup(m_dragDelegateId)) : nullptr;
 }
-
-// Identity ----------------------------------------------------------------------------------------
-
-void QtWidget2::doSetObjectName(const std::string& name)
-{
-    asQWidget()->setObjectName(toQString(name));
-}
-
-std::string QtWidget2::doGetObjectName() { return toStdString(asQWidget()->objectName()); }
-unsigned long long QtWidget2::doGetWinId() { return asQWidget()->winId(); }
 
 void QtWidget2::addWidgetAction(QAction* action)
 {

@@ -17,47 +17,7 @@
 
 namespace VOXI {
 
-// Switches ----------------------------------------------------------------------------------------
-
-void QtWidget2::enableEventBroadcasting()
-{
-    if (m_eventFilter)
-        return;
-    QAbstractScrollArea* area = scrollArea();
-    m_eventFilter.emplace(*this, area);
-    if (area) {
-        area->viewport()->grabGesture(Qt::PinchGesture);
-        area->viewport()->grabGesture(Qt::PanGesture);
-    }
-}
-
-void QtWidget2::disableEventBroadcasting()
-{
-    if (!m_eventFilter)
-        return;
-    if (QAbstractScrollArea* area = scrollArea(); area && area->viewport()) {
-        area->viewport()->ungrabGesture(Qt::PinchGesture);
-        area->viewport()->ungrabGesture(Qt::PanGesture);
-    }
-    m_eventFilter.reset();
-}
-
-void QtWidget2::enableEventBroadcasting(WidgetEvent event)
-{
-    if (m_eventFilter)
-        m_eventFilter->setBroadcast(event, true);
-}
-
-void QtWidget2::disableEventBroadcasting(WidgetEvent event)
-{
-    if (m_eventFilter)
-        m_eventFilter->setBroadcast(event, false);
-}
-
-bool QtWidget2::isEventBroadcastingEnabled(WidgetEvent event) const
-{
-    return m_eventFilter && m_eventFilter->isBroadcast(event);
-}
+// Requests ----------------------------------------------------------------------------------------
 
 void QtWidget2::doSetEventConsumed(WidgetEvent event, bool consumed)
 {
@@ -68,45 +28,6 @@ void QtWidget2::doSetEventConsumed(WidgetEvent event, bool consumed)
 bool QtWidget2::doIsEventConsumed(WidgetEvent event)
 {
     return m_eventFilter && m_eventFilter->isConsumed(event);
-}
-
-void QtWidget2::enableGestureEvents()
-{
-    for (const Qt::GestureType type : {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture,
-                                       Qt::PinchGesture, Qt::SwipeGesture})
-        asQWidget()->grabGesture(type);
-}
-
-void QtWidget2::disableGestureEvents()
-{
-    for (const Qt::GestureType type : {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture,
-                                       Qt::PinchGesture, Qt::SwipeGesture})
-        asQWidget()->ungrabGesture(type);
-}
-
-void QtWidget2::keepDelayedBack(WidgetEvent event)
-{
-    if (!m_eventFilter)
-        return;
-    if (event == WidgetEvent::Move)
-        m_eventFilter->keepPlaceBack();
-    else
-        m_eventFilter->keepSizeBack();
-}
-
-// As if the user had done it ----------------------------------------------------------------------
-
-QWidget* QtWidget2::pointerWidget() const
-{
-    QAbstractScrollArea* area = scrollArea();
-    return area ? area->viewport() : asQWidget();
-}
-
-QWidget* QtWidget2::pointerTarget(QPoint& position) const
-{
-    QWidget* target = pointerWidget();
-    position = target->mapFrom(asQWidget(), position);
-    return target;
 }
 
 void QtWidget2::doimTriggerWidgetEvent(WidgetEvent event)
@@ -183,7 +104,7 @@ void QtWidget2::doimTriggerMouseEvent(WidgetEvent type, const VXMouseEvent2& mou
 void QtWidget2::doimTriggerMoveEvent(VXPoint<int> position) { asQWidget()->move(VX2Qt(position)); }
 void QtWidget2::doimTriggerResizeEvent(Size<int> size) { asQWidget()->resize(VX2Qt(size)); }
 
-// Drags over the widget ---------------------------------------------------------------------------
+// Reports -----------------------------------------------------------------------------------------
 
 void QtWidget2::passDragEnter(QDragEnterEvent* event)
 {
@@ -215,6 +136,85 @@ void QtWidget2::passToDelegate(Function&& function)
     const QtDeletionHold hold(this);
     if (isVXObjectValid())
         function(*delegate);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtWidget2::enableEventBroadcasting()
+{
+    if (m_eventFilter)
+        return;
+    QAbstractScrollArea* area = scrollArea();
+    m_eventFilter.emplace(*this, area);
+    if (area) {
+        area->viewport()->grabGesture(Qt::PinchGesture);
+        area->viewport()->grabGesture(Qt::PanGesture);
+    }
+}
+
+void QtWidget2::disableEventBroadcasting()
+{
+    if (!m_eventFilter)
+        return;
+    if (QAbstractScrollArea* area = scrollArea(); area && area->viewport()) {
+        area->viewport()->ungrabGesture(Qt::PinchGesture);
+        area->viewport()->ungrabGesture(Qt::PanGesture);
+    }
+    m_eventFilter.reset();
+}
+
+void QtWidget2::enableEventBroadcasting(WidgetEvent event)
+{
+    if (m_eventFilter)
+        m_eventFilter->setBroadcast(event, true);
+}
+
+void QtWidget2::disableEventBroadcasting(WidgetEvent event)
+{
+    if (m_eventFilter)
+        m_eventFilter->setBroadcast(event, false);
+}
+
+bool QtWidget2::isEventBroadcastingEnabled(WidgetEvent event) const
+{
+    return m_eventFilter && m_eventFilter->isBroadcast(event);
+}
+
+void QtWidget2::enableGestureEvents()
+{
+    for (const Qt::GestureType type : {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture,
+                                       Qt::PinchGesture, Qt::SwipeGesture})
+        asQWidget()->grabGesture(type);
+}
+
+void QtWidget2::disableGestureEvents()
+{
+    for (const Qt::GestureType type : {Qt::TapGesture, Qt::TapAndHoldGesture, Qt::PanGesture,
+                                       Qt::PinchGesture, Qt::SwipeGesture})
+        asQWidget()->ungrabGesture(type);
+}
+
+void QtWidget2::keepDelayedBack(WidgetEvent event)
+{
+    if (!m_eventFilter)
+        return;
+    if (event == WidgetEvent::Move)
+        m_eventFilter->keepPlaceBack();
+    else
+        m_eventFilter->keepSizeBack();
+}
+
+QWidget* QtWidget2::pointerWidget() const
+{
+    QAbstractScrollArea* area = scrollArea();
+    return area ? area->viewport() : asQWidget();
+}
+
+QWidget* QtWidget2::pointerTarget(QPoint& position) const
+{
+    QWidget* target = pointerWidget();
+    position = target->mapFrom(asQWidget(), position);
+    return target;
 }
 
 } // namespace VOXI

@@ -10,50 +10,18 @@
 
 namespace VOXI {
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWidget2::doAdjustSize()
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
     asQWidget()->adjustSize();
 }
 
-void QtWidget2::doResize(Size<int> size)
+void QtWidget2::doSetContentsMargins(VXRect<int> margins)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    asQWidget()->resize(VX2Qt(size));
-    keepDelayedBack(WidgetEvent::Resize);
-}
-
-void QtWidget2::doSetPosition(VXRect<int> geometry)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    asQWidget()->setGeometry(VX2Qt(geometry));
-    keepDelayedBack(WidgetEvent::Move);
-    keepDelayedBack(WidgetEvent::Resize);
-}
-
-void QtWidget2::doMoveTo(VXPoint<int> position)
-{
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move});
-    asQWidget()->move(VX2Qt(position));
-    keepDelayedBack(WidgetEvent::Move);
-}
-
-VXRect<int> QtWidget2::doGetPosition() { return Qt2VX(asQWidget()->geometry()); }
-
-VXRect<int> QtWidget2::doGetGlobalPosition()
-{
-    const QWidget* widget = asQWidget();
-    return Qt2VX(QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size()));
-}
-
-VXPoint<int> QtWidget2::doMapToGlobal(VXPoint<int> point)
-{
-    return Qt2VX(asQWidget()->mapToGlobal(VX2Qt(point)));
-}
-
-VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
-{
-    return Qt2VX(asQWidget()->mapFromGlobal(VX2Qt(point)));
+    asQWidget()->setContentsMargins(toQMargins(margins));
 }
 
 void QtWidget2::doSetMaximumSize(Size<int> size)
@@ -78,8 +46,38 @@ void QtWidget2::doSetMinimumSize(Size<int> size)
         asQWidget()->setMinimumSize(VX2Qt(size));
 }
 
-Size<int> QtWidget2::doGetMaximumSize() { return Qt2VX(asQWidget()->maximumSize()); }
-Size<int> QtWidget2::doGetMinimumSize() { return Qt2VX(asQWidget()->minimumSize()); }
+void QtWidget2::doResize(Size<int> size)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
+    asQWidget()->resize(VX2Qt(size));
+    keepDelayedBack(WidgetEvent::Resize);
+}
+
+void QtWidget2::doSetPosition(VXRect<int> geometry)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    asQWidget()->setGeometry(VX2Qt(geometry));
+    keepDelayedBack(WidgetEvent::Move);
+    keepDelayedBack(WidgetEvent::Resize);
+}
+
+void QtWidget2::doMoveTo(VXPoint<int> position)
+{
+    const QtEventBlocker blocker(*this, {WidgetEvent::Move});
+    asQWidget()->move(VX2Qt(position));
+    keepDelayedBack(WidgetEvent::Move);
+}
+
+void QtWidget2::doRestoreGeometry(const std::string& geometry)
+{
+    restoreGeometryQuietly(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
+}
+
+void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
+{
+    if (QLayout* layout = asQWidget()->layout())
+        layout->setSizeConstraint(VX2Qt(constraint));
+}
 
 void QtWidget2::doSetFixedSize(Size<int> size)
 {
@@ -92,34 +90,39 @@ void QtWidget2::doSetSizePolicy(Policy horizontal, Policy vertical)
     asQWidget()->setSizePolicy(VX2Qt(horizontal), VX2Qt(vertical));
 }
 
-void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)
+Size<int> QtWidget2::doGetMaximumSize() { return Qt2VX(asQWidget()->maximumSize()); }
+Size<int> QtWidget2::doGetMinimumSize() { return Qt2VX(asQWidget()->minimumSize()); }
+VXRect<int> QtWidget2::doGetPosition() { return Qt2VX(asQWidget()->geometry()); }
+
+VXRect<int> QtWidget2::doGetGlobalPosition()
 {
-    if (QLayout* layout = asQWidget()->layout())
-        layout->setSizeConstraint(VX2Qt(constraint));
+    const QWidget* widget = asQWidget();
+    return Qt2VX(QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size()));
 }
 
-void QtWidget2::doSetContentsMargins(VXRect<int> margins)
+VXPoint<int> QtWidget2::doMapToGlobal(VXPoint<int> point)
 {
-    const QtEventBlocker blocker(*this, {WidgetEvent::Resize});
-    asQWidget()->setContentsMargins(toQMargins(margins));
+    return Qt2VX(asQWidget()->mapToGlobal(VX2Qt(point)));
 }
+
+VXPoint<int> QtWidget2::doMapFromGlobal(VXPoint<int> point)
+{
+    return Qt2VX(asQWidget()->mapFromGlobal(VX2Qt(point)));
+}
+
+VXRect<int> QtWidget2::doGetContentsRect() { return Qt2VX(asQWidget()->contentsRect()); }
 
 VXRect<int> QtWidget2::doGetContentsMargins()
 {
     return toVXMargins(asQWidget()->contentsMargins());
 }
 
-VXRect<int> QtWidget2::doGetContentsRect() { return Qt2VX(asQWidget()->contentsRect()); }
-
 std::string QtWidget2::doSaveGeometry()
 {
     return asQWidget()->saveGeometry().toBase64().toStdString();
 }
 
-void QtWidget2::doRestoreGeometry(const std::string& geometry)
-{
-    restoreGeometryQuietly(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
-}
+// Helpers -----------------------------------------------------------------------------------------
 
 bool QtWidget2::restoreGeometryQuietly(const QByteArray& geometry)
 {

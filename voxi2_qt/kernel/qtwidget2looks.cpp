@@ -28,6 +28,8 @@ PaletteEntry paletteEntry(ColorRole role, const QWidget& widget)
 
 } // namespace
 
+// Requests ----------------------------------------------------------------------------------------
+
 void QtWidget2::doSetColor(ColorRole role, Color color)
 {
     QWidget* widget = asQWidget();
@@ -43,24 +45,7 @@ void QtWidget2::doSetColor(ColorRole role, Color color)
     widget->setPalette(palette);
 }
 
-Color QtWidget2::doGetColor(ColorRole role)
-{
-    const QWidget* widget = asQWidget();
-    const PaletteEntry entry = paletteEntry(role, *widget);
-    return Qt2VX(widget->palette().color(entry.m_disabled ? QPalette::Disabled : QPalette::Active,
-                                         entry.m_role));
-}
-
 void QtWidget2::doSetFont(const VXFont& font) { asQWidget()->setFont(VX2Qt(font)); }
-VXFont QtWidget2::doGetFont() { return Qt2VX(asQWidget()->font()); }
-
-void QtWidget2::doSetCursor(const Cursor& cursor)
-{
-    asQWidget()->setCursor(QtCursorRegistry::toQCursor(cursor));
-}
-
-void QtWidget2::doUnsetCursor() { asQWidget()->unsetCursor(); }
-Cursor QtWidget2::doGetCursor() { return QtCursorRegistry::toCursor(asQWidget()->cursor()); }
 void QtWidget2::doSetToolTip(const std::string& text) { asQWidget()->setToolTip(toQString(text)); }
 
 void QtWidget2::doSetToolTipU(const std::wstring& text)
@@ -68,8 +53,12 @@ void QtWidget2::doSetToolTipU(const std::wstring& text)
     asQWidget()->setToolTip(toQString(text));
 }
 
-std::string QtWidget2::doGetToolTip() { return toStdString(asQWidget()->toolTip()); }
-std::wstring QtWidget2::doGetToolTipU() { return toStdWString(asQWidget()->toolTip()); }
+void QtWidget2::doSetCursor(const Cursor& cursor)
+{
+    asQWidget()->setCursor(QtCursorRegistry::toQCursor(cursor));
+}
+
+void QtWidget2::doUnsetCursor() { asQWidget()->unsetCursor(); }
 
 void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha)
 {
@@ -80,22 +69,19 @@ void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int 
     asQWidget()->update();
 }
 
-bool QtWidget2::doIsWidgetHighlighted() { return m_highlighted; }
-
-void QtWidget2::paintHighlight()
+Color QtWidget2::doGetColor(ColorRole role)
 {
-    constexpr qreal penWidth = 2;
-    constexpr qreal radius = 4;
-    QAbstractScrollArea* area = scrollArea();
-    QWidget* surface = area ? area->viewport() : asQWidget();
-    QPainter painter(surface);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor::fromRgba(m_highlightColor), penWidth));
-    painter.setBrush(Qt::NoBrush);
-    const qreal inset = penWidth / 2;
-    painter.drawRoundedRect(QRectF(surface->rect()).adjusted(inset, inset, -inset, -inset), radius,
-                            radius);
+    const QWidget* widget = asQWidget();
+    const PaletteEntry entry = paletteEntry(role, *widget);
+    return Qt2VX(widget->palette().color(entry.m_disabled ? QPalette::Disabled : QPalette::Active,
+                                         entry.m_role));
 }
+
+VXFont QtWidget2::doGetFont() { return Qt2VX(asQWidget()->font()); }
+std::string QtWidget2::doGetToolTip() { return toStdString(asQWidget()->toolTip()); }
+std::wstring QtWidget2::doGetToolTipU() { return toStdWString(asQWidget()->toolTip()); }
+Cursor QtWidget2::doGetCursor() { return QtCursorRegistry::toCursor(asQWidget()->cursor()); }
+bool QtWidget2::doIsWidgetHighlighted() { return m_highlighted; }
 
 void QtWidget2::doSetAccessibleName(const std::wstring& name)
 {
@@ -115,6 +101,23 @@ std::wstring QtWidget2::doGetAccessibleName()
 std::wstring QtWidget2::doGetAccessibleDescription()
 {
     return toStdWString(asQWidget()->accessibleDescription());
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtWidget2::paintHighlight()
+{
+    constexpr qreal penWidth = 2;
+    constexpr qreal radius = 4;
+    QAbstractScrollArea* area = scrollArea();
+    QWidget* surface = area ? area->viewport() : asQWidget();
+    QPainter painter(surface);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor::fromRgba(m_highlightColor), penWidth));
+    painter.setBrush(Qt::NoBrush);
+    const qreal inset = penWidth / 2;
+    painter.drawRoundedRect(QRectF(surface->rect()).adjusted(inset, inset, -inset, -inset), radius,
+                            radius);
 }
 
 } // namespace VOXI

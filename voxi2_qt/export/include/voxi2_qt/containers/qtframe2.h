@@ -20,15 +20,15 @@ public:
 
     void doSetColor(ColorRole role, Color color) override;
 
-    // Requests
-    virtual void doSetShadow(FrameShadow shadow);
-    virtual void doSetShape(FrameShape shape);
-    virtual void doSetLineWidth(int width);
-    virtual void doSetPaintCallback(FramePaintCallback callback);
+    // Requests, in the order of the emitters table
     virtual FrameShadow doGetShadow();
     virtual FrameShape doGetShape();
     virtual int doGetLineWidth();
     virtual FramePaintCallback doGetPaintCallback();
+    virtual void doSetShadow(FrameShadow shadow);
+    virtual void doSetShape(FrameShape shape);
+    virtual void doSetLineWidth(int width);
+    virtual void doSetPaintCallback(FramePaintCallback callback);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -18,7 +18,7 @@ public:
     QtMenuBar2(VXMenuBar2* object, VXMenuBar2Emitters* emitters, QWidget* parent);
 
     // Requests, in the order of the emitters table
-    virtual void glAddMenu(const std::string& title, VXMenu2* menu);
+    virtual void doGlAddMenu(const std::string& title, VXMenu2* menu);
     virtual void doAddMenuU(const std::wstring& title, VXMenu2* menu);
     virtual void doRemoveMenu(VXMenu2* menu);
     virtual void doClear();

@@ -44,11 +44,11 @@ public:
     /// Called by the factory once the peer is whole; an override calls this one.
     virtual void init();
 
-    // Requests of the abstract object
+    // Requests, in the order of the emitters table
+    void doDestroy();
     virtual void doSetParent(VXObject* parent);
     virtual VXObject* doGetParent();
     virtual std::vector<VXObject*> doGetChildren(bool recursive);
-    void doDestroy();
 
     VXObject* getHandle() const override;
     const void* family() const noexcept override;
