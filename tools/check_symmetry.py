@@ -5,8 +5,13 @@
     voxi2_qt/controls/qtbutton2.cpp                           its source, listed in CMake
     platform/voxi2/include/voxi2/controls/vxbutton2.h         the abstract class
     platform/voxi2/src/controls/vxbutton2.cpp                 its source, listed in CMake
-    a row in voxi2_qt/kernel/qtfactory2.cpp                   names the peer's class
+    a row in voxi2_qt/kernel/qtfactory2.cpp                   serves the peer's class
     a test under tests/voxi2_qt/controls/                     names one of the two classes
+
+A request `setFlat` is served by an operation `doSetFlat`, or `doimSetFlat` where that acts as the
+user. The factory's rows stand in the order of its requests. Operations stand in the order of the
+rows, in the header and in each source, there under "Requests"; what Qt tells comes in slots, and
+stands under "Reports".
 
 An abstract class whose object has an emitters table retires in its destructor, while the table
 still stands. Abstract kinds that no peer serves are reported and fail nothing.
@@ -44,6 +49,12 @@ BASES = {
     "abstractbutton2",
 }
 
+# Where a peer's functions stand: what it is asked, what Qt tells it, and the rest.
+SECTIONS = ["Requests", "Reports", "Helpers"]
+SECTION = re.compile(r"^// (\S.*?) -{9,}$", re.MULTILINE)
+REPORT = re.compile(r"slot[A-Z]|connectSignals$")
+
+ROW = re.compile(r"\b(row|asUserRow)<&E::(\w+),\s*&P::(\w+)[,>]")
 CLASS = re.compile(r"^class\s+(?:\w+_EXPORT\s+)?(\w+)[^;{]*\{?\s*$", re.MULTILINE)
 
 
@@ -91,10 +102,55 @@ def faults_of(folder, stem, header, tests):
         yield f"{peer}: no abstract class in {abstract_header}"
     if stem in BASES:
         return
-    if not re.search(rf"\b{peer}\b", text(FACTORY)):
+    if f"serve<{peer}>(" not in text(FACTORY):
         yield f"{peer}: no row in {FACTORY}"
     if not re.search(rf"\b({peer}|{abstract})\b", tests[folder]):
         yield f"{peer}: no test under {TESTS / folder}"
+
+
+def shape_faults(folder, stem, header):
+    """Names and order of what serves the requests, and the sections around it."""
+    peer = class_in(header, stem, "qt")
+    sources = sorted((PEER_SOURCES / folder).glob(f"qt{stem}*.cpp"))
+    main = PEER_SOURCES / folder / f"qt{stem}.cpp"
+    rows = ROW.findall(text(main))
+    operations = [operation for _, _, operation in rows]
+    if len(rows) != len(re.findall(r"\b(?:row|asUserRow)<", text(main))):
+        yield f"{main}: not every row reads row<&E::request, &P::operation>"
+    for kind, request, operation in rows:
+        prefix = "doim" if kind == "asUserRow" else "do"
+        if operation != prefix + request[0].upper() + request[1:]:
+            yield f"{peer}: {kind} {request} is served by {operation}"
+    declared = re.findall(r"\b(do\w+)\([^;{]*\)[\w ]*;", text(header))
+    yield from order_faults(header, declared, operations)
+    for source in sources:
+        sections = [(at.start(), at[1]) for at in SECTION.finditer(text(source))]
+        names = [name for _, name in sections]
+        if names != [name for name in SECTIONS if name in names]:
+            yield f"{source}: the sections are {', '.join(names)} and not {', '.join(SECTIONS)}"
+        functions = list(re.finditer(rf"^(?:\w.*\b)?{peer}::(\w+)\(", text(source), re.MULTILINE))
+        yield from order_faults(source, [each[1] for each in functions], operations)
+        for function in functions:
+            name = function[1]
+            wanted = "Requests" if name in operations else "Reports" if REPORT.match(name) else None
+            before = [section for at, section in sections if at < function.start()]
+            if wanted and before[-1:] != [wanted]:
+                yield f"{source}: {name} does not stand under {wanted}"
+
+
+def order_faults(path, names, wanted):
+    """What stands there of `wanted` in another order than there."""
+    found = [name for name in names if name in wanted]
+    for name, expected in zip(found, sorted(found, key=wanted.index)):
+        if name != expected:
+            yield f"{path}: {name} stands where {expected} belongs"
+            return
+
+
+def factory_faults():
+    requests = re.findall(r"\b(create\w+);", text(ABSTRACT_HEADERS / "kernel/vxfactory2.h"))
+    rows = re.findall(r"serve<\w+>\(factory\.(\w+)\)", text(FACTORY))
+    yield from order_faults(FACTORY, rows, requests)
 
 
 def cmake_lists(library, folder):
@@ -126,6 +182,8 @@ def main():
         for folder in FOLDERS
     }
     faults = [fault for peer in peers() for fault in faults_of(*peer, tests)]
+    faults += [fault for peer in peers() for fault in shape_faults(*peer)]
+    faults += factory_faults()
     faults += retire_faults()
     for fault in faults:
         print(fault)
