@@ -23,8 +23,8 @@ namespace {
 TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
 {
     const Watchdog watchdog(std::chrono::seconds(50), "host");
-    EXPECT_THROW(QtHost("libno_such_back_end.so"), std::runtime_error);
-    EXPECT_THROW(QtHost("libvoxi2.so"), std::runtime_error);
+    EXPECT_THROW(QtHost(NarrowTextEncoding::Latin1, "libno_such_back_end.so"), std::runtime_error);
+    EXPECT_THROW(QtHost(NarrowTextEncoding::Latin1, "libvoxi2.so"), std::runtime_error);
     EXPECT_EQ(VXFactory2::current(), nullptr);
 
     VXText2* survivor = nullptr;
@@ -36,6 +36,9 @@ TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
         survivor = new VXText2;
         survivor->setText("alive");
         EXPECT_EQ(survivor->text(), "alive");
+        survivor->setText("gr\xc3\xbcn");
+        EXPECT_EQ(survivor->textU(), L"gr\u00fcn") << "UTF-8 unless one asks for another";
+        EXPECT_THROW(QtHost(NarrowTextEncoding::Latin1), std::runtime_error) << "too late";
 
         const QTemporaryDir folder;
         const std::string file = folder.filePath(QStringLiteral("window.png")).toStdString();

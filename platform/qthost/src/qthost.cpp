@@ -71,21 +71,21 @@ void quitLoops()
 
 } // namespace
 
-QtHost::QtHost(int& argc, char** argv, const std::string& library)
+QtHost::QtHost(int& argc, char** argv, NarrowTextEncoding encoding, const std::string& library)
 {
     if (!QCoreApplication::instance())
         m_application = std::make_unique<QApplication>(argc, argv);
-    bringUp(library);
+    bringUp(encoding, library);
 }
 
-QtHost::QtHost(const std::string& library)
+QtHost::QtHost(NarrowTextEncoding encoding, const std::string& library)
 {
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         throw std::runtime_error("hosting the toolkit needs a QApplication");
-    bringUp(library);
+    bringUp(encoding, library);
 }
 
-void QtHost::bringUp(const std::string& library)
+void QtHost::bringUp(NarrowTextEncoding encoding, const std::string& library)
 {
     // Never closed: its objects live as long as the process.
     const std::string file = library.empty() ? usualLibrary() : library;
@@ -97,7 +97,10 @@ void QtHost::bringUp(const std::string& library)
         return reinterpret_cast<void (*)()>(symbol);
     };
     const auto initialize = find("initialize_voxi2_qt");
-    m_terminate = find("terminate_voxi2_qt");
+    const auto terminate = find("terminate_voxi2_qt");
+    if (!setNarrowTextEncoding(encoding))
+        throw std::runtime_error("the encoding of narrow texts is fixed already");
+    m_terminate = terminate;
     m_binding = std::make_unique<EventLoopBinding>();
     initialize();
 }

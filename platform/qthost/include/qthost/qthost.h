@@ -2,6 +2,7 @@
 
 #include "qthost/eventloopbinding.h"
 #include "qthost/qthost_export.h"
+#include "voxi_util/textencoding.h"
 
 #include <memory>
 #include <string>
@@ -26,13 +27,17 @@ class VXObject;
 class QTHOST_EXPORT QtHost
 {
 public:
-    /// `argc` and `argv` must outlive the host. `library` names the back end to load at run time:
-    /// a file name or path; empty: the usual one, found as shared libraries are. Throws
-    /// `std::runtime_error` with the loader's message when it cannot be loaded.
-    QtHost(int& argc, char** argv, const std::string& library = std::string());
+    /// `argc` and `argv` must outlive the host. `encoding` is what narrow texts mean in this
+    /// process, `char` literals among them: UTF-8, as sources are, unless the program is written
+    /// in Latin-1. `library` names the back end to load at run time: a file name or path; empty:
+    /// the usual one, found as shared libraries are. Throws `std::runtime_error` with the loader's
+    /// message when it cannot be loaded, and when the encoding is fixed already and another one.
+    QtHost(int& argc, char** argv, NarrowTextEncoding encoding = NarrowTextEncoding::Utf8,
+           const std::string& library = std::string());
 
     /// For a program that has a `QApplication`.
-    explicit QtHost(const std::string& library = std::string());
+    explicit QtHost(NarrowTextEncoding encoding = NarrowTextEncoding::Utf8,
+                    const std::string& library = std::string());
     ~QtHost();
     QtHost(const QtHost&) = delete;
     QtHost& operator=(const QtHost&) = delete;
@@ -51,7 +56,7 @@ public:
     static void quit(int exitCode = 0);
 
 private:
-    void bringUp(const std::string& library);
+    void bringUp(NarrowTextEncoding encoding, const std::string& library);
 
     std::unique_ptr<QApplication> m_application; // null: it is somebody else's
     std::unique_ptr<EventLoopBinding> m_binding;

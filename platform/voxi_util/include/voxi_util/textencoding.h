@@ -10,7 +10,8 @@ namespace VOXI {
 /// What the bytes of a narrow text mean.
 enum class NarrowTextEncoding { Latin1, Utf8 };
 
-/// The encoding of narrow texts in this process; Latin-1 unless somebody set another.
+/// The encoding of narrow texts in this process; Latin-1 unless somebody set another, as `QtHost`
+/// does: UTF-8 unless it is told otherwise.
 VOXI_UTIL_EXPORT NarrowTextEncoding narrowTextEncoding() noexcept;
 
 /// Chooses the encoding, before the first text is converted. Returns whether it is now the chosen
