@@ -1,7 +1,9 @@
+#include "voxi_util/anytext.h"
 #include "voxi_util/textencoding.h"
 
 #include <gtest/gtest.h>
 #include <string>
+#include <type_traits>
 
 using namespace VOXI;
 using namespace std::string_literals;
@@ -47,6 +49,52 @@ TEST_F(TextEncoding, theSwitchChangesBothDirections)
     EXPECT_EQ(narrowFromWide(L"\u20ac"), "\xe2\x82\xac");
     ASSERT_TRUE(setNarrowTextEncoding(NarrowTextEncoding::Latin1));
     EXPECT_EQ(wideFromNarrow("\xc3\xa4"), L"\u00c3\u00a4");
+}
+
+TEST_F(TextEncoding, aTextToBeShownIsMadeFromAnyString)
+{
+    // Which way it goes, and what arrives there.
+    const auto narrow = [](const AnyText& text) {
+        std::string arrived = "another way";
+        text.passTo([&](const std::string& each, int) { arrived = each; },
+                    [](const std::wstring&, int) {}, 1);
+        return arrived;
+    };
+    const auto wide = [](const AnyText& text) {
+        std::wstring arrived = L"another way";
+        text.passTo([](const std::string&) {}, [&](const std::wstring& each) { arrived = each; });
+        EXPECT_EQ(text.toWide(), arrived);
+        return arrived;
+    };
+    const std::string bytes("\xc3\xa4\0b", 4);
+    const std::wstring letters(L"\u00e4\0b", 3);
+    for (const auto encoding : {NarrowTextEncoding::Latin1, NarrowTextEncoding::Utf8}) {
+        ASSERT_TRUE(setNarrowTextEncoding(encoding));
+        EXPECT_EQ(narrow("\xc3\xa4"), "\xc3\xa4");
+        EXPECT_EQ(narrow(bytes), bytes);
+        EXPECT_EQ(narrow(std::string(bytes)), bytes);
+        EXPECT_EQ(narrow(std::string_view(bytes)), bytes);
+        EXPECT_EQ(AnyText(bytes).toWide(), wideFromNarrow(bytes));
+
+        EXPECT_EQ(wide(u8"\u00e4\U0001f600"), L"\u00e4\U0001f600");
+        EXPECT_EQ(wide(std::u8string(u8"\u00e4\0b", 4)), letters);
+        EXPECT_EQ(wide(std::u8string_view(u8"\u00e4\0b", 4)), letters);
+        EXPECT_EQ(wide(u"\u00e4\U0001f600"), L"\u00e4\U0001f600");
+        EXPECT_EQ(wide(std::u16string(u"\u00e4\0b", 3)), letters);
+        EXPECT_EQ(wide(std::u16string_view(u"\u00e4\0b", 3)), letters);
+        EXPECT_EQ(wide(L"\u00e4"), L"\u00e4");
+        EXPECT_EQ(wide(letters), letters);
+        EXPECT_EQ(wide(std::wstring(letters)), letters);
+        EXPECT_EQ(wide(std::wstring_view(letters)), letters);
+    }
+
+    EXPECT_TRUE(AnyText().isEmpty());
+    EXPECT_EQ(narrow({}), "");
+    EXPECT_EQ(narrow(static_cast<const char*>(nullptr)), "");
+    EXPECT_EQ(wide(static_cast<const wchar_t*>(nullptr)), L"");
+    // Where an object may be passed as well, null is one.
+    static_assert(!std::is_convertible_v<std::nullptr_t, AnyText>);
+    static_assert(!std::is_convertible_v<int, AnyText>);
 }
 
 // A lock cannot be undone, so the test takes place in a process of its own.

@@ -3,16 +3,24 @@
 #include "support/qtwarnings.h"
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxflowlayout2.h"
+#include "voxi2/containers/vxgroupbox2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxsplitter2.h"
+#include "voxi2/containers/vxtab2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxcheckbox2.h"
+#include "voxi2/controls/vxradiobutton2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/controls/vxtoolbar2.h"
+#include "voxi2/controls/vxtoolbutton2.h"
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
+#include "voxi2/kernel/vxhandle.h"
 #include "voxi2_qt/kernel/qticon.h"
 #include "voxi2_qt/kernel/qtimage.h"
 
@@ -30,6 +38,7 @@
 #include <stdexcept>
 #include <string>
 #include <sys/stat.h>
+#include <thread>
 #include <vector>
 
 namespace VOXI {
@@ -281,6 +290,52 @@ TEST(BadInput, narrowTextsCrossByteByByte)
     // What is no UTF-8 is nothing special.
     text.setText("\xff\xfe\xc3");
     EXPECT_EQ(text.textU(), L"\xff\xfe\xc3");
+}
+
+/// What an object that was made with a text, and with its parent, has for one.
+template <class Kind>
+std::wstring textOfNew(std::wstring (Kind::*text)() const)
+{
+    VXWindow2 parent;
+    auto* const object = new Kind(u8"\u20ac", &parent);
+    EXPECT_EQ(object->parent(), &parent);
+    return (object->*text)();
+}
+
+TEST(BadInput, textsCrossWhateverTheyAreMadeOf)
+{
+    VXText2 text(u8"gr\u00fc\u00df");
+    EXPECT_EQ(text.textU(), L"gr\u00fc\u00df");
+    EXPECT_EQ(text.text(), "gr\xfc\xdf");
+    // A temporary is gone by the time that another thread's request arrives.
+    std::thread([&] {
+        text.setText(std::string(40, 'x'));
+        text.setToolTip(std::wstring(40, L'\u20ac'));
+    }).join();
+    turn();
+    EXPECT_EQ(text.text(), std::string(40, 'x'));
+    EXPECT_EQ(text.toolTipU(), std::wstring(40, L'\u20ac'));
+
+    EXPECT_EQ(textOfNew<VXButton2>(&VXButton2::labelU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXCheckBox2>(&VXCheckBox2::labelU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXRadioButton2>(&VXRadioButton2::labelU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXToolButton2>(&VXToolButton2::labelU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXToolBar2>(&VXToolBar2::labelU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXAction2>(&VXAction2::labelU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXText2>(&VXText2::textU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXTab2>(&VXTab2::textU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXGroupBox2>(&VXGroupBox2::titleU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXWindow2>(&VXWindow2::titleU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXDialog2>(&VXDialog2::titleU), L"\u20ac");
+    EXPECT_EQ(textOfNew<VXDockWidget2>(&VXDockWidget2::titleU), L"\u20ac");
+    // Null is no text, but no parent.
+    const VXButton2 plain(nullptr);
+    EXPECT_EQ(plain.label(), "");
+
+    const VXHandle<VXText2> gone(new VXText2("text"));
+    delete gone.get();
+    gone->setText(u8"another");
+    EXPECT_EQ(gone->textU(), L"");
 }
 
 TEST(BadInput, wideTextsKeepWhatNarrowOnesCannotSay)

@@ -1,7 +1,5 @@
 #include "voxi2/containers/vxabstractwindow2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
 namespace {
@@ -49,12 +47,9 @@ void VXAbstractWindow2::raiseNativeWindow(unsigned long long nativeWindow)
     }
 }
 
-void VXAbstractWindow2::setTitle(const std::string& title) { m_emitters.setTitle(title); }
-void VXAbstractWindow2::setTitle(const std::wstring& title) { m_emitters.setTitleU(title); }
-
-void VXAbstractWindow2::setTitle(std::u16string_view title)
+void VXAbstractWindow2::setTitle(const AnyText& title)
 {
-    m_emitters.setTitleU(wideFromUtf16(title));
+    title.passTo(m_emitters.setTitle, m_emitters.setTitleU);
 }
 
 std::string VXAbstractWindow2::title() const { return m_emitters.getTitle(); }

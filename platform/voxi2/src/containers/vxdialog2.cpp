@@ -2,12 +2,15 @@
 
 namespace VOXI {
 
-VXDialog2::VXDialog2(VXObject2* parent)
+VXDialog2::VXDialog2(VXObject2* parent) : VXDialog2(AnyText(), parent) {}
+
+VXDialog2::VXDialog2(const AnyText& title, VXObject2* parent)
     : VXAbstractDialog2(parent),
       m_emitters(VXAbstractDialog2::m_emitters)
 {
     // Back ends give all dialogs the same flags, whatever is asked for here.
-    createPeer(&VXFactory2::createDialog2, this, &m_emitters, parent, 0u);
+    createPeer(title, &VXDialog2::setTitle, &VXFactory2::createDialog2, this, &m_emitters, parent,
+               0u);
 }
 
 VXDialog2::~VXDialog2() { retire(); }

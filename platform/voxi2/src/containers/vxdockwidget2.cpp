@@ -1,15 +1,17 @@
 #include "voxi2/containers/vxdockwidget2.h"
 
 #include "voxi2/kernel/vxaction2.h"
-#include "voxi_util/textencoding.h"
 
 namespace VOXI {
 
-VXDockWidget2::VXDockWidget2(VXObject2* parent)
+VXDockWidget2::VXDockWidget2(VXObject2* parent) : VXDockWidget2(AnyText(), parent) {}
+
+VXDockWidget2::VXDockWidget2(const AnyText& title, VXObject2* parent)
     : VXWidget2(parent),
       m_emitters(VXWidget2::m_emitters)
 {
-    createPeer(&VXFactory2::createDockWidget2, this, &m_emitters, parent);
+    createPeer(title, &VXDockWidget2::setTitle, &VXFactory2::createDockWidget2, this, &m_emitters,
+               parent);
 }
 
 VXDockWidget2::~VXDockWidget2() { retire(); }
@@ -17,12 +19,10 @@ void VXDockWidget2::setWidget(VXWidget2* widget) { m_emitters.setWidget(widget);
 VXWidget2* VXDockWidget2::widget() const { return m_emitters.getWidget(); }
 void VXDockWidget2::setTitleBarWidget(VXWidget2* widget) { m_emitters.setTitleBarWidget(widget); }
 VXWidget2* VXDockWidget2::titleBarWidget() const { return m_emitters.getTitleBarWidget(); }
-void VXDockWidget2::setTitle(const std::string& title) { m_emitters.setTitle(title); }
-void VXDockWidget2::setTitle(const std::wstring& title) { m_emitters.setTitleU(title); }
 
-void VXDockWidget2::setTitle(std::u16string_view title)
+void VXDockWidget2::setTitle(const AnyText& title)
 {
-    m_emitters.setTitleU(wideFromUtf16(title));
+    title.passTo(m_emitters.setTitle, m_emitters.setTitleU);
 }
 
 std::string VXDockWidget2::title() const { return m_emitters.getTitle(); }

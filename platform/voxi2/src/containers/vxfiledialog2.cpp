@@ -35,7 +35,7 @@ Dialog make(VXObject2* parent)
 /// Shows a new dialog that `prepare` has set up, and returns what was chosen.
 template <class Prepare>
 std::vector<VXFileDialog2::Path> choose(VXObject2* parent, FileDialogMode mode,
-                                        const std::wstring& title, Prepare&& prepare)
+                                        const AnyText& title, Prepare&& prepare)
 {
     const Dialog dialog = make(parent);
     dialog->setMode(mode);
@@ -55,7 +55,7 @@ VXFileDialog2::Path first(const std::vector<VXFileDialog2::Path>& files)
 
 } // namespace
 
-VXFileDialog2::Path VXFileDialog2::openFile(VXObject2* parent, const std::wstring& title,
+VXFileDialog2::Path VXFileDialog2::openFile(VXObject2* parent, const AnyText& title,
                                             const Path& directory,
                                             const std::vector<FileFilter>& filters)
 {
@@ -65,8 +65,7 @@ VXFileDialog2::Path VXFileDialog2::openFile(VXObject2* parent, const std::wstrin
     }));
 }
 
-std::vector<VXFileDialog2::Path> VXFileDialog2::openFiles(VXObject2* parent,
-                                                          const std::wstring& title,
+std::vector<VXFileDialog2::Path> VXFileDialog2::openFiles(VXObject2* parent, const AnyText& title,
                                                           const Path& directory,
                                                           const std::vector<FileFilter>& filters)
 {
@@ -76,10 +75,10 @@ std::vector<VXFileDialog2::Path> VXFileDialog2::openFiles(VXObject2* parent,
     });
 }
 
-VXFileDialog2::Path VXFileDialog2::saveFile(VXObject2* parent, const std::wstring& title,
+VXFileDialog2::Path VXFileDialog2::saveFile(VXObject2* parent, const AnyText& title,
                                             const Path& file,
                                             const std::vector<FileFilter>& filters,
-                                            const std::wstring& defaultSuffix)
+                                            const AnyText& defaultSuffix)
 {
     return first(choose(parent, FileDialogMode::SaveFile, title, [&](const Dialog& dialog) {
         dialog->setFilters(filters);
@@ -92,7 +91,7 @@ VXFileDialog2::Path VXFileDialog2::saveFile(VXObject2* parent, const std::wstrin
     }));
 }
 
-VXFileDialog2::Path VXFileDialog2::chooseDirectory(VXObject2* parent, const std::wstring& title,
+VXFileDialog2::Path VXFileDialog2::chooseDirectory(VXObject2* parent, const AnyText& title,
                                                    const Path& directory)
 {
     return first(choose(parent, FileDialogMode::Directory, title,
@@ -115,18 +114,18 @@ std::vector<FileFilter> VXFileDialog2::filters() const { return m_emitters.getFi
 void VXFileDialog2::setSelectedFilter(int index) { m_emitters.setSelectedFilter(index); }
 int VXFileDialog2::selectedFilter() const { return m_emitters.getSelectedFilter(); }
 
-void VXFileDialog2::setDefaultSuffix(const std::wstring& suffix)
+void VXFileDialog2::setDefaultSuffix(const AnyText& suffix)
 {
-    m_emitters.setDefaultSuffix(suffix);
+    suffix.passWideTo(m_emitters.setDefaultSuffix);
 }
 
 std::wstring VXFileDialog2::defaultSuffix() const { return m_emitters.getDefaultSuffix(); }
 void VXFileDialog2::setConfirmOverwrite(bool confirm) { m_emitters.setConfirmOverwrite(confirm); }
 bool VXFileDialog2::confirmsOverwrite() const { return m_emitters.confirmsOverwrite(); }
 
-void VXFileDialog2::setLabel(FileDialogLabel label, const std::wstring& text)
+void VXFileDialog2::setLabel(FileDialogLabel label, const AnyText& text)
 {
-    m_emitters.setLabel(label, text);
+    text.passWideTo([&](const std::wstring& wide) { m_emitters.setLabel(label, wide); });
 }
 
 void VXFileDialog2::selectFile(const Path& file) { m_emitters.selectFile(file); }

@@ -1,21 +1,22 @@
 #include "voxi2/containers/vxgroupbox2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
-VXGroupBox2::VXGroupBox2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+VXGroupBox2::VXGroupBox2(VXObject2* parent) : VXGroupBox2(AnyText(), parent) {}
+
+VXGroupBox2::VXGroupBox2(const AnyText& title, VXObject2* parent)
+    : VXWidget2(parent),
+      m_emitters(VXWidget2::m_emitters)
 {
-    createPeer(&VXFactory2::createGroupBox2, this, &m_emitters, parent);
+    createPeer(title, &VXGroupBox2::setTitle, &VXFactory2::createGroupBox2, this, &m_emitters,
+               parent);
 }
 
 VXGroupBox2::~VXGroupBox2() { retire(); }
-void VXGroupBox2::setTitle(const std::string& title) { m_emitters.setTitle(title); }
-void VXGroupBox2::setTitle(const std::wstring& title) { m_emitters.setTitleU(title); }
 
-void VXGroupBox2::setTitle(std::u16string_view title)
+void VXGroupBox2::setTitle(const AnyText& title)
 {
-    m_emitters.setTitleU(wideFromUtf16(title));
+    title.passTo(m_emitters.setTitle, m_emitters.setTitleU);
 }
 
 std::string VXGroupBox2::title() const { return m_emitters.getTitle(); }

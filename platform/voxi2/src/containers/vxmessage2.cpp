@@ -44,7 +44,7 @@ constexpr Answer s_answers[] = {
 struct Sign
 {
     const char* m_title;
-    const char* m_sign;
+    const wchar_t* m_sign;
     Color m_color;
 };
 
@@ -52,9 +52,9 @@ struct Sign
 const Sign& signOf(MessageKind kind)
 {
     static const Sign signs[] = {
-        {"Message", "", Color(0, 0, 0)},        {"Information", "i", Color(46, 110, 190)},
-        {"Question", "?", Color(46, 110, 190)}, {"Warning", "!", Color(214, 130, 20)},
-        {"Error", "\xd7", Color(196, 44, 44)},
+        {"Message", L"", Color(0, 0, 0)},        {"Information", L"i", Color(46, 110, 190)},
+        {"Question", L"?", Color(46, 110, 190)}, {"Warning", L"!", Color(214, 130, 20)},
+        {"Error", L"\xd7", Color(196, 44, 44)},
     };
     const auto index = static_cast<std::size_t>(kind);
     return signs[index < std::size(signs) ? index : 0];
@@ -83,8 +83,7 @@ void addSign(const Box& row, const Sign& sign)
     square.m_panel->setFixedSize({Side, Side});
     square.m_panel->setColor(ColorRole::Background, sign.m_color);
     auto* const text = new VXText2(square.m_panel);
-    // As a wide text: the process's encoding may be either.
-    text->setText(std::wstring(1, wchar_t(static_cast<unsigned char>(*sign.m_sign))));
+    text->setText(sign.m_sign);
     text->setFont(VXFont(std::string(), 22, VXFont::Bold));
     text->setAlignment(AlignmentFlag::Center);
     text->setColor(ColorRole::Foreground, Color(255, 255, 255));
@@ -159,7 +158,7 @@ void addTexts(const Box& row, const std::wstring& text, const std::wstring& deta
 
 /// Gives the dialog a button for each answer; returns the one of `wanted`, or else the first.
 VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
-                      MessageAnswer wanted, const std::map<MessageAnswer, MessageText>& labels)
+                      MessageAnswer wanted, const std::map<MessageAnswer, AnyText>& labels)
 {
     row.m_layout->insertSpacer(-1, 0, 1);
     VXButton2* chosen = nullptr;
@@ -168,8 +167,7 @@ VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> 
             continue;
         auto* const button = new VXButton2(row.m_panel);
         const auto own = labels.find(each.m_answer);
-        button->setLabel(own == labels.end() ? translated(each.m_label)
-                                             : std::wstring(own->second));
+        button->setLabel(own == labels.end() ? AnyText(translated(each.m_label)) : own->second);
         dialog->setButtonResult(button, static_cast<int>(each.m_answer));
         row.m_layout->addWidget(button);
         if (!chosen || each.m_answer == wanted)
@@ -178,7 +176,7 @@ VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> 
     return chosen;
 }
 
-MessageAnswer execKind(MessageKind kind, VXObject2* parent, const MessageText& text,
+MessageAnswer execKind(MessageKind kind, VXObject2* parent, const AnyText& text,
                        VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
 {
     const VXMessage2 message{
@@ -231,14 +229,14 @@ VXDialog2* VXMessage2::build(VXObject2* parent) const
     constexpr int Gap = 14;
     const Sign& sign = signOf(kind);
     auto* const dialog = new VXDialog2(parent);
-    dialog->setTitle(title.empty() ? translated(sign.m_title) : std::wstring(title));
+    dialog->setTitle(title.isEmpty() ? AnyText(translated(sign.m_title)) : title);
     auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
     rows->setSpacing(Gap);
 
     const Box message(dialog);
     message.m_layout->setSpacing(Gap);
     addSign(message, sign);
-    addTexts(message, text, details);
+    addTexts(message, text.toWide(), details.toWide());
     rows->addWidget(message.m_panel, 1);
 
     const Box buttons(dialog);
@@ -297,18 +295,18 @@ void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answ
         OpenMessage::answerAll();
 }
 
-void VXMessage2::inform(VXObject2* parent, const MessageText& text)
+void VXMessage2::inform(VXObject2* parent, const AnyText& text)
 {
     VXMessage2{.text = text, .kind = MessageKind::Information}.exec(parent);
 }
 
-MessageAnswer VXMessage2::ask(VXObject2* parent, const MessageText& text,
+MessageAnswer VXMessage2::ask(VXObject2* parent, const AnyText& text,
                               VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
 {
     return execKind(MessageKind::Question, parent, text, answers, defaultAnswer);
 }
 
-MessageAnswer VXMessage2::warn(VXObject2* parent, const MessageText& text,
+MessageAnswer VXMessage2::warn(VXObject2* parent, const AnyText& text,
                                VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
 {
     return execKind(MessageKind::Warning, parent, text, answers, defaultAnswer);

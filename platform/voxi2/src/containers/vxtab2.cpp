@@ -1,28 +1,27 @@
 #include "voxi2/containers/vxtab2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
-VXTab2::VXTab2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+VXTab2::VXTab2(VXObject2* parent) : VXTab2(AnyText(), parent) {}
+
+VXTab2::VXTab2(const AnyText& text, VXObject2* parent)
+    : VXWidget2(parent),
+      m_emitters(VXWidget2::m_emitters)
 {
-    createPeer(&VXFactory2::createTab2, this, &m_emitters, parent);
+    createPeer(text, &VXTab2::setText, &VXFactory2::createTab2, this, &m_emitters, parent);
 }
 
 VXTab2::~VXTab2() { retire(); }
-void VXTab2::setText(const std::string& text) { m_emitters.setText(text); }
-void VXTab2::setText(const std::wstring& text) { m_emitters.setTextU(text); }
-void VXTab2::setText(std::u16string_view text) { m_emitters.setTextU(wideFromUtf16(text)); }
+
+void VXTab2::setText(const AnyText& text) { text.passTo(m_emitters.setText, m_emitters.setTextU); }
 std::string VXTab2::text() const { return m_emitters.getText(); }
 std::wstring VXTab2::textU() const { return m_emitters.getTextU(); }
 void VXTab2::setIcon(const Icon& icon) { m_emitters.setIcon(icon); }
 Icon VXTab2::icon() const { return m_emitters.getIcon(); }
-void VXTab2::setTabToolTip(const std::string& text) { m_emitters.setTabToolTip(text); }
-void VXTab2::setTabToolTip(const std::wstring& text) { m_emitters.setTabToolTipU(text); }
 
-void VXTab2::setTabToolTip(std::u16string_view text)
+void VXTab2::setTabToolTip(const AnyText& text)
 {
-    m_emitters.setTabToolTipU(wideFromUtf16(text));
+    text.passTo(m_emitters.setTabToolTip, m_emitters.setTabToolTipU);
 }
 
 std::string VXTab2::tabToolTip() const { return m_emitters.getTabToolTip(); }

@@ -1,7 +1,5 @@
 #include "voxi2/containers/vxtooltipwindow2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
 namespace {
@@ -19,12 +17,10 @@ VXToolTipWindow2::VXToolTipWindow2(VXObject2* parent)
 }
 
 VXToolTipWindow2::~VXToolTipWindow2() { retire(); }
-void VXToolTipWindow2::setText(const std::string& text) { m_emitters.setText(text); }
-void VXToolTipWindow2::setText(const std::wstring& text) { m_emitters.setTextU(text); }
 
-void VXToolTipWindow2::setText(std::u16string_view text)
+void VXToolTipWindow2::setText(const AnyText& text)
 {
-    m_emitters.setTextU(wideFromUtf16(text));
+    text.passTo(m_emitters.setText, m_emitters.setTextU);
 }
 
 std::string VXToolTipWindow2::text() const { return m_emitters.getText(); }

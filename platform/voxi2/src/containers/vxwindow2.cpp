@@ -1,14 +1,14 @@
 #include "voxi2/containers/vxwindow2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
-VXWindow2::VXWindow2(VXObject2* parent)
+VXWindow2::VXWindow2(VXObject2* parent) : VXWindow2(AnyText(), parent) {}
+
+VXWindow2::VXWindow2(const AnyText& title, VXObject2* parent)
     : VXAbstractWindow2(parent),
       m_emitters(VXAbstractWindow2::m_emitters)
 {
-    createPeer(&VXFactory2::createWindow2, this, &m_emitters, parent);
+    createPeer(title, &VXWindow2::setTitle, &VXFactory2::createWindow2, this, &m_emitters, parent);
 }
 
 VXWindow2::~VXWindow2() { retire(); }
@@ -32,19 +32,9 @@ void VXWindow2::removeToolBar(VXToolBar2* bar) { m_emitters.removeToolBar(bar); 
 void VXWindow2::insertToolBarBreak(VXToolBar2* before) { m_emitters.insertToolBarBreak(before); }
 ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const { return m_emitters.getToolBarArea(bar); }
 
-void VXWindow2::setStatusText(const std::string& text, int timeout)
+void VXWindow2::setStatusText(const AnyText& text, int timeout)
 {
-    m_emitters.setStatusText(text, timeout);
-}
-
-void VXWindow2::setStatusText(const std::wstring& text, int timeout)
-{
-    m_emitters.setStatusTextU(text, timeout);
-}
-
-void VXWindow2::setStatusText(std::u16string_view text, int timeout)
-{
-    m_emitters.setStatusTextU(wideFromUtf16(text), timeout);
+    text.passTo(m_emitters.setStatusText, m_emitters.setStatusTextU, timeout);
 }
 
 std::string VXWindow2::statusText() const { return m_emitters.getStatusText(); }

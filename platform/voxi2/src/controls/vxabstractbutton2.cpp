@@ -1,7 +1,5 @@
 #include "voxi2/controls/vxabstractbutton2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
 VXAbstractButton2::VXAbstractButton2(VXObject2* parent)
@@ -10,12 +8,10 @@ VXAbstractButton2::VXAbstractButton2(VXObject2* parent)
 {}
 
 VXAbstractButton2::~VXAbstractButton2() { retire(); }
-void VXAbstractButton2::setLabel(const std::string& label) { m_emitters.setLabel(label); }
-void VXAbstractButton2::setLabel(const std::wstring& label) { m_emitters.setLabelU(label); }
 
-void VXAbstractButton2::setLabel(std::u16string_view label)
+void VXAbstractButton2::setLabel(const AnyText& label)
 {
-    m_emitters.setLabelU(wideFromUtf16(label));
+    label.passTo(m_emitters.setLabel, m_emitters.setLabelU);
 }
 
 std::string VXAbstractButton2::label() const { return m_emitters.getLabel(); }

@@ -2,11 +2,13 @@
 
 namespace VOXI {
 
-VXButton2::VXButton2(VXObject2* parent)
+VXButton2::VXButton2(VXObject2* parent) : VXButton2(AnyText(), parent) {}
+
+VXButton2::VXButton2(const AnyText& label, VXObject2* parent)
     : VXAbstractButton2(parent),
       m_emitters(VXAbstractButton2::m_emitters)
 {
-    createPeer(&VXFactory2::createButton2, this, &m_emitters, parent);
+    createPeer(label, &VXButton2::setLabel, &VXFactory2::createButton2, this, &m_emitters, parent);
 }
 
 VXButton2::~VXButton2() { retire(); }

@@ -2,7 +2,6 @@
 
 #include "voxi/vxbridge.h"
 #include "voxi2/kernel/vxaction2.h"
-#include "voxi_util/textencoding.h"
 
 namespace VOXI {
 
@@ -17,45 +16,27 @@ VXMenu2::~VXMenu2() { retire(); }
 
 void VXMenu2::addAction(VXAction2* action) { m_emitters.addMenuItem(action); }
 
-namespace {
-
-template <class Text>
-VXAction2* appendNew(VXMenu2& menu, const Text& label)
+VXAction2* VXMenu2::addAction(const AnyText& label)
 {
     VXObjectDataLocker lock;
     // What a handle of a dead menu stands for owns nothing.
-    const unsigned id = menu.id();
-    if (id == 0)
+    const unsigned self = id();
+    if (self == 0)
         return nullptr;
-    auto* action = new VXAction2(&menu);
+    auto* action = new VXAction2(this);
     // Waiting for its peer gives the lock up.
-    if (!VXObject::isObjectValid(id)) {
+    if (!isObjectValid(self)) {
         action->destroy();
         return nullptr;
     }
     action->setLabel(label);
-    menu.addAction(action);
+    addAction(action);
     return action;
 }
 
-} // namespace
-
-VXAction2* VXMenu2::addAction(const std::string& label) { return appendNew(*this, label); }
-VXAction2* VXMenu2::addAction(const std::wstring& label) { return appendNew(*this, label); }
-
-void VXMenu2::addMenu(const std::string& title, VXMenu2* menu)
+void VXMenu2::addMenu(const AnyText& title, VXMenu2* menu)
 {
-    m_emitters.addSubMenu(title, menu);
-}
-
-void VXMenu2::addMenu(const std::wstring& title, VXMenu2* menu)
-{
-    m_emitters.addSubMenuU(title, menu);
-}
-
-void VXMenu2::addMenu(std::u16string_view title, VXMenu2* menu)
-{
-    m_emitters.addSubMenuU(wideFromUtf16(title), menu);
+    title.passTo(m_emitters.addSubMenu, m_emitters.addSubMenuU, menu);
 }
 
 void VXMenu2::addSeparator() { m_emitters.addSeparator(); }

@@ -2,11 +2,14 @@
 
 namespace VOXI {
 
-VXRadioButton2::VXRadioButton2(VXObject2* parent)
+VXRadioButton2::VXRadioButton2(VXObject2* parent) : VXRadioButton2(AnyText(), parent) {}
+
+VXRadioButton2::VXRadioButton2(const AnyText& label, VXObject2* parent)
     : VXAbstractButton2(parent),
       m_emitters(VXAbstractButton2::m_emitters)
 {
-    createPeer(&VXFactory2::createRadioButton2, this, &m_emitters, parent);
+    createPeer(label, &VXRadioButton2::setLabel, &VXFactory2::createRadioButton2, this, &m_emitters,
+               parent);
 }
 
 VXRadioButton2::~VXRadioButton2() { retire(); }

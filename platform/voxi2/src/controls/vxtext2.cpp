@@ -1,18 +1,19 @@
 #include "voxi2/controls/vxtext2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
-VXText2::VXText2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+VXText2::VXText2(VXObject2* parent) : VXText2(AnyText(), parent) {}
+
+VXText2::VXText2(const AnyText& text, VXObject2* parent)
+    : VXWidget2(parent),
+      m_emitters(VXWidget2::m_emitters)
 {
-    createPeer(&VXFactory2::createText2, this, &m_emitters, parent);
+    createPeer(text, &VXText2::setText, &VXFactory2::createText2, this, &m_emitters, parent);
 }
 
 VXText2::~VXText2() { retire(); }
-void VXText2::setText(const std::string& text) { m_emitters.setText(text); }
-void VXText2::setText(const std::wstring& text) { m_emitters.setTextU(text); }
-void VXText2::setText(std::u16string_view text) { m_emitters.setTextU(wideFromUtf16(text)); }
+
+void VXText2::setText(const AnyText& text) { text.passTo(m_emitters.setText, m_emitters.setTextU); }
 std::string VXText2::text() const { return m_emitters.getText(); }
 std::wstring VXText2::textU() const { return m_emitters.getTextU(); }
 void VXText2::setAlignment(Alignment alignment) { m_emitters.setAlignment(alignment); }

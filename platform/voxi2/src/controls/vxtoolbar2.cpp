@@ -1,12 +1,15 @@
 #include "voxi2/controls/vxtoolbar2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
-VXToolBar2::VXToolBar2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+VXToolBar2::VXToolBar2(VXObject2* parent) : VXToolBar2(AnyText(), parent) {}
+
+VXToolBar2::VXToolBar2(const AnyText& label, VXObject2* parent)
+    : VXWidget2(parent),
+      m_emitters(VXWidget2::m_emitters)
 {
-    createPeer(&VXFactory2::createToolbar2, this, &m_emitters, parent);
+    createPeer(label, &VXToolBar2::setLabel, &VXFactory2::createToolbar2, this, &m_emitters,
+               parent);
 }
 
 VXToolBar2::~VXToolBar2() { retire(); }
@@ -21,9 +24,11 @@ void VXToolBar2::setFloatable(bool floatable) { m_emitters.setFloatable(floatabl
 bool VXToolBar2::isFloatable() const { return m_emitters.isFloatable(); }
 void VXToolBar2::setMovable(bool movable) { m_emitters.setMovable(movable); }
 bool VXToolBar2::isMovable() const { return m_emitters.isMovable(); }
-void VXToolBar2::setLabel(const std::string& label) { m_emitters.setLabel(label); }
-void VXToolBar2::setLabel(const std::wstring& label) { m_emitters.setLabelU(label); }
-void VXToolBar2::setLabel(std::u16string_view label) { m_emitters.setLabelU(wideFromUtf16(label)); }
+
+void VXToolBar2::setLabel(const AnyText& label)
+{
+    label.passTo(m_emitters.setLabel, m_emitters.setLabelU);
+}
 std::wstring VXToolBar2::labelU() const { return m_emitters.getLabelU(); }
 void VXToolBar2::setOrientation(Orientation orientation) { m_emitters.setOrientation(orientation); }
 Orientation VXToolBar2::orientation() const { return m_emitters.getOrientation(); }

@@ -2,11 +2,14 @@
 
 namespace VOXI {
 
-VXToolButton2::VXToolButton2(VXObject2* parent)
+VXToolButton2::VXToolButton2(VXObject2* parent) : VXToolButton2(AnyText(), parent) {}
+
+VXToolButton2::VXToolButton2(const AnyText& label, VXObject2* parent)
     : VXAbstractButton2(parent),
       m_emitters(VXAbstractButton2::m_emitters)
 {
-    createPeer(&VXFactory2::createToolButton2, this, &m_emitters, parent);
+    createPeer(label, &VXToolButton2::setLabel, &VXFactory2::createToolButton2, this, &m_emitters,
+               parent);
 }
 
 VXToolButton2::~VXToolButton2() { retire(); }

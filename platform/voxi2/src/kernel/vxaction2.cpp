@@ -1,19 +1,24 @@
 #include "voxi2/kernel/vxaction2.h"
 
 #include "voxi2/kernel/vxactiongroup2.h"
-#include "voxi_util/textencoding.h"
 
 namespace VOXI {
 
-VXAction2::VXAction2(VXObject2* parent) : VXObject2(parent), m_emitters(VXObject2::m_emitters)
+VXAction2::VXAction2(VXObject2* parent) : VXAction2(AnyText(), parent) {}
+
+VXAction2::VXAction2(const AnyText& label, VXObject2* parent)
+    : VXObject2(parent),
+      m_emitters(VXObject2::m_emitters)
 {
-    createPeer(&VXFactory2::createAction2, this, &m_emitters, parent);
+    createPeer(label, &VXAction2::setLabel, &VXFactory2::createAction2, this, &m_emitters, parent);
 }
 
 VXAction2::~VXAction2() { retire(); }
-void VXAction2::setLabel(const std::string& label) { m_emitters.setLabel(label); }
-void VXAction2::setLabel(const std::wstring& label) { m_emitters.setLabelU(label); }
-void VXAction2::setLabel(std::u16string_view label) { m_emitters.setLabelU(wideFromUtf16(label)); }
+
+void VXAction2::setLabel(const AnyText& label)
+{
+    label.passTo(m_emitters.setLabel, m_emitters.setLabelU);
+}
 std::string VXAction2::label() const { return m_emitters.getLabel(); }
 std::wstring VXAction2::labelU() const { return m_emitters.getLabelU(); }
 void VXAction2::setIcon(const Icon& icon) { m_emitters.setIcon(icon); }
@@ -41,22 +46,18 @@ void VXAction2::setShortcutContext(ShortcutContext context)
 ShortcutContext VXAction2::shortcutContext() const { return m_emitters.getShortcutContext(); }
 void VXAction2::setAutoRepeat(bool repeat) { m_emitters.setAutoRepeat(repeat); }
 bool VXAction2::isAutoRepeat() const { return m_emitters.isAutoRepeat(); }
-void VXAction2::setToolTip(const std::string& text) { m_emitters.setToolTip(text); }
-void VXAction2::setToolTip(const std::wstring& text) { m_emitters.setToolTipU(text); }
 
-void VXAction2::setToolTip(std::u16string_view text)
+void VXAction2::setToolTip(const AnyText& text)
 {
-    m_emitters.setToolTipU(wideFromUtf16(text));
+    text.passTo(m_emitters.setToolTip, m_emitters.setToolTipU);
 }
 
 std::string VXAction2::toolTip() const { return m_emitters.getToolTip(); }
 std::wstring VXAction2::toolTipU() const { return m_emitters.getToolTipU(); }
-void VXAction2::setStatusTip(const std::string& text) { m_emitters.setStatusTip(text); }
-void VXAction2::setStatusTip(const std::wstring& text) { m_emitters.setStatusTipU(text); }
 
-void VXAction2::setStatusTip(std::u16string_view text)
+void VXAction2::setStatusTip(const AnyText& text)
 {
-    m_emitters.setStatusTipU(wideFromUtf16(text));
+    text.passTo(m_emitters.setStatusTip, m_emitters.setStatusTipU);
 }
 
 std::string VXAction2::statusTip() const { return m_emitters.getStatusTip(); }

@@ -175,7 +175,8 @@ VXObject2::Creation::Creation(VXObject2& object)
 VXObject2::Creation::~Creation()
 {
     innermost() = m_outer;
-    m_object.finishBuilding();
+    if (!m_outer || &m_outer->m_object != &m_object)
+        m_object.finishBuilding();
 }
 
 VXObject2::BuildScope::BuildScope() : m_outer(t_buildScope)

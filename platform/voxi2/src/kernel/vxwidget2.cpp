@@ -1,7 +1,5 @@
 #include "voxi2/kernel/vxwidget2.h"
 
-#include "voxi_util/textencoding.h"
-
 namespace VOXI {
 
 VXWidget2::VXWidget2(VXObject2* parent) : VXObject2(parent), m_emitters(VXObject2::m_emitters) {}
@@ -82,12 +80,10 @@ VXFont VXWidget2::font() const { return m_emitters.getFont(); }
 void VXWidget2::setCursor(const Cursor& cursor) { m_emitters.setCursor(cursor); }
 void VXWidget2::unsetCursor() { m_emitters.unsetCursor(); }
 Cursor VXWidget2::cursor() const { return m_emitters.getCursor(); }
-void VXWidget2::setToolTip(const std::string& text) { m_emitters.setToolTip(text); }
-void VXWidget2::setToolTip(const std::wstring& text) { m_emitters.setToolTipU(text); }
 
-void VXWidget2::setToolTip(std::u16string_view text)
+void VXWidget2::setToolTip(const AnyText& text)
 {
-    m_emitters.setToolTipU(wideFromUtf16(text));
+    text.passTo(m_emitters.setToolTip, m_emitters.setToolTipU);
 }
 
 std::string VXWidget2::toolTip() const { return m_emitters.getToolTip(); }
@@ -99,11 +95,14 @@ void VXWidget2::setHighlight(bool on, const Color& color)
 }
 
 bool VXWidget2::isHighlighted() const { return m_emitters.isWidgetHighlighted(); }
-void VXWidget2::setAccessibleName(const std::wstring& name) { m_emitters.setAccessibleName(name); }
-
-void VXWidget2::setAccessibleDescription(const std::wstring& description)
+void VXWidget2::setAccessibleName(const AnyText& name)
 {
-    m_emitters.setAccessibleDescription(description);
+    name.passWideTo(m_emitters.setAccessibleName);
+}
+
+void VXWidget2::setAccessibleDescription(const AnyText& description)
+{
+    description.passWideTo(m_emitters.setAccessibleDescription);
 }
 
 std::wstring VXWidget2::accessibleName() const { return m_emitters.getAccessibleName(); }

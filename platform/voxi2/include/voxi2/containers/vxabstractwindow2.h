@@ -4,11 +4,11 @@
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/kernel/windowflags.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/icon.h"
 #include "voxi_util/vxflags.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace VOXI {
@@ -59,9 +59,7 @@ public:
     static void raiseNativeWindow(unsigned long long nativeWindow);
 
     /// The text "[*]" in a title stands for the mark of unsaved changes.
-    void setTitle(const std::string& title);
-    void setTitle(const std::wstring& title);
-    void setTitle(std::u16string_view title);
+    void setTitle(const AnyText& title);
     std::string title() const;
     std::wstring titleU() const;
 

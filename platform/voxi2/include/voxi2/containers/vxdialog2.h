@@ -20,9 +20,9 @@ struct VXDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
 
 /// A dialog whose content the application puts together, with a layout as in a panel.
 ///
-///     VXDialog2 dialog(window);
+///     VXDialog2 dialog("Settings", window);
 ///     auto* rows = new VXBoxLayout2(&dialog, Direction::TopToBottom);
-///     auto* keep = new VXButton2(&dialog);
+///     auto* keep = new VXButton2("&Keep", &dialog);
 ///     ...
 ///     dialog.setButtonResult(keep, VXDialog2::Accepted);
 ///     dialog.setDefaultButton(keep);
@@ -36,6 +36,7 @@ public:
     /// A dialog belongs to the window that its parent is or lies in, and stays above it. Its frame
     /// has a title and the system menu; `setWindowFlags` can give it more.
     explicit VXDialog2(VXObject2* parent = nullptr);
+    explicit VXDialog2(const AnyText& title, VXObject2* parent = nullptr);
     ~VXDialog2() override;
 
     /// The button that Return presses while no other button has the focus; null for none. A dead

@@ -5,11 +5,11 @@
 #include "voxi2/containers/vxdockwidgetevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/icon.h"
 #include "voxi_util/vxflags.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -55,6 +55,7 @@ public:
     using ToolkitClass = VXDockWidget2;
 
     explicit VXDockWidget2(VXObject2* parent = nullptr);
+    explicit VXDockWidget2(const AnyText& title, VXObject2* parent = nullptr);
     ~VXDockWidget2() override;
 
     // Content. Dead widgets, and those that the dock widget lies in, are ignored.
@@ -71,9 +72,7 @@ public:
 
     /// Also the label of the view action and of the tab among tabbed ones: an ampersand makes the
     /// character after it the mnemonic there.
-    void setTitle(const std::string& title);
-    void setTitle(const std::wstring& title);
-    void setTitle(std::u16string_view title);
+    void setTitle(const AnyText& title);
     std::string title() const;
     std::wstring titleU() const;
     /// For the view action, and for the window system while the pane stands alone.

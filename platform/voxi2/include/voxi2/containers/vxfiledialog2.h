@@ -2,9 +2,11 @@
 
 #include "voxi2/containers/vxabstractdialog2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace VOXI {
@@ -26,7 +28,7 @@ enum class FileDialogLabel {
     Cancel     ///< on the button that does not
 };
 
-/// The files that a file dialog shows: `{L"Pictures", {"*.png", "*.jpg"}}`.
+/// The files that a file dialog shows: `{"Pictures", {"*.png", "*.jpg"}}`.
 struct FileFilter
 {
     /// For the user; the dialog adds the patterns to it. Filters may read the same.
@@ -34,6 +36,12 @@ struct FileFilter
     /// With the wild cards `*` and `?`, in UTF-8; upper and lower case are the same. A character
     /// that is no plain letter, digit or sign counts as `?`. None at all stands for all files.
     std::vector<std::string> patterns;
+
+    FileFilter() = default;
+    FileFilter(const AnyText& filterName, std::vector<std::string> filterPatterns = {})
+        : name(filterName.toWide()),
+          patterns(std::move(filterPatterns))
+    {}
 
     friend bool operator==(const FileFilter&, const FileFilter&) = default;
 };
@@ -73,7 +81,7 @@ struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
 ///
 /// The usual cases are one call each:
 ///
-///     const auto file = VXFileDialog2::openFile(window, L"Open", {}, {{L"Text", {"*.txt"}}});
+///     const auto file = VXFileDialog2::openFile(window, "Open", {}, {{"Text", {"*.txt"}}});
 ///     if (!file.empty())
 ///         load(file);
 class VOXI2_EXPORT VXFileDialog2 : public VXAbstractDialog2
@@ -90,16 +98,16 @@ public:
     // and when the parent has ended or ends meanwhile. An empty directory stands for the one that
     // the user was in last.
 
-    static Path openFile(VXObject2* parent, const std::wstring& title, const Path& directory = {},
+    static Path openFile(VXObject2* parent, const AnyText& title, const Path& directory = {},
                          const std::vector<FileFilter>& filters = {});
-    static std::vector<Path> openFiles(VXObject2* parent, const std::wstring& title,
+    static std::vector<Path> openFiles(VXObject2* parent, const AnyText& title,
                                        const Path& directory = {},
                                        const std::vector<FileFilter>& filters = {});
     /// Proposes `file`: a name, a directory with a name, or a directory that exists alone.
-    static Path saveFile(VXObject2* parent, const std::wstring& title, const Path& file = {},
+    static Path saveFile(VXObject2* parent, const AnyText& title, const Path& file = {},
                          const std::vector<FileFilter>& filters = {},
-                         const std::wstring& defaultSuffix = {});
-    static Path chooseDirectory(VXObject2* parent, const std::wstring& title,
+                         const AnyText& defaultSuffix = {});
+    static Path chooseDirectory(VXObject2* parent, const AnyText& title,
                                 const Path& directory = {});
 
     /// `OpenFile` by default.
@@ -119,7 +127,7 @@ public:
     int selectedFilter() const;
 
     /// What a name without a suffix gets when a file is saved, without the dot; empty for nothing.
-    void setDefaultSuffix(const std::wstring& suffix);
+    void setDefaultSuffix(const AnyText& suffix);
     std::wstring defaultSuffix() const;
 
     /// Whether the user is asked before a file that exists is chosen for saving; on by default.
@@ -127,7 +135,7 @@ public:
     bool confirmsOverwrite() const;
 
     /// With `&` before the mnemonic; an empty text brings the usual one back.
-    void setLabel(FileDialogLabel label, const std::wstring& text);
+    void setLabel(FileDialogLabel label, const AnyText& text);
 
     /// Proposes a file. With a directory in its name the dialog goes there.
     void selectFile(const Path& file);

@@ -2,9 +2,9 @@
 
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -28,12 +28,11 @@ public:
     using ToolkitClass = VXGroupBox2;
 
     explicit VXGroupBox2(VXObject2* parent = nullptr);
+    explicit VXGroupBox2(const AnyText& title, VXObject2* parent = nullptr);
     ~VXGroupBox2() override;
 
     /// An ampersand underlines the character behind it, the key that leads into the group.
-    void setTitle(const std::string& title);
-    void setTitle(const std::wstring& title);
-    void setTitle(std::u16string_view title);
+    void setTitle(const AnyText& title);
     std::string title() const;
     std::wstring titleU() const;
 

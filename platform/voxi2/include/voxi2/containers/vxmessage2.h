@@ -1,14 +1,11 @@
 #pragma once
 
 #include "voxi2/voxi2_export.h"
-#include "voxi_util/textencoding.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/vxflags.h"
 
 #include <functional>
 #include <map>
-#include <string>
-#include <string_view>
-#include <utility>
 
 namespace VOXI {
 
@@ -40,19 +37,6 @@ inline constexpr bool EnableFlags<MessageAnswer> = true;
 /// What a message's sign says of it.
 enum class MessageKind { Plain, Information, Question, Warning, Error };
 
-/// A text of a message, from any kind of text.
-struct MessageText : std::wstring
-{
-    MessageText() = default;
-    MessageText(std::wstring text) : std::wstring(std::move(text)) {}
-    MessageText(const wchar_t* text) : std::wstring(text) {}
-    /// In the process's encoding.
-    MessageText(const std::string& text) : std::wstring(wideFromNarrow(text)) {}
-    MessageText(const char* text) : std::wstring(wideFromNarrow(text)) {}
-    MessageText(std::u16string_view text) : std::wstring(wideFromUtf16(text)) {}
-    MessageText(const char16_t* text) : std::wstring(wideFromUtf16(text)) {}
-};
-
 /// Tells the user something, or asks.
 ///
 ///     if (VXMessage2::ask(window, "Delete the file?") == MessageAnswer::Yes)
@@ -72,11 +56,11 @@ struct MessageText : std::wstring
 struct VOXI2_EXPORT VXMessage2
 {
     /// Shown as it is, without markup.
-    MessageText text;
+    AnyText text;
     /// More, under the text.
-    MessageText details{};
+    AnyText details{};
     /// Of the window; empty: what the kind is called, in the user's language.
-    MessageText title{};
+    AnyText title{};
     /// None at all: `Ok`.
     VXFlags<MessageAnswer> answers = MessageAnswer::Ok;
     /// What Return answers; `None`, or one that is not offered: the first button.
@@ -86,7 +70,7 @@ struct VOXI2_EXPORT VXMessage2
     MessageKind kind = MessageKind::Plain;
     /// What buttons say instead of the usual words, with `&` before the mnemonic:
     /// `{{MessageAnswer::Yes, "&Delete"}}`. See `setTranslation` for another language.
-    std::map<MessageAnswer, MessageText> labels{};
+    std::map<MessageAnswer, AnyText> labels{};
 
     /// What Escape answers: `escapeAnswer`, else `Cancel` if it is offered, else the only answer,
     /// else `No`, `Close` or `Abort`. When there is none of them it is `None`, and the message
@@ -106,12 +90,12 @@ struct VOXI2_EXPORT VXMessage2
 
     // The usual cases, which wait.
 
-    static void inform(VXObject2* parent, const MessageText& text);
-    static MessageAnswer ask(VXObject2* parent, const MessageText& text,
+    static void inform(VXObject2* parent, const AnyText& text);
+    static MessageAnswer ask(VXObject2* parent, const AnyText& text,
                              VXFlags<MessageAnswer> answers = MessageAnswer::Yes
                                                               | MessageAnswer::No,
                              MessageAnswer defaultAnswer = MessageAnswer::None);
-    static MessageAnswer warn(VXObject2* parent, const MessageText& text,
+    static MessageAnswer warn(VXObject2* parent, const AnyText& text,
                               VXFlags<MessageAnswer> answers = MessageAnswer::Ok,
                               MessageAnswer defaultAnswer = MessageAnswer::None);
 

@@ -2,11 +2,11 @@
 
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/color.h"
 #include "voxi_util/icon.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -50,13 +50,12 @@ public:
     using ToolkitClass = VXTab2;
 
     explicit VXTab2(VXObject2* parent = nullptr);
+    explicit VXTab2(const AnyText& text, VXObject2* parent = nullptr);
     ~VXTab2() override;
 
     /// An ampersand makes the character after it the mnemonic.
-    void setText(const std::string& text);
-    void setText(const std::wstring& text);
-    void setText(std::u16string_view text);
-    /// As 8-bit text: characters that it does not have become question marks.
+    void setText(const AnyText& text);
+    /// In the process's encoding; what Latin-1 does not have becomes a question mark.
     std::string text() const;
     std::wstring textU() const;
 
@@ -65,9 +64,7 @@ public:
     Icon icon() const;
 
     /// What is shown while the pointer rests on the tab; `setToolTip` is for the page.
-    void setTabToolTip(const std::string& text);
-    void setTabToolTip(const std::wstring& text);
-    void setTabToolTip(std::u16string_view text);
+    void setTabToolTip(const AnyText& text);
     std::string tabToolTip() const;
     std::wstring tabToolTipU() const;
 

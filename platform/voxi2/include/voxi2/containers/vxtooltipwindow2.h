@@ -4,11 +4,11 @@
 #include "voxi2/containers/vxtooltipwindowevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/geometry.h"
 #include "voxi_util/icon.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -54,9 +54,7 @@ public:
     explicit VXToolTipWindow2(VXObject2* parent = nullptr);
     ~VXToolTipWindow2() override;
 
-    void setText(const std::string& text);
-    void setText(const std::wstring& text);
-    void setText(std::u16string_view text);
+    void setText(const AnyText& text);
     std::string text() const;
     std::wstring textU() const;
     /// Whether markup in the text is shown as what it means; off by default.

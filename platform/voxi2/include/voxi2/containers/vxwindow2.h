@@ -5,9 +5,9 @@
 #include "voxi2/containers/vxabstractwindow2.h"
 #include "voxi2/kernel/direction.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -54,6 +54,7 @@ public:
 
     /// A window with a parent belongs to the parent's window and stays above it.
     explicit VXWindow2(VXObject2* parent = nullptr);
+    explicit VXWindow2(const AnyText& title, VXObject2* parent = nullptr);
     ~VXWindow2() override;
 
     /// The widget that fills the window. The former one stays alive, hidden; null leaves the window
@@ -85,9 +86,7 @@ public:
 
     /// Shows a text for some milliseconds, or with 0 for good. What is shown for good comes back
     /// after a text with a time-out and after the status tip of an action. Empty takes it away.
-    void setStatusText(const std::string& text, int timeout = 0);
-    void setStatusText(const std::wstring& text, int timeout = 0);
-    void setStatusText(std::u16string_view text, int timeout = 0);
+    void setStatusText(const AnyText& text, int timeout = 0);
     /// What the status bar shows at the moment.
     std::string statusText() const;
     std::wstring statusTextU() const;

@@ -3,10 +3,10 @@
 #include "voxi2/controls/vxbuttonevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/icon.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -43,10 +43,8 @@ public:
     ~VXAbstractButton2() override;
 
     /// An ampersand makes the character after it the mnemonic.
-    void setLabel(const std::string& label);
-    void setLabel(const std::wstring& label);
-    void setLabel(std::u16string_view label);
-    /// As 8-bit text: characters that it does not have become question marks.
+    void setLabel(const AnyText& label);
+    /// In the process's encoding; what Latin-1 does not have becomes a question mark.
     std::string label() const;
     std::wstring labelU() const;
 

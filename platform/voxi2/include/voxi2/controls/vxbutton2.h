@@ -23,6 +23,7 @@ public:
     using ToolkitClass = VXButton2;
 
     explicit VXButton2(VXObject2* parent = nullptr);
+    explicit VXButton2(const AnyText& label, VXObject2* parent = nullptr);
     ~VXButton2() override;
 
     /// The default button of a dialog is clicked by the Return key.

@@ -19,6 +19,7 @@ public:
     using ToolkitClass = VXCheckBox2;
 
     explicit VXCheckBox2(VXObject2* parent = nullptr);
+    explicit VXCheckBox2(const AnyText& label, VXObject2* parent = nullptr);
     ~VXCheckBox2() override;
 
 private:

@@ -3,10 +3,10 @@
 #include "voxi2/controls/vxmenuevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <map>
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -68,13 +68,10 @@ public:
     void addAction(VXAction2* action);
     /// Appends a new action that belongs to the menu; null if the menu has ended, which it may do
     /// while a worker waits for the action.
-    VXAction2* addAction(const std::string& label);
-    VXAction2* addAction(const std::wstring& label);
+    VXAction2* addAction(const AnyText& label);
     /// Appends a menu under that title; an ampersand makes the character after it the mnemonic. A
     /// menu cannot hold itself, nor one that holds it. Null and dead ones are ignored.
-    void addMenu(const std::string& title, VXMenu2* menu);
-    void addMenu(const std::wstring& title, VXMenu2* menu);
-    void addMenu(std::u16string_view title, VXMenu2* menu);
+    void addMenu(const AnyText& title, VXMenu2* menu);
     void addSeparator();
     /// Takes the action out of the menu; it stays alive.
     void removeAction(VXAction2* action);

@@ -2,9 +2,9 @@
 
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -30,9 +30,7 @@ public:
 
     /// Appends the menu under that title; an ampersand makes the character after it the mnemonic.
     /// The bar does not own it. Null and dead ones are ignored.
-    void addMenu(const std::string& title, VXMenu2* menu);
-    void addMenu(const std::wstring& title, VXMenu2* menu);
-    void addMenu(std::u16string_view title, VXMenu2* menu);
+    void addMenu(const AnyText& title, VXMenu2* menu);
     /// Takes the menu out of the bar; it stays alive.
     void removeMenu(VXMenu2* menu);
     /// Takes all menus out of the bar.

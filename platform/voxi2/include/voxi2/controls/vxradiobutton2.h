@@ -19,6 +19,7 @@ public:
     using ToolkitClass = VXRadioButton2;
 
     explicit VXRadioButton2(VXObject2* parent = nullptr);
+    explicit VXRadioButton2(const AnyText& label, VXObject2* parent = nullptr);
     ~VXRadioButton2() override;
 
 private:

@@ -3,9 +3,9 @@
 #include "voxi2/kernel/alignment.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -37,11 +37,10 @@ public:
     using ToolkitClass = VXText2;
 
     explicit VXText2(VXObject2* parent = nullptr);
+    explicit VXText2(const AnyText& text, VXObject2* parent = nullptr);
     ~VXText2() override;
 
-    void setText(const std::string& text);
-    void setText(const std::wstring& text);
-    void setText(std::u16string_view text);
+    void setText(const AnyText& text);
     std::string text() const;
     std::wstring textU() const;
 

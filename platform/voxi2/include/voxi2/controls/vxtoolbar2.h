@@ -4,9 +4,9 @@
 #include "voxi2/kernel/toolbutton.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -45,6 +45,7 @@ public:
     using ToolkitClass = VXToolBar2;
 
     explicit VXToolBar2(VXObject2* parent = nullptr);
+    explicit VXToolBar2(const AnyText& label, VXObject2* parent = nullptr);
     ~VXToolBar2() override;
 
     // Content. Null and dead ones are ignored.
@@ -78,9 +79,7 @@ public:
     void setMovable(bool movable);
     bool isMovable() const;
     /// The bar's name, in the menu that shows and hides bars and over a bar that floats.
-    void setLabel(const std::string& label);
-    void setLabel(const std::wstring& label);
-    void setLabel(std::u16string_view label);
+    void setLabel(const AnyText& label);
     std::wstring labelU() const;
     /// A docked bar follows the side of the window that it is docked at.
     void setOrientation(Orientation orientation);

@@ -35,6 +35,7 @@ public:
     using ToolkitClass = VXToolButton2;
 
     explicit VXToolButton2(VXObject2* parent = nullptr);
+    explicit VXToolButton2(const AnyText& label, VXObject2* parent = nullptr);
     ~VXToolButton2() override;
 
     /// The menu that the button opens; it is not owned. Null and dead menus are ignored.

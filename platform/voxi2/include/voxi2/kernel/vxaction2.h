@@ -5,11 +5,11 @@
 #include "voxi2/kernel/vxactionevents2.h"
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 #include "voxi_util/icon.h"
 #include "voxi_util/vxstringlist.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -74,13 +74,12 @@ public:
     using ToolkitClass = VXAction2;
 
     explicit VXAction2(VXObject2* parent = nullptr);
+    explicit VXAction2(const AnyText& label, VXObject2* parent = nullptr);
     ~VXAction2() override;
 
     /// An ampersand makes the character after it the mnemonic in menus.
-    void setLabel(const std::string& label);
-    void setLabel(const std::wstring& label);
-    void setLabel(std::u16string_view label);
-    /// As 8-bit text: characters that it does not have become question marks.
+    void setLabel(const AnyText& label);
+    /// In the process's encoding; what Latin-1 does not have becomes a question mark.
     std::string label() const;
     std::wstring labelU() const;
 
@@ -105,15 +104,11 @@ public:
     bool isAutoRepeat() const;
 
     /// Without one the label is shown.
-    void setToolTip(const std::string& text);
-    void setToolTip(const std::wstring& text);
-    void setToolTip(std::u16string_view text);
+    void setToolTip(const AnyText& text);
     std::string toolTip() const;
     std::wstring toolTipU() const;
     /// What the window's status bar shows while the pointer is on the action.
-    void setStatusTip(const std::string& text);
-    void setStatusTip(const std::wstring& text);
-    void setStatusTip(std::u16string_view text);
+    void setStatusTip(const AnyText& text);
     std::string statusTip() const;
     std::wstring statusTipU() const;
 

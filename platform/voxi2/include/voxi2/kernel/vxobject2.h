@@ -4,6 +4,7 @@
 #include "voxi/vxobject.h"
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <cstddef>
 #include <new>
@@ -33,6 +34,9 @@ struct VXObject2Emitters : TROV::EmittersTable<void>
 /// All setters may be called from any thread: elsewhere than on the toolkit's own thread they are
 /// queued, and they are in effect for the next getter; getters wait for the answer. Without a peer
 /// setters do nothing and getters give defaults.
+///
+/// Texts are set from strings of any kind: see `AnyText`. Getters come in two: `text()` in the
+/// process's encoding, and `textU()`, which loses nothing.
 ///
 /// **Being made.** An object belongs to the thread that makes it until its constructor is through.
 /// If its parent ends meanwhile, on another thread, it stands alone, as with a parent that was dead
@@ -131,6 +135,18 @@ protected:
         const Creation creation(*this);
         if (VXFactory2* factory = factoryForNewObject())
             (factory->*request).emitAndWait(object, emitters, extra...);
+    }
+
+    /// The same for what shows a text, which is set while the object is still being made.
+    template <class Class, class Signature, class Object, class Emitters, class... Extra>
+    void createPeer(const AnyText& text, void (Class::*setText)(const AnyText&),
+                    TROV::Emitter<Signature> VXFactory2::*request, Object* object,
+                    Emitters* emitters, const Extra&... extra)
+    {
+        const Creation creation(*this);
+        createPeer(request, object, emitters, extra...);
+        if (!text.isEmpty())
+            (object->*setText)(text);
     }
 
     /// Says that the object is whole; `createPeer` does. A class that has no peer calls it last in

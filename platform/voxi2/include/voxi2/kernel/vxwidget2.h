@@ -3,9 +3,9 @@
 #include "voxi2/kernel/vxobject2.h"
 #include "voxi2/kernel/vxwidget2emitters.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/anytext.h"
 
 #include <string>
-#include <string_view>
 
 namespace VOXI {
 
@@ -75,16 +75,14 @@ public:
     /// Back to the cursor of the parent.
     void unsetCursor();
     Cursor cursor() const;
-    void setToolTip(const std::string& text);
-    void setToolTip(const std::wstring& text);
-    void setToolTip(std::u16string_view text);
+    void setToolTip(const AnyText& text);
     std::string toolTip() const;
     std::wstring toolTipU() const;
     /// A rounded outline over the widget, in the given colour.
     void setHighlight(bool on, const Color& color = Color());
     bool isHighlighted() const;
-    void setAccessibleName(const std::wstring& name);
-    void setAccessibleDescription(const std::wstring& description);
+    void setAccessibleName(const AnyText& name);
+    void setAccessibleDescription(const AnyText& description);
     std::wstring accessibleName() const;
     std::wstring accessibleDescription() const;
 
