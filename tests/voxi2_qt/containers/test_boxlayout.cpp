@@ -1,11 +1,13 @@
 #include "../kernel/toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxgridlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2_qt/containers/qtlayout2.h"
 
 #include <QBoxLayout>
+#include <QPointer>
 
 #include <gtest/gtest.h>
 
@@ -66,7 +68,12 @@ TEST_F(BoxLayout, spacersAreFixedOrGrow)
     m_layout->insertSpacer(-1, 20, 2);
     m_layout->addSpacer({7, 8}, false);
     m_layout->addSpacer({7, 8}, true);
-    ASSERT_EQ(qtLayout()->count(), 4);
+    m_layout->addSpacing(20);
+    m_layout->addStretch(2);
+    ASSERT_EQ(qtLayout()->count(), 6);
+    EXPECT_EQ(qtLayout()->itemAt(4)->sizeHint(), QSize(20, 0));
+    EXPECT_EQ(qtLayout()->stretch(4), 0);
+    EXPECT_EQ(qtLayout()->stretch(5), 2);
     EXPECT_EQ(qtLayout()->itemAt(0)->sizeHint(), QSize(20, 0));
     EXPECT_EQ(qtLayout()->stretch(0), 0);
     EXPECT_EQ(qtLayout()->itemAt(1)->sizeHint(), QSize(0, 0)) << "the size is not used";
@@ -172,6 +179,100 @@ TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
     alone.setParent(&other);
     EXPECT_EQ(m_first->peerParent(), &other);
     EXPECT_EQ(m_second->peerParent(), m_panel);
+}
+
+TEST_F(BoxLayout, holdsALayout)
+{
+    m_panel->show();
+    auto* const line = new VXBoxLayout2(m_panel); // which has a layout
+    VXPanel2 elsewhere;
+    m_first->setParent(&elsewhere);
+    line->addWidget(m_first);
+    m_layout->addWidget(m_second);
+    m_layout->addLayout(line, 2);
+    ASSERT_EQ(qtLayout()->count(), 2);
+    EXPECT_EQ(qtLayout()->itemAt(1)->layout(), qObjectOf(lookup(line)));
+    EXPECT_EQ(qtLayout()->stretch(1), 2);
+    EXPECT_EQ(line->parent(), m_layout);
+    EXPECT_EQ(line->peerParent(), m_layout);
+    EXPECT_EQ(m_first->peerParent(), m_panel);
+    turn();
+    EXPECT_TRUE(m_first->isVisible());
+    EXPECT_GT(qt(*m_first)->x(), qt(*m_second)->x());
+
+    // It stays there, and goes along.
+    VXPanel2 other;
+    line->setParent(&other);
+    VXBoxLayout2 second(&other);
+    second.addLayout(line);
+    EXPECT_EQ(line->parent(), m_layout);
+    EXPECT_EQ(qtLayout()->count(), 2);
+    VXPanel2 third;
+    m_layout->setParent(&third);
+    EXPECT_EQ(m_first->peerParent(), &third);
+    line->addWidget(m_second);
+    delete m_first;
+    runDeletions();
+    EXPECT_EQ(QtLayout2::asQLayout(lookup(line))->count(), 1);
+}
+
+TEST_F(BoxLayout, layoutsInLayoutsEndInAnyOrder)
+{
+    for (const bool withWidget : {true, false}) {
+        auto* const outer = withWidget ? m_layout : new VXBoxLayout2;
+        const QPointer<QLayout> qtOuter = QtLayout2::asQLayout(lookup(outer));
+        auto* const line = new VXBoxLayout2(outer);
+        auto* const grid = new VXGridLayout2;
+        line->addWidget(m_first);
+        grid->addWidget(m_second, 0, 0);
+        outer->addLayout(line);
+        line->addLayout(grid);
+        EXPECT_EQ(grid->parent(), line);
+        delete line;
+        EXPECT_FALSE(VXObject::isObjectValid(grid));
+        runDeletions();
+        EXPECT_EQ(qtOuter->count(), 0);
+
+        auto* const inner = new VXBoxLayout2;
+        auto* const brief = new VXText2(m_panel);
+        inner->addWidget(m_first);
+        inner->addWidget(brief);
+        outer->addLayout(inner);
+        delete brief;
+        runDeletions();
+        EXPECT_EQ(QtLayout2::asQLayout(lookup(inner))->count(), 1);
+        delete outer;
+        EXPECT_FALSE(VXObject::isObjectValid(inner));
+        runDeletions();
+        EXPECT_TRUE(qtOuter.isNull());
+        EXPECT_EQ(qt(*m_first)->parentWidget(), qt(*m_panel));
+    }
+}
+
+TEST_F(BoxLayout, refusesLayoutsThatCannotLieInIt)
+{
+    VXPanel2 other;
+    VXBoxLayout2 filling(&other);
+    auto* const dead = new VXBoxLayout2;
+    delete dead;
+    // The widget around would come to lie in itself.
+    VXPanel2 outside;
+    m_panel->setParent(&outside);
+    VXBoxLayout2 around;
+    VXBoxLayout2 deeper;
+    deeper.addWidget(&outside);
+    around.addLayout(&deeper);
+    for (VXLayout2* each :
+         std::initializer_list<VXLayout2*>{nullptr, dead, m_layout, &filling, &around})
+        m_layout->addLayout(each);
+    EXPECT_EQ(qtLayout()->count(), 0);
+    EXPECT_EQ(filling.parent(), &other);
+    EXPECT_EQ(around.parent(), nullptr);
+    around.setParent(m_panel);
+    EXPECT_EQ(around.parent(), nullptr);
+    deeper.addLayout(&around);
+    EXPECT_EQ(around.parent(), nullptr);
+    m_panel->setParent(nullptr);
 }
 
 TEST_F(BoxLayout, itsEndLeavesTheWidgets)

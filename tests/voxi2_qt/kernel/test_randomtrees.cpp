@@ -470,7 +470,10 @@ private:
         if (auto* const bar = dynamic_cast<VXToolBar2*>(where)) {
             bar->addWidget(widget);
         } else if (auto* const box = dynamic_cast<VXBoxLayout2*>(where)) {
-            box->insertWidget(widget, m_random.below(5) - 1, m_random.below(3));
+            if (m_random.oneIn(4))
+                box->addLayout(any<VXLayout2>(), m_random.below(3));
+            else
+                box->insertWidget(widget, m_random.below(5) - 1, m_random.below(3));
         } else if (auto* const grid = dynamic_cast<VXGridLayout2*>(where)) {
             grid->addWidget(widget, VXRect<int>::cell(m_random.below(4), m_random.below(4),
                                                       1 + m_random.below(2), 1));

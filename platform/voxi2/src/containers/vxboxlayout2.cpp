@@ -21,10 +21,23 @@ void VXBoxLayout2::insertWidget(VXObject* widget, int index, int stretch, Alignm
     m_emitters.insertWidget(widget, index, stretch, alignment);
 }
 
+void VXBoxLayout2::addLayout(VXLayout2* layout, int stretch)
+{
+    VXObjectDataLocker lock;
+    const unsigned self = id();
+    // While a worker waits for the answer, either may end.
+    if (m_emitters.refusesLayout(layout) || !isObjectValid(self) || !takeLayout(layout))
+        return;
+    m_emitters.addLayout(layout, stretch);
+}
+
 void VXBoxLayout2::insertSpacer(int index, int size, int stretch)
 {
     m_emitters.insertSpacer(index, size, stretch);
 }
+
+void VXBoxLayout2::addStretch(int stretch) { insertSpacer(-1, 0, stretch); }
+void VXBoxLayout2::addSpacing(int size) { insertSpacer(-1, size, 0); }
 
 void VXBoxLayout2::setStretchFactor(VXObject* widget, int stretch)
 {

@@ -7,8 +7,23 @@ VXLayout2::~VXLayout2() { retire(); }
 
 void VXLayout2::setParent(VXObject2* parent)
 {
+    {
+        VXObjectDataLocker lock;
+        if (m_isNested)
+            return;
+    }
     if (parent && !m_emitters.refuses(parent))
         VXObject2::setParent(parent);
+}
+
+bool VXLayout2::takeLayout(VXLayout2* layout)
+{
+    VXObjectDataLocker lock;
+    if (!isObjectValid(layout) || layout->m_isNested)
+        return false;
+    layout->VXObject2::setParent(this);
+    layout->m_isNested = layout->parent() == this;
+    return layout->m_isNested;
 }
 
 void VXLayout2::addWidget(VXObject* widget, Alignment alignment)

@@ -160,7 +160,7 @@ void addTexts(const Box& row, const std::wstring& text, const std::wstring& deta
 VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
                       MessageAnswer wanted, const std::map<MessageAnswer, AnyText>& labels)
 {
-    row.m_layout->insertSpacer(-1, 0, 1);
+    row.m_layout->addStretch();
     VXButton2* chosen = nullptr;
     for (const Answer& each : s_answers) {
         if (!answers.testFlag(each.m_answer))

@@ -14,6 +14,8 @@ struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
     TROV::Request<void(VXObject*, int, int, Alignment)> insertWidget{*this};
     TROV::Request<void(int, int, int)> insertSpacer{*this};
     TROV::Request<void(VXObject*, int)> setStretchFactor{*this};
+    TROV::Request<void(VXObject*, int)> addLayout{*this};
+    TROV::Request<bool(VXObject*)> refusesLayout{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -34,8 +36,18 @@ public:
     /// The same at a position; -1, or one beyond the end, appends.
     void insertWidget(VXObject* widget, int index, int stretch = 0,
                       Alignment alignment = Alignment());
+    /// Appends a layout, which belongs to this one from now on and lies in it until it ends; its
+    /// widgets move into the widget around it. Ignored are null and dead ones, those that lie in
+    /// a layout already or fill a widget, and circles: this layout, or the widget that it fills,
+    /// must not lie in the other one. Elsewhere than on the toolkit's thread this waits for the
+    /// answer.
+    void addLayout(VXLayout2* layout, int stretch = 0);
     /// With a stretch other than 0 the room grows and `size` is not used.
     void insertSpacer(int index, int size, int stretch);
+    /// Appends room that grows, in proportion to the stretches of the others.
+    void addStretch(int stretch = 1);
+    /// Appends room of that size.
+    void addSpacing(int size);
     /// Changes the stretch of a widget of the layout; others are ignored.
     void setStretchFactor(VXObject* widget, int stretch);
 

@@ -31,15 +31,18 @@ struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
 /// A layout shows its widgets but does not own them; adding moves them into the widget that the
 /// layout fills. Null and dead widgets are ignored. A window that was made with that widget as its
 /// parent remains a window, and takes no room.
+///
+/// A layout may lie in another one, which owns it then; see `VXBoxLayout2::addLayout`. It is made
+/// without a parent, with that layout as its parent, or with a widget that has a layout.
 class VOXI2_EXPORT VXLayout2 : public VXObject2
 {
 public:
     ~VXLayout2() override;
 
     /// Moves the layout and its widgets into another widget, which owns it then. Nothing happens if
-    /// that has a layout, or lies in one of the layout's widgets; and for null, as a layout cannot
-    /// stand without a widget once it has had one. Elsewhere than on the toolkit's thread this
-    /// waits for the answer.
+    /// that has a layout, or lies in one of the layout's widgets; for a layout that lies in another
+    /// one; and for null, as a layout cannot stand without a widget once it has had one. Elsewhere
+    /// than on the toolkit's thread this waits for the answer.
     void setParent(VXObject2* parent) override;
 
     /// Appends the widget; `alignment` empty: it fills its cell.
@@ -68,7 +71,14 @@ public:
 protected:
     explicit VXLayout2(VXObject2* parent);
 
+    /// Owns a layout that is to lie in this one. False if it cannot: it is dead, it lies in a
+    /// layout already, or this one lies in it.
+    bool takeLayout(VXLayout2* layout);
+
     VXLayout2Emitters m_emitters;
+
+private:
+    bool m_isNested = false; // guarded by the object lock
 };
 
 } // namespace VOXI

@@ -19,15 +19,22 @@ public:
     QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, QWidget* parent,
                  VOXI::Direction direction);
 
+    void doSetParent(VXObject* widget) override;
+    bool doRefuses(VXObject* widget) override;
+
     // Requests, in the order of the emitters table
     virtual void doBoxAddWidget(VXObject* widget, int stretch, Alignment alignment);
     virtual void doInsertWidget(VXObject* widget, int index, int stretch, Alignment alignment);
     virtual void doInsertSpacer(int index, int size, int stretch);
     virtual void doSetStretchFactor(VXObject* widget, int stretch);
+    virtual void doAddLayout(VXObject* layout, int stretch);
+    virtual bool doRefusesLayout(VXObject* layout);
 
 private:
     /// The position to insert at; -1, which appends, for none.
     int placeFor(int index) const;
+    /// Whether this layout is the other one or lies in it.
+    bool isInside(const QLayout& layout) const;
 };
 
 } // namespace VOXI
