@@ -20,7 +20,7 @@ EventLog::EventLog(VXObject2* parent)
     m_pane = new VXText2(paper.inside.panel);
     m_pane->setObjectName("log");
     m_pane->setAlignment(AlignmentFlag::Left | AlignmentFlag::Top);
-    m_pane->setAccessibleName(L"Event log");
+    m_pane->setAccessibleName("Event log");
     // Long lines are cut off; they must not widen the window.
     m_pane->setSizePolicy(Policy::Ignored, Policy::Preferred);
     m_pane->setMinimumSize({-1, 126});

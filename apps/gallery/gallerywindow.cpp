@@ -31,7 +31,7 @@ GalleryWindow::GalleryWindow() : m_window(new VXWindow2)
     makeLog();
     for (const Page& page : pages())
         addPage(page, list);
-    list.layout->insertSpacer(-1, 0, 1);
+    list.layout->addStretch();
     listView->setWidget(list.panel);
     split->addWidget(listView, 0);
     split->addWidget(m_pages, 1);
@@ -89,7 +89,7 @@ void GalleryWindow::addPage(const Page& page, const Box& list)
     auto* view = new VXScrollView2(m_pages);
     const Box framed = column(view, 10);
     framed.layout->setMargins({12, 12, 12, 12});
-    VXText2* summary = label(framed.panel, page.summary);
+    auto* summary = new VXText2(page.summary, framed.panel);
     summary->setWordWrap(true);
     framed.layout->addWidget(heading(framed.panel, page.title, 15));
     framed.layout->addWidget(summary);

@@ -17,7 +17,23 @@ Box box(VXObject2* parent, Direction direction, int spacing)
     return {panel, layout};
 }
 
+void addTitle(const Box& line, const std::string& title)
+{
+    auto* text = new VXText2(title, line.panel);
+    text->setMinimumSize({TitleWidth, -1});
+    text->setMaximumSize({TitleWidth, -1});
+    line.layout->addWidget(text);
+}
+
 } // namespace
+
+Box row(const Box& outer, int spacing)
+{
+    const Box result{outer.panel, new VXBoxLayout2(outer.layout)};
+    result.layout->setSpacing(spacing);
+    outer.layout->addLayout(result.layout);
+    return result;
+}
 
 Box row(VXObject2* parent, int spacing) { return box(parent, Direction::LeftToRight, spacing); }
 Box column(VXObject2* parent, int spacing) { return box(parent, Direction::TopToBottom, spacing); }
@@ -37,22 +53,14 @@ Frame frame(VXObject2* parent, Color fill)
 
 VXText2* heading(VXObject2* parent, const std::string& text, int pointSize)
 {
-    VXText2* result = label(parent, text);
+    auto* result = new VXText2(text, parent);
     result->setFont(VXFont(std::string(), pointSize, VXFont::Bold));
-    return result;
-}
-
-VXText2* label(VXObject2* parent, const std::string& text)
-{
-    auto* result = new VXText2(parent);
-    result->setText(text);
     return result;
 }
 
 VXButton2* button(VXObject2* parent, const std::string& text, const std::string& objectName)
 {
-    auto* result = new VXButton2(parent);
-    result->setLabel(text);
+    auto* result = new VXButton2(text, parent);
     result->setObjectName(objectName);
     return result;
 }
@@ -66,21 +74,20 @@ VXButton2* command(const Box& line, const std::string& text, std::function<void(
     return result;
 }
 
-Box titledRow(VXObject2* parent, const std::string& title)
+Box titledRow(const Box& outer, const std::string& title)
 {
-    const Box result = row(parent);
-    VXText2* text = label(result.panel, title);
-    text->setMinimumSize({TitleWidth, -1});
-    text->setMaximumSize({TitleWidth, -1});
-    result.layout->addWidget(text);
+    const Box result = row(outer);
+    addTitle(result, title);
     return result;
 }
 
-Box alternatives(VXObject2* parent, const std::string& title,
-                 const std::vector<std::string>& labels, std::size_t chosen,
-                 std::function<void(std::size_t)> choose)
+void alternatives(const Box& outer, const std::string& title,
+                  const std::vector<std::string>& labels, std::size_t chosen,
+                  std::function<void(std::size_t)> choose)
 {
-    const Box result = titledRow(parent, title);
+    // Buttons exclude others of the same parent.
+    const Box result = row(outer.panel);
+    addTitle(result, title);
     for (std::size_t i = 0; i < labels.size(); ++i) {
         VXButton2* each = button(result.panel, labels[i], title + ": " + labels[i]);
         each->setCheckable(true);
@@ -90,8 +97,8 @@ Box alternatives(VXObject2* parent, const std::string& title,
         each->clicked().connect(each, [choose, i] { choose(i); });
         result.layout->addWidget(each);
     }
-    result.layout->insertSpacer(-1, 0, 1);
-    return result;
+    result.layout->addStretch();
+    outer.layout->addWidget(result.panel);
 }
 
 } // namespace gallery

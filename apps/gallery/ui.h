@@ -20,12 +20,15 @@ inline constexpr VOXI::Color InkColor{32, 36, 44};
 inline constexpr VOXI::Color GoodColor{36, 150, 72};
 inline constexpr VOXI::Color BadColor{200, 48, 48};
 
-/// A panel with the layout that fills it, without margins of its own.
+/// A layout without margins, and the panel that its widgets are in.
 struct Box
 {
     VOXI::VXPanel2* panel;
     VOXI::VXBoxLayout2* layout;
 };
+/// A row at the end of the layout.
+Box row(const Box& outer, int spacing = 6);
+// In a panel of their own, which they fill.
 Box row(VOXI::VXObject2* parent, int spacing = 6);
 Box column(VOXI::VXObject2* parent, int spacing = 6);
 
@@ -39,7 +42,6 @@ Frame frame(VOXI::VXObject2* parent, VOXI::Color fill);
 
 /// A bold line; `pointSize` 0 is that of other texts.
 VOXI::VXText2* heading(VOXI::VXObject2* parent, const std::string& text, int pointSize = 0);
-VOXI::VXText2* label(VOXI::VXObject2* parent, const std::string& text);
 VOXI::VXButton2* button(VOXI::VXObject2* parent, const std::string& text,
                         const std::string& objectName);
 
@@ -47,15 +49,15 @@ VOXI::VXButton2* button(VOXI::VXObject2* parent, const std::string& text,
 /// text is its object name, too.
 VOXI::VXButton2* command(const Box& line, const std::string& text, std::function<void()> act);
 
-/// Makes a row of alternatives, of which `chosen` is checked at first. Clicking one calls `choose`
+/// Adds a row of alternatives, of which `chosen` is checked at first. Clicking one calls `choose`
 /// with its index. The buttons do not take the keyboard focus.
-Box alternatives(VOXI::VXObject2* parent, const std::string& title,
-                 const std::vector<std::string>& labels, std::size_t chosen,
-                 std::function<void(std::size_t)> choose);
+void alternatives(const Box& outer, const std::string& title,
+                  const std::vector<std::string>& labels, std::size_t chosen,
+                  std::function<void(std::size_t)> choose);
 
 /// The width of the titles in front of rows, so that what follows is aligned.
 inline constexpr int TitleWidth = 130;
-/// A row that begins with a title.
-Box titledRow(VOXI::VXObject2* parent, const std::string& title);
+/// A row at the end of the layout that begins with a title.
+Box titledRow(const Box& outer, const std::string& title);
 
 } // namespace gallery

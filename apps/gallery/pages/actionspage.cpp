@@ -17,8 +17,7 @@ namespace {
 VXAction2* command(VXObject2* owner, EventLog& log, const std::string& text,
                    const std::string& accelerator)
 {
-    auto* action = new VXAction2(owner);
-    action->setLabel(text);
+    auto* action = new VXAction2(text, owner);
     action->setAccelerator(accelerator);
     action->triggered().connect(&log, [&log, action] { log.add("triggered: " + action->label()); });
     return action;
@@ -27,8 +26,7 @@ VXAction2* command(VXObject2* owner, EventLog& log, const std::string& text,
 /// A window with a menu bar and tool bars; a page has no place for them.
 VXWindow2* makeWindow(VXObject2* owner, const std::vector<VXAction2*>& actions)
 {
-    auto* window = new VXWindow2(owner);
-    window->setTitle("Actions");
+    auto* window = new VXWindow2("Actions", owner);
     window->setObjectName("actions-window");
     window->resize({420, 220});
 
@@ -45,19 +43,17 @@ VXWindow2* makeWindow(VXObject2* owner, const std::vector<VXAction2*>& actions)
     window->setMenuBar(bar);
 
     // The first two stay in sight however narrow the window gets.
-    auto* tools = new VXToolBar2(window);
-    tools->setLabel("File");
+    auto* tools = new VXToolBar2("File", window);
     tools->setMinimumVisibleItems(2);
     tools->setToolButtonStyle(ToolButtonStyle::TextOnly);
     for (VXAction2* action : actions)
         tools->addAction(action);
     window->addToolBar(tools);
-    auto* side = new VXToolBar2(window);
-    side->setLabel("Side");
+    auto* side = new VXToolBar2("Side", window);
     side->setToolButtonStyle(ToolButtonStyle::TextOnly);
     side->addAction(actions.front());
     window->addToolBar(side, ToolBarArea::Left);
-    VXText2* hint = label(window, "Drag the bars to other sides; make the window narrow.");
+    auto* hint = new VXText2("Drag the bars to other sides; make the window narrow.", window);
     hint->setAlignment(AlignmentFlag::Center);
     window->setCentralWidget(hint);
     return window;
@@ -75,7 +71,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         log.add(event.isChecked() ? "bold" : "not bold");
     });
 
-    const Box buttons = titledRow(page.panel, "The same as buttons");
+    const Box buttons = titledRow(page, "The same as buttons");
     for (VXAction2* action : actions) {
         auto* tool = new VXToolButton2(buttons.panel);
         tool->setObjectName("tool-" + action->label().substr(1));
@@ -83,10 +79,9 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         tool->setDefaultAction(action);
         buttons.layout->addWidget(tool);
     }
-    buttons.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(buttons.panel);
+    buttons.layout->addStretch();
 
-    const Box changes = titledRow(page.panel, "Change them all");
+    const Box changes = titledRow(page, "Change them all");
     VXButton2* enable = button(changes.panel, "&Enable or disable", "actions-enable");
     enable->clicked().connect(page.panel, [actions] {
         for (VXAction2* action : actions)
@@ -97,11 +92,10 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     open->clicked().connect(window, [window] { window->show(); });
     changes.layout->addWidget(enable);
     changes.layout->addWidget(open);
-    changes.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(changes.panel);
+    changes.layout->addStretch();
 
     const Frame pad = frame(page.panel, PadColor);
-    pad.inside.layout->addWidget(label(pad.inside.panel, "A context menu opens here"));
+    pad.inside.layout->addWidget(new VXText2("A context menu opens here", pad.inside.panel));
     auto* context = new VXMenu2(page.panel);
     context->setObjectName("actions-context");
     for (VXAction2* action : actions)

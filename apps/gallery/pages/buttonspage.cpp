@@ -68,38 +68,31 @@ void follow(EventLog& log, const VXAction2* action, const std::string& name)
 template <class Button>
 Button* add(const Box& line, EventLog& log, const std::string& label)
 {
-    auto* button = new Button(line.panel);
-    button->setLabel(label);
+    auto* button = new Button(label, line.panel);
     button->setObjectName("buttons-" + label);
     line.layout->addWidget(button);
     follow(log, button, label);
     return button;
 }
 
-void finish(const Box& page, const Box& line)
-{
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
-}
-
 void addChoices(const Box& page, EventLog& log)
 {
-    const Box boxes = titledRow(page.panel, "Check boxes");
+    const Box boxes = titledRow(page, "Check boxes");
     add<VXCheckBox2>(boxes, log, "Word &wrap")->setChecked(true);
     add<VXCheckBox2>(boxes, log, "&Ruler");
     add<VXCheckBox2>(boxes, log, "Out of reach")->setEnabled(false);
-    finish(page, boxes);
+    boxes.layout->addStretch();
 
     // Radio buttons belong together when they have the same parent.
-    const Box choices = titledRow(page.panel, "Radio buttons");
+    const Box choices = titledRow(page, "Radio buttons");
     for (const auto& names : {std::array{"Portrait", "Landscape"}, std::array{"Colour", "Grey"}}) {
         const Box choice = row(choices.panel);
         add<VXRadioButton2>(choice, log, names[0])->setChecked(true);
         add<VXRadioButton2>(choice, log, names[1]);
         choices.layout->addWidget(choice.panel);
-        choices.layout->insertSpacer(-1, 24, 0);
+        choices.layout->addSpacing(24);
     }
-    finish(page, choices);
+    choices.layout->addStretch();
 }
 
 void addToolButtons(const Box& page, EventLog& log)
@@ -112,7 +105,7 @@ void addToolButtons(const Box& page, EventLog& log)
         follow(log, entry, name);
     }
 
-    const Box modes = titledRow(page.panel, "With a menu");
+    const Box modes = titledRow(page, "With a menu");
     const auto withMenu = [&](const std::string& label, ToolButtonPopupMode mode) {
         auto* button = add<VXToolButton2>(modes, log, label);
         button->setIcon(folder);
@@ -123,9 +116,9 @@ void addToolButtons(const Box& page, EventLog& log)
     withMenu("At once", ToolButtonPopupMode::Instant);
     withMenu("By its arrow", ToolButtonPopupMode::MenuButton);
     withMenu("Held down", ToolButtonPopupMode::Delayed);
-    finish(page, modes);
+    modes.layout->addStretch();
 
-    const Box styles = titledRow(page.panel, "Styles");
+    const Box styles = titledRow(page, "Styles");
     const auto withStyle = [&](const std::string& label, ToolButtonStyle style) {
         auto* button = add<VXToolButton2>(styles, log, label);
         button->setIcon(folder);
@@ -138,7 +131,7 @@ void addToolButtons(const Box& page, EventLog& log)
     withStyle("Beside", ToolButtonStyle::TextBesideIcon);
     withStyle("Under", ToolButtonStyle::TextUnderIcon);
     withStyle("As the style has it", ToolButtonStyle::FollowStyle);
-    finish(page, styles);
+    styles.layout->addStretch();
 }
 
 // Shared actions ----------------------------------------------------------------------------------
@@ -156,8 +149,7 @@ std::vector<VXAction2*> addCommands(const Box& line, EventLog& log, VXMenu2* men
 {
     std::vector<VXAction2*> actions;
     for (const Command& command : commands) {
-        auto* action = new VXAction2(line.panel);
-        action->setLabel(command.m_label);
+        auto* action = new VXAction2(command.m_label, line.panel);
         action->setIcon(icon(command.m_dots));
         action->setAccelerator(command.m_accelerator);
         action->setToolTip(std::string(command.m_label) + " (" + command.m_accelerator + ")");
@@ -175,14 +167,14 @@ std::vector<VXAction2*> addCommands(const Box& line, EventLog& log, VXMenu2* men
 
 void addSharedActions(const Box& page, EventLog& log)
 {
-    const Box line = titledRow(page.panel, "Shared actions");
+    const Box line = titledRow(page, "Shared actions");
     auto* menu = new VXMenu2(line.panel);
     const auto styles = addCommands(line, log, menu,
                                     {{"Bold", "Ctrl+B", BoldDots},
                                      {"Italic", "Ctrl+I", ItalicDots},
                                      {"Underline", "Ctrl+U", UnderlineDots}});
     menu->addSeparator();
-    line.layout->insertSpacer(-1, 12, 0);
+    line.layout->addSpacing(12);
     const auto alignments = addCommands(line, log, menu,
                                         {{"Left", "Ctrl+L", LeftDots},
                                          {"Centre", "Ctrl+E", CentreDots},
@@ -192,30 +184,28 @@ void addSharedActions(const Box& page, EventLog& log)
         group->addAction(action);
     alignments.front()->setChecked(true);
 
-    line.layout->insertSpacer(-1, 12, 0);
-    auto* format = new VXToolButton2(line.panel);
-    format->setLabel("Format");
+    line.layout->addSpacing(12);
+    auto* format = new VXToolButton2("Format", line.panel);
     format->setObjectName("buttons-Format");
     format->setToolButtonStyle(ToolButtonStyle::TextOnly);
     format->setMenu(menu);
     line.layout->addWidget(format);
-    finish(page, line);
+    line.layout->addStretch();
 
-    const Box program = titledRow(page.panel, "By the program");
+    const Box program = titledRow(page, "By the program");
     VXButton2* quiet = button(program.panel, "Bold and centred", "buttons-quiet");
     quiet->clicked().connect(quiet, [bold = styles.front(), centre = alignments[1]] {
         bold->setChecked(true);
         centre->setChecked(true);
     });
     program.layout->addWidget(quiet);
-    auto* enabled = new VXCheckBox2(program.panel);
-    enabled->setLabel("Alignments enabled");
+    auto* enabled = new VXCheckBox2("Alignments enabled", program.panel);
     enabled->setChecked(true);
     enabled->toggled().connect(group, [group](const VXButtonToggleEvent2& event) {
         group->setEnabled(event.isChecked());
     });
     program.layout->addWidget(enabled);
-    finish(page, program);
+    program.layout->addStretch();
 }
 
 VXWidget2* create(VXObject2* parent, EventLog& log)
@@ -224,7 +214,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     addChoices(page, log);
     addToolButtons(page, log);
     addSharedActions(page, log);
-    page.layout->insertSpacer(-1, 0, 1);
+    page.layout->addStretch();
     return page.panel;
 }
 

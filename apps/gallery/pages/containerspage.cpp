@@ -17,8 +17,7 @@ namespace {
 /// A group box with a column inside.
 Box group(VXSplitter2* splitter, const std::string& title, int stretch)
 {
-    auto* box = new VXGroupBox2(splitter);
-    box->setTitle(title);
+    auto* box = new VXGroupBox2(title, splitter);
     auto* layout = new VXBoxLayout2(box, Direction::TopToBottom);
     layout->setMargins(VXRect<int>::margins(8, 8, 8, 8));
     const Box inside = column(box, 8);
@@ -45,11 +44,12 @@ void addFrames(VXSplitter2* splitter)
         {FrameShadow::Sunken, "Sunken"}};
     int row = 0;
     for (const auto& [shape, shapeName] : shapes) {
-        grid->addWidget(label(panel, shapeName), ++row, 0);
+        grid->addWidget(new VXText2(shapeName, panel), ++row, 0);
         int column = 0;
         for (const auto& [shadow, shadowName] : shadows) {
             if (row == 1)
-                grid->addWidget(label(panel, shadowName), 0, column + 1, AlignmentFlag::HCenter);
+                grid->addWidget(new VXText2(shadowName, panel), 0, column + 1,
+                                AlignmentFlag::HCenter);
             auto* frame = new VXFrame2(panel);
             frame->setShape(shape);
             frame->setShadow(shadow);
@@ -59,7 +59,7 @@ void addFrames(VXSplitter2* splitter)
         }
     }
     box.layout->addWidget(panel);
-    box.layout->insertSpacer(-1, 0, 1);
+    box.layout->addStretch();
 }
 
 void addStack(VXSplitter2* splitter, EventLog& log)
@@ -75,14 +75,13 @@ void addStack(VXSplitter2* splitter, EventLog& log)
                                       AlignmentFlag::Center);
         stack->addWidget(page.outside);
     }
-    const Box line = row(box.panel);
+    box.layout->addWidget(stack, 1);
+    const Box line = row(box);
     command(line, "Next page", [stack, &log] {
         stack->raiseWidgetWithID((stack->currentID() + 1) % stack->count());
         log.add("stack: page " + std::to_string(stack->currentID()));
     });
-    line.layout->insertSpacer(-1, 0, 1);
-    box.layout->addWidget(stack, 1);
-    box.layout->addWidget(line.panel);
+    line.layout->addStretch();
 }
 
 void addScrollView(VXSplitter2* splitter)
@@ -93,18 +92,17 @@ void addScrollView(VXSplitter2* splitter)
     const Box content = column(view, 2);
     VXWidget2* last = nullptr;
     for (int i = 1; i <= 40; ++i) {
-        last = label(content.panel,
-                     "Line " + std::to_string(i) + " of a page that is larger than the view");
+        last = new VXText2("Line " + std::to_string(i) + " of a page that is larger than the view",
+                           content.panel);
         content.layout->addWidget(last);
     }
     view->setWidget(content.panel);
-    const Box line = row(box.panel);
+    box.layout->addWidget(view, 1);
+    const Box line = row(box);
     command(line, "Down", [view] { view->scrollBy({0, 50}); });
     command(line, "Top", [view] { view->ensurePointVisible({0, 0}, 0, 0); });
     command(line, "End", [view, last] { view->ensureWidgetVisible(last, 0, 0); });
-    line.layout->insertSpacer(-1, 0, 1);
-    box.layout->addWidget(view, 1);
-    box.layout->addWidget(line.panel);
+    line.layout->addStretch();
 }
 
 VXWidget2* create(VXObject2* parent, EventLog& log)

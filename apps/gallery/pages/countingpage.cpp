@@ -11,7 +11,7 @@ namespace {
 VXWidget2* create(VXObject2* parent, EventLog& log)
 {
     const Box page = column(parent);
-    const Box line = row(page.panel, 12);
+    const Box line = row(page, 12);
     const Frame display = frame(line.panel, PaperColor);
     VXText2* count = heading(display.inside.panel, "0", 28);
     VXButton2* counter = button(line.panel, "&Count", "counter");
@@ -21,9 +21,8 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     display.inside.layout->addWidget(count);
     line.layout->addWidget(display.outside);
     line.layout->addWidget(counter);
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
-    page.layout->insertSpacer(-1, 0, 1);
+    line.layout->addStretch();
+    page.layout->addStretch();
 
     counter->clicked().connect(count, [count, n = 0](const VXButtonClickEvent2&) mutable {
         count->setText(std::to_string(++n));

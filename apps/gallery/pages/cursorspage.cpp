@@ -47,7 +47,7 @@ VXPanel2* cell(const Box& line, const std::string& text)
 {
     const Frame result = frame(line.panel, PaperColor);
     result.inside.layout->setMargins({4, 3, 4, 3});
-    VXText2* shown = label(result.inside.panel, text);
+    auto* shown = new VXText2(text, result.inside.panel);
     shown->setAlignment(AlignmentFlag::Center);
     result.inside.layout->addWidget(shown);
     result.outside->setSizePolicy(Policy::Ignored, Policy::Preferred);
@@ -84,24 +84,21 @@ void addCursors(const Box& page)
 
 void addHighlights(const Box& page)
 {
-    const Box line = titledRow(page.panel, "Highlight");
+    const Box line = titledRow(page, "Highlight");
     VXPanel2* panel = cell(line, "Panel");
     VXButton2* inside = button(line.panel, "Button", "highlight-button");
-    VXText2* text = label(line.panel, "A text");
+    auto* text = new VXText2("A text", line.panel);
     line.layout->addWidget(inside, 1);
     text->setAlignment(AlignmentFlag::Center);
     line.layout->addWidget(text, 1);
-    page.layout->addWidget(line.panel);
-    page.layout->addWidget(
-        alternatives(page.panel, "in the colour", {"None", "Red", "Green", "Blue"}, 1,
-                     [panel, inside, text](std::size_t i) {
-                         static constexpr Color colors[] = {{}, BadColor, GoodColor, {40, 90, 200}};
-                         for (VXWidget2* each :
-                              {static_cast<VXWidget2*>(panel), static_cast<VXWidget2*>(inside),
-                               static_cast<VXWidget2*>(text)})
-                             each->setHighlight(i != 0, colors[i]);
-                     })
-            .panel);
+    alternatives(page, "in the colour", {"None", "Red", "Green", "Blue"}, 1,
+                 [panel, inside, text](std::size_t i) {
+                     static constexpr Color colors[] = {{}, BadColor, GoodColor, {40, 90, 200}};
+                     for (VXWidget2* each :
+                          {static_cast<VXWidget2*>(panel), static_cast<VXWidget2*>(inside),
+                           static_cast<VXWidget2*>(text)})
+                         each->setHighlight(i != 0, colors[i]);
+                 });
     panel->setHighlight(true, BadColor);
     inside->setHighlight(true, BadColor);
     text->setHighlight(true, BadColor);
@@ -109,7 +106,7 @@ void addHighlights(const Box& page)
 
 void addColors(const Box& page)
 {
-    const Box line = titledRow(page.panel, "Colours, enabled");
+    const Box line = titledRow(page, "Colours, enabled");
     VXPanel2* sample = cell(line, "Background and foreground");
     sample->setColor(ColorRole::Background, {32, 78, 120});
     sample->setColor(ColorRole::Foreground, {255, 236, 160});
@@ -117,9 +114,8 @@ void addColors(const Box& page)
     colored->setColor(ColorRole::Background, {180, 224, 190});
     colored->setColor(ColorRole::Foreground, {20, 84, 40});
     line.layout->addWidget(colored, 1);
-    page.layout->addWidget(line.panel);
 
-    const Box off = titledRow(page.panel, "and disabled");
+    const Box off = titledRow(page, "and disabled");
     VXPanel2* disabled = cell(off, "Background and foreground");
     disabled->setColor(ColorRole::DisabledBackground, {222, 206, 206});
     disabled->setColor(ColorRole::DisabledForeground, {150, 60, 60});
@@ -129,16 +125,14 @@ void addColors(const Box& page)
     disabledButton->setColor(ColorRole::DisabledForeground, {150, 60, 60});
     disabledButton->setEnabled(false);
     off.layout->addWidget(disabledButton, 1);
-    page.layout->addWidget(off.panel);
 }
 
 void addFonts(const Box& page)
 {
-    const Box line = titledRow(page.panel, "Fonts");
-    const Box samples = row(line.panel, 18);
-    line.layout->addWidget(samples.panel);
+    const Box line = titledRow(page, "Fonts");
+    const Box samples = row(line, 18);
     const auto sample = [&samples](const std::string& text, const VXFont& font) {
-        VXText2* result = label(samples.panel, text);
+        auto* result = new VXText2(text, samples.panel);
         result->setFont(font);
         samples.layout->addWidget(result);
     };
@@ -151,8 +145,7 @@ void addFonts(const Box& page)
     sample("Large", VXFont({}, 16));
     sample("Monospace", VXFont("monospace"));
     sample("Serif", VXFont("serif"));
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
+    line.layout->addStretch();
 }
 
 VXWidget2* create(VXObject2* parent, EventLog&)
@@ -162,7 +155,7 @@ VXWidget2* create(VXObject2* parent, EventLog&)
     addHighlights(page);
     addColors(page);
     addFonts(page);
-    page.layout->insertSpacer(-1, 0, 1);
+    page.layout->addStretch();
     return page.panel;
 }
 

@@ -46,11 +46,8 @@ std::string names(const std::vector<std::filesystem::path>& files)
 class Buttons
 {
 public:
-    Buttons(const Box& page, const std::string& title) : m_row(titledRow(page.panel, title))
-    {
-        page.layout->addWidget(m_row.panel);
-    }
-    ~Buttons() { m_row.layout->insertSpacer(-1, 0, 1); }
+    Buttons(const Box& page, const std::string& title) : m_row(titledRow(page, title)) {}
+    ~Buttons() { m_row.layout->addStretch(); }
 
     template <class Act>
     void add(const std::string& text, Act act)
@@ -65,27 +62,25 @@ private:
 /// Puts a dialog together: a question, a check box and three ways out.
 VXDialog2* makeDialog(VXObject2* parent, EventLog& log, const std::string& name)
 {
-    auto* const dialog = new VXDialog2(parent);
-    dialog->setTitle("Print");
+    auto* const dialog = new VXDialog2("Print", parent);
     auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
     rows->setMargins({12, 12, 12, 12});
     rows->addWidget(heading(dialog, "Print the page?"));
-    rows->addWidget(label(dialog, "Return prints, Escape asks and cancels."));
-    auto* const stay = new VXCheckBox2(dialog);
-    stay->setLabel("Refuse to be dismissed");
+    rows->addWidget(new VXText2("Return prints, Escape asks and cancels.", dialog));
+    auto* const stay = new VXCheckBox2("Refuse to be dismissed", dialog);
     rows->addWidget(stay);
-    const Box ways = row(dialog);
-    ways.layout->insertSpacer(-1, 0, 1);
+    auto* const ways = new VXBoxLayout2(rows);
+    rows->addLayout(ways);
+    ways->addStretch();
     const std::pair<const char*, int> buttons[] = {
         {"Print", VXDialog2::Accepted}, {"Preview", 2}, {"Cancel", VXDialog2::Rejected}};
     for (const auto& [text, result] : buttons) {
-        VXButton2* each = button(ways.panel, text, name + " " + text);
+        VXButton2* each = button(dialog, text, name + " " + text);
         dialog->setButtonResult(each, result);
         if (result == VXDialog2::Accepted)
             dialog->setDefaultButton(each);
-        ways.layout->addWidget(each);
+        ways->addWidget(each);
     }
-    rows->addWidget(ways.panel);
     dialog->closing().connect(&log, [&log, name, stay](const VXCloseEvent2& event) {
         log.add(name + ": may it close?");
         if (stay->isChecked())
@@ -149,23 +144,22 @@ void addMessages(const Box& page, EventLog& log)
 void addFiles(const Box& page, EventLog& log)
 {
     VXPanel2* const parent = page.panel;
-    const std::vector<FileFilter> filters = {{L"Pictures", {"*.png", "*.jpg", "*.svg"}},
-                                             {L"Texts", {"*.txt", "*.md"}},
-                                             {L"All files", {}}};
+    const std::vector<FileFilter> filters = {
+        {"Pictures", {"*.png", "*.jpg", "*.svg"}}, {"Texts", {"*.txt", "*.md"}}, {"All files", {}}};
     Buttons buttons(page, "Files");
     buttons.add("Open one", [=, &log] {
-        log.add("chosen: " + names({VXFileDialog2::openFile(parent, L"Open", {}, filters)}));
+        log.add("chosen: " + names({VXFileDialog2::openFile(parent, "Open", {}, filters)}));
     });
     buttons.add("Open several", [=, &log] {
-        log.add("chosen: " + names(VXFileDialog2::openFiles(parent, L"Open", {}, filters)));
+        log.add("chosen: " + names(VXFileDialog2::openFiles(parent, "Open", {}, filters)));
     });
     buttons.add("Directory", [=, &log] {
-        log.add("chosen: " + names({VXFileDialog2::chooseDirectory(parent, L"Directory")}));
+        log.add("chosen: " + names({VXFileDialog2::chooseDirectory(parent, "Directory")}));
     });
     auto* const save = new VXFileDialog2(parent);
     save->setTitle("Save");
     save->setMode(FileDialogMode::SaveFile);
-    save->setDefaultSuffix(L"txt");
+    save->setDefaultSuffix("txt");
     save->setFilters(filters);
     save->setSelectedFilter(1);
     save->filesChosen().connect(&log, [&log](const VXFileDialogEvent2& event) {
@@ -181,14 +175,14 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     addMessages(page, log);
     addFiles(page, log);
 
-    page.layout->addWidget(label(page.panel, "A dialog may also be a part of a page:"));
+    page.layout->addWidget(new VXText2("A dialog may also be a part of a page:", page.panel));
     const Frame pad = frame(page.panel, PaperColor);
     VXDialog2* const part = makeDialog(page.panel, log, "embedded dialog");
     pad.inside.layout->addWidget(part);
     part->show();
     part->finished().connect(part, [part] { part->show(); });
     page.layout->addWidget(pad.outside);
-    page.layout->insertSpacer(-1, 0, 1);
+    page.layout->addStretch();
     return page.panel;
 }
 

@@ -71,17 +71,13 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const Box page = column(parent, 10);
     const auto source = std::make_shared<SlowSource>();
     log.keep(source);
-    page.layout->addWidget(
-        alternatives(page.panel, "Answers come", {"at once", "after 0.4 s", "after 2 s"}, 1,
-                     [source](std::size_t choice) {
-                         const int delays[] = {0, 400, 2000};
-                         source->setDelay(std::chrono::milliseconds(delays[choice]));
-                     })
-            .panel);
-    page.layout->addWidget(
-        alternatives(page.panel, "and bring", {"entries", "a failure"}, 0,
-                     [source](std::size_t choice) { source->setFailing(choice == 1); })
-            .panel);
+    alternatives(page, "Answers come", {"at once", "after 0.4 s", "after 2 s"}, 1,
+                 [source](std::size_t choice) {
+                     const int delays[] = {0, 400, 2000};
+                     source->setDelay(std::chrono::milliseconds(delays[choice]));
+                 });
+    alternatives(page, "and bring", {"entries", "a failure"}, 0,
+                 [source](std::size_t choice) { source->setFailing(choice == 1); });
 
     auto* menu = new VXMenu2(page.panel);
     menu->setObjectName("dig-parent");
@@ -102,8 +98,8 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     }
 
     const Frame pad = frame(page.panel, PadColor);
-    pad.inside.layout->addWidget(label(
-        pad.inside.panel, "Open the context menu here, then travel slantwise into a slow one"));
+    pad.inside.layout->addWidget(new VXText2(
+        "Open the context menu here, then travel slantwise into a slow one", pad.inside.panel));
     menu->setContextMenuOf(pad.inside.panel);
     page.layout->addWidget(pad.outside, 1);
     return page.panel;

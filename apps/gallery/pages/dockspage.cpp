@@ -46,13 +46,12 @@ void watch(VXDockWidget2* dock, EventLog& log)
 VXDockWidget2* addDock(VXWindow2* window, EventLog& log, const std::string& title, DockArea area,
                        const std::vector<std::string>& lines)
 {
-    auto* dock = new VXDockWidget2(window);
-    dock->setTitle(title);
+    auto* dock = new VXDockWidget2(title, window);
     const Box content = column(dock, 2);
     content.layout->setMargins(VXRect<int>::margins(6, 4, 6, 4));
     for (const std::string& line : lines)
-        content.layout->addWidget(label(content.panel, line));
-    content.layout->insertSpacer(-1, 0, 1);
+        content.layout->addWidget(new VXText2(line, content.panel));
+    content.layout->addStretch();
     dock->setWidget(content.panel);
     window->addDockWidget(dock, area);
     watch(dock, log);
@@ -84,8 +83,7 @@ VXWindow2* makeWindow(VXObject2* parent, EventLog& log)
     outline->setFeatures(DockFeature::Closable | DockFeature::Movable);
     output->setFeatures(DockFeature::Closable | DockFeature::VerticalTitleBar);
 
-    auto* bar = new VXToolBar2(window);
-    bar->setLabel("Panes");
+    auto* bar = new VXToolBar2("Panes", window);
     bar->setToolButtonStyle(ToolButtonStyle::TextOnly);
     for (VXDockWidget2* dock : {files, outline, properties, colors, output})
         bar->addAction(dock->viewAction());
@@ -102,7 +100,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     VXWindow2* window = makeWindow(edge.inside.panel, log);
     edge.inside.layout->addWidget(window);
 
-    const Box line = titledRow(page.panel, "Where the panes are");
+    const Box line = titledRow(page, "Where the panes are");
     auto saved = std::make_shared<std::string>(window->saveLayout());
     command(line, "Save", [window, saved, &log] {
         *saved = window->saveLayout();
@@ -114,10 +112,9 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     command(line, "Restore nonsense", [window, &log] {
         log.add(window->restoreLayout("nonsense") ? "restored" : "refused");
     });
-    auto* keep = new VXCheckBox2(line.panel);
-    keep->setLabel("Refuse to close the output");
+    auto* keep = new VXCheckBox2("Refuse to close the output", line.panel);
     line.layout->addWidget(keep);
-    line.layout->insertSpacer(-1, 0, 1);
+    line.layout->addStretch();
     for (VXObject2* child : window->children()) {
         auto* dock = dynamic_cast<VXDockWidget2*>(child);
         if (dock && dock->title() == "Output") {
@@ -127,7 +124,6 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
             });
         }
     }
-    page.layout->addWidget(line.panel);
     page.layout->addWidget(edge.outside, 1);
     return page.panel;
 }

@@ -52,9 +52,9 @@ Frame card(const Box& parent, const std::string& title, const std::string& hint,
     const Frame result = frame(parent.panel, fill);
     result.outside->setMinimumSize({CardWidth, 78});
     result.inside.layout->addWidget(heading(result.inside.panel, title));
-    result.inside.layout->addWidget(label(result.inside.panel, hint));
+    result.inside.layout->addWidget(new VXText2(hint, result.inside.panel));
     result.inside.panel->setObjectName(title);
-    result.inside.layout->insertSpacer(-1, 0, 1);
+    result.inside.layout->addStretch();
     parent.layout->addWidget(result.outside, 1);
     return result;
 }
@@ -138,26 +138,22 @@ void addSources(const Box& page, const StatusPtr& status)
     links.setUris({"https://www.example.org/", "file:///tmp"});
 
     page.layout->addWidget(heading(page.panel, "Drag from here"));
-    const Box line = row(page.panel, 10);
+    const Box line = row(page, 10);
     addSource(line, "Text", "\"Dragged from the gallery\"", words, Pixmap(), status);
     addSource(line, "Picture", "shown at the pointer", image, disc, status);
     addSource(line, "Addresses", "two of them", links, Pixmap(), status);
-    page.layout->addWidget(line.panel);
-    page.layout->addWidget(
-        alternatives(page.panel, "Sources allow", {"copy", "move", "copy or move"}, 2,
-                     [status](std::size_t i) {
-                         status->m_allowed =
-                             VXFlags<DropAction>::fromInt(static_cast<unsigned>(i + 1));
-                     })
-            .panel);
+    alternatives(page, "Sources allow", {"copy", "move", "copy or move"}, 2,
+                 [status](std::size_t i) {
+                     status->m_allowed = VXFlags<DropAction>::fromInt(static_cast<unsigned>(i + 1));
+                 });
 }
 
 void addTargets(const Box& page, const StatusPtr& status, EventLog& log)
 {
     page.layout->addWidget(heading(page.panel, "Drop here"));
-    const Box line = row(page.panel, 10);
+    const Box line = row(page, 10);
     const Frame forText = card(line, "Takes text", "from any program", PaperColor);
-    VXText2* got = label(forText.inside.panel, "nothing yet");
+    auto* got = new VXText2("nothing yet", forText.inside.panel);
     got->setObjectName("got-text");
     forText.inside.layout->insertWidget(got, 2);
     makeTarget(
@@ -185,16 +181,14 @@ void addTargets(const Box& page, const StatusPtr& status, EventLog& log)
     makeTarget(
         closed.inside.panel, [](const VXDragEvent2&) { return false; }, [](const VXMimeData2&) {},
         status, log);
-    page.layout->addWidget(line.panel);
 }
 
 VXText2* statusLine(const Box& page, const std::string& title)
 {
-    const Box line = titledRow(page.panel, title);
-    VXText2* result = label(line.panel, "-");
+    const Box line = titledRow(page, title);
+    auto* result = new VXText2("-", line.panel);
     result->setObjectName(title);
     line.layout->addWidget(result, 1);
-    page.layout->addWidget(line.panel);
     return result;
 }
 
@@ -207,7 +201,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     status->m_proposed = statusLine(page, "Proposed");
     status->m_accepted = statusLine(page, "Accepted");
     status->m_performed = statusLine(page, "Performed");
-    page.layout->insertSpacer(-1, 0, 1);
+    page.layout->addStretch();
     if (VXDragManager2* manager = VXDragManager2::instance()) {
         manager->finished().connect(&log, [status, &log](const VXDragFinishedEvent2& drag) {
             status->m_performed->setText(text(drag.action()));

@@ -109,18 +109,19 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     edge.outside->setMaximumSize({190, -1});
     VXPanel2* panel = edge.inside.panel;
     panel->setObjectName("pad");
-    panel->setAccessibleName(L"Pad");
+    panel->setAccessibleName("Pad");
     panel->setFocusPolicy(FocusPolicy::Strong);
     panel->setAcceptDrops(true);
     panel->dragEntered().connect(panel, [](const VXDragEvent2& drag) { drag.acceptProposed(); });
 
-    VXText2* hint = label(panel, "Click here, type, turn the wheel, press the right button, drag "
-                                 "something over.");
+    auto* hint = new VXText2("Click here, type, turn the wheel, press the right button, drag "
+                             "something over.",
+                             panel);
     hint->setWordWrap(true);
     VXButton2* inner = button(panel, "&Inside the pad", "pad-button");
     edge.inside.layout->addWidget(heading(panel, "Pad"));
     edge.inside.layout->addWidget(hint);
-    edge.inside.layout->insertSpacer(-1, 0, 1);
+    edge.inside.layout->addStretch();
     edge.inside.layout->addWidget(inner);
     inner->clicked().connect(&log, [&log] { log.add("button: clicked"); });
 
@@ -135,7 +136,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     both.layout->addWidget(
         switches(both.panel, "Consumed", "consume-", nullptr,
                  [pad](WidgetEvent event, bool on) { pad->consume(event, on); }));
-    both.layout->insertSpacer(-1, 0, 1);
+    both.layout->addStretch();
     page.layout->addWidget(edge.outside);
     page.layout->addWidget(both.panel, 1);
     return page.panel;

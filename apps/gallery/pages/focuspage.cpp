@@ -16,8 +16,7 @@ using Fields = std::array<VXButton2*, 3>;
 /// The window that a second set of fields lives in; the user closes it, the program opens it.
 VXWindow2* secondWindow(VXWidget2* first, EventLog& log)
 {
-    auto* window = new VXWindow2(first);
-    window->setTitle("Second window");
+    auto* window = new VXWindow2("Second window", first);
     window->setObjectName("second-window");
     const Box content = column(window, 8);
     content.layout->setMargins({12, 12, 12, 12});
@@ -28,7 +27,7 @@ VXWindow2* secondWindow(VXWidget2* first, EventLog& log)
         log.watch(field, WidgetEvent::FocusIn, name);
         log.watch(field, WidgetEvent::FocusOut, name);
     }
-    content.layout->insertSpacer(-1, 0, 1);
+    content.layout->addStretch();
     command(content, "Activate the gallery", [first] { first->setActiveWindow(); });
     window->setCentralWidget(content.panel);
     window->resize({260, 170});
@@ -48,18 +47,17 @@ std::string whoHasFocus(const Fields& fields)
 void addWindows(const Box& page, EventLog& log)
 {
     VXWindow2* second = secondWindow(page.panel, log);
-    const Box line = titledRow(page.panel, "Second window");
+    const Box line = titledRow(page, "Second window");
     command(line, "Open", [second] { second->show(); });
     command(line, "Hide", [second] { second->hide(); });
     command(line, "Make active", [second] { second->setActiveWindow(); });
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
+    line.layout->addStretch();
 }
 
 VXWidget2* create(VXObject2* parent, EventLog& log)
 {
     const Box page = column(parent, 8);
-    const Box line = titledRow(page.panel, "Fields");
+    const Box line = titledRow(page, "Fields");
     Fields fields{};
     for (std::size_t i = 0; i < fields.size(); ++i) {
         static constexpr const char* names[] = {"First", "Second", "Third"};
@@ -68,29 +66,22 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         log.watch(fields[i], WidgetEvent::FocusIn, names[i]);
         log.watch(fields[i], WidgetEvent::FocusOut, names[i]);
     }
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
+    line.layout->addStretch();
 
-    const Box give = titledRow(page.panel, "Give the focus to");
+    const Box give = titledRow(page, "Give the focus to");
     for (VXButton2* field : fields)
         command(give, field->objectName(), [field] { field->setFocus(); });
     command(give, "Who has it?", [fields, &log] { log.add(whoHasFocus(fields)); });
-    give.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(give.panel);
+    give.layout->addStretch();
 
-    page.layout->addWidget(alternatives(page.panel, "Policy of Second",
-                                        {"None", "Tab", "Click", "Strong", "Wheel"}, 3,
-                                        [field = fields[1]](std::size_t i) {
-                                            field->setFocusPolicy(static_cast<FocusPolicy>(i));
-                                        })
-                               .panel);
-    page.layout->addWidget(
-        alternatives(
-            page.panel, "Proxy of Third", {"None", "First", "Second"}, 0,
-            [fields](std::size_t i) { fields[2]->setFocusProxy(i == 0 ? nullptr : fields[i - 1]); })
-            .panel);
+    alternatives(
+        page, "Policy of Second", {"None", "Tab", "Click", "Strong", "Wheel"}, 3,
+        [field = fields[1]](std::size_t i) { field->setFocusPolicy(static_cast<FocusPolicy>(i)); });
+    alternatives(page, "Proxy of Third", {"None", "First", "Second"}, 0, [fields](std::size_t i) {
+        fields[2]->setFocusProxy(i == 0 ? nullptr : fields[i - 1]);
+    });
     addWindows(page, log);
-    page.layout->insertSpacer(-1, 0, 1);
+    page.layout->addStretch();
     return page.panel;
 }
 

@@ -18,8 +18,7 @@ constexpr const char* s_directions[] = {"Left to right", "Right to left", "Top t
 
 VXGroupBox2* groupBox(const Box& line, const std::string& title)
 {
-    auto* result = new VXGroupBox2(line.panel);
-    result->setTitle(title);
+    auto* result = new VXGroupBox2(title, line.panel);
     line.layout->addWidget(result);
     return result;
 }
@@ -33,7 +32,7 @@ VXFrame2* field(VXObject2* parent, const std::string& text)
     result->setColor(ColorRole::Foreground, InkColor);
     auto* layout = new VXBoxLayout2(result);
     layout->setMargins(VXRect<int>::margins(8, 3, 8, 3));
-    layout->addWidget(label(result, text), AlignmentFlag::Center);
+    layout->addWidget(new VXText2(text, result), AlignmentFlag::Center);
     return result;
 }
 
@@ -90,21 +89,17 @@ void addFlows(const Box& page)
         }
         stack->addWidget(flow);
     }
-    page.layout->addWidget(
-        alternatives(page.panel, "Flow",
-                     {s_directions[0], s_directions[1], s_directions[2], s_directions[3]}, 0,
-                     [stack](std::size_t i) { stack->raiseWidgetWithID(static_cast<int>(i)); })
-            .panel);
+    alternatives(page, "Flow", {s_directions[0], s_directions[1], s_directions[2], s_directions[3]},
+                 0, [stack](std::size_t i) { stack->raiseWidgetWithID(static_cast<int>(i)); });
     page.layout->addWidget(stack, 1);
 }
 
 VXWidget2* create(VXObject2* parent, EventLog&)
 {
     const Box page = column(parent, 8);
-    const Box boxes = row(page.panel, 8);
+    const Box boxes = row(page, 8);
     addBoxes(boxes);
     addGrid(boxes);
-    page.layout->addWidget(boxes.panel);
     addFlows(page);
     return page.panel;
 }

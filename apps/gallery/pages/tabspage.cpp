@@ -32,9 +32,7 @@ Icon spot(const Color& color)
 
 VXTab2* addDocument(VXTabContainer2* container, int number)
 {
-    auto* tab = new VXTab2(container);
-    const std::string name = "Page &" + std::to_string(number);
-    tab->setText(name);
+    auto* tab = new VXTab2("Page &" + std::to_string(number), container);
     tab->setTabToolTip("The tab of page " + std::to_string(number));
     tab->setIcon(spot(Colors[static_cast<std::size_t>(number) % std::size(Colors)]));
     auto* layout = new VXBoxLayout2(tab, Direction::TopToBottom);
@@ -63,8 +61,7 @@ void follow(EventLog& log, const VXTabContainer2* container)
 
 void addSwitch(const Box& line, const std::string& text, bool on, std::function<void(bool)> set)
 {
-    auto* box = new VXCheckBox2(line.panel);
-    box->setLabel(text);
+    auto* box = new VXCheckBox2(text, line.panel);
     box->setObjectName("tabs-" + text);
     box->setChecked(on);
     set(on);
@@ -88,13 +85,10 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     for (VXTabContainer2* container : {left, right})
         follow(log, container);
 
-    page.layout->addWidget(alternatives(page.panel, "Tabs at the",
-                                        {"Top", "Bottom", "Left", "Right"}, 0,
-                                        [left](std::size_t side) {
-                                            left->setTabPosition(static_cast<TabPosition>(side));
-                                        })
-                               .panel);
-    const Box switches = titledRow(page.panel, "They are");
+    alternatives(
+        page, "Tabs at the", {"Top", "Bottom", "Left", "Right"}, 0,
+        [left](std::size_t side) { left->setTabPosition(static_cast<TabPosition>(side)); });
+    const Box switches = titledRow(page, "They are");
     const auto both = [left, right](void (VXTabContainer2::*set)(bool)) {
         return [=](bool on) {
             (left->*set)(on);
@@ -104,16 +98,14 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     addSwitch(switches, "Closable", true, both(&VXTabContainer2::setTabsClosable));
     addSwitch(switches, "Movable", true, both(&VXTabContainer2::setMovable));
     addSwitch(switches, "Without frame", false, both(&VXTabContainer2::setDocumentMode));
-    switches.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(switches.panel);
+    switches.layout->addStretch();
 
-    const Box commands = titledRow(page.panel, "The program");
+    const Box commands = titledRow(page, "The program");
     command(commands, "Adds one",
             [left, next = 6]() mutable { left->setCurrentTab(addDocument(left, next++)); });
     command(commands, "Moves it over", [left, right] { right->addTab(left->currentTab()); });
     command(commands, "And back", [left, right] { left->insertTab(right->currentTab(), 0); });
-    commands.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(commands.panel);
+    commands.layout->addStretch();
 
     const Box containers = row(page.panel, 10);
     containers.layout->addWidget(left, 2);

@@ -73,11 +73,10 @@ private:
 VXText2* value(const Box& page, const std::string& title, const std::string& text,
                const std::string& objectName)
 {
-    const Box line = titledRow(page.panel, title);
-    VXText2* result = label(line.panel, text);
+    const Box line = titledRow(page, title);
+    auto* result = new VXText2(text, line.panel);
     result->setObjectName(objectName);
     line.layout->addWidget(result, 1);
-    page.layout->addWidget(line.panel);
     return result;
 }
 
@@ -90,7 +89,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const auto counting = std::make_shared<Counting>(count, answer);
     log.keep(counting);
 
-    const Box worker = titledRow(page.panel, "Worker");
+    const Box worker = titledRow(page, "Worker");
     VXButton2* start = button(worker.panel, "&Start", "worker-start");
     VXButton2* stop = button(worker.panel, "S&top", "worker-stop");
     start->clicked().connect(&log, [counting, &log] {
@@ -103,19 +102,17 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     });
     worker.layout->addWidget(start);
     worker.layout->addWidget(stop);
-    worker.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(worker.panel);
+    worker.layout->addStretch();
 
-    const Box mean = titledRow(page.panel, "Meanwhile");
+    const Box mean = titledRow(page, "Meanwhile");
     VXButton2* click = button(mean.panel, "&Click me", "meanwhile");
-    VXText2* clicks = label(mean.panel, "not clicked yet");
+    auto* clicks = new VXText2("not clicked yet", mean.panel);
     click->clicked().connect(
         clicks, [clicks, n = 0]() mutable { clicks->setText("clicks: " + std::to_string(++n)); });
     mean.layout->addWidget(click);
     mean.layout->addWidget(clicks);
-    mean.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(mean.panel);
-    page.layout->insertSpacer(-1, 0, 1);
+    mean.layout->addStretch();
+    page.layout->addStretch();
     return page.panel;
 }
 

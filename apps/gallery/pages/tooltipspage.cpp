@@ -28,7 +28,7 @@ void popupOn(const VXButton2* button, VXToolTipWindow2* tip, AnchorSide side,
 
 void addSides(const Box& page, VXToolTipWindow2* tip)
 {
-    const Box line = titledRow(page.panel, "On each side");
+    const Box line = titledRow(page, "On each side");
     static constexpr std::pair<AnchorSide, const char*> sides[] = {{AnchorSide::Below, "Below"},
                                                                    {AnchorSide::Above, "Above"},
                                                                    {AnchorSide::Right, "Right"},
@@ -39,8 +39,7 @@ void addSides(const Box& page, VXToolTipWindow2* tip)
         popupOn(anchor, tip, side,
                 std::string(name) + ", as long as there is room.\nClick it away.");
     }
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
+    line.layout->addStretch();
 }
 
 void addTimes(const Box& page, VXToolTipWindow2* tip)
@@ -49,8 +48,7 @@ void addTimes(const Box& page, VXToolTipWindow2* tip)
         static constexpr int times[] = {-1, 2000, 0};
         tip->setTimeout(times[choice]);
     };
-    page.layout->addWidget(
-        alternatives(page.panel, "It stays", {"Ten seconds", "Two", "For ever"}, 0, choose).panel);
+    alternatives(page, "It stays", {"Ten seconds", "Two", "For ever"}, 0, choose);
 }
 
 void addMoving(const Box& page, VXToolTipWindow2* tip)
@@ -72,27 +70,26 @@ void addMoving(const Box& page, VXToolTipWindow2* tip)
 /// A tip with more in it than a text.
 void addRich(const Box& page, EventLog& log)
 {
-    const Box line = titledRow(page.panel, "With more in it");
+    const Box line = titledRow(page, "With more in it");
     VXButton2* anchor = button(line.panel, "Show a question", "tip-question");
     auto* tip = new VXToolTipWindow2(page.panel);
     tip->setTimeout(0);
     auto* layout = new VXBoxLayout2(tip, Direction::TopToBottom);
     layout->addWidget(heading(tip, "Was this of help?"));
-    const Box answers = row(tip);
+    auto* answers = new VXBoxLayout2(layout);
+    layout->addLayout(answers);
     for (const char* answer : {"Yes", "No"}) {
-        VXButton2* each = button(answers.panel, answer, std::string("tip-") + answer);
+        VXButton2* each = button(tip, answer, std::string("tip-") + answer);
         each->clicked().connect(tip, [tip, &log, answer] {
             log.add(std::string("answer: ") + answer);
             tip->hide();
         });
-        answers.layout->addWidget(each);
+        answers->addWidget(each);
     }
-    layout->addWidget(answers.panel);
     anchor->clicked().connect(tip, [tip, anchor] { tip->popup(anchor, AnchorSide::Below); });
     follow(log, tip, "question");
     line.layout->addWidget(anchor);
-    line.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(line.panel);
+    line.layout->addStretch();
 }
 
 VXWidget2* create(VXObject2* parent, EventLog& log)

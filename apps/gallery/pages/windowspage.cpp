@@ -28,8 +28,7 @@ std::string stateText(VXFlags<WindowState> state)
 
 VXCheckBox2* option(const Box& line, const std::string& text)
 {
-    auto* box = new VXCheckBox2(line.panel);
-    box->setLabel(text);
+    auto* box = new VXCheckBox2(text, line.panel);
     box->setFocusPolicy(FocusPolicy::None);
     line.layout->addWidget(box);
     return box;
@@ -38,11 +37,10 @@ VXCheckBox2* option(const Box& line, const std::string& text)
 /// A second window of its own on the screen.
 VXWindow2* makeWindow(VXObject2* owner, EventLog& log)
 {
-    auto* window = new VXWindow2(owner);
+    auto* window = new VXWindow2("Letter[*]", owner);
     window->setObjectName("windows-window");
-    window->setTitle("Letter[*]");
     window->resize({420, 240});
-    VXText2* hint = label(window, "Close me, or change my state by the window manager.");
+    auto* hint = new VXText2("Close me, or change my state by the window manager.", window);
     hint->setAlignment(AlignmentFlag::Center);
     window->setCentralWidget(hint);
     window->stateChanged().connect(&log, [&log](const VXWindowStateEvent2& event) {
@@ -53,19 +51,18 @@ VXWindow2* makeWindow(VXObject2* owner, EventLog& log)
 
 void addStates(const Box& page, VXWindow2* window)
 {
-    const Box states = titledRow(page.panel, "Show a window");
+    const Box states = titledRow(page, "Show a window");
     command(states, "Normal", [window] { window->showNormal(); });
     command(states, "Minimised", [window] { window->showMinimized(); });
     command(states, "Maximised", [window] { window->showMaximized(); });
     command(states, "Full screen", [window] { window->showFullScreen(); });
     command(states, "Close", [window] { window->close(); });
-    states.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(states.panel);
+    states.layout->addStretch();
 }
 
 void addOptions(const Box& page, VXWindow2* window, EventLog& log)
 {
-    const Box options = titledRow(page.panel, "It");
+    const Box options = titledRow(page, "It");
     VXCheckBox2* modified = option(options, "has unsaved changes");
     modified->clicked().connect(window,
                                 [window, modified] { window->setModified(modified->isChecked()); });
@@ -75,10 +72,9 @@ void addOptions(const Box& page, VXWindow2* window, EventLog& log)
             event.refuse();
         log.add(event.isRefused() ? "window: refused to close" : "window: closes");
     });
-    options.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(options.panel);
+    options.layout->addStretch();
 
-    const Box place = titledRow(page.panel, "Its place");
+    const Box place = titledRow(page, "Its place");
     auto saved = std::make_shared<std::string>(window->saveGeometry());
     command(place, "Save", [window, saved, &log] {
         *saved = window->saveGeometry();
@@ -87,8 +83,7 @@ void addOptions(const Box& page, VXWindow2* window, EventLog& log)
     command(place, "Restore", [window, saved, &log] {
         log.add(window->restoreGeometry(*saved) ? "restored" : "refused");
     });
-    place.layout->insertSpacer(-1, 0, 1);
-    page.layout->addWidget(place.panel);
+    place.layout->addStretch();
 }
 
 /// A window inside the page, whose status bar is to be seen.
@@ -102,19 +97,18 @@ void addStatusBar(const Box& page)
     const Box content = column(window, 8);
     content.layout->setMargins(VXRect<int>::margins(10, 10, 10, 10));
     content.layout->addWidget(heading(content.panel, "A window inside the page"));
-    const Box line = row(content.panel);
+    const Box line = row(content);
     command(line, "Text for good", [window] { window->setStatusText("Ready"); });
     command(line, "Text for 2 seconds", [window] { window->setStatusText("Saved", 2000); });
     command(line, "No text", [window] { window->setStatusText(""); });
     command(line, "Hide or show the status bar",
             [window] { window->setStatusBarVisible(!window->isStatusBarVisible()); });
-    line.layout->insertSpacer(-1, 0, 1);
-    content.layout->addWidget(line.panel);
-    content.layout->insertSpacer(-1, 0, 1);
+    line.layout->addStretch();
+    content.layout->addStretch();
     window->setCentralWidget(content.panel);
     window->setStatusText("Ready");
-    window->addStatusWidget(label(window, "Line 12, column 40"));
-    window->addStatusWidget(label(window, "UTF-8"));
+    window->addStatusWidget(new VXText2("Line 12, column 40", window));
+    window->addStatusWidget(new VXText2("UTF-8", window));
     edge.inside.layout->addWidget(window);
     page.layout->addWidget(edge.outside, 1);
 }

@@ -11,17 +11,14 @@
 
 using namespace VOXI;
 
-Counter::Counter() : m_window(new VXWindow2)
+Counter::Counter() : m_window(new VXWindow2("Counter"))
 {
     auto* page = new VXPanel2(m_window);
     auto* row = new VXBoxLayout2(page, Direction::LeftToRight);
-    auto* count = new VXText2(page);
-    auto* button = new VXButton2(page);
-    count->setText("0");
-    button->setLabel("Count");
+    auto* count = new VXText2("0", page);
+    auto* button = new VXButton2("Count", page);
     row->addWidget(count);
     row->addWidget(button);
-    m_window->setTitle("Counter");
     m_window->setCentralWidget(page);
 
     button->clicked().connect(count, [count, n = 0](const VXButtonClickEvent2&) mutable {
