@@ -162,12 +162,29 @@ TEST_F(EmittersTableTest, ListenersBesideTheOperationComeAfterIt)
     object.thing.setSize(1);
     EXPECT_EQ(log, (std::vector<std::string>{"early0", "peer", "early1", "late"}));
     EXPECT_EQ(object.thing.setSize.numberOfConnections(), 3);
+}
 
+TEST_F(EmittersTableTest, ListenersBesideTheOperationDoNotAnswerForIt)
+{
+    Button& object = *m_object;
+    Peer peer(object);
+    peer.m_size = 1;
+    int watched = 0;
+    object.thing.size.signal().connect(&m_listener, [&] {
+        ++watched;
+        return 70;
+    });
     EXPECT_EQ(object.thing.size(), 1);
-    ConnectionHandle handle = object.thing.size.signal().connect(&m_listener, [] { return 70; });
+    auto* question = new Payload0<int>;
+    const Packet packet(question);
+    object.thing.size.sendPacket(packet, SendDirect, true);
+    EXPECT_EQ(question->result(), 1);
+    Worker worker;
+    worker.run([&] { peer.bind(object); });
+    EXPECT_EQ(object.thing.size(), 1);
+    EXPECT_EQ(watched, 3);
+    worker.run([&] { peer.m_binding.unbind(); });
     EXPECT_EQ(object.thing.size(), 70);
-    handle.disconnect();
-    EXPECT_EQ(object.thing.size(), 1);
 }
 
 TEST_F(EmittersTableTest, OneRequestCanBeCutFromItsPeer)

@@ -59,27 +59,30 @@ public:
     {
         using Function = R (*)(Listener*, Param<A>...);
         const auto function = reinterpret_cast<Function>(operation.m_call);
-        keep([&] {
+        keep(true, [&] {
             return std::apply([&](const A&... a) { return function(target, a...); }, m_arguments);
         });
     }
 
-    /// Calls `function` with the arguments and keeps its result.
+    /// Calls `function` with the arguments and keeps its result, unless a bound operation has
+    /// answered.
     template <class Function>
     void apply(Function&& function)
     {
-        keep(
-            [&] { return std::apply([&](const A&... a) { return function(a...); }, m_arguments); });
+        keep(false, [&] {
+            return std::apply([&](const A&... a) { return function(a...); }, m_arguments);
+        });
     }
 
     const std::tuple<A...>& arguments() const noexcept { return m_arguments; }
 
-    /// What the last listener answered; empty before one did. To be read after all of them have.
+    /// What the bound operation answered, or else the last listener; empty before one did. To be
+    /// read after all of them have.
     auto& result() const noexcept requires(!std::is_void_v<R>) { return m_result; }
 
 private:
     template <class Function>
-    void keep(Function&& function)
+    void keep(bool isBound, Function&& function)
     {
         if constexpr (std::is_void_v<R>)
             function();
@@ -87,7 +90,9 @@ private:
             R result = function();
             // Listeners on several threads may answer the same packet.
             std::lock_guard lock(m_resultLock);
-            m_result.emplace(std::move(result));
+            if (isBound || !m_isAnswered)
+                m_result.emplace(std::move(result));
+            m_isAnswered |= isBound;
         }
     }
 
@@ -96,6 +101,7 @@ private:
     std::tuple<A...> m_arguments;
     VOXI::SpinLock m_resultLock;
     std::optional<std::conditional_t<std::is_void_v<R>, NoResult, R>> m_result;
+    bool m_isAnswered = false; // by a bound operation
 };
 
 template <class R, int Count = 0>

@@ -106,7 +106,8 @@ public:
         return sendElsewhere(arguments...);
     }
 
-    /// For listeners beside the bound operation.
+    /// For listeners beside the bound operation. What they return counts only while nobody serves
+    /// the request: who watches it does not change it.
     Signal<R(A...)> signal() const noexcept { return Signal<R(A...)>(*this, true); }
 
 private:
@@ -144,8 +145,11 @@ private:
                 route.ask(serve);
             else if (Listener* const peer = route.peer())
                 serve(peer);
-            if (detail::ConnectionSite* const site = route.listeners())
-                answer.emplace(detail::emitTo<R, A...>(*site, false, arguments...));
+            if (detail::ConnectionSite* const site = route.listeners()) {
+                R beside = detail::emitTo<R, A...>(*site, false, arguments...);
+                if (!answer)
+                    answer.emplace(std::move(beside));
+            }
             return answer ? std::move(*answer) : R();
         }
     }
