@@ -44,7 +44,8 @@ public:
         --s_alive;
     }
 
-    void doDestroy() { delete this; }
+    void doDestroy() { scheduleDelete(); }
+    void deferDelete() override { delete this; }
     void doSetParent(VXObject* parent) { m_parents.push_back(parent); }
     VXObject* doGetParent() { return m_object; }
     std::vector<VXObject*> doGetChildren(bool) { return {m_object}; }
@@ -74,10 +75,6 @@ public:
             });
         m_factory.createPanel2.connect(
             this, [](VXPanel2* panel, VXPanel2Emitters*, VXObject*) { new FakePeer(panel); });
-        m_factory.destroyObject.connect(this, [](unsigned id) {
-            if (auto* peer = dynamic_cast<FakePeer*>(lookup(id)))
-                peer->doDestroy();
-        });
         VXFactory2::registerFactory(m_key, &m_factory);
     }
 

@@ -154,5 +154,15 @@ TEST_F(CreationRequests, requestsGoToTheThreadOfThePeer)
     EXPECT_EQ(FakePeer::of(&button)->m_parents.size(), 2u);
 }
 
+TEST_F(CreationRequests, anObjectThatEndsElsewhereTellsItsOwnPeer)
+{
+    auto* const button = new VXButton2;
+    VXFactory2 other(VXBridge::getBridge(StringID("other")));
+    VXFactory2::registerFactory(StringID("fake"), &other);
+    EXPECT_EQ(FakePeer::s_alive, 1);
+    onWorker([&] { delete button; });
+    EXPECT_EQ(FakePeer::s_alive, 0);
+}
+
 } // namespace
 } // namespace VOXI

@@ -121,9 +121,8 @@ void QtFactory2::serve(const TROV::Emitter<void(Object*, Emitters*, Rest...)>& r
 
 void QtFactory2::destroyObject(unsigned uid)
 {
-    const QtReportHold hold;
     if (QtObject2* peer = qtPeer(lookup(uid)))
-        peer->doDestroy();
+        peer->endService();
 }
 
 } // namespace VOXI

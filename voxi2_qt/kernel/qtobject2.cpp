@@ -122,6 +122,12 @@ bool QtObject2::isVXObjectValid() const
 
 const void* QtObject2::family() const noexcept { return &s_family; }
 
+void QtObject2::endService()
+{
+    const QtReportHold hold;
+    scheduleDelete();
+}
+
 void QtObject2::scheduleDelete()
 {
     disconnect();

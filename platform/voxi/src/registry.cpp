@@ -138,6 +138,7 @@ GuiObject::~GuiObject() = default;
 
 VXObject* GuiObject::getHandle() const { return nullptr; }
 const void* GuiObject::family() const noexcept { return nullptr; }
+void GuiObject::endService() { scheduleDelete(); }
 
 void GuiObject::scheduleDelete()
 {

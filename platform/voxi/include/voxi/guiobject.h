@@ -22,7 +22,11 @@ public:
     /// knows its own without a search through their classes; null for none.
     virtual const void* family() const noexcept;
 
-    /// Has the object deleted once the code that runs now has returned. Twice is as good as once.
+    /// Ends the service of an object that has ended on another thread, or is to go on without; on
+    /// the peer's own thread. By default the peer is deleted.
+    virtual void endService();
+
+    /// Has the peer deleted once the code that runs now has returned. Twice is as good as once.
     virtual void scheduleDelete();
 
 protected:

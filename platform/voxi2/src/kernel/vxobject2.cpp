@@ -1,9 +1,25 @@
 #include "voxi2/kernel/vxobject2.h"
 
 #include "trov/thread.h"
+#include "voxi/guiobject.h"
 #include "voxi2/kernel/vxfactory2.h"
 
 namespace VOXI {
+
+namespace {
+
+/// By id: when it arrives, the object and its emitters are gone.
+struct ServiceEnd
+{
+    unsigned m_id;
+    void deliver() const
+    {
+        if (GuiObject* const peer = lookup(m_id))
+            peer->endService();
+    }
+};
+
+} // namespace
 
 VXObject2::~VXObject2() { retire(); }
 
@@ -14,9 +30,8 @@ void VXObject2::releasePeer()
         return;
     if (thread == TROV::Thread::getCurrentThread()) {
         m_emitters.destroy();
-    } else if (VXFactory2* factory = VXFactory2::current()) {
-        // By id: when it arrives, this object and its emitters are gone.
-        factory->destroyObject(id());
+    } else {
+        thread->enqueue(ServiceEnd{id()});
     }
 }
 

@@ -52,6 +52,7 @@ public:
 
     VXObject* getHandle() const override;
     const void* family() const noexcept override;
+    void endService() override;
     void scheduleDelete() override;
 
     /// Ends all connections and the service of the abstract object's requests.
