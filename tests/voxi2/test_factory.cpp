@@ -40,6 +40,33 @@ TEST(FactoryRegistration, theFirstOneIsCurrentUntilItIsTakenOut)
     EXPECT_EQ(withoutBridge.getBridge(), nullptr);
 }
 
+TEST(FactoryRegistration, theCurrentOneIsChosenByItsKey)
+{
+    const StringID a("a");
+    const StringID b("b");
+    const StringID nobody("nobody's key");
+    FakeBackEnd first("a");
+    FakeBackEnd second("b");
+    VXFactory2* const other = &second.factory();
+    EXPECT_FALSE(VXFactory2::setCurrent(nobody));
+    EXPECT_EQ(VXFactory2::current(), &first.factory());
+    EXPECT_TRUE(VXFactory2::setCurrent(b));
+    EXPECT_EQ(VXFactory2::current(), other);
+    {
+        const VXFactory2::Scope scope(a);
+        EXPECT_EQ(VXFactory2::current(), &first.factory());
+        {
+            const VXFactory2::Scope inner(nobody);
+            EXPECT_EQ(lookup(std::make_unique<VXButton2>().get()), nullptr);
+        }
+        EXPECT_EQ(VXFactory2::current(), &first.factory());
+        std::thread([&] { EXPECT_EQ(VXFactory2::current(), other); }).join();
+        VXFactory2::registerFactory(a, nullptr);
+        EXPECT_EQ(VXFactory2::current(), nullptr);
+    }
+    EXPECT_EQ(VXFactory2::current(), other);
+}
+
 class CreationRequests : public WatchedTest
 {
 protected:

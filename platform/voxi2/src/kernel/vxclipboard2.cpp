@@ -12,13 +12,9 @@ std::atomic<VXClipboard2*> s_clipboard{nullptr};
 
 } // namespace
 
-VXClipboard2::VXClipboard2(const VXFactory2& factory)
-    : VXObject2(nullptr),
-      m_emitters(VXObject2::m_emitters)
+VXClipboard2::VXClipboard2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
 {
-    // Of this back end, which need not be the one that other objects get their peers from.
-    if (id() != 0)
-        factory.createClipboard2.emitAndWait(this, &m_emitters);
+    createPeer(&VXFactory2::createClipboard2, this, &m_emitters);
 }
 
 VXClipboard2::~VXClipboard2()
@@ -30,9 +26,10 @@ VXClipboard2::~VXClipboard2()
 
 void VXClipboard2::initImpl(StringID key)
 {
-    const VXFactory2* const factory = VXFactory2::getFactory(key);
-    if (factory && !instance())
-        s_clipboard = new VXClipboard2(*factory);
+    // Of this back end, which need not be the one that other objects get their peers from.
+    const VXFactory2::Scope scope(key);
+    if (VXFactory2::current() && !instance())
+        s_clipboard = new VXClipboard2;
 }
 
 VXClipboard2* VXClipboard2::instance() { return s_clipboard.load(std::memory_order_acquire); }

@@ -12,13 +12,9 @@ std::atomic<VXDragManager2*> s_manager{nullptr};
 
 } // namespace
 
-VXDragManager2::VXDragManager2(const VXFactory2& factory)
-    : VXObject2(nullptr),
-      m_emitters(VXObject2::m_emitters)
+VXDragManager2::VXDragManager2() : VXObject2(nullptr), m_emitters(VXObject2::m_emitters)
 {
-    // Of this back end, which need not be the one that other objects get their peers from.
-    if (id() != 0)
-        factory.createDragManager2.emitAndWait(this, &m_emitters);
+    createPeer(&VXFactory2::createDragManager2, this, &m_emitters);
 }
 
 VXDragManager2::~VXDragManager2()
@@ -30,9 +26,10 @@ VXDragManager2::~VXDragManager2()
 
 void VXDragManager2::createImpl(StringID key)
 {
-    const VXFactory2* const factory = VXFactory2::getFactory(key);
-    if (factory && !instance())
-        s_manager = new VXDragManager2(*factory);
+    // Of this back end, which need not be the one that other objects get their peers from.
+    const VXFactory2::Scope scope(key);
+    if (VXFactory2::current() && !instance())
+        s_manager = new VXDragManager2;
 }
 
 VXDragManager2* VXDragManager2::instance() { return s_manager.load(std::memory_order_acquire); }

@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <utility>
 
 namespace VOXI {
 
@@ -24,6 +25,8 @@ Factories& factories()
     static auto* instance = new Factories;
     return *instance;
 }
+
+thread_local constinit const VXFactory2::Scope* t_scope = nullptr;
 
 } // namespace
 
@@ -67,8 +70,28 @@ VXFactory2* VXFactory2::getFactory(const StringID& key)
 
 VXFactory2* VXFactory2::current() noexcept
 {
+    if (t_scope) [[unlikely]]
+        return getFactory(t_scope->m_key);
     return factories().m_current.load(std::memory_order_acquire);
 }
+
+bool VXFactory2::setCurrent(const StringID& key)
+{
+    Factories& all = factories();
+    std::lock_guard lock(all.m_mutex);
+    const auto found = all.m_byKey.find(key.getString());
+    if (found == all.m_byKey.end())
+        return false;
+    all.m_current = found->second;
+    return true;
+}
+
+VXFactory2::Scope::Scope(StringID key)
+    : m_key(std::move(key)),
+      m_outer(std::exchange(t_scope, this))
+{}
+
+VXFactory2::Scope::~Scope() { t_scope = m_outer; }
 
 void VXFactory2::unregisterAll()
 {

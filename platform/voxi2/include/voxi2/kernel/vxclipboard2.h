@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    explicit VXClipboard2(const VXFactory2& factory);
+    VXClipboard2();
 
     VXClipboard2Emitters m_emitters;
 };

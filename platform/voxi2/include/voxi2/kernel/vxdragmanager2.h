@@ -83,7 +83,7 @@ public:
     }
 
 private:
-    explicit VXDragManager2(const VXFactory2& factory);
+    VXDragManager2();
 
     VXDragManager2Emitters m_emitters;
 };

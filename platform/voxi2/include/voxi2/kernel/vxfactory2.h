@@ -137,8 +137,28 @@ public:
     /// The factory of that key, or null.
     static VXFactory2* getFactory(const StringID& key);
 
-    /// The factory that new objects get their peers from; null while no back end is up.
+    /// The factory that new objects of the calling thread get their peers from; null while no back
+    /// end is up.
     static VXFactory2* current() noexcept;
+
+    /// Makes the factory of that key the current one; false, and no change, when there is none.
+    static bool setCurrent(const StringID& key);
+
+    /// While one lives, new objects of its thread get their peers from the factory of that key,
+    /// whichever is current elsewhere; none as long as there is no such factory.
+    class VOXI2_EXPORT Scope
+    {
+    public:
+        explicit Scope(StringID key);
+        ~Scope();
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+
+    private:
+        friend class VXFactory2;
+        StringID m_key;
+        const Scope* m_outer;
+    };
 
     /// Takes all factories out: from now on objects get no peers.
     static void unregisterAll();
