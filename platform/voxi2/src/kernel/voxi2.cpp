@@ -14,8 +14,7 @@ namespace VOXI {
 
 namespace {
 
-std::atomic<bool> s_initialized{false};
-std::atomic<bool> s_terminated{false};
+std::atomic<bool> s_isUp{false};
 
 void raiseNativeWindow(long long value)
 {
@@ -26,7 +25,7 @@ void raiseNativeWindow(long long value)
 
 void initialize_voxi2()
 {
-    if (s_initialized.exchange(true))
+    if (s_isUp.exchange(true))
         return;
     static const TROV::Listener* const listener = [] {
         auto* made = new TROV::Listener;
@@ -38,7 +37,7 @@ void initialize_voxi2()
 
 void terminate_voxi2()
 {
-    if (s_terminated.exchange(true))
+    if (!s_isUp.exchange(false))
         return;
     VXObject2::releaseAllPeers();
     delete VXDragManager2::instance();
