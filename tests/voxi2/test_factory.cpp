@@ -67,6 +67,29 @@ TEST(FactoryRegistration, theCurrentOneIsChosenByItsKey)
     EXPECT_EQ(VXFactory2::current(), other);
 }
 
+TEST(FactoryRegistration, windowsAreRaisedAsTheBridgesOfTheRegisteredSay)
+{
+    FakeBackEnd backEnd;
+    VXFactory2& factory = backEnd.factory();
+    const auto& emitter = factory.getBridge()->emitter();
+    TROV::Listener listener;
+    std::vector<unsigned long long> raised;
+    factory.createWindow2.connect(&listener, [&](VXWindow2*, VXWindow2Emitters* emitters) {
+        emitters->base()->raiseNativeWindow.signal().connect(&listener, [&](unsigned long long id) {
+            raised.push_back(id);
+            return true;
+        });
+    });
+    const VXWindow2 window;
+    emitter(7);
+    VXFactory2::registerFactory(StringID("again"), &factory);
+    VXFactory2::registerFactory(StringID("fake"), nullptr);
+    emitter(8);
+    VXFactory2::unregisterAll();
+    emitter(9);
+    EXPECT_EQ(raised, (std::vector<unsigned long long>{7, 8}));
+}
+
 class CreationRequests : public WatchedTest
 {
 protected:

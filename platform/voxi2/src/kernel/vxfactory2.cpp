@@ -2,10 +2,13 @@
 
 #include "trov/thread.h"
 #include "voxi/vxbridge.h"
+#include "voxi2/containers/vxabstractwindow2.h"
 
+#include <algorithm>
 #include <atomic>
 #include <map>
 #include <mutex>
+#include <ranges>
 #include <string>
 #include <utility>
 
@@ -58,6 +61,27 @@ void VXFactory2::registerFactory(const StringID& key, VXFactory2* factory)
     VXFactory2* current = all.m_current.load();
     if (!current || current == former)
         all.m_current = factory;
+    for (VXFactory2* const changed : {former, factory}) {
+        if (changed)
+            changed->followBridge();
+    }
+}
+
+/// The factories' mutex is held.
+void VXFactory2::followBridge()
+{
+    m_raising.disconnect();
+    const bool isRegistered =
+        std::ranges::any_of(factories().m_byKey | std::views::values,
+                            [this](const VXFactory2* each) { return each == this; });
+    if (!isRegistered || !m_bridge)
+        return;
+    m_bridge->emitter().connect(
+        &m_raising,
+        [](long long window) {
+            VXAbstractWindow2::raiseNativeWindow(static_cast<unsigned long long>(window));
+        },
+        m_bridge->thread());
 }
 
 VXFactory2* VXFactory2::getFactory(const StringID& key)
@@ -97,7 +121,8 @@ void VXFactory2::unregisterAll()
 {
     Factories& all = factories();
     std::lock_guard lock(all.m_mutex);
-    all.m_byKey.clear();
+    for (const auto& entry : std::exchange(all.m_byKey, {}))
+        entry.second->followBridge();
     all.m_current = nullptr;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trov/emitter.h"
+#include "trov/listener.h"
 #include "voxi2/kernel/direction.h"
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/stringid.h"
@@ -131,7 +132,8 @@ public:
     VXBridge* getBridge() const noexcept { return m_bridge; }
 
     /// Makes `factory` the one of that key, and the current one if there is none; null takes the
-    /// key's factory out. Factories are not owned.
+    /// key's factory out. Factories are not owned. While one is registered, windows are raised as
+    /// its bridge says.
     static void registerFactory(const StringID& key, VXFactory2* factory);
 
     /// The factory of that key, or null.
@@ -231,7 +233,10 @@ public:
     TROV::Emitter1<void, unsigned> destroyObject;
 
 private:
+    void followBridge();
+
     VXBridge* m_bridge;
+    TROV::Listener m_raising; ///< connected while the factory is registered
 };
 
 } // namespace VOXI
