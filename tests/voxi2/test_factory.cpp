@@ -1,4 +1,6 @@
 #include "fakebackend.h"
+#include "voxi2/containers/vxmessage2.h"
+#include "voxi2/controls/vxmenu2.h"
 
 #include <memory>
 #include <stdexcept>
@@ -140,6 +142,30 @@ TEST_F(CreationRequests, ofKindsThatNobodyServesMakeNoPeer)
     const VXText2 text;
     EXPECT_EQ(lookup(&text), nullptr);
     EXPECT_EQ(text.text(), "");
+    // Nobody shows a message, and nobody would ever answer it.
+    std::vector<MessageAnswer> answers;
+    const VXMessage2 question{.text = "?", .answers = MessageAnswer::Yes | MessageAnswer::No};
+    question.open(nullptr, [&](MessageAnswer answer) { answers.push_back(answer); });
+    EXPECT_EQ(answers, std::vector<MessageAnswer>{question.exec()});
+}
+
+TEST_F(CreationRequests, handlersRunWhereTheObjectIsServed)
+{
+    int popups = 0;
+    m_backEnd.factory().createMenu2.connect(&m_backEnd, [&](VXMenu2*, VXMenu2Emitters* emitters) {
+        emitters->popup.signal().connect(&m_backEnd, [&] { ++popups; });
+    });
+    VXButton2 button;
+    VXMenu2 menu;
+    std::unique_ptr<VXFactory2> other;
+    std::thread([&] {
+        other = std::make_unique<VXFactory2>(VXBridge::getBridge(StringID("elsewhere")));
+    }).join();
+    VXFactory2::registerFactory(StringID("fake"), other.get());
+    menu.setContextMenuOf(&button);
+    button.widgetEmitters()->contextMenu(
+        VXContextMenuEvent2(&button, {1, 2}, {3, 4}, VXContextMenuEvent2::Reason::Mouse));
+    EXPECT_EQ(popups, 1);
 }
 
 TEST_F(CreationRequests, aPeerThatThrowsLeavesNothingBehind)

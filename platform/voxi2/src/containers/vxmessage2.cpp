@@ -1,7 +1,6 @@
 #include "voxi2/containers/vxmessage2.h"
 
 #include "openmessages.h"
-#include "voxi/vxbridge.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxpanel2.h"
@@ -242,11 +241,9 @@ VXDialog2* VXMessage2::build(VXObject2* parent) const
     const Box buttons(dialog);
     VXButton2* const chosen = addButtons(dialog, buttons, offered(), defaultAnswer, labels);
     rows->addWidget(buttons.m_panel);
-    const VXFactory2* const factory = VXFactory2::current();
-    if (factory && answerOfEscape() == MessageAnswer::None) {
+    if (answerOfEscape() == MessageAnswer::None) {
         dialog->closing().connect(
-            dialog, [](const VXCloseEvent2& event) { event.refuse(); },
-            factory->getBridge()->thread());
+            dialog, [](const VXCloseEvent2& event) { event.refuse(); }, dialog->servingThread());
     }
     dialog->setDefaultButton(chosen);
     chosen->setFocus();
@@ -256,8 +253,6 @@ VXDialog2* VXMessage2::build(VXObject2* parent) const
 MessageAnswer VXMessage2::exec(VXObject2* parent) const
 {
     const MessageAnswer escape = answerOfEscape();
-    if (!VXFactory2::current())
-        return escape;
     const VXHandle<VXDialog2> dialog = make(parent);
     const int result = dialog->exec();
     dialog->destroy();
@@ -267,14 +262,14 @@ MessageAnswer VXMessage2::exec(VXObject2* parent) const
 void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answered) const
 {
     const MessageAnswer escape = answerOfEscape();
-    const VXFactory2* const factory = VXFactory2::current();
-    if (!factory) {
+    const VXHandle<VXDialog2> handle = make(parent);
+    // The thread that calls need not run a loop.
+    TROV::Thread* const thread = handle->servingThread();
+    if (!thread) {
+        handle->destroy();
         answered(escape);
         return;
     }
-    // The thread that calls need not run a loop.
-    TROV::Thread* const thread = factory->getBridge()->thread();
-    const VXHandle<VXDialog2> handle = make(parent);
     const auto open = std::make_shared<OpenMessage>(handle, std::move(answered), escape, thread);
     handle.with([&](VXDialog2& dialog) {
         dialog.finished().connect(
@@ -291,8 +286,10 @@ void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answ
         dialog.open();
     });
     // It may have been taken down meanwhile by its own thread, which did not know of this one.
-    if (!VXFactory2::current())
-        OpenMessage::answerAll();
+    if (handle.with([](const VXDialog2& dialog) { return !dialog.servingThread(); })) {
+        handle->destroy();
+        open->answer(VXDialog2::Rejected);
+    }
 }
 
 void VXMessage2::inform(VXObject2* parent, const AnyText& text)

@@ -1,6 +1,5 @@
 #include "voxi2/controls/vxmenu2.h"
 
-#include "voxi/vxbridge.h"
 #include "voxi2/kernel/vxaction2.h"
 
 namespace VOXI {
@@ -73,16 +72,15 @@ void VXMenu2::popup(const VXPoint<int>& globalPosition)
 void VXMenu2::setContextMenuOf(VXWidget2* widget)
 {
     VXObjectDataLocker lock;
-    const VXFactory2* factory = VXFactory2::current();
-    if (!isObjectValid(widget) || !factory)
+    if (!isObjectValid(widget) || !widget->servingThread())
         return;
     std::erase_if(m_contextMenus, [](const auto& entry) { return !isObjectValid(entry.first); });
     TROV::ConnectionHandle& connection = m_contextMenus[widget->id()];
     connection.disconnect();
-    // On the peers' thread, wherever this is called: the thread that calls need not run a loop.
+    // On the widget's thread, wherever this is called: the thread that calls need not run a loop.
     connection = widget->contextMenuRequested().connect(
         this, [this](const VXContextMenuEvent2& event) { popup(event.globalPosition()); },
-        factory->getBridge()->thread());
+        widget->servingThread());
     widget->setEventConsumed(WidgetEvent::ContextMenu, true);
 }
 

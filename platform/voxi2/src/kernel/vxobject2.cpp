@@ -25,7 +25,7 @@ VXObject2::~VXObject2() { retire(); }
 
 void VXObject2::releasePeer()
 {
-    TROV::Thread* thread = m_emitters.m_binding->servingThread();
+    TROV::Thread* thread = servingThread();
     if (!thread)
         return;
     if (thread == TROV::Thread::getCurrentThread()) {
@@ -47,6 +47,11 @@ void VXObject2::releaseAllPeers()
 VXFactory2* VXObject2::factoryForNewObject() const
 {
     return id() != 0 ? VXFactory2::current() : nullptr;
+}
+
+TROV::Thread* VXObject2::servingThread() const noexcept
+{
+    return m_emitters.m_binding->servingThread();
 }
 
 // The tree of owners ------------------------------------------------------------------------------

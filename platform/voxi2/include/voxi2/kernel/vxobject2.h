@@ -113,6 +113,10 @@ public:
     static void operator delete(void* memory, const std::nothrow_t&) noexcept;
     static void operator delete(void*, void*) noexcept {}
 
+    /// The thread that the object's peer serves it on, for handlers that must not wait for the loop
+    /// of whoever connects them; null without a peer.
+    TROV::Thread* servingThread() const noexcept;
+
     /// For back ends.
     VXObject2Emitters* objectEmitters() noexcept { return &m_emitters; }
 
