@@ -1,4 +1,6 @@
 #include "fakebackend.h"
+#include "voxi2/kernel/vxaction2.h"
+#include "voxi2/kernel/vxactiongroup2.h"
 #include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
 
@@ -26,7 +28,6 @@ void expectDefaults(VXWidget2& widget)
     EXPECT_FALSE(widget.isEnabled());
     EXPECT_FALSE(widget.isVisible());
     EXPECT_FALSE(widget.isEventConsumed(WidgetEvent::Close));
-    EXPECT_EQ(widget.objectName(), "");
     EXPECT_EQ(widget.toolTipU(), L"");
     EXPECT_EQ(widget.focusProxy(), nullptr);
     EXPECT_EQ(widget.dragDelegate(), nullptr);
@@ -74,6 +75,33 @@ TEST(WithoutBackEnd, objectsAnswerWithDefaults)
     layout->removeWidget(nullptr);
     EXPECT_EQ(layout->spacing(), 0);
     EXPECT_FALSE(layout->isEnabled());
+}
+
+TEST(WithoutBackEnd, objectsHaveTheirNamesAndKinds)
+{
+    struct Mine : VXButton2
+    {};
+    VXWindow2 window;
+    VXAction2 action;
+    VXActionGroup2 group;
+    Mine mine;
+    const VXBoxLayout2 layout(&window, Direction::TopToBottom);
+    EXPECT_EQ(action.objectName(), "");
+    for (VXObject2* object : {static_cast<VXObject2*>(&window), static_cast<VXObject2*>(&action),
+                              static_cast<VXObject2*>(&group), static_cast<VXObject2*>(&mine)}) {
+        object->setObjectName("name");
+        EXPECT_EQ(object->objectName(), "name");
+    }
+    EXPECT_EQ(window.kind(), "Window");
+    EXPECT_EQ(action.kind(), "Action");
+    EXPECT_EQ(group.kind(), "ActionGroup");
+    EXPECT_EQ(mine.kind(), "Button");
+    EXPECT_EQ(layout.kind(), "BoxLayout");
+
+    // Handles of all dead objects lead to the same one.
+    const VXHandle<VXAction2> gone(std::make_unique<VXAction2>().get());
+    gone->setObjectName("nobody's");
+    EXPECT_EQ(gone->objectName(), "");
 }
 
 TEST(WithoutBackEnd, objectsOfTheSystemAreNotMade)

@@ -82,6 +82,7 @@ protected:
 
 TEST_P(Contract, isTheQtObjectAndBindsEveryRequest)
 {
+    EXPECT_EQ(m_object->kind(), GetParam().m_name);
     ASSERT_FALSE(m_qt.isNull());
     EXPECT_TRUE(m_qt->metaObject()->inherits(GetParam().m_qtClass));
     const QtObject2* const peer = peerOf(m_qt);

@@ -4,7 +4,7 @@
 
 namespace VOXI {
 
-VXActionGroup2::VXActionGroup2(VXObject2* parent) : VXObject2(parent) { finishBuilding(); }
+VXActionGroup2::VXActionGroup2(VXObject2* parent) : VXObject2(parent) { finishBuilding(this); }
 
 VXActionGroup2::~VXActionGroup2()
 {

@@ -6,6 +6,8 @@
 
 namespace VOXI {
 
+static_assert(detail::kindOf<VXObject2>() == "Object");
+
 namespace {
 
 /// By id: when it arrives, the object and its emitters are gone.
@@ -47,6 +49,20 @@ void VXObject2::releaseAllPeers()
 VXFactory2* VXObject2::factoryForNewObject() const
 {
     return id() != 0 ? VXFactory2::current() : nullptr;
+}
+
+void VXObject2::setObjectName(const std::string& name)
+{
+    VXObjectDataLocker lock;
+    // What has no id stands for objects that are gone, and is shared.
+    if (id() != 0)
+        m_name = name.empty() ? nullptr : std::make_unique<const std::string>(name);
+}
+
+std::string VXObject2::objectName() const
+{
+    VXObjectDataLocker lock;
+    return m_name ? *m_name : std::string();
 }
 
 TROV::Thread* VXObject2::servingThread() const noexcept

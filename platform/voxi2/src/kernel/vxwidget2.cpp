@@ -146,8 +146,12 @@ VXDragDelegate2* VXWidget2::dragDelegate() const { return m_emitters.getDragDele
 // Identity
 // -----------------------------------------------------------------------------------------
 
-void VXWidget2::setObjectName(const std::string& name) { m_emitters.setObjectName(name); }
-std::string VXWidget2::objectName() const { return m_emitters.getObjectName(); }
+void VXWidget2::setObjectName(const std::string& name)
+{
+    VXObject2::setObjectName(name);
+    m_emitters.setObjectName(name);
+}
+
 unsigned long long VXWidget2::winId() const { return m_emitters.getWinId(); }
 
 // As if the user had done it

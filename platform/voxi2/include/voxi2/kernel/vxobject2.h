@@ -7,10 +7,26 @@
 #include "voxi_util/anytext.h"
 
 #include <cstddef>
+#include <memory>
 #include <new>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace VOXI {
+
+namespace detail {
+
+/// The name of a class of the toolkit between its prefix and its version.
+template <class Object>
+consteval std::string_view kindOf()
+{
+    std::string_view name = __PRETTY_FUNCTION__; // ... [with Object = VOXI::VXButton2; ...
+    name.remove_prefix(name.find("VOXI::VX", name.find("Object = ")) + 8);
+    return name.substr(0, name.find_first_of("2;]"));
+}
+
+} // namespace detail
 
 /// What every peer is asked.
 struct VXObject2Emitters : TROV::EmittersTable<void>
@@ -78,6 +94,15 @@ public:
     /// The abstract objects whose peers are held by this one's.
     std::vector<VXObject*> peerChildren(bool recursive = false) const;
 
+    /// A name to find the object by, in tests for example; empty until one is given. It is not
+    /// shown.
+    virtual void setObjectName(const std::string& name);
+    std::string objectName() const;
+
+    /// What the object is: "Button", "BoxLayout". A class of the application is the kind that it
+    /// derives from; "Object" when that has none. These names stay as they are.
+    std::string_view kind() const noexcept { return m_kind; }
+
     /// Sent with the object's id when it is about to go, while it still can be asked. On other
     /// threads than the one that ends it handlers get only the id, behind all that was sent to them
     /// before; the object is gone by then.
@@ -136,6 +161,7 @@ protected:
     void createPeer(TROV::Emitter<Signature> VXFactory2::*request, Object* object,
                     Emitters* emitters, const Extra&... extra)
     {
+        m_kind = detail::kindOf<Object>();
         const Creation creation(*this);
         if (VXFactory2* factory = factoryForNewObject())
             (factory->*request).emitAndWait(object, emitters, extra...);
@@ -156,6 +182,14 @@ protected:
     /// Says that the object is whole; `createPeer` does. A class that has no peer calls it last in
     /// its constructor: otherwise a parent that ends on another thread leaves it alone for good.
     void finishBuilding();
+
+    /// The same for a kind of the toolkit that has no peer.
+    template <class Object>
+    void finishBuilding(const Object*)
+    {
+        m_kind = detail::kindOf<Object>();
+        finishBuilding();
+    }
 
     VXObject2Emitters m_emitters;
 
@@ -191,12 +225,15 @@ private:
     bool isAncestorOf(const VXObject2* object) const;
     void releasePeer();
 
+    std::string_view m_kind = "Object";
+
     // Guarded by the object lock; first the tree of owners.
     VXObject2* m_parent = nullptr;
     VXObject2* m_firstChild = nullptr;
     VXObject2* m_previous = nullptr; // of the first child: the last one
     VXObject2* m_next = nullptr;
-    TROV::Thread* m_maker = nullptr; // while it is being made
+    std::unique_ptr<const std::string> m_name; // few have one
+    TROV::Thread* m_maker = nullptr;           // while it is being made
     int m_heapOffset = -1; // of this part from the start of what `new` returned; -1: not by `new`
     Life m_life = Life::Alive;
     bool m_isOrphan = false; // its parent ended while it was being made

@@ -116,8 +116,8 @@ public:
     VXDragDelegate2* dragDelegate() const;
 
     // Identity
-    void setObjectName(const std::string& name);
-    std::string objectName() const;
+    /// The back end's widget gets the name, too.
+    void setObjectName(const std::string& name) override;
     /// The native window behind the widget; asking makes one. 0 without a peer.
     unsigned long long winId() const;
 
