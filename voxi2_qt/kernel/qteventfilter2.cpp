@@ -103,6 +103,14 @@ void post(const Passing& passing)
             Build(passing.m_target, passing.m_type, static_cast<const Q&>(passing.m_event)));
 }
 
+void postResize(const Passing& passing)
+{
+    // Qt also tells so that the margins have changed.
+    const auto& resize = static_cast<const QResizeEvent&>(passing.m_event);
+    if (resize.size() != resize.oldSize())
+        post<&VXWidget2Emitters::resized, QResizeEvent, &resizeEvent>(passing);
+}
+
 void askClose(const Passing& passing)
 {
     QEvent& event = passing.m_event;
@@ -162,7 +170,7 @@ constexpr Sender s_senders[] = {
     &send<&E::mouseRelease, QMouseEvent, &mouseEvent>,
     &post<&E::wheel, QWheelEvent, &wheelEvent>,
     &send<&E::moved, QMoveEvent, &moveEvent>,
-    &post<&E::resized, QResizeEvent, &resizeEvent>,
+    &postResize,
     &sendGestures,
     &send<&E::touchBegin, QTouchEvent, &touchEvent>,
     &send<&E::touchUpdate, QTouchEvent, &touchEvent>,
