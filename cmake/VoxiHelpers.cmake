@@ -77,6 +77,21 @@ function(voxi_add_rooms)
     endforeach()
 endfunction()
 
+# voxi_add_kinds(<folder> <kind>...): adds the header and the source of each kind to
+# VOXI_KIND_HEADERS and VOXI_KIND_SOURCES. Where they lie is said by VOXI_KIND_HEADER and
+# VOXI_KIND_SOURCE, in which FOLDER and KIND stand for both words.
+function(voxi_add_kinds folder)
+    foreach(kind IN LISTS ARGN)
+        foreach(file HEADER SOURCE)
+            string(REPLACE FOLDER "${folder}" path "${VOXI_KIND_${file}}")
+            string(REPLACE KIND "${kind}" path "${path}")
+            list(APPEND VOXI_KIND_${file}S "${path}")
+        endforeach()
+    endforeach()
+    set(VOXI_KIND_HEADERS ${VOXI_KIND_HEADERS} PARENT_SCOPE)
+    set(VOXI_KIND_SOURCES ${VOXI_KIND_SOURCES} PARENT_SCOPE)
+endfunction()
+
 # voxi_add_library(<name> HEADERS ... SOURCES ... [PUBLIC_LIBS ...] [PRIVATE_LIBS ...]
 #                  [BASE_DIR <dir>])
 # A shared library <name>, alias voxi::<name>, with its export header and its install rules.

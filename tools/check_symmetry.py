@@ -2,9 +2,10 @@
 """Checks that every peer has its other halves, found by rule from its header's name:
 
     voxi2_qt/export/include/voxi2_qt/controls/qtbutton2.h     the peer's header
-    voxi2_qt/controls/qtbutton2.cpp                           its source, listed in CMake
+    voxi2_qt/controls/qtbutton2.cpp                           its source
     platform/voxi2/include/voxi2/controls/vxbutton2.h         the abstract class
-    platform/voxi2/src/controls/vxbutton2.cpp                 its source, listed in CMake
+    platform/voxi2/src/controls/vxbutton2.cpp                 its source
+    button2 in voxi_add_kinds(controls ...)                   lists each pair in CMake
     a row in voxi2_qt/kernel/qtfactory2.cpp                   serves the peer's class
     a test under tests/voxi2_qt/controls/                     names one of the two classes
 
@@ -88,15 +89,17 @@ def faults_of(folder, stem, header, tests):
         return
 
     abstract_header = ABSTRACT_HEADERS / folder / f"vx{stem}.h"
-    pairs = [
+    files = [
+        (header, PEER_SOURCES),
         (PEER_SOURCES / folder / f"qt{stem}.cpp", PEER_SOURCES),
+        (abstract_header, ABSTRACT_SOURCES.parent),
         (ABSTRACT_SOURCES / folder / f"vx{stem}.cpp", ABSTRACT_SOURCES.parent),
     ]
-    for source, library in pairs:
-        if not source.is_file():
-            yield f"{peer}: no {source}"
-        elif str(source.relative_to(library)) not in cmake_lists(library, folder):
-            yield f"{peer}: {source} is not listed in {library}/CMakeLists.txt"
+    for file, library in files:
+        if not file.is_file():
+            yield f"{peer}: no {file}"
+        elif str(file.relative_to(library)) not in cmake_lists(library):
+            yield f"{peer}: {file} is not listed in {library}/CMakeLists.txt"
     abstract = class_in(abstract_header, stem, "vx")
     if abstract is None:
         yield f"{peer}: no abstract class in {abstract_header}"
@@ -153,12 +156,15 @@ def factory_faults():
     yield from order_faults(FACTORY, rows, requests)
 
 
-def cmake_lists(library, folder):
-    """What CMake is told of a library: its own list, and one of the folder if there is one."""
+def cmake_lists(library):
+    """The files that CMake is told of for a library, by name or as a kind's."""
     lists = text(library / "CMakeLists.txt")
-    for line in text(library / folder / "CMakeLists.txt").split():
-        lists += f"\n{folder}/{line}"
-    return lists
+    files = lists.split()
+    for pattern in re.findall(r"^set\(VOXI_KIND_\w+ (.*)\)", lists, re.MULTILINE):
+        for folder, kinds in re.findall(r"^voxi_add_kinds\(\s*(\w+)([^)]*)\)", lists, re.MULTILINE):
+            files += [pattern.replace("FOLDER", folder).replace("KIND", kind)
+                      for kind in kinds.split()]
+    return files
 
 
 def retire_faults():
