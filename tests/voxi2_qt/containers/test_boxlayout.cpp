@@ -87,9 +87,6 @@ TEST_F(BoxLayout, marginsSpacingAndEnabling)
 {
     m_layout->setMargins(VXRect<int>::margins(1, 2, 3, 4));
     EXPECT_EQ(qtLayout()->contentsMargins(), QMargins(1, 2, 3, 4));
-    EXPECT_EQ(m_layout->margins(), VXRect<int>::margins(1, 2, 3, 4));
-    m_layout->setSpacing(9);
-    EXPECT_EQ(m_layout->spacing(), 9);
     m_layout->setEnabled(false);
     EXPECT_FALSE(m_layout->isEnabled());
     EXPECT_FALSE(qtLayout()->isEnabled());

@@ -27,42 +27,99 @@
 #include "voxi2/controls/vxtoolbutton2.h"
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
+#include "voxi2/kernel/vxfactory2.h"
 
 #include <QAccessible>
-#include <QAction>
-#include <QBoxLayout>
-#include <QCheckBox>
-#include <QDockWidget>
-#include <QFileDialog>
-#include <QFrame>
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QLabel>
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollArea>
-#include <QSplitter>
-#include <QStackedWidget>
-#include <QTabWidget>
-#include <QToolBar>
-#include <QToolButton>
+#include <QMetaObject>
 
+#include <concepts>
+#include <functional>
 #include <ostream>
+#include <type_traits>
 #include <typeinfo>
+#include <vector>
 
 namespace VOXI {
 
 /// A kind of object that the back end has a peer for, as the contract tests see it.
 struct Kind
 {
+    /// Something that is set and asked for; what is set here is neither the value of a new object
+    /// nor what an object without a peer answers.
+    struct Setting
+    {
+        const char* m_name;
+        std::function<void(VXObject2&)> m_set;
+        std::function<bool(const VXObject2&)> m_isSet;
+    };
+
+    /// Another object that is set and asked for, and may end.
+    struct Reference
+    {
+        const char* m_name;
+        std::function<VXObject2*(VXObject2* parent)> m_make;
+        std::function<void(VXObject2&, VXObject2* other)> m_set;
+        std::function<const VXObject2*(const VXObject2&)> m_get;
+    };
+
+    struct Event
+    {
+        const char* m_name;
+        std::function<void(VXObject2&, TROV::Listener&, std::function<void()>)> m_connect;
+        std::function<void(VXObject2&)> m_causeAsUser; ///< where that is simple
+    };
+
     const char* m_name;
     VXObject2* (*m_make)(VXObject2* parent);
     const QMetaObject* m_qtClass;
     QAccessible::Role m_role; ///< NoRole for what is no widget
     const TROV::EmitterBase& (*m_request)(VXFactory2& factory);
     bool (*m_endsWhole)(); ///< of one on the stack: whether it is whole when its end is told
+    std::vector<Setting> m_settings{};
+    std::vector<Reference> m_references{};
+    std::vector<Event> m_events{};
+
+    template <class Object, class Value>
+    Kind& has(const char* name, auto set, Value (Object::*get)() const,
+              std::type_identity_t<Value> value)
+    {
+        m_settings.push_back(
+            {name, [=](VXObject2& o) { std::invoke(set, dynamic_cast<Object&>(o), value); },
+             [=](const VXObject2& o) { return (dynamic_cast<const Object&>(o).*get)() == value; }});
+        return *this;
+    }
+
+    template <class Object, class Other>
+    Kind& refersTo(const char* name, void (Object::*set)(Other*), Other* (Object::*get)() const)
+    {
+        using Made = std::conditional_t<std::same_as<Other, VXWidget2>, VXPanel2, Other>;
+        m_references.push_back({name,
+                                [](VXObject2* parent) -> VXObject2* { return new Made(parent); },
+                                [=](VXObject2& o, VXObject2* other) {
+                                    (dynamic_cast<Object&>(o).*set)(static_cast<Other*>(other));
+                                },
+                                [=](const VXObject2& o) -> const VXObject2* {
+                                    return (dynamic_cast<const Object&>(o).*get)();
+                                }});
+        return *this;
+    }
+
+    template <class Object, class E>
+    Kind& reports(const char* name, TROV::Signal<void(const E&)> (Object::*signal)() const,
+                  std::type_identity_t<void (*)(Object&)> causeAsUser = nullptr)
+    {
+        m_events.push_back(
+            {name,
+             [=](VXObject2& o, TROV::Listener& listener, std::function<void()> handler) {
+                 (dynamic_cast<Object&>(o).*signal)().connect(&listener, std::move(handler));
+             },
+             {}});
+        if (causeAsUser)
+            m_events.back().m_causeAsUser = [=](VXObject2& o) {
+                causeAsUser(dynamic_cast<Object&>(o));
+            };
+        return *this;
+    }
 
     friend std::ostream& operator<<(std::ostream& out, const Kind& kind)
     {
@@ -70,61 +127,7 @@ struct Kind
     }
 };
 
-template <class Object, class Q, auto Request>
-Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
-{
-    return {name,
-            [](VXObject2* parent) -> VXObject2* { return new Object(parent); },
-            &Q::staticMetaObject,
-            role,
-            [](VXFactory2& factory) -> const TROV::EmitterBase& { return factory.*Request; },
-            [] {
-                bool whole = false;
-                {
-                    Object object(nullptr);
-                    object.destroyed().connect(nullptr,
-                                               [&] { whole = typeid(object) == typeid(Object); });
-                }
-                return whole;
-            }};
-}
-
-/// All of them; a new kind is one line here.
-inline std::vector<Kind> allKinds()
-{
-    using F = VXFactory2;
-    return {
-        kind<VXAction2, QAction, &F::createAction2>("Action"),
-        kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
-        kind<VXButton2, QPushButton, &F::createButton2>("Button", QAccessible::Button),
-        kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
-        kind<VXDialog2, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog),
-        kind<VXFileDialog2, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog),
-        kind<VXDockWidget2, QDockWidget, &F::createDockWidget2>("DockWidget", QAccessible::Window),
-        kind<VXDragDelegate2, QObject, &F::createDragDelegate2>("DragDelegate"),
-        kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
-        kind<VXFrame2, QFrame, &F::createFrame2>("Frame", QAccessible::Border),
-        kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
-        kind<VXGroupBox2, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping),
-        kind<VXMenu2, QMenu, &F::createMenu2>("Menu", QAccessible::PopupMenu),
-        kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
-        kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
-        kind<VXRadioButton2, QRadioButton, &F::createRadioButton2>("RadioButton",
-                                                                   QAccessible::RadioButton),
-        kind<VXScrollView2, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client),
-        kind<VXSplitter2, QSplitter, &F::createSplitter2>("Splitter", QAccessible::Splitter),
-        kind<VXTab2, QWidget, &F::createTab2>("Tab", QAccessible::Client),
-        kind<VXTabContainer2, QTabWidget, &F::createTabContainer2>("TabContainer",
-                                                                   QAccessible::Client),
-        kind<VXText2, QLabel, &F::createText2>("Text", QAccessible::StaticText),
-        kind<VXToolBar2, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar),
-        kind<VXToolButton2, QToolButton, &F::createToolButton2>("ToolButton", QAccessible::Button),
-        kind<VXToolTipWindow2, QWidget, &F::createToolTipWindow2>("ToolTipWindow",
-                                                                  QAccessible::ToolTip),
-        kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
-                                                                     QAccessible::LayeredPane),
-        kind<VXWindow2, QMainWindow, &F::createWindow2>("Window", QAccessible::Window),
-    };
-}
+/// All of them; a new kind is one row in kinds.cpp.
+std::vector<Kind> allKinds();
 
 } // namespace VOXI

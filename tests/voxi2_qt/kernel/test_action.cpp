@@ -1,7 +1,6 @@
 // Actions, from the abstract object to the QAction and back.
 
 #include "support/qtwarnings.h"
-#include "support/waitfor.h"
 #include "toolkit.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/kernel/vxaction2.h"
@@ -12,7 +11,6 @@
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
-#include <thread>
 
 namespace VOXI {
 namespace {
@@ -281,23 +279,6 @@ TEST_F(Action, servesItsQtActionAfterItsObjectHasGone)
     EXPECT_TRUE(m_qt.isChecked());
     EXPECT_TRUE(m_toggles.isEmpty());
     EXPECT_TRUE(m_triggers.isEmpty());
-}
-
-TEST_F(Action, answersOtherThreads)
-{
-    std::string label;
-    VXStringList accelerators;
-    std::thread worker([&] {
-        m_action.setLabel("Save");
-        m_action.setAccelerators({"Ctrl+S", "F2"});
-        label = m_action.label();
-        accelerators = m_action.accelerators();
-        m_action.imitateTrigger();
-    });
-    EXPECT_TRUE(waitFor([&] { return m_triggers.count() == 1; }));
-    worker.join();
-    EXPECT_EQ(label, "Save");
-    EXPECT_THAT(accelerators, ElementsAre("Ctrl+S", "F2"));
 }
 
 } // namespace

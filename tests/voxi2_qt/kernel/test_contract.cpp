@@ -1,6 +1,7 @@
 // What every kind of object with a peer keeps to, whatever else it does.
 
 #include "kinds.h"
+#include "support/waitfor.h"
 
 #include <QPointer>
 
@@ -9,6 +10,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <thread>
 #include <utility>
 
 namespace VOXI {
@@ -70,12 +72,31 @@ protected:
         EXPECT_EQ(m_requests.connections(), std::set<int>{0});
         EXPECT_EQ(m_object->peerParent(), nullptr);
         EXPECT_TRUE(m_object->peerChildren().empty());
+        for (const Kind::Setting& setting : GetParam().m_settings) {
+            setting.m_set(*m_object);
+            EXPECT_FALSE(setting.m_isSet(*m_object)) << setting.m_name;
+        }
+        for (const Kind::Reference& reference : GetParam().m_references) {
+            reference.m_set(*m_object, reference.m_make(m_object));
+            EXPECT_EQ(reference.m_get(*m_object), nullptr) << reference.m_name;
+        }
+    }
+
+    /// Shows the window and the object in it.
+    void showInWindow()
+    {
+        m_window.resize({300, 200});
+        m_window.setCentralWidget(m_parent);
+        m_window.show();
+        if (widget())
+            widget()->show();
+        turn();
     }
 
     VXWindow2 m_window;
     VXPanel2* m_parent = new VXPanel2(&m_window);
     VXObject2* m_object = GetParam().m_make(m_parent);
-    const unsigned m_id = m_object->id();
+    unsigned m_id = m_object->id();
     const Requests m_requests{*m_object};
     QPointer<QObject> m_qt{qObjectOf(lookup(m_object))};
 };
@@ -101,9 +122,6 @@ TEST_P(Contract, honoursWhatEveryWidgetIsAsked)
         GTEST_SKIP() << "no widget";
     VXWidget2& abstract = *widget();
     QWidget* const shown = qt(abstract);
-    abstract.setObjectName("named");
-    EXPECT_EQ(shown->objectName(), QStringLiteral("named"));
-    EXPECT_EQ(abstract.objectName(), "named");
     abstract.setEnabled(false);
     EXPECT_FALSE(shown->isEnabled());
     EXPECT_FALSE(abstract.isEnabled());
@@ -134,6 +152,46 @@ TEST_P(Contract, honoursWhatEveryWidgetIsAsked)
     abstract.setParent(&m_window);
     EXPECT_EQ(shown->parentWidget(), qt(m_window));
     EXPECT_EQ(abstract.peerParent(), &m_window);
+}
+
+TEST_P(Contract, servesOtherThreadsAndEndsOnThem)
+{
+    std::string faults;
+    std::atomic<bool> done{false};
+    std::thread worker([&] {
+        for (const Kind::Setting& setting : GetParam().m_settings) {
+            setting.m_set(*m_object);
+            if (!setting.m_isSet(*m_object))
+                faults += setting.m_name + std::string(" ");
+        }
+        delete m_object;
+        done = true;
+    });
+    EXPECT_TRUE(waitFor([&] { return done.load(); }));
+    worker.join();
+    EXPECT_EQ(faults, "");
+    EXPECT_TRUE(waitFor([&] { return m_qt.isNull(); }));
+    expectCutOff();
+}
+
+TEST_P(Contract, letsGoOfWhatItRefersTo)
+{
+    for (const Kind::Reference& reference : GetParam().m_references) {
+        SCOPED_TRACE(reference.m_name);
+        VXObject2* const gone = reference.m_make(m_object);
+        delete gone;
+        runDeletions();
+        VXObject2* const first = reference.m_make(m_object);
+        reference.m_set(*m_object, first);
+        EXPECT_EQ(reference.m_get(*m_object), first);
+        if (!VXObject::isObjectValid(gone)) // something else may lie there by now
+            reference.m_set(*m_object, gone);
+        EXPECT_EQ(reference.m_get(*m_object), first);
+        delete first;
+        EXPECT_EQ(reference.m_get(*m_object), nullptr);
+        runDeletions();
+        EXPECT_EQ(reference.m_get(*m_object), nullptr);
+    }
 }
 
 TEST_P(Contract, tellsItsRoleAndNameToAssistiveTechnology)
@@ -194,33 +252,18 @@ TEST_P(Contract, goesWithItsQtParentAfterItWasToldToGo)
 // Echoes
 // -------------------------------------------------------------------------------------------
 
-/// Notes every event of a widget that could be an echo. The pointer that comes to be over a widget
+/// Notes every event of an object that could be an echo. The pointer that comes to be over a widget
 /// or not, and the focus that leaves it, are news; so is where the window system puts a window.
 class Ear : public TROV::Listener
 {
 public:
-    explicit Ear(VXWidget2& widget)
+    explicit Ear(VXObject2& object)
     {
-        hear("closing", widget.closing());
-        hear("contextMenuRequested", widget.contextMenuRequested());
-        hear("dragEntered", widget.dragEntered());
-        hear("dropped", widget.dropped());
-        hear("focusGained", widget.focusGained());
-        hear("shown", widget.shown());
-        hear("hidden", widget.hidden());
-        hear("keyPressed", widget.keyPressed());
-        hear("keyReleased", widget.keyReleased());
-        hear("mousePressed", widget.mousePressed());
-        hear("mouseReleased", widget.mouseReleased());
-        hear("mouseMoved", widget.mouseMoved());
-        if (!qt(widget)->isWindow()) {
-            hear("moved", widget.moved());
-            hear("resized", widget.resized());
-        }
-        hear("dragDetected", widget.dragDetected());
-        if (auto* button = dynamic_cast<VXAbstractButton2*>(&widget)) {
-            hear("clicked", button->clicked());
-            hear("toggled", button->toggled());
+        const auto* const widget = dynamic_cast<VXWidget2*>(&object);
+        for (const Kind::Event& event : Contract::GetParam().m_events) {
+            const std::string name = event.m_name;
+            if (!(widget && qt(*widget)->isWindow() && (name == "moved" || name == "resized")))
+                event.m_connect(object, *this, [this, name] { m_heard += name + " "; });
         }
     }
 
@@ -228,39 +271,13 @@ public:
     std::string take() { return std::exchange(m_heard, {}); }
 
 private:
-    template <class Signal>
-    void hear(const char* name, const Signal& signal)
-    {
-        signal.connect(this, [this, name] { m_heard += std::string(name) + " "; });
-    }
-
     std::string m_heard;
 };
-
-void setButtonProperties(VXAbstractButton2& button)
-{
-    button.setLabel("a long label that asks for room");
-    button.setCheckable(true);
-    button.setChecked(true);
-    button.setChecked(false);
-    button.setExclusive(true);
-    button.setIcon(Icon());
-}
-
-void setWindowProperties(VXAbstractWindow2& window)
-{
-    window.setTitle("title[*]");
-    window.setModified(true);
-    window.setIcon(Icon());
-    window.setWindowState(WindowState::Maximized);
-    window.setWindowState({});
-    window.setWindowFlags(window.windowFlags());
-}
 
 /// Has something done and notes under that name what was reported of it.
 using Attempt = std::function<void(const char* what, const std::function<void()>& act)>;
 
-void setGeometry(VXWidget2& abstract, const Attempt& attempt)
+void changeWidget(VXWidget2& abstract, const Attempt& attempt)
 {
     attempt("resize", [&] { abstract.resize({80, 30}); });
     attempt("moveTo", [&] { abstract.moveTo({7, 9}); });
@@ -277,26 +294,6 @@ void setGeometry(VXWidget2& abstract, const Attempt& attempt)
     attempt("setContentsMargins",
             [&] { abstract.setContentsMargins(VXRect<int>::margins(1, 2, 3, 4)); });
     attempt("restoreGeometry", [&] { abstract.restoreGeometry(abstract.saveGeometry()); });
-}
-
-TEST_P(Contract, neverReportsWhatTheProgramDid)
-{
-    if (!widget())
-        GTEST_SKIP() << "no widget";
-    VXWidget2& abstract = *widget();
-    m_window.resize({300, 200});
-    m_window.setCentralWidget(m_parent);
-    m_window.show();
-    abstract.show();
-    turn();
-    Ear ear(abstract);
-    std::string faults;
-    const Attempt attempt = [&](const char* what, const std::function<void()>& act) {
-        act();
-        turn();
-        if (const std::string heard = ear.take(); !heard.empty())
-            faults += std::string(what) + " was reported as " + heard + "\n";
-    };
     attempt("hide", [&] { abstract.hide(); });
     attempt("show", [&] { abstract.show(); });
     attempt("setVisible", [&] {
@@ -306,14 +303,11 @@ TEST_P(Contract, neverReportsWhatTheProgramDid)
     attempt("raise", [&] { abstract.raise(); });
     attempt("lower", [&] { abstract.lower(); });
     attempt("setActiveWindow", [&] { abstract.setActiveWindow(); });
-    setGeometry(abstract, attempt);
     attempt("looks", [&] {
         abstract.setColor(ColorRole::Background, Color(1, 2, 3));
         abstract.setCursor(CursorShape::Wait);
         abstract.unsetCursor();
-        abstract.setToolTip("tip");
         abstract.setHighlight(true);
-        abstract.setAccessibleName(L"name");
         abstract.refresh();
         abstract.update();
     });
@@ -325,17 +319,71 @@ TEST_P(Contract, neverReportsWhatTheProgramDid)
         abstract.setFocusPolicy(FocusPolicy::Strong);
         abstract.setFocus();
     });
-    if (auto* button = dynamic_cast<VXAbstractButton2*>(&abstract))
-        attempt("button", [&] { setButtonProperties(*button); });
-    if (auto* window = dynamic_cast<VXAbstractWindow2*>(&abstract))
-        attempt("window", [&] { setWindowProperties(*window); });
+}
+
+TEST_P(Contract, neverReportsWhatTheProgramDid)
+{
+    showInWindow();
+    Ear ear(*m_object);
+    std::string faults;
+    const Attempt attempt = [&](const char* what, const std::function<void()>& act) {
+        act();
+        turn();
+        if (const std::string heard = ear.take(); !heard.empty())
+            faults += std::string(what) + " was reported as " + heard + "\n";
+    };
+    if (widget())
+        changeWidget(*widget(), attempt);
+    for (const Kind::Setting& setting : GetParam().m_settings) {
+        attempt(setting.m_name, [&] { setting.m_set(*m_object); });
+        EXPECT_TRUE(setting.m_isSet(*m_object)) << setting.m_name;
+    }
+    for (const Kind::Reference& reference : GetParam().m_references) {
+        VXObject2* const other = reference.m_make(m_object);
+        attempt(reference.m_name, [&] { reference.m_set(*m_object, other); });
+        attempt(reference.m_name, [&] {
+            delete other;
+            runDeletions();
+        });
+    }
     EXPECT_EQ(faults, "");
 
-    // Others are still reported.
-    qt(abstract)->resize(qt(abstract)->size() + QSize(5, 5));
-    qt(abstract)->hide();
-    turn();
-    EXPECT_NE(ear.take().find("hidden"), std::string::npos);
+    // The user's is still reported.
+    for (const Kind::Event& event : GetParam().m_events) {
+        if (!event.m_causeAsUser)
+            continue;
+        if (widget())
+            widget()->show();
+        turn();
+        TROV::Listener listener;
+        int heard = 0;
+        event.m_connect(*m_object, listener, [&] { ++heard; });
+        event.m_causeAsUser(*m_object);
+        turn();
+        EXPECT_EQ(heard, 1) << event.m_name;
+    }
+}
+
+TEST_P(Contract, mayEndInTheHandlersOfItsEvents)
+{
+    for (const Kind::Event& event : GetParam().m_events) {
+        if (!event.m_causeAsUser)
+            continue;
+        SCOPED_TRACE(event.m_name);
+        if (!VXObject::isObjectValid(m_id)) {
+            m_object = GetParam().m_make(m_parent);
+            m_id = m_object->id();
+            m_qt = qObjectOf(lookup(m_object));
+        }
+        showInWindow();
+        TROV::Listener listener;
+        event.m_connect(*m_object, listener, [&] { delete m_object; });
+        event.m_causeAsUser(*m_object);
+        turn();
+        EXPECT_FALSE(VXObject::isObjectValid(m_id));
+        runDeletions();
+        EXPECT_TRUE(m_qt.isNull());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, Contract, testing::ValuesIn(allKinds()),

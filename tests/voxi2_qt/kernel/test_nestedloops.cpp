@@ -5,12 +5,18 @@
 #include "support/waitfor.h"
 #include "support/watchdog.h"
 
+#include <QAbstractScrollArea>
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QEventLoop>
+#include <QMenu>
 #include <QMimeData>
 #include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 

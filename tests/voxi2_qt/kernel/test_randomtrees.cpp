@@ -17,9 +17,11 @@
 #include <QBoxLayout>
 #include <QDialog>
 #include <QEventLoop>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QSplitter>
 #include <QStringList>
 #include <QTimer>
 

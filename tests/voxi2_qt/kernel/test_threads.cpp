@@ -21,6 +21,7 @@
 #include <atomic>
 #include <future>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -134,6 +135,16 @@ TEST_F(WidgetThreads, makeUseAndEndWidgets)
     turn();
     runDeletions();
     EXPECT_EQ(QApplication::allWidgets().size(), before);
+}
+
+TEST_F(WidgetThreads, areThrownWhatTheirRequestsThrow)
+{
+    VXPanel2 panel;
+    onWorker([&] {
+        EXPECT_THROW(
+            static_cast<void>(panel.isEventConsumed(static_cast<WidgetEvent>(WidgetEventCount))),
+            std::out_of_range);
+    });
 }
 
 TEST_F(WidgetThreads, askEachOtherThroughWidgets)

@@ -1,0 +1,356 @@
+// The rows of all kinds, by folder; before them what those of one base class have in common.
+
+#include "kinds.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace VOXI {
+namespace {
+
+using F = VXFactory2;
+using Text = std::wstring;
+
+const Icon s_icon = Icon::fromPixmap(Pixmap(4, 4, std::vector<std::uint32_t>(16, 0xff0000ff)));
+
+template <WidgetEvent Type>
+void imitateKey(VXWidget2& widget)
+{
+    widget.imitateKey(Type, VXKeyEvent2(&widget, Type, Key::F7));
+}
+
+template <WidgetEvent Type>
+void imitateMouse(VXWidget2& widget)
+{
+    widget.imitateMouse(Type, VXMouseEvent2(&widget, Type, {1, 1}, {1, 1}, MouseButton::Right,
+                                            MouseButton::Right, {}));
+}
+
+void addWidget(Kind& kind)
+{
+    using W = VXWidget2;
+    kind.has("objectName", &W::setObjectName, &W::objectName, "name")
+        .has(
+            "toolTip", [](W& w, const Text& text) { w.setToolTip(text); }, &W::toolTipU, L"tip")
+        .has("accessibleName", &W::setAccessibleName, &W::accessibleName, L"name")
+        .has("accessibleDescription", &W::setAccessibleDescription, &W::accessibleDescription,
+             L"description")
+        .has("focusPolicy", &W::setFocusPolicy, &W::focusPolicy, FocusPolicy::Click)
+        .has("mouseTracking", &W::setMouseTracking, &W::hasMouseTracking, true)
+        .has("touchEnabled", &W::setTouchEnabled, &W::isTouchEnabled, true)
+        .has("acceptDrops", &W::setAcceptDrops, &W::canAcceptDrops, true)
+        .refersTo("focusProxy", &W::setFocusProxy, &W::focusProxy)
+        .refersTo("dragDelegate", &W::setDragDelegate, &W::dragDelegate)
+        .reports("closing", &W::closing, [](W& w) { w.imitate(WidgetEvent::Close); })
+        .reports("contextMenuRequested", &W::contextMenuRequested,
+                 [](W& w) {
+                     w.imitateContextMenu({1, 1}, {1, 1});
+                 })
+        .reports("dragEntered", &W::dragEntered)
+        .reports("dropped", &W::dropped)
+        .reports("focusGained", &W::focusGained)
+        .reports("shown", &W::shown,
+                 [](W& w) {
+                     w.hide();
+                     w.imitate(WidgetEvent::Show);
+                 })
+        .reports("hidden", &W::hidden, [](W& w) { w.imitate(WidgetEvent::Hide); })
+        .reports("keyPressed", &W::keyPressed, &imitateKey<WidgetEvent::KeyPress>)
+        .reports("keyReleased", &W::keyReleased, &imitateKey<WidgetEvent::KeyRelease>)
+        .reports("mousePressed", &W::mousePressed, &imitateMouse<WidgetEvent::MousePress>)
+        .reports("mouseReleased", &W::mouseReleased, &imitateMouse<WidgetEvent::MouseRelease>)
+        .reports("mouseMoved", &W::mouseMoved, &imitateMouse<WidgetEvent::MouseMove>)
+        .reports("moved", &W::moved,
+                 [](W& w) {
+                     w.imitateMove({5, 6});
+                 })
+        .reports("resized", &W::resized,
+                 [](W& w) {
+                     w.imitateResize({77, 66});
+                 })
+        .reports("dragDetected", &W::dragDetected);
+}
+
+void addButton(Kind& kind)
+{
+    using B = VXAbstractButton2;
+    kind.has(
+            "label", [](B& b, const Text& text) { b.setLabel(text); }, &B::labelU,
+            L"a long label that asks for room")
+        .has("icon", &B::setIcon, &B::icon, s_icon)
+        .has("iconSize", &B::setIconSize, &B::iconSize, {9, 8})
+        .has("checkable", &B::setCheckable, &B::isCheckable, true)
+        .has("checked", &B::setChecked, &B::isChecked, true)
+        .has("exclusive", &B::setExclusive, &B::isExclusive, true)
+        .reports("clicked", &B::clicked, [](B& b) { b.imitateClick(); })
+        .reports("toggled", &B::toggled, [](B& b) {
+            b.setCheckable(true);
+            b.setExclusive(false);
+            b.imitateToggle();
+        });
+}
+
+void addWindow(Kind& kind)
+{
+    using W = VXAbstractWindow2;
+    kind.has(
+            "title", [](W& w, const Text& text) { w.setTitle(text); }, &W::titleU, L"title[*]")
+        .has("icon", &W::setIcon, &W::icon, s_icon)
+        .has("modified", &W::setModified, &W::isModified, true)
+        .has("windowState", &W::setWindowState, &W::windowState, WindowState::Maximized)
+        .reports("stateChanged", &W::stateChanged);
+    // Others are added for the window's kind.
+    kind.m_settings.push_back(
+        {"windowFlags",
+         [](VXObject2& o) {
+             dynamic_cast<W&>(o).setWindowFlags(WindowFlagTitle | WindowFlagStaysOnTop);
+         },
+         [](const VXObject2& o) {
+             return (dynamic_cast<const W&>(o).windowFlags() & WindowFlagStaysOnTop) != 0;
+         }});
+}
+
+void addDialog(Kind& kind)
+{
+    using D = VXAbstractDialog2;
+    kind.has("modal", &D::setModal, &D::isModal, true).reports("finished", &D::finished);
+}
+
+void addLayout(Kind& kind)
+{
+    using L = VXLayout2;
+    kind.has("margins", &L::setMargins, &L::margins, VXRect<int>::margins(1, 2, 3, 4))
+        .has("spacing", &L::setSpacing, &L::spacing, 7);
+}
+
+template <class Object, class Q, auto Request>
+Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
+{
+    Kind made{name,
+              [](VXObject2* parent) -> VXObject2* { return new Object(parent); },
+              &Q::staticMetaObject,
+              role,
+              [](VXFactory2& factory) -> const TROV::EmitterBase& { return factory.*Request; },
+              [] {
+                  bool whole = false;
+                  {
+                      Object object(nullptr);
+                      object.destroyed().connect(nullptr,
+                                                 [&] { whole = typeid(object) == typeid(Object); });
+                  }
+                  return whole;
+              }};
+    if constexpr (std::derived_from<Object, VXWidget2>)
+        addWidget(made);
+    if constexpr (std::derived_from<Object, VXAbstractButton2>)
+        addButton(made);
+    if constexpr (std::derived_from<Object, VXAbstractWindow2>)
+        addWindow(made);
+    if constexpr (std::derived_from<Object, VXAbstractDialog2>)
+        addDialog(made);
+    if constexpr (std::derived_from<Object, VXLayout2>)
+        addLayout(made);
+    return made;
+}
+
+std::vector<Kind> kernelKinds()
+{
+    using A = VXAction2;
+    using D = VXDragDelegate2;
+    return {
+        kind<A, QAction, &F::createAction2>("Action")
+            .has(
+                "label", [](A& a, const Text& text) { a.setLabel(text); }, &A::labelU, L"label")
+            .has("icon", &A::setIcon, &A::icon, s_icon)
+            .has("accelerator", &A::setAccelerator, &A::accelerator, "Ctrl+K")
+            .has("shortcutContext", &A::setShortcutContext, &A::shortcutContext,
+                 ShortcutContext::Application)
+            .has(
+                "toolTip", [](A& a, const Text& text) { a.setToolTip(text); }, &A::toolTipU, L"tip")
+            .has(
+                "statusTip", [](A& a, const Text& text) { a.setStatusTip(text); }, &A::statusTipU,
+                L"status")
+            .has("checkable", &A::setCheckable, &A::isCheckable, true)
+            .has("checked", &A::setChecked, &A::isChecked, true)
+            .has("separator", &A::setSeparator, &A::isSeparator, true)
+            .reports("triggered", &A::triggered, [](A& a) { a.imitateTrigger(); })
+            .reports("toggled", &A::toggled,
+                     [](A& a) {
+                         a.setCheckable(true);
+                         a.imitateToggle(!a.isChecked());
+                     })
+            .reports("ambiguous", &A::ambiguous),
+        kind<D, QObject, &F::createDragDelegate2>("DragDelegate")
+            .reports("entered", &D::entered)
+            .reports("moved", &D::moved)
+            .reports("left", &D::left)
+            .reports("dropped", &D::dropped),
+    };
+}
+
+std::vector<Kind> containerKinds()
+{
+    using Dialog = VXDialog2;
+    using Dock = VXDockWidget2;
+    using File = VXFileDialog2;
+    using Frame = VXFrame2;
+    using Group = VXGroupBox2;
+    using Scroll = VXScrollView2;
+    using Splitter = VXSplitter2;
+    using Tab = VXTab2;
+    using Tabs = VXTabContainer2;
+    using Tip = VXToolTipWindow2;
+    using Window = VXWindow2;
+    return {
+        kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
+        kind<Dialog, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog)
+            .has("sizeGrip", &Dialog::setSizeGripEnabled, &Dialog::isSizeGripEnabled, true)
+            .refersTo("defaultButton", &Dialog::setDefaultButton, &Dialog::defaultButton),
+        kind<Dock, QDockWidget, &F::createDockWidget2>("DockWidget", QAccessible::Window)
+            .has(
+                "title", [](Dock& d, const Text& text) { d.setTitle(text); }, &Dock::titleU,
+                L"title")
+            .has("icon", &Dock::setIcon, &Dock::icon, s_icon)
+            .has("allowedAreas", &Dock::setAllowedAreas, &Dock::allowedAreas, DockArea::Left)
+            .has("features", &Dock::setFeatures, &Dock::features, DockFeature::Closable)
+            .refersTo("widget", &Dock::setWidget, &Dock::widget)
+            .refersTo("titleBarWidget", &Dock::setTitleBarWidget, &Dock::titleBarWidget)
+            .reports("floatingChanged", &Dock::floatingChanged)
+            .reports("areaChanged", &Dock::areaChanged)
+            .reports("visibilityChanged", &Dock::visibilityChanged),
+        kind<File, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog)
+            .has("mode", &File::setMode, &File::mode, FileDialogMode::SaveFile)
+            .has("defaultSuffix", &File::setDefaultSuffix, &File::defaultSuffix, L"txt")
+            .reports("filesChosen", &File::filesChosen),
+        kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
+        kind<Frame, QFrame, &F::createFrame2>("Frame", QAccessible::Border)
+            .has("shadow", &Frame::setShadow, &Frame::shadow, FrameShadow::Raised)
+            .has("shape", &Frame::setShape, &Frame::shape, FrameShape::Box)
+            .has("lineWidth", &Frame::setLineWidth, &Frame::lineWidth, 3),
+        kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
+        kind<Group, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping)
+            .has(
+                "title", [](Group& g, const Text& text) { g.setTitle(text); }, &Group::titleU,
+                L"title")
+            .has("flat", &Group::setFlat, &Group::isFlat, true),
+        kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
+        kind<Scroll, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client)
+            .has("widgetResizable", &Scroll::setWidgetResizable, &Scroll::isWidgetResizable, true)
+            .refersTo("widget", &Scroll::setWidget, &Scroll::widget),
+        kind<Splitter, QSplitter, &F::createSplitter2>("Splitter", QAccessible::Splitter)
+            .has("handleWidth", &Splitter::setHandleWidth, &Splitter::handleWidth, 9)
+            .has("orientation", &Splitter::setOrientation, &Splitter::orientation,
+                 Orientation::Vertical)
+            .reports("handleMoved", &Splitter::handleMoved),
+        kind<Tab, QWidget, &F::createTab2>("Tab", QAccessible::Client)
+            .has(
+                "text", [](Tab& t, const Text& text) { t.setText(text); }, &Tab::textU, L"text")
+            .has("icon", &Tab::setIcon, &Tab::icon, s_icon)
+            .has(
+                "tabToolTip", [](Tab& t, const Text& text) { t.setTabToolTip(text); },
+                &Tab::tabToolTipU, L"tip")
+            .has("textColor", &Tab::setTextColor, &Tab::textColor, Color(1, 2, 3)),
+        kind<Tabs, QTabWidget, &F::createTabContainer2>("TabContainer", QAccessible::Client)
+            .has("tabPosition", &Tabs::setTabPosition, &Tabs::tabPosition, TabPosition::South)
+            .has("tabsClosable", &Tabs::setTabsClosable, &Tabs::areTabsClosable, true)
+            .has("movable", &Tabs::setMovable, &Tabs::isMovable, true)
+            .has("documentMode", &Tabs::setDocumentMode, &Tabs::isDocumentMode, true)
+            .has("elideMode", &Tabs::setElideMode, &Tabs::elideMode, TextElideMode::Middle)
+            .reports("currentTabChanged", &Tabs::currentTabChanged)
+            .reports("tabCloseRequested", &Tabs::tabCloseRequested)
+            .reports("tabMoved", &Tabs::tabMoved)
+            .reports("tabDoubleClicked", &Tabs::tabDoubleClicked),
+        kind<Tip, QWidget, &F::createToolTipWindow2>("ToolTipWindow", QAccessible::ToolTip)
+            .has(
+                "text", [](Tip& t, const Text& text) { t.setText(text); }, &Tip::textU, L"text")
+            .has("richText", &Tip::setRichText, &Tip::isRichText, true)
+            .has("icon", &Tip::setIcon, &Tip::icon, s_icon)
+            .has("timeout", &Tip::setTimeout, &Tip::timeout, 600000)
+            .reports("clicked", &Tip::clicked),
+        kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
+                                                                     QAccessible::LayeredPane),
+        kind<Window, QMainWindow, &F::createWindow2>("Window", QAccessible::Window)
+            .has(
+                "statusText", [](Window& w, const Text& text) { w.setStatusText(text); },
+                &Window::statusTextU, L"status")
+            .has("statusBarVisible", &Window::setStatusBarVisible, &Window::isStatusBarVisible,
+                 true)
+            .refersTo("centralWidget", &Window::setCentralWidget, &Window::centralWidget)
+            .refersTo("menuBar", &Window::setMenuBar, &Window::menuBar),
+    };
+}
+
+std::vector<Kind> controlKinds()
+{
+    using Bar = VXToolBar2;
+    using Button = VXButton2;
+    using Label = VXText2;
+    using Menu = VXMenu2;
+    using Tool = VXToolButton2;
+    return {
+        kind<Button, QPushButton, &F::createButton2>("Button", QAccessible::Button)
+            .has("default", &Button::setDefault, &Button::isDefault, true)
+            .has("flat", &Button::setFlat, &Button::isFlat, true),
+        kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
+        kind<Menu, QMenu, &F::createMenu2>("Menu", QAccessible::PopupMenu)
+            .has("digMenu", &Menu::setDigMenu, &Menu::isDigMenu, true)
+            .reports("aboutToShow", &Menu::aboutToShow),
+        kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
+        kind<VXRadioButton2, QRadioButton, &F::createRadioButton2>("RadioButton",
+                                                                   QAccessible::RadioButton),
+        kind<Label, QLabel, &F::createText2>("Text", QAccessible::StaticText)
+            .has(
+                "text", [](Label& l, const Text& text) { l.setText(text); }, &Label::textU, L"text")
+            .has("alignment", &Label::setAlignment, &Label::alignment,
+                 AlignmentFlag::Right | AlignmentFlag::Bottom)
+            .has("wordWrap", &Label::setWordWrap, &Label::wordWrap, true)
+            .has("selectable", &Label::setSelectable, &Label::isSelectable, true)
+            .has("richText", &Label::setRichText, &Label::isRichText, true)
+            .refersTo("buddy", &Label::setBuddy, &Label::buddy),
+        kind<Bar, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar)
+            .has(
+                "label", [](Bar& b, const Text& text) { b.setLabel(text); }, &Bar::labelU, L"label")
+            .has("orientation", &Bar::setOrientation, &Bar::orientation, Orientation::Vertical)
+            .has("iconSize", &Bar::setIconSize, &Bar::iconSize, {9, 8})
+            .has("style", &Bar::setToolButtonStyle, &Bar::toolButtonStyle,
+                 ToolButtonStyle::TextUnderIcon)
+            .has("minimumVisibleItems", &Bar::setMinimumVisibleItems, &Bar::minimumVisibleItems, 3),
+        kind<Tool, QToolButton, &F::createToolButton2>("ToolButton", QAccessible::Button)
+            .has("popupMode", &Tool::setPopupMode, &Tool::popupMode,
+                 ToolButtonPopupMode::MenuButton)
+            .has("style", &Tool::setToolButtonStyle, &Tool::toolButtonStyle,
+                 ToolButtonStyle::TextUnderIcon)
+            .has("autoRaise", &Tool::setAutoRaise, &Tool::isAutoRaise, true)
+            .refersTo("menu", &Tool::setMenu, &Tool::menu)
+            .refersTo("defaultAction", &Tool::setDefaultAction, &Tool::defaultAction),
+    };
+}
+
+} // namespace
+
+std::vector<Kind> allKinds()
+{
+    std::vector<Kind> all = kernelKinds();
+    for (const std::vector<Kind>& folder : {containerKinds(), controlKinds()})
+        all.insert(all.end(), folder.begin(), folder.end());
+    return all;
+}
+
+} // namespace VOXI
