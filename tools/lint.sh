@@ -36,20 +36,6 @@ check_format() {
     [ -z "$files" ] || { printf '%s\n' "$files" 'run ./dev format'; return 1; }
 }
 
-# no_match PATTERN PATHS...: fails when a tracked or new file has the pattern.
-no_match() {
-    local pattern=$1
-    shift
-    ! git grep --untracked -nIiE "$pattern" -- "$@"
-}
-
-# The tree explains itself: it cites no document from elsewhere, no machine and no server.
-# (Brackets keep the patterns from finding themselves.)
-check_references() {
-    no_match 'specif[i]cation|\bthe sp[e]c\b|\bsp[e]c\.md|\bPart[s]? [0-9]+\.[0-9]+' . &&
-        no_match '/(work|root)/[a-z.]|/tmp/bash[_]jobs|deb\.debian\.org|registry\.npmjs' .
-}
-
 # Text crosses between the toolkit and Qt in one place, so that every peer treats it the same.
 # Bytes (QByteArray) are no text.
 check_text_conversion() {
@@ -114,7 +100,6 @@ check format check_format
 check layers python3 tools/check_layers.py
 check symmetry python3 tools/check_symmetry.py
 check qt-symbols check_qt_symbols
-check references check_references
 check text-conversion check_text_conversion
 check headers check_headers
 check tidy check_tidy
