@@ -132,6 +132,7 @@ void addMessages(const Box& page, EventLog& log)
         if (std::exchange(*busy, true))
             return;
         *worker = std::jthread([&log, owner, here, busy] {
+            const VXObjectDataLocker lock; // given up as soon as `ask` waits
             const MessageAnswer answer = VXMessage2::ask(owner.get(), "May the worker go on?");
             here->post([&log, busy, answer] {
                 *busy = false;

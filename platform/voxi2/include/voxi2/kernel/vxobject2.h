@@ -42,10 +42,12 @@ struct VXObject2Emitters : TROV::EmittersTable<void>
 
 /// The base of all abstract toolkit objects.
 ///
-/// Make objects with `new`; a child belongs to its parent and is deleted with it. `delete` and
-/// `destroy()` mean the same and are allowed on any thread and inside any handler. Objects on the
-/// stack, members and what `std::make_shared` makes are ended with their parent, too, but their
-/// memory stays their owner's: they are dead until he destroys them.
+/// Make objects with `new`; a child belongs to its parent and is deleted with it. `delete` ends an
+/// object on any thread and inside any handler, also one of its own; it must be alive, which on
+/// other threads than the one that ends it a `VXHandle` or the object lock makes sure of.
+/// `destroy()` does the same, but leaves alone what another thread is making. Objects on the stack,
+/// members and what `std::make_shared` makes are only ended, by `destroy()` and with their parent:
+/// their memory stays their owner's, and they are dead until he destroys them.
 ///
 /// All setters may be called from any thread: elsewhere than on the toolkit's own thread they are
 /// queued, and they are in effect for the next getter; getters wait for the answer. Without a peer
@@ -71,9 +73,9 @@ class VOXI2_EXPORT VXObject2 : public VXObject
 public:
     ~VXObject2() override;
 
-    /// Deletes the object and its children; an object that was not made with `new` is only ended.
-    /// Does nothing while that is going on already, which a handler of `destroyed()` may not know,
-    /// or while another thread makes the object.
+    /// Deletes the object and its children; what was not made with `new` is only ended. Does
+    /// nothing while that is going on already, which a handler of `destroyed()` may not know, or
+    /// while another thread makes the object. Children that another thread is making stay alone.
     void destroy();
 
     /// The object that owns this one; null for none.
