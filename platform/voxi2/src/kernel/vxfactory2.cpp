@@ -8,7 +8,6 @@
 #include <atomic>
 #include <map>
 #include <mutex>
-#include <ranges>
 #include <string>
 #include <utility>
 
@@ -71,9 +70,8 @@ void VXFactory2::registerFactory(const StringID& key, VXFactory2* factory)
 void VXFactory2::followBridge()
 {
     m_raising.disconnect();
-    const bool isRegistered =
-        std::ranges::any_of(factories().m_byKey | std::views::values,
-                            [this](const VXFactory2* each) { return each == this; });
+    const bool isRegistered = std::ranges::any_of(
+        factories().m_byKey, [this](const auto& entry) { return entry.second == this; });
     if (!isRegistered || !m_bridge)
         return;
     m_bridge->emitter().connect(
@@ -110,10 +108,7 @@ bool VXFactory2::setCurrent(const StringID& key)
     return true;
 }
 
-VXFactory2::Scope::Scope(StringID key)
-    : m_key(std::move(key)),
-      m_outer(std::exchange(t_scope, this))
-{}
+VXFactory2::Scope::Scope(StringID key) : m_key(key), m_outer(std::exchange(t_scope, this)) {}
 
 VXFactory2::Scope::~Scope() { t_scope = m_outer; }
 
