@@ -46,8 +46,7 @@ void imitateMouse(VXWidget2& widget)
 void addWidget(Kind& kind)
 {
     using W = VXWidget2;
-    kind.has("objectName", &W::setObjectName, &W::objectName, "name")
-        .has(
+    kind.has(
             "toolTip", [](W& w, const Text& text) { w.setToolTip(text); }, &W::toolTipU, L"tip")
         .has("accessibleName", &W::setAccessibleName, &W::accessibleName, L"name")
         .has("accessibleDescription", &W::setAccessibleDescription, &W::accessibleDescription,
