@@ -26,7 +26,6 @@ namespace VOXI {
 namespace {
 
 using F = VXFactory2;
-using Text = std::wstring;
 
 const Icon s_icon = Icon::fromPixmap(Pixmap(4, 4, std::vector<std::uint32_t>(16, 0xff0000ff)));
 
@@ -46,8 +45,7 @@ void imitateMouse(VXWidget2& widget)
 void addWidget(Kind& kind)
 {
     using W = VXWidget2;
-    kind.has(
-            "toolTip", [](W& w, const Text& text) { w.setToolTip(text); }, &W::toolTipU, L"tip")
+    kind.has("toolTip", &W::setToolTip, &W::toolTipU, L"tip")
         .has("accessibleName", &W::setAccessibleName, &W::accessibleName, L"name")
         .has("accessibleDescription", &W::setAccessibleDescription, &W::accessibleDescription,
              L"description")
@@ -90,9 +88,7 @@ void addWidget(Kind& kind)
 void addButton(Kind& kind)
 {
     using B = VXAbstractButton2;
-    kind.has(
-            "label", [](B& b, const Text& text) { b.setLabel(text); }, &B::labelU,
-            L"a long label that asks for room")
+    kind.has("label", &B::setLabel, &B::labelU, L"a long label that asks for room")
         .has("icon", &B::setIcon, &B::icon, s_icon)
         .has("iconSize", &B::setIconSize, &B::iconSize, {9, 8})
         .has("checkable", &B::setCheckable, &B::isCheckable, true)
@@ -109,8 +105,7 @@ void addButton(Kind& kind)
 void addWindow(Kind& kind)
 {
     using W = VXAbstractWindow2;
-    kind.has(
-            "title", [](W& w, const Text& text) { w.setTitle(text); }, &W::titleU, L"title[*]")
+    kind.has("title", &W::setTitle, &W::titleU, L"title[*]")
         .has("icon", &W::setIcon, &W::icon, s_icon)
         .has("modified", &W::setModified, &W::isModified, true)
         .has("windowState", &W::setWindowState, &W::windowState, WindowState::Maximized)
@@ -175,17 +170,13 @@ std::vector<Kind> kernelKinds()
     using D = VXDragDelegate2;
     return {
         kind<A, QAction, &F::createAction2>("Action")
-            .has(
-                "label", [](A& a, const Text& text) { a.setLabel(text); }, &A::labelU, L"label")
+            .has("label", &A::setLabel, &A::labelU, L"label")
             .has("icon", &A::setIcon, &A::icon, s_icon)
             .has("accelerator", &A::setAccelerator, &A::accelerator, "Ctrl+K")
             .has("shortcutContext", &A::setShortcutContext, &A::shortcutContext,
                  ShortcutContext::Application)
-            .has(
-                "toolTip", [](A& a, const Text& text) { a.setToolTip(text); }, &A::toolTipU, L"tip")
-            .has(
-                "statusTip", [](A& a, const Text& text) { a.setStatusTip(text); }, &A::statusTipU,
-                L"status")
+            .has("toolTip", &A::setToolTip, &A::toolTipU, L"tip")
+            .has("statusTip", &A::setStatusTip, &A::statusTipU, L"status")
             .has("checkable", &A::setCheckable, &A::isCheckable, true)
             .has("checked", &A::setChecked, &A::isChecked, true)
             .has("separator", &A::setSeparator, &A::isSeparator, true)
@@ -223,9 +214,7 @@ std::vector<Kind> containerKinds()
             .has("sizeGrip", &Dialog::setSizeGripEnabled, &Dialog::isSizeGripEnabled, true)
             .refersTo("defaultButton", &Dialog::setDefaultButton, &Dialog::defaultButton),
         kind<Dock, QDockWidget, &F::createDockWidget2>("DockWidget", QAccessible::Window)
-            .has(
-                "title", [](Dock& d, const Text& text) { d.setTitle(text); }, &Dock::titleU,
-                L"title")
+            .has("title", &Dock::setTitle, &Dock::titleU, L"title")
             .has("icon", &Dock::setIcon, &Dock::icon, s_icon)
             .has("allowedAreas", &Dock::setAllowedAreas, &Dock::allowedAreas, DockArea::Left)
             .has("features", &Dock::setFeatures, &Dock::features, DockFeature::Closable)
@@ -245,9 +234,7 @@ std::vector<Kind> containerKinds()
             .has("lineWidth", &Frame::setLineWidth, &Frame::lineWidth, 3),
         kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
         kind<Group, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping)
-            .has(
-                "title", [](Group& g, const Text& text) { g.setTitle(text); }, &Group::titleU,
-                L"title")
+            .has("title", &Group::setTitle, &Group::titleU, L"title")
             .has("flat", &Group::setFlat, &Group::isFlat, true),
         kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
         kind<Scroll, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client)
@@ -259,12 +246,9 @@ std::vector<Kind> containerKinds()
                  Orientation::Vertical)
             .reports("handleMoved", &Splitter::handleMoved),
         kind<Tab, QWidget, &F::createTab2>("Tab", QAccessible::Client)
-            .has(
-                "text", [](Tab& t, const Text& text) { t.setText(text); }, &Tab::textU, L"text")
+            .has("text", &Tab::setText, &Tab::textU, L"text")
             .has("icon", &Tab::setIcon, &Tab::icon, s_icon)
-            .has(
-                "tabToolTip", [](Tab& t, const Text& text) { t.setTabToolTip(text); },
-                &Tab::tabToolTipU, L"tip")
+            .has("tabToolTip", &Tab::setTabToolTip, &Tab::tabToolTipU, L"tip")
             .has("textColor", &Tab::setTextColor, &Tab::textColor, Color(1, 2, 3)),
         kind<Tabs, QTabWidget, &F::createTabContainer2>("TabContainer", QAccessible::Client)
             .has("tabPosition", &Tabs::setTabPosition, &Tabs::tabPosition, TabPosition::South)
@@ -277,8 +261,7 @@ std::vector<Kind> containerKinds()
             .reports("tabMoved", &Tabs::tabMoved)
             .reports("tabDoubleClicked", &Tabs::tabDoubleClicked),
         kind<Tip, QWidget, &F::createToolTipWindow2>("ToolTipWindow", QAccessible::ToolTip)
-            .has(
-                "text", [](Tip& t, const Text& text) { t.setText(text); }, &Tip::textU, L"text")
+            .has("text", &Tip::setText, &Tip::textU, L"text")
             .has("richText", &Tip::setRichText, &Tip::isRichText, true)
             .has("icon", &Tip::setIcon, &Tip::icon, s_icon)
             .has("timeout", &Tip::setTimeout, &Tip::timeout, 600000)
@@ -287,7 +270,7 @@ std::vector<Kind> containerKinds()
                                                                      QAccessible::LayeredPane),
         kind<Window, QMainWindow, &F::createWindow2>("Window", QAccessible::Window)
             .has(
-                "statusText", [](Window& w, const Text& text) { w.setStatusText(text); },
+                "statusText", [](Window& w, const std::wstring& text) { w.setStatusText(text); },
                 &Window::statusTextU, L"status")
             .has("statusBarVisible", &Window::setStatusBarVisible, &Window::isStatusBarVisible,
                  true)
@@ -315,8 +298,7 @@ std::vector<Kind> controlKinds()
         kind<VXRadioButton2, QRadioButton, &F::createRadioButton2>("RadioButton",
                                                                    QAccessible::RadioButton),
         kind<Label, QLabel, &F::createText2>("Text", QAccessible::StaticText)
-            .has(
-                "text", [](Label& l, const Text& text) { l.setText(text); }, &Label::textU, L"text")
+            .has("text", &Label::setText, &Label::textU, L"text")
             .has("alignment", &Label::setAlignment, &Label::alignment,
                  AlignmentFlag::Right | AlignmentFlag::Bottom)
             .has("wordWrap", &Label::setWordWrap, &Label::wordWrap, true)
@@ -324,8 +306,7 @@ std::vector<Kind> controlKinds()
             .has("richText", &Label::setRichText, &Label::isRichText, true)
             .refersTo("buddy", &Label::setBuddy, &Label::buddy),
         kind<Bar, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar)
-            .has(
-                "label", [](Bar& b, const Text& text) { b.setLabel(text); }, &Bar::labelU, L"label")
+            .has("label", &Bar::setLabel, &Bar::labelU, L"label")
             .has("orientation", &Bar::setOrientation, &Bar::orientation, Orientation::Vertical)
             .has("iconSize", &Bar::setIconSize, &Bar::iconSize, {9, 8})
             .has("style", &Bar::setToolButtonStyle, &Bar::toolButtonStyle,
