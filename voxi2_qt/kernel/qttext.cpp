@@ -19,6 +19,14 @@ std::u16string_view viewOf(const QString& text)
 
 bool isSurrogate(char16_t unit) { return unit >= FirstSurrogate && unit <= LastSurrogate; }
 
+bool isAscii(std::string_view text)
+{
+    unsigned bits = 0;
+    for (const char character : text)
+        bits |= static_cast<unsigned char>(character);
+    return bits < 0x80;
+}
+
 std::string latin1Of(const QString& text)
 {
     // Qt writes many characters at a time, but into a buffer of its own: that pays for long texts.
@@ -36,10 +44,12 @@ std::string latin1Of(const QString& text)
 } // namespace
 
 // Qt's own reader drops a byte order mark and counts ill-formed sequences in another way than
-// voxi_util; it serves the texts that have neither.
+// voxi_util; it serves the texts that have neither. Most texts need no reader at all.
 QString Detail::qStringFromUtf8(std::string_view text)
 {
     const QUtf8StringView view(text.data(), static_cast<qsizetype>(text.size()));
+    if (isAscii(text))
+        return QString::fromLatin1(view.data(), view.size());
     if (!text.starts_with("\xef\xbb\xbf") && view.isValidUtf8())
         return QString::fromUtf8(view.data(), view.size());
     return toQString(wideFromUtf8(text));
