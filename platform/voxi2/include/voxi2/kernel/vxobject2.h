@@ -26,6 +26,10 @@ consteval std::string_view kindOf()
     return name.substr(0, name.find_first_of("2;]"));
 }
 
+/// Stands once for each class; its objects refer to it.
+template <class Object>
+inline constexpr std::string_view Kind = kindOf<Object>();
+
 } // namespace detail
 
 /// What every peer is asked.
@@ -103,7 +107,7 @@ public:
 
     /// What the object is: "Button", "BoxLayout". A class of the application is the kind that it
     /// derives from; "Object" when that has none. These names stay as they are.
-    std::string_view kind() const noexcept { return m_kind; }
+    std::string_view kind() const noexcept { return m_kind ? *m_kind : "Object"; }
 
     /// Sent with the object's id when it is about to go, while it still can be asked. On other
     /// threads than the one that ends it handlers get only the id, behind all that was sent to them
@@ -163,7 +167,7 @@ protected:
     void createPeer(TROV::Emitter<Signature> VXFactory2::*request, Object* object,
                     Emitters* emitters, const Extra&... extra)
     {
-        m_kind = detail::kindOf<Object>();
+        m_kind = &detail::Kind<Object>;
         const Creation creation(*this);
         if (VXFactory2* factory = factoryForNewObject())
             (factory->*request).emitAndWait(object, emitters, extra...);
@@ -189,7 +193,7 @@ protected:
     template <class Object>
     void finishBuilding(const Object*)
     {
-        m_kind = detail::kindOf<Object>();
+        m_kind = &detail::Kind<Object>;
         finishBuilding();
     }
 
@@ -227,7 +231,7 @@ private:
     bool isAncestorOf(const VXObject2* object) const;
     void releasePeer();
 
-    std::string_view m_kind = "Object";
+    const std::string_view* m_kind = nullptr; // null for what is no kind
 
     // Guarded by the object lock; first the tree of owners.
     VXObject2* m_parent = nullptr;
