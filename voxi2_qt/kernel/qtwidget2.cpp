@@ -137,15 +137,6 @@ void QtWidget2::scheduleDelete()
     QtObject2::scheduleDelete();
 }
 
-void leaveFocusOf(const QWidget& goes)
-{
-    for (const QWidget* outer = goes.parentWidget(); outer; outer = outer->parentWidget()) {
-        QWidget* const inner = outer->focusWidget();
-        if (inner && isWithin(&goes, inner))
-            inner->clearFocus();
-    }
-}
-
 void QtWidget2::leave() { takeOutAlone(asQWidget()); }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -354,6 +345,15 @@ bool QtWidget2::changeWithAction(bool visible)
 QAbstractScrollArea* QtWidget2::scrollArea() const noexcept
 {
     return qobject_cast<QAbstractScrollArea*>(asQWidget());
+}
+
+void leaveFocusOf(const QWidget& goes)
+{
+    for (const QWidget* outer = goes.parentWidget(); outer; outer = outer->parentWidget()) {
+        QWidget* const inner = outer->focusWidget();
+        if (inner && isWithin(&goes, inner))
+            inner->clearFocus();
+    }
 }
 
 } // namespace VOXI

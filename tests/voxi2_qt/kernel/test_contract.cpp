@@ -249,8 +249,7 @@ TEST_P(Contract, goesWithItsQtParentAfterItWasToldToGo)
     EXPECT_TRUE(m_qt.isNull());
 }
 
-// Echoes
-// -------------------------------------------------------------------------------------------
+// Echoes ------------------------------------------------------------------------------------------
 
 /// Notes every event of an object that could be an echo. The pointer that comes to be over a widget
 /// or not, and the focus that leaves it, are news; so is where the window system puts a window.

@@ -256,7 +256,9 @@ TEST_F(WidgetRequests, namesAndState)
 
     m_probe.setObjectName("probe");
     EXPECT_EQ(m_widget->objectName(), QStringLiteral("probe"));
+    m_widget->setObjectName("of the host");
     EXPECT_EQ(m_probe.objectName(), "probe");
+    EXPECT_EQ(m_probe.peerObjectName(), "of the host");
 
     EXPECT_TRUE(m_probe.isEnabled());
     m_window.setEnabled(false);

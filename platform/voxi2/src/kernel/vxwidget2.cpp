@@ -5,8 +5,7 @@ namespace VOXI {
 VXWidget2::VXWidget2(VXObject2* parent) : VXObject2(parent), m_emitters(VXObject2::m_emitters) {}
 VXWidget2::~VXWidget2() { retire(); }
 
-// Showing
-// ------------------------------------------------------------------------------------------
+// Showing -----------------------------------------------------------------------------------------
 
 void VXWidget2::show() { m_emitters.show(); }
 void VXWidget2::hide() { m_emitters.hide(); }
@@ -20,8 +19,7 @@ void VXWidget2::refresh() { m_emitters.refresh(); }
 void VXWidget2::update() { m_emitters.update(); }
 void VXWidget2::setUpdatesEnabled(bool enabled) { m_emitters.setUpdatesEnabled(enabled); }
 
-// Geometry
-// -----------------------------------------------------------------------------------------
+// Geometry ----------------------------------------------------------------------------------------
 
 void VXWidget2::adjustSize() { m_emitters.adjustSize(); }
 void VXWidget2::resize(const Size<int>& size) { m_emitters.resize(size); }
@@ -70,8 +68,7 @@ void VXWidget2::restoreGeometry(const std::string& geometry)
     m_emitters.restoreGeometry(geometry);
 }
 
-// Looks
-// --------------------------------------------------------------------------------------------
+// Looks -------------------------------------------------------------------------------------------
 
 void VXWidget2::setColor(ColorRole role, const Color& color) { m_emitters.setColor(role, color); }
 Color VXWidget2::color(ColorRole role) const { return m_emitters.getColor(role); }
@@ -112,8 +109,7 @@ std::wstring VXWidget2::accessibleDescription() const
     return m_emitters.getAccessibleDescription();
 }
 
-// Input
-// --------------------------------------------------------------------------------------------
+// Input -------------------------------------------------------------------------------------------
 
 void VXWidget2::setEnabled(bool enabled) { m_emitters.setEnabled(enabled); }
 bool VXWidget2::isEnabled() const { return m_emitters.isEnabled(); }
@@ -143,8 +139,7 @@ bool VXWidget2::canAcceptDrops() const { return m_emitters.canAcceptDrops(); }
 void VXWidget2::setDragDelegate(VXDragDelegate2* delegate) { m_emitters.setDragDelegate(delegate); }
 VXDragDelegate2* VXWidget2::dragDelegate() const { return m_emitters.getDragDelegate(); }
 
-// Identity
-// -----------------------------------------------------------------------------------------
+// Identity ----------------------------------------------------------------------------------------
 
 void VXWidget2::setObjectName(const std::string& name)
 {
@@ -152,10 +147,11 @@ void VXWidget2::setObjectName(const std::string& name)
     m_emitters.setObjectName(name);
 }
 
+std::string VXWidget2::peerObjectName() const { return m_emitters.getObjectName(); }
+
 unsigned long long VXWidget2::winId() const { return m_emitters.getWinId(); }
 
-// As if the user had done it
-// -----------------------------------------------------------------------
+// As if the user had done it ----------------------------------------------------------------------
 
 void VXWidget2::imitate(WidgetEvent event) { m_emitters.triggerWidgetEvent(event); }
 

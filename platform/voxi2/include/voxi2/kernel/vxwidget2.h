@@ -118,6 +118,9 @@ public:
     // Identity
     /// The back end's widget gets the name, too.
     void setObjectName(const std::string& name) override;
+    /// What the back end's widget is called: the name given here unless the host has changed it;
+    /// empty without a peer.
+    std::string peerObjectName() const;
     /// The native window behind the widget; asking makes one. 0 without a peer.
     unsigned long long winId() const;
 
