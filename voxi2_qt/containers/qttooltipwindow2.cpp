@@ -55,8 +55,6 @@ QtToolTipWindow2::QtToolTipWindow2(VXToolTipWindow2* object, VXToolTipWindow2Emi
     setAttribute(Qt::WA_ShowWithoutActivating);
     makeFace();
     adoptStyle();
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &QtToolTipWindow2::slotTimeout);
     connect(&m_fading, &QPropertyAnimation::finished, this, &QtToolTipWindow2::finishVanishing);
     connect(&m_anchor, &QtAnchor::moved, this, &QtToolTipWindow2::place);
     connect(&m_anchor, &QtAnchor::gone, this, &QtToolTipWindow2::slotAnchorGone);

@@ -1,6 +1,7 @@
 // The part of QtToolTipWindow2 that is about coming, following the anchor and going.
 
 #include "voxi2_qt/containers/qttooltipwindow2.h"
+#include "voxi2_qt/kernel/qtclock.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QApplication>
@@ -86,13 +87,11 @@ void QtToolTipWindow2::showEvent(QShowEvent* event)
 void QtToolTipWindow2::hideEvent(QHideEvent* event)
 {
     m_anchor.unwatch();
-    m_timer.stop();
+    m_timer.reset();
     m_fading.stop();
     m_isVanishing = false;
     QtWidget2Shim::hideEvent(event);
 }
-
-void QtToolTipWindow2::slotTimeout() { vanish(false); }
 
 void QtToolTipWindow2::slotAnchorGone()
 {
@@ -123,9 +122,10 @@ void QtToolTipWindow2::startTimer()
 {
     const int timeout = m_timeout < 0 ? usualTimeout(text().size()) : m_timeout;
     if (timeout > 0)
-        m_timer.start(timeout);
+        m_timer = QtClock::current().startTimer(std::chrono::milliseconds(timeout),
+                                                [this] { vanish(false); });
     else
-        m_timer.stop();
+        m_timer.reset();
 }
 
 int QtToolTipWindow2::fadeDuration() const
@@ -153,7 +153,7 @@ void QtToolTipWindow2::vanish(bool byProgram)
 {
     m_byProgram = byProgram;
     m_isVanishing = true;
-    m_timer.stop();
+    m_timer.reset();
     if (fadeDuration() > 0)
         fadeTo(0);
     else

@@ -2,6 +2,7 @@
 
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtwindow2.h"
+#include "voxi2_qt/kernel/qtclock.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QStatusBar>
@@ -70,6 +71,7 @@ void QtWindow2::doRemoveStatusWidget(VXWidget2* widget)
 
 void QtWindow2::slotStatusMessageChanged(const QString& message)
 {
+    m_statusTimer.reset();
     if (message.isEmpty() && !m_statusText.isEmpty())
         statusBar()->showMessage(m_statusText);
 }
@@ -86,12 +88,16 @@ void QtWindow2::showEvent(QShowEvent* event)
 
 void QtWindow2::showStatus(const QString& text, int timeout)
 {
+    m_statusTimer.reset();
     if (timeout <= 0)
         m_statusText = text;
     if (!text.isEmpty())
-        ensuredStatusBar()->showMessage(text, timeout);
+        ensuredStatusBar()->showMessage(text);
     else if (QStatusBar* bar = knownStatusBar())
         bar->clearMessage();
+    if (timeout > 0 && !text.isEmpty())
+        m_statusTimer = QtClock::current().startTimer(std::chrono::milliseconds(timeout),
+                                                      [this] { statusBar()->clearMessage(); });
 }
 
 /// Qt's own getter makes one.

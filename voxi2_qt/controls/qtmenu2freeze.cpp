@@ -2,11 +2,11 @@
 // opened from it. The way is a wedge: from where the pointer was to both ends of that menu's edge.
 
 #include "voxi2_qt/controls/qtmenu2.h"
+#include "voxi2_qt/kernel/qtclock.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QTimer>
 
 namespace VOXI {
 
@@ -58,7 +58,7 @@ void QtMenu2::mouseMoveEvent(QMouseEvent* event)
     if (action && action != m_frozenPopup->menuAction())
         startFreezeTimer();
     else
-        stopFreezeTimer();
+        m_freezeTimer.reset();
 }
 
 void QtMenu2::leaveEvent(QEvent*)
@@ -77,7 +77,7 @@ void QtMenu2::setFrozenPopup(QtMenu2* child)
         return;
     m_frozenPopup = child;
     if (!child) {
-        stopFreezeTimer();
+        m_freezeTimer.reset();
         return;
     }
     m_freezeAnchor = QCursor::pos();
@@ -94,7 +94,7 @@ void QtMenu2::setFrozenPopup(QtMenu2* child)
 void QtMenu2::releaseFreeze()
 {
     m_frozenPopup = nullptr;
-    stopFreezeTimer();
+    m_freezeTimer.reset();
 }
 
 void QtMenu2::releaseParent()
@@ -114,21 +114,8 @@ bool QtMenu2::isInWedge(QPoint pointer) const
 
 void QtMenu2::startFreezeTimer()
 {
-    if (!m_freezeTimer) {
-        m_freezeTimer = std::make_unique<QTimer>();
-        m_freezeTimer->setSingleShot(true);
-        m_freezeTimer->setTimerType(Qt::PreciseTimer);
-        QObject::connect(m_freezeTimer.get(), &QTimer::timeout, this, &QtMenu2::onUnfreezeTimer);
-    }
-    m_freezeTimer->start(POPUP_HOLD_TIMEOUT);
-}
-
-void QtMenu2::stopFreezeTimer()
-{
-    if (!m_freezeTimer)
-        return;
-    m_freezeTimer->stop();
-    m_freezeTimer.release()->deleteLater(); // it may be what calls
+    m_freezeTimer = QtClock::current().startTimer(std::chrono::milliseconds(POPUP_HOLD_TIMEOUT),
+                                                  [this] { onUnfreezeTimer(); });
 }
 
 } // namespace VOXI

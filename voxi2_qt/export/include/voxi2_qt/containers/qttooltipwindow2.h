@@ -1,13 +1,13 @@
 #pragma once
 
 #include "voxi2/containers/vxtooltipwindow2.h"
+#include "voxi2/kernel/vxclock2.h"
 #include "voxi2_qt/containers/qtanchor.h"
 #include "voxi2_qt/containers/qtcontainer2.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QPropertyAnimation>
-#include <QTimer>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -64,7 +64,6 @@ protected:
 private Q_SLOTS:
     void place();
     void finishVanishing();
-    void slotTimeout();
     void slotAnchorGone();
 
 private:
@@ -78,7 +77,7 @@ private:
     void vanish(bool byProgram);
 
     QtAnchor m_anchor;
-    QTimer m_timer;
+    std::unique_ptr<VXClock2::Timer> m_timer;
     QPropertyAnimation m_fading;
     QWidget* m_face; // shows text and icon
     QLabel* m_iconLabel;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/vxclock2.h"
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -8,6 +9,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <memory>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -88,7 +90,8 @@ private:
     void placeDock(QtDockWidget2& dock, Function&& function);
     static void remember(Docked& docked, QWidget* widget);
 
-    QString m_statusText; // the one that is shown for good
+    QString m_statusText;                           // the one that is shown for good
+    std::unique_ptr<VXClock2::Timer> m_statusTimer; // of one that is not
     Docked m_dockedBars;
     Docked m_dockedPanes;
     bool m_supportsFocusBlocker = true;

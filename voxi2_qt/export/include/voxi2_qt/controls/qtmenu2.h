@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxmenu2.h"
+#include "voxi2/kernel/vxclock2.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
@@ -10,10 +11,6 @@
 #include <QSize>
 
 #include <memory>
-
-QT_BEGIN_NAMESPACE
-class QTimer;
-QT_END_NAMESPACE
 
 namespace VOXI {
 
@@ -93,7 +90,6 @@ private:
     void releaseParent();
     bool isInWedge(QPoint pointer) const;
     void startFreezeTimer();
-    void stopFreezeTimer();
 
     bool m_isDigMenu = false;
     bool m_digAccessPending = false;
@@ -104,7 +100,7 @@ private:
     QSize m_savedMaximumSize;
     QSize m_savedMinimumSize;
     QPointer<QtMenu2> m_parentDigMenu;
-    std::unique_ptr<QTimer> m_freezeTimer; // only while it runs
+    std::unique_ptr<VXClock2::Timer> m_freezeTimer; // only while it runs
     QPointer<QtMenu2> m_frozenPopup;
     QPoint m_freezeAnchor;
     QPoint m_freezeEdgeA; // from the anchor to the ends of the popup's near edge
