@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtanchor.h"
 
 #include <QEvent>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <utility>
@@ -67,6 +68,14 @@ void QtAnchor::unwatch()
 
 bool QtAnchor::eventFilter(QObject* watched, QEvent* event)
 {
+    // Two that follow each other would run on for ever.
+    if (m_isFollowing)
+        return false;
+    m_isFollowing = true;
+    const auto done = qScopeGuard([self = QPointer(this)] {
+        if (self)
+            self->m_isFollowing = false;
+    });
     switch (event->type()) {
     case QEvent::Hide:
         if (watched == m_widget)

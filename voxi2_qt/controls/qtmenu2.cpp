@@ -93,11 +93,15 @@ public:
           m_outer(m_menu ? outerOf(menu) : nullptr)
     {
         menu.m_isComing = true;
+        if (m_outer)
+            ++m_outer->m_innerComing;
     }
     ~Coming()
     {
         if (m_menu)
             m_menu->m_isComing = false;
+        if (m_outer)
+            --m_outer->m_innerComing;
         if (m_outer && m_outer->m_isHideOpen)
             QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
     }
@@ -263,6 +267,16 @@ std::wstring QtMenu2::doGetTitleU() { return toStdWString(title()); }
 int QtMenu2::doCount() { return static_cast<int>(actions().count()); }
 
 // Reports -----------------------------------------------------------------------------------------
+
+bool QtMenu2::event(QEvent* event)
+{
+    // Nobody sees yet what the input would be for, and it would have Qt let go of the inner menu.
+    if ((m_isComing || m_innerComing > 0)
+        && (event->isInputEvent() || event->type() == QEvent::Timer
+            || event->type() == QEvent::Leave))
+        return true;
+    return QtWidget2Shim::event(event);
+}
 
 void QtMenu2::hideEvent(QHideEvent* event)
 {

@@ -91,6 +91,19 @@ TEST_F(ToolTipWindow, keepsWhatItIsGiven)
     EXPECT_EQ(m_tip->anchor(), nullptr);
 }
 
+TEST_F(ToolTipWindow, twoMayFollowEachOther)
+{
+    VXToolTipWindow2 other;
+    other.setTimeout(0);
+    m_tip->popup(m_anchor);
+    other.popup(m_tip, AnchorSide::Right);
+    m_tip->setAnchor(&other);
+    m_tip->moveTo({5, 5});
+    turn();
+    EXPECT_TRUE(m_tip->isVisible());
+    EXPECT_TRUE(other.isVisible());
+}
+
 TEST_F(ToolTipWindow, isAWindowThatTakesNoFocus)
 {
     m_anchor->setFocus();

@@ -105,6 +105,29 @@ TEST_F(Menus, may_be_hidden_while_they_open_another)
     }
 }
 
+/// A handler's event loop brings them; Qt would write to the sub-menu that it has closed.
+TEST_F(Menus, wait_for_clicks_until_another_has_opened)
+{
+    VXMenu2 menu;
+    VXMenu2 inner;
+    inner.addAction("entry");
+    menu.addMenu("inner", &inner);
+    menu.addAction("other");
+    menu.popup(0, 0);
+    TROV::Listener listener;
+    inner.shown().connect(&listener, [&] {
+        QTest::mouseClick(qt(menu), Qt::LeftButton, {}, {-50, -50});
+        QTest::mouseClick(qt(inner), Qt::LeftButton, {}, {-50, -50});
+        QTest::keyClick(qt(menu), Qt::Key_Down);
+        QTest::keyClick(qt(inner), Qt::Key_Escape);
+    });
+    qt(menu)->setActiveAction(qt(inner)->menuAction());
+    EXPECT_TRUE(qt(inner)->isVisible());
+    QTest::keyClick(qt(inner), Qt::Key_Escape);
+    EXPECT_FALSE(qt(inner)->isVisible());
+    EXPECT_TRUE(qt(menu)->isVisible());
+}
+
 TEST_F(Menus, keep_their_own_actions_alive_when_cleared_until_they_are_destroyed)
 {
     VXMenu2 menu;

@@ -51,6 +51,7 @@ private:
     QRect m_part;
     bool m_isSet = false;
     std::vector<QPointer<QWidget>> m_watched; // the widget and all around it
+    bool m_isFollowing = false;               // a change is being passed on
 };
 
 /// Where a window of that size is placed beside an anchor: on the wanted side, or on the opposite

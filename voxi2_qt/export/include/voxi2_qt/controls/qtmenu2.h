@@ -59,6 +59,7 @@ public:
     void setVisible(bool visible) override;
 
 protected:
+    bool event(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -95,6 +96,7 @@ private:
     bool m_digAccessPending = false;
     bool m_isAboutToShow = false; // Qt shows the menu once the handlers have returned
     bool m_isComing = false;      // Qt is showing the menu
+    int m_innerComing = 0;        // menus that Qt is showing for an entry of this one
     bool m_isHideOpen = false;    // hidden, but Qt does not know yet
     bool m_isShrunk = false;      // to one pixel; its limits are the saved ones
     QSize m_savedMaximumSize;
