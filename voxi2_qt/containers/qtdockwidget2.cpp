@@ -161,6 +161,12 @@ void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
         keepHidden(former, this); // its holder goes
         if (child) {
             takeOut(child);
+            // Qt hides and shows what floats, for another frame.
+            const ProgramScope scope(parentWidget());
+            const std::initializer_list<WidgetEvent> events = {
+                WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize};
+            const QtEventBlocker blocker(*this, events);
+            const QtEventBlocker childBlocker(child, events);
             setTitleBarWidget(new QtDockTitle(this, child));
         }
     });

@@ -161,6 +161,8 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
     turn();
     EXPECT_TRUE(m_dock->isFloating());
     EXPECT_TRUE(qt(*m_dock)->isWindow());
+    m_dock->setTitleBarWidget(new VXPanel2(m_dock));
+    turn();
     m_dock->setFloating(false);
     turn();
     EXPECT_FALSE(m_dock->isFloating());
