@@ -1,6 +1,6 @@
 // Widgets that belong to one object and are shown by another one, which ends.
 
-#include "../kernel/kinds.h"
+#include "holders.h"
 #include "support/waitfor.h"
 #include "support/watchdog.h"
 
@@ -15,121 +15,33 @@
 namespace VOXI {
 namespace {
 
-template <class Holder, class... Arguments>
-Holder* shown(Arguments... arguments)
-{
-    auto* const holder = new Holder(arguments...);
-    holder->show();
-    return holder;
-}
-
-/// A place for a widget; the answer is the object that shows it from then on.
+/// A holder that a widget lies in, or has just been taken out of.
 struct Place
 {
-    const char* m_name;
-    VXObject2* (*m_put)(VXTab2* widget);
+    const Holder& m_kind;
+    bool m_isFormer;
+
+    std::string name() const { return (m_isFormer ? "former " : "") + std::string(m_kind.m_name); }
+    VXWidget2* put(VXTab2* widget) const
+    {
+        VXWidget2* const holder = m_kind.m_make();
+        m_kind.m_put(*holder, widget);
+        if (m_isFormer)
+            m_kind.m_drop(*holder, widget);
+        return holder;
+    }
 };
 
-template <class Layout>
-VXObject2* putIntoLayout(VXTab2* widget)
+std::vector<Place> places()
 {
-    auto* const panel = shown<VXPanel2>();
-    panel->setContentsMargins(VXRect<int>::margins(2, 2, 2, 2)); // a flow has no size at first
-    (new Layout(panel))->addWidget(widget);
-    return panel;
+    std::vector<Place> places;
+    for (const Holder& each : s_holders) {
+        places.push_back({each, false});
+        if (each.m_drop)
+            places.push_back({each, true});
+    }
+    return places;
 }
-
-template <class Holder, auto Put>
-VXObject2* put(VXTab2* widget)
-{
-    auto* const holder = shown<Holder>();
-    (holder->*Put)(widget);
-    return holder;
-}
-
-const Place s_places[] = {
-    {"box", &putIntoLayout<VXBoxLayout2>},
-    {"flow", &putIntoLayout<VXFlowLayout2>},
-    {"grid", &putIntoLayout<VXGridLayout2>},
-    {"splitter",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const splitter = shown<VXSplitter2>();
-         splitter->addWidget(new VXPanel2(splitter));
-         splitter->addWidget(widget);
-         return splitter;
-     }},
-    {"stack",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const stack = shown<VXWidgetStack2>();
-         stack->addWidget(widget);
-         stack->addWidget(new VXPanel2(stack));
-         return stack;
-     }},
-    {"hidden page",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const stack = shown<VXWidgetStack2>();
-         stack->addWidget(new VXPanel2(stack));
-         stack->addWidget(widget);
-         return stack;
-     }},
-    {"tabs", &put<VXTabContainer2, &VXTabContainer2::addTab>},
-    {"scroll view", &put<VXScrollView2, &VXScrollView2::setWidget>},
-    {"dock", &put<VXDockWidget2, &VXDockWidget2::setWidget>},
-    {"dock's title", &put<VXDockWidget2, &VXDockWidget2::setTitleBarWidget>},
-    {"docked pane",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const window = shown<VXWindow2>();
-         auto* const dock = new VXDockWidget2(window);
-         dock->setWidget(widget);
-         window->addDockWidget(dock);
-         return window;
-     }},
-    {"former content",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const dock = new VXDockWidget2;
-         dock->setWidget(widget);
-         dock->setWidget(nullptr);
-         return dock;
-     }},
-    {"former title",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const dock = new VXDockWidget2;
-         dock->setTitleBarWidget(widget);
-         dock->setTitleBarWidget(nullptr);
-         return dock;
-     }},
-    {"centre", &put<VXWindow2, &VXWindow2::setCentralWidget>},
-    {"former centre",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const window = shown<VXWindow2>();
-         window->setCentralWidget(widget);
-         window->setCentralWidget(nullptr);
-         return window;
-     }},
-    {"status bar",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const window = shown<VXWindow2>();
-         window->addStatusWidget(widget);
-         return window;
-     }},
-    {"former status widget",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const window = shown<VXWindow2>();
-         window->addStatusWidget(widget);
-         window->removeStatusWidget(widget);
-         return window;
-     }},
-    {"tabs in a pane in a window",
-     [](VXTab2* widget) -> VXObject2* {
-         auto* const window = shown<VXWindow2>();
-         auto* const dock = new VXDockWidget2(window);
-         auto* const tabs = new VXTabContainer2(window);
-         dock->setWidget(tabs);
-         window->addDockWidget(dock);
-         tabs->addTab(widget);
-         return window;
-     }},
-};
 
 struct End
 {
@@ -171,13 +83,13 @@ protected:
 
 TEST_F(OtherOwners, liveOnWhenWhatShowsThemEnds)
 {
-    for (const Place& place : s_places) {
+    for (const Place& place : places()) {
         for (const End& end : s_ends) {
-            SCOPED_TRACE(std::string(place.m_name) + ", " + end.m_name);
+            SCOPED_TRACE(place.name() + ", " + end.m_name);
             VXPanel2 owner;
             auto* const widget = new VXTab2(&owner);
             auto* const inside = new VXButton2(widget);
-            VXObject2* const holder = place.m_put(widget);
+            VXObject2* const holder = place.put(widget);
             turn();
             Log hidden(widget->hidden());
             end.m_end(holder);
@@ -204,11 +116,11 @@ TEST_F(OtherOwners, liveOnWhenWhatShowsThemEnds)
 
 TEST_F(OtherOwners, standAloneAsSoonAsTheContainerIsDestroyed)
 {
-    for (const Place& place : s_places) {
-        SCOPED_TRACE(place.m_name);
+    for (const Place& place : places()) {
+        SCOPED_TRACE(place.name());
         VXPanel2 owner;
         auto* const widget = new VXTab2(&owner);
-        delete place.m_put(widget);
+        delete place.put(widget);
         turn();
         expectAlone(*widget); // also where it has not come into sight yet
         widget->show();
@@ -227,7 +139,8 @@ TEST_F(OtherOwners, barsAndPanesOutliveTheirWindow)
         auto* const docked = new VXDockWidget2(&owner);
         auto* const floating = new VXDockWidget2(&owner);
         auto* const removed = new VXDockWidget2(&owner);
-        auto* const window = shown<VXWindow2>();
+        auto* const window = new VXWindow2;
+        window->show();
         const auto place = [&](VXWindow2& target) {
             target.setMenuBar(menus);
             target.addToolBar(tools);
@@ -286,8 +199,8 @@ TEST_F(OtherOwners, whatTheProgramHasHiddenStaysSo)
 {
     VXPanel2 owner;
     VXButton2 widget(&owner);
-    VXObject2* const holder = shown<VXPanel2>();
-    (new VXBoxLayout2(static_cast<VXWidget2*>(holder)))->addWidget(&widget);
+    VXWidget2* const holder = shown<VXPanel2>();
+    (new VXBoxLayout2(holder))->addWidget(&widget);
     widget.hide();
     delete holder;
     VXPanel2 other;
