@@ -256,21 +256,5 @@ TEST_F(FlowOfWidgets, itemsMayGoWhileItPlacesThem)
     EXPECT_EQ(place(0), (VXPoint<int>{10, 10}));
 }
 
-TEST_F(FlowOfWidgets, movesToAnotherWidgetAndEndsWithItsItemsInIt)
-{
-    VXPanel2 other;
-    m_layout->setParent(&other);
-    EXPECT_EQ(qt(*m_panel)->layout(), nullptr);
-    EXPECT_EQ(m_buttons[0]->peerParent(), &other);
-    EXPECT_EQ(qt(other)->layout()->count(), 3);
-    delete m_buttons[1]; // its owner is still the panel
-    runDeletions();
-    EXPECT_EQ(qt(other)->layout()->count(), 2);
-    delete m_layout;
-    runDeletions();
-    EXPECT_EQ(qt(other)->layout(), nullptr);
-    EXPECT_EQ(m_buttons[0]->peerParent(), &other);
-}
-
 } // namespace
 } // namespace VOXI

@@ -52,12 +52,16 @@ TYPED_TEST(ManyItems, areLaidOutAndMayGoOrMove)
     EXPECT_EQ(qtLayout->count(), Items / 2);
 
     layout->setParent(&this->m_other);
-    EXPECT_EQ(qt(*items[1])->parentWidget(), qt(this->m_other));
+    EXPECT_EQ(items[1]->peerParent(), &this->m_other);
     EXPECT_EQ(qt(this->m_panel)->layout(), nullptr);
+    delete items[3]; // its owner is still the panel
+    runDeletions();
+    EXPECT_EQ(qtLayout->count(), Items / 2 - 1);
 
     delete layout; // with all its items
     runDeletions();
-    EXPECT_EQ(qt(*items[1])->parentWidget(), qt(this->m_other));
+    EXPECT_EQ(qt(this->m_other)->layout(), nullptr);
+    EXPECT_EQ(items[1]->peerParent(), &this->m_other);
     EXPECT_EQ(items.back()->text(), "Item");
 }
 

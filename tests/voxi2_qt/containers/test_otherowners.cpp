@@ -160,6 +160,8 @@ TEST_F(OtherOwners, barsAndPanesOutliveTheirWindow)
         for (VXWidget2* each :
              std::initializer_list<VXWidget2*>{menus, tools, docked, floating, removed})
             expectAlone(*each);
+        docked->setFloating(true);
+        EXPECT_FALSE(docked->isFloating());
         if (end.m_objectRemains)
             delete window;
 

