@@ -17,18 +17,12 @@ namespace {
 class BoxLayout : public ::testing::Test
 {
 protected:
-    ~BoxLayout() override
-    {
-        delete m_panel;
-        runDeletions();
-    }
+    QBoxLayout* qtLayout() const { return qobject_cast<QBoxLayout*>(qt(m_panel)->layout()); }
 
-    QBoxLayout* qtLayout() const { return qobject_cast<QBoxLayout*>(qt(*m_panel)->layout()); }
-
-    VXPanel2* m_panel = new VXPanel2;
-    VXBoxLayout2* m_layout = new VXBoxLayout2(m_panel, Direction::LeftToRight);
-    VXText2* m_first = new VXText2(m_panel);
-    VXText2* m_second = new VXText2(m_panel);
+    VXPanel2 m_panel;
+    VXBoxLayout2* m_layout = new VXBoxLayout2(&m_panel, Direction::LeftToRight);
+    VXText2* m_first = new VXText2(&m_panel);
+    VXText2* m_second = new VXText2(&m_panel);
 };
 
 TEST_F(BoxLayout, goesInTheDirectionItWasMadeWith)
@@ -56,7 +50,7 @@ TEST_F(BoxLayout, placesWidgetsWhereTheyAreToGo)
     EXPECT_EQ(qtLayout()->stretch(0), 5);
     m_layout->removeWidget(m_first);
     EXPECT_EQ(qtLayout()->count(), 1);
-    EXPECT_EQ(qt(*m_first)->parentWidget(), qt(*m_panel)) << "it stays where it is";
+    EXPECT_EQ(qt(*m_first)->parentWidget(), qt(m_panel)) << "it stays where it is";
     m_layout->addWidget(m_first, 1);
     m_layout->insertWidget(m_second, 2); // which is beyond the end without it
     ASSERT_EQ(qtLayout()->count(), 2);
@@ -90,10 +84,10 @@ TEST_F(BoxLayout, spacersAreFixedOrGrow)
 
 TEST_F(BoxLayout, laysOutAtOnceOrWhenTheProgramIsIdle)
 {
-    m_panel->resize({200, 50});
+    m_panel.resize({200, 50});
     m_layout->setMargins({});
     m_layout->addWidget(m_first);
-    m_panel->show();
+    m_panel.show();
     m_first->setMinimumSize({150, 20});
     m_layout->refresh();
     EXPECT_GE(m_first->position().width, 150);
@@ -118,9 +112,9 @@ TEST_F(BoxLayout, staysWhereItIsIfItCannotMove)
          std::initializer_list<VXObject2*>{&other, m_first, &noWidget, dead, nullptr}) {
         m_layout->setParent(parent);
         static_cast<VXObject2*>(m_layout)->setParent(parent);
-        EXPECT_EQ(m_layout->parent(), m_panel);
-        EXPECT_EQ(m_layout->peerParent(), m_panel);
-        EXPECT_EQ(m_first->peerParent(), m_panel);
+        EXPECT_EQ(m_layout->parent(), &m_panel);
+        EXPECT_EQ(m_layout->peerParent(), &m_panel);
+        EXPECT_EQ(m_first->peerParent(), &m_panel);
     }
     EXPECT_EQ(qt(other)->layout(), qObjectOf(lookup(&present)));
 }
@@ -130,7 +124,7 @@ TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
     VXPanel2 other; // which will own it
     VXBoxLayout2& alone = *new VXBoxLayout2;
     QLayout* const qtAlone = QtLayout2::asQLayout(lookup(&alone));
-    auto* brief = new VXText2(m_panel);
+    auto* brief = new VXText2(&m_panel);
     alone.addWidget(brief);
     alone.addWidget(m_first);
     alone.addWidget(m_second, 1);
@@ -143,13 +137,13 @@ TEST_F(BoxLayout, aloneItKnowsItsItemsAsWell)
     alone.removeWidget(m_second);
     alone.setParent(&other);
     EXPECT_EQ(m_first->peerParent(), &other);
-    EXPECT_EQ(m_second->peerParent(), m_panel);
+    EXPECT_EQ(m_second->peerParent(), &m_panel);
 }
 
 TEST_F(BoxLayout, holdsALayout)
 {
-    m_panel->show();
-    auto* const line = new VXBoxLayout2(m_panel); // which has a layout
+    m_panel.show();
+    auto* const line = new VXBoxLayout2(&m_panel); // which has a layout
     VXPanel2 elsewhere;
     m_first->setParent(&elsewhere);
     line->addWidget(m_first);
@@ -160,7 +154,7 @@ TEST_F(BoxLayout, holdsALayout)
     EXPECT_EQ(qtLayout()->stretch(1), 2);
     EXPECT_EQ(line->parent(), m_layout);
     EXPECT_EQ(line->peerParent(), m_layout);
-    EXPECT_EQ(m_first->peerParent(), m_panel);
+    EXPECT_EQ(m_first->peerParent(), &m_panel);
     turn();
     EXPECT_TRUE(m_first->isVisible());
     EXPECT_GT(qt(*m_first)->x(), qt(*m_second)->x());
@@ -199,7 +193,7 @@ TEST_F(BoxLayout, layoutsInLayoutsEndInAnyOrder)
         EXPECT_EQ(qtOuter->count(), 0);
 
         auto* const inner = new VXBoxLayout2;
-        auto* const brief = new VXText2(m_panel);
+        auto* const brief = new VXText2(&m_panel);
         inner->addWidget(m_first);
         inner->addWidget(brief);
         outer->addLayout(inner);
@@ -210,7 +204,7 @@ TEST_F(BoxLayout, layoutsInLayoutsEndInAnyOrder)
         EXPECT_FALSE(VXObject::isObjectValid(inner));
         runDeletions();
         EXPECT_TRUE(qtOuter.isNull());
-        EXPECT_EQ(qt(*m_first)->parentWidget(), qt(*m_panel));
+        EXPECT_EQ(qt(*m_first)->parentWidget(), qt(m_panel));
     }
 }
 
@@ -222,7 +216,7 @@ TEST_F(BoxLayout, refusesLayoutsThatCannotLieInIt)
     delete dead;
     // The widget around would come to lie in itself.
     VXPanel2 outside;
-    m_panel->setParent(&outside);
+    m_panel.setParent(&outside);
     VXBoxLayout2 around;
     VXBoxLayout2 deeper;
     deeper.addWidget(&outside);
@@ -233,11 +227,11 @@ TEST_F(BoxLayout, refusesLayoutsThatCannotLieInIt)
     EXPECT_EQ(qtLayout()->count(), 0);
     EXPECT_EQ(filling.parent(), &other);
     EXPECT_EQ(around.parent(), nullptr);
-    around.setParent(m_panel);
+    around.setParent(&m_panel);
     EXPECT_EQ(around.parent(), nullptr);
     deeper.addLayout(&around);
     EXPECT_EQ(around.parent(), nullptr);
-    m_panel->setParent(nullptr);
+    m_panel.setParent(nullptr);
 }
 
 } // namespace

@@ -122,34 +122,16 @@ TEST_F(RealDialog, fileIsChosenByTheKeyboard)
         ASSERT_TRUE(waitFor([&] { return edit->text() == QLatin1String(name); }, Patience));
         press("Return");
     };
-    const auto answer = [&](const char* key) {
-        ASSERT_TRUE(waitFor([] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); },
-                            Patience));
-        press(key);
-    };
     soon([&] {
         enter("not-there.txt");
-        answer("Return");
+        ASSERT_TRUE(waitFor([] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); },
+                            Patience));
+        press("Return");
         enter("there.txt");
     });
     EXPECT_EQ(dialog.exec(), VXFileDialog2::Accepted);
-    ASSERT_EQ(chosen.count(), 1);
-    EXPECT_EQ(chosen.last().files().front(), directory / "there.txt");
+    EXPECT_EQ(chosen.only().files().front(), directory / "there.txt");
     EXPECT_EQ(chosen.last().files().size(), 1u);
-
-    dialog.setMode(FileDialogMode::SaveFile);
-    dialog.setDefaultSuffix(L"txt");
-    soon([&] {
-        enter("there");
-        answer("Escape");
-        enter("there");
-        answer("Return"); // which says no
-        enter("there");
-        answer("alt+y");
-    });
-    EXPECT_EQ(dialog.exec(), VXFileDialog2::Accepted);
-    EXPECT_EQ(chosen.count(), 2);
-    EXPECT_EQ(dialog.selectedFiles().front(), directory / "there.txt");
 }
 
 } // namespace

@@ -193,26 +193,20 @@ protected:
     FlowOfWidgets()
     {
         m_layout->setSpacing(5);
-        m_panel->setContentsMargins(VXRect<int>::margins(1, 1, 1, 1));
+        m_panel.setContentsMargins(VXRect<int>::margins(1, 1, 1, 1));
         for (VXButton2*& button : m_buttons) {
-            button = new VXButton2(m_panel);
+            button = new VXButton2(&m_panel);
             button->setFixedSize({40, 20});
             m_layout->addWidget(button);
         }
-        m_panel->resize({100, 100});
-        m_panel->show();
+        m_panel.resize({100, 100});
+        m_panel.show();
         turn();
     }
-    ~FlowOfWidgets() override
-    {
-        delete m_panel;
-        runDeletions();
-    }
-
     VXPoint<int> place(std::size_t i) const { return m_buttons[i]->position().topLeft(); }
 
-    VXPanel2* m_panel = new VXPanel2;
-    VXFlowLayout2* m_layout = new VXFlowLayout2(m_panel);
+    VXPanel2 m_panel;
+    VXFlowLayout2* m_layout = new VXFlowLayout2(&m_panel);
     std::array<VXButton2*, 3> m_buttons{};
 };
 
@@ -220,7 +214,7 @@ TEST_F(FlowOfWidgets, wrapsThemAgainWhenItIsResizedOrTheyGo)
 {
     EXPECT_EQ(place(1), (VXPoint<int>{46, 1}));
     EXPECT_EQ(place(2), (VXPoint<int>{1, 26}));
-    m_panel->resize({200, 100});
+    m_panel.resize({200, 100});
     EXPECT_EQ(place(2), (VXPoint<int>{91, 1}));
     delete m_buttons[0];
     runDeletions();
@@ -229,7 +223,7 @@ TEST_F(FlowOfWidgets, wrapsThemAgainWhenItIsResizedOrTheyGo)
     m_layout->removeWidget(m_buttons[1]);
     m_layout->refresh();
     EXPECT_EQ(place(2), (VXPoint<int>{1, 1}));
-    EXPECT_EQ(m_buttons[1]->peerParent(), m_panel) << "it stays where it is";
+    EXPECT_EQ(m_buttons[1]->peerParent(), &m_panel) << "it stays where it is";
     constexpr int huge = std::numeric_limits<int>::max();
     m_layout->setSpacing(huge);
     m_layout->addSpacer({huge, huge}, false);
@@ -248,11 +242,11 @@ TEST_F(FlowOfWidgets, itemsMayGoWhileItPlacesThem)
         delete std::exchange(m_buttons[1], nullptr);
         runDeletions();
     });
-    qt(*m_panel)->setContentsMargins(10, 10, 10, 10);
+    qt(m_panel)->setContentsMargins(10, 10, 10, 10);
     m_layout->refresh();
     turn();
     EXPECT_EQ(calls, 1);
-    EXPECT_EQ(qt(*m_panel)->layout()->count(), 1);
+    EXPECT_EQ(qt(m_panel)->layout()->count(), 1);
     EXPECT_EQ(place(0), (VXPoint<int>{10, 10}));
 }
 

@@ -18,13 +18,7 @@ using Cell = VXRect<int>;
 class GridLayout : public testing::Test
 {
 protected:
-    ~GridLayout() override
-    {
-        delete m_panel;
-        runDeletions();
-    }
-
-    QGridLayout* qtLayout() const { return qobject_cast<QGridLayout*>(qt(*m_panel)->layout()); }
+    QGridLayout* qtLayout() const { return qobject_cast<QGridLayout*>(qt(m_panel)->layout()); }
 
     Cell cellOf(int index) const
     {
@@ -33,11 +27,11 @@ protected:
         return cell;
     }
 
-    VXPanel2* m_panel = new VXPanel2;
-    VXGridLayout2* m_layout = new VXGridLayout2(m_panel);
-    VXText2* m_first = new VXText2(m_panel);
-    VXText2* m_second = new VXText2(m_panel);
-    VXText2* m_third = new VXText2(m_panel);
+    VXPanel2 m_panel;
+    VXGridLayout2* m_layout = new VXGridLayout2(&m_panel);
+    VXText2* m_first = new VXText2(&m_panel);
+    VXText2* m_second = new VXText2(&m_panel);
+    VXText2* m_third = new VXText2(&m_panel);
 };
 
 TEST_F(GridLayout, putsWidgetsIntoCells)
@@ -105,7 +99,7 @@ TEST_F(GridLayout, ignoresWhatIsNoCell)
     m_layout->setStretchFactors({}, std::vector<int>(1000, 1));
     EXPECT_EQ(qtLayout()->rowCount(), 1'000'000);
     EXPECT_EQ(qtLayout()->columnCount(), 10);
-    m_panel->show();
+    m_panel.show();
     m_layout->addWidget(nullptr, 0, 0);
     VXFactory2::current()->destroyObject(m_first->id());
     m_layout->addWidget(m_first, 0, 0); // has no peer any more

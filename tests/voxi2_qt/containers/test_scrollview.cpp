@@ -15,13 +15,7 @@ namespace {
 class ScrollView : public testing::Test
 {
 protected:
-    ~ScrollView() override
-    {
-        delete m_view;
-        runDeletions();
-    }
-
-    QScrollArea* qtView() const { return static_cast<QScrollArea*>(qt(*m_view)); }
+    QScrollArea* qtView() const { return static_cast<QScrollArea*>(qt(m_view)); }
     VXPoint<int> offset() const
     {
         return {qtView()->horizontalScrollBar()->value(), qtView()->verticalScrollBar()->value()};
@@ -31,14 +25,14 @@ protected:
     void showPage()
     {
         m_page->setMinimumSize({500, 400});
-        m_view->setWidget(m_page);
-        m_view->resize({100, 100});
-        m_view->show();
+        m_view.setWidget(m_page);
+        m_view.resize({100, 100});
+        m_view.show();
         turn();
     }
 
     VXPanel2 m_owner;
-    VXScrollView2* m_view = new VXScrollView2;
+    VXScrollView2 m_view;
     VXPanel2* m_page = new VXPanel2(&m_owner);
 };
 
@@ -46,15 +40,15 @@ TEST_F(ScrollView, hasNoFrameAndNoWidgetAtFirst)
 {
     EXPECT_EQ(qtView()->frameShape(), QFrame::NoFrame);
     EXPECT_EQ(qtView()->frameShadow(), QFrame::Plain);
-    m_view->ensurePointVisible({10, 10});
-    m_view->ensureWidgetVisible(m_page);
-    m_view->scrollBy({1, 1});
-    m_view->setWidget(nullptr);
-    m_view->setWidget(m_view);
-    EXPECT_EQ(m_view->widget(), nullptr);
-    EXPECT_FALSE(m_view->isWidgetResizable());
+    m_view.ensurePointVisible({10, 10});
+    m_view.ensureWidgetVisible(m_page);
+    m_view.scrollBy({1, 1});
+    m_view.setWidget(nullptr);
+    m_view.setWidget(&m_view);
+    EXPECT_EQ(m_view.widget(), nullptr);
+    EXPECT_FALSE(m_view.isWidgetResizable());
     qtView()->setWidget(new QWidget);
-    EXPECT_EQ(m_view->widget(), nullptr) << "that is no peer";
+    EXPECT_EQ(m_view.widget(), nullptr) << "that is no peer";
 }
 
 TEST_F(ScrollView, letsItsWidgetGoElsewhere)
@@ -63,15 +57,15 @@ TEST_F(ScrollView, letsItsWidgetGoElsewhere)
     VXScrollView2 other(&m_owner);
     other.setWidget(m_page);
     other.resize({700, 600});
-    m_view->resize({200, 200});
+    m_view.resize({200, 200});
     m_owner.show();
     turn();
     EXPECT_EQ(qt(*m_page)->size(), static_cast<QScrollArea*>(qt(other))->viewport()->size());
     auto* neverShown = new VXPanel2(&m_owner);
-    m_view->hide();
-    m_view->setWidget(neverShown);
+    m_view.hide();
+    m_view.setWidget(neverShown);
     (new VXBoxLayout2(m_page))->addWidget(neverShown);
-    EXPECT_EQ(m_view->widget(), nullptr);
+    EXPECT_EQ(m_view.widget(), nullptr);
     EXPECT_EQ(neverShown->peerParent(), m_page);
 }
 
@@ -80,38 +74,38 @@ TEST_F(ScrollView, itsWidgetGrowsWithItButNotBelowItsHint)
     auto* layout = new VXBoxLayout2(m_page);
     layout->setMargins({});
     layout->addSpacer({300, 80}, false);
-    m_view->setWidget(m_page);
-    EXPECT_TRUE(m_view->isWidgetResizable());
+    m_view.setWidget(m_page);
+    EXPECT_TRUE(m_view.isWidgetResizable());
     EXPECT_EQ(qt(*m_page)->sizePolicy(), QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum));
-    m_view->resize({500, 200});
-    m_view->show();
+    m_view.resize({500, 200});
+    m_view.show();
     turn();
     EXPECT_EQ(m_page->position().size(), (Size<int>{500, 200}));
     EXPECT_FALSE(qtView()->horizontalScrollBar()->isVisible());
-    m_view->resize({100, 200});
+    m_view.resize({100, 200});
     turn();
     EXPECT_EQ(m_page->position().width, 300);
     EXPECT_TRUE(qtView()->horizontalScrollBar()->isVisible());
 
-    m_view->setWidgetResizable(false);
+    m_view.setWidgetResizable(false);
     m_page->resize({50, 60});
     turn();
     EXPECT_EQ(m_page->position().size(), (Size<int>{50, 60}));
-    m_view->setWidget(m_page);
-    EXPECT_TRUE(m_view->isWidgetResizable());
+    m_view.setWidget(m_page);
+    EXPECT_TRUE(m_view.isWidgetResizable());
 }
 
 TEST_F(ScrollView, scrollsByAndStopsAtTheEnds)
 {
     showPage();
-    m_view->scrollBy({10, 20});
+    m_view.scrollBy({10, 20});
     EXPECT_EQ(offset(), (VXPoint<int>{10, 20}));
-    m_view->scrollBy({10, -5});
+    m_view.scrollBy({10, -5});
     EXPECT_EQ(offset(), (VXPoint<int>{20, 15}));
     constexpr int far = std::numeric_limits<int>::max();
-    m_view->scrollBy({-100, far});
+    m_view.scrollBy({-100, far});
     EXPECT_EQ(offset(), (VXPoint<int>{0, qtView()->verticalScrollBar()->maximum()}));
-    m_view->scrollBy({far, -far});
+    m_view.scrollBy({far, -far});
     EXPECT_EQ(offset(), (VXPoint<int>{qtView()->horizontalScrollBar()->maximum(), 0}));
 }
 
@@ -122,14 +116,14 @@ TEST_F(ScrollView, bringsPointsAndWidgetsIntoView)
     showPage();
     const int width = qtView()->viewport()->width();
     const int height = qtView()->viewport()->height();
-    m_view->ensurePointVisible({200, 150}, 5, 6);
+    m_view.ensurePointVisible({200, 150}, 5, 6);
     EXPECT_EQ(offset(), (VXPoint<int>{200 - width + 5, 150 - height + 6}));
-    m_view->ensureWidgetVisible(inner, 1, 2);
+    m_view.ensureWidgetVisible(inner, 1, 2);
     EXPECT_EQ(offset(), (VXPoint<int>{320 - width + 1, 270 - height + 2}));
     const VXPoint<int> before = offset();
     VXPanel2 other;
-    m_view->ensureWidgetVisible(&other);
-    m_view->ensureWidgetVisible(nullptr);
+    m_view.ensureWidgetVisible(&other);
+    m_view.ensureWidgetVisible(nullptr);
     EXPECT_EQ(offset(), before);
 }
 

@@ -89,7 +89,11 @@ TEST_F(Tabs, standInTheirOrder)
     m_container->insertTab(m_first, 1);
     EXPECT_EQ(qtTabs()->indexOf(qt(*m_first)), 1);
     m_container->removeTab(m_first);
-    EXPECT_EQ(m_container->indexOf(m_first), -1);
+    for (VXTab2* const none : {m_first, static_cast<VXTab2*>(nullptr)}) {
+        m_container->removeTab(none);
+        m_container->setCurrentTab(none);
+        EXPECT_EQ(m_container->indexOf(none), -1);
+    }
     EXPECT_EQ(m_first->container(), nullptr);
 }
 
@@ -153,29 +157,13 @@ TEST_F(Tabs, scrollButtonsAreSetAndAnswered)
     EXPECT_FALSE(qtTabs()->usesScrollButtons() || m_container->hasScrollButtons());
 }
 
-TEST_F(Tabs, ignoresWhatItCannotTake)
-{
-    VXTab2* const dead = m_third;
-    delete m_third;
-    m_other->addTab(m_second);
-    m_container->addTab(m_first);
-    for (VXTab2* tab : {static_cast<VXTab2*>(nullptr), dead, m_second}) {
-        m_container->removeTab(tab);
-        m_container->setCurrentTab(tab);
-        EXPECT_EQ(m_container->indexOf(tab), -1);
-    }
-    EXPECT_EQ(m_container->currentTab(), m_first);
-    EXPECT_EQ(m_other->currentTab(), m_second);
-}
-
 TEST_F(Tabs, theUserChoosesByMouseAndKeys)
 {
     show();
     Log changes(m_container->currentTabChanged());
     click(m_third);
     EXPECT_EQ(m_container->currentTab(), m_third);
-    ASSERT_EQ(changes.count(), 1);
-    EXPECT_EQ(changes.last().tab(), m_third);
+    EXPECT_EQ(changes.only().tab(), m_third);
     EXPECT_EQ(changes.last().container(), m_container);
     click(m_third);
     EXPECT_EQ(changes.count(), 1);
@@ -193,8 +181,7 @@ TEST_F(Tabs, theUserChoosesByMouseAndKeys)
     EXPECT_EQ(changes.last().tab(), m_third);
     Log doubleClicks(m_container->tabDoubleClicked());
     QTest::mouseDClick(bar(), Qt::LeftButton, {}, onTab(m_first));
-    ASSERT_EQ(doubleClicks.count(), 1);
-    EXPECT_EQ(doubleClicks.last().tab(), m_first);
+    EXPECT_EQ(doubleClicks.only().tab(), m_first);
 }
 
 TEST_F(Tabs, aTabThatTheProgramHasLeftMeanwhileIsNotReported)
@@ -319,8 +306,7 @@ TEST_F(Tabs, closingIsTheProgramsDecision)
     m_container->setTabsClosable(true);
     Log requests(m_container->tabCloseRequested());
     clickCloseButton(m_second);
-    ASSERT_EQ(requests.count(), 1);
-    EXPECT_EQ(requests.last().tab(), m_second);
+    EXPECT_EQ(requests.only().tab(), m_second);
     EXPECT_EQ(m_container->count(), 3);
 
     // In its own handler a tab may be taken out, or end.
@@ -341,29 +327,11 @@ TEST_F(Tabs, closingIsTheProgramsDecision)
     EXPECT_NE(lookup(m_second), nullptr);
 }
 
-TEST_F(Tabs, aDragIsReportedOnceItIsOver)
+TEST_F(Tabs, aDragThatLeadsElsewhereIsReportedOnceItIsOver)
 {
     show();
     m_container->setMovable(true);
     Log changes(m_container->currentTabChanged());
-    Log moves(m_container->tabMoved());
-    drag(m_first, 2);
-    EXPECT_TRUE(moves.isEmpty());
-    drop();
-    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_second, m_third, m_first}));
-    ASSERT_EQ(moves.count(), 1);
-    EXPECT_EQ(moves.last().tab(), m_first);
-    EXPECT_EQ(moves.last().from(), 0);
-    EXPECT_EQ(moves.last().to(), 2);
-    EXPECT_TRUE(changes.isEmpty()) << "the same tab is current";
-    click(m_first);
-    EXPECT_EQ(moves.count(), 1) << "nothing was moved";
-}
-
-TEST_F(Tabs, onlyADragThatLeadsElsewhereIsReported)
-{
-    show();
-    m_container->setMovable(true);
     Log moves(m_container->tabMoved());
     const QPoint start = onTab(m_first);
     drag(m_first, 1);
@@ -372,15 +340,18 @@ TEST_F(Tabs, onlyADragThatLeadsElsewhereIsReported)
     EXPECT_EQ(m_container->indexOf(m_first), 0);
     EXPECT_TRUE(moves.isEmpty()) << "there and back";
 
-    drag(m_first, 1);
+    drag(m_first, 2);
     QTest::mousePress(bar(), Qt::RightButton, {}, onTab(m_third));
     QTest::mouseRelease(bar(), Qt::RightButton, {}, onTab(m_third));
     EXPECT_TRUE(moves.isEmpty()) << "the left button is still down";
     drop();
-    ASSERT_EQ(moves.count(), 1);
-    EXPECT_EQ(moves.last().tab(), m_first);
+    EXPECT_EQ(m_container->tabs(), (std::vector<VXTab2*>{m_second, m_third, m_first}));
+    EXPECT_EQ(moves.only().tab(), m_first);
+    EXPECT_EQ(moves.last().from(), 0);
+    EXPECT_EQ(moves.last().to(), 2);
+    EXPECT_TRUE(changes.isEmpty()) << "the same tab is current";
 
-    drag(m_first, 1); // and the release is lost
+    drag(m_first, -1); // and the release is lost
     click(m_second);
     EXPECT_EQ(moves.count(), 1) << "of that tab nothing was dragged";
 }
@@ -409,30 +380,6 @@ TEST_F(Tabs, mayGoWhileTheyAreDragged)
     drag(m_first, 1);
     QTest::mouseRelease(bar(), Qt::LeftButton, {}, QPoint(1, 1));
     EXPECT_EQ(m_container, nullptr);
-}
-
-TEST_F(Tabs, goOnWithoutTheContainerUnlessTheyBelongToIt)
-{
-    auto* inside = new VXButton2(m_first);
-    show();
-    auto* owned = new VXTab2(m_container);
-    auto* ownedBelow = new VXTab2(new VXPanel2(m_container));
-    m_container->addTab(ownedBelow);
-    const unsigned ids[] = {owned->id(), ownedBelow->id()};
-    delete std::exchange(m_container, nullptr);
-    runDeletions();
-    for (const unsigned id : ids)
-        EXPECT_FALSE(VXObject::isObjectValid(id) || lookup(id));
-    ASSERT_NE(lookup(m_first), nullptr);
-    EXPECT_EQ(m_first->container(), nullptr);
-    m_other->addTab(m_first);
-    m_other->show();
-    EXPECT_TRUE(qt(*inside)->isVisible());
-    // What is only cut off takes its tabs' widgets along.
-    VXFactory2::current()->destroyObject(m_other->id());
-    runDeletions();
-    EXPECT_EQ(m_other->count(), 0);
-    EXPECT_NE(lookup(m_first), nullptr);
 }
 
 TEST_F(Tabs, thousandsAreNoTrouble)

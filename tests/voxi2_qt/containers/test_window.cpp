@@ -29,21 +29,12 @@ protected:
     VXWindow2* m_window = new VXWindow2;
 };
 
-TEST_F(Window, titleIconAndMark)
+TEST_F(Window, showsItsTitleAndIcon)
 {
     m_window->setTitle("Caf\xe9 [*]");
     EXPECT_EQ(qtWindow()->windowTitle(), QStringLiteral("Café [*]"));
     EXPECT_EQ(m_window->title(), "Caf\xe9 [*]");
-    m_window->setTitle(L"\x20ac");
-    EXPECT_EQ(m_window->titleU(), L"\x20ac");
-    EXPECT_EQ(m_window->title(), "?");
-    m_window->setModified(true);
-    EXPECT_TRUE(m_window->isModified());
-    EXPECT_TRUE(qtWindow()->isWindowModified());
-
-    const Icon icon = Icon::fromPixmap(Pixmap(1, 1, {0xff0000ffu}));
-    m_window->setIcon(icon);
-    EXPECT_EQ(m_window->icon(), icon);
+    m_window->setIcon(Icon::fromPixmap(Pixmap(1, 1, {0xff0000ffu})));
     EXPECT_FALSE(qtWindow()->windowIcon().isNull());
 }
 
@@ -235,52 +226,6 @@ TEST_F(Window, aDialogRemainsOneWhateverItsFlags)
     EXPECT_TRUE(qt(alone)->windowFlags().testFlag(Qt::WindowTitleHint));
 }
 
-TEST_F(Window, centralWidgetsComeAndGoAlive)
-{
-    auto* first = new VXPanel2(m_window);
-    auto* second = new VXPanel2(m_window);
-    m_window->setCentralWidget(first);
-    EXPECT_EQ(m_window->centralWidget(), first);
-    m_window->setCentralWidget(second);
-    runDeletions();
-    EXPECT_EQ(qtWindow()->centralWidget(), qt(*second));
-    ASSERT_NE(qt(*first), nullptr) << "the former one lives";
-    EXPECT_TRUE(qt(*first)->isHidden());
-
-    m_window->setCentralWidget(first);
-    EXPECT_EQ(m_window->centralWidget(), first);
-    m_window->show();
-    EXPECT_TRUE(first->isVisible()) << "in sight again";
-    delete first;
-    runDeletions();
-    EXPECT_EQ(m_window->centralWidget(), nullptr);
-    m_window->setCentralWidget(second);
-    m_window->setCentralWidget(nullptr);
-    EXPECT_EQ(qtWindow()->centralWidget(), nullptr);
-    EXPECT_NE(qt(*second), nullptr);
-}
-
-TEST_F(Window, theApplicationMayRefuseToClose)
-{
-    bool refuse = true;
-    int asked = 0;
-    m_window->closing().connect(m_window, [&](const VXCloseEvent2& event) {
-        ++asked;
-        if (refuse)
-            event.refuse();
-    });
-    m_window->show();
-    EXPECT_FALSE(m_window->close());
-    EXPECT_TRUE(m_window->isVisible());
-    refuse = false;
-    EXPECT_TRUE(m_window->close());
-    EXPECT_FALSE(m_window->isVisible());
-    EXPECT_EQ(asked, 2);
-    runDeletions();
-    m_window->show();
-    EXPECT_TRUE(m_window->isVisible()) << "closed is hidden, not destroyed";
-}
-
 TEST_F(Window, mayBeDestroyedByTheHandlerOfItsClosing)
 {
     const QPointer<QWidget> widget(qt(*m_window));
@@ -306,17 +251,6 @@ TEST_F(Window, neverLieAboveEachOtherInACircle)
     EXPECT_EQ(qtWindow()->windowHandle()->transientParent(), handle);
     EXPECT_EQ(handle->transientParent(), qt(other)->windowHandle());
     m_window->setParent(nullptr);
-}
-
-TEST_F(Window, windowsAreKnownWhileTheyLive)
-{
-    const auto known = [&] {
-        const auto all = VXAbstractWindow2::windows();
-        return std::find(all.begin(), all.end(), m_window) != all.end();
-    };
-    EXPECT_TRUE(known());
-    delete std::exchange(m_window, nullptr);
-    EXPECT_TRUE(VXAbstractWindow2::windows().empty());
 }
 
 } // namespace

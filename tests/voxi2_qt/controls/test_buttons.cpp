@@ -109,8 +109,7 @@ TYPED_TEST(Buttons, areToggledByTheirUser)
     button.setCheckable(true);
     button.setExclusive(false);
     button.imitateToggle();
-    ASSERT_EQ(this->m_toggles.count(), 1);
-    EXPECT_EQ(this->m_toggles.last().button(), &button);
+    EXPECT_EQ(this->m_toggles.only().button(), &button);
     EXPECT_TRUE(this->m_toggles.last().isChecked());
     EXPECT_TRUE(this->m_clicks.isEmpty());
     this->m_toggles.clear();
@@ -118,8 +117,7 @@ TYPED_TEST(Buttons, areToggledByTheirUser)
     this->m_window.show();
     // On the tick of a check box, which is where it is hit in any style.
     QTest::mouseClick(&this->m_qt, Qt::LeftButton, {}, QPoint(8, this->m_qt.height() / 2));
-    ASSERT_EQ(this->m_clicks.count(), 1);
-    EXPECT_EQ(this->m_clicks.last().button(), &button);
+    EXPECT_EQ(this->m_clicks.only().button(), &button);
     EXPECT_TRUE(this->m_toggles.takeOne());
     EXPECT_FALSE(button.isChecked());
     this->m_clicks.clear();

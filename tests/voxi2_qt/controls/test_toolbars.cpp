@@ -141,18 +141,12 @@ TEST_F(ToolBars, keep_inner_and_outer_bar_alike)
     EXPECT_EQ(inner->orientation(), Qt::Horizontal);
 }
 
-TEST_F(ToolBars, answer_what_was_set)
+TEST_F(ToolBars, may_be_fixed)
 {
-    EXPECT_TRUE(m_bar->isMovable());
-    EXPECT_TRUE(m_bar->isFloatable());
     m_bar->setMovable(false);
     m_bar->setFloatable(false);
     EXPECT_FALSE(m_bar->isMovable());
-    EXPECT_FALSE(m_outer->isFloatable());
-    m_bar->setLabel(std::string("M\xe4rz\0more", 9));
-    EXPECT_EQ(m_outer->windowTitle(), QStringLiteral(u"M\u00e4rz"));
-    m_bar->setLabel(L"\x4e2d");
-    EXPECT_EQ(m_bar->labelU(), L"\x4e2d");
+    EXPECT_FALSE(m_bar->isFloatable() || m_outer->isFloatable());
 }
 
 TEST_F(ToolBars, repair_their_layout_once_for_several_items_that_leave)
@@ -189,32 +183,6 @@ TEST_F(ToolBars, repair_their_layout_once_for_several_items_that_leave)
     EXPECT_EQ(m_outer->size(), size);
     EXPECT_EQ(reported, 0);
     m_bar->destroy();
-}
-
-TEST_F(ToolBars, lose_and_take_back_widgets)
-{
-    auto* button = new VXButton2(m_window.get());
-    m_bar->addWidget(button);
-    m_bar->removeWidget(button);
-    EXPECT_FALSE(button->isVisible());
-    EXPECT_TRUE(m_outer->actions().isEmpty());
-    m_bar->addWidget(button);
-    EXPECT_EQ(m_outer->actions().size(), 1);
-    EXPECT_TRUE(waitFor([&] { return button->isVisible(); }));
-
-    // Into another bar, which then does not lose it with the first one.
-    auto* other = new VXToolBar2(m_window.get());
-    m_window->addToolBar(other, ToolBarArea::Bottom);
-    other->addWidget(button);
-    m_bar->destroy();
-    runDeletions();
-    EXPECT_FALSE(m_outer);
-    ASSERT_TRUE(qt(*button));
-    EXPECT_TRUE(qt(*other)->isAncestorOf(qt(*button)));
-    button->destroy();
-    runDeletions();
-    other->destroy();
-    runDeletions();
 }
 
 /// Widgets in a bar, and a layout in the same window.

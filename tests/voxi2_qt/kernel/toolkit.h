@@ -9,6 +9,8 @@
 #include <QWidget>
 
 #include <memory>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace VOXI {
@@ -47,6 +49,13 @@ public:
     bool isEmpty() const { return m_events.empty(); }
     void clear() { m_events.clear(); }
     const E& last() const { return m_events.back(); }
+    /// The only one; if there is none or another, the test ends as failed.
+    const E& only() const
+    {
+        if (m_events.size() != 1)
+            throw std::logic_error(std::to_string(m_events.size()) + " events");
+        return m_events.front();
+    }
     const E& operator[](std::size_t i) const { return m_events.at(i); }
 
     /// Whether there is exactly one, which is forgotten.
