@@ -166,6 +166,9 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
 
 TEST_F(DockWidget, isClosedAndTornOffByItsButtons)
 {
+    m_dock->setTitleBarWidget(new VXPanel2(m_dock));
+    m_dock->setTitleBarWidget(nullptr); // the usual one comes back
+    turn();
     bool refuse = true;
     m_dock->closing().connect(m_dock, [&](const VXCloseEvent2& event) {
         if (refuse)

@@ -120,8 +120,9 @@ TEST_F(Tabs, whatTheTabShowsFollowsThePage)
 {
     m_first->setText(L"&Price \u20ac");
     m_first->setTabToolTip("about the first");
-    m_first->setTextColor(Color(200, 10, 20));
     m_first->setIcon(Icon::fromPixmap(Pixmap(1, 1, {0xff0000ffu})));
+    m_container->addTab(m_first);
+    m_first->setTextColor(Color(200, 10, 20));
     m_first->setTabEnabled(false);
     m_other->addTab(m_second);
     const auto expect = [&](VXTabContainer2& container, const QString& text, const QString& toolTip,
@@ -146,7 +147,9 @@ TEST_F(Tabs, whatTheTabShowsFollowsThePage)
     m_first->unsetTextColor();
     m_first->setTabEnabled(true);
     expect(*m_other, QStringLiteral("Later"), QStringLiteral("tip \u20ac"), QColor(), true);
-    m_other->removeTab(m_first);
+    m_container->addTab(m_first);
+    expect(*m_container, QStringLiteral("Later"), QStringLiteral("tip \u20ac"), QColor(), true);
+    m_container->removeTab(m_first);
     EXPECT_EQ(m_first->text(), "Later");
     EXPECT_TRUE(m_first->isTabEnabled());
 }
