@@ -3,6 +3,7 @@
 #include "../kernel/toolkit.h"
 #include "support/waitfor.h"
 #include "support/watchdog.h"
+#include "voxi2/containers/vxwindow2.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -59,6 +60,22 @@ public:
 private:
     std::atomic<bool> m_done{false};
     std::thread m_thread;
+};
+
+/// With a window; whatever is shown ends with it, and nothing hangs.
+class DialogTest : public testing::Test
+{
+protected:
+    ~DialogTest() override
+    {
+        delete m_window;
+        runDeletions();
+        EXPECT_TRUE(VXAbstractWindow2::windows().empty()) << "messages go when they are answered";
+    }
+
+    Watchdog m_watchdog{std::chrono::seconds(100),
+                        testing::UnitTest::GetInstance()->current_test_info()->name()};
+    VXWindow2* m_window = new VXWindow2;
 };
 
 } // namespace VOXI

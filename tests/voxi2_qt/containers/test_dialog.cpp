@@ -2,7 +2,6 @@
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxfiledialog2.h"
-#include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxcheckbox2.h"
 #include "voxi2/kernel/vxhandle.h"
@@ -18,7 +17,7 @@
 namespace VOXI {
 namespace {
 
-class Dialog : public testing::Test
+class Dialog : public DialogTest
 {
 protected:
     Dialog()
@@ -27,12 +26,6 @@ protected:
         for (VXButton2* each : {m_ok, m_other})
             column->addWidget(each);
     }
-    ~Dialog() override
-    {
-        delete m_window;
-        runDeletions();
-    }
-
     QDialog* qtDialog() const { return qobject_cast<QDialog*>(qt(*m_dialog)); }
     void press(Qt::Key key) const
     {
@@ -40,9 +33,6 @@ protected:
     }
     void click(VXButton2* button) const { QTest::mouseClick(qt(*button), Qt::LeftButton); }
 
-    Watchdog m_watchdog{std::chrono::seconds(50),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
-    VXWindow2* m_window = new VXWindow2;
     VXDialog2* m_dialog = new VXDialog2(m_window);
     VXButton2* m_ok = new VXButton2(m_dialog);
     VXButton2* m_other = new VXButton2(m_dialog);

@@ -8,7 +8,6 @@
 #include "voxi2/containers/vxfiledialog2.h"
 #include "voxi2/containers/vxmessage2.h"
 #include "voxi2/containers/vxpanel2.h"
-#include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
 
 #include <QFileDialog>
@@ -35,7 +34,7 @@ bool isReady(VXAbstractDialog2& dialog)
     return waitFor([&] { return qt(dialog)->isActiveWindow(); }, Patience);
 }
 
-class RealDialog : public testing::Test
+class RealDialog : public DialogTest
 {
 protected:
     RealDialog()
@@ -46,15 +45,6 @@ protected:
         m_window->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(qt(*m_window)));
     }
-    ~RealDialog() override
-    {
-        delete m_window;
-        runDeletions();
-    }
-
-    Watchdog m_watchdog{std::chrono::seconds(100),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
-    VXWindow2* m_window = new VXWindow2;
     VXPanel2* m_panel = new VXPanel2(m_window);
     VXButton2* m_button = new VXButton2(m_panel);
     Log<VXButtonClickEvent2> m_clicks{m_button->clicked()};

@@ -14,6 +14,7 @@
 
 #include <array>
 #include <atomic>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <thread>
@@ -110,58 +111,49 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
     VXDockWidget2* other = addTab("Second");
     auto otherSeen = Log(other->visibilityChanged());
     const std::string layout = m_window->saveLayout();
-    m_dock->setFloating(true);
-    turn();
-    EXPECT_TRUE(m_dock->isFloating());
-    EXPECT_TRUE(qt(*m_dock)->isWindow());
-    m_dock->setTitleBarWidget(new VXPanel2(m_dock));
-    turn();
-    m_dock->setFloating(false);
-    turn();
-    EXPECT_FALSE(m_dock->isFloating());
-    m_window->raiseDockWidget(m_dock);
-    turn();
-    m_window->raiseDockWidget(other);
-    turn();
-    m_window->addDockWidget(m_dock, DockArea::Right);
-    turn();
-    m_window->splitDockWidget(m_dock, other, Orientation::Vertical);
-    turn();
-    EXPECT_TRUE(m_window->restoreLayout(layout));
-    turn();
-    m_dock->hide();
-    turn();
-    m_dock->show();
-    m_window->raiseDockWidget(m_dock);
-    turn();
-    m_dock->setVisible(false);
-    turn();
-    EXPECT_FALSE(m_dock->isVisible());
-    m_dock->setVisible(true);
-    turn();
-    EXPECT_TRUE(m_dock->isVisible());
-    EXPECT_TRUE(hidden.isEmpty());
-    EXPECT_TRUE(shown.isEmpty());
-    m_window->hide();
-    m_window->show();
-    turn();
-    shown.clear(); // it came and went with its window
-    hidden.clear();
-    m_dock->hide();
-    m_window->raiseDockWidget(m_dock);
-    turn();
-    EXPECT_TRUE(m_dock->isVisible());
-    m_window->removeDockWidget(m_dock);
-    turn();
-    m_window->addDockWidget(m_dock);
-    m_dock->setParent(nullptr);
-    turn();
-    EXPECT_TRUE(shown.isEmpty());
-    EXPECT_TRUE(hidden.isEmpty());
-    EXPECT_TRUE(m_floated.isEmpty());
-    EXPECT_TRUE(m_moved.isEmpty());
-    EXPECT_TRUE(m_seen.isEmpty());
-    EXPECT_TRUE(otherSeen.isEmpty());
+    const std::function<void()> steps[] = {
+        [&] {
+            m_dock->setFloating(true);
+            EXPECT_TRUE(m_dock->isFloating() && qt(*m_dock)->isWindow());
+        },
+        [&] { m_dock->setTitleBarWidget(new VXPanel2(m_dock)); },
+        [&] { m_dock->setFloating(false); },
+        [&] { m_window->raiseDockWidget(m_dock); },
+        [&] { m_window->raiseDockWidget(other); },
+        [&] { m_window->addDockWidget(m_dock, DockArea::Right); },
+        [&] { m_window->splitDockWidget(m_dock, other, Orientation::Vertical); },
+        [&] { EXPECT_TRUE(m_window->restoreLayout(layout)); },
+        [&] { m_dock->hide(); },
+        [&] {
+            m_dock->show();
+            m_window->raiseDockWidget(m_dock);
+        },
+        [&] { m_dock->setVisible(false); },
+        [&] { m_dock->setVisible(true); },
+        [&] {
+            m_window->hide();
+            m_window->show();
+            turn();
+            shown.clear(); // it came and went with its window
+            hidden.clear();
+        },
+        [&] {
+            m_dock->hide();
+            m_window->raiseDockWidget(m_dock);
+            EXPECT_TRUE(m_dock->isVisible());
+        },
+        [&] { m_window->removeDockWidget(m_dock); },
+        [&] {
+            m_window->addDockWidget(m_dock);
+            m_dock->setParent(nullptr);
+        }};
+    for (const auto& step : steps) {
+        step();
+        turn();
+        EXPECT_TRUE(shown.isEmpty() && hidden.isEmpty() && m_floated.isEmpty() && m_moved.isEmpty()
+                    && m_seen.isEmpty() && otherSeen.isEmpty())
+            << "step " << &step - steps;
+    }
 }
 
 TEST_F(DockWidget, isClosedAndTornOffByItsButtons)

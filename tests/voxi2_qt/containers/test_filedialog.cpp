@@ -1,6 +1,5 @@
 #include "dialogsupport.h"
 #include "voxi2/containers/vxfiledialog2.h"
-#include "voxi2/containers/vxwindow2.h"
 #include "voxi2/kernel/translation.h"
 #include "voxi2/kernel/vxhandle.h"
 
@@ -28,7 +27,7 @@ using Paths = std::vector<Path>;
 /// Names with what file names may have: no Latin-1, spaces, wild cards.
 const char* const Euro = "pr\xe2\x82\xacis \xd0\xb6.txt";
 
-class FileDialog : public testing::Test
+class FileDialog : public DialogTest
 {
 protected:
     FileDialog()
@@ -38,12 +37,6 @@ protected:
         std::filesystem::create_directory(m_directory / "sub");
         m_dialog->setDirectory(m_directory);
     }
-    ~FileDialog() override
-    {
-        delete m_window;
-        runDeletions();
-    }
-
     QFileDialog* qtDialog() const { return qobject_cast<QFileDialog*>(qt(*m_dialog)); }
 
     /// Types a name and Return, as the user does.
@@ -76,13 +69,10 @@ protected:
         return right;
     }
 
-    Watchdog m_watchdog{std::chrono::seconds(50),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
     QTemporaryDir m_temporary;
     const Path m_directory =
         Path(m_temporary.path().toStdString()) / "d\xc3\xa9j\xc3\xa0 \xe2\x82\xac";
     const bool m_made = std::filesystem::create_directory(m_directory);
-    VXWindow2* m_window = new VXWindow2;
     VXFileDialog2* m_dialog = new VXFileDialog2(m_window);
     Log<VXFileDialogEvent2> m_chosen{m_dialog->filesChosen()};
     Log<VXDialogEvent2> m_finished{m_dialog->finished()};

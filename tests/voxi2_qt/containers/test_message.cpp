@@ -2,7 +2,6 @@
 #include "voxi/vxbridge.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxmessage2.h"
-#include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/translation.h"
 
@@ -19,16 +18,9 @@ namespace {
 
 using A = MessageAnswer;
 
-class Message : public testing::Test
+class Message : public DialogTest
 {
 protected:
-    ~Message() override
-    {
-        delete m_window;
-        runDeletions();
-        EXPECT_TRUE(VXAbstractWindow2::windows().empty()) << "messages go when they are answered";
-    }
-
     /// The message on the screen; null for none.
     static QWidget* shown()
     {
@@ -58,10 +50,6 @@ protected:
         }
         ADD_FAILURE() << "no button " << label;
     }
-
-    Watchdog m_watchdog{std::chrono::seconds(50),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
-    VXWindow2* m_window = new VXWindow2;
 };
 
 TEST_F(Message, showsItsTextsAndAnswersInOneOrder)
