@@ -128,8 +128,14 @@ TEST_F(DockWidget, isNotReportedWhatTheProgramDoes)
             m_dock->show();
             m_window->raiseDockWidget(m_dock);
         },
-        [&] { m_dock->setVisible(false); },
-        [&] { m_dock->setVisible(true); },
+        [&] {
+            m_dock->setVisible(false);
+            EXPECT_FALSE(m_dock->isVisible());
+        },
+        [&] {
+            m_dock->setVisible(true);
+            EXPECT_TRUE(m_dock->isVisible());
+        },
         [&] {
             m_window->hide();
             m_window->show();

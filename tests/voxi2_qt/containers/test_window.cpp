@@ -226,6 +226,16 @@ TEST_F(Window, aDialogRemainsOneWhateverItsFlags)
     EXPECT_TRUE(qt(alone)->windowFlags().testFlag(Qt::WindowTitleHint));
 }
 
+TEST_F(Window, aCentralWidgetThatWasReplacedComesIntoSightAgain)
+{
+    auto* const first = new VXPanel2(m_window);
+    m_window->setCentralWidget(first);
+    m_window->setCentralWidget(new VXPanel2(m_window));
+    m_window->setCentralWidget(first);
+    m_window->show();
+    EXPECT_TRUE(first->isVisible());
+}
+
 TEST_F(Window, mayBeDestroyedByTheHandlerOfItsClosing)
 {
     const QPointer<QWidget> widget(qt(*m_window));
