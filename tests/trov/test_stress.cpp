@@ -3,8 +3,10 @@
 #include "worker.h"
 
 #include <barrier>
+#include <future>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace TROV {
@@ -111,6 +113,55 @@ TEST_F(StressTest, ConnectionsComeAndGoWhileOthersEmit)
     EXPECT_EQ(calls, 3000);
     // Nothing is left of what was cut; what an emission was in at that moment goes with this.
     emitter.connect(&lasting, [] { return 0; }).disconnect();
+    EXPECT_EQ(watched.use_count(), 1);
+}
+
+TEST_F(StressTest, BlocksGrowAndShrinkUnderEmissionsInOneOrder)
+{
+    static constexpr int Changers = 3;
+    Emitter1<void, std::vector<int>&> emitter;
+    const auto watched = std::make_shared<std::string>("alive");
+    std::promise<Thread*> emitting;
+    const auto emittingThread = emitting.get_future().share();
+    std::atomic<int> changing{Changers};
+    inParallel(1 + Changers, [&](int id) {
+        if (id == Changers) {
+            emitting.set_value(Thread::getCurrentThread());
+            while (changing > 0) {
+                // Of each changer the serial number that was called last.
+                std::vector<int> last(Changers, -1);
+                emitter(last);
+            }
+            return;
+        }
+        std::vector<std::unique_ptr<Listener>> listeners;
+        for (int serial = 0; serial < 3000; ++serial) {
+            listeners.push_back(std::make_unique<Listener>());
+            ConnectionHandle handle = emitter.connect(
+                listeners.back().get(),
+                [&emitter, id, serial, watched](std::vector<int>& seen) {
+                    ASSERT_EQ(*watched, "alive");
+                    ASSERT_LT(std::exchange(seen[std::size_t(id)], serial), serial);
+                    if (serial % 100 == 50 && seen.size() == Changers) {
+                        std::vector<int> nested(Changers + 1, -1);
+                        emitter(nested);
+                    }
+                },
+                emittingThread.get());
+            if (serial % 5 == 0)
+                handle.disconnect();
+            // Up to some hundred, then few are left, the middle ones first.
+            if (serial % 300 == 299) {
+                listeners.erase(listeners.begin() + 50, listeners.end() - 50);
+                listeners.erase(listeners.begin() + serial % 7, listeners.end());
+            }
+        }
+        listeners.clear();
+        --changing;
+    });
+    EXPECT_EQ(emitter.numberOfConnections(), 0);
+    Listener lasting;
+    emitter.connect(&lasting, [] {}).disconnect();
     EXPECT_EQ(watched.use_count(), 1);
 }
 

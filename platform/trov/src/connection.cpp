@@ -51,16 +51,10 @@ bool Connection::outliveEmitter()
 
 void Connection::disconnect()
 {
-    ConnectionHandle keep(this);
-    {
-        VOXI::WriteLocker lock(GetGlobalConnectionLock());
-        if (!m_alive.exchange(false))
-            return;
-        unlinkFromListener();
-        detail::SiteWriter::remove(this);
-    }
-    thread()->releaseWaiters(this);
-    detail::collectRetired();
+    detail::CutConnections cut;
+    VOXI::WriteLocker lock(GetGlobalConnectionLock());
+    if (isConnected())
+        cut.add(this);
 }
 
 } // namespace TROV

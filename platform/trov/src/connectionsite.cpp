@@ -4,10 +4,9 @@
 #include "trov/connection.h"
 #include "trov/thread.h"
 
-#include <algorithm>
+#include <atomic>
 #include <mutex>
 #include <utility>
-#include <vector>
 
 namespace TROV {
 
@@ -22,8 +21,7 @@ namespace detail {
 namespace {
 
 std::mutex s_retiredMutex;
-ConnectionBlock* s_retired = nullptr;       // guarded
-Connection* s_retiredConnections = nullptr; // guarded; linked by their places in listeners' lists
+std::atomic<ConnectionBlock*> s_retired{nullptr}; // changed under the mutex
 
 /// Stands where a connection was cut.
 class NoConnection final : public Connection
@@ -59,70 +57,41 @@ void freeBlock(ConnectionBlock* block)
     ::operator delete(block);
 }
 
-/// Replaces the site's block. Emissions may still be in the old one, so it is set aside.
-void publish(ConnectionSite& site, ConnectionBlock* block)
+/// Whether an emission is in the block.
+bool isPinned(const ConnectionBlock& block)
 {
-    ConnectionBlock* old = site.exchange(block);
-    if (!old)
-        return;
-    old->m_retired.store(true, std::memory_order_relaxed);
+    return block.m_pins.load() != 0 || Thread::isPinned(&block);
+}
+
+/// Sets aside a block that was replaced while an emission was in it.
+void retire(ConnectionBlock* block)
+{
+    block->m_retired.store(true, std::memory_order_relaxed);
     std::lock_guard lock(s_retiredMutex);
-    old->m_nextRetired = s_retired;
-    s_retired = old;
+    block->m_nextRetired = s_retired.load(std::memory_order_relaxed);
+    s_retired.store(block, std::memory_order_relaxed);
 }
 
-std::vector<const void*> pinnedBlocks()
+/// Ends a block that was replaced. Somebody else holds the connections in it, too.
+void putAway(ConnectionBlock* block)
 {
-    std::vector<const void*> pinned;
-    Thread::forEach([&](Thread& thread) {
-        EmissionPins& pins = thread.pins();
-        const unsigned depth = pins.m_highWater.load();
-        for (unsigned i = 0; i < depth; ++i) {
-            if (const void* pin = pins.m_pins[i].load())
-                pinned.push_back(pin);
-        }
-    });
-    return pinned;
-}
-
-/// Tells which blocks an emission is in at this moment.
-class PinnedBlocks
-{
-public:
-    bool contain(const ConnectionBlock* block) const
-    {
-        return block->m_pins.load() != 0
-               || std::find(m_pinned.begin(), m_pinned.end(), block) != m_pinned.end();
-    }
-
-private:
-    const std::vector<const void*> m_pinned = pinnedBlocks();
-};
-
-/// Moves what the predicate is true for from one list to another.
-template <class Item, class Predicate>
-void takeIf(Item*& from, Item*& to, Item* Item::*next, Predicate predicate)
-{
-    for (Item** link = &from; *link;) {
-        Item* const item = *link;
-        if (predicate(item)) {
-            *link = item->*next;
-            item->*next = std::exchange(to, item);
-        } else {
-            link = &(item->*next);
-        }
-    }
+    if (isPinned(*block))
+        retire(block);
+    else
+        freeBlock(block);
 }
 
 } // namespace
 
 void SiteWriter::add(ConnectionSite& site, Connection* connection)
 {
-    ConnectionBlock* block = site.load();
+    ConnectionBlock* const block = site.load();
     if (!block || block->m_count.load(std::memory_order_relaxed) == block->m_capacity) {
-        block = copyOf(block, block ? 2 * block->m_connected : 1);
-        append(*block, connection);
-        publish(site, block);
+        ConnectionBlock* const larger = copyOf(block, block ? 2 * block->m_connected : 1);
+        append(*larger, connection);
+        site.store(larger);
+        if (block)
+            putAway(block);
     } else {
         append(*block, connection);
     }
@@ -132,23 +101,30 @@ void SiteWriter::add(ConnectionSite& site, Connection* connection)
 void SiteWriter::remove(Connection* connection)
 {
     ConnectionSite* const site = std::exchange(connection->m_site, nullptr);
-    if (!site)
+    if (!site) {
+        connection->ref();
         return;
-    ConnectionBlock* const block = site->load();
-    // In one order with the pins: whoever pins the block from now on finds it empty.
-    block->items()[connection->m_place].store(noConnection());
-    --block->m_connected;
-    {
-        std::lock_guard lock(s_retiredMutex);
-        connection->m_retiredFrom = block;
-        connection->m_next = std::exchange(s_retiredConnections, connection);
     }
-    // The emissions that end in a replaced block look for what they have kept.
-    if (block->m_connected == 0)
-        publish(*site, nullptr);
-    else if (block->m_connected < block->m_count.load(std::memory_order_relaxed) / 2
-             || PinnedBlocks().contain(block))
-        publish(*site, copyOf(block, block->m_connected));
+    ConnectionBlock* const block = site->load();
+    std::atomic<Connection*>& place = block->items()[connection->m_place];
+    // In one order with the pins: whoever pins the block from now on finds the place empty.
+    place.store(noConnection());
+    const std::uint32_t left = --block->m_connected;
+    const auto replace = [&] { site->store(left > 0 ? copyOf(block, left) : nullptr); };
+    const bool isSparse = left == 0 || left < block->m_count.load(std::memory_order_relaxed) / 2;
+    if (isSparse)
+        replace();
+    if (!isPinned(*block)) {
+        if (isSparse)
+            freeBlock(block);
+        return;
+    }
+    // An emission may be about to look at the connection: both stay as long as it is in the block.
+    if (!isSparse)
+        replace();
+    connection->ref();
+    place.store(connection);
+    retire(block);
 }
 
 void SiteWriter::append(ConnectionBlock& block, Connection* connection)
@@ -172,25 +148,42 @@ ConnectionBlock* SiteWriter::copyOf(const ConnectionBlock* block, std::uint32_t 
     return copy;
 }
 
+CutConnections::~CutConnections()
+{
+    if (!m_first)
+        return;
+    for (Connection* connection = m_first; connection; connection = connection->m_next)
+        connection->thread()->releaseWaiters(connection);
+    // Frees closures, which may do anything.
+    while (m_first)
+        std::exchange(m_first, m_first->m_next)->deref();
+    collectRetired();
+}
+
+void CutConnections::add(Connection* connection)
+{
+    connection->m_alive = false;
+    connection->unlinkFromListener();
+    SiteWriter::remove(connection);
+    *m_end = connection;
+    m_end = &connection->m_next;
+}
+
 void collectRetired()
 {
+    if (!s_retired.load(std::memory_order_relaxed))
+        return;
     ConnectionBlock* unused = nullptr;
-    Connection* unusedConnections = nullptr;
     {
         std::lock_guard lock(s_retiredMutex);
-        if (!s_retired && !s_retiredConnections)
-            return;
-        const PinnedBlocks pinned;
-        // The blocks first: what was taken out of one of them goes now, too, for nobody can come
-        // to be in it any more.
-        takeIf(s_retired, unused, &ConnectionBlock::m_nextRetired,
-               [&](ConnectionBlock* block) { return !pinned.contain(block); });
-        takeIf(s_retiredConnections, unusedConnections, &Connection::m_next,
-               [&](Connection* connection) { return !pinned.contain(connection->m_retiredFrom); });
+        ConnectionBlock* used = nullptr;
+        for (ConnectionBlock* block = s_retired.load(std::memory_order_relaxed); block;) {
+            ConnectionBlock*& list = isPinned(*block) ? used : unused;
+            ConnectionBlock* const next = std::exchange(block->m_nextRetired, list);
+            list = std::exchange(block, next);
+        }
+        s_retired.store(used, std::memory_order_relaxed);
     }
-    // Frees closures, which may do anything.
-    while (unusedConnections)
-        std::exchange(unusedConnections, unusedConnections->m_next)->deref();
     while (unused)
         freeBlock(std::exchange(unused, unused->m_nextRetired));
 }
@@ -208,29 +201,20 @@ void cutAllConnections(ConnectionSite& site)
 {
     if (!site.load(std::memory_order_acquire))
         return;
-    std::vector<ConnectionHandle> cut;
-    {
-        VOXI::WriteLocker lock(GetGlobalConnectionLock());
-        const ConnectionBlock* block = site.load();
-        if (!block)
-            return;
-        for (std::uint32_t i = 0; i < block->m_count; ++i) {
-            Connection* connection = block->at(i);
-            if (!connection->isConnected())
-                continue;
-            connection->m_site = nullptr;
-            if (connection->m_outlivesEmitter)
-                continue;
-            cut.emplace_back(connection);
-            connection->m_alive = false;
-            connection->unlinkFromListener();
-        }
-        publish(site, nullptr);
+    CutConnections cut;
+    VOXI::WriteLocker lock(GetGlobalConnectionLock());
+    ConnectionBlock* const block = site.exchange(nullptr);
+    if (!block)
+        return;
+    for (std::uint32_t i = 0; i < block->m_count; ++i) {
+        Connection* const connection = block->at(i);
+        if (!connection->isConnected())
+            continue;
+        connection->m_site = nullptr;
+        if (!connection->m_outlivesEmitter)
+            cut.add(connection);
     }
-    for (const ConnectionHandle& connection : cut)
-        connection.connection()->thread()->releaseWaiters(connection.connection());
-    cut.clear();
-    collectRetired();
+    putAway(block);
 }
 
 } // namespace detail

@@ -3,8 +3,6 @@
 #include "sitewriter.h"
 #include "trov/connection.h"
 
-#include <vector>
-
 namespace TROV {
 
 Listener::~Listener() { Listener::disconnect(); }
@@ -14,24 +12,10 @@ void Listener::disconnect()
     // Most listeners have none when they end. Whoever cuts the last one looks at this no more.
     if (!m_first.load(std::memory_order_acquire))
         return;
-    std::vector<ConnectionHandle> cut;
-    {
-        VOXI::WriteLocker lock(GetGlobalConnectionLock());
-        for (Connection* connection = m_first; connection; connection = connection->m_next) {
-            cut.emplace_back(connection);
-            connection->m_alive = false;
-        }
-        for (const ConnectionHandle& handle : cut) {
-            handle.connection()->unlinkFromListener();
-            detail::SiteWriter::remove(handle.connection());
-        }
-    }
-    for (const ConnectionHandle& connection : cut)
-        connection.connection()->thread()->releaseWaiters(connection.connection());
-    if (cut.empty())
-        return;
-    cut.clear();
-    detail::collectRetired();
+    detail::CutConnections cut;
+    VOXI::WriteLocker lock(GetGlobalConnectionLock());
+    while (Connection* const connection = m_first)
+        cut.add(connection);
 }
 
 void Listener::forEachListenerType(const std::function<void(const std::type_info&)>& function) const

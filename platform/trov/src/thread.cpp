@@ -9,15 +9,15 @@ namespace TROV {
 
 thread_local constinit Thread* Thread::s_current = nullptr;
 thread_local constinit bool Thread::s_ended = false;
+constinit std::atomic<Thread*> Thread::s_newest{nullptr};
 
 namespace {
 
-/// All threads there ever were. They are recycled but never freed: a sender that has just been
-/// answered may end while the answering thread is still about to rouse it.
+/// Threads are recycled but never freed: a sender that has just been answered may end while the
+/// answering thread is still about to rouse it.
 struct ThreadDirectory
 {
     std::mutex m_mutex;
-    std::vector<Thread*> m_all;
     std::vector<Thread*> m_free;
 };
 
@@ -61,7 +61,8 @@ Thread* Thread::attachCurrentThread()
         std::lock_guard lock(threads.m_mutex);
         if (threads.m_free.empty()) {
             thread = new Thread;
-            threads.m_all.push_back(thread);
+            thread->m_older = s_newest.load();
+            s_newest.store(thread);
         } else {
             thread = threads.m_free.back();
             threads.m_free.pop_back();
@@ -112,12 +113,16 @@ void Thread::deref()
     threads.m_free.push_back(this);
 }
 
-void Thread::forEach(const std::function<void(Thread&)>& function)
+bool Thread::isPinned(const void* block) noexcept
 {
-    ThreadDirectory& threads = directory();
-    std::lock_guard lock(threads.m_mutex);
-    for (Thread* thread : threads.m_all)
-        function(*thread);
+    for (Thread* thread = s_newest.load(); thread; thread = thread->m_older) {
+        const unsigned depth = thread->m_pins.m_highWater.load();
+        for (unsigned i = 0; i < depth; ++i) {
+            if (thread->m_pins.m_pins[i].load() == block)
+                return true;
+        }
+    }
+    return false;
 }
 
 // Names -------------------------------------------------------------------------------------------
@@ -128,13 +133,13 @@ Thread* Thread::find(const std::string& name)
         return nullptr;
     Thread* found = nullptr;
     std::uint64_t foundNamed = 0;
-    forEach([&](Thread& thread) {
-        std::lock_guard lock(thread.m_nameLock);
-        if (thread.m_name == name && thread.m_named > foundNamed) {
-            found = &thread;
-            foundNamed = thread.m_named;
+    for (Thread* thread = s_newest.load(); thread; thread = thread->m_older) {
+        std::lock_guard lock(thread->m_nameLock);
+        if (thread->m_name == name && thread->m_named > foundNamed) {
+            found = thread;
+            foundNamed = thread->m_named;
         }
-    });
+    }
     return found;
 }
 

@@ -19,8 +19,9 @@
 namespace TROV {
 
 namespace detail {
+class CutConnections;
 struct SiteWriter;
-}
+} // namespace detail
 
 /// Emitter, listener, what to call and on which thread. Counted; made by the emitters' `connect`.
 class TROV_EXPORT Connection
@@ -70,10 +71,9 @@ protected:
 
 private:
     friend class Listener;
-    friend void detail::cutAllConnections(detail::ConnectionSite& site);
-
-    friend void detail::collectRetired();
+    friend class detail::CutConnections;
     friend struct detail::SiteWriter;
+    friend void detail::cutAllConnections(detail::ConnectionSite& site);
 
     void unlinkFromListener() noexcept;
 
@@ -88,7 +88,6 @@ private:
     const std::type_info* m_signature;
     Connection* m_previous = nullptr;
     Connection* m_next = nullptr;
-    const detail::ConnectionBlock* m_retiredFrom = nullptr; // it may still be seen from there
 };
 
 /// Names a connection so that it can be cut early. Copies name the same one; an empty handle names

@@ -17,7 +17,7 @@ namespace detail {
 
 /// The connections of one emitter. Emissions walk through the block they find while others publish
 /// new ones; of a published one only the free places at the end are filled, and what is cut leaves
-/// a connection behind that is never connected.
+/// a connection behind that is never connected. A block holds a reference to each of the others.
 struct ConnectionBlock
 {
     std::atomic<std::uint32_t> m_count{0};

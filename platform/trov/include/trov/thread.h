@@ -198,8 +198,8 @@ public:
     /// what it was.
     bool setBusy(bool busy) noexcept { return m_busy.exchange(busy, std::memory_order_relaxed); }
 
-    /// Calls `function` with every thread there ever was, while none can begin or end.
-    static void forEach(const std::function<void(Thread&)>& function);
+    /// Whether an emission of any thread has `block` among its pins.
+    static bool isPinned(const void* block) noexcept;
 
     /// A thread keeps its identity while somebody holds a reference to it.
     void ref() noexcept { m_refs.fetch_add(1, std::memory_order_relaxed); }
@@ -278,6 +278,7 @@ private:
 #endif
     static thread_local constinit Thread* s_current;
     static thread_local constinit bool s_ended;
+    static std::atomic<Thread*> s_newest; // of all there ever were
 
     // What other threads look at.
     VOXI::SpinLock m_queueLock;
@@ -305,6 +306,7 @@ private:
     std::string m_name;        // guarded by m_nameLock
     std::uint64_t m_named = 0; // guarded by m_nameLock: when, as a serial number
     bool m_isFree = false;     // guarded by the directory: no system thread has it
+    Thread* m_older = nullptr; // set once
 
     // What only the thread itself looks at.
     detail::CallList m_current;
