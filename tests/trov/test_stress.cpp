@@ -9,6 +9,10 @@
 #include <utility>
 #include <vector>
 
+#if defined(__linux__)
+#include <sched.h>
+#endif
+
 namespace TROV {
 namespace {
 
@@ -81,6 +85,45 @@ TEST_F(StressTest, EightProducersKeepTheirOrder)
         peer.reset();
     });
 }
+
+#if defined(__linux__)
+TEST_F(StressTest, QuestionsAreAnsweredOnASharedProcessor)
+{
+    // Who asks needs the processor of who answers, and the other way round; a third one has it.
+    cpu_set_t usual;
+    ASSERT_EQ(sched_getaffinity(0, sizeof usual, &usual), 0);
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(sched_getcpu(), &one);
+    ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
+    {
+        Emitters emitters;
+        std::optional<Peer> peer;
+        Worker worker;
+        worker.run([&] { peer.emplace(emitters); });
+        Worker asked;
+        Listener listener;
+        Emitter1<int, int> askBack;
+        askBack.connect(
+            &listener, [&](int sender) { return emitters.last(sender); }, asked.thread());
+        std::atomic<bool> stop{false};
+        inParallel(4, [&](int sender) {
+            while (sender == 3 && !stop) {
+            }
+            for (int i = 0; i < 2000 && sender < 3; ++i) {
+                emitters.add(sender, i);
+                ASSERT_EQ(emitters.last(sender), i);
+                if (i % 4 == sender) {
+                    ASSERT_EQ(askBack(sender), i);
+                }
+            }
+            stop = true;
+        });
+        worker.run([&] { peer.reset(); });
+    }
+    sched_setaffinity(0, sizeof usual, &usual);
+}
+#endif
 
 TEST_F(StressTest, ConnectionsComeAndGoWhileOthersEmit)
 {

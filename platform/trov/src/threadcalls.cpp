@@ -1,7 +1,8 @@
-#include "relax.h"
+#include "processor.h"
 #include "trov/thread.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace TROV {
 
@@ -109,6 +110,7 @@ bool Thread::process(std::chrono::nanoseconds budget)
     CallChunk* chunk = nullptr;
     bool left = false;
     do {
+        m_processor.store(detail::currentProcessor(), std::memory_order_relaxed);
         absorb();
         while (CallRecord* record = m_current.front(chunk)) {
             m_current.popFront(record);
@@ -158,7 +160,7 @@ bool Thread::lingerForMore()
     const auto now = Clock::now();
     const bool conversation = now - m_lastAnswer < ConversationGap;
     m_lastAnswer = now;
-    if (!conversation)
+    if (!conversation || !m_questionSpins.suggestsSpinning())
         return false;
     // No call runs in here, so nobody need rouse a loop that is about to look again by itself.
     bool wasPending = false;
@@ -168,14 +170,22 @@ bool Thread::lingerForMore()
             return true;
         wasPending = std::exchange(m_wakePending, true);
     }
-    for (unsigned spins = 1; !m_hasIncoming.load(std::memory_order_acquire); ++spins) {
-        if (spins % 16 == 0 && Clock::now() - now > LingerTime)
-            break;
-        relax();
+    bool late = false;
+    if (detail::runsBeside(m_askerProcessor)) {
+        for (unsigned spins = 1; !late && !m_hasIncoming.load(std::memory_order_acquire); ++spins) {
+            late = spins % 16 == 0 && Clock::now() - now > LingerTime;
+            relax();
+        }
+    } else {
+        // The asker needs this very processor; but it may be others who get it.
+        std::this_thread::yield();
+        late = Clock::now() - now > LingerTime;
     }
     std::lock_guard lock(m_queueLock);
     m_wakePending = wasPending;
-    return m_hasIncoming.load(std::memory_order_relaxed);
+    const bool hasMore = m_hasIncoming.load(std::memory_order_relaxed);
+    m_questionSpins.note(late || !hasMore);
+    return hasMore;
 }
 
 } // namespace TROV

@@ -1,4 +1,4 @@
-#include "relax.h"
+#include "processor.h"
 #include "trov/thread.h"
 #include "trov/waithooks.h"
 
@@ -9,6 +9,7 @@ namespace TROV {
 using detail::CallChunk;
 using detail::CallRecord;
 using detail::relax;
+using detail::runsBeside;
 using detail::Waiter;
 
 namespace {
@@ -77,6 +78,7 @@ void Thread::ask(const void* target, const void* part, detail::FunctionRef<bool(
     waiter.m_waiting = self;
     waiter.m_target = target;
     waiter.m_part = part;
+    waiter.m_processor = detail::currentProcessor();
     waiter.m_isWanted = isWanted;
     waiter.m_execute = function;
     const AnswerScope answers(*self);
@@ -114,26 +116,37 @@ void Thread::ask(const void* target, const void* part, detail::FunctionRef<bool(
 
 void Thread::wait(Waiter& waiter, Thread& asked)
 {
-    const auto isDone = [&] {
-        return waiter.m_state.load(std::memory_order_acquire) == Waiter::Done;
-    };
     const WaitScope scope(*this);
-    for (int spins = 0; spins < AnswerSpins && asked.m_busy.load(std::memory_order_relaxed);
-         ++spins) {
-        if (isDone())
-            return;
-        if (m_requestsPending.load(std::memory_order_relaxed) > 0)
-            break;
-        relax();
-    }
+    if (spinFor(waiter, asked))
+        return;
     for (;;) {
         const std::uint32_t seen = m_rouser.count();
-        if (isDone())
+        if (waiter.isDone())
             return;
         if (m_requestsPending.load(std::memory_order_acquire) > 0 && answerOneRequest())
             continue;
         m_rouser.sleep(seen);
     }
+}
+
+bool Thread::spinFor(const Waiter& waiter, const Thread& asked) noexcept
+{
+    const auto mayBeAnswering = [&] { return asked.m_busy.load(std::memory_order_relaxed); };
+    // In vain where the other one needs this very processor.
+    if (!mayBeAnswering() || !runsBeside(asked.m_processor.load(std::memory_order_relaxed))
+        || !m_answerSpins.suggestsSpinning())
+        return false;
+    for (int spins = 0; spins < AnswerSpins && mayBeAnswering(); ++spins) {
+        if (waiter.isDone()) {
+            m_answerSpins.note(false);
+            return true;
+        }
+        if (m_requestsPending.load(std::memory_order_relaxed) > 0)
+            return false;
+        relax();
+    }
+    m_answerSpins.note(true);
+    return false;
 }
 
 bool Thread::answerOneRequest()
@@ -199,6 +212,7 @@ void Thread::answer(CallRecord* record)
     if (!waiter)
         return;
     endQuestion(waiter);
+    m_askerProcessor = waiter->m_processor;
     try {
         waiter->m_execute();
     } catch (...) {

@@ -28,12 +28,15 @@ struct TROV_EXPORT Waiter
     Thread* m_waiting = nullptr;           ///< the thread that sleeps until the state is `Done`
     const void* m_target = nullptr;        ///< what is asked; cutting it ends the wait
     const void* m_part = nullptr;          ///< the part of it that is asked; likewise, or null
+    int m_processor = 0;                   ///< that the waiting thread asked on
     struct CallRecord* m_record = nullptr; ///< where the question stands in the queue
     Waiter* m_previous = nullptr;
     Waiter* m_next = nullptr;
     std::exception_ptr m_error;
     FunctionRef<void()> m_execute;  ///< runs on the asked thread; stores the result
     FunctionRef<bool()> m_isWanted; ///< false once what is asked was cut
+
+    bool isDone() const noexcept { return m_state.load(std::memory_order_acquire) == Done; }
 };
 
 /// The head of every queued call. The call itself follows it in memory.

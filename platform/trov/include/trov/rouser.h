@@ -27,4 +27,30 @@ private:
     std::atomic<bool> m_sleeping{false};
 };
 
+/// Whether to spin for a moment before one sleeps: not so soon again when it was in vain of late.
+class SpinHistory
+{
+public:
+    /// Asked before each wait.
+    bool suggestsSpinning() noexcept
+    {
+        if (m_pause == 0)
+            return true;
+        --m_pause;
+        return false;
+    }
+
+    void note(bool wasInVain) noexcept
+    {
+        m_failures = !wasInVain ? 0 : m_failures < MostFailures ? m_failures + 1 : MostFailures;
+        m_pause = (1u << m_failures) - 1;
+    }
+
+private:
+    static constexpr unsigned MostFailures = 6;
+
+    unsigned m_failures = 0; // one after the other
+    unsigned m_pause = 0;    // waits until the next attempt
+};
+
 } // namespace TROV::detail

@@ -250,6 +250,7 @@ private:
     void ask(const void* target, const void* part, detail::FunctionRef<bool()> isWanted,
              detail::FunctionRef<void()> function);
     void wait(detail::Waiter& waiter, Thread& asked);
+    bool spinFor(const detail::Waiter& waiter, const Thread& asked) noexcept;
     void answer(detail::CallRecord* record);
     static void complete(detail::Waiter* waiter) noexcept;
     void wakeUp();
@@ -296,6 +297,7 @@ private:
     std::atomic<bool> m_accepting{true};
     std::atomic<bool> m_hasIncoming{false};
     std::atomic<bool> m_busy{false};
+    std::atomic<int> m_processor{0}; // that calls were run on last
     std::atomic<int> m_requestsPending{0};
     detail::Rouser m_rouser; // of the thread itself, in `exec` or waiting for an answer
     std::atomic<int> m_refs{0};
@@ -312,6 +314,9 @@ private:
     detail::CallList m_current;
     detail::EmissionPins m_pins;
     Clock::time_point m_lastAnswer{};
+    int m_askerProcessor = 0;
+    detail::SpinHistory m_questionSpins;
+    detail::SpinHistory m_answerSpins;
     unsigned m_execDepth = 0;
     EventErrors* m_eventErrors = nullptr;
     std::optional<WaitRelease> m_sleep;
