@@ -56,9 +56,8 @@ public:
 
 protected:
     explicit TableEmitter(const TableHead& head) noexcept
-        : EmitterBase(static_cast<std::uint8_t>(reinterpret_cast<std::uintptr_t>(this)
-                                                - reinterpret_cast<std::uintptr_t>(&head)
-                                                - sizeof(TableHead)))
+        : EmitterBase(static_cast<std::uint8_t>(reinterpret_cast<const char*>(this)
+                                                - reinterpret_cast<const char*>(&head + 1)))
     {}
     ~TableEmitter() = default;
 };
