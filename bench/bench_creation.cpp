@@ -10,21 +10,18 @@
 #include <QMainWindow>
 #include <QPushButton>
 
-#include <benchmark/benchmark.h>
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
-constexpr std::int64_t Buttons = 10'000;
+constexpr std::int64_t Count = 10'000;
+constexpr std::int64_t PerPanel = 100;
 
 const std::string s_toolTip = "Writes all that was changed";
-
-QString latin1(const std::string& text)
-{
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// A window of panels, each with a row of so many buttons, as an application writes it.
 struct VoxiWindow
@@ -86,8 +83,8 @@ struct QtWindow
         m_column->addWidget(panel);
         for (std::int64_t i = 0; i < buttons; ++i) {
             auto* button = new QPushButton(panel);
-            button->setText(latin1(bench::labelText(i % 2)));
-            button->setToolTip(latin1(s_toolTip));
+            button->setText(QString::fromStdString(bench::labelText(i % 2)));
+            button->setToolTip(QString::fromStdString(s_toolTip));
             button->setEnabled(i % 4 != 0);
             row->addWidget(button);
         }
@@ -96,134 +93,107 @@ struct QtWindow
     void setPainted(bool on) { m_window->setUpdatesEnabled(on); }
     void show() { m_window->show(); }
     static Panel* makePanel() { return new Panel; }
-
-    /// A button that behaves as the toolkit's does.
-    static QPushButton* construct(Panel* panel)
-    {
-        auto* button = new QPushButton(panel);
-        button->setAutoDefault(false);
-        button->setFocusPolicy(Qt::StrongFocus);
-        button->setBackgroundRole(QPalette::Button);
-        button->setForegroundRole(QPalette::ButtonText);
-        return button;
-    }
+    static void construct(Panel* panel) { new QPushButton(panel); }
 };
 
 struct HeardQtWindow : QtWindow
 {
     static void construct(Panel* panel)
     {
-        auto* button = QtWindow::construct(panel);
+        auto* button = new QPushButton(panel);
         QObject::connect(button, &QPushButton::clicked, button, [] {});
         QObject::connect(button, &QPushButton::toggled, button, [](bool) {});
     }
 };
 
-/// Less than what the toolkit's buttons are.
-struct BareQtWindow : QtWindow
-{
-    static void construct(Panel* panel) { new QPushButton(panel); }
-};
-
+/// As an application makes them: configured, laid out and shown.
 template <class Window>
-std::unique_ptr<Window> makeWindow(std::int64_t perPanel, bool isPainted)
+std::unique_ptr<Window> makeWindow(bool isPainted, std::int64_t buttons = Count)
 {
     auto window = std::make_unique<Window>();
     window->setPainted(isPainted);
-    for (std::int64_t made = 0; made < Buttons; made += perPanel)
-        window->addPanel(perPanel);
+    for (std::int64_t made = 0; made < buttons; made += PerPanel)
+        window->addPanel(std::min(PerPanel, buttons));
     window->show();
     bench::settle();
     return window;
 }
 
-/// Create, configure, lay out, show, destroy; ARG buttons to a panel. What is painted is not
-/// counted as the widgets' memory.
-template <class Window, bool IsPainted>
+/// Their whole life, painting included.
+template <class Window>
 void createButtons(benchmark::State& state)
 {
-    const std::int64_t perPanel = state.range(0);
-    bench::settle(); // other benches may have left deletions behind
-    const std::size_t before = bench::heapInUse();
-    auto window = makeWindow<Window>(perPanel, IsPainted);
-    if (!IsPainted) {
-        state.counters["bytes_per_widget"] =
-            static_cast<double>(bench::heapInUse() - before) / Buttons;
-    }
-    window.reset();
-    bench::settle();
-    for (auto _ : state) {
-        window = makeWindow<Window>(perPanel, IsPainted);
+    bench::repeat(state, [] {
+        makeWindow<Window>(true);
+        bench::settle();
+    });
+}
+
+/// Until they are on the screen. What is painted is not counted as the widgets' memory.
+template <class Window>
+void showButtons(benchmark::State& state)
+{
+    makeWindow<Window>(false, 1);
+    while (state.KeepRunningBatch(Count)) {
+        const bench::HeapGrowth growth;
+        std::unique_ptr<Window> window;
+        bench::measure(state, [&] { window = makeWindow<Window>(false); });
+        growth.report(state, Count);
         window.reset();
         bench::settle();
     }
 }
 
-void siblings(benchmark::internal::Benchmark* bench)
-{
-    bench->Arg(100)->Arg(1'000)->Unit(benchmark::kMillisecond);
-}
-BENCHMARK(createButtons<VoxiWindow, true>)->Name("CreateButtons/voxi")->Apply(siblings);
-BENCHMARK(createButtons<QtWindow, true>)->Name("CreateButtons/qt")->Apply(siblings);
-BENCHMARK(createButtons<VoxiWindow, false>)->Name("CreateUnpaintedButtons/voxi")->Apply(siblings);
-BENCHMARK(createButtons<QtWindow, false>)->Name("CreateUnpaintedButtons/qt")->Apply(siblings);
-
-/// Construction alone, hidden, 100 to a panel; time per button.
+/// Construction alone, hidden, 100 to a panel.
 template <class Window>
 void constructButtons(benchmark::State& state)
 {
-    constexpr std::int64_t perPanel = 100;
-    double bytes = 0;
-    while (state.KeepRunningBatch(Buttons)) {
+    const std::unique_ptr<typename Window::Panel> first(Window::makePanel());
+    Window::construct(first.get());
+    while (state.KeepRunningBatch(Count)) {
         std::vector<std::unique_ptr<typename Window::Panel>> panels;
-        for (std::int64_t made = 0; made < Buttons; made += perPanel)
+        for (std::int64_t made = 0; made < Count; made += PerPanel)
             panels.emplace_back(Window::makePanel());
-        const std::size_t before = bench::heapInUse();
-        const auto begin = bench::Clock::now();
-        for (const auto& panel : panels) {
-            for (std::int64_t i = 0; i < perPanel; ++i)
-                Window::construct(panel.get());
-        }
-        state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
+        const bench::HeapGrowth growth;
+        bench::measure(state, [&] {
+            for (const auto& panel : panels) {
+                for (std::int64_t i = 0; i < PerPanel; ++i)
+                    Window::construct(panel.get());
+            }
+        });
         bench::settle();
-        bytes = static_cast<double>(bench::heapInUse() - before) / Buttons;
+        growth.report(state, Count);
         panels.clear();
         bench::settle();
     }
-    state.counters["bytes_per_widget"] = bytes;
 }
-BENCHMARK(constructButtons<VoxiWindow>)->Name("ConstructButtons/voxi")->UseManualTime();
-BENCHMARK(constructButtons<QtWindow>)->Name("ConstructButtons/qt")->UseManualTime();
-BENCHMARK(constructButtons<HeardVoxiWindow>)->Name("ConstructHeardButtons/voxi")->UseManualTime();
-BENCHMARK(constructButtons<HeardQtWindow>)->Name("ConstructHeardButtons/qt")->UseManualTime();
-BENCHMARK(constructButtons<VoxiWindow>)->Name("ConstructButtonsBare/voxi")->UseManualTime();
-BENCHMARK(constructButtons<BareQtWindow>)->Name("ConstructButtonsBare/qt")->UseManualTime();
 
-/// Destruction alone of one window with ARG buttons side by side; time per button.
+/// Destruction alone, of one window with all of them side by side.
 template <class Window>
 void destroyButtons(benchmark::State& state)
 {
-    const std::int64_t buttons = state.range(0);
-    while (state.KeepRunningBatch(buttons)) {
+    const std::unique_ptr<typename Window::Panel> first(Window::makePanel());
+    Window::construct(first.get());
+    while (state.KeepRunningBatch(Count)) {
+        const bench::HeapGrowth growth;
         std::unique_ptr<typename Window::Panel> panel(Window::makePanel());
-        for (std::int64_t i = 0; i < buttons; ++i)
+        for (std::int64_t i = 0; i < Count; ++i)
             Window::construct(panel.get());
         bench::settle();
-        const auto begin = bench::Clock::now();
-        panel.reset();
-        bench::settle();
-        state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
+        bench::measure(state, [&] {
+            panel.reset();
+            bench::settle();
+        });
+        growth.report(state, Count);
     }
 }
-BENCHMARK(destroyButtons<VoxiWindow>)
-    ->Name("DestroyButtons/voxi")
-    ->Arg(1'000)
-    ->Arg(Buttons)
-    ->UseManualTime();
-BENCHMARK(destroyButtons<QtWindow>)
-    ->Name("DestroyButtons/qt")
-    ->Arg(1'000)
-    ->Arg(Buttons)
-    ->UseManualTime();
+
+const bool s_added = bench::addPairs({
+    {"CreateButtons/100", createButtons<VoxiWindow>, createButtons<QtWindow>},
+    {"ShownButton", showButtons<VoxiWindow>, showButtons<QtWindow>},
+    {"ConstructBare", constructButtons<VoxiWindow>, constructButtons<QtWindow>},
+    {"ConstructHeardButtons", constructButtons<HeardVoxiWindow>, constructButtons<HeardQtWindow>},
+    {"DestroyButtons", destroyButtons<VoxiWindow>, destroyButtons<QtWindow>},
+});
 
 } // namespace

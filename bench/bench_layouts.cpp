@@ -1,22 +1,15 @@
-// Laying out forms and flows of widgets that exist already.
+// Laying out forms, boxes and flows of widgets that exist already.
 
 #include "benchsupport.h"
+#include "qtform.h"
+#include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxflowlayout2.h"
-#include "voxi2/containers/vxgridlayout2.h"
-#include "voxi2/containers/vxpanel2.h"
-#include "voxi2/controls/vxbutton2.h"
-#include "voxi2/controls/vxcheckbox2.h"
-#include "voxi2/controls/vxtext2.h"
+#include "voxiform.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QWidget>
+#include <QBoxLayout>
+#include <QLayout>
 
 #include <algorithm>
-#include <array>
-#include <benchmark/benchmark.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -25,6 +18,7 @@ namespace {
 
 constexpr int FormRows = 1'000;
 constexpr int Forms = 10;
+constexpr int BoxItems = 10'000;
 constexpr int FlowItems = 10'000;
 constexpr int FlowHeight = 600;
 constexpr int FlowWidths[] = {800, 1'000};
@@ -34,82 +28,10 @@ std::string rowText(int row) { return "Row " + std::to_string(row); }
 
 // Forms -------------------------------------------------------------------------------------------
 
-/// Three columns of widgets on a panel, which a grid lays out.
-struct VoxiForm
+template <class Form>
+void check(benchmark::State& state, const Form& form)
 {
-    std::unique_ptr<VOXI::VXPanel2> m_panel = std::make_unique<VOXI::VXPanel2>();
-    VOXI::VXGridLayout2* m_grid = new VOXI::VXGridLayout2(m_panel.get());
-    std::vector<std::array<VOXI::VXWidget2*, 3>> m_rows;
-
-    VoxiForm() { m_panel->setUpdatesEnabled(false); }
-
-    void makeRow()
-    {
-        const std::string label = rowText(static_cast<int>(m_rows.size()));
-        auto* text = new VOXI::VXText2(m_panel.get());
-        auto* box = new VOXI::VXCheckBox2(m_panel.get());
-        auto* button = new VOXI::VXButton2(m_panel.get());
-        text->setText(label);
-        box->setLabel(label);
-        button->setLabel(label);
-        m_rows.push_back({text, box, button});
-    }
-    void placeRow(int row)
-    {
-        int column = 0;
-        for (VOXI::VXWidget2* widget : m_rows[static_cast<std::size_t>(row)])
-            m_grid->addWidget(widget, row, column++);
-    }
-    void layOut() { m_grid->refresh(); }
-    void show() { m_panel->show(); }
-    void change(bool second)
-    {
-        static_cast<VOXI::VXButton2*>(m_rows[0][2])->setLabel(bench::labelText(second));
-        m_grid->refresh();
-    }
-    QRect lastCell() const { return bench::widgetOf(m_rows.back()[2])->geometry(); }
-};
-
-/// The same with plain Qt.
-struct QtForm
-{
-    std::unique_ptr<QWidget> m_panel = std::make_unique<QWidget>();
-    QGridLayout* m_grid = new QGridLayout(m_panel.get());
-    std::vector<std::array<QWidget*, 3>> m_rows;
-
-    QtForm() { m_panel->setUpdatesEnabled(false); }
-
-    void makeRow()
-    {
-        const QString label = QString::fromStdString(rowText(static_cast<int>(m_rows.size())));
-        auto* text = new QLabel(m_panel.get());
-        auto* box = new QCheckBox(m_panel.get());
-        auto* button = new QPushButton(m_panel.get());
-        text->setText(label);
-        box->setText(label);
-        button->setText(label);
-        m_rows.push_back({text, box, button});
-    }
-    void placeRow(int row)
-    {
-        int column = 0;
-        for (QWidget* widget : m_rows[static_cast<std::size_t>(row)])
-            m_grid->addWidget(widget, row, column++);
-    }
-    void layOut() { m_grid->activate(); }
-    void show() { m_panel->show(); }
-    void change(bool second)
-    {
-        static_cast<QPushButton*>(m_rows[0][2])
-            ->setText(QString::fromStdString(bench::labelText(second)));
-        m_grid->activate();
-    }
-    QRect lastCell() const { return m_rows.back()[2]->geometry(); }
-};
-
-void check(benchmark::State& state, const QRect& lastCell)
-{
-    if (lastCell.top() < FormRows * 10)
+    if (bench::widgetOf(form.m_rows.back()[2])->y() < FormRows * 10)
         state.SkipWithError("the form is not laid out");
 }
 
@@ -119,27 +41,14 @@ void layOutForm(benchmark::State& state)
 {
     for (auto _ : state) {
         Form form;
-        bench::Clock::duration time{};
         for (int row = 0; row < FormRows; ++row) {
             form.makeRow();
-            const auto begin = bench::Clock::now();
-            form.placeRow(row);
-            time += bench::Clock::now() - begin;
+            bench::measure(state, [&] { form.placeRow(row); });
         }
-        const auto begin = bench::Clock::now();
-        form.layOut();
-        state.SetIterationTime(bench::seconds(time + (bench::Clock::now() - begin)));
-        check(state, form.lastCell());
+        bench::measure(state, [&] { form.layOut(); });
+        check(state, form);
     }
 }
-BENCHMARK(layOutForm<VoxiForm>)
-    ->Name("FormLayout/voxi")
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(layOutForm<QtForm>)
-    ->Name("FormLayout/qt")
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
 
 /// The same, all at once, for widgets that were made and shown long ago.
 template <class Form>
@@ -152,69 +61,84 @@ void layOutShownForm(benchmark::State& state)
         Form& form = *forms.back();
         for (int row = 0; row < FormRows; ++row)
             form.makeRow();
-        form.show();
+        form.showUnpainted();
         bench::settle();
-        const auto begin = bench::Clock::now();
-        for (int row = 0; row < FormRows; ++row)
-            form.placeRow(row);
-        form.layOut();
-        bench::settle();
-        state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
-        check(state, form.lastCell());
+        bench::measure(state, [&] {
+            for (int row = 0; row < FormRows; ++row)
+                form.placeRow(row);
+            form.layOut();
+            bench::settle();
+        });
+        check(state, form);
     }
 }
-BENCHMARK(layOutShownForm<VoxiForm>)
-    ->Name("FormLayoutShown/voxi")
-    ->UseManualTime()
-    ->Iterations(Forms)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(layOutShownForm<QtForm>)
-    ->Name("FormLayoutShown/qt")
-    ->UseManualTime()
-    ->Iterations(Forms)
-    ->Unit(benchmark::kMillisecond);
 
 /// Its whole life: the widgets made, laid out, shown and destroyed.
 template <class Form>
 void createForm(benchmark::State& state)
 {
-    for (auto _ : state) {
+    bench::repeat(state, [&state] {
         {
             Form form;
-            for (int row = 0; row < FormRows; ++row) {
-                form.makeRow();
-                form.placeRow(row);
-            }
-            form.show();
+            form.addRows(FormRows);
+            form.showUnpainted();
             bench::settle();
-            check(state, form.lastCell());
+            check(state, form);
         }
         bench::settle();
-    }
+    });
 }
-BENCHMARK(createForm<VoxiForm>)->Name("FormCreate/voxi")->Unit(benchmark::kMillisecond);
-BENCHMARK(createForm<QtForm>)->Name("FormCreate/qt")->Unit(benchmark::kMillisecond);
 
 /// One label changes, and the shown form makes room for it.
 template <class Form>
 void changeForm(benchmark::State& state)
 {
     Form form;
-    for (int row = 0; row < FormRows; ++row) {
-        form.makeRow();
-        form.placeRow(row);
-    }
-    form.show();
+    form.addRows(FormRows);
+    form.showUnpainted();
     bench::settle();
     bool second = false;
-    for (auto _ : state) {
-        second = !second;
-        form.change(second);
+    bench::repeat(state, [&] {
+        form.change(second = !second);
         bench::settle();
+    });
+}
+
+// Boxes -------------------------------------------------------------------------------------------
+
+struct VoxiBox
+{
+    std::unique_ptr<VOXI::VXPanel2> m_panel = std::make_unique<VOXI::VXPanel2>();
+    VOXI::VXBoxLayout2* m_box = new VOXI::VXBoxLayout2(m_panel.get(), VOXI::Direction::TopToBottom);
+
+    void add(int i) const { m_box->addWidget(new VOXI::VXText2(rowText(i), m_panel.get()), 1); }
+};
+
+struct QtBox
+{
+    std::unique_ptr<QWidget> m_panel = std::make_unique<QWidget>();
+    QBoxLayout* m_box = new QBoxLayout(QBoxLayout::TopToBottom, m_panel.get());
+
+    void add(int i) const
+    {
+        m_box->addWidget(new QLabel(QString::fromStdString(rowText(i)), m_panel.get()), 1);
+    }
+};
+
+/// Texts are made and added with stretch, one by one.
+template <class Box>
+void fillBox(benchmark::State& state)
+{
+    while (state.KeepRunningBatch(BoxItems)) {
+        const Box box;
+        bench::measure(state, [&box] {
+            for (int i = 0; i < BoxItems; ++i)
+                box.add(i);
+        });
+        if (bench::widgetOf(box.m_panel.get())->layout()->count() != BoxItems)
+            state.SkipWithError("the box is not full");
     }
 }
-BENCHMARK(changeForm<VoxiForm>)->Name("FormChange/voxi")->Unit(benchmark::kMicrosecond);
-BENCHMARK(changeForm<QtForm>)->Name("FormChange/qt")->Unit(benchmark::kMicrosecond);
 
 // Flows -------------------------------------------------------------------------------------------
 
@@ -329,22 +253,26 @@ void resizeFlow(benchmark::State& state)
     Flow flow;
     flow.show();
     bench::settle();
-    const auto lastTop = [&flow] {
-        return flow.inside()->layout()->itemAt(FlowItems - 1)->geometry().top();
-    };
     bool wide = false;
     int former = -1;
-    for (auto _ : state) {
+    bench::repeat(state, [&] {
         wide = !wide;
         flow.resize(FlowWidths[wide ? 1 : 0]);
         bench::settle();
-        const int top = lastTop();
+        const int top = flow.inside()->layout()->itemAt(FlowItems - 1)->geometry().top();
         if (top == former)
             state.SkipWithError("the flow was not laid out anew");
         former = top;
-    }
+    });
 }
-BENCHMARK(resizeFlow<VoxiFlow>)->Name("FlowResize/voxi")->Unit(benchmark::kMillisecond);
-BENCHMARK(resizeFlow<PlainQtFlow>)->Name("FlowResize/qt")->Unit(benchmark::kMillisecond);
+
+const bool s_added = bench::addPairs({
+    {"FormLayout", layOutForm<bench::VoxiForm>, layOutForm<bench::QtForm>},
+    {"FormLayoutShown", layOutShownForm<bench::VoxiForm>, layOutShownForm<bench::QtForm>, Forms},
+    {"FormCreate", createForm<bench::VoxiForm>, createForm<bench::QtForm>},
+    {"FormChange", changeForm<bench::VoxiForm>, changeForm<bench::QtForm>},
+    {"BoxStretch", fillBox<VoxiBox>, fillBox<QtBox>},
+    {"FlowResize", resizeFlow<VoxiFlow>, resizeFlow<PlainQtFlow>},
+});
 
 } // namespace

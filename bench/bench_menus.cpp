@@ -9,7 +9,6 @@
 #include <QMainWindow>
 #include <QMenu>
 
-#include <benchmark/benchmark.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,27 +25,23 @@ struct VoxiMenu
     QMenu* m_qMenu = dynamic_cast<QMenu*>(bench::widgetOf(m_menu));
     std::vector<VOXI::VXAction2*> m_actions;
 
-    VoxiMenu()
+    /// It is filled when it is about to be shown, or from the event loop, when it is shown already.
+    explicit VoxiMenu(bool isFilledLater)
     {
         for (int i = 0; i < Actions; ++i) {
             m_actions.push_back(new VOXI::VXAction2(m_window.get()));
             m_actions.back()->setLabel("Entry " + std::to_string(i));
         }
         m_menu->setDigMenu(true);
-    }
-
-    void answerAtOnce()
-    {
-        m_menu->aboutToShow().connect(m_window.get(), [this] { fill(); });
-    }
-    /// From the event loop, while the menu is shown already.
-    void answerLater()
-    {
-        m_menu->aboutToShow().connect(m_window.get(), [this] {
-            QMetaObject::invokeMethod(
-                m_qMenu, [this] { fill(); }, Qt::QueuedConnection);
+        m_menu->aboutToShow().connect(m_window.get(), [this, isFilledLater] {
+            if (isFilledLater)
+                QMetaObject::invokeMethod(
+                    m_qMenu, [this] { fill(); }, Qt::QueuedConnection);
+            else
+                fill();
         });
     }
+
     void fill()
     {
         for (VOXI::VXAction2* action : m_actions)
@@ -63,7 +58,7 @@ struct QtMenu
     QMenu* m_qMenu = new QMenu(m_window.get());
     std::vector<QAction*> m_actions;
 
-    QtMenu()
+    explicit QtMenu(bool /*isFilledLater*/)
     {
         for (int i = 0; i < Actions; ++i)
             m_actions.push_back(new QAction(QStringLiteral("Entry %1").arg(i), m_window.get()));
@@ -74,22 +69,19 @@ struct QtMenu
         });
     }
 
-    void answerAtOnce() {}
-    void answerLater() {}
     void open() { m_qMenu->popup(QPoint(10, 10)); }
 };
 
 /// From asking for the menu until it is on the screen with all its entries.
-template <class Menu>
-void openMenu(benchmark::State& state, void (Menu::*prepare)())
+template <class Menu, bool IsFilledLater>
+void openMenu(benchmark::State& state)
 {
-    Menu menu;
-    (menu.*prepare)();
+    Menu menu(IsFilledLater);
     for (auto _ : state) {
-        const auto begin = bench::Clock::now();
-        menu.open();
-        bench::settle();
-        state.SetIterationTime(bench::seconds(bench::Clock::now() - begin));
+        bench::measure(state, [&menu] {
+            menu.open();
+            bench::settle();
+        });
         if (menu.m_qMenu->actions().size() != Actions || menu.m_qMenu->height() < 100
             || !menu.m_qMenu->updatesEnabled())
             state.SkipWithError("the menu is not complete");
@@ -97,21 +89,10 @@ void openMenu(benchmark::State& state, void (Menu::*prepare)())
         bench::settle();
     }
 }
-BENCHMARK_CAPTURE(openMenu, voxi, &VoxiMenu::answerAtOnce)
-    ->Name("MenuOpen/voxi")
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(openMenu, qt, &QtMenu::answerAtOnce)
-    ->Name("MenuOpen/qt")
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(openMenu, voxi, &VoxiMenu::answerLater)
-    ->Name("MenuOpenLater/voxi")
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(openMenu, qt, &QtMenu::answerLater)
-    ->Name("MenuOpenLater/qt")
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+
+const bool s_added = bench::addPairs({
+    {"MenuOpen", openMenu<VoxiMenu, false>, openMenu<QtMenu, false>},
+    {"MenuOpenLater", openMenu<VoxiMenu, true>, openMenu<QtMenu, true>},
+});
 
 } // namespace

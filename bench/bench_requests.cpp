@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QWidget>
 
-#include <benchmark/benchmark.h>
 #include <memory>
 
 namespace {
@@ -17,62 +16,55 @@ struct VoxiButton
     std::unique_ptr<VOXI::VXPanel2> m_panel = std::make_unique<VOXI::VXPanel2>();
     VOXI::VXButton2* m_button = new VOXI::VXButton2(m_panel.get());
     QPushButton* m_qButton = dynamic_cast<QPushButton*>(bench::widgetOf(m_button));
+
+    void setEnabled(bool on) const { m_button->setEnabled(on); }
+    void setLabel(bool second) const { m_button->setLabel(bench::labelText(second)); }
 };
 
 struct QtButton
 {
     std::unique_ptr<QWidget> m_panel = std::make_unique<QWidget>();
-    QPushButton* m_button = new QPushButton(m_panel.get());
+    QPushButton* m_qButton = new QPushButton(m_panel.get());
+
+    void setEnabled(bool on) const { m_qButton->setEnabled(on); }
+    void setLabel(bool second) const { m_qButton->setText(bench::qtLabelText(second)); }
 };
 
-void setEnabledVoxi(benchmark::State& state)
+/// Of a program that has its texts as the toolkit's has.
+struct ConvertingQtButton : QtButton
 {
-    const VoxiButton made;
-    bool on = true;
-    for (auto _ : state) {
-        on = !on;
-        made.m_button->setEnabled(on);
+    void setLabel(bool second) const
+    {
+        m_qButton->setText(QString::fromStdString(bench::labelText(second)));
     }
+};
+
+template <class Button>
+void setEnabled(benchmark::State& state)
+{
+    const Button made;
+    bool on = true;
+    const auto job = [&] { made.setEnabled(on = !on); };
+    bench::repeat(state, job, bench::ShortJobs);
     if (made.m_qButton->isEnabled() != on)
         state.SkipWithError("the last request did not arrive");
 }
-BENCHMARK(setEnabledVoxi)->Name("SetEnabled/voxi");
 
-void setEnabledQt(benchmark::State& state)
+template <class Button>
+void setLabel(benchmark::State& state)
 {
-    const QtButton made;
-    bool on = true;
-    for (auto _ : state) {
-        on = !on;
-        made.m_button->setEnabled(on);
-    }
-}
-BENCHMARK(setEnabledQt)->Name("SetEnabled/qt");
-
-void setLabelVoxi(benchmark::State& state)
-{
-    const VoxiButton made;
+    const Button made;
     bool second = false;
-    for (auto _ : state) {
-        second = !second;
-        made.m_button->setLabel(bench::labelText(second));
-    }
-    if (made.m_qButton->text() != QString::fromStdString(bench::labelText(second)))
+    const auto job = [&] { made.setLabel(second = !second); };
+    bench::repeat(state, job, bench::ShortJobs);
+    if (made.m_qButton->text() != bench::qtLabelText(second))
         state.SkipWithError("the last request did not arrive");
 }
-BENCHMARK(setLabelVoxi)->Name("SetLabel/voxi");
 
-void setLabelQt(benchmark::State& state)
-{
-    const QtButton made;
-    bool second = false;
-    for (auto _ : state) {
-        second = !second;
-        const std::string& text = bench::labelText(second);
-        made.m_button->setText(
-            QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
-    }
-}
-BENCHMARK(setLabelQt)->Name("SetLabel/qt");
+const bool s_added = bench::addPairs({
+    {"SetEnabled", setEnabled<VoxiButton>, setEnabled<QtButton>},
+    {"SetLabel", setLabel<VoxiButton>, setLabel<QtButton>},
+    {"SetLabelStd", setLabel<VoxiButton>, setLabel<ConvertingQtButton>},
+});
 
 } // namespace

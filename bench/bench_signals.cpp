@@ -1,12 +1,13 @@
 // Emitting a signal to nobody, one and ten listeners on the same thread: again and again from the
-// same sender, and from many senders in random order, where memory counts.
+// same sender, and from many senders in random order, where memory counts. And connecting many.
 
+#include "benchsupport.h"
 #include "qtcounter.h"
 #include "requestcounter.h"
 #include "trov/emitter.h"
 
 #include <algorithm>
-#include <benchmark/benchmark.h>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -15,6 +16,7 @@
 namespace {
 
 constexpr std::size_t ColdSenders = 20'000;
+constexpr std::size_t ManyListeners = 1'000;
 
 struct VoxiCounter : TROV::Listener
 {
@@ -68,10 +70,11 @@ void emitHot(benchmark::State& state, int listeners)
         sender.connect(*counters.back());
     }
     int value = 0;
-    for (auto _ : state) {
+    const auto job = [&] {
         benchmark::DoNotOptimize(sender);
         sender.send(++value);
-    }
+    };
+    bench::repeat(state, job, bench::ShortJobs);
     for (const auto& counter : counters) {
         if (counter->m_count != static_cast<long>(state.iterations()))
             state.SkipWithError("a listener missed emissions");
@@ -93,8 +96,10 @@ void emitCold(benchmark::State& state, int listeners)
     }
     std::shuffle(senders.begin(), senders.end(), std::mt19937(1));
     while (state.KeepRunningBatch(ColdSenders)) {
-        for (const auto& sender : senders)
-            sender->send(1);
+        bench::measure(state, [&senders] {
+            for (const auto& sender : senders)
+                sender->send(1);
+        });
     }
     for (const auto& counter : counters) {
         if (counter->m_count * static_cast<long>(ColdSenders)
@@ -103,24 +108,54 @@ void emitCold(benchmark::State& state, int listeners)
     }
 }
 
-template <class Sender, class Counter>
-void addPair(const char* side, const char* kind)
+/// So many listeners come to one sender, and go, the eldest first.
+template <class Sender, class Counter, bool IsEndTimed>
+void connectMany(benchmark::State& state)
 {
-    for (const int listeners : {0, 1, 10}) {
-        const std::string name = kind + std::to_string(listeners);
-        benchmark::RegisterBenchmark((name + '/' + side).c_str(), &emitHot<Sender, Counter>,
-                                     listeners);
-        benchmark::RegisterBenchmark((name + "Cold/" + side).c_str(), &emitCold<Sender, Counter>,
-                                     listeners);
+    while (state.KeepRunningBatch(ManyListeners)) {
+        std::vector<std::unique_ptr<Counter>> counters;
+        for (std::size_t i = 0; i < ManyListeners; ++i)
+            counters.push_back(std::make_unique<Counter>());
+        Sender sender;
+        const auto connect = [&] {
+            for (const auto& counter : counters)
+                sender.connect(*counter);
+        };
+        if constexpr (IsEndTimed) {
+            connect();
+            bench::measure(state, [&counters] {
+                for (auto& counter : counters)
+                    counter.reset();
+            });
+        } else {
+            bench::measure(state, connect);
+        }
     }
 }
 
-const bool s_added = [] {
-    addPair<VoxiSender, VoxiCounter>("voxi", "Emit");
-    addPair<QtSenderAndConnect, bench::QtCounter>("qt", "Emit");
-    addPair<VoxiTableSender, VoxiCounter>("voxi", "EmitEvent");
-    addPair<QtSenderAndConnect, bench::QtCounter>("qt", "EmitEvent");
+template <class Sender>
+bool addSignalPairs(const std::string& kind)
+{
+    using namespace std::placeholders;
+    for (const int listeners : {0, 1, 10}) {
+        const std::string name = kind + std::to_string(listeners);
+        bench::addPairs({
+            {name, std::bind(emitHot<Sender, VoxiCounter>, _1, listeners),
+             std::bind(emitHot<QtSenderAndConnect, bench::QtCounter>, _1, listeners)},
+            {name + "Cold", std::bind(emitCold<Sender, VoxiCounter>, _1, listeners),
+             std::bind(emitCold<QtSenderAndConnect, bench::QtCounter>, _1, listeners)},
+        });
+    }
     return true;
-}();
+}
+
+const bool s_added = addSignalPairs<VoxiSender>("Emit")
+                     && addSignalPairs<VoxiTableSender>("EmitEvent")
+                     && bench::addPairs({
+                         {"Connect1000", connectMany<VoxiTableSender, VoxiCounter, false>,
+                          connectMany<QtSenderAndConnect, bench::QtCounter, false>},
+                         {"ListenersEnd1000", connectMany<VoxiTableSender, VoxiCounter, true>,
+                          connectMany<QtSenderAndConnect, bench::QtCounter, true>},
+                     });
 
 } // namespace

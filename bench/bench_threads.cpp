@@ -1,16 +1,26 @@
 // What a worker thread asks of the GUI thread, whose Qt event loop runs: queued calls from the
-// first sending to the last running, and calls that wait for their answer.
+// first sending to the last running, a form of widgets, and calls that wait for their answer.
 
 #include "benchsupport.h"
 #include "qtcounter.h"
+#include "qtform.h"
 #include "requestcounter.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxiform.h"
 
+#include <QCoreApplication>
 #include <QPushButton>
+#include <QThread>
 
-#include <benchmark/benchmark.h>
+#include <future>
 #include <memory>
+#include <optional>
+#include <sched.h>
+#include <stop_token>
+#include <thread>
+#include <type_traits>
+#include <vector>
 
 namespace {
 
@@ -22,73 +32,109 @@ constexpr int IdleCalls = 500;
 // Long enough for both threads to go to sleep, short enough for a bench.
 constexpr auto IdleTime = std::chrono::microseconds(400);
 
-/// Times `QueuedCalls` calls of `send(i)` on the worker until the GUI thread has run all of them.
-/// `send` must queue exactly one call; `finish` queues its argument behind them.
+/// Times `work` on the worker, and what it queues, until the last of it has run. `finish` queues
+/// its argument behind the rest.
+template <class Work, class Finish>
+void timeOnWorker(benchmark::State& state, Work work, Finish finish)
+{
+    QEventLoop loop;
+    Clock::duration time{};
+    bench::Worker::instance().runInside(loop, [&] {
+        std::promise<Clock::time_point> end;
+        const Clock::time_point begin = Clock::now();
+        work();
+        finish([&end] { end.set_value(Clock::now()); });
+        time = end.get_future().get() - begin;
+    });
+    bench::settle();
+    state.SetIterationTime(bench::seconds(time));
+}
+
+/// The same for many calls of `send(i)`, each of which queues one.
 template <class Send, class Finish>
 void timeQueued(benchmark::State& state, Send send, Finish finish)
 {
     while (state.KeepRunningBatch(QueuedCalls)) {
-        QEventLoop loop;
-        Clock::time_point begin;
-        Clock::time_point end;
-        bench::Worker::instance().runInside(loop, [&] {
-            begin = Clock::now();
-            for (int i = 0; i < QueuedCalls; ++i)
-                send(i);
-            finish([&end] { end = Clock::now(); });
-        });
-        bench::settle();
-        state.SetIterationTime(bench::seconds(end - begin));
+        timeOnWorker(
+            state,
+            [&send] {
+                for (int i = 0; i < QueuedCalls; ++i)
+                    send(i);
+            },
+            finish);
     }
 }
 
-// A small packet behind the others, in the same queue.
-template <class Function>
-void queueInToolkit(TROV::Thread* thread, Function function)
+/// Queues behind what was sent to the GUI thread, for `timeOnWorker`.
+auto finishInToolkit()
 {
-    thread->post(std::move(function));
+    return [gui = TROV::Thread::getCurrentThread()](auto function) { gui->post(function); };
+}
+auto finishInQt(QObject* receiver)
+{
+    return [receiver](auto function) {
+        QMetaObject::invokeMethod(receiver, function, Qt::QueuedConnection);
+    };
 }
 
 void queuedRequestVoxi(benchmark::State& state)
 {
     bench::CounterEmitters emitters;
     bench::CounterPeer peer(emitters);
-    TROV::Thread* const gui = TROV::Thread::getCurrentThread();
     timeQueued(
-        state, [&](int i) { emitters.count(i); },
-        [&](auto function) { queueInToolkit(gui, function); });
+        state, [&](int i) { emitters.count(i); }, finishInToolkit());
     if (peer.m_count != static_cast<long>(state.iterations()))
         state.SkipWithError("requests were lost");
 }
-BENCHMARK(queuedRequestVoxi)->Name("QueuedRequest/voxi")->UseManualTime();
 
-void queuedRequestQt(benchmark::State& state)
+void queueInQt(benchmark::State& state, bench::QtCounter& counter)
 {
-    bench::QtCounter counter;
     timeQueued(
         state,
         [&](int i) {
             QMetaObject::invokeMethod(
                 &counter, [&counter, i] { counter.count(i); }, Qt::QueuedConnection);
         },
-        [&](auto function) {
-            QMetaObject::invokeMethod(&counter, function, Qt::QueuedConnection);
-        });
+        finishInQt(&counter));
     if (counter.m_count != static_cast<long>(state.iterations()))
         state.SkipWithError("calls were lost");
 }
-BENCHMARK(queuedRequestQt)->Name("QueuedRequest/qt")->UseManualTime();
+
+void queuedRequestQt(benchmark::State& state)
+{
+    bench::QtCounter counter;
+    queueInQt(state, counter);
+}
+
+/// The receiver is a thread whose loop is Qt's own: in the GUI thread's, GLib's is chosen before
+/// the first bench runs.
+void queuedRequestQtNoGlib(benchmark::State& state)
+{
+    bench::QtCounter counter;
+    QThread thread;
+    counter.moveToThread(&thread);
+    const bool hadGlib = qEnvironmentVariableIsEmpty("QT_NO_GLIB");
+    qputenv("QT_NO_GLIB", "1");
+    std::promise<void> started;
+    QObject::connect(
+        &thread, &QThread::started, &thread, [&started] { started.set_value(); },
+        Qt::DirectConnection);
+    thread.start();
+    started.get_future().wait();
+    if (hadGlib)
+        qunsetenv("QT_NO_GLIB");
+    queueInQt(state, counter);
+    thread.quit();
+    thread.wait();
+}
 
 void queuedSetLabelVoxi(benchmark::State& state)
 {
     const auto panel = std::make_unique<VOXI::VXPanel2>();
     auto* button = new VOXI::VXButton2(panel.get());
-    TROV::Thread* const gui = TROV::Thread::getCurrentThread();
     timeQueued(
-        state, [&](int i) { button->setLabel(bench::labelText(i % 2)); },
-        [&](auto function) { queueInToolkit(gui, function); });
+        state, [&](int i) { button->setLabel(bench::labelText(i % 2)); }, finishInToolkit());
 }
-BENCHMARK(queuedSetLabelVoxi)->Name("QueuedSetLabel/voxi")->UseManualTime();
 
 void queuedSetLabelQt(benchmark::State& state)
 {
@@ -97,18 +143,51 @@ void queuedSetLabelQt(benchmark::State& state)
     timeQueued(
         state,
         [&](int i) {
-            const std::string& text = bench::labelText(i % 2);
             QMetaObject::invokeMethod(
-                button,
-                [button,
-                 label = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()))] {
-                    button->setText(label);
-                },
+                button, [button, label = bench::qtLabelText(i % 2)] { button->setText(label); },
                 Qt::QueuedConnection);
         },
-        [&](auto function) { QMetaObject::invokeMethod(button, function, Qt::QueuedConnection); });
+        finishInQt(button));
 }
-BENCHMARK(queuedSetLabelQt)->Name("QueuedSetLabel/qt")->UseManualTime();
+
+// Building ----------------------------------------------------------------------------------------
+
+constexpr int BuiltRows = 100; // of three widgets each
+
+void buildFromWorkerVoxi(benchmark::State& state)
+{
+    for (auto _ : state) {
+        std::optional<bench::VoxiForm> form;
+        timeOnWorker(
+            state,
+            [&form] {
+                form.emplace().addRows(BuiltRows);
+                form->showUnpainted();
+            },
+            finishInToolkit());
+        if (bench::widgetOf(form->m_rows.back()[2])->isHidden())
+            state.SkipWithError("the form is not shown");
+    }
+}
+
+void buildFromWorkerQt(benchmark::State& state)
+{
+    for (auto _ : state) {
+        std::optional<bench::QtForm> form;
+        timeOnWorker(
+            state,
+            [&form] {
+                QMetaObject::invokeMethod(
+                    qApp,
+                    [&form] {
+                        form.emplace().addRows(BuiltRows);
+                        form->showUnpainted();
+                    },
+                    Qt::BlockingQueuedConnection);
+            },
+            finishInQt(qApp));
+    }
+}
 
 // Waiting for the answer --------------------------------------------------------------------------
 
@@ -136,19 +215,67 @@ using Ask = int (*)(Asked&, int);
 int askVoxi(Asked& asked, int value) { return asked.askVoxi(value); }
 int askQt(Asked& asked, int value) { return asked.askQt(value); }
 
-void blockingRequest(benchmark::State& state, Ask ask)
+/// Keeps the calling thread on the first of the processors that it may use.
+class OneProcessor
 {
+public:
+    OneProcessor()
+    {
+        sched_getaffinity(0, sizeof m_former, &m_former);
+        int first = 0;
+        while (!CPU_ISSET(first, &m_former))
+            ++first;
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(first, &one);
+        sched_setaffinity(0, sizeof one, &one);
+    }
+    ~OneProcessor() { sched_setaffinity(0, sizeof m_former, &m_former); }
+    OneProcessor(const OneProcessor&) = delete;
+    OneProcessor& operator=(const OneProcessor&) = delete;
+
+private:
+    cpu_set_t m_former;
+};
+
+/// As many threads as processors that have something else to do all the time.
+class BusyProcessors
+{
+public:
+    BusyProcessors()
+    {
+        for (unsigned i = 0; i < std::thread::hardware_concurrency(); ++i)
+            m_threads.emplace_back([](const std::stop_token& token) {
+                while (!token.stop_requested()) {
+                }
+            });
+    }
+
+private:
+    std::vector<std::jthread> m_threads;
+};
+
+struct Unhindered
+{};
+
+/// Question after question. `Where` is what both threads have to put up with meanwhile.
+template <Ask TheAsk, class Where>
+void blockingRequest(benchmark::State& state)
+{
+    constexpr bool isOneProcessor = std::is_same_v<Where, OneProcessor>;
     Asked asked;
     bench::Latencies latencies;
     long wrong = 0;
+    [[maybe_unused]] const Where guiThread;
     while (state.KeepRunningBatch(BlockingCalls)) {
         QEventLoop loop;
         Clock::duration time{};
         bench::Worker::instance().runInside(loop, [&] {
+            [[maybe_unused]] const std::conditional_t<isOneProcessor, Where, Unhindered> worker;
             const Clock::time_point begin = Clock::now();
             Clock::time_point last = begin;
             for (int i = 0; i < BlockingCalls; ++i) {
-                wrong += ask(asked, i) != i + 1;
+                wrong += TheAsk(asked, i) != i + 1;
                 const Clock::time_point now = Clock::now();
                 latencies.add(now - last);
                 last = now;
@@ -161,12 +288,11 @@ void blockingRequest(benchmark::State& state, Ask ask)
     if (wrong != 0)
         state.SkipWithError("wrong answers");
 }
-BENCHMARK_CAPTURE(blockingRequest, voxi, &askVoxi)->Name("BlockingRequest/voxi")->UseManualTime();
-BENCHMARK_CAPTURE(blockingRequest, qt, &askQt)->Name("BlockingRequest/qt")->UseManualTime();
 
 /// Before each question both threads sleep. The sides take turns question by question whichever is
 /// being timed, so that both meet the processor in the same state.
-void blockingRequestIdle(benchmark::State& state, Ask ask, Ask other)
+template <Ask TheAsk, Ask Other>
+void blockingRequestIdle(benchmark::State& state)
 {
     Asked asked;
     bench::Latencies latencies;
@@ -177,10 +303,10 @@ void blockingRequestIdle(benchmark::State& state, Ask ask, Ask other)
         bench::Worker::instance().runInside(loop, [&] {
             for (int i = 0; i < IdleCalls; ++i) {
                 std::this_thread::sleep_for(IdleTime);
-                wrong += other(asked, i) != i + 1;
+                wrong += Other(asked, i) != i + 1;
                 std::this_thread::sleep_for(IdleTime);
                 const Clock::time_point begin = Clock::now();
-                wrong += ask(asked, i) != i + 1;
+                wrong += TheAsk(asked, i) != i + 1;
                 const Clock::duration taken = Clock::now() - begin;
                 latencies.add(taken);
                 time += taken;
@@ -192,13 +318,19 @@ void blockingRequestIdle(benchmark::State& state, Ask ask, Ask other)
     if (wrong != 0)
         state.SkipWithError("wrong answers");
 }
-BENCHMARK_CAPTURE(blockingRequestIdle, voxi, &askVoxi, &askQt)
-    ->Name("BlockingRequestIdle/voxi")
-    ->UseManualTime()
-    ->Iterations(4 * IdleCalls);
-BENCHMARK_CAPTURE(blockingRequestIdle, qt, &askQt, &askVoxi)
-    ->Name("BlockingRequestIdle/qt")
-    ->UseManualTime()
-    ->Iterations(4 * IdleCalls);
+
+const bool s_added = bench::addPairs({
+    {"QueuedRequest", queuedRequestVoxi, queuedRequestQt},
+    {"QueuedRequestNoGlib", queuedRequestVoxi, queuedRequestQtNoGlib},
+    {"QueuedSetLabel", queuedSetLabelVoxi, queuedSetLabelQt},
+    {"BuildFromWorker300", buildFromWorkerVoxi, buildFromWorkerQt},
+    {"BlockingRequest", blockingRequest<askVoxi, Unhindered>, blockingRequest<askQt, Unhindered>},
+    {"BlockingRequestPinned", blockingRequest<askVoxi, OneProcessor>,
+     blockingRequest<askQt, OneProcessor>},
+    {"BlockingRequestBusy", blockingRequest<askVoxi, BusyProcessors>,
+     blockingRequest<askQt, BusyProcessors>},
+    {"BlockingRequestIdle", blockingRequestIdle<askVoxi, askQt>,
+     blockingRequestIdle<askQt, askVoxi>, 4 * IdleCalls},
+});
 
 } // namespace

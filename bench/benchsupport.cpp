@@ -7,11 +7,41 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <benchmark/benchmark.h>
-#include <malloc.h>
+#include <ctime>
 #include <utility>
 
 namespace bench {
+
+bool addPairs(std::initializer_list<Pair> pairs)
+{
+    for (const Pair& pair : pairs) {
+        for (const auto& [side, function] : {std::pair("/voxi", pair.m_voxi), {"/qt", pair.m_qt}}) {
+            auto* bench = benchmark::RegisterBenchmark((pair.m_name + side).c_str(), function);
+            bench->UseManualTime();
+            if (pair.m_iterations != 0)
+                bench->Iterations(pair.m_iterations);
+        }
+    }
+    return true;
+}
+
+void measure(benchmark::State& state, const std::function<void()>& job)
+{
+    const auto seconds = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    };
+    const double begin = seconds();
+    job();
+    state.SetIterationTime(seconds() - begin);
+}
+
+void HeapGrowth::report(benchmark::State& state, std::int64_t objects) const
+{
+    const auto growth = static_cast<double>(heapInUse()) - static_cast<double>(m_before);
+    state.counters["bytes"] = growth / static_cast<double>(objects);
+}
 
 const std::string& labelText(bool second)
 {
@@ -19,15 +49,16 @@ const std::string& labelText(bool second)
     return texts[second ? 1 : 0];
 }
 
+const QString& qtLabelText(bool second)
+{
+    static const QString texts[] = {QString::fromStdString(labelText(false)),
+                                    QString::fromStdString(labelText(true))};
+    return texts[second ? 1 : 0];
+}
+
 QWidget* widgetOf(const VOXI::VXObject* object)
 {
     return dynamic_cast<QWidget*>(VOXI::lookup(object));
-}
-
-std::size_t heapInUse()
-{
-    const auto info = mallinfo2();
-    return info.uordblks + info.hblkhd;
 }
 
 void settle()

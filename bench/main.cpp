@@ -4,6 +4,7 @@
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
+#include <optional>
 
 int main(int argc, char** argv)
 {
@@ -15,7 +16,10 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     // A program that has windows open between the benches, too.
     QApplication::setQuitOnLastWindowClosed(false);
-    VOXI::QtHost host;
+    // Where plain Qt is counted in a process of its own, it does without the toolkit.
+    std::optional<VOXI::QtHost> host;
+    if (!qEnvironmentVariableIsSet("VOXI_BENCH_PLAIN"))
+        host.emplace();
     // Neither side may profit from a process with one thread only.
     bench::Worker::instance();
     benchmark::RunSpecifiedBenchmarks();
