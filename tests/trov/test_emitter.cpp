@@ -1,5 +1,6 @@
+#include "support/watchedtest.h"
+#include "support/worker.h"
 #include "trov/emitter.h"
-#include "worker.h"
 
 #include <memory>
 #include <string>
@@ -8,7 +9,7 @@
 namespace TROV {
 namespace {
 
-class EmitterTest : public WatchedTest
+class EmitterTest : public VOXI::WatchedTest
 {
 protected:
     Listener m_listener;

@@ -1,6 +1,7 @@
+#include "support/watchedtest.h"
+#include "support/worker.h"
 #include "trov/emitterstable.h"
 #include "trov/requestbinding.h"
-#include "worker.h"
 
 #include <memory>
 #include <stdexcept>
@@ -102,7 +103,7 @@ public:
     RequestBinding m_binding;
 };
 
-class EmittersTableTest : public WatchedTest
+class EmittersTableTest : public VOXI::WatchedTest
 {
 protected:
     std::unique_ptr<Button> m_object = std::make_unique<Button>();

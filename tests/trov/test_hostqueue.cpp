@@ -1,6 +1,4 @@
 #include "counter.h"
-#include "trov/waithooks.h"
-#include "voxi_util/recursivelock.h"
 
 #include <algorithm>
 #include <atomic>
@@ -14,7 +12,7 @@ namespace TROV {
 namespace {
 
 /// This thread as a host, which runs calls when the test says so.
-class HostTest : public WatchedTest
+class HostTest : public VOXI::WatchedTest
 {
 protected:
     HostTest()
@@ -85,12 +83,9 @@ TEST_F(HostTest, AnEndedLoopAnswersWithDefaultsUntilItTurnsAgain)
     EXPECT_TRUE(sent);
 }
 
-VOXI::RecursiveLock s_lock;
-
 TEST_F(HostTest, SendersWaitWhileTheQueueIsFull)
 {
-    installWaitHooks(
-        {[] { return s_lock.releaseAll(); }, [](unsigned holds) { s_lock.reacquire(holds); }});
+    WaitLock waitLock;
     constexpr int Bound = 20;
     constexpr int Calls = 20'000;
     for (const bool holdsLock : {false, true}) {
@@ -100,12 +95,12 @@ TEST_F(HostTest, SendersWaitWhileTheQueueIsFull)
         m_self->setQueueBound(Bound);
         m_self->process();
         std::thread sender([&] {
-            std::unique_lock lock(s_lock, std::defer_lock);
+            std::unique_lock lock(waitLock, std::defer_lock);
             if (holdsLock)
                 lock.lock();
             for (int i = 0; i < Calls; ++i) {
                 m_self->post([&] {
-                    const std::lock_guard wanted(s_lock);
+                    const std::lock_guard wanted(waitLock);
                     longest = std::max(longest, sent - run);
                     ++run;
                 });
@@ -120,7 +115,6 @@ TEST_F(HostTest, SendersWaitWhileTheQueueIsFull)
     // Itself it never waits for.
     for (int i = 0; i < 3 * Bound; ++i)
         m_self->post([] {});
-    installWaitHooks({});
 }
 
 TEST_F(HostTest, WhoWaitsForRoomAnswersRequests)

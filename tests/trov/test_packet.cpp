@@ -1,5 +1,6 @@
+#include "support/watchedtest.h"
+#include "support/worker.h"
 #include "trov/emitterstable.h"
-#include "worker.h"
 
 #include <atomic>
 #include <stdexcept>
@@ -7,7 +8,7 @@
 namespace TROV {
 namespace {
 
-class PacketTest : public WatchedTest
+class PacketTest : public VOXI::WatchedTest
 {
 protected:
     Listener m_listener;

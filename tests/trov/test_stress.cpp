@@ -1,8 +1,6 @@
-#include "trov/emitterstable.h"
-#include "trov/requestbinding.h"
-#include "worker.h"
+#include "counter.h"
+#include "support/inparallel.h"
 
-#include <barrier>
 #include <future>
 #include <memory>
 #include <string>
@@ -16,73 +14,35 @@
 namespace TROV {
 namespace {
 
-class StressTest : public WatchedTest
-{
-protected:
-    static void inParallel(int count, const std::function<void(int)>& function)
-    {
-        std::barrier start(count);
-        std::vector<std::thread> threads;
-        threads.reserve(static_cast<std::size_t>(count));
-        for (int i = 0; i < count; ++i)
-            threads.emplace_back([&, i] {
-                start.arrive_and_wait();
-                function(i);
-            });
-        for (std::thread& thread : threads)
-            thread.join();
-    }
-};
+using VOXI::inParallel;
 
-struct Emitters : EmittersTable<void>
-{
-    Request<void(int, int)> add{*this};
-    Request<int(int)> last{*this};
-    RequestsEnd requestsEnd{*this};
-    Event<void(std::string)> said{*this};
-};
-
-struct Peer : Listener
-{
-    explicit Peer(Emitters& emitters) { bind(emitters); }
-    void bind(Emitters& emitters)
-    {
-        static const auto table =
-            operations(row<&Emitters::add, &Peer::doAdd>(), row<&Emitters::last, &Peer::doLast>());
-        m_binding.bind(emitters, this, table);
-    }
-    void doAdd(int sender, int value)
-    {
-        auto& values = m_values[static_cast<std::size_t>(sender)];
-        m_inOrder = m_inOrder && value == values + 1;
-        values = value;
-    }
-    int doLast(int sender) { return m_values[static_cast<std::size_t>(sender)]; }
-
-    RequestBinding m_binding;
-    std::vector<int> m_values = std::vector<int>(8, -1);
-    bool m_inOrder = true;
-};
+class StressTest : public VOXI::WatchedTest
+{};
 
 TEST_F(StressTest, EightProducersKeepTheirOrder)
 {
+    constexpr int Producers = 8;
     constexpr int Calls = 5000;
-    Emitters emitters;
-    std::optional<Peer> peer;
-    Worker worker;
-    worker.run([&] { peer.emplace(emitters); });
-    inParallel(8, [&](int sender) {
+    Counter counter;
+    std::vector<int> last(Producers, -1);
+    bool inOrder = true;
+    counter.m_peer->m_whenSet = [&](int value) {
+        int& former = last[std::size_t(value % Producers)];
+        inOrder = inOrder && value / Producers == former + 1;
+        former = value / Producers;
+    };
+    counter.m_peer->m_ask = [&](int sender) { return last[std::size_t(sender)]; };
+    inParallel(Producers, [&](int sender) {
         for (int i = 0; i < Calls; ++i) {
-            emitters.add(sender, i);
+            counter.m_emitters.set(i * Producers + sender);
             if (i % 100 == sender) {
-                ASSERT_EQ(emitters.last(sender), i);
+                ASSERT_EQ(counter.m_emitters.ask(sender), i);
             }
         }
     });
-    worker.run([&] {
-        EXPECT_TRUE(peer->m_inOrder);
-        EXPECT_EQ(peer->m_values, std::vector<int>(8, Calls - 1));
-        peer.reset();
+    counter.m_worker.run([&] {
+        EXPECT_TRUE(inOrder);
+        EXPECT_EQ(last, std::vector<int>(Producers, Calls - 1));
     });
 }
 
@@ -97,29 +57,25 @@ TEST_F(StressTest, QuestionsAreAnsweredOnASharedProcessor)
     CPU_SET(sched_getcpu(), &one);
     ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
     {
-        Emitters emitters;
-        std::optional<Peer> peer;
-        Worker worker;
-        worker.run([&] { peer.emplace(emitters); });
+        Counter counter;
         Worker asked;
         Listener listener;
         Emitter1<int, int> askBack;
         askBack.connect(
-            &listener, [&](int sender) { return emitters.last(sender); }, asked.thread());
+            &listener, [&](int value) { return counter.m_emitters.ask(value); }, asked.thread());
         std::atomic<bool> stop{false};
         inParallel(4, [&](int sender) {
             while (sender == 3 && !stop) {
             }
             for (int i = 0; i < 2000 && sender < 3; ++i) {
-                emitters.add(sender, i);
-                ASSERT_EQ(emitters.last(sender), i);
+                counter.m_emitters.set(i);
+                ASSERT_EQ(counter.m_emitters.ask(i), i);
                 if (i % 4 == sender) {
-                    ASSERT_EQ(askBack(sender), i);
+                    ASSERT_EQ(askBack(i), i);
                 }
             }
             stop = true;
         });
-        worker.run([&] { peer.reset(); });
     }
     sched_setaffinity(0, sizeof usual, &usual);
 }
@@ -127,35 +83,45 @@ TEST_F(StressTest, QuestionsAreAnsweredOnASharedProcessor)
 
 TEST_F(StressTest, ConnectionsComeAndGoWhileOthersEmit)
 {
-    Emitter1<int, std::string> emitter;
+    constexpr int Rounds = 3000;
+    Emitter1<int, std::string> asking;
+    Emitter1<void, std::string> telling;
     Worker worker;
     Listener lasting;
-    std::atomic<int> calls{0};
-    emitter.connect(
-        &lasting, [&](const std::string& text) { return ++calls, int(text.size()); },
-        worker.thread());
-    emitter.connect(
-        &lasting, [](const std::string& text) { return int(text.size()); }, worker.thread());
+    std::atomic<int> asked{0};
+    std::atomic<int> received{0};
+    const auto sizeOf = [](const std::string& text) { return int(text.size()); };
+    asking.connect(
+        &lasting, [&](const std::string& text) { return ++asked, sizeOf(text); }, worker.thread());
+    asking.connect(&lasting, sizeOf, worker.thread());
+    telling.connect(
+        &lasting, [&](const std::string& text) { received += sizeOf(text); }, worker.thread());
     const auto watched = std::make_shared<std::string>("alive");
     inParallel(4, [&](int id) {
-        for (int i = 0; i < 1500; ++i) {
+        for (int i = 0; i < Rounds; ++i) {
             if (id < 2) {
-                const int size = emitter("four");
+                telling("12");
+                const int size = asking("four");
                 ASSERT_TRUE(size == 4 || size == 5 || size == 0) << size;
             } else {
+                // Who waits for this thread, which runs no loop, is released by the listener's end.
                 Listener brief;
-                auto handle = emitter.connect(&brief, [watched] { return int(watched->size()); });
-                emitter.connect(&brief, [watched] { return int(watched->size()); });
+                auto handle = asking.connect(&brief, [watched] { return int(watched->size()); });
+                asking.connect(&brief, [watched] { return int(watched->size()); });
+                telling.connect(
+                    &brief, [watched] { ASSERT_EQ(*watched, "alive"); }, worker.thread());
                 if (i % 2)
                     handle.disconnect();
-                // Who waits for this thread, which runs no loop, is released by the listener's end.
             }
         }
     });
-    EXPECT_EQ(emitter.numberOfConnections(), 2);
-    EXPECT_EQ(calls, 3000);
+    worker.run([] {});
+    EXPECT_EQ(asked, 2 * Rounds);
+    EXPECT_EQ(received, 2 * 2 * Rounds);
+    EXPECT_EQ(asking.numberOfConnections(), 2);
     // Nothing is left of what was cut; what an emission was in at that moment goes with this.
-    emitter.connect(&lasting, [] { return 0; }).disconnect();
+    asking.connect(&lasting, [] { return 0; }).disconnect();
+    telling.connect(&lasting, [] {}).disconnect();
     EXPECT_EQ(watched.use_count(), 1);
 }
 
@@ -208,65 +174,36 @@ TEST_F(StressTest, BlocksGrowAndShrinkUnderEmissionsInOneOrder)
     EXPECT_EQ(watched.use_count(), 1);
 }
 
-TEST_F(StressTest, EmissionsUnderWayOutliveWhatIsCut)
-{
-    Emitter1<void, std::string> emitter;
-    Worker worker;
-    Listener lasting;
-    std::atomic<int> received{0};
-    emitter.connect(
-        &lasting, [&](const std::string& text) { received += int(text.size()); }, worker.thread());
-    const auto watched = std::make_shared<std::string>("alive");
-    inParallel(4, [&](int id) {
-        for (int i = 0; i < 5000; ++i) {
-            if (id < 2) {
-                emitter("12");
-            } else {
-                Listener brief;
-                emitter.connect(
-                    &brief, [watched] { ASSERT_EQ(*watched, "alive"); }, worker.thread());
-            }
-        }
-    });
-    worker.run([] {});
-    EXPECT_EQ(received, 2 * 2 * 5000);
-    emitter.connect(&lasting, [] {}).disconnect();
-    EXPECT_EQ(watched.use_count(), 1);
-}
-
 TEST_F(StressTest, PeersComeAndGoWhileOthersAsk)
 {
-    Emitters emitters;
+    CounterEmitters emitters;
     std::atomic<bool> stop{false};
     Worker worker;
     Listener beside;
-    std::atomic<int> heard{0};
-    std::vector<std::thread> senders;
-    senders.reserve(2);
+    std::vector<std::jthread> senders;
     for (int sender = 0; sender < 2; ++sender)
-        senders.emplace_back([&, sender] {
+        senders.emplace_back([&] {
             while (!stop) {
-                emitters.add(sender, 1);
-                const int last = emitters.last(sender);
-                ASSERT_TRUE(last == 1 || last == 0 || last == -1) << last;
-                emitters.add.numberOfConnections();
+                emitters.set(1);
+                const int value = emitters.get();
+                ASSERT_TRUE(value == 1 || value == 0) << value;
+                emitters.set.numberOfConnections();
             }
         });
     for (int i = 0; i < 400; ++i)
         worker.run([&] {
-            Peer first(emitters);
+            CounterPeer first(emitters);
             worker.thread()->process();
             if (i % 3 == 0)
-                emitters.add.disconnect(&first);
-            const Peer second(emitters);
+                emitters.set.disconnect(&first);
+            const CounterPeer second(emitters);
             worker.thread()->process();
             if (i == 200)
-                emitters.add.signal().connect(&beside, [&] { ++heard; });
+                emitters.set.signal().connect(&beside, [] {});
         });
     stop = true;
-    for (std::thread& sender : senders)
-        sender.join();
-    EXPECT_EQ(emitters.add.numberOfConnections(), 1);
+    senders.clear();
+    EXPECT_EQ(emitters.set.numberOfConnections(), 1);
 }
 
 TEST_F(StressTest, ObjectsComeAndGoWhileTheirPeersRun)
@@ -275,14 +212,12 @@ TEST_F(StressTest, ObjectsComeAndGoWhileTheirPeersRun)
     Worker worker;
     inParallel(2, [&](int) {
         for (int i = 0; i < 500; ++i) {
-            auto emitters = std::make_unique<Emitters>();
-            auto peer = std::make_shared<std::unique_ptr<Peer>>();
-            worker.thread()->post(
-                [peer, raw = emitters.get()] { *peer = std::make_unique<Peer>(*raw); });
-            worker.run([] {});
+            auto emitters = std::make_unique<CounterEmitters>();
+            auto peer = std::make_shared<std::unique_ptr<CounterPeer>>();
+            worker.run([&] { *peer = std::make_unique<CounterPeer>(*emitters); });
             Listener listener;
-            emitters->said.signal().connect(&listener, [] {});
-            emitters->add(0, 0);
+            emitters->changed.signal().connect(&listener, [] {});
+            emitters->set(0);
             worker.thread()->post([peer] { peer->reset(); });
             emitters.reset();
         }
@@ -291,24 +226,20 @@ TEST_F(StressTest, ObjectsComeAndGoWhileTheirPeersRun)
 
 TEST_F(StressTest, BriefThreadsSendAskAndEnd)
 {
-    Emitters emitters;
-    std::optional<Peer> peer;
-    Worker worker;
-    worker.run([&] { peer.emplace(emitters); });
+    Counter counter;
     inParallel(4, [&](int sender) {
         for (int i = 0; i < 100; ++i)
             std::thread([&] {
-                emitters.add(sender, i);
-                ASSERT_EQ(emitters.last(sender), i);
+                counter.m_emitters.set(i);
+                ASSERT_EQ(counter.m_emitters.ask(sender), sender);
                 Worker asked;
                 Listener listener;
                 Emitter0<int> emitter;
                 emitter.connect(
-                    &listener, [&] { return emitters.last(sender); }, asked.thread());
+                    &listener, [&] { return counter.m_emitters.ask(i); }, asked.thread());
                 ASSERT_EQ(emitter(), i);
             }).join();
     });
-    worker.run([&] { peer.reset(); });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
+#include "support/watchedtest.h"
+#include "support/worker.h"
 #include "trov/emitter.h"
-#include "worker.h"
 
 #include <array>
 #include <condition_variable>
@@ -15,7 +16,7 @@
 namespace TROV {
 namespace {
 
-class ThreadTest : public WatchedTest
+class ThreadTest : public VOXI::WatchedTest
 {
 protected:
     Thread* m_self = Thread::getCurrentThread();

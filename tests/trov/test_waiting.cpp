@@ -1,6 +1,5 @@
 #include "counter.h"
-#include "trov/waithooks.h"
-#include "voxi_util/recursivelock.h"
+#include "support/inparallel.h"
 
 #include <latch>
 #include <memory>
@@ -12,7 +11,7 @@
 namespace TROV {
 namespace {
 
-class WaitingTest : public WatchedTest
+class WaitingTest : public VOXI::WatchedTest
 {};
 
 TEST_F(WaitingTest, AGetAfterASetSeesTheSet)
@@ -24,39 +23,19 @@ TEST_F(WaitingTest, AGetAfterASetSeesTheSet)
     }
 }
 
-TEST_F(WaitingTest, TwoThreadsMayAskEachOther)
+TEST_F(WaitingTest, ThreadsMayAskEachOtherInARing)
 {
-    Counter a;
-    Counter b;
-    a.m_peer->m_ask = [&](int depth) { return depth ? 1 + b.m_emitters.ask(depth - 1) : 0; };
-    b.m_peer->m_ask = [&](int depth) { return depth ? 1 + a.m_emitters.ask(depth - 1) : 0; };
-    std::vector<std::thread> senders;
-    for (Counter* counter : {&a, &b})
-        senders.emplace_back([counter] {
-            for (int i = 0; i < 200; ++i)
-                ASSERT_EQ(counter->m_emitters.ask(10), 10);
+    for (const std::size_t size : {2u, 3u}) {
+        std::vector<Counter> ring(size);
+        for (std::size_t i = 0; i < size; ++i)
+            ring[i].m_peer->m_ask = [&next = ring[(i + 1) % size]](int depth) {
+                return depth ? 1 + next.m_emitters.ask(depth - 1) : 0;
+            };
+        VOXI::inParallel(int(size), [&](int i) {
+            for (int turn = 0; turn < 200; ++turn)
+                ASSERT_EQ(ring[std::size_t(i)].m_emitters.ask(10), 10);
         });
-    for (std::thread& sender : senders)
-        sender.join();
-}
-
-TEST_F(WaitingTest, ThreadsMayAskInARing)
-{
-    std::vector<std::unique_ptr<Counter>> ring;
-    for (int i = 0; i < 3; ++i)
-        ring.push_back(std::make_unique<Counter>());
-    for (std::size_t i = 0; i < 3; ++i)
-        ring[i]->m_peer->m_ask = [&ring, i](int depth) {
-            return depth ? 1 + ring[(i + 1) % 3]->m_emitters.ask(depth - 1) : 0;
-        };
-    std::vector<std::thread> senders;
-    for (const auto& counter : ring)
-        senders.emplace_back([&counter] {
-            for (int i = 0; i < 100; ++i)
-                ASSERT_EQ(counter->m_emitters.ask(8), 8);
-        });
-    for (std::thread& sender : senders)
-        sender.join();
+    }
 }
 
 TEST_F(WaitingTest, AWaitingThreadServesTheAskersEarlierCallsFirst)
@@ -81,13 +60,10 @@ TEST_F(WaitingTest, ManyEarlierCallsAreServedInNoTimeToSpeakOf)
     Counter b;
     constexpr int Calls = 100'000; // over many chunks; a search from the front for each never ends
     int inOrder = 0;
-    Emitter1<void, int> note;
-    Listener listener;
-    note.connect(
-        &listener, [&](int value) { inOrder += value == inOrder; }, a.m_worker.thread());
+    a.m_peer->m_whenSet = [&](int value) { inOrder += value == inOrder; };
     b.m_peer->m_ask = [&](int) {
         for (int i = 0; i < Calls; ++i)
-            note(i);
+            a.m_emitters.set(i);
         return a.m_emitters.get();
     };
     a.m_peer->m_ask = [&](int value) {
@@ -102,21 +78,16 @@ TEST_F(WaitingTest, CallsRunOutOfTurnMayRunTheQueueThemselves)
     Counter a;
     Counter b;
     std::vector<int> seen;
-    Emitter1<void, int> note;
-    Listener listener;
-    note.connect(
-        &listener,
-        [&](int value) {
-            seen.push_back(value);
-            if (value % 300 == 0)
-                a.m_worker.thread()->process(std::chrono::nanoseconds(1));
-            if (value == 1500)
-                a.m_worker.thread()->process();
-        },
-        a.m_worker.thread());
+    a.m_peer->m_whenSet = [&](int value) {
+        seen.push_back(value);
+        if (value % 300 == 0)
+            a.m_worker.thread()->process(std::chrono::nanoseconds(1));
+        if (value == 1500)
+            a.m_worker.thread()->process();
+    };
     b.m_peer->m_ask = [&](int) {
         for (int i = 0; i < 12000; ++i)
-            note(i);
+            a.m_emitters.set(i);
         return a.m_emitters.get();
     };
     a.m_peer->m_ask = [&](int value) { return b.m_emitters.ask(value); };
@@ -128,57 +99,46 @@ TEST_F(WaitingTest, CallsRunOutOfTurnMayRunTheQueueThemselves)
     }
 }
 
-VOXI::RecursiveLock s_lock;
-
 TEST_F(WaitingTest, AWaitingThreadGivesUpTheLockItHolds)
 {
-    installWaitHooks(
-        {[] { return s_lock.releaseAll(); }, [](unsigned holds) { s_lock.reacquire(holds); }});
+    WaitLock waitLock;
     Counter counter;
     counter.m_peer->m_ask = [&](int value) {
-        const std::lock_guard lock(s_lock);
+        const std::lock_guard lock(waitLock);
         return value + 1;
     };
     {
-        const std::lock_guard outer(s_lock);
-        const std::lock_guard inner(s_lock);
+        const std::lock_guard outer(waitLock);
+        const std::lock_guard inner(waitLock);
         EXPECT_EQ(counter.m_emitters.ask(1), 2);
-        EXPECT_TRUE(s_lock.isHeldByCurrentThread());
-        std::thread([] { EXPECT_FALSE(s_lock.try_lock()); }).join();
+        EXPECT_TRUE(waitLock.isHeldByCurrentThread());
+        std::thread([&] { EXPECT_FALSE(waitLock.try_lock()); }).join();
         {
             // As a host does around its sleep.
             const WaitRelease released;
-            EXPECT_FALSE(s_lock.isHeldByCurrentThread());
+            EXPECT_FALSE(waitLock.isHeldByCurrentThread());
         }
-        EXPECT_TRUE(s_lock.isHeldByCurrentThread());
+        EXPECT_TRUE(waitLock.isHeldByCurrentThread());
     }
-    EXPECT_FALSE(s_lock.isHeldByCurrentThread());
+    EXPECT_FALSE(waitLock.isHeldByCurrentThread());
 
     // A loop that is entered under the lock does not sleep with it either.
-    std::thread looping([] {
-        const std::lock_guard lock(s_lock);
+    std::thread([&] {
+        const std::lock_guard lock(waitLock);
         Thread* const thread = Thread::getCurrentThread();
-        std::thread quitter([thread] {
-            const std::lock_guard wanted(s_lock);
+        const std::jthread quitter([&] {
+            const std::lock_guard wanted(waitLock);
             thread->quit();
         });
         thread->exec();
-        quitter.join();
-    });
-    looping.join();
-    installWaitHooks({});
+    }).join();
 }
 
 TEST_F(WaitingTest, ExceptionsAreCarriedBack)
 {
     Counter counter;
     counter.m_peer->m_ask = [](int) -> int { throw std::out_of_range("far away"); };
-    try {
-        counter.m_emitters.ask(1);
-        FAIL() << "nothing thrown";
-    } catch (const std::out_of_range& error) {
-        EXPECT_STREQ(error.what(), "far away");
-    }
+    EXPECT_THROW(counter.m_emitters.ask(1), std::out_of_range);
     EXPECT_EQ(counter.m_emitters.get(), 0);
 }
 
@@ -326,8 +286,7 @@ TEST_F(WaitingTest, DestroyingTheObjectEndsTheWait)
         });
         Thread* const waiting = asking.get_future().get();
         int served = 0;
-        waiting->callAndWait<void>(
-            nullptr, nullptr, [] { return true; }, [&] { ++served; });
+        ask(waiting, [&] { ++served; });
         EXPECT_EQ(served, 1);
         emitters.reset();
         asker.join();

@@ -1,15 +1,21 @@
 #pragma once
 
-#include "support/watchdog.h"
 #include "trov/thread.h"
 
 #include <functional>
 #include <future>
-#include <gtest/gtest.h>
 #include <thread>
-#include <utility>
+#include <type_traits>
 
 namespace TROV {
+
+/// What `function` gives when that thread runs it for the one that asks, who waits.
+template <class Function>
+auto ask(Thread* thread, Function function)
+{
+    return thread->callAndWait<std::invoke_result_t<Function>>(
+        nullptr, nullptr, [] { return true; }, std::move(function));
+}
 
 /// A thread that runs `exec()` until the object goes.
 class Worker
@@ -50,13 +56,6 @@ private:
     std::promise<Thread*> m_born;
     Thread* m_thread = nullptr;
     std::thread m_os;
-};
-
-/// Every test dies with a message instead of hanging.
-class WatchedTest : public testing::Test
-{
-    VOXI::Watchdog m_watchdog{std::chrono::seconds(50),
-                              testing::UnitTest::GetInstance()->current_test_info()->name()};
 };
 
 } // namespace TROV

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <barrier>
+#include <thread>
+#include <vector>
+
+namespace VOXI {
+
+/// Runs `function` with the numbers below `count` on as many threads, which start together, and
+/// returns when all have ended.
+template <class Function>
+void inParallel(int count, const Function& function)
+{
+    std::barrier start(count);
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < count; ++i)
+        threads.emplace_back([&, i] {
+            start.arrive_and_wait();
+            function(i);
+        });
+}
+
+} // namespace VOXI
