@@ -26,33 +26,9 @@ struct Recorder : Listener
     std::string m_log;
 
     void nothing() { m_log += "n"; }
-    void one(int a) { m_log += std::to_string(a); }
     void two(int a, const std::string& b) { m_log += std::to_string(a) + b; }
     int twice(int a) const { return 2 * a; }
 };
-
-TEST_F(EmitterTest, CarriesUpToFourArgumentsAndAResult)
-{
-    Emitter0<> none;
-    Emitter1<void, std::string> one;
-    Emitter2<void, int, std::string> two;
-    Emitter3<int, int, int, int> three;
-    Emitter4<std::string, int, char, std::string, double> four;
-    std::string log;
-    none.connect(&m_listener, [&] { log += "0 "; });
-    one.connect(&m_listener, [&](const std::string& a) { log += a; });
-    two.connect(&m_listener, [&](int a, const std::string& b) { log += std::to_string(a) + b; });
-    three.connect(&m_listener, [](int a, int b, int c) { return a * 100 + b * 10 + c; });
-    four.connect(&m_listener, [](int a, char b, const std::string& c, double d) {
-        return std::to_string(a) + b + c + std::to_string(int(d));
-    });
-    none();
-    one("1 ");
-    two(2, " ");
-    EXPECT_EQ(log, "0 1 2 ");
-    EXPECT_EQ(three(1, 2, 3), 123);
-    EXPECT_EQ(four(1, 'b', "c", 4.0), "1bc4");
-}
 
 TEST_F(EmitterTest, CallsInTheOrderOfConnectingAndTheLastResultCounts)
 {
@@ -88,24 +64,24 @@ TEST_F(EmitterTest, OnTheSameThreadNothingIsCopied)
     EXPECT_EQ(Copied::copies(), 0);
 }
 
-TEST_F(EmitterTest, HandlersMayTakeFewerArguments)
+TEST_F(EmitterTest, CarriesUpToFourArgumentsToHandlersThatMayTakeFewer)
 {
-    Emitter2<int, int, std::string> emitter;
     Recorder recorder;
-    emitter.connect(&recorder, [&] { return recorder.m_log += "l", 1; });
-    emitter.connect(&recorder, [&](int a) { return recorder.m_log += std::to_string(a), 2; });
-    emitter.connect(&recorder, &Recorder::twice);
-    EXPECT_EQ(emitter(7, "x"), 14);
-    EXPECT_EQ(recorder.m_log, "l7");
+    Emitter4<int, int, std::string, double, char> asking;
+    asking.connect(&recorder, [&](int a, const std::string& b, double c, char d) {
+        recorder.m_log += std::to_string(a) + b + std::to_string(int(c)) + d;
+        return 1;
+    });
+    asking.connect(&recorder, &Recorder::twice);
+    EXPECT_EQ(asking(7, "x", 4.0, 'd'), 14);
 
-    Emitter2<void, int, std::string> plain;
-    plain.connect(&recorder, &Recorder::nothing);
-    plain.connect(&recorder, &Recorder::one);
-    plain.connect(&recorder, &Recorder::two);
-    plain.connect(&recorder, &Recorder::twice);
-    recorder.m_log.clear();
-    plain(3, "b");
-    EXPECT_EQ(recorder.m_log, "n33b");
+    Emitter3<void, int, std::string, char> telling;
+    telling.connect(&recorder, [&](int a) { recorder.m_log += std::to_string(a); });
+    telling.connect(&recorder, &Recorder::nothing);
+    telling.connect(&recorder, &Recorder::two);
+    telling.connect(&recorder, &Recorder::twice);
+    telling(3, "b", 'c');
+    EXPECT_EQ(recorder.m_log, "7x4d3n3b");
 }
 
 TEST_F(EmitterTest, CountsConnectionsAtEveryEnd)
@@ -147,6 +123,7 @@ TEST_F(EmitterTest, HandlesNameOneConnection)
         handle = emitter.connect(static_cast<Listener*>(nullptr), note(1));
         ConnectionHandle copy = handle;
         const ConnectionHandle moved = std::move(handle);
+        emitter.disconnect(nullptr); // cuts nothing that is nobody's
         emitter();
         EXPECT_TRUE(copy.isConnected() && moved.isConnected());
         copy.disconnect();
@@ -156,17 +133,6 @@ TEST_F(EmitterTest, HandlesNameOneConnection)
     }
     EXPECT_FALSE(handle.isConnected());
     EXPECT_EQ(m_seen, std::vector{1});
-}
-
-TEST_F(EmitterTest, NobodysConnectionsAreCutByTheirHandlesOnly)
-{
-    Emitter0<> emitter;
-    ConnectionHandle handle = emitter.connect(static_cast<Listener*>(nullptr), note(1));
-    emitter.disconnect(nullptr);
-    emitter();
-    EXPECT_EQ(m_seen, std::vector{1});
-    handle.disconnect();
-    EXPECT_EQ(emitter.numberOfConnections(), 0);
 }
 
 TEST_F(EmitterTest, ACopiedListenerHasNoConnections)
@@ -429,29 +395,25 @@ TEST_F(EmitterTest, ReferencesAreCopiedForOtherThreads)
 TEST_F(EmitterTest, WaitsForResultsAndOnDemandForTheRest)
 {
     Worker worker;
-    std::atomic<int> runs{0};
     Emitter1<int, int> asking;
     asking.connect(
-        &m_listener, [&](int a) { return ++runs, a * 2; }, worker.thread());
+        &m_listener, [](int a) { return a * 2; }, worker.thread());
     EXPECT_EQ(asking(21), 42);
     Emitter0<> plain;
-    plain.connect(
-        &m_listener, [&] { ++runs; }, worker.thread());
+    plain.connect(&m_listener, note(1), worker.thread());
     plain.emitAndWait();
-    EXPECT_EQ(runs, 2);
+    EXPECT_EQ(m_seen, std::vector{1});
 }
 
 TEST_F(EmitterTest, NothingArrivesAfterTheCutOnTheDeliveringThread)
 {
     Worker worker;
     Emitter0<> emitter;
-    int calls = 0;
     auto listener = std::make_unique<Listener>();
     auto second = std::make_unique<Listener>();
-    const auto count = [&] { ++calls; };
-    emitter.connect(listener.get(), count, worker.thread());
-    emitter.connect(second.get(), count, worker.thread());
-    ConnectionHandle third = emitter.connect(&m_listener, count, worker.thread());
+    emitter.connect(listener.get(), note(1), worker.thread());
+    emitter.connect(second.get(), note(2), worker.thread());
+    ConnectionHandle third = emitter.connect(&m_listener, note(3), worker.thread());
     worker.run([&] {
         std::thread([&] { emitter(); }).join(); // queued behind this call
         listener->disconnect();
@@ -459,7 +421,7 @@ TEST_F(EmitterTest, NothingArrivesAfterTheCutOnTheDeliveringThread)
         third.disconnect();
     });
     worker.run([] {});
-    EXPECT_EQ(calls, 0);
+    EXPECT_TRUE(m_seen.empty());
 }
 
 } // namespace

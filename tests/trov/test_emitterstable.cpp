@@ -1,3 +1,4 @@
+#include "support/reportederrors.h"
 #include "support/watchedtest.h"
 #include "support/worker.h"
 #include "trov/emitterstable.h"
@@ -106,33 +107,34 @@ public:
 class EmittersTableTest : public VOXI::WatchedTest
 {
 protected:
+    static std::optional<int> askByPacket(const Button& object)
+    {
+        auto* const question = new Payload0<int>;
+        const Packet packet(question);
+        object.thing.size.sendPacket(packet, SendDirect, true);
+        return question->result();
+    }
+
     std::unique_ptr<Button> m_object = std::make_unique<Button>();
     Listener m_listener;
 };
 
-TEST_F(EmittersTableTest, ARequestIsOneByte)
-{
-    EXPECT_EQ(sizeof(ThingEmitters::setSize), 1u);
-    EXPECT_EQ(sizeof(ButtonEmitters::clicked), 1u);
-    EXPECT_EQ(m_object->button.base(), &m_object->thing);
-    EXPECT_EQ(m_object->button.repeat.place(), 1u);
-}
-
-TEST_F(EmittersTableTest, UnboundRequestsDoNothing)
-{
-    Button& object = *m_object;
-    object.thing.setSize(3);
-    object.button.clicked();
-    EXPECT_EQ(object.thing.size(), 0);
-    EXPECT_EQ(object.button.repeat("a", 2), "");
-    EXPECT_EQ(object.thing.size.numberOfConnections(), 0);
-    EXPECT_EQ(object.button.clicked.numberOfConnections(), 0);
-}
-
 TEST_F(EmittersTableTest, ReachesThePeerVirtuallyAndCountsAsAConnection)
 {
+    static_assert(sizeof(ThingEmitters::setSize) == 1 && sizeof(ButtonEmitters::clicked) == 1);
     Button& object = *m_object;
+    const auto expectUnbound = [&] {
+        object.thing.setSize(9);
+        object.button.clicked();
+        EXPECT_EQ(object.thing.size(), 0);
+        EXPECT_EQ(object.button.repeat("a", 2), "");
+        EXPECT_EQ(object.thing.size.numberOfConnections(), 0);
+        EXPECT_EQ(object.button.clicked.numberOfConnections(), 0);
+    };
+    expectUnbound();
     DoublingPeer peer(object);
+    EXPECT_EQ(peer.m_binding.table<ThingEmitters>(), &object.thing);
+    EXPECT_EQ(peer.m_binding.table<ButtonEmitters>(), &object.button);
     object.thing.setSize(3);
     EXPECT_EQ(object.thing.size(), 6);
     object.thing.setName("n");
@@ -141,11 +143,11 @@ TEST_F(EmittersTableTest, ReachesThePeerVirtuallyAndCountsAsAConnection)
     EXPECT_EQ(object.thing.size.numberOfConnections(), 1);
     EXPECT_EQ(object.button.setDown.numberOfConnections(), 1);
     EXPECT_EQ(object.button.clicked.numberOfConnections(), 0);
+
     peer.m_binding.unbind();
     EXPECT_FALSE(peer.m_binding.isBound());
-    EXPECT_EQ(object.thing.size.numberOfConnections(), 0);
-    EXPECT_EQ(object.thing.size(), 0);
-    object.thing.setSize(9);
+    EXPECT_EQ(peer.m_binding.table<ThingEmitters>(), nullptr);
+    expectUnbound();
     EXPECT_EQ(peer.m_size, 6);
 }
 
@@ -176,10 +178,7 @@ TEST_F(EmittersTableTest, ListenersBesideTheOperationDoNotAnswerForIt)
         return 70;
     });
     EXPECT_EQ(object.thing.size(), 1);
-    auto* question = new Payload0<int>;
-    const Packet packet(question);
-    object.thing.size.sendPacket(packet, SendDirect, true);
-    EXPECT_EQ(question->result(), 1);
+    EXPECT_EQ(askByPacket(object), 1);
     Worker worker;
     worker.run([&] { peer.bind(object); });
     EXPECT_EQ(object.thing.size(), 1);
@@ -237,23 +236,14 @@ TEST_F(EmittersTableTest, ReportsEvents)
 TEST_F(EmittersTableTest, WhatListenersOfEventsThrowGoesToTheHandlerOrTheProgram)
 {
     using Texts = std::vector<std::string>;
-    Texts reported;
-    const auto textOf = [](std::exception_ptr error) -> std::string {
-        try {
-            std::rethrow_exception(error);
-        } catch (const std::exception& e) {
-            return e.what();
-        }
-    };
-    Thread::setExceptionHandler(
-        [&](std::exception_ptr error) { reported.push_back(textOf(error)); });
+    ReportedErrors reported;
     const auto& clicked = m_object->button.clicked;
     int called = 0;
     for (const char* text : {"first", "second"})
         clicked.signal().connect(&m_listener, [text] { throw std::runtime_error(text); });
     clicked.signal().connect(&m_listener, [&] { ++called; });
     clicked();
-    EXPECT_EQ(std::exchange(reported, {}), (Texts{"first", "second"}));
+    EXPECT_EQ(reported.take(), (Texts{"first", "second"}));
 
     const auto emitAsUser = [&](EventErrors& errors) -> std::string {
         clicked();
@@ -273,18 +263,17 @@ TEST_F(EmittersTableTest, WhatListenersOfEventsThrowGoesToTheHandlerOrTheProgram
         EventErrors outer;
         EventErrors errors;
         EXPECT_EQ(emitAsUser(errors), "first");
-        EXPECT_EQ(std::exchange(reported, {}), Texts{"second"});
+        EXPECT_EQ(reported.take(), Texts{"second"});
         OfTheUser inner;
         EXPECT_EQ(emitAsUser(inner), "");
-        EXPECT_EQ(std::exchange(reported, {}), (Texts{"first", "second"}));
+        EXPECT_EQ(reported.take(), (Texts{"first", "second"}));
     }
     {
         const EventErrors forgotten;
         clicked();
     }
-    EXPECT_EQ(reported, (Texts{"second", "first"}));
+    EXPECT_EQ(reported.take(), (Texts{"second", "first"}));
     EXPECT_EQ(called, 4);
-    Thread::setExceptionHandler({});
 }
 
 TEST_F(EmittersTableTest, ThePeerIsToldOfTheFirstListenerOnItsThread)
@@ -312,15 +301,6 @@ TEST_F(EmittersTableTest, ThePeerIsToldOfTheFirstListenerOnItsThread)
     EXPECT_TRUE(next.m_binding.mayBeHeard());
     Thread::getCurrentThread()->process();
     EXPECT_EQ(next.m_timesHeard, 0) << "it can see for itself";
-}
-
-TEST_F(EmittersTableTest, ThePeerFindsTheTablesOfItsObject)
-{
-    Peer peer(*m_object);
-    EXPECT_EQ(peer.m_binding.table<ThingEmitters>(), &m_object->thing);
-    EXPECT_EQ(peer.m_binding.table<ButtonEmitters>(), &m_object->button);
-    peer.m_binding.unbind();
-    EXPECT_EQ(peer.m_binding.table<ThingEmitters>(), nullptr);
 }
 
 TEST_F(EmittersTableTest, ASecondPeerTakesOver)
@@ -412,52 +392,32 @@ TEST_F(EmittersTableTest, PacketsReachTheOperation)
     object.thing.setSize.sendPacket(Packet(new Payload1<void, long long, 1>(7)), SendDirect, true);
     object.thing.setSize.sendPacket(Packet(new Payload1<void, int>(8)), SendQueued, false);
     EXPECT_EQ(peer.m_size, 6);
-    auto* question = new Payload0<int>;
-    const Packet packet(question);
-    object.thing.size.sendPacket(packet, SendDirect, true);
-    EXPECT_EQ(question->result(), 6);
+    EXPECT_EQ(askByPacket(object), 6);
     Thread::getCurrentThread()->process();
     EXPECT_EQ(peer.m_size, 8);
 }
 
 // A wrong table of operations must end the first run of its class, also where another class has
 // bound the same requests rightly before.
-template <auto... Fields>
-void bindThingInOrder(Button& object)
-{
-    struct Sink : Listener
-    {
-        void doSetSize(int) {}
-        int doSize() { return 0; }
-        void doSetName(const std::string&) {}
-    } sink;
-    constexpr auto rowOf = []<auto Field>()
-    {
-        if constexpr (std::is_same_v<decltype(Field), decltype(&ThingEmitters::setSize)>)
-            return row<Field, &Sink::doSetSize>();
-        else if constexpr (std::is_same_v<decltype(Field), decltype(&ThingEmitters::size)>)
-            return row<Field, &Sink::doSize>();
-        else
-            return row<Field, &Sink::doSetName>();
-    };
-    const auto table = operations(rowOf.template operator()<Fields>()...);
-    RequestBinding binding;
-    binding.bind(object.thing, &sink, table);
-}
-
 TEST_F(EmittersTableTest, WrongRowsEndTheProgram)
 {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
-    constexpr auto SetSize = &ThingEmitters::setSize;
-    constexpr auto Size = &ThingEmitters::size;
-    constexpr auto SetName = &ThingEmitters::setName;
-    bindThingInOrder<SetSize, Size, SetName>(*m_object);
-    EXPECT_DEATH((bindThingInOrder<Size, SetSize, SetName>(*m_object)),
+    RootPeer peer(*m_object);
+    const auto setSize = row<&ThingEmitters::setSize, &RootPeer::doSetSize>();
+    const auto size = row<&ThingEmitters::size, &RootPeer::doSize>();
+    const auto setName = row<&ThingEmitters::setName, &RootPeer::doSetName>();
+    const auto bind = [&](auto... rows) {
+        const auto table = operations(rows...);
+        RequestBinding binding;
+        binding.bind(m_object->thing, &peer, table);
+    };
+    bind(setSize, size, setName);
+    EXPECT_DEATH(bind(size, setSize, setName),
                  "ThingEmitters: row 0 is not .* but .*ThingEmitters::size");
-    EXPECT_DEATH((bindThingInOrder<SetSize, SetName>(*m_object)), "row 1 is not");
-    EXPECT_DEATH((bindThingInOrder<SetSize, Size>(*m_object)), "row 2 is not");
-    EXPECT_DEATH((bindThingInOrder<SetSize, SetSize, Size, SetName>(*m_object)), "row 1 is not");
-    EXPECT_DEATH((bindThingInOrder<SetSize, Size, SetName, SetName>(*m_object)), "row 3 is not");
+    EXPECT_DEATH(bind(setSize, setName), "row 1 is not");
+    EXPECT_DEATH(bind(setSize, size), "row 2 is not");
+    EXPECT_DEATH(bind(setSize, setSize, size, setName), "row 1 is not");
+    EXPECT_DEATH(bind(setSize, size, setName, setName), "row 3 is not");
 }
 
 } // namespace

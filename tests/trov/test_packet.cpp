@@ -44,10 +44,9 @@ TEST_F(PacketTest, IsDeletedExactlyOnce)
     EXPECT_EQ(deleted, 1);
     {
         Worker worker;
-        m_emitter.connect(
-            &m_listener, [] {}, worker.thread());
-        m_emitter.connect(
-            &m_listener, [] {}, worker.thread());
+        for (int i = 0; i < 2; ++i)
+            m_emitter.connect(
+                &m_listener, [] {}, worker.thread());
         m_emitter.sendPacket(Packet(new Counted(deleted)), SendDirect, false);
         worker.run([] {});
         EXPECT_EQ(deleted, 2);
