@@ -181,13 +181,6 @@ TEST_F(Action, aHiddenOneIsDisabled)
     EXPECT_TRUE(m_triggers.isEmpty());
 }
 
-TEST_F(Action, canBeASeparator)
-{
-    m_action.setSeparator(true);
-    EXPECT_TRUE(m_qt.isSeparator());
-    EXPECT_TRUE(m_action.isSeparator());
-}
-
 TEST_F(Action, isTriggeredByItsAcceleratorWhereItIsAttached)
 {
     VXPanel2 field(&m_window);

@@ -8,7 +8,6 @@
 #include "voxi2/kernel/vxdragdelegate2.h"
 
 #include <QLayout>
-#include <QMainWindow>
 #include <QPointer>
 #include <QPushButton>
 
@@ -67,33 +66,18 @@ TEST(FactoryCreates, withoutAParentWhereThatIsNoneOrNoWidget)
     EXPECT_EQ(child->parent(), &panel);
 }
 
-TEST(FactoryDestroys, laterWhatIsUnknownAtOnce)
+TEST(FactoryDestroys, laterWhatReportsNothingAnyMore)
 {
     VXPanel2 panel;
     auto* button = new VXButton2(&panel);
     button->setLabel("label");
-    const QPointer<QWidget> widget = qt(*button);
-    const unsigned id = button->id();
-    factory().destroyObject(id);
-
-    EXPECT_EQ(lookup(id), nullptr);
-    EXPECT_EQ(lookup(button), nullptr);
-    EXPECT_EQ(button->label(), "");
-    EXPECT_EQ(button->buttonEmitters()->setLabel.numberOfConnections(), 0);
-    ASSERT_FALSE(widget.isNull());
-    EXPECT_EQ(static_cast<QPushButton*>(widget.data())->text(), QStringLiteral("label"));
-    // User actions are not reported any more either.
+    auto* const shown = static_cast<QPushButton*>(qt(*button));
+    factory().destroyObject(button->id());
+    EXPECT_EQ(shown->text(), QStringLiteral("label"));
     int clicks = 0;
     button->clicked().connect(&panel, [&] { ++clicks; });
-    static_cast<QPushButton*>(widget.data())->click();
+    shown->click();
     EXPECT_EQ(clicks, 0);
-
-    factory().destroyObject(id);
-    EXPECT_FALSE(widget.isNull());
-    runDeletions();
-    EXPECT_TRUE(widget.isNull());
-    factory().destroyObject(id);
-    delete button;
     runDeletions();
 }
 
@@ -133,36 +117,6 @@ TEST(FactoryDestroys, onItsOwnThreadWhereverItIsAsked)
     EXPECT_EQ(lookup(&button), nullptr);
     runDeletions();
     EXPECT_TRUE(widget.isNull());
-}
-
-TEST(FactoryDestroys, aWholeTreeWithItsRoot)
-{
-    VXWindow2* window = new VXWindow2;
-    std::vector<QPointer<QObject>> objects{qt(*window)};
-    std::vector<unsigned> ids{window->id()};
-    VXObject2* parent = window;
-    for (int depth = 0; depth < 5; ++depth) {
-        auto* panel = new VXPanel2(parent);
-        auto* layout = new VXBoxLayout2(panel);
-        for (int i = 0; i < 3; ++i) {
-            auto* button = new VXButton2(panel);
-            layout->addWidget(button);
-            objects.emplace_back(qt(*button));
-            ids.push_back(button->id());
-        }
-        objects.emplace_back(qt(*panel));
-        objects.emplace_back(qObjectOf(lookup(layout)));
-        ids.push_back(panel->id());
-        parent = panel;
-    }
-    window->destroy();
-    for (const unsigned id : ids) {
-        EXPECT_FALSE(VXObject::isObjectValid(id));
-        EXPECT_EQ(lookup(id), nullptr);
-    }
-    runDeletions();
-    for (const auto& object : objects)
-        EXPECT_TRUE(object.isNull());
 }
 
 } // namespace

@@ -1,15 +1,13 @@
 // Widgets used from other threads than their own.
 
 #include "support/waitfor.h"
-#include "support/watchdog.h"
+#include "support/watchedtest.h"
+#include "support/worker.h"
 #include "toolkit.h"
-#include "trov/thread.h"
-#include "voxi/vxbridge.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
-#include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxhandle.h"
 
 #include <QApplication>
@@ -19,16 +17,14 @@
 #include <QTimer>
 
 #include <atomic>
-#include <future>
 #include <gtest/gtest.h>
-#include <stdexcept>
 #include <string>
 #include <thread>
 
 namespace VOXI {
 namespace {
 
-class WidgetThreads : public testing::Test
+class WidgetThreads : public WatchedTest
 {
 protected:
     /// Runs `work` on a thread of its own while the event loop runs here.
@@ -45,10 +41,6 @@ protected:
         worker.join();
         runDeletions();
     }
-
-private:
-    Watchdog m_watchdog{std::chrono::seconds(55),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
 };
 
 TEST_F(WidgetThreads, aHundredThousandLabelsComeInOrderWhileTheWindowAnswers)
@@ -103,72 +95,19 @@ TEST_F(WidgetThreads, aHundredThousandLabelsComeInOrderWhileTheWindowAnswers)
     EXPECT_LT(clickedAt, Count);
 }
 
-TEST_F(WidgetThreads, makeUseAndEndWidgets)
-{
-    runDeletions();
-    const auto before = QApplication::allWidgets().size();
-    std::atomic<int> clicks{0};
-    onWorker([&] {
-        for (int i = 0; i < 100; ++i) {
-            auto* window = new VXWindow2;
-            auto* panel = new VXPanel2(window);
-            auto* layout = new VXBoxLayout2(panel, Direction::TopToBottom);
-            auto* text = new VXText2(panel);
-            auto* button = new VXButton2(panel);
-            layout->addWidget(text);
-            layout->addWidget(button);
-            window->setCentralWidget(panel);
-            button->clicked().connect(
-                static_cast<TROV::Listener*>(text), [&] { ++clicks; },
-                VXBridge::getBridge(StringID("qt"))->thread());
-            text->setText("text " + std::to_string(i));
-            EXPECT_EQ(text->text(), "text " + std::to_string(i));
-            button->imitateClick();
-            EXPECT_EQ(window->centralWidget(), panel);
-            if (i % 3 == 0)
-                delete button;
-            window->show();
-            window->destroy();
-        }
-    });
-    EXPECT_EQ(clicks, 100);
-    turn();
-    runDeletions();
-    EXPECT_EQ(QApplication::allWidgets().size(), before);
-}
-
-TEST_F(WidgetThreads, areThrownWhatTheirRequestsThrow)
-{
-    VXPanel2 panel;
-    onWorker([&] {
-        EXPECT_THROW(
-            static_cast<void>(panel.isEventConsumed(static_cast<WidgetEvent>(WidgetEventCount))),
-            std::out_of_range);
-    });
-}
-
 TEST_F(WidgetThreads, askEachOtherThroughWidgets)
 {
     VXButton2 button;
     button.setLabel("label");
     TROV::Emitter0<std::string> ask;
-    std::promise<TROV::Thread*> born;
     VXPanel2 listener;
-    std::thread answering([&] {
-        TROV::Thread* const self = TROV::Thread::getCurrentThread();
-        // Answered on this thread by asking the widget on the other.
-        ask.connect(
-            &listener, [&] { return button.label() + "!"; }, self);
-        born.set_value(self);
-        self->exec();
-    });
-    TROV::Thread* const thread = born.get_future().get();
+    TROV::Worker answering; // by asking the widget on the other thread
+    ask.connect(
+        &listener, [&] { return button.label() + "!"; }, answering.thread());
     onWorker([&] {
         for (int i = 0; i < 500; ++i)
             EXPECT_EQ(ask() + button.label(), "label!label");
     });
-    for (int i = 0; i < 500; ++i)
-        EXPECT_EQ(ask(), "label!");
     // Both at the same time.
     std::atomic<bool> stop{false};
     std::thread asking([&] {
@@ -182,8 +121,6 @@ TEST_F(WidgetThreads, askEachOtherThroughWidgets)
     }
     stop = true;
     onWorker([&] { asking.join(); });
-    thread->quit();
-    answering.join();
 }
 
 TEST_F(WidgetThreads, holdTheObjectLockWhileTheyAsk)

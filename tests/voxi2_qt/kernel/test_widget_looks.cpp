@@ -1,5 +1,5 @@
-// Colours, fonts, cursors, the highlight; what assistive technology gets to know; and that all of
-// it survives a change of the style or the palette.
+// Colours, fonts, cursors and the highlight; and that all of it survives a change of the style or
+// the palette.
 
 #include "probe.h"
 #include "voxi2/containers/vxpanel2.h"
@@ -8,9 +8,7 @@
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/customcursorregistry.h"
 
-#include <QAccessible>
 #include <QApplication>
-#include <QBitmap>
 #include <QFontInfo>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -204,45 +202,6 @@ TEST(WidgetLooks, theHighlightOfAScrollAreaLiesOnItsViewport)
     probe.setHighlight(true, Color(0, 200, 0));
     const QImage lit = scrollArea.viewport()->grab().toImage();
     EXPECT_EQ(lit.pixelColor(lit.width() / 2, 0), QColor(0, 200, 0));
-}
-
-TEST(WidgetLooks, switchingTheHighlightRepaints)
-{
-    VXProbe2 probe;
-    probe.show();
-    turn();
-    plain(probe).forget();
-    probe.setHighlight(true, Color(0, 0, 255));
-    turn();
-    EXPECT_TRUE(plain(probe).saw(QEvent::Paint));
-    plain(probe).forget();
-    probe.setHighlight(false);
-    turn();
-    EXPECT_TRUE(plain(probe).saw(QEvent::Paint));
-}
-
-TEST(WidgetLooks, assistiveTechnologyLearnsNamesAndRoles)
-{
-    VXWindow2 window;
-    auto* const panel = new VXPanel2(&window);
-    auto* const button = new VXButton2(panel);
-    auto* const text = new VXText2(panel);
-    const auto interfaceOf = [](VXWidget2* widget) {
-        return QAccessible::queryAccessibleInterface(qt(*widget));
-    };
-    button->setLabel("Go");
-    EXPECT_EQ(interfaceOf(button)->role(), QAccessible::Button);
-    EXPECT_EQ(interfaceOf(button)->text(QAccessible::Name), QStringLiteral("Go"));
-    EXPECT_EQ(interfaceOf(text)->role(), QAccessible::StaticText);
-    EXPECT_EQ(interfaceOf(panel)->role(), QAccessible::Client);
-    EXPECT_EQ(interfaceOf(&window)->role(), QAccessible::Window);
-
-    button->setAccessibleName(L"Start \u2192");
-    button->setAccessibleDescription(L"Starts it");
-    EXPECT_EQ(interfaceOf(button)->text(QAccessible::Name), QStringLiteral("Start \u2192"));
-    EXPECT_EQ(interfaceOf(button)->text(QAccessible::Description), QStringLiteral("Starts it"));
-    EXPECT_EQ(button->accessibleName(), L"Start \u2192");
-    EXPECT_EQ(button->accessibleDescription(), L"Starts it");
 }
 
 TEST(WidgetLooks, changesOfStyleAndPaletteLeaveThemRight)

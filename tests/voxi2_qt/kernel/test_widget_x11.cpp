@@ -186,6 +186,23 @@ protected:
         xdotool(at(start) + QStringLiteral(" mousedown 1"));
     }
 
+    /// What the hand does next: moves over `from` until a drag goes on and to `to` until it has
+    /// arrived there, and lets go once.
+    QString drag(VXPoint<int> from, VXPoint<int> to, bool hasArrived, bool goesOn)
+    {
+        if (!goesOn)
+            return m_released ? QString() : near(from);
+        if (!hasArrived)
+            return near(to);
+        return std::exchange(m_released, true) ? QString() : QStringLiteral("mouseup 1");
+    }
+    QString dragSource(VXPoint<int> to, bool hasArrived)
+    {
+        return drag(m_source.mapToGlobal({80, 80}), to, hasArrived,
+                    VXDragManager2::instance()->isDragging());
+    }
+
+    bool m_released = false;
     VXPanel2 m_source;
     VXPanel2 m_target;
     VXDragDelegate2 m_delegate;
@@ -210,15 +227,10 @@ TEST_F(Dragging, withinTheProgram)
                                  [](const VXDragEvent2& event) { event.accept(DropAction::Copy); });
     pressSource();
     const VXPoint<int> goal = m_target.mapToGlobal({100, 70});
-    bool released = false;
     bool seenDragging = false;
-    const Hand hand([&]() -> QString {
+    const Hand hand([&] {
         seenDragging |= VXDragManager2::instance()->isDragging();
-        if (!VXDragManager2::instance()->isDragging())
-            return released ? QString() : near(m_source.mapToGlobal({80, 80}));
-        if (!welcome)
-            return near(goal);
-        return std::exchange(released, true) ? QString() : QStringLiteral("mouseup 1");
+        return dragSource(goal, welcome);
     });
     ASSERT_TRUE(waitFor([&] { return m_finished.count() > 0; }, Patience));
     EXPECT_TRUE(seenDragging);
@@ -237,15 +249,8 @@ TEST_F(Dragging, isRefusedOrCancelled)
     auto entered = Log(m_delegate.entered()); // nobody accepts
     pressSource();
     const VXPoint<int> goal = m_target.mapToGlobal({100, 70});
-    bool released = false;
     {
-        const Hand hand([&]() -> QString {
-            if (!VXDragManager2::instance()->isDragging())
-                return released ? QString() : near(m_source.mapToGlobal({80, 80}));
-            if (entered.isEmpty())
-                return near(goal);
-            return std::exchange(released, true) ? QString() : QStringLiteral("mouseup 1");
-        });
+        const Hand hand([&] { return dragSource(goal, !entered.isEmpty()); });
         ASSERT_TRUE(waitFor([&] { return m_finished.count() == 1; }, Patience));
     }
     EXPECT_EQ(m_finished.last().action(), DropAction::Ignore);
@@ -303,14 +308,7 @@ TEST_F(Dragging, toAnotherProgram)
     ASSERT_TRUE(waitFor([&] { return partner.hasSaid("shown"); }, Patience));
     ASSERT_TRUE(show(m_source));
     pressSource();
-    bool released = false;
-    const Hand hand([&]() -> QString {
-        if (!VXDragManager2::instance()->isDragging())
-            return released ? QString() : near(m_source.mapToGlobal({80, 80}));
-        if (!partner.hasSaid("entered"))
-            return near(partner.middle());
-        return std::exchange(released, true) ? QString() : QStringLiteral("mouseup 1");
-    });
+    const Hand hand([&] { return dragSource(partner.middle(), partner.hasSaid("entered")); });
     ASSERT_TRUE(waitFor([&] { return m_finished.count() > 0; }, Patience))
         << partner.output().data();
     EXPECT_TRUE(waitFor([&] { return partner.hasSaid("dropped gr\u00fc\u00dfe"); }, Patience));
@@ -336,14 +334,8 @@ TEST_F(Dragging, fromAnotherProgram)
     });
     const VXPoint<int> goal = m_target.mapToGlobal({100, 70});
     xdotool(at(partner.middle()) + QStringLiteral(" mousedown 1"));
-    bool released = false;
-    const Hand hand([&]() -> QString {
-        if (!partner.hasSaid("dragging"))
-            return near(partner.middle());
-        if (entered == 0)
-            return near(goal);
-        return std::exchange(released, true) ? QString() : QStringLiteral("mouseup 1");
-    });
+    const Hand hand(
+        [&] { return drag(partner.middle(), goal, entered > 0, partner.hasSaid("dragging")); });
     ASSERT_TRUE(waitFor([&] { return !texts.empty(); }, Patience)) << partner.output().data();
     EXPECT_EQ(texts, std::vector<std::wstring>{L"from outside"});
     EXPECT_TRUE(waitFor([&] { return partner.hasSaid("finished 1"); }, Patience))
