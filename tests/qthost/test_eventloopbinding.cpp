@@ -1,7 +1,8 @@
 #include "qthost/eventloopbinding.h"
+#include "support/reportederrors.h"
 #include "support/waitfor.h"
-#include "support/watchdog.h"
-#include "trov/thread.h"
+#include "support/watchedtest.h"
+#include "support/worker.h"
 #include "voxi/vxobject.h"
 
 #include <QAbstractEventDispatcher>
@@ -67,15 +68,11 @@ private:
     QTimer m_timer;
 };
 
-class EventLoopBindingTest : public testing::Test
+class EventLoopBindingTest : public WatchedTest
 {
 protected:
     TROV::Thread* const m_gui = TROV::Thread::getCurrentThread();
     std::optional<EventLoopBinding> m_binding{std::in_place};
-
-private:
-    Watchdog m_watchdog{std::chrono::seconds(50),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
 };
 
 TEST_F(EventLoopBindingTest, callsOfOtherThreadsRunInTheLoopInTheirOrder)
@@ -187,8 +184,7 @@ TEST_F(EventLoopBindingTest, theLoopTurnsHoweverManyWorkersAsk)
             while (!stop) {
                 if (i % 2 == 0)
                     m_gui->post(work);
-                m_gui->callAndWait<void>(
-                    nullptr, nullptr, [] { return true; }, work);
+                TROV::ask(m_gui, work);
             }
             --working;
         });
@@ -263,8 +259,7 @@ TEST_F(EventLoopBindingTest, modalDialogsOpenedByACallGoOnDelivering)
     std::thread worker([&] {
         m_gui->post([&] { result = dialog.exec(); });
         for (int i = 0; i < 100; ++i) {
-            answered += m_gui->callAndWait<int>(
-                nullptr, nullptr, [] { return true; }, [&] { return dialog.isVisible() ? 1 : 0; });
+            answered += TROV::ask(m_gui, [&] { return dialog.isVisible(); });
         }
         m_gui->post([&] { dialog.accept(); });
     });
@@ -318,10 +313,7 @@ TEST_F(EventLoopBindingTest, theObjectLockIsFreeWhileANestedLoopSleepsAndBackAft
 
 TEST_F(EventLoopBindingTest, whoAsksAfterTheLoopGetsADefaultAnswer)
 {
-    const auto ask = [this] {
-        return m_gui->callAndWait<int>(
-            nullptr, nullptr, [] { return true; }, [] { return 7; });
-    };
+    const auto ask = [this] { return TROV::ask(m_gui, [] { return 7; }); };
     // Before the first loop one waits for it.
     int early = -1;
     std::thread first([&] {
@@ -357,12 +349,10 @@ TEST_F(EventLoopBindingTest, itsEndReleasesWhoeverWaits)
     int answer = 1;
     bool ran = false;
     std::thread worker([&] {
-        answer = m_gui->callAndWait<int>(
-            nullptr, nullptr, [] { return true; },
-            [&] {
-                ran = true;
-                return 2;
-            });
+        answer = TROV::ask(m_gui, [&] {
+            ran = true;
+            return 2;
+        });
     });
     // The loop was roused: the question is in the queue.
     ASSERT_TRUE(waitFor([&] { return events.m_count == 1; }));
@@ -381,25 +371,17 @@ TEST_F(EventLoopBindingTest, itsEndReleasesWhoeverWaits)
 
 TEST_F(EventLoopBindingTest, whatCallsThrowDoesNotPassThroughTheLoop)
 {
-    std::atomic<int> reported{0};
-    TROV::Thread::setExceptionHandler([&](std::exception_ptr) { ++reported; });
+    TROV::ReportedErrors errors;
     bool after = false;
-    std::string caught;
     std::thread worker([&] {
         m_gui->post([] { throw std::runtime_error("queued"); });
-        try {
-            m_gui->callAndWait<void>(
-                nullptr, nullptr, [] { return true; }, [] { throw std::runtime_error("asked"); });
-        } catch (const std::runtime_error& error) {
-            caught = error.what();
-        }
+        EXPECT_THROW(TROV::ask(m_gui, [] { throw std::runtime_error("asked"); }),
+                     std::runtime_error);
         m_gui->post([&] { after = true; });
     });
     EXPECT_TRUE(waitFor([&] { return after; }));
     worker.join();
-    EXPECT_EQ(reported, 1);
-    EXPECT_EQ(caught, "asked");
-    TROV::Thread::setExceptionHandler({});
+    EXPECT_EQ(errors.take(), std::vector<std::string>{"queued"});
 }
 
 } // namespace

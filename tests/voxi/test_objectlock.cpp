@@ -1,5 +1,5 @@
+#include "support/worker.h"
 #include "testobject.h"
-#include "trov/thread.h"
 #include "trov/waithooks.h"
 
 #include <future>
@@ -25,14 +25,19 @@ protected:
     }
 };
 
-TEST_F(ObjectLock, isHeldForTheScopeAndInsideItself)
+TEST_F(ObjectLock, isHeldForTheScopeAndGivenUpWholeWhileAThreadWaits)
 {
     EXPECT_TRUE(isFreeForOthers());
     {
         const VXObjectDataLocker outer;
         {
             const VXObjectDataLocker inner;
-            EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
+            EXPECT_FALSE(isFreeForOthers());
+            {
+                const TROV::WaitRelease waiting;
+                EXPECT_FALSE(VXObject::m_lock.isHeldByCurrentThread());
+                EXPECT_TRUE(isFreeForOthers());
+            }
         }
         EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
         EXPECT_FALSE(isFreeForOthers());
@@ -41,41 +46,17 @@ TEST_F(ObjectLock, isHeldForTheScopeAndInsideItself)
     EXPECT_TRUE(isFreeForOthers());
 }
 
-TEST_F(ObjectLock, isGivenUpWholeWhileAThreadWaits)
-{
-    const VXObjectDataLocker outer;
-    const VXObjectDataLocker inner;
-    {
-        const TROV::WaitRelease waiting;
-        EXPECT_FALSE(VXObject::m_lock.isHeldByCurrentThread());
-        EXPECT_TRUE(isFreeForOthers());
-    }
-    EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
-    EXPECT_FALSE(isFreeForOthers());
-}
-
 TEST_F(ObjectLock, doesNotKeepAWaiterFromItsAnswer)
 {
-    std::promise<TROV::Thread*> born;
-    std::thread server([&] {
-        born.set_value(TROV::Thread::getCurrentThread());
-        TROV::Thread::getCurrentThread()->exec();
-    });
-    TROV::Thread* const thread = born.get_future().get();
-    int answer = 0;
-    {
-        const VXObjectDataLocker lock;
-        answer = thread->callAndWait<int>(
-            nullptr, nullptr, [] { return true; },
-            [] {
-                const VXObjectDataLocker needed;
-                return 42;
-            });
-        EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
-    }
-    EXPECT_EQ(answer, 42);
-    thread->quit();
-    server.join();
+    const TROV::Worker server;
+    const VXObjectDataLocker lock;
+    EXPECT_EQ(TROV::ask(server.thread(),
+                        [] {
+                            const VXObjectDataLocker needed;
+                            return 42;
+                        }),
+              42);
+    EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
 }
 
 } // namespace

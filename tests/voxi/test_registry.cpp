@@ -1,8 +1,10 @@
+#include "support/inparallel.h"
 #include "testobject.h"
 
 #include <algorithm>
 #include <memory>
 #include <mutex>
+#include <numeric>
 #include <random>
 #include <set>
 #include <thread>
@@ -135,26 +137,25 @@ TEST(Registry, takesEveryIdThereCanBe)
 {
     TestPeer peer;
     // Both ends of every kind of page that a table of 32-bit ids could have.
-    std::vector<unsigned> ids{0u, 0xffffffffu};
+    std::set<unsigned> ids{0u, 0xffffffffu};
     for (int bit = 0; bit < 32; ++bit)
-        ids.insert(ids.end(), {1u << bit, (1u << bit) - 1, 0u - (1u << bit)});
-    std::sort(ids.begin(), ids.end());
-    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+        ids.insert({1u << bit, (1u << bit) - 1, 0u - (1u << bit)});
     // Ids that live objects of this process have are theirs.
     std::erase_if(ids, [](unsigned id) { return VXObject::isObjectValid(id); });
 
-    for (const unsigned id : ids) {
+    const auto expectAll = [&](const GuiObject* expected) {
+        for (const unsigned id : ids)
+            EXPECT_EQ(lookup(id), expected) << id;
+    };
+    for (const unsigned id : ids)
         removeObject(id);
-        EXPECT_EQ(lookup(id), nullptr) << id;
-    }
+    expectAll(nullptr);
     for (const unsigned id : ids)
         addObject(id, &peer);
-    for (const unsigned id : ids)
-        EXPECT_EQ(lookup(id), &peer) << id;
+    expectAll(&peer);
     for (const unsigned id : ids)
         removeObject(id);
-    for (const unsigned id : ids)
-        EXPECT_EQ(lookup(id), nullptr) << id;
+    expectAll(nullptr);
 }
 
 TEST(Registry, knowsExactlyTheLiveOnesOfManyInAnyOrderOfDeath)
@@ -168,8 +169,7 @@ TEST(Registry, knowsExactlyTheLiveOnesOfManyInAnyOrderOfDeath)
         addObject(objects[i]->id(), &peers[i]);
     }
     std::vector<std::size_t> order(Count);
-    for (std::size_t i = 0; i < Count; ++i)
-        order[i] = i;
+    std::iota(order.begin(), order.end(), 0u);
     std::shuffle(order.begin(), order.end(), std::mt19937(4711));
 
     std::size_t wrong = 0;
@@ -201,7 +201,7 @@ TEST_F(RegistryThreads, makeFindAndEndObjectsAtTheSameTime)
     constexpr int Rounds = 3000;
     std::mutex idsMutex;
     std::set<unsigned> ids;
-    const auto work = [&] {
+    inParallel(4, [&](int) {
         TestPeer peer;
         std::vector<unsigned> mine;
         for (int i = 0; i < Rounds; ++i) {
@@ -212,14 +212,9 @@ TEST_F(RegistryThreads, makeFindAndEndObjectsAtTheSameTime)
             removeObject(object->id());
             mine.push_back(object->id());
         }
-        std::lock_guard lock(idsMutex);
+        const std::lock_guard lock(idsMutex);
         ids.insert(mine.begin(), mine.end());
-    };
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back(work);
-    for (std::thread& thread : threads)
-        thread.join();
+    });
     EXPECT_EQ(ids.size(), 4u * Rounds);
 }
 

@@ -1,3 +1,4 @@
+#include "support/inparallel.h"
 #include "testobject.h"
 #include "trov/packet.h"
 #include "voxi/fontnames.h"
@@ -21,11 +22,8 @@ TEST(Bridge, thereIsOneForEachKey)
     EXPECT_NE(VXBridge::getBridge(StringID()), nullptr);
 
     std::vector<VXBridge*> found(8);
-    std::vector<std::thread> threads;
-    for (VXBridge*& each : found)
-        threads.emplace_back([&each] { each = VXBridge::getBridge(StringID("raced for")); });
-    for (std::thread& thread : threads)
-        thread.join();
+    inParallel(8,
+               [&](int i) { found[std::size_t(i)] = VXBridge::getBridge(StringID("raced for")); });
     EXPECT_EQ(std::vector<VXBridge*>(8, found.front()), found);
 }
 
@@ -46,10 +44,9 @@ TEST(Bridge, keepsTheIdentityOfItsThread)
 TEST(Bridge, itsEmitterCarriesWindowValuesAsPackets)
 {
     VXBridge* const bridge = VXBridge::getBridge(StringID("with emitter"));
-    const TestObject listener;
+    TROV::Listener listener;
     std::vector<long long> received;
-    bridge->emitter().connect(const_cast<TestObject*>(&listener),
-                              [&](long long value) { received.push_back(value); });
+    bridge->emitter().connect(&listener, [&](long long value) { received.push_back(value); });
     const long long large = 0x123456789abcdef;
     bridge->emitter().sendPacket(TROV::Packet(new TROV::Payload1<void, long long>(large)),
                                  TROV::SendDirect, false);

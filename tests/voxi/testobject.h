@@ -1,10 +1,8 @@
 #pragma once
 
-#include "support/watchdog.h"
+#include "support/watchedtest.h"
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
-
-#include <gtest/gtest.h>
 
 namespace VOXI {
 
@@ -30,13 +28,6 @@ public:
 
 private:
     int* m_deletions;
-};
-
-/// Every test dies with a message instead of hanging.
-class WatchedTest : public testing::Test
-{
-    Watchdog m_watchdog{std::chrono::seconds(50),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
 };
 
 } // namespace VOXI

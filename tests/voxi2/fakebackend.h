@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/watchdog.h"
+#include "support/watchedtest.h"
 #include "trov/requestbinding.h"
 #include "trov/thread.h"
 #include "voxi/guiobject.h"
@@ -88,15 +88,15 @@ private:
     VXFactory2 m_factory;
 };
 
-class WatchedTest : public testing::Test
+class BackEndTest : public WatchedTest
 {
 protected:
     // Hosted, so that calls which come before and between the loops wait for the next one.
-    WatchedTest()
+    BackEndTest()
     {
         TROV::Thread::getCurrentThread()->bindWakeUp([] {});
     }
-    ~WatchedTest() override { TROV::Thread::getCurrentThread()->unbindWakeUp(); }
+    ~BackEndTest() override { TROV::Thread::getCurrentThread()->unbindWakeUp(); }
 
     /// Runs `work` on a thread of its own while this one answers requests.
     static void onWorker(const std::function<void()>& work)
@@ -109,10 +109,6 @@ protected:
         self->exec();
         worker.join();
     }
-
-private:
-    Watchdog m_watchdog{std::chrono::seconds(50),
-                        testing::UnitTest::GetInstance()->current_test_info()->name()};
 };
 
 } // namespace VOXI

@@ -14,7 +14,7 @@
 namespace VOXI {
 namespace {
 
-class Building : public WatchedTest
+class Building : public BackEndTest
 {
 protected:
     Building()

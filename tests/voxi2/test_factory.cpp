@@ -92,7 +92,7 @@ TEST(FactoryRegistration, windowsAreRaisedAsTheBridgesOfTheRegisteredSay)
     EXPECT_EQ(raised, (std::vector<unsigned long long>{7, 8}));
 }
 
-class CreationRequests : public WatchedTest
+class CreationRequests : public BackEndTest
 {
 protected:
     FakeBackEnd m_backEnd;

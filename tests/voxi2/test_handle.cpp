@@ -86,7 +86,7 @@ TEST(Handle, reachesClassesOfTheApplication)
     EXPECT_EQ(made, 1);
 }
 
-class HandleThreads : public WatchedTest
+class HandleThreads : public BackEndTest
 {};
 
 TEST_F(HandleThreads, useObjectsThatComeAndGo)

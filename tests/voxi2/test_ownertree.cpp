@@ -1,4 +1,5 @@
 #include "fakebackend.h"
+#include "support/reportederrors.h"
 
 #include <future>
 #include <gmock/gmock.h>
@@ -21,7 +22,7 @@ public:
     }
 };
 
-class OwnerTree : public WatchedTest
+class OwnerTree : public BackEndTest
 {
 protected:
     ~OwnerTree() override { EXPECT_EQ(FakePeer::s_alive, 0); }
@@ -135,14 +136,7 @@ TEST_F(OwnerTree, childrenAddedWhileTheParentEndsGoWithIt)
 
 TEST_F(OwnerTree, whatAHandlerOfTheEndThrowsIsReported)
 {
-    std::string reported;
-    TROV::Thread::setExceptionHandler([&](std::exception_ptr error) {
-        try {
-            std::rethrow_exception(error);
-        } catch (const std::exception& e) {
-            reported = e.what();
-        }
-    });
+    TROV::ReportedErrors errors;
     auto* panel = new VXPanel2;
     auto* child = new Named(panel, "child", m_log);
     panel->destroyed().connect(panel, [] { throw std::runtime_error("from the end"); });
@@ -150,23 +144,7 @@ TEST_F(OwnerTree, whatAHandlerOfTheEndThrowsIsReported)
     EXPECT_EQ(m_log, "child");
     EXPECT_FALSE(VXObject::isObjectValid(child));
     TROV::Thread::getCurrentThread()->process();
-    EXPECT_EQ(reported, "from the end");
-    TROV::Thread::setExceptionHandler({});
-}
-
-TEST_F(OwnerTree, anotherThreadMayEndIt)
-{
-    auto* root = new VXPanel2;
-    auto* child = new VXPanel2(root);
-    const unsigned ids[] = {root->id(), child->id()};
-    onWorker([&] {
-        root->destroy();
-        EXPECT_FALSE(VXObject::isObjectValid(ids[0]));
-        EXPECT_FALSE(VXObject::isObjectValid(ids[1]));
-    });
-    EXPECT_EQ(lookup(ids[0]), nullptr);
-    EXPECT_EQ(lookup(ids[1]), nullptr);
-    EXPECT_EQ(FakePeer::s_alive, 0);
+    EXPECT_EQ(errors.take(), std::vector<std::string>{"from the end"});
 }
 
 TEST_F(OwnerTree, ownersMayBeNestedWithoutEnd)

@@ -6,9 +6,9 @@
 
 #include "kinds.h"
 #include "support/qtwarnings.h"
+#include "support/reportederrors.h"
 #include "support/waitfor.h"
 #include "support/watchdog.h"
-#include "trov/thread.h"
 #include "voxi2/containers/vxmessage2.h"
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi2/kernel/vxhandle.h"
@@ -29,6 +29,7 @@
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <iostream>
 #include <random>
 #include <set>
@@ -76,6 +77,12 @@ public:
     explicit Random(unsigned seed) : m_engine(seed) {}
     int below(int end) { return static_cast<int>(m_engine() % static_cast<unsigned>(end)); }
     bool oneIn(int n) { return below(n) == 0; }
+
+    /// Does one of them.
+    void any(std::initializer_list<std::function<void()>> deeds)
+    {
+        deeds.begin()[below(static_cast<int>(deeds.size()))]();
+    }
 
 private:
     std::mt19937 m_engine;
@@ -187,37 +194,18 @@ public:
         }
         // Workers end what they like. Each deed is one call: a handler may end its object, too.
         const VXObjectDataLocker lock;
-        switch (m_random.below(11)) {
-        case 0:
-        case 1:
-        case 2:
-            grow();
-            break;
-        case 3:
-        case 4:
+        const auto growOne = [&] { grow(); };
+        const auto placeOne = [&] {
             place(m_random.oneIn(3) ? any<VXLayout2>() : any<VXObject2>(), any<VXWidget2>());
-            break;
-        case 5:
-            takeOut(any<VXObject2>(), any<VXWidget2>());
-            break;
-        case 6:
-            if (auto* const object = any<VXObject2>()) {
-                if (isCutOff(object))
-                    noteCutOff(*object); // and stays so with another owner
-                object->setParent(m_random.oneIn(4) ? nullptr : any<VXObject2>());
-            }
-            break;
-        case 7:
-            endOne();
-            break;
-        case 8:
-        case 9:
-            act(any<VXWidget2>());
-            break;
-        default:
-            if (auto* const dialog = any<VXDialog2>(); dialog && m_depth < 3)
-                execute(*dialog);
-        }
+        };
+        const auto useOne = [&] { act(any<VXWidget2>()); };
+        m_random.any({growOne, growOne, growOne, placeOne, placeOne, useOne, useOne,
+                      [&] { takeOut(any<VXObject2>(), any<VXWidget2>()); },
+                      [&] { giveAway(any<VXObject2>()); }, [&] { endOne(); },
+                      [&] {
+                          if (auto* const dialog = any<VXDialog2>(); dialog && m_depth < 3)
+                              execute(*dialog);
+                      }});
     }
 
     /// What is so once all has settled, if nobody else is at work.
@@ -359,27 +347,21 @@ private:
             return;
         const Depth deeper(m_depth);
         const bool mayLoop = m_workers.empty() || s_allAtOnce;
-        switch (m_random.below(8)) {
-        case 0:
-            throw std::runtime_error("a handler's");
-        case 1:
-        case 2: {
+        const auto end = [&] { endOne(); };
+        const auto goOn = [&] {
+            if (mayLoop)
+                step();
+        };
+        const auto runLoop = [&] {
             if (!mayLoop)
-                break;
+                return;
             QEventLoop loop;
             QTimer::singleShot(m_random.below(4), &loop, &QEventLoop::quit);
             QTimer::singleShot(0, &loop, [this] { step(); });
             loop.exec();
-            break;
-        }
-        case 3:
-        case 4:
-            endOne();
-            break;
-        default:
-            if (mayLoop)
-                step();
-        }
+        };
+        m_random.any({[] { throw std::runtime_error("a handler's"); }, runLoop, runLoop, end, end,
+                      goOn, goOn, goOn});
     }
 
     bool isCutOff(const VXObject2* object) const
@@ -397,29 +379,33 @@ private:
             m_cutOff.insert(child->id());
     }
 
+    void giveAway(VXObject2* object)
+    {
+        if (!object)
+            return;
+        if (isCutOff(object))
+            noteCutOff(*object); // and stays so with another owner
+        object->setParent(m_random.oneIn(4) ? nullptr : any<VXObject2>());
+    }
+
     void endOne()
     {
         VXObject2* const object = any<VXObject2>();
         if (!object || m_random.oneIn(3))
             return;
-        switch (m_random.below(6)) {
-        case 0:
-            noteCutOff(*object);
-            VXFactory2::current()->destroyObject(object->id());
-            break;
-        case 1:
-            // A host's own doing, which must not happen under its own code.
-            if (m_depth == 0) {
-                noteCutOff(*object);
-                delete qObjectOf(lookup(object));
-            }
-            break;
-        case 2:
-            object->destroy();
-            break;
-        default:
-            delete object;
-        }
+        const auto deleteIt = [&] { delete object; };
+        m_random.any({[&] {
+                          noteCutOff(*object);
+                          VXFactory2::current()->destroyObject(object->id());
+                      },
+                      [&] {
+                          // A host's own doing, which must not happen under its own code.
+                          if (m_depth == 0) {
+                              noteCutOff(*object);
+                              delete qObjectOf(lookup(object));
+                          }
+                      },
+                      [&] { object->destroy(); }, deleteIt, deleteIt, deleteIt});
     }
 
     void act(VXWidget2* widget)
@@ -507,36 +493,21 @@ private:
 
     void placeInWindow(VXWindow2& window, VXWidget2* widget)
     {
-        switch (m_random.below(9)) {
-        case 0:
-            window.setCentralWidget(m_random.oneIn(5) ? nullptr : widget);
-            break;
-        case 1:
-            window.addStatusWidget(widget, m_random.below(2));
-            break;
-        case 6:
-            window.tabifyDockWidget(any<VXDockWidget2>(), any<VXDockWidget2>());
-            break;
-        case 7:
-            window.splitDockWidget(any<VXDockWidget2>(), any<VXDockWidget2>(),
-                                   Orientation::Vertical);
-            break;
-        case 2:
-            window.addToolBar(any<VXToolBar2>());
-            break;
-        case 3:
-            window.setMenuBar(any<VXMenuBar2>());
-            break;
-        case 4:
-            m_layout = window.saveLayout();
-            break;
-        case 5:
-            window.restoreLayout(m_layout);
-            break;
-        default:
-            window.addDockWidget(any<VXDockWidget2>(),
-                                 static_cast<DockArea>(1 << m_random.below(4)));
-        }
+        m_random.any({[&] {
+                          window.addDockWidget(any<VXDockWidget2>(),
+                                               static_cast<DockArea>(1 << m_random.below(4)));
+                      },
+                      [&] { window.setCentralWidget(m_random.oneIn(5) ? nullptr : widget); },
+                      [&] { window.addStatusWidget(widget, m_random.below(2)); },
+                      [&] { window.tabifyDockWidget(any<VXDockWidget2>(), any<VXDockWidget2>()); },
+                      [&] {
+                          window.splitDockWidget(any<VXDockWidget2>(), any<VXDockWidget2>(),
+                                                 Orientation::Vertical);
+                      },
+                      [&] { window.addToolBar(any<VXToolBar2>()); },
+                      [&] { window.setMenuBar(any<VXMenuBar2>()); },
+                      [&] { m_layout = window.saveLayout(); },
+                      [&] { window.restoreLayout(m_layout); }});
     }
 
     void takeOut(VXObject2* where, VXWidget2* widget)
@@ -554,29 +525,15 @@ private:
         } else if (auto* const view = dynamic_cast<VXScrollView2*>(where)) {
             m_random.oneIn(2) ? view->setWidget(nullptr) : view->ensureWidgetVisible(widget);
         } else if (auto* const dock = dynamic_cast<VXDockWidget2*>(where)) {
-            switch (m_random.below(3)) {
-            case 0:
-                dock->setWidget(nullptr);
-                break;
-            case 1:
-                dock->setTitleBarWidget(nullptr);
-                break;
-            default:
-                dock->setFloating(m_random.oneIn(2));
-            }
+            m_random.any({[&] { dock->setWidget(nullptr); },
+                          [&] { dock->setTitleBarWidget(nullptr); },
+                          [&] { dock->setFloating(m_random.oneIn(2)); }});
         } else if (auto* const menu = dynamic_cast<VXMenu2*>(where)) {
             m_random.oneIn(2) ? menu->clear() : menu->destroyItems();
         } else if (auto* const window = dynamic_cast<VXWindow2*>(where)) {
-            switch (m_random.below(3)) {
-            case 0:
-                window->removeDockWidget(any<VXDockWidget2>());
-                break;
-            case 1:
-                window->removeToolBar(any<VXToolBar2>());
-                break;
-            default:
-                window->removeStatusWidget(widget);
-            }
+            m_random.any({[&] { window->removeDockWidget(any<VXDockWidget2>()); },
+                          [&] { window->removeToolBar(any<VXToolBar2>()); },
+                          [&] { window->removeStatusWidget(widget); }});
         } else if (widget) {
             m_random.oneIn(2) ? widget->setVisible(m_random.oneIn(2))
                               : widget->setEnabled(m_random.oneIn(2));
@@ -588,19 +545,9 @@ private:
         VXTab2* const tab = tabs.tabAt(m_random.below(3));
         if (!tab)
             return;
-        switch (m_random.below(4)) {
-        case 0:
-            tabs.setCurrentTab(tab);
-            break;
-        case 1:
-            tab->setTabEnabled(m_random.oneIn(2));
-            break;
-        case 2:
-            tab->setVisible(m_random.oneIn(2));
-            break;
-        default:
-            tabs.removeTab(tab);
-        }
+        m_random.any({[&] { tabs.setCurrentTab(tab); },
+                      [&] { tab->setTabEnabled(m_random.oneIn(2)); },
+                      [&] { tab->setVisible(m_random.oneIn(2)); }, [&] { tabs.removeTab(tab); }});
     }
 
     /// What a worker does, always with what may just be ending.
@@ -616,46 +563,39 @@ private:
                 m_population.add(new VXPanel2);
                 continue;
             }
-            switch (random.below(10)) {
-            case 0:
-            case 1:
-            case 2:
-                m_population.add(makeAny(object, random));
-                break;
-            case 3:
-                if (auto* const button = dynamic_cast<VXAbstractButton2*>(object)) {
-                    button->setLabel("by a worker");
-                    static_cast<void>(button->label());
-                }
-                break;
-            case 4:
-                if (auto* const menu = dynamic_cast<VXMenu2*>(object))
-                    menu->addAction("by a worker");
-                else if (auto* const dock = dynamic_cast<VXDockWidget2*>(object))
-                    dock->viewAction();
-                break;
-            case 5:
-                if (random.oneIn(4))
-                    VXMessage2{.text = "by a worker"}.exec(object);
-                break;
-            case 6:
-                if (auto* const window = dynamic_cast<VXAbstractWindow2*>(object))
-                    random.oneIn(2) ? window->showMinimized() : window->showNormal();
-                break;
-            case 7:
-                if (auto* const widget = dynamic_cast<VXWidget2*>(object)) {
-                    widget->setVisible(random.oneIn(2));
-                    static_cast<void>(widget->isVisible());
-                }
-                break;
-            case 8:
-                if (auto* const dialog = dynamic_cast<VXDialog2*>(object);
-                    dialog && random.oneIn(4))
-                    dialog->exec();
-                break;
-            default:
-                delete object;
-            }
+            const auto make = [&] { m_population.add(makeAny(object, random)); };
+            random.any({make, make, make, [&] { delete object; },
+                        [&] {
+                            if (auto* const button = dynamic_cast<VXAbstractButton2*>(object)) {
+                                button->setLabel("by a worker");
+                                static_cast<void>(button->label());
+                            }
+                        },
+                        [&] {
+                            if (auto* const menu = dynamic_cast<VXMenu2*>(object))
+                                menu->addAction("by a worker");
+                            else if (auto* const dock = dynamic_cast<VXDockWidget2*>(object))
+                                dock->viewAction();
+                        },
+                        [&] {
+                            if (random.oneIn(4))
+                                VXMessage2{.text = "by a worker"}.exec(object);
+                        },
+                        [&] {
+                            if (auto* const window = dynamic_cast<VXAbstractWindow2*>(object))
+                                random.oneIn(2) ? window->showMinimized() : window->showNormal();
+                        },
+                        [&] {
+                            if (auto* const widget = dynamic_cast<VXWidget2*>(object)) {
+                                widget->setVisible(random.oneIn(2));
+                                static_cast<void>(widget->isVisible());
+                            }
+                        },
+                        [&] {
+                            if (auto* const dialog = dynamic_cast<VXDialog2*>(object);
+                                dialog && random.oneIn(4))
+                                dialog->exec();
+                        }});
         }
         ++m_ended;
     }
@@ -676,11 +616,7 @@ private:
 class RandomTrees : public testing::TestWithParam<int>
 {
 protected:
-    RandomTrees()
-    {
-        TROV::Thread::setExceptionHandler([](std::exception_ptr) {});
-    }
-    ~RandomTrees() override { TROV::Thread::setExceptionHandler({}); }
+    TROV::ReportedErrors m_thrownByHandlers;
 
     static QString topLevelNames()
     {
