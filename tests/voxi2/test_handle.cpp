@@ -94,27 +94,24 @@ TEST_F(HandleThreads, useObjectsThatComeAndGo)
     FakeBackEnd backEnd;
     std::atomic<unsigned> id{0};
     std::atomic<bool> stop{false};
-    VXHandle<VXButton2> handle;
     onWorker([&] {
-        std::vector<std::thread> users;
         std::atomic<int> uses{0};
         VXHandle<VXButton2> current;
-        for (int i = 0; i < 3; ++i) {
-            users.emplace_back([&] {
-                while (!stop) {
-                    VXHandle<VXButton2> mine;
-                    {
-                        const VXObjectDataLocker lock;
-                        mine = current;
-                    }
-                    mine->setLabel("text");
-                    mine->setParent(nullptr);
-                    // A getter waits, and the object may go meanwhile.
-                    static_cast<void>(mine->peerParent());
-                    ++uses;
+        const auto use = [&] {
+            while (!stop) {
+                VXHandle<VXButton2> mine;
+                {
+                    const VXObjectDataLocker lock;
+                    mine = current;
                 }
-            });
-        }
+                mine->setLabel("text");
+                mine->setParent(nullptr);
+                // A getter waits, and the object may go meanwhile.
+                static_cast<void>(mine->peerParent());
+                ++uses;
+            }
+        };
+        const std::jthread users[] = {std::jthread(use), std::jthread(use), std::jthread(use)};
         for (int i = 0; i < 60; ++i) {
             auto* button = new VXButton2;
             {
@@ -127,8 +124,6 @@ TEST_F(HandleThreads, useObjectsThatComeAndGo)
             delete button;
         }
         stop = true;
-        for (std::thread& user : users)
-            user.join();
     });
     EXPECT_EQ(FakePeer::s_alive, 0);
 }

@@ -191,27 +191,25 @@ struct Polymorphic
     int m_data[4] = {};
 };
 
+template <class Other, int Alignment = 8>
+VXObject2* makePage(VXObject2* parent, std::vector<bool>& heard)
+{
+    return new Page<Other, Alignment>(parent, heard);
+}
+
 TEST_F(OwnerTree, classesOfTheApplicationRetireWhileTheyAreWhole)
 {
     std::vector<bool> heard;
     const std::vector<bool> twiceWhole{true, true};
-    const auto make = [&](VXObject2* parent, int kind) -> VXObject2* {
-        switch (kind) {
-        case 0:
-            return new Page<Nothing>(parent, heard);
-        case 1:
-            return new Page<Polymorphic>(parent, heard);
-        default:
-            return new Page<Polymorphic, 64>(parent, heard);
-        }
-    };
-    for (int kind = 0; kind < 3; ++kind) {
-        delete make(nullptr, kind);
+    using Make = VXObject2* (*)(VXObject2*, std::vector<bool>&);
+    const Make kinds[] = {&makePage<Nothing>, &makePage<Polymorphic>, &makePage<Polymorphic, 64>};
+    for (const Make make : kinds) {
+        delete make(nullptr, heard);
         EXPECT_EQ(std::exchange(heard, {}), twiceWhole);
-        make(nullptr, kind)->destroy();
+        make(nullptr, heard)->destroy();
         EXPECT_EQ(std::exchange(heard, {}), twiceWhole);
         auto* const owner = new VXPanel2;
-        make(owner, kind);
+        make(owner, heard);
         delete owner;
         EXPECT_EQ(std::exchange(heard, {}), twiceWhole);
     }

@@ -9,94 +9,57 @@
 namespace VOXI {
 namespace {
 
-void expectDefaults(VXWidget2& widget)
-{
-    widget.setEnabled(true);
-    widget.setObjectName("name");
-    widget.setToolTip("tip");
-    widget.setToolTip(L"tip");
-    widget.setFocusProxy(&widget);
-    widget.setFocusProxy(nullptr);
-    widget.setDragDelegate(nullptr);
-    widget.setEventConsumed(static_cast<WidgetEvent>(26), true);
-    widget.show();
-    widget.setFont(VXFont("Sans"));
-    widget.restoreGeometry("no geometry");
-    widget.imitate(WidgetEvent::Close);
-    widget.imitateKey(WidgetEvent::KeyPress, VXKeyEvent2(nullptr, WidgetEvent::KeyPress, Key()));
-
-    EXPECT_FALSE(widget.isEnabled());
-    EXPECT_FALSE(widget.isVisible());
-    EXPECT_FALSE(widget.isEventConsumed(WidgetEvent::Close));
-    EXPECT_EQ(widget.toolTipU(), L"");
-    EXPECT_EQ(widget.focusProxy(), nullptr);
-    EXPECT_EQ(widget.dragDelegate(), nullptr);
-    EXPECT_EQ(widget.font(), VXFont());
-    EXPECT_EQ(widget.position(), VXRect<int>());
-    EXPECT_EQ(widget.mapToGlobal({3, 4}), VXPoint<int>());
-    EXPECT_EQ(widget.winId(), 0u);
-    EXPECT_EQ(widget.saveGeometry(), "");
-    EXPECT_EQ(widget.peerParent(), nullptr);
-    EXPECT_TRUE(widget.peerChildren(true).empty());
-    EXPECT_EQ(widget.widgetEmitters()->show.numberOfConnections(), 0);
-    EXPECT_EQ(lookup(&widget), nullptr);
-}
-
 TEST(WithoutBackEnd, objectsAnswerWithDefaults)
 {
     ASSERT_EQ(VXFactory2::current(), nullptr);
     VXWindow2 window;
     auto* panel = new VXPanel2(&window);
     auto* button = new VXButton2(panel);
-    auto* text = new VXText2(panel);
     auto* layout = new VXBoxLayout2(panel, Direction::TopToBottom);
-    for (VXWidget2* widget : {static_cast<VXWidget2*>(&window), static_cast<VXWidget2*>(panel),
-                              static_cast<VXWidget2*>(button), static_cast<VXWidget2*>(text)})
-        expectDefaults(*widget);
+    EXPECT_EQ(lookup(button), nullptr);
+    EXPECT_EQ(button->widgetEmitters()->show.numberOfConnections(), 0);
 
-    window.setTitle("title");
+    button->setLabel("label");
+    button->imitateClick();
+    button->setFocusProxy(button);
+    button->setFocusProxy(nullptr);
+    button->setDragDelegate(nullptr);
+    button->setEventConsumed(static_cast<WidgetEvent>(26), true);
+    button->setFont(VXFont("Sans"));
+    button->restoreGeometry("no geometry");
+    button->imitate(WidgetEvent::Close);
+    button->imitateKey(WidgetEvent::KeyPress, VXKeyEvent2(nullptr, WidgetEvent::KeyPress, Key()));
+    EXPECT_EQ(button->label(), "");
+    EXPECT_EQ(button->focusProxy(), nullptr);
+    EXPECT_FALSE(button->isEventConsumed(WidgetEvent::Close));
+    EXPECT_EQ(button->font(), VXFont());
+    EXPECT_EQ(button->mapToGlobal({3, 4}), VXPoint<int>());
+    EXPECT_EQ(button->winId(), 0u);
+    EXPECT_EQ(button->saveGeometry(), "");
+    EXPECT_EQ(button->peerParent(), nullptr);
+    EXPECT_TRUE(button->peerChildren(true).empty());
+
     window.setCentralWidget(panel);
     window.setCentralWidget(nullptr);
-    window.setWindowState(WindowState::Maximized);
-    EXPECT_EQ(window.title(), "");
     EXPECT_EQ(window.centralWidget(), nullptr);
     EXPECT_FALSE(window.close());
-    EXPECT_EQ(window.windowFlags(), 0u);
-    button->setLabel("label");
-    button->setChecked(true);
-    button->imitateClick();
-    EXPECT_EQ(button->label(), "");
-    EXPECT_FALSE(button->isChecked());
-    text->setBuddy(button);
-    EXPECT_EQ(text->buddy(), nullptr);
     layout->addWidget(button);
     layout->addWidget(nullptr);
     layout->insertWidget(nullptr, -5);
     layout->removeWidget(nullptr);
     EXPECT_EQ(layout->spacing(), 0);
-    EXPECT_FALSE(layout->isEnabled());
 }
 
 TEST(WithoutBackEnd, objectsHaveTheirNamesAndKinds)
 {
     struct Mine : VXButton2
     {};
-    VXWindow2 window;
-    VXAction2 action;
-    VXActionGroup2 group;
     Mine mine;
-    const VXBoxLayout2 layout(&window, Direction::TopToBottom);
-    EXPECT_EQ(action.objectName(), "");
-    for (VXObject2* object : {static_cast<VXObject2*>(&window), static_cast<VXObject2*>(&action),
-                              static_cast<VXObject2*>(&group), static_cast<VXObject2*>(&mine)}) {
-        object->setObjectName("name");
-        EXPECT_EQ(object->objectName(), "name");
-    }
-    EXPECT_EQ(window.kind(), "Window");
-    EXPECT_EQ(action.kind(), "Action");
-    EXPECT_EQ(group.kind(), "ActionGroup");
+    EXPECT_EQ(mine.objectName(), "");
+    mine.setObjectName("name");
+    EXPECT_EQ(mine.objectName(), "name");
     EXPECT_EQ(mine.kind(), "Button");
-    EXPECT_EQ(layout.kind(), "BoxLayout");
+    EXPECT_EQ(VXActionGroup2().kind(), "ActionGroup");
 
     // Handles of all dead objects lead to the same one.
     const VXHandle<VXAction2> gone(std::make_unique<VXAction2>().get());

@@ -43,10 +43,8 @@ std::uint32_t shown(const Icon& icon, int extent, Mode mode = Mode::Normal,
 void expectNear(std::uint32_t rgba, Color expected)
 {
     const Color color = Color::fromRgba(rgba);
-    EXPECT_LE(std::abs(color.red() - expected.red()), 1) << color.toText();
-    EXPECT_LE(std::abs(color.green() - expected.green()), 1) << color.toText();
-    EXPECT_LE(std::abs(color.blue() - expected.blue()), 1) << color.toText();
-    EXPECT_LE(std::abs(color.alpha() - expected.alpha()), 1) << color.toText();
+    for (const auto channel : {&Color::red, &Color::green, &Color::blue, &Color::alpha})
+        EXPECT_LE(std::abs((color.*channel)() - (expected.*channel)()), 1) << color.toText();
 }
 
 /// Decodes the bytes "red" at the wanted size; anything else it cannot read.

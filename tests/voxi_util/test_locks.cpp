@@ -1,31 +1,21 @@
+#include "support/inparallel.h"
 #include "voxi_util/recursivelock.h"
 #include "voxi_util/spinlock.h"
 
 #include <atomic>
-#include <functional>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace VOXI {
 namespace {
-
-void runOnThreads(const std::function<void()>& work)
-{
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back(work);
-    for (std::thread& thread : threads)
-        thread.join();
-}
 
 TEST(RecursiveLock, guardsWhatManyThreadsChange)
 {
     RecursiveLock lock;
     int counter = 0;
-    runOnThreads([&] {
+    inParallel(4, [&](int) {
         for (int round = 0; round < 5000; ++round) {
             const std::lock_guard outer(lock);
             const int before = counter;
@@ -123,7 +113,7 @@ TEST(SpinLock, guardsWhatManyThreadsChange)
 {
     SpinLock lock;
     int counter = 0;
-    runOnThreads([&] {
+    inParallel(4, [&](int) {
         for (int round = 0; round < 5000; ++round) {
             const std::lock_guard guard(lock);
             ++counter;

@@ -1,3 +1,4 @@
+#include "support/inparallel.h"
 #include "support/watchdog.h"
 #include "voxi_util/color.h"
 #include "voxi_util/stringid.h"
@@ -10,11 +11,8 @@
 #include <chrono>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <latch>
 #include <limits>
 #include <string>
-#include <thread>
-#include <vector>
 
 using namespace VOXI;
 using namespace std::string_literals;
@@ -207,25 +205,18 @@ TEST(TypeInfo, threadsMayRegisterAndLookUpAtTheSameTime)
 {
     const Watchdog watchdog(std::chrono::seconds(60), "TypeInfo threads");
     constexpr int typeCount = 64;
-    constexpr std::size_t threadCount = 4;
+    constexpr int threadCount = 4;
     std::array<std::array<TypeInfo, typeCount>, threadCount> found;
     std::atomic<int> wrong{0};
-    std::latch start(threadCount);
-    std::vector<std::thread> threads;
-    for (auto& own : found) {
-        threads.emplace_back([&] {
-            start.arrive_and_wait();
-            own = registerAll(std::make_integer_sequence<int, typeCount>());
-            for (int i = 0; i < typeCount; ++i) {
-                const TypeInfo info = TypeInfo::byName("numbered " + std::to_string(i));
-                const any value = info.convertFromString("");
-                if (TypeInfo::of(value) != info || info.convertToString(value) != std::to_string(i))
-                    ++wrong;
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
+    inParallel(threadCount, [&](int thread) {
+        found[std::size_t(thread)] = registerAll(std::make_integer_sequence<int, typeCount>());
+        for (int i = 0; i < typeCount; ++i) {
+            const TypeInfo info = TypeInfo::byName("numbered " + std::to_string(i));
+            const any value = info.convertFromString("");
+            if (TypeInfo::of(value) != info || info.convertToString(value) != std::to_string(i))
+                ++wrong;
+        }
+    });
     EXPECT_EQ(wrong, 0);
     for (const auto& other : found)
         EXPECT_EQ(other, found.front());

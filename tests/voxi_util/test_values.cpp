@@ -1,5 +1,6 @@
 // The small values: flags, geometry, colours, fonts, lists of texts, counters and scopes.
 
+#include "support/inparallel.h"
 #include "voxi_util/atomiccounter.h"
 #include "voxi_util/color.h"
 #include "voxi_util/geometry.h"
@@ -10,14 +11,13 @@
 #include "voxi_util/vxfont.h"
 #include "voxi_util/vxstringlist.h"
 
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <mutex>
 #include <numbers>
 #include <shared_mutex>
-#include <thread>
-#include <vector>
 
 namespace {
 
@@ -77,17 +77,22 @@ TEST(Geometry, insideEndsBeforeTheFarEdges)
 TEST(Geometry, marginsAndCellsKeepTheirOrder)
 {
     const auto margins = VXRect<int>::margins(1, 2, 3, 4);
-    EXPECT_EQ(margins.marginLeft(), 1);
-    EXPECT_EQ(margins.marginTop(), 2);
-    EXPECT_EQ(margins.marginRight(), 3);
-    EXPECT_EQ(margins.marginBottom(), 4);
     EXPECT_EQ(margins, (VXRect<int>{1, 2, 3, 4}));
+    EXPECT_EQ((std::array{margins.marginLeft(), margins.marginTop(), margins.marginRight(),
+                          margins.marginBottom()}),
+              (std::array{1, 2, 3, 4}));
     const auto cell = VXRect<int>::cell(5, 6, 1, 2);
-    EXPECT_EQ(cell.row(), 5);
-    EXPECT_EQ(cell.column(), 6);
-    EXPECT_EQ(cell.rowSpan(), 1);
-    EXPECT_EQ(cell.columnSpan(), 2);
+    EXPECT_EQ((std::array{cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan()}),
+              (std::array{5, 6, 1, 2}));
 }
+
+namespace {
+void expectNear(VXPoint<double> point, VXPoint<double> expected)
+{
+    EXPECT_NEAR(point.x, expected.x, 1e-12);
+    EXPECT_NEAR(point.y, expected.y, 1e-12);
+}
+} // namespace
 
 TEST(Transform, composesInReadingOrderAndInverts)
 {
@@ -98,16 +103,12 @@ TEST(Transform, composesInReadingOrderAndInverts)
 
     // Clockwise where y grows downwards: right turns to down.
     const Transform turn = Transform::rotation(std::numbers::pi / 2);
-    const VXPoint<double> down = turn.map({1, 0});
-    EXPECT_NEAR(down.x, 0, 1e-12);
-    EXPECT_NEAR(down.y, 1, 1e-12);
+    expectNear(turn.map({1, 0}), {0, 1});
 
     const Transform all = turn * grow * move;
     const auto inverse = all.inverted();
     ASSERT_TRUE(inverse);
-    const VXPoint<double> back = inverse->map(all.map({3, -7}));
-    EXPECT_NEAR(back.x, 3, 1e-12);
-    EXPECT_NEAR(back.y, -7, 1e-12);
+    expectNear(inverse->map(all.map({3, -7})), {3, -7});
     EXPECT_FALSE(Transform::scaling(0, 1).inverted());
     EXPECT_FALSE(Transform::scaling(std::nan(""), 1).inverted());
 }
@@ -119,10 +120,8 @@ TEST(Transform, mapsARectangleToItsBounds)
     const double half = std::sqrt(0.5);
     const VXRect<double> turned =
         Transform::rotation(std::numbers::pi / 4).mapRect(VXRect<double>{0, 0, 1, 1});
-    EXPECT_NEAR(turned.x, -half, 1e-12);
-    EXPECT_NEAR(turned.y, 0, 1e-12);
-    EXPECT_NEAR(turned.width, 2 * half, 1e-12);
-    EXPECT_NEAR(turned.height, 2 * half, 1e-12);
+    expectNear({turned.x, turned.y}, {-half, 0});
+    expectNear({turned.width, turned.height}, {2 * half, 2 * half});
 }
 
 TEST(Color, channelsLieFromRedOnTopToAlphaBelow)
@@ -207,27 +206,22 @@ TEST(ReadWriteLock, writersAloneAndReadersBetweenThem)
     AtomicCounter readsThatSawHalf;
     int first = 0;
     int second = 0;
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t) {
-        threads.emplace_back([&, t] {
-            const auto write = [&](const auto& /*locker*/) {
-                ++first;
-                ++second;
-            };
-            const auto read = [&](const auto& /*locker*/) {
-                if (first != second)
-                    ++readsThatSawHalf;
-            };
-            for (int i = 0; i < 1000; ++i) {
-                if (t % 2 == 0)
-                    i % 2 ? write(WriteLocker(lock)) : write(std::unique_lock(lock));
-                else
-                    i % 2 ? read(ReadLocker(lock)) : read(std::shared_lock(lock));
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
+    inParallel(4, [&](int t) {
+        const auto write = [&](const auto& /*locker*/) {
+            ++first;
+            ++second;
+        };
+        const auto read = [&](const auto& /*locker*/) {
+            if (first != second)
+                ++readsThatSawHalf;
+        };
+        for (int i = 0; i < 1000; ++i) {
+            if (t % 2 == 0)
+                i % 2 ? write(WriteLocker(lock)) : write(std::unique_lock(lock));
+            else
+                i % 2 ? read(ReadLocker(lock)) : read(std::shared_lock(lock));
+        }
+    });
     EXPECT_EQ(first, 2000);
     EXPECT_EQ(readsThatSawHalf.value(), 0);
 }
