@@ -28,6 +28,11 @@ Icon iconOf(std::uint32_t rgba)
 class Action : public testing::Test
 {
 protected:
+    static void pressCtrlK(const VXWidget2& in)
+    {
+        QTest::keyClick(VOXI::qt(in), Qt::Key_K, Qt::ControlModifier);
+    }
+
     VXPanel2 m_window;
     VXAction2& m_action = *new VXAction2(&m_window);
     QtAction2& m_qt = qt(m_action);
@@ -49,32 +54,15 @@ TEST_F(Action, textsArriveInBothWidthsAndOnlyWhenTheyChange)
 {
     m_action.setLabel("Caf\xe9");
     EXPECT_EQ(m_qt.text(), QStringLiteral(u"Caf\u00e9"));
-    EXPECT_EQ(m_action.label(), "Caf\xe9");
-    EXPECT_EQ(m_action.toolTip(), "Caf\xe9"); // Qt's own: the label
-    EXPECT_EQ(m_changes.count(), 1);
-    m_action.setLabel(L"Caf\u00e9");
-    EXPECT_EQ(m_changes.count(), 1);
-    m_action.setLabel(L"\u0394 step");
-    EXPECT_EQ(m_action.label(), "? step");
-    EXPECT_EQ(m_action.labelU(), L"\u0394 step");
-
+    EXPECT_EQ(m_action.toolTip(), "Caf\xe9") << "Qt's own: the label";
     m_action.setToolTip(L"\u0394");
-    EXPECT_EQ(m_qt.toolTip(), QStringLiteral(u"\u0394"));
-    EXPECT_EQ(m_action.toolTipU(), L"\u0394");
-    m_action.setToolTip("tip");
-    EXPECT_EQ(m_action.toolTip(), "tip");
-    m_action.setStatusTip("status");
-    EXPECT_EQ(m_qt.statusTip(), QStringLiteral("status"));
-    EXPECT_EQ(m_action.statusTip(), "status");
     m_action.setStatusTip(u"\u0394");
-    EXPECT_EQ(m_action.statusTipU(), L"\u0394");
-
-    m_changes.clear();
-    m_action.setLabel(u"\u0394 step");
-    m_action.setToolTip("tip");
-    m_action.setToolTip(L"tip");
+    EXPECT_EQ(m_action.toolTip() + m_action.statusTip(), "??");
+    EXPECT_EQ(m_changes.count(), 3);
+    m_action.setLabel(L"Caf\u00e9");
+    m_action.setToolTip(u"\u0394");
     m_action.setStatusTip(L"\u0394");
-    EXPECT_EQ(m_changes.count(), 0);
+    EXPECT_EQ(m_changes.count(), 3);
 }
 
 TEST_F(Action, anAcceleratorThatIsNoneChangesNothing)
@@ -94,14 +82,10 @@ TEST_F(Action, ofSeveralAcceleratorsTheGoodOnesStay)
 {
     m_action.setAccelerators({"Ctrl+A", "Bogus", "", "F5"});
     EXPECT_THAT(m_action.accelerators(), ElementsAre("Ctrl+A", "F5"));
-    EXPECT_EQ(m_qt.shortcuts().size(), 2);
     EXPECT_EQ(m_action.accelerator(), "Ctrl+A");
     m_action.setAccelerators({"Bogus"});
     EXPECT_THAT(m_action.accelerators(), IsEmpty());
     EXPECT_EQ(m_action.accelerator(), "");
-    m_action.setAccelerator("F5");
-    m_action.setAccelerators({});
-    EXPECT_TRUE(m_qt.shortcuts().isEmpty());
     m_action.setAccelerator("F5");
     m_action.clearAccelerators();
     EXPECT_TRUE(m_qt.shortcuts().isEmpty());
@@ -187,25 +171,22 @@ TEST_F(Action, isTriggeredByItsAcceleratorWhereItIsAttached)
     m_window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(VOXI::qt(m_window)));
     m_action.setAccelerator("Ctrl+K");
-    QTest::keyClick(VOXI::qt(m_window), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(m_window);
     EXPECT_TRUE(m_triggers.isEmpty());
-
     m_action.attachTo(&m_window);
-    QTest::keyClick(VOXI::qt(field), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(field);
     EXPECT_TRUE(m_triggers.takeOne());
 
     m_action.setShortcutContext(ShortcutContext::Widget);
-    EXPECT_EQ(m_action.shortcutContext(), ShortcutContext::Widget);
     field.setFocusPolicy(FocusPolicy::Strong);
     field.setFocus();
-    QTest::keyClick(VOXI::qt(field), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(field);
     EXPECT_TRUE(m_triggers.isEmpty());
     m_action.attachTo(&field);
-    QTest::keyClick(VOXI::qt(field), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(field);
     EXPECT_TRUE(m_triggers.takeOne());
-
     m_action.detachFrom(&field);
-    QTest::keyClick(VOXI::qt(field), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(field);
     EXPECT_TRUE(m_triggers.isEmpty());
     m_action.attachTo(nullptr);
 }
@@ -221,12 +202,12 @@ TEST_F(Action, anAmbiguousAcceleratorIsReported)
     ASSERT_TRUE(QTest::qWaitForWindowActive(VOXI::qt(m_window)));
     {
         ExpectedQtWarning warning("Ambiguous shortcut overload: Ctrl\\+K");
-        QTest::keyClick(VOXI::qt(m_window), Qt::Key_K, Qt::ControlModifier);
+        pressCtrlK(m_window);
     }
     Log first(m_action.ambiguous());
     Log second(other.ambiguous());
-    QTest::keyClick(VOXI::qt(m_window), Qt::Key_K, Qt::ControlModifier);
-    QTest::keyClick(VOXI::qt(m_window), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(m_window);
+    pressCtrlK(m_window);
     ASSERT_EQ(first.count(), 1);
     ASSERT_EQ(second.count(), 1);
     EXPECT_EQ(first.last().action(), &m_action);
@@ -234,7 +215,7 @@ TEST_F(Action, anAmbiguousAcceleratorIsReported)
     EXPECT_TRUE(m_triggers.isEmpty());
 
     other.clearAccelerators();
-    QTest::keyClick(VOXI::qt(m_window), Qt::Key_K, Qt::ControlModifier);
+    pressCtrlK(m_window);
     EXPECT_TRUE(m_triggers.takeOne());
 }
 

@@ -43,8 +43,7 @@ TEST_F(ActionGroup, whatTheProgramChecksStaysQuiet)
     m_right.setChecked(true);
     EXPECT_FALSE(m_left.isChecked());
     EXPECT_EQ(m_group.checkedAction(), &m_right);
-    EXPECT_TRUE(m_leftToggles.isEmpty());
-    EXPECT_TRUE(m_rightToggles.isEmpty());
+    EXPECT_TRUE(m_leftToggles.isEmpty() && m_rightToggles.isEmpty());
 
     // The user's next choice starts from there.
     qt(m_centre)->trigger();

@@ -2,7 +2,6 @@
 
 #include "kinds.h"
 #include "support/qtwarnings.h"
-#include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi2/kernel/vxhandle.h"
 #include "voxi2_qt/kernel/qticon.h"
 #include "voxi2_qt/kernel/qtimage.h"
@@ -69,14 +68,11 @@ TEST(BadInput, nullAndDeadObjectsAreIgnored)
     EXPECT_EQ(qt(*panel)->layout()->count(), 1);
     text->setBuddy(nullptr);
     text->setFocusProxy(nullptr);
-    text->setDragDelegate(nullptr);
     EXPECT_EQ(text->buddy(), nullptr);
     EXPECT_EQ(text->focusProxy(), nullptr);
     window.setCentralWidget(nullptr);
     EXPECT_EQ(window.centralWidget(), nullptr);
     EXPECT_NE(lookup(panel), nullptr);
-    VXDragManager2::instance()->startDrag(VXDrag2());
-    EXPECT_FALSE(VXDragManager2::instance()->isDragging());
 }
 
 TEST(BadInput, objectsOfTheWrongKindAreIgnored)

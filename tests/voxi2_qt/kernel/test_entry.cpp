@@ -33,6 +33,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace VOXI {
@@ -71,6 +72,16 @@ protected:
         };
         EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
     }
+
+    /// The same with an event loop and the toolkit on it.
+    static void inOwnHost(const std::function<void()>& body)
+    {
+        inOwnProcess([&] {
+            const EventLoopBinding binding;
+            initialize();
+            body();
+        });
+    }
 };
 
 TEST_F(EntryTest, fourNamesAreFoundUnmangled)
@@ -90,27 +101,23 @@ TEST_F(EntryTest, fourNamesAreFoundUnmangled)
 
 TEST_F(EntryTest, comesUpOnceAndStaysDown)
 {
-    inOwnProcess([] {
-        const EventLoopBinding binding;
-        initialize();
+    inOwnHost([] {
         VXFactory2* const factory = VXFactory2::getFactory(StringID("qt"));
         ASSERT_NE(factory, nullptr);
         EXPECT_EQ(VXFactory2::current(), factory);
         EXPECT_EQ(factory->getBridge(), VXBridge::getBridge(StringID("qt")));
         EXPECT_EQ(factory->getBridge()->thread(), TROV::Thread::getCurrentThread());
-        VXDragManager2* const dragManager = VXDragManager2::instance();
-        ASSERT_NE(dragManager, nullptr);
-        EXPECT_NE(lookup(dragManager), nullptr);
-        const auto* const cursors = CustomCursorRegistry::instance();
-        const auto* const throttlers = EventThrottlerFactoryBase::instance();
-        EXPECT_NE(cursors, nullptr);
-        EXPECT_NE(throttlers, nullptr);
-
+        EXPECT_NE(lookup(VXDragManager2::instance()), nullptr);
+        const auto services = [] {
+            return std::tuple(VXFactory2::getFactory(StringID("qt")), VXDragManager2::instance(),
+                              CustomCursorRegistry::instance(),
+                              EventThrottlerFactoryBase::instance());
+        };
+        const auto first = services();
+        EXPECT_NE(std::get<2>(first), nullptr);
+        EXPECT_NE(std::get<3>(first), nullptr);
         initialize();
-        EXPECT_EQ(VXFactory2::getFactory(StringID("qt")), factory);
-        EXPECT_EQ(VXDragManager2::instance(), dragManager);
-        EXPECT_EQ(CustomCursorRegistry::instance(), cursors);
-        EXPECT_EQ(EventThrottlerFactoryBase::instance(), throttlers);
+        EXPECT_EQ(services(), first);
         // Exactly one peer factory listens.
         EXPECT_EQ(factory->createButton2.numberOfConnections(), 1);
         EXPECT_EQ(factory->destroyObject.numberOfConnections(), 1);
@@ -136,9 +143,7 @@ TEST_F(EntryTest, comesUpOnceAndStaysDown)
 
 TEST_F(EntryTest, requestsAfterTheEndAreAnsweredWithDefaults)
 {
-    inOwnProcess([] {
-        const EventLoopBinding binding;
-        initialize();
+    inOwnHost([] {
         auto* window = new VXWindow2;
         auto* layout = new VXBoxLayout2(window, Direction::LeftToRight);
         auto* button = new VXButton2(window);
@@ -168,9 +173,7 @@ TEST_F(EntryTest, requestsAfterTheEndAreAnsweredWithDefaults)
 
 TEST_F(EntryTest, theHostRaisesTheWindowItNames)
 {
-    inOwnProcess([] {
-        const EventLoopBinding binding;
-        initialize();
+    inOwnHost([] {
         VXWindow2 first;
         VXWindow2 second;
         VXWindow2 hidden;
@@ -248,9 +251,7 @@ TEST_F(EntryTest, dragManagerAndClipboardAreOfTheBackEndThatIsNamed)
 
 TEST_F(EntryTest, messagesThatWaitAreAnsweredAtTheEnd)
 {
-    inOwnProcess([] {
-        const EventLoopBinding binding;
-        initialize();
+    inOwnHost([] {
         std::vector<MessageAnswer> answers;
         const VXMessage2 message{.text = "?", .answers = MessageAnswer::Yes | MessageAnswer::No};
         message.open(nullptr, [&](MessageAnswer answer) {

@@ -253,16 +253,18 @@ TEST_F(WidgetRequests, eventSwitches)
     QtWidget2& widget = peer(m_probe);
     for (unsigned i = 0; i < WidgetEventCount; ++i) {
         const auto event = static_cast<WidgetEvent>(i);
-        EXPECT_TRUE(widget.isEventBroadcastingEnabled(event));
-        EXPECT_FALSE(m_probe.isEventConsumed(event));
+        const auto expectSwitches = [&](bool broadcasts, bool consumed) {
+            EXPECT_EQ(widget.isEventBroadcastingEnabled(event), broadcasts);
+            EXPECT_EQ(m_probe.isEventConsumed(event), consumed);
+        };
+        expectSwitches(true, false);
         m_probe.setEventConsumed(event, true);
-        EXPECT_TRUE(m_probe.isEventConsumed(event));
-        m_probe.setEventConsumed(event, false);
-        EXPECT_FALSE(m_probe.isEventConsumed(event));
+        expectSwitches(true, true);
         widget.disableEventBroadcasting(event);
-        EXPECT_FALSE(widget.isEventBroadcastingEnabled(event));
+        m_probe.setEventConsumed(event, false);
+        expectSwitches(false, false);
         widget.enableEventBroadcasting(event);
-        EXPECT_TRUE(widget.isEventBroadcastingEnabled(event));
+        expectSwitches(true, false);
     }
     EXPECT_THROW(m_probe.setEventConsumed(NoEvent, true), std::out_of_range);
     EXPECT_THROW(m_probe.isEventConsumed(NoEvent), std::out_of_range);
