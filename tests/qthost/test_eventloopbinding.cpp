@@ -75,22 +75,6 @@ protected:
     std::optional<EventLoopBinding> m_binding{std::in_place};
 };
 
-TEST_F(EventLoopBindingTest, callsOfOtherThreadsRunInTheLoopInTheirOrder)
-{
-    std::vector<int> order;
-    std::thread worker([&] {
-        for (int i = 0; i < 1000; ++i) {
-            m_gui->post([&, i] {
-                EXPECT_EQ(TROV::Thread::getCurrentThread(), m_gui);
-                order.push_back(i);
-            });
-        }
-    });
-    EXPECT_TRUE(waitFor([&] { return order.size() == 1000; }));
-    worker.join();
-    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
-}
-
 TEST_F(EventLoopBindingTest, aBurstCostsOneWakeUp)
 {
     int run = 0;

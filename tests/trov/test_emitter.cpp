@@ -45,23 +45,17 @@ TEST_F(EmitterTest, CallsInTheOrderOfConnectingAndTheLastResultCounts)
 
 TEST_F(EmitterTest, OnTheSameThreadNothingIsCopied)
 {
-    struct Copied
+    struct Argument
     {
-        Copied() = default;
-        Copied(const Copied&) { ++copies(); }
-        static int& copies()
-        {
-            static int count = 0;
-            return count;
-        }
+        Argument() = default;
+        Argument(const Argument&) { ADD_FAILURE() << "copied"; }
     };
-    Emitter1<void, Copied> emitter;
-    const Copied* seen = nullptr;
-    emitter.connect(&m_listener, [&](const Copied& argument) { seen = &argument; });
-    const Copied argument;
+    Emitter1<void, Argument> emitter;
+    const Argument* seen = nullptr;
+    emitter.connect(&m_listener, [&](const Argument& argument) { seen = &argument; });
+    const Argument argument;
     emitter(argument);
     EXPECT_EQ(seen, &argument);
-    EXPECT_EQ(Copied::copies(), 0);
 }
 
 TEST_F(EmitterTest, CarriesUpToFourArgumentsToHandlersThatMayTakeFewer)
@@ -392,16 +386,12 @@ TEST_F(EmitterTest, ReferencesAreCopiedForOtherThreads)
     EXPECT_EQ(seen.get_future().get(), std::string(100, 'a') + "b!");
 }
 
-TEST_F(EmitterTest, WaitsForResultsAndOnDemandForTheRest)
+TEST_F(EmitterTest, WaitsOnDemandAlsoForWhatHasNoResult)
 {
     Worker worker;
-    Emitter1<int, int> asking;
-    asking.connect(
-        &m_listener, [](int a) { return a * 2; }, worker.thread());
-    EXPECT_EQ(asking(21), 42);
-    Emitter0<> plain;
-    plain.connect(&m_listener, note(1), worker.thread());
-    plain.emitAndWait();
+    Emitter0<> emitter;
+    emitter.connect(&m_listener, note(1), worker.thread());
+    emitter.emitAndWait();
     EXPECT_EQ(m_seen, std::vector{1});
 }
 

@@ -45,24 +45,5 @@ TEST(Accelerators, pressedOnTheKeyboardTriggerOnce)
     EXPECT_EQ(ends.count(), 1);
 }
 
-TEST(Accelerators, thatAreAmbiguousAreReported)
-{
-    VXWindow2 window;
-    VXAction2 first(&window);
-    VXAction2 second(&window);
-    for (VXAction2* action : {&first, &second}) {
-        action->setAccelerator("Ctrl+D");
-        action->attachTo(&window);
-    }
-    Log firstReports(first.ambiguous());
-    Log secondReports(second.ambiguous());
-    Log triggers(first.triggered());
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(qt(window)));
-    press("ctrl+d");
-    EXPECT_TRUE(waitFor([&] { return firstReports.count() + secondReports.count() == 1; }));
-    EXPECT_TRUE(triggers.isEmpty());
-}
-
 } // namespace
 } // namespace VOXI

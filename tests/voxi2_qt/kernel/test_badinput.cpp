@@ -305,22 +305,5 @@ TEST(BadInput, textsCrossWhateverTheyAreMadeOf)
     EXPECT_EQ(gone->textU(), L"");
 }
 
-TEST(BadInput, wideTextsKeepWhatNarrowOnesCannotSay)
-{
-    VXText2 text;
-    const std::wstring wide(L"a\0\u20ac\U0001F600z", 5);
-    text.setText(wide);
-    EXPECT_EQ(text.textU(), wide);
-    EXPECT_EQ(text.text(), std::string("a\0?\?\?z", 6));
-    text.setText(std::u16string_view(u"\xd800 alone"));
-    EXPECT_EQ(text.textU().substr(1), L" alone");
-    text.setText(std::wstring(1, static_cast<wchar_t>(0x7fffffff)));
-    EXPECT_FALSE(text.textU().empty());
-    text.setText(std::wstring());
-    EXPECT_EQ(text.text(), "");
-    text.setText(std::string(1000000, 'x'));
-    EXPECT_EQ(text.text().size(), 1000000u);
-}
-
 } // namespace
 } // namespace VOXI

@@ -126,20 +126,13 @@ TEST_P(Contract, honoursWhatEveryWidgetIsAsked)
     EXPECT_FALSE(shown->isEnabled());
     EXPECT_FALSE(abstract.isEnabled());
     abstract.setEnabled(true);
-    abstract.setToolTip(L"tip \u20ac");
-    EXPECT_EQ(shown->toolTip(), QStringLiteral("tip \u20ac"));
-    EXPECT_EQ(abstract.toolTipU(), L"tip \u20ac");
     abstract.setMinimumSize({20, 10});
     EXPECT_EQ(shown->minimumSize(), QSize(20, 10));
     abstract.setPosition({3, 4, 50, 40});
     EXPECT_EQ(shown->geometry(), QRect(3, 4, 50, 40));
     EXPECT_EQ(abstract.position(), (VXRect<int>{3, 4, 50, 40}));
-    abstract.setFocusPolicy(FocusPolicy::Click);
-    EXPECT_EQ(shown->focusPolicy(), Qt::ClickFocus);
     abstract.setCursor(CursorShape::Cross);
     EXPECT_EQ(shown->cursor().shape(), Qt::CrossCursor);
-    abstract.setAcceptDrops(true);
-    EXPECT_TRUE(shown->acceptDrops());
     abstract.setColor(ColorRole::Background, Color(10, 20, 30));
     EXPECT_EQ(shown->palette().color(QPalette::Active, shown->backgroundRole()),
               QColor(10, 20, 30));

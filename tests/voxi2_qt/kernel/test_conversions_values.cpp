@@ -7,20 +7,6 @@
 
 using namespace VOXI;
 
-TEST(ConvertGeometry, KeepsEachNumberInItsPlace)
-{
-    EXPECT_EQ(VX2Qt(VXPoint<int>{1, -2}), QPoint(1, -2));
-    EXPECT_EQ(Qt2VX(QPoint(1, -2)), (VXPoint<int>{1, -2}));
-    EXPECT_EQ(VX2Qt(VXPoint<double>{1.5, -2.25}), QPointF(1.5, -2.25));
-    EXPECT_EQ(Qt2VX(QPointF(1.5, -2.25)), (VXPoint<double>{1.5, -2.25}));
-    EXPECT_EQ(VX2Qt(Size<int>{30, -1}), QSize(30, -1));
-    EXPECT_EQ(Qt2VX(QSize(30, -1)), (Size<int>{30, -1}));
-    EXPECT_EQ(VX2Qt(VXRect<int>{1, 2, 30, 40}), QRect(QPoint(1, 2), QSize(30, 40)));
-    EXPECT_EQ(Qt2VX(QRect(QPoint(1, 2), QPoint(30, 41))), (VXRect<int>{1, 2, 30, 40}));
-    EXPECT_EQ(toQMargins({1, 2, 3, 4}), QMargins(1, 2, 3, 4));
-    EXPECT_EQ(toVXMargins(QMargins(1, 2, 3, 4)), (VXRect<int>{1, 2, 3, 4}));
-}
-
 TEST(ConvertColor, KeepsAllFourChannels)
 {
     EXPECT_EQ(VX2Qt(Color::fromRgba(0x11223344)), QColor(0x11, 0x22, 0x33, 0x44));

@@ -123,32 +123,6 @@ TEST_F(WidgetThreads, askEachOtherThroughWidgets)
     onWorker([&] { asking.join(); });
 }
 
-TEST_F(WidgetThreads, holdTheObjectLockWhileTheyAsk)
-{
-    VXButton2 button;
-    button.setLabel("label");
-    std::atomic<bool> stop{false};
-    int taken = 0;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-        const VXObjectDataLocker lock;
-        ++taken;
-    });
-    timer.start(0);
-    onWorker([&] {
-        const VXHandle<VXButton2> handle(&button);
-        for (int i = 0; i < 1000; ++i) {
-            const VXObjectDataLocker lock;
-            EXPECT_EQ(button.label(), "label");
-            EXPECT_EQ(handle->label(), "label");
-            EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());
-            button.setToolTip("tip");
-        }
-    });
-    EXPECT_GT(taken, 0);
-    EXPECT_EQ(button.toolTip(), "tip");
-}
-
 TEST_F(WidgetThreads, handlersOfOneThreadMayEndWhatAnotherUses)
 {
     for (int i = 0; i < 50; ++i) {
@@ -169,28 +143,6 @@ TEST_F(WidgetThreads, handlersOfOneThreadMayEndWhatAnotherUses)
         user.join();
         runDeletions();
     }
-}
-
-TEST_F(WidgetThreads, areReleasedWhenTheLoopEndsWhileTheyAsk)
-{
-    VXButton2 button;
-    button.setLabel("label");
-    std::atomic<int> answers{0};
-    std::atomic<int> defaults{0};
-    std::atomic<bool> stop{false};
-    std::thread user([&] {
-        while (!stop)
-            ++(button.label() == "label" ? answers : defaults);
-    });
-    EXPECT_TRUE(waitFor([&] { return answers > 10; }));
-    eventLoopBinding().reset();
-    while (defaults == 0)
-        std::this_thread::yield();
-    eventLoopBinding() = std::make_unique<EventLoopBinding>();
-    const int before = answers;
-    EXPECT_TRUE(waitFor([&] { return answers > before + 10; }));
-    stop = true;
-    onWorker([&] { user.join(); });
 }
 
 } // namespace

@@ -69,14 +69,9 @@ TEST(WidgetLooks, coloursOfAllRoles)
 TEST(WidgetLooks, fonts)
 {
     VXProbe2 probe;
-    VXFont font("DejaVu Sans", 17, VXFont::Bold, FontStyle::Italic);
-    font.setUnderline(true);
+    const VXFont font("DejaVu Sans", 17, VXFont::Bold, FontStyle::Italic);
     probe.setFont(font);
-    const QFont& real = qt(probe)->font();
-    EXPECT_EQ(real.pointSize(), 17);
-    EXPECT_TRUE(real.bold() && real.italic() && real.underline());
     EXPECT_EQ(probe.font(), font);
-
     probe.setFont(VXFont("No such family", 12));
     EXPECT_EQ(probe.font().family(),
               QFontInfo(QFont(QStringLiteral("No such family"))).family().toStdString())
