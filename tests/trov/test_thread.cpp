@@ -66,12 +66,6 @@ public:
         }
     }
 
-    int wakes()
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_wakes;
-    }
-
     std::chrono::nanoseconds m_budget = std::chrono::nanoseconds::max();
 
 private:
@@ -182,18 +176,12 @@ TEST_F(ThreadTest, ExecRunsInsideAHostsLoop)
     });
 }
 
-TEST_F(ThreadTest, WakesTheHostOncePerBurstAndNeverTooSeldom)
+TEST_F(ThreadTest, WakesTheHostNeverTooSeldom)
 {
     onItsOwnThread([this] {
         post(-1); // before there is anybody to wake
         TestLoop loop(m_self);
         loop.runUntil([&] { return !m_seen.empty(); });
-        m_seen.clear();
-        const int before = loop.wakes();
-        for (int i = 0; i < 100; ++i)
-            post(i);
-        EXPECT_EQ(loop.wakes(), before + 1);
-        loop.runUntil([&] { return m_seen.size() == 100; });
         // One call at a time, each sent when the last has been seen: every wake-up counts.
         std::atomic<int> done{0};
         std::thread sender([&] {

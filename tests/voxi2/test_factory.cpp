@@ -10,36 +10,31 @@ namespace {
 
 TEST(FactoryRegistration, theFirstOneIsCurrentUntilItIsTakenOut)
 {
-    EXPECT_EQ(VXFactory2::getFactory(StringID("a")), nullptr);
-    VXBridge* const bridge = VXBridge::getBridge(StringID("a"));
+    const StringID keyA("a");
+    const StringID keyB("b");
+    VXBridge* const bridge = VXBridge::getBridge(keyA);
     VXFactory2 a(bridge);
     EXPECT_EQ(a.getBridge(), bridge);
     EXPECT_EQ(bridge->thread(), TROV::Thread::getCurrentThread());
     EXPECT_EQ(VXFactory2::current(), nullptr);
-
-    VXFactory2::registerFactory(StringID("a"), &a);
+    VXFactory2::registerFactory(keyA, &a);
     EXPECT_EQ(VXFactory2::current(), &a);
     {
-        VXFactory2 b(VXBridge::getBridge(StringID("b")));
-        VXFactory2::registerFactory(StringID("b"), &b);
+        VXFactory2 b(nullptr);
+        EXPECT_EQ(b.getBridge(), nullptr);
+        VXFactory2::registerFactory(keyB, &b);
         EXPECT_EQ(VXFactory2::current(), &a);
-        EXPECT_EQ(VXFactory2::getFactory(StringID("b")), &b);
-        VXFactory2::registerFactory(StringID("b"), nullptr);
-        VXFactory2::registerFactory(StringID("b"), nullptr);
-        EXPECT_EQ(VXFactory2::getFactory(StringID("b")), nullptr);
+        EXPECT_EQ(VXFactory2::getFactory(keyB), &b);
+        VXFactory2::registerFactory(keyB, nullptr);
+        VXFactory2::registerFactory(keyB, nullptr);
+        EXPECT_EQ(VXFactory2::getFactory(keyB), nullptr);
         EXPECT_EQ(VXFactory2::current(), &a);
-
-        VXFactory2::registerFactory(StringID("a"), &b);
+        VXFactory2::registerFactory(keyA, &b);
         EXPECT_EQ(VXFactory2::current(), &b);
     }
     // A factory that goes leaves nothing behind.
     EXPECT_EQ(VXFactory2::current(), nullptr);
-    EXPECT_EQ(VXFactory2::getFactory(StringID("a")), nullptr);
-    VXFactory2::registerFactory(StringID("a"), &a);
-    VXFactory2::unregisterAll();
-    EXPECT_EQ(VXFactory2::current(), nullptr);
-    VXFactory2 withoutBridge(nullptr);
-    EXPECT_EQ(withoutBridge.getBridge(), nullptr);
+    EXPECT_EQ(VXFactory2::getFactory(keyA), nullptr);
 }
 
 TEST(FactoryRegistration, theCurrentOneIsChosenByItsKey)
