@@ -1,6 +1,5 @@
 #include "support/inparallel.h"
 #include "testobject.h"
-#include "trov/packet.h"
 #include "voxi/fontnames.h"
 #include "voxi/reentrancyprotector.h"
 #include "voxi/vxbridge.h"
@@ -39,20 +38,6 @@ TEST(Bridge, keepsTheIdentityOfItsThread)
     std::thread([&] { EXPECT_NE(TROV::Thread::getCurrentThread(), served); }).join();
     bridge->setThread(nullptr);
     EXPECT_EQ(bridge->thread(), nullptr);
-}
-
-TEST(Bridge, itsEmitterCarriesWindowValuesAsPackets)
-{
-    VXBridge* const bridge = VXBridge::getBridge(StringID("with emitter"));
-    TROV::Listener listener;
-    std::vector<long long> received;
-    bridge->emitter().connect(&listener, [&](long long value) { received.push_back(value); });
-    const long long large = 0x123456789abcdef;
-    bridge->emitter().sendPacket(TROV::Packet(new TROV::Payload1<void, long long>(large)),
-                                 TROV::SendDirect, false);
-    bridge->emitter().sendPacket(TROV::Packet(new TROV::Payload1<void, int>(1)), TROV::SendDirect,
-                                 false);
-    EXPECT_EQ(received, std::vector<long long>{large});
 }
 
 TEST(ReentrancyProtector, onlyTheOutermostIsNotReentrant)
