@@ -100,7 +100,10 @@ void QtBoxLayout2::doInsertWidget(VXObject* widget, int index, int stretch, Alig
     withWidgetOf(widget, [&](QWidget* child) {
         if (!prepareFor(child))
             return;
-        removeWidget(child); // first, or a position would count it that Qt then has no more
+        // First, or a position would count it that Qt then has no more. Qt would look at every item
+        // for a widget that was never in a layout.
+        if (child->testAttribute(Qt::WA_LaidOut))
+            removeWidget(child);
         QBoxLayout::insertWidget(placeFor(index), child, stretch, VX2Qt(alignment));
         forgetStray(child);
         invalidate();

@@ -15,7 +15,11 @@ constexpr std::initializer_list<WidgetEvent> ComingAndGoing = {WidgetEvent::Show
 // have been taken out again. So what stands aside is hidden on purpose, and this says whose it was.
 constexpr char IsAside[] = "voxi_isAside";
 
-bool isAside(const QWidget* widget) { return widget->property(IsAside).isValid(); }
+bool isAside(const QWidget* widget)
+{
+    // Qt looks through the properties of all classes first.
+    return !widget->dynamicPropertyNames().isEmpty() && widget->property(IsAside).isValid();
+}
 
 void setAside(QWidget* widget)
 {
