@@ -215,6 +215,7 @@ void QtDockWidget2::doSetViewAction(VXAction2* action)
         if (!peer)
             return;
         m_viewAction = peer;
+        peer->becomeHeard(); // its own report comes first
         connect(peer, &QAction::toggled, this, &QtDockWidget2::slotViewActionToggled);
         updateViewAction();
     });

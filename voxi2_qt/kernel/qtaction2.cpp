@@ -84,9 +84,7 @@ std::map<unsigned, QActionGroup*>& groups()
 
 QtAction2::QtAction2(VXAction2* object, VXAction2Emitters* emitters, QObject* parent)
     : QtObject2Shim(object, emitters, s_requests, parent)
-{
-    QObject::connect(this, &QAction::toggled, this, &QtAction2::slotActionToggled);
-}
+{}
 
 QtAction2::~QtAction2() { leaveGroup(); }
 
@@ -194,6 +192,7 @@ void QtAction2::doSetGroup(unsigned group, ActionExclusion exclusion)
         leaveGroup();
     if (group == 0)
         return;
+    becomeHeard(); // what is checked by the user unchecks others
     QActionGroup*& qGroup = groups()[group];
     if (!qGroup)
         qGroup = new QActionGroup(nullptr);
@@ -233,6 +232,7 @@ bool QtAction2::doIsAutoRepeat() { return autoRepeat(); }
 void QtAction2::connectSignals()
 {
     QObject::connect(this, &QAction::triggered, this, &QtAction2::slotActionTriggered);
+    QObject::connect(this, &QAction::toggled, this, &QtAction2::slotActionToggled);
 }
 
 void QtAction2::slotActionTriggered() { report(&E::triggered); }
