@@ -22,8 +22,6 @@ QtButton2::QtButton2(VXButton2* object, VXButton2Emitters* emitters, QWidget* pa
 {
     setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
-    setBackgroundRole(QPalette::Button);
-    setForegroundRole(QPalette::ButtonText);
 }
 
 // Requests ----------------------------------------------------------------------------------------
