@@ -188,11 +188,8 @@ void QtObject2::addObject()
 
 void QtObject2::removeObject()
 {
-    if (!std::exchange(m_isRegistered, false))
-        return;
-    VXObjectDataLocker lock;
-    if (lookup(m_uid) == this)
-        VOXI::removeObject(m_uid);
+    if (std::exchange(m_isRegistered, false))
+        VOXI::removeObject(m_uid, this);
 }
 
 QWidget* QtObject2::asQWidget() const noexcept { return nullptr; }

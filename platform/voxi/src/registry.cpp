@@ -14,27 +14,31 @@ namespace detail {
 
 // IdTable -----------------------------------------------------------------------------------------
 
-std::unique_ptr<IdTable::Page>* IdTable::pageOf(unsigned id) const noexcept
+IdTable::Page* IdTable::pageOf(unsigned id) const noexcept
 {
-    const auto& shelf = m_shelves[id >> (EntryBits + PageBits)];
-    return shelf ? &shelf->m_pages[(id >> EntryBits) & ((1u << PageBits) - 1)] : nullptr;
+    const unsigned number = id >> EntryBits;
+    if (!m_last || m_lastNumber != number) {
+        const auto found = m_pages.find(number);
+        if (found == m_pages.end())
+            return nullptr;
+        m_lastNumber = number;
+        m_last = &found->second;
+    }
+    return m_last;
 }
 
 RegistryEntry* IdTable::find(unsigned id) const noexcept
 {
-    const auto* page = pageOf(id);
-    return page && *page ? &(*page)->m_entries[id & ((1u << EntryBits) - 1)] : nullptr;
+    Page* const page = pageOf(id);
+    return page ? &page->of(id) : nullptr;
 }
 
 RegistryEntry& IdTable::obtain(unsigned id)
 {
-    auto& shelf = m_shelves[id >> (EntryBits + PageBits)];
-    if (!shelf)
-        shelf = std::make_unique<Shelf>();
-    auto& page = *pageOf(id);
+    Page* page = pageOf(id);
     if (!page)
-        page = std::make_unique<Page>();
-    RegistryEntry& entry = page->m_entries[id & ((1u << EntryBits) - 1)];
+        page = &m_pages[id >> EntryBits];
+    RegistryEntry& entry = page->of(id);
     if (!entry.m_object && !entry.m_peer)
         ++page->m_used;
     return entry;
@@ -42,24 +46,22 @@ RegistryEntry& IdTable::obtain(unsigned id)
 
 void IdTable::release(unsigned id) noexcept
 {
-    const RegistryEntry* entry = find(id);
-    if (!entry || entry->m_object || entry->m_peer)
+    Page* const page = pageOf(id);
+    if (!page || page->of(id).m_object || page->of(id).m_peer || --page->m_used > 0)
         return;
-    auto& page = *pageOf(id);
-    if (--page->m_used == 0)
-        page.reset();
+    m_last = nullptr;
+    m_pages.erase(id >> EntryBits);
 }
 
 // AddressSet --------------------------------------------------------------------------------------
 
 AddressSet::Place::Place(const void* address) noexcept
 {
-    const auto bits = reinterpret_cast<std::uintptr_t>(address);
-    const std::uintptr_t place = bits >> PlaceBits;
-    const bool isAligned = place << PlaceBits == bits;
-    m_region = bits >> RegionBits;
+    // Where no object can lie, the region is one that no address has.
+    const auto place = std::rotr(reinterpret_cast<std::uintptr_t>(address), PlaceBits);
+    m_region = place >> (RegionBits - PlaceBits);
     m_word = (place >> WordBits) & ((1u << (RegionBits - PlaceBits - WordBits)) - 1);
-    m_bit = isAligned ? std::uint64_t{1} << (place & ((1u << WordBits) - 1)) : 0;
+    m_bit = std::uint64_t{1} << (place & ((1u << WordBits) - 1));
 }
 
 AddressSet::Region* AddressSet::find(std::uintptr_t region) const noexcept
@@ -165,9 +167,15 @@ void addObject(unsigned id, GuiObject* peer)
 void removeObject(unsigned id)
 {
     VXObjectDataLocker lock;
+    removeObject(id, lookup(id));
+}
+
+void removeObject(unsigned id, const GuiObject* peer)
+{
+    VXObjectDataLocker lock;
     Registry& registry = Registry::instance();
     RegistryEntry* entry = registry.m_ids.find(id);
-    if (!entry || !entry->m_peer)
+    if (!entry || !peer || entry->m_peer != peer)
         return;
     entry->m_peer = nullptr;
     registry.m_ids.release(id);
@@ -183,7 +191,11 @@ GuiObject* lookup(unsigned id)
 GuiObject* lookup(const VXObject* object)
 {
     VXObjectDataLocker lock;
-    return VXObject::isObjectValid(object) ? lookup(object->id()) : nullptr;
+    const Registry& registry = Registry::instance();
+    if (!registry.m_live.contains(object))
+        return nullptr;
+    const RegistryEntry* entry = registry.m_ids.find(object->id());
+    return entry ? entry->m_peer : nullptr;
 }
 
 } // namespace VOXI

@@ -21,8 +21,8 @@ struct RegistryEntry
     GuiObject* m_peer = nullptr;
 };
 
-/// Ids to entries. Ids are given in sequence, so they are kept in pages that come and go as a
-/// whole; finding one is three loads.
+/// Ids to entries. Ids are given in sequence, so they are kept in small pages that come and go as a
+/// whole: objects made one after the other share one, and a lone survivor costs little.
 class IdTable
 {
 public:
@@ -36,23 +36,21 @@ public:
     void release(unsigned id) noexcept;
 
 private:
-    static constexpr unsigned EntryBits = 8;
-    static constexpr unsigned PageBits = 14;
-    static constexpr unsigned ShelfBits = 32 - EntryBits - PageBits;
+    static constexpr unsigned EntryBits = 4;
 
     struct Page
     {
         std::array<RegistryEntry, 1u << EntryBits> m_entries;
         unsigned m_used = 0;
-    };
-    struct Shelf
-    {
-        std::array<std::unique_ptr<Page>, 1u << PageBits> m_pages;
+
+        RegistryEntry& of(unsigned id) noexcept { return m_entries[id & ((1u << EntryBits) - 1)]; }
     };
 
-    std::unique_ptr<Page>* pageOf(unsigned id) const noexcept;
+    Page* pageOf(unsigned id) const noexcept;
 
-    std::array<std::unique_ptr<Shelf>, 1u << ShelfBits> m_shelves;
+    mutable std::unordered_map<unsigned, Page> m_pages;
+    mutable unsigned m_lastNumber = 0; // of the page asked for last, if there is one
+    mutable Page* m_last = nullptr;
 };
 
 /// A set of addresses of objects: a bit for each place in those regions of memory where some lie.
@@ -81,7 +79,7 @@ private:
         explicit Place(const void* address) noexcept;
         std::uintptr_t m_region;
         std::size_t m_word;
-        std::uint64_t m_bit; // none when no object can lie there
+        std::uint64_t m_bit;
     };
 
     Region* find(std::uintptr_t region) const noexcept;

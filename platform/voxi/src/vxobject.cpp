@@ -5,6 +5,7 @@
 #include "trov/waithooks.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace VOXI {
 
@@ -40,20 +41,18 @@ VXObject::VXObject() : m_id(0)
     registry.m_ids.obtain(s_lastId + 1).m_object = this;
     registry.m_live.insert(this);
     m_id = ++s_lastId;
+    m_isListed = true;
 }
 
 VXObject::~VXObject() { invalidate(); }
 
 void VXObject::invalidate()
 {
-    if (m_id == 0)
+    if (!std::exchange(m_isListed, false))
         return;
     VXObjectDataLocker lock;
     Registry& registry = Registry::instance();
-    RegistryEntry* entry = registry.m_ids.find(m_id);
-    if (!entry || entry->m_object != this)
-        return;
-    entry->m_object = nullptr;
+    registry.m_ids.find(m_id)->m_object = nullptr;
     registry.m_ids.release(m_id);
     registry.m_live.erase(this);
 }

@@ -47,6 +47,9 @@ VOXI_EXPORT void addObject(unsigned id, GuiObject* peer);
 /// Forgets the peer of `id`; nothing happens when there is none.
 VOXI_EXPORT void removeObject(unsigned id);
 
+/// The same if it is that very one.
+VOXI_EXPORT void removeObject(unsigned id, const GuiObject* peer);
+
 /// The peer of the object with that id, or null.
 VOXI_EXPORT GuiObject* lookup(unsigned id);
 

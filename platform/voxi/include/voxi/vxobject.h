@@ -62,6 +62,7 @@ protected:
 
 private:
     unsigned m_id;
+    bool m_isListed = false; // in the registry
 };
 
 /// Holds the object lock for a scope.
