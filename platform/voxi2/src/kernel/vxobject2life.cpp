@@ -238,6 +238,9 @@ void VXObject2::destroy()
 
 void VXObject2::retire()
 {
+    // So it is in the destructors of each class that it derives from.
+    if (m_life.load(std::memory_order_acquire) == Life::Over)
+        return;
     VXObjectDataLocker lock;
     if (m_life != Life::Alive)
         return;
@@ -270,10 +273,11 @@ void VXObject2::retireTree()
             continue;
         }
         VXObject2* const parent = object->m_parent;
-        object->completeEnd();
+        const bool isOurs = object != this && object->isOnHeap();
+        object->completeEnd(); // from now on its owner may destroy it
         if (object == this)
             return;
-        if (object->isOnHeap())
+        if (isOurs)
             delete object;
         object = parent;
     }
@@ -281,7 +285,7 @@ void VXObject2::retireTree()
 
 void VXObject2::beginEnd()
 {
-    m_life = Life::Ending;
+    m_life.store(Life::Ending, std::memory_order_relaxed);
     m_emitters.destroyed.emitLast(id());
     // The peer goes before those of the children: theirs then know that they go with it.
     releasePeer();
@@ -292,7 +296,7 @@ void VXObject2::completeEnd()
     unlink();
     Listener::disconnect();
     invalidate();
-    m_life = Life::Over;
+    m_life.store(Life::Over, std::memory_order_release);
 }
 
 } // namespace VOXI

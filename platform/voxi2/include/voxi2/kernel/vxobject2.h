@@ -6,6 +6,7 @@
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -241,8 +242,8 @@ private:
     std::unique_ptr<const std::string> m_name; // few have one
     TROV::Thread* m_maker = nullptr;           // while it is being made
     int m_heapOffset = -1; // of this part from the start of what `new` returned; -1: not by `new`
-    Life m_life = Life::Alive;
-    bool m_isOrphan = false; // its parent ended while it was being made
+    std::atomic<Life> m_life = Life::Alive; // `Over` for good
+    bool m_isOrphan = false;                // its parent ended while it was being made
 };
 
 } // namespace VOXI
