@@ -2,6 +2,7 @@
 #include "voxi_util/textencoding.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <type_traits>
 
@@ -87,6 +88,17 @@ TEST_F(TextEncoding, aTextToBeShownIsMadeFromAnyString)
         EXPECT_EQ(wide(std::wstring(letters)), letters);
         EXPECT_EQ(wide(std::wstring_view(letters)), letters);
     }
+
+    // What is not kept is not copied.
+    const std::string* arrived = nullptr;
+    AnyText(bytes).passTo([&](const std::string& each) { arrived = &each; },
+                          [](const std::wstring&) {});
+    EXPECT_EQ(arrived, &bytes);
+    auto gone = std::make_unique<std::string>(1000, 'x');
+    const KeptText text = *gone;
+    gone.reset();
+    EXPECT_EQ(narrow(text), std::string(1000, 'x'));
+    EXPECT_EQ(wide(KeptText(u"\u00e4")), L"\u00e4");
 
     EXPECT_TRUE(AnyText().isEmpty());
     EXPECT_EQ(narrow({}), "");

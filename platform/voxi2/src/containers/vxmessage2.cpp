@@ -157,7 +157,7 @@ void addTexts(const Box& row, const std::wstring& text, const std::wstring& deta
 
 /// Gives the dialog a button for each answer; returns the one of `wanted`, or else the first.
 VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
-                      MessageAnswer wanted, const std::map<MessageAnswer, AnyText>& labels)
+                      MessageAnswer wanted, const std::map<MessageAnswer, KeptText>& labels)
 {
     row.m_layout->addStretch();
     VXButton2* chosen = nullptr;
@@ -166,7 +166,7 @@ VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> 
             continue;
         auto* const button = new VXButton2(row.m_panel);
         const auto own = labels.find(each.m_answer);
-        button->setLabel(own == labels.end() ? AnyText(translated(each.m_label)) : own->second);
+        button->setLabel(own == labels.end() ? KeptText(translated(each.m_label)) : own->second);
         dialog->setButtonResult(button, static_cast<int>(each.m_answer));
         row.m_layout->addWidget(button);
         if (!chosen || each.m_answer == wanted)
@@ -228,14 +228,14 @@ VXDialog2* VXMessage2::build(VXObject2* parent) const
     constexpr int Gap = 14;
     const Sign& sign = signOf(kind);
     auto* const dialog = new VXDialog2(parent);
-    dialog->setTitle(title.isEmpty() ? AnyText(translated(sign.m_title)) : title);
+    dialog->setTitle(AnyText(title).isEmpty() ? KeptText(translated(sign.m_title)) : title);
     auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
     rows->setSpacing(Gap);
 
     const Box message(dialog);
     message.m_layout->setSpacing(Gap);
     addSign(message, sign);
-    addTexts(message, text.toWide(), details.toWide());
+    addTexts(message, AnyText(text).toWide(), AnyText(details).toWide());
     rows->addWidget(message.m_panel, 1);
 
     const Box buttons(dialog);

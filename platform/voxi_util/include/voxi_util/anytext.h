@@ -21,45 +21,48 @@ concept TextCharacter = std::same_as<Char, char> || std::same_as<Char, char8_t> 
 ///     button->setLabel(u8"Größe"); // UTF-8, whatever that is
 ///     button->setLabel(name);      // a std::string, a u8, UTF-16 or wide one, or a view of one
 ///
-/// It keeps a text of its own, so it may outlive what it was made from; what is moved into it is
-/// not copied. Null is the empty text.
+/// It lasts as long as the call: of a `std::string` or `std::wstring` that has a name it keeps no
+/// copy. Who keeps a text has a `KeptText`. Null is the empty text.
 class AnyText
 {
 public:
-    AnyText() = default;
+    AnyText() : AnyText(std::string()) {}
     template <TextCharacter Char>
     AnyText(const Char* text) : AnyText(text ? View<Char>(text) : View<Char>())
     {}
     template <TextCharacter Char>
-    AnyText(std::basic_string_view<Char> text) : m_text(kept(text))
+    AnyText(std::basic_string_view<Char> text) : AnyText(made(text))
     {}
     template <TextCharacter Char>
     AnyText(const std::basic_string<Char>& text) : AnyText(View<Char>(text))
     {}
-    AnyText(std::string&& text) noexcept : m_text(std::move(text)) {}
-    AnyText(std::wstring&& text) noexcept : m_text(std::move(text)) {}
+    AnyText(const std::string& text) noexcept : m_narrow(&text) {}
+    AnyText(const std::wstring& text) noexcept : m_wide(&text) {}
+    AnyText(std::string&& text) noexcept
+        : m_own(std::move(text)),
+          m_narrow(std::get_if<std::string>(&m_own))
+    {}
+    AnyText(std::wstring&& text) noexcept
+        : m_own(std::move(text)),
+          m_wide(std::get_if<std::wstring>(&m_own))
+    {}
+    AnyText(const AnyText&) = delete;
+    AnyText& operator=(const AnyText&) = delete;
 
-    bool isEmpty() const noexcept
-    {
-        return std::visit([](const auto& text) { return text.empty(); }, m_text);
-    }
+    bool isEmpty() const noexcept { return m_narrow ? m_narrow->empty() : m_wide->empty(); }
 
     /// Narrow texts are read in the process's encoding as it is now.
-    std::wstring toWide() const
-    {
-        const auto* narrow = std::get_if<std::string>(&m_text);
-        return narrow ? wideFromNarrow(*narrow) : std::get<std::wstring>(m_text);
-    }
+    std::wstring toWide() const { return m_narrow ? wideFromNarrow(*m_narrow) : *m_wide; }
 
     /// Calls `narrow` with a text that was made from narrow characters, and `wide` with any other,
     /// as `std::string` and `std::wstring`; `more` goes behind it.
     template <class Narrow, class Wide, class... More>
     void passTo(const Narrow& narrow, const Wide& wide, const More&... more) const
     {
-        if (const auto* text = std::get_if<std::string>(&m_text))
-            narrow(*text, more...);
+        if (m_narrow)
+            narrow(*m_narrow, more...);
         else
-            wide(std::get<std::wstring>(m_text), more...);
+            wide(*m_wide, more...);
     }
 
     /// The same where there is no request for narrow texts.
@@ -73,14 +76,39 @@ private:
     template <class Char>
     using View = std::basic_string_view<Char>;
 
-    static std::string kept(std::string_view text) { return std::string(text); }
-    static std::wstring kept(std::wstring_view text) { return std::wstring(text); }
-    static std::wstring kept(std::u16string_view text) { return wideFromUtf16(text); }
-    static std::wstring kept(std::u8string_view text)
+    static std::string made(std::string_view text) { return std::string(text); }
+    static std::wstring made(std::wstring_view text) { return std::wstring(text); }
+    static std::wstring made(std::u16string_view text) { return wideFromUtf16(text); }
+    static std::wstring made(std::u8string_view text)
     {
         return wideFromUtf8({reinterpret_cast<const char*>(text.data()), text.size()});
     }
 
+    std::variant<std::string, std::wstring> m_own; // unless it is somebody else's
+    const std::string* m_narrow = nullptr;         // this or the other
+    const std::wstring* m_wide = nullptr;
+};
+
+/// A text that is kept to be shown later: made from whatever an `AnyText` is, and passed as one.
+class KeptText
+{
+public:
+    KeptText() = default;
+    KeptText(const AnyText& text)
+    {
+        const auto keep = [this](const auto& kept) { m_text = kept; };
+        text.passTo(keep, keep);
+    }
+    template <std::convertible_to<AnyText> Text>
+    KeptText(const Text& text) : KeptText(AnyText(text))
+    {}
+
+    operator AnyText() const noexcept
+    {
+        return std::visit([](const auto& text) { return AnyText(text); }, m_text);
+    }
+
+private:
     std::variant<std::string, std::wstring> m_text;
 };
 

@@ -56,11 +56,11 @@ enum class MessageKind { Plain, Information, Question, Warning, Error };
 struct VOXI2_EXPORT VXMessage2
 {
     /// Shown as it is, without markup.
-    AnyText text;
+    KeptText text;
     /// More, under the text.
-    AnyText details{};
+    KeptText details{};
     /// Of the window; empty: what the kind is called, in the user's language.
-    AnyText title{};
+    KeptText title{};
     /// None at all: `Ok`.
     VXFlags<MessageAnswer> answers = MessageAnswer::Ok;
     /// What Return answers; `None`, or one that is not offered: the first button.
@@ -70,7 +70,7 @@ struct VOXI2_EXPORT VXMessage2
     MessageKind kind = MessageKind::Plain;
     /// What buttons say instead of the usual words, with `&` before the mnemonic:
     /// `{{MessageAnswer::Yes, "&Delete"}}`. See `setTranslation` for another language.
-    std::map<MessageAnswer, AnyText> labels{};
+    std::map<MessageAnswer, KeptText> labels{};
 
     /// What Escape answers: `escapeAnswer`, else `Cancel` if it is offered, else the only answer,
     /// else `No`, `Close` or `Abort`. When there is none of them it is `None`, and the message
