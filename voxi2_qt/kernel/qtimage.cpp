@@ -7,8 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QPainter>
-#include <QSvgRenderer>
 
 #include <algorithm>
 #include <cstdint>
@@ -57,24 +55,20 @@ bool looksLikeSvg(const QByteArray& bytes)
            || start.trimmed().startsWith('<');
 }
 
-QImage drawnSvg(const QByteArray& bytes, QSize wanted)
+/// By Qt's plugin: few programs have drawings, and its library takes each of them time to load.
+QImage drawnSvg(QByteArray& bytes, QSize wanted)
 {
-    QSvgRenderer renderer;
-    if (!renderer.load(bytes))
-        return {};
-    QSize size = renderer.defaultSize();
-    if (!wanted.isEmpty())
-        size = size.isEmpty() ? wanted : size.scaled(wanted, Qt::KeepAspectRatio);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, "svg");
+    QSize size = reader.size();
+    if (!size.isEmpty() && !wanted.isEmpty())
+        size.scale(wanted, Qt::KeepAspectRatio);
     constexpr int Most = ImageDecoder::MaxDrawingSide;
     if (size.width() > Most || size.height() > Most)
         size.scale(Most, Most, Qt::KeepAspectRatio);
-    QImage image(size.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return {};
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    renderer.render(&painter);
-    return image;
+    reader.setScaledSize(size.expandedTo({1, 1}));
+    return reader.read();
 }
 
 QImage decoded(const Pixmap& pixmap, QSize wanted)
