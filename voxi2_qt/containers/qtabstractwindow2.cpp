@@ -86,7 +86,7 @@ void QtAbstractWindow2::doSetTitleU(const std::wstring& title)
 
 void QtAbstractWindow2::doSetIcon(const Icon& icon)
 {
-    m_icon = icon;
+    keepIcon(icon);
     asQWidget()->setWindowIcon(VX2Qt(icon));
 }
 
@@ -112,7 +112,7 @@ void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
 void QtAbstractWindow2::doSetModified(bool modified) { asQWidget()->setWindowModified(modified); }
 std::string QtAbstractWindow2::doGetTitle() { return toStdString(asQWidget()->windowTitle()); }
 std::wstring QtAbstractWindow2::doGetTitleU() { return toStdWString(asQWidget()->windowTitle()); }
-Icon QtAbstractWindow2::doGetIcon() { return m_icon; }
+Icon QtAbstractWindow2::doGetIcon() { return keptIcon(); }
 unsigned QtAbstractWindow2::doGetWindowFlags() { return QtFlagToVoxi(asQWidget()->windowFlags()); }
 
 VXFlags<WindowState> QtAbstractWindow2::doGetWindowState()

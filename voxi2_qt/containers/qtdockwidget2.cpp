@@ -184,12 +184,12 @@ std::string QtDockWidget2::doGetTitle() { return toStdString(windowTitle()); }
 
 void QtDockWidget2::doSetIcon(const Icon& icon)
 {
-    m_icon = icon;
+    keepIcon(icon);
     setWindowIcon(VX2Qt(icon));
     updateViewAction();
 }
 
-Icon QtDockWidget2::doGetIcon() { return m_icon; }
+Icon QtDockWidget2::doGetIcon() { return keptIcon(); }
 void QtDockWidget2::doSetAllowedAreas(VXFlags<DockArea> areas) { setAllowedAreas(VX2Qt(areas)); }
 VXFlags<DockArea> QtDockWidget2::doGetAllowedAreas() { return Qt2VX(allowedAreas()); }
 void QtDockWidget2::doSetFeatures(VXFlags<DockFeature> features) { setFeatures(VX2Qt(features)); }
@@ -328,7 +328,7 @@ void QtDockWidget2::updateViewAction()
     if (!m_viewAction)
         return;
     m_viewAction->setText(windowTitle());
-    m_viewAction->doSetIcon(m_icon);
+    m_viewAction->doSetIcon(keptIcon());
     m_viewAction->doSetChecked(!isHidden());
 }
 

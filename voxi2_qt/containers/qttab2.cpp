@@ -102,7 +102,7 @@ void QtTab2::doSetTextU(const std::wstring& text) { setTab(toQString(text)); }
 
 void QtTab2::doSetIcon(const Icon& icon)
 {
-    m_icon = icon;
+    keepIcon(icon);
     withTab([&](QtTabContainer2& holder, int index) { holder.setTabIcon(index, VX2Qt(icon)); });
 }
 
@@ -134,7 +134,7 @@ void QtTab2::doUnsetTextColor()
 
 std::string QtTab2::doGetText() { return toStdString(m_text); }
 std::wstring QtTab2::doGetTextU() { return toStdWString(m_text); }
-Icon QtTab2::doGetIcon() { return m_icon; }
+Icon QtTab2::doGetIcon() { return keptIcon(); }
 std::string QtTab2::doGetTabToolTip() { return toStdString(m_tip); }
 std::wstring QtTab2::doGetTabToolTipU() { return toStdWString(m_tip); }
 bool QtTab2::doIsTabEnabled() { return m_tabEnabled; }

@@ -74,7 +74,7 @@ void QtToolTipWindow2::doSetRichText(bool rich)
 
 void QtToolTipWindow2::doSetIcon(const Icon& icon)
 {
-    m_icon = icon;
+    keepIcon(icon);
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     m_iconLabel->setPixmap(VX2Qt(icon).pixmap(QSize(side, side), devicePixelRatioF()));
     m_iconLabel->setVisible(!m_iconLabel->pixmap(Qt::ReturnByValue).isNull());
@@ -109,7 +109,7 @@ void QtToolTipWindow2::doSetTimeout(int milliseconds)
 std::string QtToolTipWindow2::doGetText() { return toStdString(text()); }
 std::wstring QtToolTipWindow2::doGetTextU() { return toStdWString(text()); }
 bool QtToolTipWindow2::doIsRichText() { return m_textLabel->textFormat() == Qt::RichText; }
-Icon QtToolTipWindow2::doGetIcon() { return m_icon; }
+Icon QtToolTipWindow2::doGetIcon() { return keptIcon(); }
 
 VXWidget2* QtToolTipWindow2::doGetAnchor()
 {

@@ -55,7 +55,7 @@ void QtAbstractButton2::doSetExclusive(bool exclusive) { button()->setAutoExclus
 
 void QtAbstractButton2::doSetIcon(const Icon& icon)
 {
-    m_icon = icon;
+    keepIcon(icon);
     button()->setIcon(VX2Qt(icon));
 }
 
@@ -72,7 +72,7 @@ void QtAbstractButton2::doSetLabelU(const std::wstring& label)
 bool QtAbstractButton2::doIsCheckable() { return button()->isCheckable(); }
 bool QtAbstractButton2::doIsChecked() { return button()->isChecked(); }
 bool QtAbstractButton2::doIsExclusive() { return button()->autoExclusive(); }
-Icon QtAbstractButton2::doGetIcon() { return m_icon; }
+Icon QtAbstractButton2::doGetIcon() { return keptIcon(); }
 std::string QtAbstractButton2::doGetLabel() { return toStdString(button()->text()); }
 void QtAbstractButton2::doimClick() { button()->click(); }
 void QtAbstractButton2::doimToggle() { button()->toggle(); }

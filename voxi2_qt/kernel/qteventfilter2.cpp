@@ -6,7 +6,6 @@
 #include "voxi2_qt/kernel/qtinput.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
-#include <QAbstractScrollArea>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QFocusEvent>
@@ -18,6 +17,7 @@
 #include <QTouchEvent>
 #include <QWheelEvent>
 
+#include <cstddef>
 #include <iterator>
 #include <utility>
 
@@ -96,7 +96,7 @@ void post(const Passing& passing)
     VXObjectDataLocker lock; // the object must not go in between
     if (!passing.m_peer.isHeard(Field))
         return;
-    EventThrottler& throttler = passing.m_filter.throttler();
+    EventThrottler& throttler = passing.m_filter.throttler(passing.m_peer);
     // Of sizes the last one is told as well.
     if (passing.m_type == WidgetEvent::Resize || !throttler.isPending(passing.m_type))
         throttler.post(
@@ -182,32 +182,38 @@ static_assert(std::size(s_senders) == WidgetEventCount);
 
 } // namespace
 
-QtEventFilter2::QtEventFilter2(QtWidget2& peer, QAbstractScrollArea* area)
-    : m_peer(peer),
-      m_area(area)
-{
-    m_broadcast.set();
-}
-
 QtEventFilter2::~QtEventFilter2() = default;
 
 QtEventFilter2::Extras::~Extras() = default;
 
-bool QtEventFilter2::filter(QWidget* receiver, QEvent* event)
+void QtEventFilter2::switchOn(bool isScrollArea)
+{
+    m_broadcast = Flag | (Flag - 1);
+    m_consumed = isScrollArea ? Flag : 0;
+}
+
+void QtEventFilter2::switchOff()
+{
+    m_broadcast = m_consumed = 0;
+    m_extras.reset();
+}
+
+bool QtEventFilter2::filter(QtWidget2& peer, QWidget* receiver, QEvent* event)
 {
     WidgetEvent type;
-    if (!isWidgetEvent(event->type(), type))
+    if (!isOn() || !isWidgetEvent(event->type(), type))
         return false;
-    if (m_area && isSeenTwice(receiver, *event))
+    if (isScrollArea() && isSeenTwice(peer, receiver, *event))
         return false;
     // Read before anything is sent: the handlers may destroy the widget and this filter with it.
-    const bool consumed = m_consumed.test(bit(type));
+    const bool consumed = isConsumed(type);
     const bool closing = type == WidgetEvent::Close;
     if (closing)
         event->accept();
     bool isAlive = true;
-    if (m_broadcast.test(bit(type)) && !(m_extras && isKeptBack(type, *event)))
-        isAlive = m_area ? passOfArea(type, receiver, event) : pass(type, receiver, event);
+    if (isBroadcast(type) && !(m_extras && isKeptBack(type, *event)))
+        isAlive = isScrollArea() ? passOfArea(peer, type, receiver, event)
+                                 : pass(peer, type, receiver, event);
     else if (type == WidgetEvent::Resize && m_extras && m_extras->m_throttler)
         m_extras->m_throttler->withdraw(static_cast<const QResizeEvent*>(event)->size());
     const bool refused = closing && !event->isAccepted();
@@ -216,13 +222,13 @@ bool QtEventFilter2::filter(QWidget* receiver, QEvent* event)
     return consumed || refused || !isAlive;
 }
 
-bool QtEventFilter2::passOfArea(WidgetEvent type, QWidget* receiver, QEvent* event)
+bool QtEventFilter2::passOfArea(const QtWidget2& peer, WidgetEvent type, QWidget* receiver,
+                                QEvent* event)
 {
-    if (receiver == m_area)
-        return pass(type, receiver, event);
+    if (receiver == peer.asQWidget())
+        return pass(peer, type, receiver, event);
     const auto copy = handedOn(*receiver, *event);
-    QtWidget2& peer = m_peer;
-    const bool isAlive = pass(type, receiver, event);
+    const bool isAlive = pass(peer, type, receiver, event);
     // Not before: a handler may have opened a loop in which the viewport got others. Nobody asks
     // for the copy of what nobody hears.
     if (copy && isAlive && peer.isEventBroadcastingEnabled() && peer.mayBeHeard())
@@ -230,9 +236,10 @@ bool QtEventFilter2::passOfArea(WidgetEvent type, QWidget* receiver, QEvent* eve
     return isAlive;
 }
 
-bool QtEventFilter2::isSeenTwice(const QWidget* receiver, const QEvent& event)
+bool QtEventFilter2::isSeenTwice(const QtWidget2& peer, const QWidget* receiver,
+                                 const QEvent& event)
 {
-    if (receiver == m_area->viewport()) {
+    if (receiver != peer.asQWidget()) {
         switch (event.type()) {
         case QEvent::Enter:
         case QEvent::Leave:
@@ -259,18 +266,16 @@ QtEventFilter2::Extras& QtEventFilter2::extras()
     return *m_extras;
 }
 
-void QtEventFilter2::keepPlaceBack()
+void QtEventFilter2::keepPlaceBack(const QWidget& widget)
 {
-    const QWidget* widget = m_peer.asQWidget();
-    if (widget->testAttribute(Qt::WA_PendingMoveEvent))
-        extras().m_placeKeptBack = widget->geometry().topLeft();
+    if (widget.testAttribute(Qt::WA_PendingMoveEvent))
+        extras().m_placeKeptBack = widget.geometry().topLeft();
 }
 
-void QtEventFilter2::keepSizeBack()
+void QtEventFilter2::keepSizeBack(const QWidget& widget)
 {
-    const QWidget* widget = m_peer.asQWidget();
-    if (widget->testAttribute(Qt::WA_PendingResizeEvent))
-        extras().m_sizeKeptBack = widget->size();
+    if (widget.testAttribute(Qt::WA_PendingResizeEvent))
+        extras().m_sizeKeptBack = widget.size();
 }
 
 bool QtEventFilter2::isKeptBack(WidgetEvent type, const QEvent& event)
@@ -287,11 +292,11 @@ bool QtEventFilter2::isKeptBack(WidgetEvent type, const QEvent& event)
     return false;
 }
 
-EventThrottler& QtEventFilter2::throttler()
+EventThrottler& QtEventFilter2::throttler(const QtWidget2& peer)
 {
     std::unique_ptr<EventThrottler>& throttler = extras().m_throttler;
     if (!throttler) {
-        VXWidget2* widget = m_peer.abstractWidget();
+        VXWidget2* widget = peer.abstractWidget();
         std::unique_ptr<EventThrottlerBase> made;
         if (EventThrottlerFactoryBase* factory = EventThrottlerFactoryBase::instance())
             made = factory->createEventThrottler(widget);
@@ -305,13 +310,14 @@ EventThrottler& QtEventFilter2::throttler()
     return *throttler;
 }
 
-bool QtEventFilter2::pass(WidgetEvent type, QWidget* receiver, QEvent* event)
+bool QtEventFilter2::pass(const QtWidget2& peer, WidgetEvent type, QWidget* receiver, QEvent* event)
 {
-    if (!m_peer.mayBeHeard())
+    if (!peer.mayBeHeard())
         return true; // as most widgets are not
-    const EventTarget target{m_peer.abstractWidget(), m_peer.asQWidget(), receiver};
-    const QtDeletionHold hold(&m_peer);
-    s_senders[bit(type)](Passing{*this, m_peer, target, type, *event, hold});
+    const EventTarget target{peer.abstractWidget(), peer.asQWidget(), receiver};
+    const QtDeletionHold hold(&peer);
+    const auto number = static_cast<std::size_t>(type);
+    s_senders[number](Passing{*this, peer, target, type, *event, hold});
     return hold.isAlive();
 }
 

@@ -123,17 +123,21 @@ QtWidget2::QtWidget2(VXWidget2* widget, VXWidget2Emitters* emitters)
     : QtPeerLevel(widget, emitters, s_requests)
 {}
 
-QtWidget2::~QtWidget2() { m_ActionMap.erase(this); }
+QtWidget2::~QtWidget2()
+{
+    if (!m_ActionMap.empty())
+        m_ActionMap.erase(this);
+}
 
 void QtWidget2::endPeer()
 {
     QtObject2::endPeer();
-    m_eventFilter.reset();
+    m_eventFilter.switchOff();
 }
 
 void QtWidget2::scheduleDelete()
 {
-    m_eventFilter.reset();
+    m_eventFilter.switchOff();
     QtObject2::scheduleDelete();
 }
 
@@ -230,11 +234,12 @@ void QtWidget2::doSetUpdatesEnabled(bool enabled) { asQWidget()->setUpdatesEnabl
 void QtWidget2::doSetDragDelegate(VXDragDelegate2* delegate)
 {
     if (!delegate) {
-        m_dragDelegateId = 0;
+        extras().m_dragDelegateId = 0;
         return;
     }
-    withPeerOf<QtDragDelegate2>(
-        delegate, [this](QtDragDelegate2* peer) { m_dragDelegateId = peer ? peer->getUID() : 0; });
+    withPeerOf<QtDragDelegate2>(delegate, [this](QtDragDelegate2* peer) {
+        extras().m_dragDelegateId = peer ? peer->getUID() : 0;
+    });
 }
 
 bool QtWidget2::doIsActiveWindow() { return asQWidget()->isActiveWindow(); }
@@ -296,7 +301,8 @@ void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
 QtDragDelegate2* QtWidget2::dragDelegate() const
 {
     // By id: the delegate may have gone meanwhile.
-    return m_dragDelegateId ? dynamic_cast<QtDragDelegate2*>(lookup(m_dragDelegateId)) : nullptr;
+    const unsigned id = m_extras ? m_extras->m_dragDelegateId : 0;
+    return id ? dynamic_cast<QtDragDelegate2*>(lookup(id)) : nullptr;
 }
 
 void QtWidget2::addWidgetAction(QAction* action)

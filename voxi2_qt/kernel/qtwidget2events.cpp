@@ -21,13 +21,13 @@ namespace VOXI {
 
 void QtWidget2::doSetEventConsumed(WidgetEvent event, bool consumed)
 {
-    if (m_eventFilter)
-        m_eventFilter->setConsumed(event, consumed);
+    if (m_eventFilter.isOn())
+        m_eventFilter.setConsumed(event, consumed);
 }
 
 bool QtWidget2::doIsEventConsumed(WidgetEvent event)
 {
-    return m_eventFilter && m_eventFilter->isConsumed(event);
+    return m_eventFilter.isOn() && m_eventFilter.isConsumed(event);
 }
 
 void QtWidget2::doimTriggerWidgetEvent(WidgetEvent event)
@@ -142,10 +142,10 @@ void QtWidget2::passToDelegate(Function&& function)
 
 void QtWidget2::enableEventBroadcasting()
 {
-    if (m_eventFilter)
+    if (m_eventFilter.isOn())
         return;
     QAbstractScrollArea* area = scrollArea();
-    m_eventFilter.emplace(*this, area);
+    m_eventFilter.switchOn(area);
     if (area) {
         area->viewport()->grabGesture(Qt::PinchGesture);
         area->viewport()->grabGesture(Qt::PanGesture);
@@ -154,30 +154,30 @@ void QtWidget2::enableEventBroadcasting()
 
 void QtWidget2::disableEventBroadcasting()
 {
-    if (!m_eventFilter)
+    if (!m_eventFilter.isOn())
         return;
     if (QAbstractScrollArea* area = scrollArea(); area && area->viewport()) {
         area->viewport()->ungrabGesture(Qt::PinchGesture);
         area->viewport()->ungrabGesture(Qt::PanGesture);
     }
-    m_eventFilter.reset();
+    m_eventFilter.switchOff();
 }
 
 void QtWidget2::enableEventBroadcasting(WidgetEvent event)
 {
-    if (m_eventFilter)
-        m_eventFilter->setBroadcast(event, true);
+    if (m_eventFilter.isOn())
+        m_eventFilter.setBroadcast(event, true);
 }
 
 void QtWidget2::disableEventBroadcasting(WidgetEvent event)
 {
-    if (m_eventFilter)
-        m_eventFilter->setBroadcast(event, false);
+    if (m_eventFilter.isOn())
+        m_eventFilter.setBroadcast(event, false);
 }
 
 bool QtWidget2::isEventBroadcastingEnabled(WidgetEvent event) const
 {
-    return m_eventFilter && m_eventFilter->isBroadcast(event);
+    return m_eventFilter.isOn() && m_eventFilter.isBroadcast(event);
 }
 
 void QtWidget2::enableGestureEvents()
@@ -196,12 +196,12 @@ void QtWidget2::disableGestureEvents()
 
 void QtWidget2::keepDelayedBack(WidgetEvent event)
 {
-    if (!m_eventFilter)
+    if (!m_eventFilter.isOn())
         return;
     if (event == WidgetEvent::Move)
-        m_eventFilter->keepPlaceBack();
+        m_eventFilter.keepPlaceBack(*asQWidget());
     else
-        m_eventFilter->keepSizeBack();
+        m_eventFilter.keepSizeBack(*asQWidget());
 }
 
 QWidget* QtWidget2::pointerWidget() const

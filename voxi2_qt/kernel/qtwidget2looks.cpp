@@ -62,8 +62,8 @@ void QtWidget2::doUnsetCursor() { asQWidget()->unsetCursor(); }
 
 void QtWidget2::doSetWidgetHighlight(bool on, int red, int green, int blue, int alpha)
 {
-    m_highlighted = on;
-    m_highlightColor = QColor(red, green, blue, alpha).rgba();
+    extras().m_highlighted = on;
+    extras().m_highlightColor = QColor(red, green, blue, alpha).rgba();
     if (QAbstractScrollArea* area = scrollArea())
         area->viewport()->update();
     asQWidget()->update();
@@ -81,7 +81,7 @@ VXFont QtWidget2::doGetFont() { return Qt2VX(asQWidget()->font()); }
 std::string QtWidget2::doGetToolTip() { return toStdString(asQWidget()->toolTip()); }
 std::wstring QtWidget2::doGetToolTipU() { return toStdWString(asQWidget()->toolTip()); }
 Cursor QtWidget2::doGetCursor() { return QtCursorRegistry::toCursor(asQWidget()->cursor()); }
-bool QtWidget2::doIsWidgetHighlighted() { return m_highlighted; }
+bool QtWidget2::doIsWidgetHighlighted() { return isWidgetHighlighted(); }
 
 void QtWidget2::doSetAccessibleName(const std::wstring& name)
 {
@@ -113,7 +113,7 @@ void QtWidget2::paintHighlight()
     QWidget* surface = area ? area->viewport() : asQWidget();
     QPainter painter(surface);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor::fromRgba(m_highlightColor), penWidth));
+    painter.setPen(QPen(QColor::fromRgba(m_extras->m_highlightColor), penWidth));
     painter.setBrush(Qt::NoBrush);
     const qreal inset = penWidth / 2;
     painter.drawRoundedRect(QRectF(surface->rect()).adjusted(inset, inset, -inset, -inset), radius,

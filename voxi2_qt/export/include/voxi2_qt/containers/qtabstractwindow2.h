@@ -54,7 +54,6 @@ private:
     void changeState(Function&& change);
     void reportState();
 
-    Icon m_icon; // a Qt icon cannot be turned back
     VXFlags<WindowState> m_knownState;
     int m_settling = 0; // requests that the window manager may still be carrying out
 };

@@ -97,7 +97,6 @@ private:
     void updateViewAction();
 
     QPointer<QtAction2> m_viewAction;
-    Icon m_icon; // a Qt icon cannot be turned back
     State m_known;
     DockArea m_area = DockArea::None;
     bool m_inFront = true; // of the others in its tabs

@@ -53,7 +53,7 @@ public:
     virtual VXTabContainer2* doGetContainer();
 
     const QString& text() const noexcept { return m_text; }
-    const Icon& icon() const noexcept { return m_icon; }
+    Icon icon() const { return keptIcon(); }
 
     /// Shows on a tab new in a bar what text and icon do not say.
     void decorate(QTabBar& bar, int index) const;
@@ -67,7 +67,6 @@ private:
 
     QString m_text;
     QString m_tip;
-    Icon m_icon;
     QColor m_textColor; // invalid while it is that of the other tabs
     bool m_tabEnabled = true;
 };

@@ -82,7 +82,6 @@ private:
     QWidget* m_face; // shows text and icon
     QLabel* m_iconLabel;
     QLabel* m_textLabel;
-    Icon m_icon;
     AnchorSide m_side = AnchorSide::Below;
     int m_timeout = -1;
     bool m_isVanishing = false;

@@ -50,9 +50,6 @@ protected:
 
     void reportClick();
     void reportToggle(bool checked);
-
-private:
-    Icon m_icon; // a Qt icon cannot be turned back
 };
 
 } // namespace VOXI

@@ -14,11 +14,11 @@ class QtWidget2;
 class VOXI2_QT_EXPORT QtDragGesture
 {
 public:
-    /// Remembers the first left-button press; `origin` is where the event's receiver lies in the
-    /// widget.
+    /// Remembers the first press of the left button; `origin` is where the event's receiver lies in
+    /// the widget.
     void press(const QMouseEvent& event, QPoint origin)
     {
-        if (!m_pressed && event.button() == Qt::LeftButton)
+        if (!m_pressed)
             begin(event, origin);
     }
     /// Reports the drag when the pointer has gone far enough. False when the handlers have deleted

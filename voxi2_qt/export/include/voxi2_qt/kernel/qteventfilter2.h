@@ -8,12 +8,12 @@
 #include <QPointF>
 #include <QSize>
 
-#include <bitset>
+#include <cstdint>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 
 QT_BEGIN_NAMESPACE
-class QAbstractScrollArea;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -30,30 +30,34 @@ class QtWidget2;
 class VOXI2_QT_EXPORT QtEventFilter2
 {
 public:
-    /// All events are broadcast and none consumed. `area` is the widget again if it is a scroll
-    /// area, else null.
-    QtEventFilter2(QtWidget2& peer, QAbstractScrollArea* area);
+    QtEventFilter2() = default;
     ~QtEventFilter2();
     QtEventFilter2(const QtEventFilter2&) = delete;
     QtEventFilter2& operator=(const QtEventFilter2&) = delete;
 
+    /// Has all events broadcast and none consumed; before that, and after `switchOff`, nothing is
+    /// done about any.
+    void switchOn(bool isScrollArea);
+    void switchOff();
+    bool isOn() const noexcept { return m_broadcast & Flag; }
+
     /// To be asked for every event that goes to the widget or to its viewport. True when the widget
     /// must not see it: it is consumed, or a handler has deleted the widget at once.
-    bool filter(QWidget* receiver, QEvent* event);
+    bool filter(QtWidget2& peer, QWidget* receiver, QEvent* event);
 
     // Each throws std::out_of_range for a value that is no widget event.
-    void setBroadcast(WidgetEvent event, bool on) { m_broadcast.set(bit(event), on); }
-    bool isBroadcast(WidgetEvent event) const { return m_broadcast.test(bit(event)); }
-    void setConsumed(WidgetEvent event, bool on) { m_consumed.set(bit(event), on); }
-    bool isConsumed(WidgetEvent event) const { return m_consumed.test(bit(event)); }
+    void setBroadcast(WidgetEvent event, bool on) { set(m_broadcast, event, on); }
+    bool isBroadcast(WidgetEvent event) const { return m_broadcast & bit(event); }
+    void setConsumed(WidgetEvent event, bool on) { set(m_consumed, event, on); }
+    bool isConsumed(WidgetEvent event) const { return m_consumed & bit(event); }
 
     /// Made for the first event that needs it.
-    EventThrottler& throttler();
+    EventThrottler& throttler(const QtWidget2& peer);
 
     /// Keeps the report of the widget's present place, or size, back if Qt delays it: it tells a
     /// hidden widget of them when it is shown.
-    void keepPlaceBack();
-    void keepSizeBack();
+    void keepPlaceBack(const QWidget& widget);
+    void keepSizeBack(const QWidget& widget);
 
     /// What tells an event that a viewport hands on to its area from any other one.
     struct HandedOn
@@ -65,7 +69,20 @@ public:
     };
 
 private:
-    static std::size_t bit(WidgetEvent event) { return static_cast<std::size_t>(event); }
+    static constexpr std::uint32_t Flag = 1u << WidgetEventCount; // behind the events' bits
+
+    static std::uint32_t bit(WidgetEvent event)
+    {
+        const auto number = static_cast<std::uint32_t>(event);
+        if (number >= WidgetEventCount) [[unlikely]]
+            throw std::out_of_range("no widget event");
+        return 1u << number;
+    }
+    static void set(std::uint32_t& bits, WidgetEvent event, bool on)
+    {
+        bits = on ? bits | bit(event) : bits & ~bit(event);
+    }
+    bool isScrollArea() const noexcept { return m_consumed & Flag; }
 
     /// What few widgets need.
     struct Extras
@@ -79,15 +96,13 @@ private:
 
     Extras& extras();
     bool isKeptBack(WidgetEvent type, const QEvent& event);
-    bool isSeenTwice(const QWidget* receiver, const QEvent& event);
+    bool isSeenTwice(const QtWidget2& peer, const QWidget* receiver, const QEvent& event);
     // Both are false when a handler has deleted the peer.
-    bool pass(WidgetEvent type, QWidget* receiver, QEvent* event);
-    bool passOfArea(WidgetEvent type, QWidget* receiver, QEvent* event);
+    bool pass(const QtWidget2& peer, WidgetEvent type, QWidget* receiver, QEvent* event);
+    bool passOfArea(const QtWidget2& peer, WidgetEvent type, QWidget* receiver, QEvent* event);
 
-    QtWidget2& m_peer;
-    QAbstractScrollArea* m_area;
-    std::bitset<WidgetEventCount> m_broadcast;
-    std::bitset<WidgetEventCount> m_consumed;
+    std::uint32_t m_broadcast = 0; // with the flag: whether it is on
+    std::uint32_t m_consumed = 0;  // with the flag: whether the widget is a scroll area
     std::unique_ptr<Extras> m_extras;
 };
 

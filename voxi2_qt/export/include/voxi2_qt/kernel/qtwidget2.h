@@ -1,15 +1,17 @@
 #pragma once
 
 #include "voxi2/kernel/vxwidget2.h"
+#include "voxi2_qt/kernel/qtdraggesture.h"
 #include "voxi2_qt/kernel/qteventfilter2.h"
 #include "voxi2_qt/kernel/qtpeerlevel.h"
 #include "voxi2_qt/voxi2_qt_export.h"
+#include "voxi_util/icon.h"
 
 #include <QColor>
 #include <QPointer>
 
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 
 QT_BEGIN_NAMESPACE
@@ -125,7 +127,7 @@ public:
     // that is none, and do nothing (or answer false) while broadcasting is off as a whole.
     void enableEventBroadcasting();
     void disableEventBroadcasting();
-    bool isEventBroadcastingEnabled() const noexcept { return m_eventFilter.has_value(); }
+    bool isEventBroadcastingEnabled() const noexcept { return m_eventFilter.isOn(); }
     void enableEventBroadcasting(WidgetEvent event);
     void disableEventBroadcasting(WidgetEvent event);
     bool isEventBroadcastingEnabled(WidgetEvent event) const;
@@ -135,7 +137,7 @@ public:
     /// Who gets the pointer's events, drags among them: of a scroll area its viewport.
     QWidget* pointerWidget() const;
 
-    bool isWidgetHighlighted() const noexcept { return m_highlighted; }
+    bool isWidgetHighlighted() const noexcept { return m_extras && m_extras->m_highlighted; }
     /// Paints the highlight over what the widget has painted; inside a paint event only.
     void paintHighlight();
 
@@ -161,8 +163,29 @@ protected:
     /// Passes an event of the widget or of its viewport back; true when it is consumed.
     bool filterEvent(QWidget* receiver, QEvent* event)
     {
-        return m_eventFilter && m_eventFilter->filter(receiver, event);
+        return m_eventFilter.filter(*this, receiver, event);
     }
+
+    /// The mouse over the widget, as the shim sees it; `origin` is where the press's receiver lies.
+    void passMousePress(const QMouseEvent& event, QPoint origin)
+    {
+        if (event.button() == Qt::LeftButton)
+            extras().m_dragGesture.press(event, origin);
+    }
+    /// False when the handlers of a drag that begins have deleted the widget.
+    bool passMouseMove(const QMouseEvent& event)
+    {
+        return !m_extras || m_extras->m_dragGesture.move(*this, event);
+    }
+    void passMouseRelease()
+    {
+        if (m_extras)
+            m_extras->m_dragGesture.release();
+    }
+
+    /// Keeps an icon that was set: a Qt icon cannot be turned back.
+    void keepIcon(const Icon& icon) { extras().m_icon = icon; }
+    Icon keptIcon() const { return m_extras ? m_extras->m_icon : Icon(); }
 
     /// Moves the widget into the parent's, null makes it a window; `flags` say what it is there.
     /// A parent that is dead, or lies inside the widget, is ignored. No echoes.
@@ -178,6 +201,23 @@ protected:
     void passDrop(QDropEvent* event);
 
 private:
+    /// What few widgets need.
+    struct Extras
+    {
+        QtDragGesture m_dragGesture;
+        Icon m_icon;
+        unsigned m_dragDelegateId = 0;
+        QRgb m_highlightColor = 0;
+        bool m_highlighted = false;
+    };
+
+    Extras& extras()
+    {
+        if (!m_extras)
+            m_extras = std::make_unique<Extras>();
+        return *m_extras;
+    }
+
     template <class Function>
     void passToDelegate(Function&& function);
     void keepDelayedBack(WidgetEvent event);
@@ -189,11 +229,8 @@ private:
 
     static std::map<QtWidget2*, QAction*> m_ActionMap;
 
-    unsigned m_dragDelegateId = 0;
-    QRgb m_highlightColor = 0;
-    bool m_highlighted = false;
-    // While events are passed back. Asked for every event, so it stays beside the Qt object.
-    std::optional<QtEventFilter2> m_eventFilter;
+    QtEventFilter2 m_eventFilter; // asked for every event, so it stays beside the Qt object
+    std::unique_ptr<Extras> m_extras;
 };
 
 /// Has what is around a widget that goes elsewhere forget the focus of what is in it. Qt forgets it

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "voxi2_qt/kernel/qtclosingwindow.h"
-#include "voxi2_qt/kernel/qtdraggesture.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QAbstractScrollArea>
@@ -119,7 +118,7 @@ protected:
     {
         // Not where it is handled: a consumed one does not get there.
         if (event->type() == QEvent::MouseButtonRelease)
-            m_dragGesture.release();
+            this->passMouseRelease();
         else if (event->type() == QEvent::ParentChange)
             this->endAlone();
         return this->filterEvent(receiver, event);
@@ -130,13 +129,13 @@ protected:
         QPoint origin;
         if constexpr (std::is_base_of_v<QAbstractScrollArea, Q>)
             origin = this->viewport()->pos(); // whose event it is
-        m_dragGesture.press(*event, origin);
+        this->passMousePress(*event, origin);
         Q::mousePressEvent(event);
     }
 
     void mouseMoveEvent(QMouseEvent* event) override
     {
-        if (m_dragGesture.move(*this, *event))
+        if (this->passMouseMove(*event))
             Q::mouseMoveEvent(event);
     }
 
@@ -170,9 +169,6 @@ protected:
         Q::dropEvent(event);
         this->passDrop(event);
     }
-
-private:
-    QtDragGesture m_dragGesture;
 };
 
 } // namespace VOXI
