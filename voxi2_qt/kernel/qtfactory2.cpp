@@ -20,9 +20,14 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
 #include "voxi2_qt/controls/qtcheckbox2.h"
+#include "voxi2_qt/controls/qtdial2.h"
+#include "voxi2_qt/controls/qtlistbox2.h"
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/controls/qtmenubar2.h"
+#include "voxi2_qt/controls/qtprogressbar2.h"
 #include "voxi2_qt/controls/qtradiobutton2.h"
+#include "voxi2_qt/controls/qtslider2.h"
+#include "voxi2_qt/controls/qtspinbox2.h"
 #include "voxi2_qt/controls/qttext2.h"
 #include "voxi2_qt/controls/qttoolbar2.h"
 #include "voxi2_qt/controls/qttoolbutton2.h"
@@ -77,6 +82,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtBoxLayout2>(factory.createBoxLayout2);
     serve<QtButton2>(factory.createButton2);
     serve<QtCheckBox2>(factory.createCheckBox2);
+    serve<QtSpinBox2>(factory.createSpinBox2);
     serve<QtDialog2>(factory.createDialog2);
     serve<QtFileDialog2>(factory.createFileDialog2);
     serve<QtDockWidget2>(factory.createDockWidget2);
@@ -86,9 +92,11 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtFrame2>(factory.createFrame2);
     serve<QtGridLayout2>(factory.createGridLayout2);
     serve<QtGroupBox2>(factory.createGroupBox2);
+    serve<QtListBox2>(factory.createListBox2);
     serve<QtMenu2>(factory.createMenu2);
     serve<QtMenuBar2>(factory.createMenuBar2);
     serve<QtPanel2>(factory.createPanel2);
+    serve<QtProgressBar2>(factory.createProgressBar2);
     serve<QtRadioButton2>(factory.createRadioButton2);
     serve<QtScrollView2>(factory.createScrollView2);
     serve<QtSplitter2>(factory.createSplitter2);
@@ -100,6 +108,8 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtWidgetStack2>(factory.createWidgetStack2);
     serve<QtWindow2>(factory.createWindow2);
     serve<QtToolTipWindow2>(factory.createToolTipWindow2);
+    serve<QtSlider2>(factory.createSlider2);
+    serve<QtDial2>(factory.createDial2);
     factory.destroyObject.connect(this, &QtFactory2::destroyObject, m_thread);
 }
 

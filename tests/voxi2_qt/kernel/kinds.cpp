@@ -5,17 +5,22 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QDial>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QSlider>
+#include <QSpinBox>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -127,6 +132,15 @@ void addDialog(Kind& kind)
     kind.has("modal", &D::setModal, &D::isModal, true).reports("finished", &D::finished);
 }
 
+template <class R>
+void addRange(Kind& kind)
+{
+    kind.has("value", &R::setValue, &R::value, 7)
+        .has("range", &R::setRange, &R::range, {-5, 50})
+        .has("singleStep", &R::setSingleStep, &R::singleStep, 3)
+        .reports("valueChanged", &R::valueChanged);
+}
+
 void addLayout(Kind& kind)
 {
     using L = VXLayout2;
@@ -161,6 +175,8 @@ Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
         addDialog(made);
     if constexpr (std::derived_from<Object, VXLayout2>)
         addLayout(made);
+    if constexpr (requires(const Object& object) { object.singleStep(); })
+        addRange<Object>(made);
     return made;
 }
 
@@ -284,19 +300,58 @@ std::vector<Kind> controlKinds()
     using Bar = VXToolBar2;
     using Button = VXButton2;
     using Label = VXText2;
+    using Dial = VXDial2;
+    using List = VXListBox2;
     using Menu = VXMenu2;
+    using Progress = VXProgressBar2;
+    using Slider = VXSlider2;
+    using Spin = VXSpinBox2;
     using Tool = VXToolButton2;
     return {
         kind<Button, QPushButton, &F::createButton2>("Button", QAccessible::Button)
             .has("default", &Button::setDefault, &Button::isDefault, true)
             .has("flat", &Button::setFlat, &Button::isFlat, true),
         kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
+        kind<Dial, QDial, &F::createDial2>("Dial", QAccessible::Dial)
+            .has("pageStep", &Dial::setPageStep, &Dial::pageStep, 20)
+            .has("notchVisible", &Dial::setNotchVisible, &Dial::isNotchVisible, true)
+            .has("wrapping", &Dial::setWrapping, &Dial::isWrapping, true),
+        kind<List, QListWidget, &F::createListBox2>("ListBox", QAccessible::List)
+            .has("selectionMode", &List::setSelectionMode, &List::selectionMode,
+                 SelectionMode::Extended)
+            .reports("selectionChanged", &List::selectionChanged,
+                     [](List& list) {
+                         list.addItems(VXStringList{"text"});
+                         list.clearSelection();
+                         list.imitateSelect(0);
+                     })
+            .reports("doubleClicked", &List::doubleClicked),
         kind<Menu, QMenu, &F::createMenu2>("Menu", QAccessible::PopupMenu)
             .has("digMenu", &Menu::setDigMenu, &Menu::isDigMenu, true)
             .reports("aboutToShow", &Menu::aboutToShow),
         kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
+        kind<Progress, QProgressBar, &F::createProgressBar2>("ProgressBar",
+                                                             QAccessible::ProgressBar)
+            .has("minimum", &Progress::setMinimum, &Progress::minimum, -5)
+            .has("maximum", &Progress::setMaximum, &Progress::maximum, 50)
+            .has("value", &Progress::setValue, &Progress::value, 7)
+            .has("textVisible", &Progress::setTextVisible, &Progress::isTextVisible, true)
+            .has("customText", &Progress::setCustomText, &Progress::customText, "text"),
         kind<VXRadioButton2, QRadioButton, &F::createRadioButton2>("RadioButton",
                                                                    QAccessible::RadioButton),
+        kind<Slider, QSlider, &F::createSlider2>("Slider", QAccessible::Slider)
+            .has("pageStep", &Slider::setPageStep, &Slider::pageStep, 20)
+            .has("orientation", &Slider::setOrientation, &Slider::orientation,
+                 Orientation::Vertical)
+            .has("tickInterval", &Slider::setTickInterval, &Slider::tickInterval, 4)
+            .has("tickPosition", &Slider::setTickPosition, &Slider::tickPosition,
+                 TickPosition::Below),
+        kind<Spin, QSpinBox, &F::createSpinBox2>("SpinBox", QAccessible::SpinBox)
+            .has("editable", &Spin::setEditable, &Spin::isEditable, true)
+            .has("wrapping", &Spin::setWrapping, &Spin::isWrapping, true)
+            .has("prefix", &Spin::setPrefix, &Spin::prefixU, L"about ")
+            .has("suffix", &Spin::setSuffix, &Spin::suffixU, L" km")
+            .reports("textChanged", &Spin::textChanged),
         kind<Label, QLabel, &F::createText2>("Text", QAccessible::StaticText)
             .has("text", &Label::setText, &Label::textU, L"text")
             .has("alignment", &Label::setAlignment, &Label::alignment,
