@@ -1,0 +1,186 @@
+#include "shapelog.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+constexpr std::size_t RecordWeight = sizeof(SizeChange2) / sizeof(unsigned);
+
+/// The rows as lists of siblings: every change is done where it happens, none looks for positions.
+class Replay
+{
+public:
+    Replay() { m_rows[0]; }
+
+    void apply(const SizeChange2& change)
+    {
+        switch (change.kind()) {
+        case SizeChange2::InsertColumnsAfter:
+        case SizeChange2::InsertColumnsBefore:
+        case SizeChange2::PrependColumns:
+        case SizeChange2::AppendColumns:
+            insertColumns(change);
+            break;
+        case SizeChange2::InsertRowsAfter:
+        case SizeChange2::InsertRowsBefore:
+        case SizeChange2::PrependRows:
+        case SizeChange2::AppendRows:
+            insertRows(change);
+            break;
+        case SizeChange2::RemoveColumn:
+            for (const unsigned column : change.uids())
+                std::erase(m_columns, column);
+            break;
+        case SizeChange2::RemoveRow:
+            for (const unsigned row : change.uids())
+                removeRow(row);
+            break;
+        default:
+            break;
+        }
+    }
+
+    std::vector<SizeChange2> result() const
+    {
+        std::vector<SizeChange2> changes;
+        if (!m_columns.empty())
+            changes.push_back(SizeChange2::appendColumns(m_columns));
+        SizeChange2::Uids parents{0};
+        for (std::size_t i = 0; i < parents.size(); ++i) {
+            SizeChange2::Uids rows;
+            for (unsigned row = m_rows.at(parents[i]).first; row != 0; row = m_rows.at(row).next) {
+                rows.push_back(row);
+                if (m_rows.at(row).first != 0)
+                    parents.push_back(row);
+            }
+            if (!rows.empty())
+                changes.push_back(SizeChange2::appendRows(std::move(rows), parents[i]));
+        }
+        return changes;
+    }
+
+private:
+    struct Row
+    {
+        unsigned parent = 0;
+        unsigned previous = 0;
+        unsigned next = 0;
+        unsigned first = 0;
+        unsigned last = 0;
+    };
+
+    void insertColumns(const SizeChange2& change)
+    {
+        const auto anchor = std::find(m_columns.begin(), m_columns.end(), change.anchor());
+        auto place = m_columns.begin();
+        if (change.kind() == SizeChange2::AppendColumns)
+            place = m_columns.end();
+        else if (change.kind() == SizeChange2::InsertColumnsAfter && anchor != m_columns.end())
+            place = anchor + 1;
+        else if (change.kind() == SizeChange2::InsertColumnsBefore)
+            place = anchor;
+        if (change.kind() == SizeChange2::InsertColumnsBefore && anchor == m_columns.end())
+            return;
+        for (const unsigned column : change.uids()) {
+            if (column != 0
+                && std::find(m_columns.begin(), m_columns.end(), column) == m_columns.end())
+                place = m_columns.insert(place, column) + 1;
+        }
+    }
+
+    void insertRows(const SizeChange2& change)
+    {
+        const auto parent = m_rows.find(change.parent());
+        if (parent == m_rows.end())
+            return;
+        const auto sibling = m_rows.find(change.anchor());
+        const bool isSibling = change.anchor() != 0 && sibling != m_rows.end()
+                               && sibling->second.parent == change.parent();
+        unsigned after = 0;
+        if (change.kind() == SizeChange2::InsertRowsAfter)
+            after = isSibling ? change.anchor() : 0;
+        else if (change.kind() == SizeChange2::AppendRows)
+            after = parent->second.last;
+        else if (change.kind() == SizeChange2::InsertRowsBefore) {
+            if (!isSibling)
+                return;
+            after = sibling->second.previous;
+        }
+        for (const unsigned row : change.uids()) {
+            if (row != 0 && m_rows.try_emplace(row).second) {
+                link(row, change.parent(), after);
+                after = row;
+            }
+        }
+    }
+
+    void link(unsigned uid, unsigned parent, unsigned after)
+    {
+        Row& row = m_rows[uid];
+        row.parent = parent;
+        row.previous = after;
+        unsigned& before = after != 0 ? m_rows[after].next : m_rows[parent].first;
+        row.next = std::exchange(before, uid);
+        (row.next != 0 ? m_rows[row.next].previous : m_rows[parent].last) = uid;
+    }
+
+    void removeRow(unsigned uid)
+    {
+        const auto found = m_rows.find(uid);
+        if (uid == 0 || found == m_rows.end())
+            return;
+        const Row row = found->second;
+        (row.previous != 0 ? m_rows[row.previous].next : m_rows[row.parent].first) = row.next;
+        (row.next != 0 ? m_rows[row.next].previous : m_rows[row.parent].last) = row.previous;
+        SizeChange2::Uids ending{uid};
+        while (!ending.empty()) {
+            const auto node = m_rows.extract(ending.back());
+            ending.pop_back();
+            for (unsigned child = node.mapped().first; child != 0; child = m_rows[child].next)
+                ending.push_back(child);
+        }
+    }
+
+    std::unordered_map<unsigned, Row> m_rows; // 0 is the parent of those without one
+    SizeChange2::Uids m_columns;
+};
+
+} // namespace
+
+void ShapeLog::add(const SizeChange2& change)
+{
+    m_isCompact = false;
+    m_weight += change.uids().size();
+    if (m_changes.empty() || !m_changes.back().join(change)) {
+        m_changes.push_back(change);
+        m_weight += RecordWeight;
+    }
+    if (m_weight > m_limit)
+        compact();
+}
+
+const std::vector<SizeChange2>& ShapeLog::shape()
+{
+    if (!m_isCompact)
+        compact();
+    return m_changes;
+}
+
+void ShapeLog::compact()
+{
+    Replay replay;
+    for (const SizeChange2& change : m_changes)
+        replay.apply(change);
+    m_changes = replay.result();
+    m_weight = 0;
+    for (const SizeChange2& change : m_changes)
+        m_weight += RecordWeight + change.uids().size();
+    m_limit = 2 * m_weight + 16'384;
+    m_isCompact = true;
+}
+
+} // namespace VOXI
