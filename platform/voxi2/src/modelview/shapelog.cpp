@@ -1,5 +1,7 @@
 #include "shapelog.h"
 
+#include "siblings.h"
+
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
@@ -64,15 +66,6 @@ public:
     }
 
 private:
-    struct Row
-    {
-        unsigned parent = 0;
-        unsigned previous = 0;
-        unsigned next = 0;
-        unsigned first = 0;
-        unsigned last = 0;
-    };
-
     void insertColumns(const SizeChange2& change)
     {
         const auto anchor = std::find(m_columns.begin(), m_columns.end(), change.anchor());
@@ -112,40 +105,19 @@ private:
         }
         for (const unsigned row : change.uids()) {
             if (row != 0 && m_rows.try_emplace(row).second) {
-                link(row, change.parent(), after);
+                linkSibling(m_rows, row, change.parent(), after);
                 after = row;
             }
         }
     }
 
-    void link(unsigned uid, unsigned parent, unsigned after)
-    {
-        Row& row = m_rows[uid];
-        row.parent = parent;
-        row.previous = after;
-        unsigned& before = after != 0 ? m_rows[after].next : m_rows[parent].first;
-        row.next = std::exchange(before, uid);
-        (row.next != 0 ? m_rows[row.next].previous : m_rows[parent].last) = uid;
-    }
-
     void removeRow(unsigned uid)
     {
-        const auto found = m_rows.find(uid);
-        if (uid == 0 || found == m_rows.end())
-            return;
-        const Row row = found->second;
-        (row.previous != 0 ? m_rows[row.previous].next : m_rows[row.parent].first) = row.next;
-        (row.next != 0 ? m_rows[row.next].previous : m_rows[row.parent].last) = row.previous;
-        SizeChange2::Uids ending{uid};
-        while (!ending.empty()) {
-            const auto node = m_rows.extract(ending.back());
-            ending.pop_back();
-            for (unsigned child = node.mapped().first; child != 0; child = m_rows[child].next)
-                ending.push_back(child);
-        }
+        if (uid != 0 && m_rows.contains(uid))
+            eraseSibling(m_rows, uid);
     }
 
-    std::unordered_map<unsigned, Row> m_rows; // 0 is the parent of those without one
+    std::unordered_map<unsigned, Siblings> m_rows; // 0 is the parent of those without one
     SizeChange2::Uids m_columns;
 };
 

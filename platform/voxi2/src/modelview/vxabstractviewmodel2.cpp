@@ -63,7 +63,7 @@ struct VXAbstractViewModel2::QueuedQuery
                 model = byId(m_query.model());
                 if (!model)
                     return;
-                if (model->m_guard == DataGuard::ObjectLock) {
+                if (model->m_traits.testFlag(ModelTrait::QueriesUnderLock)) {
                     model->run(m_query);
                     return;
                 }
@@ -71,19 +71,20 @@ struct VXAbstractViewModel2::QueuedQuery
             model->run(m_query);
         } catch (...) {
             // Unanswered it would be pending for ever.
-            excuse(m_query);
+            answerBlank(m_query);
             throw;
         }
     }
 };
 
-VXAbstractViewModel2::VXAbstractViewModel2(VXObject2* parent, DataGuard guard)
+VXAbstractViewModel2::VXAbstractViewModel2(VXObject2* parent, VXFlags<ModelTrait> traits)
     : VXObject2(parent),
       m_emitters(VXObject2::m_emitters),
-      m_guard(guard),
-      m_shape(guard == DataGuard::Application ? std::make_unique<ShapeLog>() : nullptr)
+      m_traits(traits),
+      m_shape(traits.testFlag(ModelTrait::KnowsShape) ? nullptr : std::make_unique<ShapeLog>())
 {
-    finishBuilding(this);
+    if (!traits.testFlag(ModelTrait::HasBuilder))
+        finishBuilding(this);
 }
 
 VXAbstractViewModel2::~VXAbstractViewModel2()
@@ -202,9 +203,9 @@ void VXAbstractViewModel2::send(const Query& query)
 template void VXAbstractViewModel2::send(const ViewQuery2&);
 template void VXAbstractViewModel2::send(const HeaderQuery2&);
 
-void VXAbstractViewModel2::queryHeader(const HeaderQuery2& query) { answer(query, {}); }
+void VXAbstractViewModel2::queryHeader(const HeaderQuery2& query) { answerBlank(query); }
 
-void VXAbstractViewModel2::excuse(const ViewQuery2& query)
+void VXAbstractViewModel2::answerBlank(const ViewQuery2& query)
 {
     QueryResult2 blank;
     for (const unsigned row : query.rows()) {

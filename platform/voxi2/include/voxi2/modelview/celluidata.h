@@ -53,11 +53,8 @@ public:
     };
 
     CellUIData() = default;
-    template <class Value>
-    requires(std::convertible_to<Value,
-                                 CellValue> && !std::derived_from<std::decay_t<Value>, CellUIData>)
-        CellUIData(Value&& value)
-        : m_value(std::forward<Value>(value))
+    template <std::convertible_to<CellValue> Value>
+    CellUIData(Value&& value) : m_value(std::forward<Value>(value))
     {}
 
     CellUIData& setValue(CellValue value)

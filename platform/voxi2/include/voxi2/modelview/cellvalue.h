@@ -3,6 +3,7 @@
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/any.h"
 #include "voxi_util/anytext.h"
+#include "voxi_util/color.h"
 #include "voxi_util/typeinfo.h"
 
 #include <compare>
@@ -13,8 +14,8 @@
 
 namespace VOXI {
 
-/// The value of a cell: a text of any kind, kept as a `std::wstring`, or a value of a type that
-/// `TypeInfo` knows.
+/// The value of a cell: a text of any kind, kept as a `std::wstring`, a number, a colour, or by
+/// `any` a value of any other type that `TypeInfo` knows.
 class VOXI2_EXPORT CellValue
 {
 public:
@@ -24,14 +25,10 @@ public:
     template <std::convertible_to<AnyText> Text>
     CellValue(Text&& text) : m_value(AnyText(std::forward<Text>(text)).toWide())
     {}
-    template <class Value>
-    requires(
-        !std::convertible_to<
-            Value,
-            AnyText> && !std::derived_from<Value, CellValue> && !std::same_as<Value, any> && std::copy_constructible<Value>)
-        CellValue(const Value& value)
-        : m_value(value)
+    template <class Number>
+    CellValue(Number number) requires(std::is_arithmetic_v<Number>) : m_value(number)
     {}
+    CellValue(Color color) : m_value(color) {}
 
     bool isEmpty() const noexcept { return !m_value.has_value(); }
     const any& value() const noexcept { return m_value; }

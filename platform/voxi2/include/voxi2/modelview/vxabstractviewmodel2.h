@@ -8,6 +8,7 @@
 #include "voxi2/modelview/viewquery2.h"
 #include "voxi2/modelview/vxviewmodelevents2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/vxflags.h"
 
 #include <memory>
 #include <vector>
@@ -32,6 +33,16 @@ struct VXAbstractViewModel2Emitters : TROV::EmittersTable<VXObject2Emitters>
     TROV::Event<void(const VXSizeChangeEvent2&)> sizeChanged{*this};
     TROV::Event<void(const std::vector<unsigned>&)> headerChanged{*this};
 };
+
+/// What a model does otherwise than most.
+enum class ModelTrait : unsigned {
+    None = 0,
+    QueriesUnderLock = 1, ///< queries come under the object lock, which guards the data
+    KnowsShape = 2,       ///< it overrides `shape`, and need not be remembered what it told
+    HasBuilder = 4 ///< the constructor of a derived kind of the toolkit says when it is whole
+};
+template <>
+inline constexpr bool EnableFlags<ModelTrait> = true;
 
 /// Data for tables and trees, wherever it lives: the base of an application's own models.
 ///
@@ -80,13 +91,7 @@ public:
     VXAbstractViewModel2Emitters* modelEmitters() noexcept { return &m_emitters; }
 
 protected:
-    /// Who takes care that the data stays whole while others look at it.
-    enum class DataGuard {
-        Application, ///< queries come without a lock, and the model remembers which rows there are
-        ObjectLock   ///< queries come under the object lock, and `shape` tells which rows there are
-    };
-    explicit VXAbstractViewModel2(VXObject2* parent = nullptr,
-                                  DataGuard guard = DataGuard::Application);
+    explicit VXAbstractViewModel2(VXObject2* parent = nullptr, VXFlags<ModelTrait> traits = {});
 
     /// Asks for cells; answer now or later, from any thread, by `answer`. As any handler it must
     /// not be running on another thread while the model is destroyed. If it throws, the cells are
@@ -100,6 +105,10 @@ protected:
     static void answer(const ViewQuery2& query, QueryResult2 result);
     static void answer(const HeaderQuery2& query, HeaderQueryResult2 result);
 
+    /// Answers that the cells are empty, or that sections show their numbers.
+    static void answerBlank(const ViewQuery2& query);
+    static void answerBlank(const HeaderQuery2& query) { answer(query, {}); }
+
     /// Rows and columns come, go or move.
     void changeSize(SizeChange2 change);
     void changeSize(std::vector<SizeChange2> changes);
@@ -112,8 +121,9 @@ protected:
     void clearCachedUIData();
     void clearCachedHeaderUIData();
 
-    /// Where the object lock guards the data: the changes that lead from nothing to the rows and
-    /// columns that there are. Called under the lock, for each view that begins.
+    /// The changes that lead from nothing to the rows and columns that there are, for each view
+    /// that begins; called under the object lock. What was told by `changeSize` is remembered for
+    /// it, unless the model overrides it and says so by its trait.
     virtual std::vector<SizeChange2> shape() const;
 
 private:
@@ -133,13 +143,11 @@ private:
     void send(const Query& query);
     void run(const ViewQuery2& each) { query(each); }
     void run(const HeaderQuery2& each) { queryHeader(each); }
-    static void excuse(const ViewQuery2& query);
-    static void excuse(const HeaderQuery2& query) { answer(query, {}); }
     Outbox* outbox();
     void sendOutbox();
 
     VXAbstractViewModel2Emitters m_emitters;
-    const DataGuard m_guard;
+    const VXFlags<ModelTrait> m_traits;
 
     // Guarded by the object lock.
     TROV::ThreadRef m_queryThread;
@@ -147,7 +155,7 @@ private:
     std::vector<std::shared_ptr<ViewInterest2>> m_views;
     std::unique_ptr<Outbox> m_outbox; // what the views have not learned yet
     bool m_isSending = false;
-    std::unique_ptr<ShapeLog> m_shape; // null where the object lock guards the data
+    std::unique_ptr<ShapeLog> m_shape; // null where the model knows
 };
 
 } // namespace VOXI
