@@ -127,7 +127,7 @@ void ShapeLog::add(const SizeChange2& change)
 {
     m_isCompact = false;
     m_weight += change.uids().size();
-    if (m_changes.empty() || !m_changes.back().join(change)) {
+    if (m_changes.empty() || !m_changes.back().join(change, false)) {
         m_changes.push_back(change);
         m_weight += RecordWeight;
     }

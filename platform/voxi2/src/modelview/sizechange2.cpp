@@ -4,7 +4,7 @@
 
 namespace VOXI {
 
-bool SizeChange2::join(const SizeChange2& next)
+bool SizeChange2::join(const SizeChange2& next, bool isCertain)
 {
     if (m_uids.empty() || next.m_uids.empty() || m_parent != next.m_parent)
         return false;
@@ -18,10 +18,12 @@ bool SizeChange2::join(const SizeChange2& next)
         case InsertColumnsBefore:
         case InsertRowsBefore:
             return m_kind == next.m_kind && m_anchor == next.m_anchor;
+        // If the anchor was there before, it is elsewhere.
         case InsertColumnsAfter:
-            return m_kind <= AppendColumns && m_kind >= 0 && m_uids.back() == next.m_anchor;
+            return isCertain && m_kind >= InsertColumnsAfter && m_kind <= AppendColumns
+                   && m_uids.back() == next.m_anchor;
         case InsertRowsAfter:
-            return m_kind >= InsertRowsAfter && m_kind <= AppendRows
+            return isCertain && m_kind >= InsertRowsAfter && m_kind <= AppendRows
                    && m_uids.back() == next.m_anchor;
         default:
             return false;

@@ -242,11 +242,12 @@ void VXAbstractViewModel2::answer(const HeaderQuery2& query, HeaderQueryResult2 
 void VXAbstractViewModel2::changeSize(SizeChange2 change)
 {
     const VXObjectDataLocker lock;
-    if (m_shape)
+    if (m_shape && !isStandIn())
         m_shape->add(change);
     if (Outbox* const box = outbox()) {
         std::vector<SizeChange2>& changes = box->m_sizeChanges;
-        if (changes.empty() || !changes.back().join(change))
+        const bool isCertain = m_traits.testFlag(ModelTrait::KnowsShape);
+        if (changes.empty() || !changes.back().join(change, isCertain))
             changes.push_back(std::move(change));
     }
 }

@@ -24,7 +24,7 @@ VXMemoryModel2::~VXMemoryModel2() { retire(); }
 unsigned VXMemoryModel2::insertColumn(unsigned before, CellUIData header)
 {
     const VXObjectDataLocker lock;
-    return m_data->insertColumn(before, std::move(header));
+    return isStandIn() ? 0 : m_data->insertColumn(before, std::move(header));
 }
 
 void VXMemoryModel2::removeColumn(unsigned column)
@@ -87,7 +87,7 @@ std::size_t VXMemoryModel2::rowCount() const
 unsigned VXMemoryModel2::addRow(unsigned parent, unsigned before, std::vector<CellUIData> cells)
 {
     const VXObjectDataLocker lock;
-    return m_data->add(parent, before, std::move(cells));
+    return isStandIn() ? 0 : m_data->add(parent, before, std::move(cells));
 }
 
 void VXMemoryModel2::moveRow(unsigned row, unsigned parent, unsigned before)
@@ -133,7 +133,7 @@ void VXMemoryModel2::promiseChildren(unsigned row, bool has)
 void VXMemoryModel2::setSorting(unsigned column, SortOrder order)
 {
     const VXObjectDataLocker lock;
-    if (column == 0 || m_data->hasColumn(column))
+    if (!isStandIn() && (column == 0 || m_data->hasColumn(column)))
         m_data->sort({column, order});
 }
 
@@ -146,6 +146,8 @@ SortIndicator VXMemoryModel2::sorting() const
 void VXMemoryModel2::setComparison(Comparison comparison)
 {
     const VXObjectDataLocker lock;
+    if (isStandIn())
+        return;
     m_data->m_comparison = std::move(comparison);
     if (m_data->m_sorting.column != 0)
         m_data->sort(m_data->m_sorting);
@@ -154,7 +156,8 @@ void VXMemoryModel2::setComparison(Comparison comparison)
 void VXMemoryModel2::setFilter(Filter filter)
 {
     const VXObjectDataLocker lock;
-    m_data->filter(std::move(filter));
+    if (!isStandIn())
+        m_data->filter(std::move(filter));
 }
 
 void VXMemoryModel2::setFilterText(const AnyText& text)

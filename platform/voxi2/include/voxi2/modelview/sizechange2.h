@@ -103,8 +103,9 @@ public:
     /// Of one without rows made by `hasChildren`.
     bool hasChildren() const noexcept { return m_hasChildren; }
 
-    /// Takes in the change that follows this one; false where one record cannot say both.
-    bool join(const SizeChange2& next);
+    /// Takes in the change that follows this one; false where one record cannot say both. More can
+    /// be joined when all that is inserted is certainly new.
+    bool join(const SizeChange2& next, bool isCertain);
 
 private:
     int m_kind;

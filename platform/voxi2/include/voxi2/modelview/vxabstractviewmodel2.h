@@ -126,6 +126,9 @@ protected:
     /// it, unless the model overrides it and says so by its trait.
     virtual std::vector<SizeChange2> shape() const;
 
+    /// Whether it stands for models that are gone: then it takes nothing in.
+    bool isStandIn() const noexcept { return id() == 0; }
+
 private:
     friend class ViewModelLink2;
     struct Outbox;
