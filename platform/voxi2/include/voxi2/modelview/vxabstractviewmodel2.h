@@ -48,11 +48,15 @@ inline constexpr bool EnableFlags<ModelTrait> = true;
 ///
 ///     class Readings : public VXAbstractViewModel2 {
 ///     public:
-///         Readings() { changeSize({SizeChange2::appendColumns({1, 2}),
-///         SizeChange2::appendRows(all())}); } void query(const ViewQuery2& q) override
+///         Readings()
 ///         {
-///             m_database.read(q.rows(), q.columns(), [q](QueryResult2 cells) { answer(q,
-///             std::move(cells)); });
+///             changeSize(SizeChange2::appendColumns({1, 2}));
+///             changeSize(SizeChange2::appendRows(m_database.keys()));
+///         }
+///         void query(const ViewQuery2& q) override
+///         {
+///             m_database.read(q.rows(), q.columns(),
+///                             [q](QueryResult2 cells) { answer(q, std::move(cells)); });
 ///         }
 ///     };
 ///
