@@ -1,0 +1,14 @@
+#pragma once
+
+namespace VOXI {
+
+/// What the models of this back end answer beside Qt's own roles.
+enum CellRole {
+    CellEnabledRole = 50,
+    CellReadOnlyRole = 51,
+    CellRendererRole = 52,
+    CellRendererTextRole = 53,
+    CellWidgetRole = 54
+};
+
+} // namespace VOXI
