@@ -141,8 +141,8 @@ bool RowForest::insert(Uid parent, int position, std::span<const Uid> rows)
             return false;
         }
         m_leaves[*row] = 0; // any leaf, until one takes it
+        m_greatest = std::max(m_greatest, *row);
     }
-    m_greatest = std::max(m_greatest, *std::max_element(rows.begin(), rows.end()));
     if (before == 0)
         setRoot(parent, newNode());
     auto place = static_cast<std::uint32_t>(position);
@@ -211,6 +211,8 @@ void RowForest::setHasChildren(Uid row, HasChildren answer)
 
 RowForest::Number RowForest::leafOf(Uid row) const
 {
+    if (row > m_greatest)
+        return NoNode;
     if (const std::uint32_t* entry = m_leaves.find(row))
         return *entry >> AnswerBits;
     const auto next = std::upper_bound(m_runs.begin(), m_runs.end(), row,
