@@ -12,7 +12,7 @@
 namespace VOXI {
 namespace {
 
-class MemoryModels : public WatchedTest
+class MemoryModels : public BackEndTest
 {
 protected:
     static void settle() { TROV::Thread::getCurrentThread()->process(); }

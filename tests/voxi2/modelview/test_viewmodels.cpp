@@ -46,7 +46,7 @@ public:
     bool m_throws = false;
 };
 
-class ViewModels : public WatchedTest
+class ViewModels : public BackEndTest
 {
 protected:
     ViewModels()
