@@ -2,6 +2,7 @@
 #include "../page.h"
 #include "../ui.h"
 #include "voxi2/controls/vxdial2.h"
+#include "voxi2/controls/vxlistbox2.h"
 #include "voxi2/controls/vxprogressbar2.h"
 #include "voxi2/controls/vxslider2.h"
 #include "voxi2/controls/vxspinbox2.h"
@@ -11,6 +12,28 @@ namespace gallery {
 using namespace VOXI;
 
 namespace {
+
+void addList(const Box& page, EventLog& log)
+{
+    const Box line = titledRow(page, "List box");
+    auto* list = new VXListBox2(line.panel);
+    list->setObjectName("list");
+    list->setSelectionMode(SelectionMode::Extended);
+    list->addItems(VXStringList{"Mercury", "Venus", "Earth", "Mars", "Jupiter", "Saturn"});
+    list->setCurrentRow(2);
+    list->setMaximumSize({200, 140});
+    line.layout->addWidget(list);
+    line.layout->addStretch();
+    list->selectionChanged().connect(&log, [&log](const VXListBoxSelectEvent2& event) {
+        std::string chosen = "list:";
+        for (const int row : event.rows())
+            chosen += ' ' + event.listBox()->itemAt(row);
+        log.add(chosen);
+    });
+    list->doubleClicked().connect(&log, [&log](const VXListBoxClickEvent2& event) {
+        log.add("list: double click on " + event.listBox()->itemAt(event.row()));
+    });
+}
 
 VXWidget2* create(VXObject2* parent, EventLog& log)
 {
@@ -37,7 +60,6 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     auto* bar = new VXProgressBar2(progressing.panel);
     bar->setObjectName("bar");
     progressing.layout->addWidget(bar, 1);
-    page.layout->addStretch();
 
     // What the program sets is not reported, so they follow each other without going in circles.
     const auto showEverywhere = [=](int value) {
@@ -68,6 +90,8 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
                      bar->setMaximum(i == 3 ? 0 : 99);
                      bar->setValue(spin->value());
                  });
+    addList(page, log);
+    page.layout->addStretch();
     showEverywhere(40);
     return page.panel;
 }
@@ -76,7 +100,8 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
 
 Page rangesPage()
 {
-    return {"ranges", "Ranges", "Numbers to choose, and how far something has come.", &create};
+    return {"ranges", "Ranges and lists",
+            "Numbers and texts to choose, and how far something has come.", &create};
 }
 
 } // namespace gallery
