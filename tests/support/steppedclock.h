@@ -17,7 +17,7 @@ public:
     std::unique_ptr<Timer> startTimer(std::chrono::milliseconds delay,
                                       std::function<void()> function) override
     {
-        return std::make_unique<Waiting>(*this, m_now + delay, std::move(function));
+        return std::make_unique<Waiting>(m_waiting, m_now + delay, std::move(function));
     }
 
     /// Calls what becomes due, earliest first.
@@ -25,36 +25,40 @@ public:
     {
         const std::chrono::milliseconds end = m_now + step;
         for (;;) {
-            const auto first = std::ranges::min_element(m_waiting, {}, &Waiting::m_due);
-            if (first == m_waiting.end() || (*first)->m_due > end)
+            const auto first = std::ranges::min_element(*m_waiting, {}, &Waiting::m_due);
+            if (first == m_waiting->end() || (*first)->m_due > end)
                 break;
             m_now = (*first)->m_due;
             const auto function = std::move((*first)->m_function);
-            m_waiting.erase(first);
+            m_waiting->erase(first);
             function();
         }
         m_now = end;
     }
 
 private:
+    struct Waiting;
+    /// In the order in which they were started. Timers may outlive the clock.
+    using List = std::shared_ptr<std::vector<Waiting*>>;
+
     struct Waiting : Timer
     {
-        Waiting(SteppedClock& clock, std::chrono::milliseconds due, std::function<void()> function)
-            : m_clock(clock),
+        Waiting(List list, std::chrono::milliseconds due, std::function<void()> function)
+            : m_list(std::move(list)),
               m_due(due),
               m_function(std::move(function))
         {
-            m_clock.m_waiting.push_back(this);
+            m_list->push_back(this);
         }
-        ~Waiting() override { std::erase(m_clock.m_waiting, this); }
+        ~Waiting() override { std::erase(*m_list, this); }
 
-        SteppedClock& m_clock;
+        List m_list;
         std::chrono::milliseconds m_due;
         std::function<void()> m_function;
     };
 
     std::chrono::milliseconds m_now{0};
-    std::vector<Waiting*> m_waiting; // in the order in which they were started
+    List m_waiting = std::make_shared<std::vector<Waiting*>>();
 };
 
 } // namespace VOXI
