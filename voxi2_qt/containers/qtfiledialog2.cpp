@@ -116,6 +116,11 @@ void QtFileDialog2::deferDelete()
         // Dialogs and menus of the program's own go with this one.
         if (!mayRun || !each->isVisible() || each == m_question || peerOf(each))
             continue;
+        // Nothing waits for those, as the menu of a line edit, and hidden they would stay.
+        if (each->testAttribute(Qt::WA_DeleteOnClose)) {
+            each->close();
+            continue;
+        }
         isRunning = true;
         connect(each, &QObject::destroyed, this, &QObject::deleteLater);
         each->hide(); // which ends its loop

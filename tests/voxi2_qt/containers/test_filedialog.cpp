@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
@@ -17,6 +18,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 namespace VOXI {
 namespace {
@@ -322,6 +324,19 @@ TEST_F(FileDialog, mayBeDestroyedWhileItAsks)
     Q_EMIT list->customContextMenuRequested(QPoint(1, 1));
     runDeletions();
     EXPECT_TRUE(dialog.isNull());
+}
+
+/// Nobody would wait for it, and hidden it would keep the dialog for ever.
+TEST_F(FileDialog, goesWithTheMenuOfItsEdit)
+{
+    m_dialog->show();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(50, 50));
+    QCoreApplication::sendEvent(qtDialog()->findChild<QLineEdit*>(), &event);
+    const QPointer<QWidget> menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu);
+    const QPointer<QFileDialog> dialog = qtDialog();
+    delete std::exchange(m_dialog, nullptr);
+    EXPECT_TRUE(waitFor([&] { return !dialog && !menu; }));
 }
 
 TEST_F(FileDialog, oneCallAsksAndAnswers)
