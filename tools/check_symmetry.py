@@ -49,6 +49,7 @@ BASES = {
     "abstractwindow2",
     "abstractdialog2",
     "abstractbutton2",
+    "range2",
 }
 
 # Where a peer's functions stand: what it is asked, what Qt tells it, and the rest.

@@ -14,12 +14,6 @@ using Ticks = VXSlider2::eTickPosition; // Qt has one of its name
 
 // clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setValue, &P::doSetValue>(),
-    TROV::row<&E::getValue, &P::doGetValue>(),
-    TROV::row<&E::setRange, &P::doSetRange>(),
-    TROV::row<&E::getRange, &P::doGetRange>(),
-    TROV::row<&E::setSingleStep, &P::doSetSingleStep>(),
-    TROV::row<&E::getSingleStep, &P::doGetSingleStep>(),
     TROV::row<&E::setPageStep, &P::doSetPageStep>(),
     TROV::row<&E::getPageStep, &P::doGetPageStep>(),
     TROV::row<&E::setOrientation, &P::doSetOrientation>(),

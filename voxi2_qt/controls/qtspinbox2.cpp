@@ -17,12 +17,6 @@ using P = QtSpinBox2;
 
 // clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setValue, &P::doSetValue>(),
-    TROV::row<&E::getValue, &P::doGetValue>(),
-    TROV::row<&E::setRange, &P::doSetRange>(),
-    TROV::row<&E::getRange, &P::doGetRange>(),
-    TROV::row<&E::setSingleStep, &P::doSetSingleStep>(),
-    TROV::row<&E::getSingleStep, &P::doGetSingleStep>(),
     TROV::row<&E::setEditable, &P::doSetEditable>(),
     TROV::row<&E::isEditable, &P::doIsEditable>(),
     TROV::row<&E::stepBy, &P::doStepBy>(),

@@ -175,7 +175,7 @@ Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
         addDialog(made);
     if constexpr (std::derived_from<Object, VXLayout2>)
         addLayout(made);
-    if constexpr (requires(const Object& object) { object.singleStep(); })
+    if constexpr (std::derived_from<Object, VXRange2>)
         addRange<Object>(made);
     return made;
 }

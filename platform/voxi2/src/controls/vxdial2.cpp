@@ -2,19 +2,13 @@
 
 namespace VOXI {
 
-VXDial2::VXDial2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+VXDial2::VXDial2(VXObject2* parent) : VXRange2(parent), m_emitters(VXRange2::m_emitters)
 {
     createPeer(&VXFactory2::createDial2, this, &m_emitters, parent);
 }
 
 VXDial2::~VXDial2() { retire(); }
 
-void VXDial2::setValue(int value) { m_emitters.setValue(value); }
-int VXDial2::value() const { return m_emitters.getValue(); }
-void VXDial2::setRange(const VXPoint<int>& range) { m_emitters.setRange(range); }
-VXPoint<int> VXDial2::range() const { return m_emitters.getRange(); }
-void VXDial2::setSingleStep(int step) { m_emitters.setSingleStep(step); }
-int VXDial2::singleStep() const { return m_emitters.getSingleStep(); }
 void VXDial2::setPageStep(int step) { m_emitters.setPageStep(step); }
 int VXDial2::pageStep() const { return m_emitters.getPageStep(); }
 void VXDial2::setNotchVisible(bool visible) { m_emitters.setNotchVisible(visible); }

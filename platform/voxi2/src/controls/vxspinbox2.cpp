@@ -2,19 +2,13 @@
 
 namespace VOXI {
 
-VXSpinBox2::VXSpinBox2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
+VXSpinBox2::VXSpinBox2(VXObject2* parent) : VXRange2(parent), m_emitters(VXRange2::m_emitters)
 {
     createPeer(&VXFactory2::createSpinBox2, this, &m_emitters, parent);
 }
 
 VXSpinBox2::~VXSpinBox2() { retire(); }
 
-void VXSpinBox2::setValue(int value) { m_emitters.setValue(value); }
-int VXSpinBox2::value() const { return m_emitters.getValue(); }
-void VXSpinBox2::setRange(const VXPoint<int>& range) { m_emitters.setRange(range); }
-VXPoint<int> VXSpinBox2::range() const { return m_emitters.getRange(); }
-void VXSpinBox2::setSingleStep(int step) { m_emitters.setSingleStep(step); }
-int VXSpinBox2::singleStep() const { return m_emitters.getSingleStep(); }
 void VXSpinBox2::setEditable(bool editable) { m_emitters.setEditable(editable); }
 bool VXSpinBox2::isEditable() const { return m_emitters.isEditable(); }
 void VXSpinBox2::stepBy(int steps) { m_emitters.stepBy(steps); }

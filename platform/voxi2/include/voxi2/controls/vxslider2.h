@@ -1,23 +1,17 @@
 #pragma once
 
 #include "voxi2/controls/tickposition.h"
+#include "voxi2/controls/vxrange2.h"
 #include "voxi2/controls/vxrangeevents2.h"
 #include "voxi2/kernel/direction.h"
-#include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
 
 namespace VOXI {
 
-struct VXSlider2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+struct VXSlider2Emitters : TROV::EmittersTable<VXRange2Emitters>
 {
     using EmittersTable::EmittersTable;
 
-    TROV::Request<void(int)> setValue{*this};
-    TROV::Request<int()> getValue{*this};
-    TROV::Request<void(VXPoint<int>)> setRange{*this};
-    TROV::Request<VXPoint<int>()> getRange{*this};
-    TROV::Request<void(int)> setSingleStep{*this};
-    TROV::Request<int()> getSingleStep{*this};
     TROV::Request<void(int)> setPageStep{*this};
     TROV::Request<int()> getPageStep{*this};
     TROV::Request<void(Orientation)> setOrientation{*this};
@@ -32,9 +26,7 @@ struct VXSlider2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 };
 
 /// A handle that the user moves along a line to choose a number.
-///
-/// Values beyond the range stand for its nearest end.
-class VOXI2_EXPORT VXSlider2 : public VXWidget2
+class VOXI2_EXPORT VXSlider2 : public VXRange2
 {
 public:
     using ToolkitClass = VXSlider2;
@@ -42,19 +34,6 @@ public:
 
     explicit VXSlider2(VXObject2* parent = nullptr);
     ~VXSlider2() override;
-
-    /// Where the handle stands. 0 at first.
-    void setValue(int value);
-    int value() const;
-
-    /// x is the least value and y the greatest; one below the least stands for that. 0 and 99 at
-    /// first.
-    void setRange(const VXPoint<int>& range);
-    VXPoint<int> range() const;
-
-    /// How far one step goes, by an arrow key for example; 1 at first.
-    void setSingleStep(int step);
-    int singleStep() const;
 
     /// How far Page Up and Page Down go; 10 at first.
     void setPageStep(int step);

@@ -1,21 +1,15 @@
 #pragma once
 
+#include "voxi2/controls/vxrange2.h"
 #include "voxi2/controls/vxrangeevents2.h"
-#include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
 
 namespace VOXI {
 
-struct VXSpinBox2Emitters : TROV::EmittersTable<VXWidget2Emitters>
+struct VXSpinBox2Emitters : TROV::EmittersTable<VXRange2Emitters>
 {
     using EmittersTable::EmittersTable;
 
-    TROV::Request<void(int)> setValue{*this};
-    TROV::Request<int()> getValue{*this};
-    TROV::Request<void(VXPoint<int>)> setRange{*this};
-    TROV::Request<VXPoint<int>()> getRange{*this};
-    TROV::Request<void(int)> setSingleStep{*this};
-    TROV::Request<int()> getSingleStep{*this};
     TROV::Request<void(bool)> setEditable{*this};
     TROV::Request<bool()> isEditable{*this};
     TROV::Request<void(int)> stepBy{*this};
@@ -40,29 +34,15 @@ struct VXSpinBox2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Event<void(const VXSpinBoxTextChangeEvent2&)> textChanged{*this};
 };
 
-/// A field for a number that the user types or steps through.
-///
-/// Values beyond the range stand for its nearest end.
-class VOXI2_EXPORT VXSpinBox2 : public VXWidget2
+/// A field for a number that the user types or steps through. Setting the value takes away what is
+/// typed and not committed.
+class VOXI2_EXPORT VXSpinBox2 : public VXRange2
 {
 public:
     using ToolkitClass = VXSpinBox2;
 
     explicit VXSpinBox2(VXObject2* parent = nullptr);
     ~VXSpinBox2() override;
-
-    /// Takes away what is typed and not committed. 0 at first.
-    void setValue(int value);
-    int value() const;
-
-    /// x is the least value and y the greatest; one below the least stands for that. 0 and 99 at
-    /// first.
-    void setRange(const VXPoint<int>& range);
-    VXPoint<int> range() const;
-
-    /// How far one step goes, by an arrow key for example; 1 at first.
-    void setSingleStep(int step);
-    int singleStep() const;
 
     /// Whether the user may type; steps are possible in any case. Editable at first.
     void setEditable(bool editable);

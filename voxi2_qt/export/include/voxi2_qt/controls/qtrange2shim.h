@@ -1,36 +1,36 @@
 #pragma once
 
+#include "voxi2_qt/controls/qtrange2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 
 namespace VOXI {
 
-/// What the peers of slider, dial and spin box are asked alike. The Qt classes have no base in
-/// common that has it.
+/// Joins `QtRange2` with a Qt class that has a value, a range and a single step.
 template <class Object, class Emitters, class Q>
-class QtRange2Shim : public QtWidget2Shim<Object, Emitters, QtWidget2, Q>
+class QtRange2Shim : public QtWidget2Shim<Object, Emitters, QtRange2, Q>
 {
 public:
-    virtual void doSetValue(int value)
+    void doSetValue(int value) override
     {
         const QtSignalBlocker blocker(this);
         this->setValue(value);
     }
-    virtual int doGetValue() { return this->value(); }
+    int doGetValue() override { return this->value(); }
 
-    virtual void doSetRange(VXPoint<int> range)
+    void doSetRange(VXPoint<int> range) override
     {
         const QtSignalBlocker blocker(this);
         this->setRange(range.x, range.y);
     }
-    virtual VXPoint<int> doGetRange() { return {this->minimum(), this->maximum()}; }
+    VXPoint<int> doGetRange() override { return {this->minimum(), this->maximum()}; }
 
-    virtual void doSetSingleStep(int step) { this->setSingleStep(step); }
-    virtual int doGetSingleStep() { return this->singleStep(); }
+    void doSetSingleStep(int step) override { this->setSingleStep(step); }
+    int doGetSingleStep() override { return this->singleStep(); }
 
 protected:
-    using QtWidget2Shim<Object, Emitters, QtWidget2, Q>::QtWidget2Shim;
+    using QtWidget2Shim<Object, Emitters, QtRange2, Q>::QtWidget2Shim;
 };
 
 } // namespace VOXI
