@@ -211,7 +211,9 @@ public:
     /// What is so once all has settled, if nobody else is at work.
     void expectOrder()
     {
-        for (const QPointer<QWidget> window : QApplication::topLevelWidgets()) {
+        const QWidgetList all = QApplication::topLevelWidgets();
+        // Showing one may be the end of another.
+        for (const auto& window : QList<QPointer<QWidget>>(all.begin(), all.end())) {
             if (!window || !peerOf(window) || window->windowType() == Qt::Popup)
                 continue;
             window->show();
