@@ -148,6 +148,16 @@ void addLayout(Kind& kind)
         .has("spacing", &L::setSpacing, &L::spacing, 7);
 }
 
+/// Takes anything, whatever it was set to.
+VXEdit2& loosened(VXEdit2& edit)
+{
+    edit.setReadOnly(false);
+    edit.setInputMask(L"");
+    edit.setValidator({});
+    edit.setMaximumLength(-1);
+    return edit;
+}
+
 template <class Object, class Q, auto Request>
 Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
 {
@@ -301,6 +311,7 @@ std::vector<Kind> controlKinds()
     using Button = VXButton2;
     using Label = VXText2;
     using Dial = VXDial2;
+    using Edit = VXEdit2;
     using List = VXListBox2;
     using Menu = VXMenu2;
     using Progress = VXProgressBar2;
@@ -316,6 +327,30 @@ std::vector<Kind> controlKinds()
             .has("pageStep", &Dial::setPageStep, &Dial::pageStep, 20)
             .has("notchVisible", &Dial::setNotchVisible, &Dial::isNotchVisible, true)
             .has("wrapping", &Dial::setWrapping, &Dial::isWrapping, true),
+        kind<Edit, QLineEdit, &F::createEdit2>("Edit", QAccessible::EditableText)
+            .has("text", &Edit::setText, &Edit::textU, L"text")
+            .has("placeholder", &Edit::setPlaceholder, &Edit::placeholderU, L"your name")
+            .has("readOnly", &Edit::setReadOnly, &Edit::isReadOnly, true)
+            .has("echo", &Edit::setEcho, &Edit::echo, TextEcho::Password)
+            .has("alignment", &Edit::setAlignment, &Edit::alignment,
+                 AlignmentFlag::Right | AlignmentFlag::Bottom)
+            .has("flat", &Edit::setFlat, &Edit::isFlat, true)
+            .has("clearButtonVisible", &Edit::setClearButtonVisible, &Edit::isClearButtonVisible,
+                 true)
+            .has("maximumLength", &Edit::setMaximumLength, &Edit::maximumLength, 3)
+            .has("inputMask", &Edit::setInputMask, &Edit::inputMask, L"99.99")
+            .has("validator", &Edit::setValidator, &Edit::validator, TextValidator::integer(1, 9))
+            .has("completion", &Edit::setCompletion, &Edit::completion,
+                 TextCompletion{{L"a", L"b"}, true, true})
+            .reports("textEdited", &Edit::textEdited,
+                     [](Edit& e) { loosened(e).imitateTyping("x"); })
+            .reports("returnPressed", &Edit::returnPressed,
+                     [](Edit& e) { loosened(e).imitateReturn(); })
+            .reports("editingFinished", &Edit::editingFinished,
+                     [](Edit& e) { loosened(e).imitateReturn(); })
+            .reports("cursorMoved", &Edit::cursorMoved,
+                     [](Edit& e) { loosened(e).imitateTyping("x"); })
+            .reports("selectionChanged", &Edit::selectionChanged),
         kind<List, QListWidget, &F::createListBox2>("ListBox", QAccessible::List)
             .has("selectionMode", &List::setSelectionMode, &List::selectionMode,
                  SelectionMode::Extended)
