@@ -26,6 +26,7 @@ const std::vector<Page>& pages();
 // One function for each file under pages/.
 Page countingPage();
 Page buttonsPage();
+Page formsPage();
 Page rangesPage();
 Page eventsPage();
 Page dragDropPage();

@@ -1,6 +1,7 @@
 #include "ui.h"
 
 #include <utility>
+#include <vector>
 
 namespace gallery {
 
@@ -26,6 +27,20 @@ void addTitle(const Box& line, const std::string& title)
 }
 
 } // namespace
+
+Icon icon(const Dots& dots, std::uint32_t rgba)
+{
+    constexpr int Zoom = 4;
+    constexpr int Side = 8 * Zoom;
+    std::vector<std::uint32_t> pixels;
+    for (int y = 0; y < Side; ++y) {
+        for (int x = 0; x < Side; ++x) {
+            const bool isSet = dots[static_cast<std::size_t>(y / Zoom)] >> (7 - x / Zoom) & 1;
+            pixels.push_back(isSet ? rgba : 0);
+        }
+    }
+    return Icon::fromPixmap(Pixmap(Side, Side, std::move(pixels)));
+}
 
 Box row(const Box& outer, int spacing)
 {

@@ -5,7 +5,10 @@
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi_util/color.h"
+#include "voxi_util/icon.h"
 
+#include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -19,6 +22,10 @@ inline constexpr VOXI::Color PadColor{214, 228, 244};
 inline constexpr VOXI::Color InkColor{32, 36, 44};
 inline constexpr VOXI::Color GoodColor{36, 150, 72};
 inline constexpr VOXI::Color BadColor{200, 48, 48};
+
+/// Eight rows of eight dots each, drawn four times as large.
+using Dots = std::array<std::uint8_t, 8>;
+VOXI::Icon icon(const Dots& dots, std::uint32_t rgba = 0x20242cff);
 
 /// A layout without margins, and the panel that its widgets are in.
 struct Box

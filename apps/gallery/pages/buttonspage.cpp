@@ -8,8 +8,6 @@
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxactiongroup2.h"
 
-#include <array>
-
 namespace gallery {
 
 using namespace VOXI;
@@ -18,9 +16,6 @@ namespace {
 
 // Icons -------------------------------------------------------------------------------------------
 
-/// Eight rows of eight dots each, drawn four times as large.
-using Dots = std::array<unsigned char, 8>;
-
 constexpr Dots BoldDots{0xfc, 0x66, 0x66, 0x7c, 0x66, 0x66, 0xfc, 0x00};
 constexpr Dots ItalicDots{0x1e, 0x0c, 0x0c, 0x18, 0x18, 0x30, 0x78, 0x00};
 constexpr Dots UnderlineDots{0x66, 0x66, 0x66, 0x66, 0x66, 0x3c, 0x00, 0xff};
@@ -28,20 +23,6 @@ constexpr Dots LeftDots{0xff, 0x00, 0xf0, 0x00, 0xfe, 0x00, 0xf8, 0x00};
 constexpr Dots CentreDots{0xff, 0x00, 0x3c, 0x00, 0x7e, 0x00, 0x18, 0x00};
 constexpr Dots RightDots{0xff, 0x00, 0x0f, 0x00, 0x7f, 0x00, 0x1f, 0x00};
 constexpr Dots FolderDots{0x00, 0x70, 0xff, 0x81, 0x81, 0x81, 0xff, 0x00};
-
-Icon icon(const Dots& dots, std::uint32_t rgba = 0x20242cff)
-{
-    constexpr int Zoom = 4;
-    constexpr int Side = 8 * Zoom;
-    std::vector<std::uint32_t> pixels;
-    for (int y = 0; y < Side; ++y) {
-        for (int x = 0; x < Side; ++x) {
-            const bool isSet = dots[static_cast<std::size_t>(y / Zoom)] >> (7 - x / Zoom) & 1;
-            pixels.push_back(isSet ? rgba : 0);
-        }
-    }
-    return Icon::fromPixmap(Pixmap(Side, Side, std::move(pixels)));
-}
 
 // Rows of the page --------------------------------------------------------------------------------
 
