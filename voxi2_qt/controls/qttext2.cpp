@@ -24,7 +24,9 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getWordWrap, &P::doGetWordWrap>(),
     TROV::row<&E::getBuddy, &P::doGetBuddy>(),
     TROV::row<&E::isSelectable, &P::doIsSelectable>(),
-    TROV::row<&E::isRichText, &P::doIsRichText>());
+    TROV::row<&E::isRichText, &P::doIsRichText>(),
+    TROV::row<&E::setElideMode, &P::doSetElideMode>(),
+    TROV::row<&E::getElideMode, &P::doGetElideMode>());
 // clang-format on
 
 } // namespace
@@ -37,8 +39,8 @@ QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
 
 // Requests ----------------------------------------------------------------------------------------
 
-void QtText2::doSetText(const std::string& text) { setText(toQString(text)); }
-void QtText2::doSetTextU(const std::wstring& text) { setText(toQString(text)); }
+void QtText2::doSetText(const std::string& text) { show(toQString(text)); }
+void QtText2::doSetTextU(const std::wstring& text) { show(toQString(text)); }
 void QtText2::doSetAlignment(Alignment alignment) { setAlignment(VX2Qt(alignment)); }
 void QtText2::doSetWordWrap(bool wrap) { setWordWrap(wrap); }
 
@@ -50,13 +52,14 @@ void QtText2::doSetBuddy(VXWidget2* buddy)
         withWidgetOf(buddy, [this](QWidget* widget) { setBuddy(widget); });
 }
 
-void QtText2::doSetSelectable(bool selectable)
+void QtText2::doSetSelectable(bool selectable) { chooseInteraction(selectable); }
+
+void QtText2::doSetRichText(bool rich)
 {
-    setTextInteractionFlags(selectable ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
-                                       : Qt::TextInteractionFlags(Qt::LinksAccessibleByMouse));
+    setTextFormat(rich ? Qt::RichText : Qt::PlainText);
+    chooseInteraction(doIsSelectable());
 }
 
-void QtText2::doSetRichText(bool rich) { setTextFormat(rich ? Qt::RichText : Qt::PlainText); }
 std::string QtText2::doGetText() { return toStdString(text()); }
 std::wstring QtText2::doGetTextU() { return toStdWString(text()); }
 Alignment QtText2::doGetAlignment() { return Qt2VX(alignment()); }
@@ -69,5 +72,40 @@ bool QtText2::doIsSelectable()
 }
 
 bool QtText2::doIsRichText() { return textFormat() == Qt::RichText; }
+void QtText2::doSetElideMode(TextElideMode mode) { setElideMode(VX2Qt(mode)); }
+TextElideMode QtText2::doGetElideMode() { return Qt2VX(elideMode()); }
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtText2::connectSignals()
+{
+    connect(this, &QLabel::linkActivated, this, &QtText2::slotLinkActivated);
+}
+
+void QtText2::slotLinkActivated(const QString& target)
+{
+    report(&E::linkActivated, toStdWString(target));
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtText2::show(const QString& text)
+{
+    setText(text);
+    if (doIsRichText())
+        chooseInteraction(doIsSelectable());
+}
+
+/// Only a text that has links is a stop for the Tab key.
+void QtText2::chooseInteraction(bool isSelectable)
+{
+    Qt::TextInteractionFlags flags = Qt::LinksAccessibleByMouse;
+    if (doIsRichText() && text().contains(QLatin1String("<a "), Qt::CaseInsensitive))
+        flags |= Qt::LinksAccessibleByKeyboard;
+    if (isSelectable)
+        flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    if (flags != textInteractionFlags())
+        setTextInteractionFlags(flags);
+}
 
 } // namespace VOXI

@@ -394,7 +394,9 @@ std::vector<Kind> controlKinds()
             .has("wordWrap", &Label::setWordWrap, &Label::wordWrap, true)
             .has("selectable", &Label::setSelectable, &Label::isSelectable, true)
             .has("richText", &Label::setRichText, &Label::isRichText, true)
-            .refersTo("buddy", &Label::setBuddy, &Label::buddy),
+            .has("elideMode", &Label::setElideMode, &Label::elideMode, TextElideMode::Middle)
+            .refersTo("buddy", &Label::setBuddy, &Label::buddy)
+            .reports("linkActivated", &Label::linkActivated),
         kind<Bar, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar)
             .has("label", &Bar::setLabel, &Bar::labelU, L"label")
             .has("orientation", &Bar::setOrientation, &Bar::orientation, Orientation::Vertical)

@@ -26,5 +26,7 @@ void VXText2::setSelectable(bool selectable) { m_emitters.setSelectable(selectab
 bool VXText2::isSelectable() const { return m_emitters.isSelectable(); }
 void VXText2::setRichText(bool rich) { m_emitters.setRichText(rich); }
 bool VXText2::isRichText() const { return m_emitters.isRichText(); }
+void VXText2::setElideMode(TextElideMode mode) { m_emitters.setElideMode(mode); }
+TextElideMode VXText2::elideMode() const { return m_emitters.getElideMode(); }
 
 } // namespace VOXI

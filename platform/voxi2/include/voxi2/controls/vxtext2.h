@@ -1,6 +1,8 @@
 #pragma once
 
+#include "voxi2/controls/vxtextevents2.h"
 #include "voxi2/kernel/alignment.h"
+#include "voxi2/kernel/itemview.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
@@ -27,7 +29,11 @@ struct VXText2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<VXWidget2*()> getBuddy{*this};
     TROV::Request<bool()> isSelectable{*this};
     TROV::Request<bool()> isRichText{*this};
+    TROV::Request<void(TextElideMode)> setElideMode{*this};
+    TROV::Request<TextElideMode()> getElideMode{*this};
     TROV::RequestsEnd requestsEnd{*this};
+
+    TROV::Event<void(const VXTextLinkEvent2&)> linkActivated{*this};
 };
 
 /// A text that the user reads but does not edit.
@@ -62,6 +68,19 @@ public:
     /// elsewhere is shown as it is.
     void setRichText(bool rich);
     bool isRichText() const;
+
+    /// Where a text that has no room is shortened; none at first. Only a plain one that is neither
+    /// wrapped nor selectable is: then the label may be made narrower than its text.
+    void setElideMode(TextElideMode mode);
+    TextElideMode elideMode() const;
+
+    // Events
+
+    /// The user has clicked a link of a rich text, or pressed Return on it.
+    TROV::Signal<void(const VXTextLinkEvent2&)> linkActivated() const
+    {
+        return m_emitters.linkActivated.signal();
+    }
 
 private:
     VXText2Emitters m_emitters;

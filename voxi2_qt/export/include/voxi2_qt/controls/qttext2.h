@@ -1,15 +1,15 @@
 #pragma once
 
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2_qt/controls/qtelidinglabel.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
-
-#include <QLabel>
 
 namespace VOXI {
 
 /// The peer of the text label.
-class VOXI2_QT_EXPORT QtText2 : public QtWidget2Shim<VXText2, VXText2Emitters, QtWidget2, QLabel>
+class VOXI2_QT_EXPORT QtText2
+    : public QtWidget2Shim<VXText2, VXText2Emitters, QtWidget2, QtElidingLabel>
 {
     Q_OBJECT
 
@@ -31,6 +31,18 @@ public:
     virtual VXWidget2* doGetBuddy();
     virtual bool doIsSelectable();
     virtual bool doIsRichText();
+    virtual void doSetElideMode(TextElideMode mode);
+    virtual TextElideMode doGetElideMode();
+
+protected:
+    void connectSignals() override;
+
+private Q_SLOTS:
+    void slotLinkActivated(const QString& target);
+
+private:
+    void show(const QString& text);
+    void chooseInteraction(bool isSelectable);
 };
 
 } // namespace VOXI

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QLabel>
+
+namespace VOXI {
+
+/// A label that can shorten its text to the room it has, where that is plain, on lines of its own
+/// and not to be selected.
+class VOXI2_QT_EXPORT QtElidingLabel : public QLabel
+{
+public:
+    void setElideMode(Qt::TextElideMode mode);
+    Qt::TextElideMode elideMode() const { return m_elideMode; }
+
+    /// No wider than a shortened text can be.
+    QSize minimumSizeHint() const override;
+
+protected:
+    using QLabel::QLabel;
+
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool mayElide() const;
+    /// Of its lines each is as wide as `width` or less.
+    QString elided(int width) const;
+
+    Qt::TextElideMode m_elideMode = Qt::ElideNone;
+};
+
+} // namespace VOXI
