@@ -20,6 +20,7 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/controls/qtbutton2.h"
 #include "voxi2_qt/controls/qtcheckbox2.h"
+#include "voxi2_qt/controls/qtcombobox2.h"
 #include "voxi2_qt/controls/qtdial2.h"
 #include "voxi2_qt/controls/qtedit2.h"
 #include "voxi2_qt/controls/qtlistbox2.h"
@@ -83,6 +84,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtBoxLayout2>(factory.createBoxLayout2);
     serve<QtButton2>(factory.createButton2);
     serve<QtCheckBox2>(factory.createCheckBox2);
+    serve<QtComboBox2>(factory.createComboBox2);
     serve<QtSpinBox2>(factory.createSpinBox2);
     serve<QtDialog2>(factory.createDialog2);
     serve<QtFileDialog2>(factory.createFileDialog2);

@@ -2,6 +2,7 @@
 #include "../page.h"
 #include "../ui.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxaction2.h"
@@ -101,6 +102,20 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
 {
     const Box page = column(parent, 10);
     page.layout->addWidget(new SignUp(page.panel, log));
+
+    const Box choice = titledRow(page, "News");
+    auto* news = new VXComboBox2(choice.panel);
+    news->setObjectName("news");
+    news->addItems({{L"Every day", 1},
+                    {L"Once a week", 7},
+                    {.text = L"At once (not yet)", .isEnabled = false}});
+    news->addSeparator();
+    news->addItem("Never");
+    news->currentChanged().connect(&log, [&log](const VXComboBoxSelectEvent2& event) {
+        log.add("news: " + event.comboBox()->currentText());
+    });
+    choice.layout->addWidget(news);
+    choice.layout->addStretch();
 
     const Box mask = titledRow(page, "A date");
     auto* date = new VXEdit2("2026-11-22", mask.panel);

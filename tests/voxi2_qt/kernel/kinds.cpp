@@ -309,6 +309,7 @@ std::vector<Kind> controlKinds()
 {
     using Bar = VXToolBar2;
     using Button = VXButton2;
+    using Combo = VXComboBox2;
     using Label = VXText2;
     using Dial = VXDial2;
     using Edit = VXEdit2;
@@ -323,6 +324,22 @@ std::vector<Kind> controlKinds()
             .has("default", &Button::setDefault, &Button::isDefault, true)
             .has("flat", &Button::setFlat, &Button::isFlat, true),
         kind<VXCheckBox2, QCheckBox, &F::createCheckBox2>("CheckBox", QAccessible::CheckBox),
+        kind<Combo, QComboBox, &F::createComboBox2>("ComboBox", QAccessible::ComboBox)
+            .has("placeholder", &Combo::setPlaceholder, &Combo::placeholder, L"choose")
+            .has("editable", &Combo::setEditable, &Combo::isEditable, true)
+            .has("insertPolicy", &Combo::setInsertPolicy, &Combo::insertPolicy,
+                 ComboInsertPolicy::AtTop)
+            .has("maximumVisibleItems", &Combo::setMaximumVisibleItems, &Combo::maximumVisibleItems,
+                 3)
+            .has("minimumCharacters", &Combo::setMinimumCharacters, &Combo::minimumCharacters, 4)
+            .has("currentText", &Combo::setCurrentText, &Combo::currentTextU, L"text")
+            .reports("currentChanged", &Combo::currentChanged,
+                     [](Combo& combo) {
+                         combo.clear();
+                         combo.addItems({{L"a"}, {L"b"}});
+                         combo.imitateChoice(1);
+                     })
+            .reports("textEdited", &Combo::textEdited),
         kind<Dial, QDial, &F::createDial2>("Dial", QAccessible::Dial)
             .has("pageStep", &Dial::setPageStep, &Dial::pageStep, 20)
             .has("notchVisible", &Dial::setNotchVisible, &Dial::isNotchVisible, true)

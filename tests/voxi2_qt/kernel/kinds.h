@@ -19,6 +19,7 @@
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxcheckbox2.h"
+#include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxdial2.h"
 #include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxlistbox2.h"

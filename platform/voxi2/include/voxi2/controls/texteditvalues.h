@@ -31,8 +31,8 @@ struct TextRange
 /// What a line edit suggests while its user types.
 struct TextCompletion
 {
-    std::vector<std::wstring> texts; ///< in the order in which they are suggested
-    bool anywhere = false;           ///< also those that have what was typed inside
+    std::vector<std::wstring> texts{}; ///< in the order in which they are suggested
+    bool anywhere = false;             ///< also those that have what was typed inside
     bool caseSensitive = false;
 
     friend bool operator==(const TextCompletion&, const TextCompletion&) = default;

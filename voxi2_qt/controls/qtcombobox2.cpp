@@ -1,0 +1,223 @@
+#include "voxi2_qt/controls/qtcombobox2.h"
+
+#include "voxi2_qt/kernel/qtasuser.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+
+#include <QStandardItemModel>
+
+#include <algorithm>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXComboBox2Emitters;
+using P = QtComboBox2;
+
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::insertItems, &P::doInsertItems>(),
+    TROV::row<&E::insertSeparator, &P::doInsertSeparator>(),
+    TROV::row<&E::setItem, &P::doSetItem>(),
+    TROV::row<&E::getItem, &P::doGetItem>(),
+    TROV::row<&E::removeItem, &P::doRemoveItem>(),
+    TROV::row<&E::clear, &P::doClear>(),
+    TROV::row<&E::count, &P::doCount>(),
+    TROV::row<&E::findUid, &P::doFindUid>(),
+    TROV::row<&E::findText, &P::doFindText>(),
+    TROV::row<&E::setCurrentIndex, &P::doSetCurrentIndex>(),
+    TROV::row<&E::getCurrentIndex, &P::doGetCurrentIndex>(),
+    TROV::row<&E::setCurrentUid, &P::doSetCurrentUid>(),
+    TROV::row<&E::getCurrentUid, &P::doGetCurrentUid>(),
+    TROV::row<&E::setCurrentText, &P::doSetCurrentText>(),
+    TROV::row<&E::getCurrentText, &P::doGetCurrentText>(),
+    asUserRow<&E::choose, &P::doimChoose>(),
+    TROV::row<&E::setPlaceholder, &P::doSetPlaceholder>(),
+    TROV::row<&E::getPlaceholder, &P::doGetPlaceholder>(),
+    TROV::row<&E::setEditable, &P::doSetEditable>(),
+    TROV::row<&E::isEditable, &P::doIsEditable>(),
+    TROV::row<&E::setInsertPolicy, &P::doSetInsertPolicy>(),
+    TROV::row<&E::getInsertPolicy, &P::doGetInsertPolicy>(),
+    TROV::row<&E::setMaximumVisibleItems, &P::doSetMaximumVisibleItems>(),
+    TROV::row<&E::getMaximumVisibleItems, &P::doGetMaximumVisibleItems>(),
+    TROV::row<&E::setMinimumCharacters, &P::doSetMinimumCharacters>(),
+    TROV::row<&E::getMinimumCharacters, &P::doGetMinimumCharacters>());
+// clang-format on
+
+constexpr int UidRole = Qt::UserRole;
+constexpr int IconRole = Qt::UserRole + 1; ///< as the program has set it
+
+void fill(QStandardItem& item, const ComboItem& data)
+{
+    item.setText(toQString(data.text));
+    item.setEnabled(data.isEnabled);
+    // Most items have none of these, and each is an entry of its own.
+    const auto setOrForget = [&item](int role, bool isThere, const QVariant& value) {
+        if (isThere || item.data(role).isValid())
+            item.setData(isThere ? value : QVariant(), role);
+    };
+    setOrForget(UidRole, data.uid != 0, data.uid);
+    setOrForget(Qt::ToolTipRole, !data.toolTip.empty(), toQString(data.toolTip));
+    if (!data.icon.isNull() || item.data(IconRole).isValid()) {
+        item.setIcon(VX2Qt(data.icon));
+        setOrForget(IconRole, !data.icon.isNull(), QVariant::fromValue(data.icon));
+    }
+}
+
+} // namespace
+
+QtComboBox2::QtComboBox2(VXComboBox2* object, VXComboBox2Emitters* emitters, QWidget* parent)
+    : QtWidget2Shim(object, emitters, s_requests, parent)
+{}
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
+{
+    const QtProgramScope scope;
+    QList<QStandardItem*> made;
+    made.reserve(static_cast<qsizetype>(items.size()));
+    for (const ComboItem& item : items) {
+        made.push_back(new QStandardItem);
+        fill(*made.back(), item);
+    }
+    if (!made.isEmpty())
+        this->items().invisibleRootItem()->insertRows(itemAt(index) ? index : count(), made);
+}
+
+void QtComboBox2::doInsertSeparator(int index)
+{
+    const QtProgramScope scope;
+    insertSeparator(itemAt(index) ? index : count());
+}
+
+void QtComboBox2::doSetItem(int index, const ComboItem& item)
+{
+    const QtProgramScope scope;
+    if (QStandardItem* const at = itemAt(index))
+        fill(*at, item);
+}
+
+ComboItem QtComboBox2::doGetItem(int index)
+{
+    const QStandardItem* const at = itemAt(index);
+    if (!at)
+        return {};
+    return {toStdWString(at->text()), at->data(UidRole).toUInt(), at->data(IconRole).value<Icon>(),
+            toStdWString(at->toolTip()), at->isEnabled()};
+}
+
+void QtComboBox2::doRemoveItem(int index)
+{
+    const QtProgramScope scope;
+    removeItem(index);
+}
+
+void QtComboBox2::doClear()
+{
+    const QtProgramScope scope;
+    clear();
+}
+
+int QtComboBox2::doCount() { return count(); }
+int QtComboBox2::doFindUid(unsigned uid) { return uid == 0 ? -1 : findData(uid, UidRole); }
+
+int QtComboBox2::doFindText(const std::wstring& text)
+{
+    return findText(toQString(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+}
+
+void QtComboBox2::doSetCurrentIndex(int index)
+{
+    const QtProgramScope scope;
+    if (index == -1 || itemAt(index))
+        setCurrentIndex(index);
+}
+
+int QtComboBox2::doGetCurrentIndex() { return currentIndex(); }
+
+void QtComboBox2::doSetCurrentUid(unsigned uid)
+{
+    const QtProgramScope scope;
+    if (const int index = doFindUid(uid); index != -1)
+        setCurrentIndex(index);
+}
+
+unsigned QtComboBox2::doGetCurrentUid() { return currentData(UidRole).toUInt(); }
+
+void QtComboBox2::doSetCurrentText(const std::wstring& text)
+{
+    const QtProgramScope scope;
+    // The text that stands stays with its cursor.
+    if (const QString shown = toQString(text); shown != currentText())
+        setCurrentText(shown);
+}
+
+std::wstring QtComboBox2::doGetCurrentText() { return toStdWString(currentText()); }
+
+void QtComboBox2::doimChoose(int index)
+{
+    const QStandardItem* const at = itemAt(index);
+    if (isEnabled() && at && at->isEnabled() && at->isSelectable())
+        setCurrentIndex(index);
+}
+
+void QtComboBox2::doSetPlaceholder(const std::wstring& text)
+{
+    setPlaceholderText(toQString(text));
+}
+std::wstring QtComboBox2::doGetPlaceholder() { return toStdWString(placeholderText()); }
+
+void QtComboBox2::doSetEditable(bool editable)
+{
+    const QtProgramScope scope;
+    setEditable(editable);
+}
+
+bool QtComboBox2::doIsEditable() { return isEditable(); }
+void QtComboBox2::doSetInsertPolicy(ComboInsertPolicy policy) { setInsertPolicy(VX2Qt(policy)); }
+ComboInsertPolicy QtComboBox2::doGetInsertPolicy() { return Qt2VX(insertPolicy()); }
+void QtComboBox2::doSetMaximumVisibleItems(int count) { setMaxVisibleItems(std::max(count, 0)); }
+int QtComboBox2::doGetMaximumVisibleItems() { return maxVisibleItems(); }
+
+void QtComboBox2::doSetMinimumCharacters(int count)
+{
+    const bool isGiven = count > 0;
+    setSizeAdjustPolicy(isGiven ? AdjustToMinimumContentsLengthWithIcon
+                                : AdjustToContentsOnFirstShow);
+    setMinimumContentsLength(isGiven ? count : 0);
+}
+
+int QtComboBox2::doGetMinimumCharacters() { return minimumContentsLength(); }
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtComboBox2::connectSignals()
+{
+    connect(this, &QComboBox::currentIndexChanged, this, &QtComboBox2::slotCurrentIndexChanged);
+    connect(this, &QComboBox::editTextChanged, this, &QtComboBox2::slotEditTextChanged);
+}
+
+void QtComboBox2::slotCurrentIndexChanged(int index)
+{
+    if (!QtProgramScope::isActive())
+        report(&E::currentChanged, index, doGetCurrentUid());
+}
+
+void QtComboBox2::slotEditTextChanged(const QString& text)
+{
+    if (!QtProgramScope::isActive())
+        report(&E::textEdited, toStdWString(text));
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+QStandardItemModel& QtComboBox2::items() const
+{
+    return static_cast<QStandardItemModel&>(*model());
+}
+
+QStandardItem* QtComboBox2::itemAt(int index) const { return items().item(index); }
+
+} // namespace VOXI
