@@ -48,20 +48,23 @@ const auto s_requests = TROV::operations<E>(
 constexpr int UidRole = Qt::UserRole;
 constexpr int IconRole = Qt::UserRole + 1; ///< as the program has set it
 
-void fill(QStandardItem& item, const ComboItem& data)
+void set(QStandardItem& item, int role, bool isThere, const QVariant& value)
 {
-    item.setText(toQString(data.text));
-    item.setEnabled(data.isEnabled);
-    // Most items have none of these, and each is an entry of its own.
-    const auto setOrForget = [&item](int role, bool isThere, const QVariant& value) {
-        if (isThere || item.data(role).isValid())
-            item.setData(isThere ? value : QVariant(), role);
-    };
-    setOrForget(UidRole, data.uid != 0, data.uid);
-    setOrForget(Qt::ToolTipRole, !data.toolTip.empty(), toQString(data.toolTip));
-    if (!data.icon.isNull() || item.data(IconRole).isValid()) {
-        item.setIcon(VX2Qt(data.icon));
-        setOrForget(IconRole, !data.icon.isNull(), QVariant::fromValue(data.icon));
+    item.setData(isThere ? value : QVariant(), role);
+}
+
+/// `isNew`: it has a text and nothing else; most items never get more, and each thing costs.
+void fill(QStandardItem& item, const ComboItem& data, bool isNew)
+{
+    if (item.isEnabled() != data.isEnabled)
+        item.setEnabled(data.isEnabled);
+    if (!isNew || data.uid != 0)
+        set(item, UidRole, data.uid != 0, data.uid);
+    if (!isNew || !data.toolTip.empty())
+        set(item, Qt::ToolTipRole, !data.toolTip.empty(), toQString(data.toolTip));
+    if (!isNew || !data.icon.isNull()) {
+        set(item, Qt::DecorationRole, !data.icon.isNull(), VX2Qt(data.icon));
+        set(item, IconRole, !data.icon.isNull(), QVariant::fromValue(data.icon));
     }
 }
 
@@ -79,8 +82,8 @@ void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
     QList<QStandardItem*> made;
     made.reserve(static_cast<qsizetype>(items.size()));
     for (const ComboItem& item : items) {
-        made.push_back(new QStandardItem);
-        fill(*made.back(), item);
+        made.push_back(new QStandardItem(toQString(item.text)));
+        fill(*made.back(), item, true);
     }
     if (!made.isEmpty())
         this->items().invisibleRootItem()->insertRows(itemAt(index) ? index : count(), made);
@@ -95,8 +98,10 @@ void QtComboBox2::doInsertSeparator(int index)
 void QtComboBox2::doSetItem(int index, const ComboItem& item)
 {
     const QtProgramScope scope;
-    if (QStandardItem* const at = itemAt(index))
-        fill(*at, item);
+    if (QStandardItem* const at = itemAt(index)) {
+        at->setText(toQString(item.text));
+        fill(*at, item, false);
+    }
 }
 
 ComboItem QtComboBox2::doGetItem(int index)

@@ -88,14 +88,14 @@ ViewQuery2 ViewModelLink2::ask(unsigned parent, std::vector<unsigned> rows,
     VXAbstractViewModel2* const asked = model();
     if (!asked)
         return {};
-    const ViewQuery2 query({.model = m_model,
-                            .asker = m_asker,
-                            .id = nextNumber(),
-                            .parent = parent,
-                            .rows = std::move(rows),
-                            .expanderRows = std::move(expanderRows),
-                            .columns = std::move(columns),
-                            .interest = m_interest});
+    ViewQuery2 query({.model = m_model,
+                      .asker = m_asker,
+                      .id = nextNumber(),
+                      .parent = parent,
+                      .rows = std::move(rows),
+                      .expanderRows = std::move(expanderRows),
+                      .columns = std::move(columns),
+                      .interest = m_interest});
     asked->send(query);
     return query;
 }
@@ -106,11 +106,11 @@ HeaderQuery2 ViewModelLink2::askHeader(Orientation orientation, std::vector<unsi
     VXAbstractViewModel2* const asked = model();
     if (!asked)
         return {};
-    const HeaderQuery2 query({.model = m_model,
-                              .asker = m_asker,
-                              .id = nextNumber(),
-                              .orientation = orientation,
-                              .sections = std::move(sections)});
+    HeaderQuery2 query({.model = m_model,
+                        .asker = m_asker,
+                        .id = nextNumber(),
+                        .orientation = orientation,
+                        .sections = std::move(sections)});
     asked->send(query);
     return query;
 }
