@@ -159,6 +159,64 @@ std::wstring VXAbstractView2::selectionAsHtml() const
 
 void VXAbstractView2::copySelection() { current(m_emitters).copySelection(); }
 
+// Rows and columns --------------------------------------------------------------------------------
+
+void VXAbstractView2::setColumnWidth(unsigned column, int width)
+{
+    current(m_emitters).setColumnWidth(column, width);
+}
+
+int VXAbstractView2::columnWidth(unsigned column) const
+{
+    return current(m_emitters).columnWidth(column);
+}
+
+void VXAbstractView2::setRowHeight(unsigned row, int height)
+{
+    current(m_emitters).setRowHeight(row, height);
+}
+
+int VXAbstractView2::rowHeight(unsigned row) const { return current(m_emitters).rowHeight(row); }
+
+void VXAbstractView2::setColumnVisible(unsigned column, bool visible)
+{
+    current(m_emitters).setColumnVisible(column, visible);
+}
+
+bool VXAbstractView2::isColumnVisible(unsigned column) const
+{
+    return current(m_emitters).isColumnVisible(column);
+}
+
+void VXAbstractView2::setRowVisible(unsigned row, bool visible)
+{
+    current(m_emitters).setRowVisible(row, visible);
+}
+
+bool VXAbstractView2::isRowVisible(unsigned row) const
+{
+    return current(m_emitters).isRowVisible(row);
+}
+
+void VXAbstractView2::setColumnHeaderVisible(bool visible)
+{
+    m_emitters.setColumnHeaderVisible(visible);
+}
+
+bool VXAbstractView2::isColumnHeaderVisible() const { return m_emitters.isColumnHeaderVisible(); }
+void VXAbstractView2::setColumnMovable(bool movable) { m_emitters.setColumnMovable(movable); }
+bool VXAbstractView2::isColumnMovable() const { return m_emitters.isColumnMovable(); }
+
+void VXAbstractView2::setAlternatingRowColors(bool on) { m_emitters.setAlternatingRowColors(on); }
+
+bool VXAbstractView2::hasAlternatingRowColors() const
+{
+    return m_emitters.hasAlternatingRowColors();
+}
+
+void VXAbstractView2::setWordWrap(bool on) { m_emitters.setWordWrap(on); }
+bool VXAbstractView2::wordWrap() const { return m_emitters.wordWrap(); }
+
 // Headers -----------------------------------------------------------------------------------------
 
 void VXAbstractView2::setSortIndicator(unsigned column, SortOrder order)
@@ -211,6 +269,12 @@ void VXAbstractView2::imitateSetActiveCell(ModelCell2 cell)
 void VXAbstractView2::imitateSetSelection(ModelRange range)
 {
     current(m_emitters).setSelectionAsUser({own(range.topLeft), own(range.bottomRight)});
+}
+
+void VXAbstractView2::imitateEdit(unsigned row, unsigned column, EditTrigger trigger,
+                                  MouseButton button)
+{
+    current(m_emitters).triggerEdit(row, column, trigger, button);
 }
 
 } // namespace VOXI

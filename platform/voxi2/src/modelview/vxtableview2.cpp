@@ -11,16 +11,6 @@ VXTableView2::VXTableView2(VXObject2* parent)
 
 VXTableView2::~VXTableView2() { retire(); }
 
-void VXTableView2::setColumnWidth(unsigned column, int width)
-{
-    current(m_emitters).setColumnWidth(column, width, true);
-}
-
-int VXTableView2::columnWidth(unsigned column) const
-{
-    return current(m_emitters).getColumnWidth(column, true);
-}
-
 void VXTableView2::setColumnWidthInCharacters(unsigned column, int characters)
 {
     current(m_emitters).setColumnWidth(column, characters, false);
@@ -30,13 +20,6 @@ int VXTableView2::columnWidthInCharacters(unsigned column) const
 {
     return current(m_emitters).getColumnWidth(column, false);
 }
-
-void VXTableView2::setRowHeight(unsigned row, int height)
-{
-    current(m_emitters).setRowHeight(row, height);
-}
-
-int VXTableView2::rowHeight(unsigned row) const { return current(m_emitters).getRowHeight(row); }
 
 void VXTableView2::setColumnResizeMode(unsigned column, ColumnResizeMode mode)
 {
@@ -62,49 +45,10 @@ void VXTableView2::resizeRowToContents(unsigned row)
 
 void VXTableView2::resizeRowsToContents() { current(m_emitters).resizeRowsToContents(); }
 
-void VXTableView2::setColumnVisible(unsigned column, bool visible)
-{
-    current(m_emitters).setColumnVisible(column, visible);
-}
-
-bool VXTableView2::isColumnVisible(unsigned column) const
-{
-    return current(m_emitters).isColumnVisible(column);
-}
-
-void VXTableView2::setRowVisible(unsigned row, bool visible)
-{
-    current(m_emitters).setRowVisible(row, visible);
-}
-
-bool VXTableView2::isRowVisible(unsigned row) const
-{
-    return current(m_emitters).isRowVisible(row);
-}
-
-void VXTableView2::setColumnHeaderVisible(bool visible)
-{
-    m_emitters.setColumnHeaderVisible(visible);
-}
-
-bool VXTableView2::isColumnHeaderVisible() const { return m_emitters.isColumnHeaderVisible(); }
 void VXTableView2::setRowHeaderVisible(bool visible) { m_emitters.setRowHeaderVisible(visible); }
 bool VXTableView2::isRowHeaderVisible() const { return m_emitters.isRowHeaderVisible(); }
-void VXTableView2::setColumnMovable(bool movable) { m_emitters.setColumnMovable(movable); }
-bool VXTableView2::isColumnMovable() const { return m_emitters.isColumnMovable(); }
 void VXTableView2::setRowMovable(bool movable) { m_emitters.setRowMovable(movable); }
 bool VXTableView2::isRowMovable() const { return m_emitters.isRowMovable(); }
 void VXTableView2::setGridVisible(bool visible) { m_emitters.setGridVisible(visible); }
 bool VXTableView2::isGridVisible() const { return m_emitters.isGridVisible(); }
-void VXTableView2::setAlternatingRowColors(bool on) { m_emitters.setAlternatingRowColors(on); }
-bool VXTableView2::hasAlternatingRowColors() const { return m_emitters.hasAlternatingRowColors(); }
-void VXTableView2::setWordWrap(bool on) { m_emitters.setWordWrap(on); }
-bool VXTableView2::wordWrap() const { return m_emitters.wordWrap(); }
-
-void VXTableView2::imitateEdit(unsigned row, unsigned column, EditTrigger trigger,
-                               MouseButton button)
-{
-    current(m_emitters).triggerEdit(row, column, trigger, button);
-}
-
 } // namespace VOXI

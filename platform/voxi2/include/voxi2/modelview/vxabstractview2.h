@@ -50,6 +50,25 @@ struct VXAbstractView2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<VXWidget2*(unsigned, unsigned)> getEditor{*this};
     TROV::Request<CellInfo(unsigned, unsigned)> getCellInfo{*this};
 
+    // Rows and columns
+    TROV::Request<void(unsigned, int)> setColumnWidth{*this};
+    TROV::Request<int(unsigned)> columnWidth{*this};
+    TROV::Request<void(unsigned, int)> setRowHeight{*this};
+    TROV::Request<int(unsigned)> rowHeight{*this};
+    TROV::Request<void(unsigned, bool)> setColumnVisible{*this};
+    TROV::Request<bool(unsigned)> isColumnVisible{*this};
+    TROV::Request<void(unsigned, bool)> setRowVisible{*this};
+    TROV::Request<bool(unsigned)> isRowVisible{*this};
+    TROV::Request<void(bool)> setColumnHeaderVisible{*this};
+    TROV::Request<bool()> isColumnHeaderVisible{*this};
+    TROV::Request<void(bool)> setColumnMovable{*this};
+    TROV::Request<bool()> isColumnMovable{*this};
+    TROV::Request<void(bool)> setAlternatingRowColors{*this};
+    TROV::Request<bool()> hasAlternatingRowColors{*this};
+    TROV::Request<void(bool)> setWordWrap{*this};
+    TROV::Request<bool()> wordWrap{*this};
+    TROV::Request<void(unsigned, unsigned, EditTrigger, MouseButton)> triggerEdit{*this};
+
     // Beyond cells
     TROV::Request<std::vector<unsigned>()> getSelectedRows{*this};
     TROV::Request<std::wstring()> getSelectionAsText{*this};
@@ -144,6 +163,32 @@ public:
     /// Puts both into the clipboard, as the platform's key for copying does.
     void copySelection();
 
+    /// In pixels.
+    void setColumnWidth(unsigned column, int width);
+    /// 0 for a column that is hidden.
+    int columnWidth(unsigned column) const;
+    /// In pixels.
+    void setRowHeight(unsigned row, int height);
+    int rowHeight(unsigned row) const;
+    void setColumnVisible(unsigned column, bool visible);
+    bool isColumnVisible(unsigned column) const;
+    void setRowVisible(unsigned row, bool visible);
+    bool isRowVisible(unsigned row) const;
+
+    /// The header above the columns.
+    void setColumnHeaderVisible(bool visible);
+    bool isColumnHeaderVisible() const;
+    /// Whether the user can drag columns to other places; off by default.
+    void setColumnMovable(bool movable);
+    bool isColumnMovable() const;
+
+    /// Whether every other row has another background; off by default.
+    void setAlternatingRowColors(bool on);
+    bool hasAlternatingRowColors() const;
+    /// Whether long texts go on in a next line if the row has room for it; by default in tables.
+    void setWordWrap(bool on);
+    bool wordWrap() const;
+
     /// The arrow in the header; the view does not sort. Column 0 takes it away.
     void setSortIndicator(unsigned column, SortOrder order = SortOrder::Ascending);
     SortIndicator sortIndicator() const;
@@ -167,6 +212,9 @@ public:
     // As if the user had done it: with events.
     void imitateSetActiveCell(ModelCell2 cell);
     void imitateSetSelection(ModelRange range);
+    /// Edits a cell as if the user had caused it so, a click with that button.
+    void imitateEdit(unsigned row, unsigned column, EditTrigger trigger,
+                     MouseButton button = MouseButton::Left);
     /// A cell as it is drawn.
     CellInfo cellInfo(unsigned row, unsigned column) const;
 

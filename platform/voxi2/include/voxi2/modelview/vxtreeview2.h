@@ -15,29 +15,10 @@ struct VXTreeView2Emitters : TROV::EmittersTable<VXAbstractView2Emitters>
     TROV::Request<void(unsigned)> collapse{*this};
     TROV::Request<void()> expandAll{*this};
     TROV::Request<void()> collapseAll{*this};
-    TROV::Request<void(unsigned, int)> setColumnWidth{*this};
-    TROV::Request<int(unsigned)> columnWidth{*this};
-    TROV::Request<void(unsigned, int)> setRowHeight{*this};
-    TROV::Request<int(unsigned)> rowHeight{*this};
-    TROV::Request<void(unsigned, bool)> setColumnVisible{*this};
-    TROV::Request<bool(unsigned)> isColumnVisible{*this};
-    TROV::Request<void(unsigned, bool)> setRowVisible{*this};
-    TROV::Request<bool(unsigned)> isRowVisible{*this};
-    TROV::Request<void(bool)> setColumnHeaderVisible{*this};
-    TROV::Request<bool()> isColumnHeaderVisible{*this};
-    TROV::Request<void(bool)> setColumnMovable{*this};
-    TROV::Request<bool()> isColumnMovable{*this};
     TROV::Request<void(bool)> setRootIsDecorated{*this};
     TROV::Request<void(bool)> setUniformRowHeights{*this};
-    TROV::Request<void(bool)> setAlternatingRowColors{*this};
-    TROV::Request<void(bool)> setWordWrap{*this};
-    TROV::Request<bool()> wordWrap{*this};
-    TROV::Request<void(unsigned, unsigned, EditTrigger, MouseButton)> triggerEdit{*this};
-
-    // How it is
     TROV::Request<bool()> rootIsDecorated{*this};
     TROV::Request<bool()> hasUniformRowHeights{*this};
-    TROV::Request<bool()> hasAlternatingRowColors{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXTreeExpandEvent2&)> expanded{*this};
@@ -63,40 +44,16 @@ public:
     void expandAll();
     void collapseAll();
 
-    /// In pixels.
-    void setColumnWidth(unsigned column, int width);
-    int columnWidth(unsigned column) const;
-    /// In pixels.
-    void setRowHeight(unsigned row, int height);
-    int rowHeight(unsigned row) const;
-    void setColumnVisible(unsigned column, bool visible);
-    bool isColumnVisible(unsigned column) const;
-    void setRowVisible(unsigned row, bool visible);
-    bool isRowVisible(unsigned row) const;
-    void setColumnHeaderVisible(bool visible);
-    bool isColumnHeaderVisible() const;
-    /// Whether the user can drag columns to other places.
-    void setColumnMovable(bool movable);
-    bool isColumnMovable() const;
-
     /// Whether rows without a parent show that they can be expanded; on by default.
     void setRootIsDecorated(bool on);
     bool rootIsDecorated() const;
     /// That all rows are as high as the first; large trees then open faster. Off by default.
     void setUniformRowHeights(bool on);
     bool hasUniformRowHeights() const;
-    /// Whether every other row has another background; off by default.
-    void setAlternatingRowColors(bool on);
-    bool hasAlternatingRowColors() const;
-    /// Off by default.
-    void setWordWrap(bool on);
-    bool wordWrap() const;
 
     // As if the user had done it: with events.
     void imitateExpand(unsigned row);
     void imitateCollapse(unsigned row);
-    void imitateEdit(unsigned row, unsigned column, EditTrigger trigger,
-                     MouseButton button = MouseButton::Left);
 
     // Events
 
