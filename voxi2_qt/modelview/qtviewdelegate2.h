@@ -2,6 +2,7 @@
 
 #include "trov/listener.h"
 
+#include <QHash>
 #include <QItemDelegate>
 #include <QList>
 #include <QPersistentModelIndex>
@@ -9,7 +10,6 @@
 #include <QStyleOptionViewItem>
 
 #include <memory>
-#include <unordered_map>
 
 QT_BEGIN_NAMESPACE
 class QAbstractItemView;
@@ -17,12 +17,14 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
-class CellPainter;
-class VXWidget2;
+class CellRecord;
+class TextLayouts;
 
 /// Draws the cells of a view, as controls where their model says so, and looks after the one editor
 /// that a view can have at a time. The editor is a widget of the application: the delegate puts it
 /// over the cell, moves the focus in it, and lets it go, alone and hidden, when editing ends.
+///
+/// Handlers run when all is done, but they may run before a function returns, and end anything.
 class QtViewDelegate2 : public QItemDelegate, public TROV::Listener
 {
 public:
@@ -37,30 +39,33 @@ public:
         };
 
         virtual Uids uidsOf(const QModelIndex& index) const = 0;
+        /// What is known of a cell; null also where the model has no records.
+        virtual const CellRecord* cellRecord(const QModelIndex&) const { return nullptr; }
+        /// How high the row was set to be; -1 where its content decides.
+        virtual int fixedRowHeight(const QModelIndex&) const { return -1; }
 
-        /// Makes the index the current one; what waits for the editor is not dropped by that.
+        /// Makes the index the current one. What waits for the editor is not dropped by that.
         virtual void makeCurrent(const QModelIndex& index) = 0;
         /// Qt's `edit` with all triggers.
         virtual void startEditing(const QModelIndex& index) = 0;
-        /// The view is in the state of editing from now on, or no longer.
+        /// The view is in Qt's state of editing from now on, or no longer.
         virtual void setEditing(bool isEditing) = 0;
         /// Qt's `editorDestroyed`: it forgets the widget and deletes nothing.
         virtual void forgetEditor(QWidget* widget) = 0;
-        /// Sends what the user did since the editor was requested to it. Anything may happen.
+        /// Sends the editor what the user did since it was requested.
         virtual void forwardQueuedEvents(QWidget* editor) = 0;
 
         virtual void reportEditRequest(Uids cell) = 0;
-        /// `editor` is null if it has been destroyed.
-        virtual void reportEditComplete(Uids cell, VXWidget2* editor, bool isCommitted) = 0;
-
-        /// How high the row was set to be; -1 where its content decides. For trees.
-        virtual int fixedRowHeight(const QModelIndex&) const { return -1; }
+        /// `editor` is the id of the abstract object, 0 for none. What comes before the report may
+        /// destroy it, so it is to be looked up when the event is made.
+        virtual void reportEditComplete(Uids cell, unsigned editor, bool isCommitted) = 0;
 
     protected:
         ~View() = default;
     };
 
-    /// `view` and `itemView`, which is also the parent, are the same view.
+    /// `view` and `itemView`, which is also the parent, are the same view. It deletes this before
+    /// anything else of it goes.
     QtViewDelegate2(View& view, QAbstractItemView& itemView);
     ~QtViewDelegate2() override;
 
@@ -76,64 +81,59 @@ public:
     void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
-    /// Qt has lost the editor's index, as when its row is removed: lets the editor go.
+    /// Qt gives the widget up, as when its row is removed: lets it go. The end of editing is
+    /// reported with the next turn, as Qt is in the middle of a change.
     void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
 
     /// Asks the application for an editor, unless it was asked for the same one last.
     void requestIndexWidget(const QModelIndex& index);
-    /// Places the application's answer; null ends the editing of the index, committing. Handlers
-    /// may run, and end anything.
+    /// Places the application's answer; null ends the editing of the index, committing.
     void setIndexWidget(const QModelIndex& index, QWidget* widget);
-    /// Takes the editor off the index and reports the end of the editing, if it is the one.
+    /// Takes the editor off the index and reports the end of editing, if it is there.
     void closeIndexWidget(const QModelIndex& index, bool isCommitted);
 
     QModelIndex getEditorIndex() const { return m_editorIndex; }
     /// Null also when the application has destroyed it.
     QWidget* getEditorWidget() const { return m_editor; }
     bool isEditing() const { return m_editor && m_editorIndex.isValid(); }
-    /// Whether an editor was requested for the index and has not come.
+    /// The index for which an editor was requested and has not come; invalid for none.
+    QModelIndex getPendingIndex() const { return m_pendingIndex; }
     bool isPendingEdit(const QModelIndex& index) const
     {
         return m_pendingIndex.isValid() && m_pendingIndex == index;
     }
-    /// The index for which one was requested; invalid for none.
-    QModelIndex getPendingIndex() const { return m_pendingIndex; }
-    /// Whether `closeEditor` for the widget means the editor that is open. Qt sends it late, so it
-    /// may be about one that is closed or dead: the widget is only compared.
+    /// Whether Qt's `closeEditor(widget)` means the editor that is open. It may come late, for one
+    /// that is closed or dead: the widget is only compared.
     bool isOfEditor(const QWidget* widget) const;
 
     void focusNextEditorChild(QWidget* widget);
     void focusPrevEditorChild(QWidget* widget);
-    /// The widget in the editor that gets the focus after, or before, the one that has it; null
-    /// if there is no other.
+    /// What in the editor gets the focus after, or before, the one that has it; null for none.
     QWidget* findNextPrevEditorFocusChild(QWidget* widget, bool next) const;
     /// From the editor and all in it that the delegate listens to.
     void removeEditorEventFilter(QWidget* widget);
 
+    /// With the colours of the selection where the option is selected.
     QPalette getHighlightedPalette(const QStyleOptionViewItem& option, const QWidget* widget) const;
 
-    /// The view has another model, font or style.
+    /// To be called after the view's font or style has changed.
     void clearPaintCache();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    /// A widget that a cell carries while nobody edits it.
-    struct Embedded
-    {
-        QPersistentModelIndex index;
-        QPointer<QWidget> widget;
-    };
+    struct PlainCell;
+    class PainterState;
 
     // Painting
-    using Renderer = void (QtViewDelegate2::*)(QPainter*, const QStyleOptionViewItem&,
-                                               const QModelIndex&) const;
     bool hasIndexWidget(const QModelIndex& index) const;
-    QStyleOptionViewItem optionOf(const QStyleOptionViewItem& option,
-                                  const QModelIndex& index) const;
-    void renderCell(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                    int kind) const;
+    void paintBackground(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const;
+    void paintUnderWidget(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const;
+    void paintControl(QPainter* painter, const QStyleOptionViewItem& option,
+                      const QModelIndex& index, int kind) const;
     void renderButton(QPainter* painter, const QStyleOptionViewItem& option,
                       const QModelIndex& index) const;
     void renderCheckBox(QPainter* painter, const QStyleOptionViewItem& option,
@@ -145,33 +145,43 @@ private:
     void renderText(QPainter* painter, const QStyleOptionViewItem& option,
                     const QModelIndex& index) const;
 
-    // Embedded widgets
-    void wantEmbedded(const QModelIndex& index, unsigned id) const;
-    void placeEmbedded();
-    bool isEmbeddedAt(const QModelIndex& index, const QWidget* widget) const;
-    void releaseEmbedded(const QModelIndex& index);
+    // Plain texts
+    bool paintRecord(QPainter* painter, const QStyleOptionViewItem& option,
+                     const CellRecord& record) const;
+    bool paintPlain(QPainter* painter, const QStyleOptionViewItem& option,
+                    const PlainCell& cell) const;
+
+    // Widgets that cells carry while nobody edits them
+    void wantSettled(const QModelIndex& index) const;
+    void settleEmbedded();
+    void settleEmbedded(const QModelIndex& index);
+    void forgetEmbedded(QWidget* widget);
 
     // The editor
     bool canHold(const QWidget* widget) const;
     void place(const QModelIndex& index, QWidget* widget);
-    void listenTo(QWidget* widget) const;
+    void adopt(QWidget* parent);
+    void listenTo(QWidget* widget);
+    void end(bool isCommitted);
+    void endLater();
     void takeOff(QWidget* widget);
-    void editorDestroyed();
-    bool isFocusRouted(QEvent* event, QWidget* widget);
+    void letGo(QWidget* widget);
+    bool handleFocusOut(QWidget* widget, QEvent* event);
 
     View& m_view;
     QAbstractItemView& m_itemView;
     QPersistentModelIndex m_editorIndex;
     QPersistentModelIndex m_pendingIndex;
     QPointer<QWidget> m_editor;
-    View::Uids m_editorUids;
-    /// What the delegate listens to for keys and focus: the editor, or those in it.
-    mutable QList<QPointer<QWidget>> m_listenedTo;
-    /// Whether the editor has its focus proxy from the delegate.
-    mutable bool m_hasOurProxy = false;
-    mutable std::unordered_map<unsigned, Embedded> m_embedded; ///< by the widget's id
-    mutable bool m_isPlacing = false;                          ///< some of them wait for it
-    std::unique_ptr<CellPainter> m_cellPainter;
+    unsigned m_editorId = 0;
+    View::Uids m_editorCell;
+    /// Whose keys and focus the delegate follows: the editor, or what is in it.
+    QList<QPointer<QWidget>> m_listenedTo;
+    bool m_isAdopted = false;   // it stands in the view and is listened to
+    bool m_hasOurProxy = false; // its focus proxy is the delegate's doing
+    QHash<QWidget*, QPersistentModelIndex> m_embedded;
+    mutable QList<QPersistentModelIndex> m_unsettled; ///< cells that want another embedded widget
+    std::shared_ptr<TextLayouts> m_layouts;
 };
 
 } // namespace VOXI
