@@ -14,10 +14,13 @@
 #include <QPointer>
 
 #include <cstdint>
+#include <map>
 #include <span>
 #include <vector>
 
 namespace VOXI {
+
+class RowBatch;
 
 /// What a Qt view shows of an abstract model: each view has one of its own.
 ///
@@ -33,17 +36,17 @@ public:
     using Uid = RowForest::Uid;
     using Uids = std::vector<Uid>;
 
-    /// From when on a size change goes as one change of the layout instead of step by step. What
-    /// comes out is the same.
+    /// From when on a size change goes as one change of the layout, instead of step by step. What
+    /// comes of it is the same.
     struct FloodLimits
     {
-        /// Steps, below which nothing is a flood.
-        qsizetype steps = 20;
-        /// Steps times persistent indexes, of which each step looks at all.
+        /// Steps times persistent indexes, since each step looks at all of these.
         qsizetype work = 1'000'000;
-        /// Among how many rows `steps` removals alone are one: a header looks at all rows for each.
+        /// Removals among at least so many rows, since a header looks at all rows for each; ten
+        /// insertions count as one.
+        qsizetype removals = 20;
         int rows = 100'000;
-        /// Selected rows, beyond which remembering them takes longer than any flood.
+        /// Not with so many rows selected, each of which a change of the layout looks at.
         qsizetype selectedRows = 100'000;
     };
 
@@ -175,12 +178,34 @@ private:
     void trim();
 
     // Changes
-    void applySizeChanges(std::span<const SizeChange2> changes);
-    void applySizeChange(const SizeChange2& change);
-    void insertColumns(const SizeChange2& change);
-    void insertRows(const SizeChange2& change);
-    void removeColumn(Uid column);
-    void removeRow(Uid row);
+    using Changes = std::span<const SizeChange2>;
+    struct SizeEvent;
+    using PlacesByParent = std::map<Uid, std::vector<int>>;
+
+    void applySizeChanges(Changes changes);
+    void applyInOrder(Changes changes, SizeEvent& event);
+    void applyToColumns(Changes changes, SizeEvent& event);
+    void applyToRows(Changes changes, SizeEvent& event);
+    void insertColumns(const SizeChange2& change, const SizeEvent& event);
+    void removeColumns(const Uids& columns, const SizeEvent& event);
+    void insertRows(const RowBatch& batch, const SizeEvent& event);
+    void removeRows(const Uids& rows, SizeEvent& event);
+    void removeRun(Uid parent, int first, int last, SizeEvent& event);
+    bool canBeNamed(Uid row) const { return row == 0 || m_columns.count() > 0; }
+    PlacesByParent placesOf(const Uids& rows) const;
+    void finish(SizeEvent& event);
+    void forgetGone(SizeEvent& event);
+
+    // Floods
+    void prepare(Changes changes, SizeEvent& event) const;
+    std::size_t noteMoves(const Uids& rows, SizeEvent& event) const;
+    bool isFlood(Changes changes) const;
+    bool isSelectionSmall() const;
+    bool isAllSelected() const;
+    void applyAtOnce(Changes changes, SizeEvent& event);
+    template <class Apply>
+    void changeLayout(LayoutChangeHint hint, const SizeEvent& event, const Apply& apply);
+    void movePersistent(const Uids& columnsBefore, bool nestedOnly);
 
     unsigned m_model = 0; // its id
     RowForest m_rows;

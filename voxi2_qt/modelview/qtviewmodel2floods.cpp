@@ -1,0 +1,157 @@
+// Rows and columns that move, or that come and go in such numbers that views are told at once.
+
+#include "qtviewmodel2.h"
+#include "qtviewmodel2sizeevent.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+// With fewer a change of the layout, which is about as much as three, is not worth it.
+constexpr qsizetype LeastSteps = 4;
+
+/// How often a place does not follow the one before.
+qsizetype countRuns(const std::vector<int>& sorted)
+{
+    qsizetype runs = sorted.empty() ? 0 : 1;
+    for (auto place = sorted.begin(); place != sorted.end() && std::next(place) != sorted.end();
+         ++place)
+        runs += *std::next(place) > *place + 1;
+    return runs;
+}
+
+} // namespace
+
+void QtViewModel2::prepare(Changes changes, SizeEvent& event) const
+{
+    std::size_t removed = 0;
+    std::size_t inserted = 0;
+    std::size_t moved = 0;
+    for (const SizeChange2& change : changes) {
+        removed += change.kind() == SizeChange2::RemoveRow ? change.uids().size() : 0;
+        event.removesColumns = event.removesColumns || change.kind() == SizeChange2::RemoveColumn;
+    }
+    for (const SizeChange2& change : changes) {
+        if (SizeEvent::insertsRows(change)) {
+            inserted += change.uids().size();
+            if (removed > 0)
+                moved += noteMoves(change.uids(), event);
+        } else if (event.removesColumns && SizeEvent::insertsColumns(change)) {
+            event.columnsAtOnce =
+                event.columnsAtOnce
+                || std::any_of(change.uids().begin(), change.uids().end(),
+                               [this](Uid column) { return isValidColumn(column); });
+        }
+    }
+    event.isPermutation = moved == inserted && moved == removed;
+    event.rowsAtOnce = moved > 0 || isFlood(changes);
+}
+
+/// How many of the rows that are inserted are there already: they move, or are inserted in error.
+std::size_t QtViewModel2::noteMoves(const Uids& rows, SizeEvent& event) const
+{
+    std::size_t moved = 0;
+    for (const Uid row : rows) {
+        if (!m_rows.contains(row))
+            continue;
+        ++moved;
+        const RowForest::HasChildren answer = m_rows.hasChildren(row);
+        if (answer != RowForest::HasChildren::Unknown)
+            event.answers.emplace_back(row, answer);
+    }
+    return moved;
+}
+
+bool QtViewModel2::isFlood(Changes changes) const
+{
+    qsizetype insertions = 0;
+    Uids removed;
+    for (const SizeChange2& change : changes) {
+        if (SizeEvent::insertsRows(change))
+            ++insertions;
+        else if (change.kind() == SizeChange2::RemoveRow)
+            removed.insert(removed.end(), change.uids().begin(), change.uids().end());
+    }
+    if (insertions + std::ssize(removed) < LeastSteps)
+        return false;
+    qsizetype removals = 0;
+    for (const auto& [parent, places] : placesOf(removed))
+        removals += countRuns(places);
+    const qsizetype steps = insertions + removals;
+    if (steps < LeastSteps)
+        return false;
+    const bool burdensHeader = m_rows.rowCount(0) >= m_floodLimits.rows
+                               && removals + insertions / 10 > m_floodLimits.removals;
+    const bool burdensIndexes =
+        burdensHeader || steps * persistentIndexList().size() > m_floodLimits.work;
+    return burdensIndexes && isSelectionSmall();
+}
+
+bool QtViewModel2::isSelectionSmall() const
+{
+    qsizetype rows = 0;
+    if (m_selection) {
+        for (const QItemSelectionRange& range : m_selection->selection())
+            rows += range.height();
+    }
+    return rows <= m_floodLimits.selectedRows;
+}
+
+bool QtViewModel2::isAllSelected() const
+{
+    if (!m_selection)
+        return false;
+    const QItemSelection selection = m_selection->selection();
+    return selection.size() == 1 && selection.front().width() == m_columns.count()
+           && selection.front().height() == rowCount(selection.front().parent());
+}
+
+void QtViewModel2::applyAtOnce(Changes changes, SizeEvent& event)
+{
+    // The ones do not touch the others.
+    if (event.columnsAtOnce)
+        changeLayout(HorizontalSortHint, event, [&] { applyToColumns(changes, event); });
+    else
+        applyToColumns(changes, event);
+    if (event.rowsAtOnce)
+        changeLayout(VerticalSortHint, event, [&] { applyToRows(changes, event); });
+    else
+        applyToRows(changes, event);
+}
+
+template <class Apply>
+void QtViewModel2::changeLayout(LayoutChangeHint hint, const SizeEvent& event, const Apply& apply)
+{
+    // Of one range that is all there is, a selection remembers but its size, and takes whatever
+    // is of that size afterwards for it. What is put aside it goes through row by row.
+    if (!event.isPermutation && isAllSelected())
+        m_selection->select(QItemSelection(), QItemSelectionModel::Select);
+    Q_EMIT layoutAboutToBeChanged({}, hint);
+    const Uids columnsBefore = m_columns.uids();
+    apply();
+    movePersistent(columnsBefore, false);
+    Q_EMIT layoutChanged({}, hint);
+}
+
+/// To where their cells are now. Those of rows without a parent are looked after by Qt where
+/// columns come or go.
+void QtViewModel2::movePersistent(const Uids& columnsBefore, bool nestedOnly)
+{
+    QModelIndexList before = persistentIndexList();
+    if (nestedOnly) {
+        before.removeIf(
+            [this](const QModelIndex& index) { return parentRow(rowFromIndex(index)) == 0; });
+    }
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (const QModelIndex& index : std::as_const(before)) {
+        const Uid column = columnsBefore[static_cast<std::size_t>(index.column())];
+        after.append(indexFromUIDs(rowFromIndex(index), column));
+    }
+    changePersistentIndexList(before, after);
+}
+
+} // namespace VOXI

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "qtviewmodel2.h"
+
+#include <utility>
+#include <vector>
+
+namespace VOXI {
+
+/// What one event does to rows and columns.
+struct QtViewModel2::SizeEvent
+{
+    /// They go as one change of the layout.
+    bool rowsAtOnce = false;
+    bool columnsAtOnce = false;
+    /// What moves is all that it removes and inserts.
+    bool isPermutation = false;
+    bool removesColumns = false;
+    /// It tells of rows whether they have children.
+    bool hasAnswers = false;
+    /// All rows that were removed.
+    Uids gone;
+    /// What is known of rows that may move, which are forgotten by the forest in between.
+    std::vector<std::pair<Uid, RowForest::HasChildren>> answers;
+
+    static bool insertsColumns(const SizeChange2& change)
+    {
+        return change.kind() >= SizeChange2::InsertColumnsAfter
+               && change.kind() <= SizeChange2::AppendColumns;
+    }
+    static bool insertsRows(const SizeChange2& change)
+    {
+        return change.kind() >= SizeChange2::InsertRowsAfter
+               && change.kind() <= SizeChange2::AppendRows && !change.uids().empty();
+    }
+};
+
+} // namespace VOXI
