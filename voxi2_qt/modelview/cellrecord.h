@@ -84,6 +84,7 @@ public:
     /// Null when there is no value.
     const QString& text() const { return m_text; }
     const CellStyle& style() const { return *m_style; }
+    bool hasWidget() const { return m_rest && m_rest->widget != 0; }
 
 private:
     struct Rest : QSharedData

@@ -124,12 +124,9 @@ protected:
 
 private:
     struct PlainCell;
-    class PainterState;
 
     // Painting
     bool hasIndexWidget(const QModelIndex& index) const;
-    void paintBackground(QPainter* painter, const QStyleOptionViewItem& option,
-                         const QModelIndex& index) const;
     void paintUnderWidget(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const;
     void paintControl(QPainter* painter, const QStyleOptionViewItem& option,
@@ -152,21 +149,33 @@ private:
                     const PlainCell& cell) const;
 
     // Widgets that cells carry while nobody edits them
+    bool isEmbedded(QObject* widget) const { return m_embedded.contains(widget); }
+    bool carriesOther(const QModelIndex& index) const;
     void wantSettled(const QModelIndex& index) const;
-    void settleEmbedded();
-    void settleEmbedded(const QModelIndex& index);
-    void forgetEmbedded(QWidget* widget);
+    void settleAll();
+    void settle(const QModelIndex& index);
+    void embed(const QModelIndex& index, QWidget* widget);
 
     // The editor
     bool canHold(const QWidget* widget) const;
     void place(const QModelIndex& index, QWidget* widget);
     void adopt(QWidget* parent);
     void listenTo(QWidget* widget);
+    bool handleKey(QWidget* widget, QEvent* event);
+    bool handleFocusOut(QEvent* event);
+
+    // Its end
     void end(bool isCommitted);
-    void endLater();
+    /// It goes, or has gone, by itself.
+    void lose();
+    /// Of an editor, or a widget that a cell carries.
+    void leaveTo(QWidget* widget);
+    void leaveForEnd(QWidget* widget);
+    void forgetEditor();
+    void forgetDestroyed(QObject* object);
     void takeOff(QWidget* widget);
-    void letGo(QWidget* widget);
-    bool handleFocusOut(QWidget* widget, QEvent* event);
+    void detach(QWidget* widget);
+    static void letGo(QWidget* widget);
 
     View& m_view;
     QAbstractItemView& m_itemView;
@@ -179,7 +188,7 @@ private:
     QList<QPointer<QWidget>> m_listenedTo;
     bool m_isAdopted = false;   // it stands in the view and is listened to
     bool m_hasOurProxy = false; // its focus proxy is the delegate's doing
-    QHash<QWidget*, QPersistentModelIndex> m_embedded;
+    QHash<QObject*, QPersistentModelIndex> m_embedded;
     mutable QList<QPersistentModelIndex> m_unsettled; ///< cells that want another embedded widget
     std::shared_ptr<TextLayouts> m_layouts;
 };
