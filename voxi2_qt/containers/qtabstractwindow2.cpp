@@ -1,6 +1,6 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
-#include "qtsavedtext.h"
+#include "../kernel/qtsavedtext.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"

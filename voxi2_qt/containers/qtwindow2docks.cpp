@@ -1,8 +1,8 @@
 // The part of QtWindow2 that is about dock widgets, and about saving where they and tool bars are.
 
 #include "../kernel/qtsavedstate.h"
+#include "../kernel/qtsavedtext.h"
 #include "../kernel/qttakeout.h"
-#include "qtsavedtext.h"
 #include "voxi2_qt/containers/qtdockwidget2.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/kernel/qtconvert.h"

@@ -36,6 +36,8 @@
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
+#include "voxi2_qt/modelview/qttableview2.h"
+#include "voxi2_qt/modelview/qttreeview2.h"
 
 namespace VOXI {
 
@@ -106,9 +108,11 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtSplitter2>(factory.createSplitter2);
     serve<QtTab2>(factory.createTab2);
     serve<QtTabContainer2>(factory.createTabContainer2);
+    serve<QtTableView2>(factory.createTableView2);
     serve<QtText2>(factory.createText2);
     serve<QtToolBar2>(factory.createToolbar2);
     serve<QtToolButton2>(factory.createToolButton2);
+    serve<QtTreeView2>(factory.createTreeView2);
     serve<QtWidgetStack2>(factory.createWidgetStack2);
     serve<QtWindow2>(factory.createWindow2);
     serve<QtToolTipWindow2>(factory.createToolTipWindow2);

@@ -1,0 +1,163 @@
+#include "viewsupport.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+namespace VOXI {
+namespace {
+
+using Uids = std::vector<unsigned>;
+
+class ViewSelection : public ShownView<VXTableView2>
+{
+protected:
+    ViewSelection() { show(m_model); }
+
+    NumberedModel m_model{20};
+    Log<VXViewSelectionChangeEvent2> m_selected{m_view.selectionChanged()};
+    Log<VXEditRequestEvent2> m_current{m_view.activeCellChanged()};
+};
+
+TEST_F(ViewSelection, isReportedWhenTheUserSelectsAndOtherwiseNot)
+{
+    m_view.selectRows({2, 3});
+    m_view.selectColumns({2});
+    m_view.setSelection({{5, 1, nullptr}, {6, 2, nullptr}});
+    m_view.setActiveCell({5, 1, nullptr});
+    EXPECT_TRUE(m_view.isSelected(6, 2));
+    EXPECT_FALSE(m_view.isSelected(6, 3));
+    EXPECT_TRUE(m_view.isSelected(2, 3));
+    EXPECT_TRUE(m_view.isSelected(20, 2));
+    EXPECT_EQ(m_view.activeCell(), (ModelCell2{5, 1, &m_model}));
+    m_model.removeRow(2);
+    m_model.moveRow(3, 0);
+    settle();
+    EXPECT_TRUE(m_view.isSelected(3, 3));
+    m_view.clearSelection();
+    EXPECT_TRUE(m_view.selection().empty());
+    m_view.selectAll();
+    EXPECT_EQ(m_view.selection().size(), 19U * 3);
+    EXPECT_TRUE(m_selected.isEmpty());
+    EXPECT_TRUE(m_current.isEmpty());
+
+    click(4, 2);
+    EXPECT_EQ(m_selected.only().cells(), (std::vector<ModelCell2>{{4, 2, &m_model}}));
+    EXPECT_EQ(m_selected.only().view(), &m_view);
+    EXPECT_EQ(m_current.only().row(), 4U);
+    EXPECT_EQ(m_current.only().column(), 2U);
+    m_selected.clear();
+    m_view.imitateSetSelection({{7, 1, nullptr}, {8, 1, nullptr}});
+    EXPECT_EQ(m_selected.only().numberOfCells(), 3U);
+    m_view.imitateSetActiveCell({8, 1, nullptr});
+    EXPECT_EQ(m_current.last().row(), 8U);
+    EXPECT_EQ(m_current.count(), 2);
+    m_model.removeRow(8); // the current one
+    settle();
+    EXPECT_EQ(m_current.count(), 3);
+    EXPECT_EQ(m_current.last().row(), m_view.activeCell().row);
+    EXPECT_EQ(m_selected.count(), 1);
+}
+
+TEST_F(ViewSelection, goesByTheBehaviourAndTheNumbersThatThereAre)
+{
+    m_view.setSelectionBehavior(SelectionBehavior::Rows);
+    EXPECT_EQ(m_view.selectionBehavior(), SelectionBehavior::Rows);
+    m_view.setSelection({{5, 2, nullptr}, {6, 2, nullptr}});
+    EXPECT_EQ(m_view.selection().size(), 6U);
+    EXPECT_EQ(m_view.selectedRows(), (Uids{5, 6}));
+    m_view.selectRows({9, 77, 8, 9});
+    EXPECT_EQ(m_view.selectedRows(), (Uids{5, 6, 8, 9}));
+    EXPECT_EQ(qtView().selectionModel()->selection().size(), 2) << "neighbours are one range";
+    m_view.setSelectionBehavior(SelectionBehavior::Columns);
+    m_view.clearSelection();
+    m_view.setSelection({{5, 2, nullptr}, {6, 2, nullptr}});
+    EXPECT_EQ(m_view.selection().size(), 20U);
+    NumberedModel other(2);
+    m_view.clearSelection();
+    m_view.setSelection({{1, 1, &other}, {2, 1, &other}});
+    EXPECT_TRUE(m_view.selection().empty()) << "cells of another model";
+    VXTableModel2 empty;
+    m_view.setViewModel(&empty);
+    m_view.selectRows({1});
+    EXPECT_TRUE(m_view.selectedRows().empty());
+    m_tester.reset();
+}
+
+TEST_F(ViewSelection, namesCellsThatAreNotKnownYet)
+{
+    NumberedModel large(5000);
+    show(large);
+    m_view.selectAll();
+    EXPECT_EQ(m_view.selection().size(), 15000U);
+    EXPECT_TRUE(m_view.isSelected(4000, 1));
+    EXPECT_FALSE(m_view.cellInfo(4000, 1).isKnown);
+}
+
+TEST_F(ViewSelection, mayEndTheViewAndItsModelInItsHandler)
+{
+    auto view = std::make_unique<VXTableView2>(&m_window);
+    auto model = std::make_unique<NumberedModel>(5);
+    m_window.setCentralWidget(view.get());
+    view->show();
+    view->setViewModel(model.get());
+    turn();
+    qt(*view)->grab();
+    turn();
+    qt(*view)->grab();
+    QPointer<QWidget> gone = qt(*view);
+    view->selectionChanged().connect(nullptr, [&](const VXViewSelectionChangeEvent2&) {
+        view->setViewModel(&m_model);
+        model.reset();
+        view.reset();
+        runDeletions();
+    });
+    auto* const table = qobject_cast<QAbstractItemView*>(gone.data());
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                      table->visualRect(table->model()->index(1, 1)).center());
+    EXPECT_FALSE(view);
+    runDeletions();
+    EXPECT_TRUE(gone.isNull());
+}
+
+TEST_F(ViewSelection, isCopiedAsTextAndAsTable)
+{
+    m_model.setValue(2, 2, L"a\tb \"c\"");
+    m_model.setValue(2, 1, L"<b>");
+    settle();
+    m_view.setSelection({{2, 1, nullptr}, {2, 2, nullptr}});
+    m_view.setSelection({{4, 3, nullptr}, {4, 3, nullptr}});
+    m_view.setColumnOrder({3, 1});
+    EXPECT_EQ(m_view.selectionAsText(), L"\t<b>\t\"a\tb \"\"c\"\"\"\nrow 4, column 3\t\t");
+    EXPECT_EQ(m_view.selectionAsHtml(),
+              L"<table><tr><td></td><td>&lt;b&gt;</td><td>a\tb &quot;c&quot;</td></tr>"
+              L"<tr><td>row 4, column 3</td><td></td><td></td></tr></table>");
+    m_view.setColumnVisible(1, false);
+    QTest::keySequence(&qtView(), QKeySequence::Copy);
+    const QMimeData* const copied = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text(), QStringLiteral("\t\"a\tb \"\"c\"\"\"\nrow 4, column 3\t"));
+    EXPECT_TRUE(copied->hasHtml());
+    m_view.clearSelection();
+    m_view.copySelection();
+    EXPECT_FALSE(QGuiApplication::clipboard()->text().isEmpty()) << "nothing to copy";
+    EXPECT_EQ(m_view.selectionAsText(), L"");
+}
+
+TEST_F(ViewSelection, isSearchedByKeysAmongWhatIsKnown)
+{
+    NumberedModel large(1'000);
+    show(large);
+    for (const unsigned row : {5U, 7U})
+        large.setValue(row, 1, L"Anna " + std::to_wstring(row));
+    settle();
+    m_view.setActiveCell({1, 1, nullptr});
+    const int known = [&] { return m_view.cellInfo(900, 1).isKnown; }();
+    type(QStringLiteral("anna 7"));
+    EXPECT_EQ(m_view.activeCell().row, 7U);
+    EXPECT_EQ(m_selected.last().rows(), Uids{7});
+    settle();
+    EXPECT_EQ(m_view.cellInfo(900, 1).isKnown, known);
+}
+
+} // namespace
+} // namespace VOXI

@@ -1,0 +1,179 @@
+#include "viewsupport.h"
+#include "voxi2/kernel/vxdragdelegate2.h"
+#include "voxi2/modelview/vxsourcemodel2.h"
+
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMimeData>
+
+#include <deque>
+
+namespace VOXI {
+namespace {
+
+/// Keeps its queries until it is told to answer.
+class SlowModel : public VXAbstractViewModel2
+{
+public:
+    explicit SlowModel(unsigned rows)
+    {
+        changeSize(SizeChange2::appendColumns({1, 2}));
+        std::vector<unsigned> all(rows);
+        for (unsigned i = 0; i < rows; ++i)
+            all[i] = i + 1;
+        changeSize(SizeChange2::appendRows(std::move(all)));
+    }
+    ~SlowModel() override { retire(); }
+
+    void query(const ViewQuery2& query) override { m_queries.push_back(query); }
+
+    void answerAll()
+    {
+        for (const ViewQuery2& query : m_queries) {
+            QueryResult2 result;
+            for (const unsigned row : query.rows()) {
+                for (const unsigned column : query.columns())
+                    result.set(row, column, CellUIData(std::to_wstring(row)));
+            }
+            answer(query, std::move(result));
+        }
+        m_queries.clear();
+    }
+
+    std::deque<ViewQuery2> m_queries;
+};
+
+class ViewSight : public ShownView<VXTableView2>
+{};
+
+TEST_F(ViewSight, tellsTheModelWhatIsWanted)
+{
+    SlowModel model(10'000);
+    show(model);
+    ASSERT_FALSE(model.m_queries.empty());
+    const ViewQuery2 first = model.m_queries.front();
+    EXPECT_TRUE(first.isWanted());
+    m_view.scrollTo({5'000, 1, nullptr});
+    settle();
+    EXPECT_FALSE(first.isWanted());
+    EXPECT_TRUE(model.m_queries.back().isWanted());
+    m_view.scrollTo({1, 1, nullptr});
+    settle();
+    EXPECT_TRUE(first.isWanted());
+    m_view.setColumnVisible(1, false);
+    m_view.setColumnVisible(2, false);
+    settle();
+    EXPECT_FALSE(first.isWanted());
+}
+
+TEST_F(ViewSight, forgetsNothingThatIsInSight)
+{
+    NumberedModel model(1'000);
+    m_view.setCacheLimit(50);
+    EXPECT_EQ(m_view.cacheLimit(), 50);
+    show(model);
+    m_view.scrollTo({500, 1, nullptr});
+    settle();
+    EXPECT_FALSE(m_view.cellInfo(1, 1).isKnown);
+    for (int y = 1; y < viewport()->height(); y += 10) {
+        const ModelCell2 cell = m_view.cellAt(5, y);
+        EXPECT_TRUE(m_view.cellInfo(cell.row, cell.column).isKnown);
+    }
+}
+
+TEST_F(ViewSight, showsProgressWhereCellsTakeLong)
+{
+    SlowModel model(5);
+    const auto picture = [&] {
+        turn();
+        return viewport()->grab().toImage();
+    };
+    m_view.setViewModel(&model);
+    const QImage empty = picture();
+    EXPECT_EQ(picture(), empty) << "nothing flashes";
+    EXPECT_TRUE(waitFor([&] { return picture() != empty; }));
+    model.answerAll();
+    turn();
+    EXPECT_EQ(m_view.cellInfo(1, 1).text, L"1");
+    const QImage full = picture();
+    EXPECT_NE(full, empty);
+    EXPECT_EQ(picture(), full);
+}
+
+TEST_F(ViewSight, describesACellAsItIsDrawn)
+{
+    NumberedModel model(3);
+    model.setCell(2, 2,
+                  CellUIData(1.5)
+                      .setBold()
+                      .setForeground(Color(200, 0, 0))
+                      .setBackground(Color(0, 0, 99))
+                      .setToolTip("tip")
+                      .setAlignment(AlignmentFlag::Right)
+                      .setRenderer(CellRenderer::CheckBox, L"label"));
+    show(model);
+    m_view.setActiveCell({2, 2, nullptr});
+    m_view.selectRows({2});
+    const CellInfo info = m_view.cellInfo(2, 2);
+    EXPECT_EQ(info.cell, (ModelCell2{2, 2, &model}));
+    EXPECT_EQ(info.text, L"1.5");
+    EXPECT_TRUE(info.font.isBold());
+    EXPECT_EQ(info.font.family(), m_view.font().family());
+    EXPECT_EQ(info.foreground, Color(200, 0, 0));
+    EXPECT_EQ(info.background, Color(0, 0, 99));
+    EXPECT_EQ(info.toolTip, L"tip");
+    EXPECT_EQ(info.alignment, AlignmentFlag::Right);
+    EXPECT_EQ(info.renderer, CellRenderer::CheckBox);
+    EXPECT_EQ(info.rendererText, L"label");
+    EXPECT_TRUE(info.isCurrent && info.isSelected && info.isVisible && info.isKnown);
+    EXPECT_EQ(info.rect, m_view.cellRect(2, 2));
+    EXPECT_TRUE(m_view.cellInfo(9, 9).cell.isNull());
+    EXPECT_FALSE(m_view.isHScrollbarVisible());
+    m_view.setColumnWidth(1, 5'000);
+    EXPECT_TRUE(m_view.isHScrollbarVisible());
+    EXPECT_FALSE(m_view.isVScrollbarVisible());
+    EXPECT_FALSE(m_view.isCellVisible(2, 2));
+}
+
+TEST_F(ViewSight, hasAContextMenuForEachCell)
+{
+    NumberedModel model(3);
+    show(model);
+    Log menus(m_view.cellContextMenu());
+    Log plain(m_view.contextMenuRequested());
+    m_view.setActiveCell({3, 2, nullptr});
+    const QPoint at = centreOf(2, 1);
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, at, viewport()->mapToGlobal(at));
+    QCoreApplication::sendEvent(viewport(), &byMouse);
+    EXPECT_EQ(menus.only().cell(), (ModelCell2{2, 1, &model}));
+    EXPECT_EQ(menus.only().menu().position(), plain.only().position());
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {1, 1}, {1, 1});
+    QCoreApplication::sendEvent(&qtView(), &byKey);
+    EXPECT_EQ(menus.count(), 2);
+    EXPECT_EQ(menus.last().cell(), (ModelCell2{3, 2, &model}));
+    const QPoint beside(viewport()->width() - 2, viewport()->height() - 2);
+    QContextMenuEvent outside(QContextMenuEvent::Mouse, beside, viewport()->mapToGlobal(beside));
+    QCoreApplication::sendEvent(viewport(), &outside);
+    EXPECT_TRUE(menus.last().cell().isNull());
+}
+
+TEST_F(ViewSight, isThereForAssistiveTechnology)
+{
+    NumberedModel model(3);
+    show(model);
+    m_view.selectRows({2});
+    QAccessibleInterface* const view = QAccessible::queryAccessibleInterface(&qtView());
+    ASSERT_NE(view, nullptr);
+    QAccessibleTableInterface* const table = view->tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rowCount(), 3);
+    EXPECT_EQ(table->cellAt(1, 2)->text(QAccessible::Name), QStringLiteral("row 2, column 3"));
+    EXPECT_TRUE(table->cellAt(1, 2)->state().selected);
+    EXPECT_FALSE(table->cellAt(0, 2)->state().selected);
+    EXPECT_EQ(table->columnDescription(1), QStringLiteral("column 2"));
+    EXPECT_EQ(table->selectedRows(), QList<int>{1});
+}
+
+} // namespace
+} // namespace VOXI

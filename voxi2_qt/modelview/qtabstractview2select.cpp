@@ -1,0 +1,227 @@
+// The part of QtAbstractView2 that is about what is selected.
+
+#include "qtcopiedcells.h"
+#include "qtviewmodel2.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtsignalblocker.h"
+#include "voxi2_qt/modelview/qtabstractview2.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QMimeData>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXAbstractView2Emitters;
+
+/// Runs of numbers that follow one another, as pairs of the first and the last.
+std::vector<std::pair<int, int>> runsOf(std::vector<int> numbers)
+{
+    std::sort(numbers.begin(), numbers.end());
+    std::vector<std::pair<int, int>> runs;
+    for (const int number : numbers) {
+        if (runs.empty() || number > runs.back().second + 1)
+            runs.emplace_back(number, number);
+        else
+            runs.back().second = number;
+    }
+    return runs;
+}
+
+/// Whole rows, of any parents.
+QItemSelection rowsOf(const QtViewModel2& model, const std::vector<unsigned>& rows)
+{
+    std::map<unsigned, std::vector<int>> places;
+    for (const unsigned row : rows) {
+        if (model.isValidRow(row))
+            places[model.parentRow(row)].push_back(model.rowFromUID(row));
+    }
+    QItemSelection selection;
+    const int last = model.columnCount() - 1;
+    for (auto& [parent, numbers] : places) {
+        const QModelIndex above = model.indexFromUIDs(parent, 0);
+        for (const auto& [from, to] : runsOf(std::move(numbers)))
+            selection.append(
+                QItemSelectionRange(model.index(from, 0, above), model.index(to, last, above)));
+    }
+    return selection;
+}
+
+} // namespace
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtAbstractView2::doSetSelection(ModelRange range)
+{
+    const QtProgramScope scope;
+    internalSetSelection(range);
+}
+
+void QtAbstractView2::doimSetSelection(ModelRange range) { internalSetSelection(range); }
+
+std::vector<ModelCell2> QtAbstractView2::doGetSelection()
+{
+    const VXObjectDataLocker lock;
+    std::vector<ModelCell2> cells;
+    VXAbstractViewModel2* const model = m_model->abstractModel();
+    for (const ModelBlock& block : selectedBlocks()) {
+        for (const unsigned row : block.rows) {
+            for (const unsigned column : block.columns)
+                cells.push_back({row, column, model});
+        }
+    }
+    return cells;
+}
+
+void QtAbstractView2::doSelectRows(const std::vector<unsigned>& rows)
+{
+    if (m_model->headerUIDFromSection(0, Qt::Horizontal) != 0)
+        select(rowsOf(*m_model, rows));
+}
+
+void QtAbstractView2::doSelectColumns(const std::vector<unsigned>& columns)
+{
+    if (m_model->rowCount() == 0)
+        return;
+    std::vector<int> sections;
+    for (const unsigned column : columns) {
+        if (const int section = columnSection(column); section >= 0)
+            sections.push_back(section);
+    }
+    QItemSelection selection;
+    for (const auto& [from, to] : runsOf(std::move(sections)))
+        selection.append(QItemSelectionRange(m_model->index(0, from),
+                                             m_model->index(m_model->rowCount() - 1, to)));
+    select(selection);
+}
+
+void QtAbstractView2::doSelectAll()
+{
+    const QtProgramScope scope;
+    itemView().selectAll();
+}
+
+void QtAbstractView2::doClearSelection()
+{
+    const QtProgramScope scope;
+    itemView().clearSelection();
+}
+
+bool QtAbstractView2::doIsSelected(unsigned row, unsigned column)
+{
+    const QModelIndex index = indexOf(row, column);
+    if (!index.isValid())
+        return false;
+    // Qt says no of cells that are not known to be enabled.
+    const CellRecord* const record = m_model->peekCell(index);
+    return record ? itemView().selectionModel()->isSelected(index)
+                  : itemView().selectionModel()->selection().contains(index);
+}
+
+std::vector<unsigned> QtAbstractView2::doGetSelectedRows()
+{
+    std::vector<std::pair<int, unsigned>> rows; // of one parent: by their place
+    std::vector<ModelBlock> blocks = selectedBlocks();
+    std::set<unsigned> known;
+    std::vector<unsigned> result;
+    for (const ModelBlock& block : blocks) {
+        for (const unsigned row : block.rows) {
+            if (blocks.size() == 1 || known.insert(row).second)
+                result.push_back(row);
+        }
+    }
+    return result;
+}
+
+std::wstring QtAbstractView2::doGetSelectionAsText()
+{
+    return toStdWString(QtCopiedCells(*this).text());
+}
+
+std::wstring QtAbstractView2::doGetSelectionAsHtml()
+{
+    return toStdWString(QtCopiedCells(*this).html());
+}
+
+void QtAbstractView2::doCopySelection()
+{
+    const QtCopiedCells cells(*this);
+    if (cells.isEmpty())
+        return;
+    auto* const data = new QMimeData;
+    data->setText(cells.text());
+    data->setHtml(cells.html());
+    QGuiApplication::clipboard()->setMimeData(data);
+}
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtAbstractView2::noteSelection()
+{
+    if (m_model->isBlockingSelection() || QtProgramScope::isActive()
+        || !isHeard(&E::selectionChanged))
+        return;
+    const VXObjectDataLocker lock;
+    report(&E::selectionChanged, m_model->abstractModel(), selectedBlocks());
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtAbstractView2::internalSetSelection(const ModelRange& range)
+{
+    const QModelIndex topLeft = indexOf(range.topLeft);
+    const QModelIndex bottomRight = indexOf(range.bottomRight);
+    if (!topLeft.isValid() || !bottomRight.isValid() || topLeft.parent() != bottomRight.parent())
+        return;
+    QItemSelectionModel::SelectionFlags flags = QItemSelectionModel::Select;
+    if (itemView().selectionBehavior() == QAbstractItemView::SelectRows)
+        flags |= QItemSelectionModel::Rows;
+    else if (itemView().selectionBehavior() == QAbstractItemView::SelectColumns)
+        flags |= QItemSelectionModel::Columns;
+    const QtDeletionHold hold(this);
+    itemView().selectionModel()->select(QItemSelection(topLeft, bottomRight), flags);
+    if (hold.isAlive())
+        itemView().viewport()->repaint();
+}
+
+/// For the program: nothing of it is reported.
+void QtAbstractView2::select(const QItemSelection& selection)
+{
+    {
+        const QtSignalBlocker blocker(itemView().selectionModel());
+        itemView().selectionModel()->select(selection, QItemSelectionModel::Select);
+    }
+    itemView().viewport()->update();
+    updateHeaders(); // they show what is selected as well
+}
+
+std::vector<ModelBlock> QtAbstractView2::selectedBlocks() const
+{
+    QItemSelection selection = itemView().selectionModel()->selection();
+    std::sort(selection.begin(), selection.end(), [](const auto& a, const auto& b) {
+        return std::pair(a.top(), a.left()) < std::pair(b.top(), b.left());
+    });
+    std::vector<ModelBlock> blocks;
+    for (const QItemSelectionRange& range : selection) {
+        if (!range.isValid())
+            continue;
+        ModelBlock block;
+        block.rows.reserve(static_cast<std::size_t>(range.height()));
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            block.rows.push_back(
+                m_model->rowFromIndex(m_model->index(row, range.left(), range.parent())));
+        for (int section = range.left(); section <= range.right(); ++section)
+            block.columns.push_back(m_model->headerUIDFromSection(section, Qt::Horizontal));
+        blocks.push_back(std::move(block));
+    }
+    return blocks;
+}
+
+} // namespace VOXI

@@ -1,0 +1,152 @@
+// The part of QtAbstractView2 that is about where cells are and what is in sight.
+
+#include "../kernel/qteventbuild.h"
+#include "qtviewdelegate2.h"
+#include "qtviewmodel2.h"
+#include "qtviewsight.h"
+#include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/modelview/qtabstractview2.h"
+
+#include <QContextMenuEvent>
+#include <QScrollBar>
+
+namespace VOXI {
+
+namespace {
+
+using E = VXAbstractView2Emitters;
+
+bool isAnyShown(const QScrollBar& bar)
+{
+    return bar.isVisibleTo(bar.parentWidget()) && bar.minimum() < bar.maximum();
+}
+
+Color colorOf(const QVariant& value, const QColor& otherwise)
+{
+    return Qt2VX(value.isValid() ? value.value<QColor>() : otherwise);
+}
+
+/// What a record says; the rest is the view's.
+void describe(CellInfo& info, const CellRecord& record, const QPalette& palette, const QFont& font)
+{
+    info.isKnown = true;
+    info.isEnabled = record.isEnabled();
+    info.isReadOnly = record.isReadOnly();
+    info.renderer = record.renderer();
+    info.text = toStdWString(record.text());
+    info.rendererText = toStdWString(record.data(CellRendererTextRole).toString());
+    info.toolTip = toStdWString(record.data(Qt::ToolTipRole).toString());
+    info.hasIcon = record.data(Qt::DecorationRole).isValid();
+    const QVariant ownFont = record.data(Qt::FontRole);
+    info.font = Qt2VX(ownFont.isValid() ? ownFont.value<QFont>().resolve(font) : font);
+    const QVariant alignment = record.data(Qt::TextAlignmentRole);
+    if (alignment.isValid())
+        info.alignment = Qt2VX(Qt::Alignment::fromInt(alignment.toInt()));
+    info.background = colorOf(record.data(Qt::BackgroundRole), palette.color(QPalette::Base));
+    info.foreground = colorOf(record.data(Qt::ForegroundRole), palette.color(QPalette::Text));
+    info.widget = record.data(CellWidgetRole).toUInt();
+}
+
+} // namespace
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtAbstractView2::doScrollTo(ModelCell2 cell)
+{
+    layOutNow();
+    if (const QModelIndex index = indexOf(cell); index.isValid())
+        itemView().scrollTo(index);
+}
+
+ModelCell2 QtAbstractView2::doGetModelCellAt(int x, int y)
+{
+    layOutNow();
+    return m_model->cellFromIndex(itemView().indexAt({x, y}));
+}
+
+VXRect<int> QtAbstractView2::doGetModelCellRect(unsigned row, unsigned column)
+{
+    layOutNow();
+    const QModelIndex index = indexOf(row, column);
+    return index.isValid() ? Qt2VX(itemView().visualRect(index)) : VXRect<int>();
+}
+
+VXRect<int> QtAbstractView2::doGetCellRect(unsigned row, unsigned column)
+{
+    return doGetModelCellRect(row, column);
+}
+
+bool QtAbstractView2::doIsCellVisible(unsigned row, unsigned column)
+{
+    layOutNow();
+    const QModelIndex index = indexOf(row, column);
+    return index.isValid()
+           && itemView().visualRect(index).intersects(itemView().viewport()->rect());
+}
+
+bool QtAbstractView2::doIsHScrollbarVisible()
+{
+    layOutNow();
+    return isAnyShown(*itemView().horizontalScrollBar());
+}
+
+bool QtAbstractView2::doIsVScrollbarVisible()
+{
+    layOutNow();
+    return isAnyShown(*itemView().verticalScrollBar());
+}
+
+CellInfo QtAbstractView2::doGetCellInfo(unsigned row, unsigned column)
+{
+    CellInfo info;
+    const QModelIndex index = indexOf(row, column);
+    if (!index.isValid())
+        return info;
+    info.cell = m_model->cellFromIndex(index);
+    info.rect = doGetModelCellRect(row, column);
+    info.isVisible = doIsCellVisible(row, column);
+    info.isSelected = doIsSelected(row, column);
+    info.isCurrent = itemView().currentIndex() == index;
+    info.isEdited = m_delegate->isEditing() && m_delegate->getEditorIndex() == index;
+    if (const CellRecord* const record = m_model->peekCell(index))
+        describe(info, *record, itemView().palette(), itemView().font());
+    return info;
+}
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtAbstractView2::noteContextMenu(QWidget* receiver, const QContextMenuEvent& event)
+{
+    const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
+    if (!isByKey && receiver != itemView().viewport())
+        return; // the copy of what the viewport has had
+    reportMade(&E::cellContextMenu, [&] {
+        const EventTarget target{abstractWidget(), asQWidget(), receiver};
+        const QModelIndex index =
+            isByKey ? itemView().currentIndex() : itemView().indexAt(event.pos());
+        return VXCellContextMenuEvent2(static_cast<VXAbstractView2*>(abstractWidget()),
+                                       m_model->cellFromIndex(index),
+                                       contextMenuEvent(target, WidgetEvent::ContextMenu, event));
+    });
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtAbstractView2::layOut(const std::function<void()>& handle)
+{
+    m_sight->layoutBegins();
+    handle();
+    m_sight->layoutEnds();
+}
+
+void QtAbstractView2::noteScroll() { m_sight->scrolled(); }
+
+void QtAbstractView2::noteLooks()
+{
+    if (m_delegate)
+        m_delegate->clearPaintCache();
+}
+
+void QtAbstractView2::paintWaiting(const QRect& area) { m_sight->paintWaiting(area); }
+
+} // namespace VOXI

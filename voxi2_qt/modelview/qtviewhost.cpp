@@ -1,0 +1,127 @@
+#include "qtviewhost.h"
+
+#include "qtviewmodel2.h"
+#include "voxi2_qt/modelview/qtabstractview2.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace VOXI {
+
+using E = VXAbstractView2Emitters;
+
+// For the delegate --------------------------------------------------------------------------------
+
+QtViewDelegate2::View::Uids QtViewHost::uidsOf(const QModelIndex& index) const
+{
+    const QtViewModel2& model = m_view.viewModel();
+    return {model.rowFromIndex(index), model.columnFromIndex(index)};
+}
+
+const CellRecord* QtViewHost::cellRecord(const QModelIndex& index) const
+{
+    return m_view.viewModel().cell(index);
+}
+
+int QtViewHost::fixedRowHeight(const QModelIndex& index) const
+{
+    return m_view.fixedRowHeight(index);
+}
+
+void QtViewHost::makeCurrent(const QModelIndex& index)
+{
+    const QtProgramScope scope;
+    const bool was = std::exchange(m_isMakingCurrent, true);
+    m_view.itemView().setCurrentIndex(index);
+    m_isMakingCurrent = was;
+}
+
+void QtViewHost::startEditing(const QModelIndex& index)
+{
+    m_view.edit(index, QAbstractItemView::AllEditTriggers, nullptr);
+}
+
+void QtViewHost::setEditing(bool isEditing) { m_view.setEditing(isEditing); }
+void QtViewHost::forgetEditor(QWidget* widget) { m_view.forgetEditor(widget); }
+
+void QtViewHost::forwardQueuedEvents(QWidget* editor)
+{
+    const QtDeletionHold hold(&m_view);
+    const QPointer<QWidget> receiver(editor);
+    // Taken first: the editor's handlers may begin the next editing, or end the view.
+    const auto waiting = std::exchange(m_queue, {});
+    for (const auto& event : waiting) {
+        if (hold.isAlive() && receiver && receiver == m_view.viewDelegate().getEditorWidget())
+            send(*receiver, *event);
+    }
+}
+
+void QtViewHost::reportEditRequest(Uids cell)
+{
+    m_view.report(&E::editRequested, cell.row, cell.column);
+}
+
+void QtViewHost::reportEditComplete(Uids cell, unsigned editor, bool isCommitted)
+{
+    m_view.reportMade(&E::editCompleted, [&] {
+        return VXEditCompleteEvent2(
+            static_cast<VXAbstractView2*>(m_view.abstractWidget()), cell.row, cell.column,
+            dynamic_cast<VXWidget2*>(VXObject::objectById(editor)), isCommitted);
+    });
+}
+
+// Input -------------------------------------------------------------------------------------------
+
+void QtViewHost::clearQueuedEvents()
+{
+    if (!m_isMakingCurrent)
+        m_queue.clear();
+}
+
+bool QtViewHost::comesFromEditor(const QInputEvent& event) const
+{
+    const QWidget* const editor = m_view.viewDelegate().getEditorWidget();
+    if (!editor)
+        return false;
+    if (event.type() == QEvent::KeyPress)
+        return isWithin(editor, QApplication::focusWidget());
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    return !m_hasPress && editor->isVisible()
+           && editor->rect().contains(editor->mapFromGlobal(mouse.globalPosition().toPoint()));
+}
+
+void QtViewHost::passToEditor(const QInputEvent& event)
+{
+    if (event.type() == QEvent::MouseButtonPress)
+        m_hasPress = true;
+    else if (event.type() == QEvent::MouseButtonRelease)
+        m_hasPress = false;
+    QtViewDelegate2& delegate = m_view.viewDelegate();
+    if (delegate.isEditing())
+        send(*delegate.getEditorWidget(), event);
+    else if (delegate.getPendingIndex().isValid())
+        m_queue.emplace_back(static_cast<QInputEvent*>(event.clone()));
+}
+
+void QtViewHost::send(QWidget& editor, const QInputEvent& event)
+{
+    if (event.type() == QEvent::KeyPress) {
+        QWidget* receiver = &editor;
+        while (receiver->focusProxy())
+            receiver = receiver->focusProxy();
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        QKeyEvent copy(key.type(), key.key(), key.modifiers(), key.text(), key.isAutoRepeat(),
+                       static_cast<quint16>(key.count()));
+        QCoreApplication::sendEvent(receiver, &copy);
+        return;
+    }
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    QMouseEvent copy(mouse.type(), editor.mapFromGlobal(mouse.globalPosition()),
+                     mouse.globalPosition(), mouse.button(), mouse.buttons(), mouse.modifiers());
+    QCoreApplication::sendEvent(&editor, &copy);
+}
+
+} // namespace VOXI

@@ -1,0 +1,230 @@
+#include "qtviewsight.h"
+
+#include "qtviewmodel2.h"
+#include "voxi2_qt/modelview/qtabstractview2.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace VOXI {
+
+namespace {
+
+/// An answer that takes no longer than this comes without a sign of waiting before it.
+constexpr int PatienceMs = 100;
+
+} // namespace
+
+QtViewSight::QtViewSight(QtAbstractView2& view) : m_view(view) { m_clock.start(); }
+
+// Place -------------------------------------------------------------------------------------------
+
+template <class Function>
+void QtViewSight::forRows(const QRect& area, Function&& function) const
+{
+    const std::vector<int> sections = sectionsInSight(area);
+    if (sections.empty())
+        return;
+    const QAbstractItemView& view = m_view.itemView();
+    const int x = std::max(0, m_view.columnHeader().sectionViewportPosition(sections.front()));
+    for (QModelIndex index = view.indexAt({x, area.top()}); index.isValid();
+         index = m_view.rowBelow(index)) {
+        const QRect rect = view.visualRect(index);
+        if (rect.top() > area.bottom())
+            break;
+        function(index, rect.top(), sections);
+    }
+}
+
+std::vector<int> QtViewSight::sectionsInSight(const QRect& area) const
+{
+    const QHeaderView& header = m_view.columnHeader();
+    std::vector<int> sections;
+    int first = header.visualIndexAt(area.left());
+    int last = header.visualIndexAt(area.right());
+    if (header.isRightToLeft())
+        std::swap(first, last);
+    if (header.length() <= 0 || first < 0)
+        return sections;
+    if (last < 0)
+        last = header.count() - 1;
+    for (int visual = first; visual <= last; ++visual) {
+        const int section = header.logicalIndex(visual);
+        if (!header.isSectionHidden(section))
+            sections.push_back(section);
+    }
+    return sections;
+}
+
+void QtViewSight::remember()
+{
+    if (!m_wasSeen || !m_anchors.empty())
+        return;
+    forRows(m_view.itemView().viewport()->rect(),
+            [&](const QModelIndex& index, int top, const std::vector<int>&) {
+                m_anchors.push_back({m_view.viewModel().rowFromIndex(index), top});
+            });
+}
+
+void QtViewSight::layoutEnds()
+{
+    m_isLayingOut = false;
+    if (!m_isRestoring)
+        restore();
+    tellLater();
+}
+
+void QtViewSight::scrolled()
+{
+    if (!m_isLayingOut && !m_isRestoring)
+        m_anchors.clear(); // the user, or the program, wants another place
+    tellLater();
+}
+
+void QtViewSight::restore()
+{
+    if (m_anchors.empty())
+        return;
+    const bool was = std::exchange(m_isRestoring, true);
+    const std::vector<Place> anchors = std::exchange(m_anchors, {});
+    for (const Place& place : anchors) {
+        const QModelIndex index = m_view.indexOf(place.row, 0);
+        if (index.isValid() && !m_view.itemView().visualRect(index).isEmpty()) {
+            putTo(index, anchors.front().top);
+            break;
+        }
+    }
+    m_isRestoring = was;
+}
+
+void QtViewSight::putTo(const QModelIndex& index, int top)
+{
+    QAbstractItemView& view = m_view.itemView();
+    const int way = view.visualRect(index).top() - top;
+    if (way == 0)
+        return;
+    if (view.verticalScrollMode() == QAbstractItemView::ScrollPerPixel) {
+        view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + way);
+        return;
+    }
+    const int across = view.horizontalScrollBar()->value();
+    view.scrollTo(index, QAbstractItemView::PositionAtTop);
+    view.horizontalScrollBar()->setValue(across);
+}
+
+void QtViewSight::modelReplaced()
+{
+    m_anchors.clear();
+    m_waiting.clear();
+    m_wasSeen = false;
+    tellLater();
+}
+
+// Interest ----------------------------------------------------------------------------------------
+
+void QtViewSight::tellLater()
+{
+    if (!m_tellTimer.isActive())
+        m_tellTimer.start(0, this);
+}
+
+void QtViewSight::tell()
+{
+    m_view.layOutNow();
+    m_anchors.clear(); // nothing was laid out anew
+    std::vector<unsigned> rows;
+    std::vector<unsigned> columns;
+    QtViewModel2& model = m_view.viewModel();
+    const QRect area = m_view.itemView().viewport()->rect();
+    forRows(area, [&](const QModelIndex& index, int, const std::vector<int>&) {
+        rows.push_back(model.rowFromIndex(index));
+    });
+    for (const int section : sectionsInSight(area))
+        columns.push_back(model.headerUIDFromSection(section, Qt::Horizontal));
+    model.setInSight(std::move(rows), std::move(columns));
+}
+
+void QtViewSight::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_tellTimer.timerId()) {
+        m_tellTimer.stop();
+        tell();
+    } else if (event->timerId() == m_waitTimer.timerId()) {
+        lookAgain();
+    }
+}
+
+// Waiting -----------------------------------------------------------------------------------------
+
+void QtViewSight::paintWaiting(const QRect& area)
+{
+    m_wasSeen = true;
+    const QtViewModel2& model = m_view.viewModel();
+    QPainter painter; // begun when something is to be painted
+    forRows(area, [&](const QModelIndex& index, int, const std::vector<int>& sections) {
+        for (const int section : sections) {
+            const QModelIndex cell = index.siblingAtColumn(section);
+            if (!model.isKnown(cell)) [[unlikely]]
+                markWaiting(painter, cell);
+        }
+    });
+}
+
+void QtViewSight::markWaiting(QPainter& painter, const QModelIndex& index)
+{
+    const QtViewModel2& model = m_view.viewModel();
+    const quint64 key = quint64(model.columnFromIndex(index)) << 32 | model.rowFromIndex(index);
+    auto waiting = m_waiting.find(key);
+    if (waiting == m_waiting.end())
+        waiting = m_waiting.insert(key, {m_clock.elapsed()});
+    if (!m_waitTimer.isActive())
+        m_waitTimer.start(PatienceMs, this);
+    waiting->isShown = m_clock.elapsed() - waiting->since >= PatienceMs;
+    if (!waiting->isShown)
+        return;
+    QWidget* const viewport = m_view.itemView().viewport();
+    if (!painter.isActive()) {
+        painter.begin(viewport);
+        QColor shade = viewport->palette().color(QPalette::Text);
+        constexpr float faint = 0.15F;
+        shade.setAlphaF(faint);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(shade);
+    }
+    // Like a line of text that cannot be read yet.
+    const QRect rect = m_view.itemView().visualRect(index);
+    const QFontMetrics metrics = viewport->fontMetrics();
+    const int height = std::min(metrics.xHeight(), rect.height());
+    const int width = std::min(metrics.averageCharWidth() * 10, rect.width() * 3 / 4);
+    const QRect line(rect.left() + metrics.averageCharWidth() / 2, rect.center().y() - height / 2,
+                     width, height);
+    painter.drawRoundedRect(line & rect, height / 2.0, height / 2.0);
+}
+
+void QtViewSight::lookAgain()
+{
+    const QtViewModel2& model = m_view.viewModel();
+    QWidget* const viewport = m_view.itemView().viewport();
+    const qint64 now = m_clock.elapsed();
+    bool isNews = false;
+    m_waiting.removeIf([&](const auto& entry) {
+        const Waiting& waiting = entry.value();
+        const QModelIndex cell = m_view.indexOf(unsigned(entry.key()), unsigned(entry.key() >> 32));
+        if (!cell.isValid() || model.isKnown(cell)
+            || !m_view.itemView().visualRect(cell).intersects(viewport->rect()))
+            return true;
+        isNews = isNews || (!waiting.isShown && now - waiting.since >= PatienceMs);
+        return false;
+    });
+    if (m_waiting.isEmpty())
+        m_waitTimer.stop();
+    if (isNews)
+        viewport->update();
+}
+
+} // namespace VOXI
