@@ -125,6 +125,8 @@ Qt::ItemFlags QtViewModel2::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
+    if (m_isMovingColumns)
+        return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     Qt::ItemFlags flags = Qt::ItemIsSelectable;
     // In passing: a view asks for the flags of all that is selected.
     if (const CellRecord* const record = peekCell(index)) {

@@ -186,6 +186,7 @@ private:
     void applyInOrder(Changes changes, SizeEvent& event);
     void applyToColumns(Changes changes, SizeEvent& event);
     void applyToRows(Changes changes, SizeEvent& event);
+    void answerExpander(const SizeChange2& change, SizeEvent& event);
     void insertColumns(const SizeChange2& change, const SizeEvent& event);
     void removeColumns(const Uids& columns, const SizeEvent& event);
     void insertRows(const RowBatch& batch, const SizeEvent& event);
@@ -203,6 +204,7 @@ private:
     bool isSelectionSmall() const;
     bool isAllSelected() const;
     void applyAtOnce(Changes changes, SizeEvent& event);
+    void removeCurrent(Changes changes, SizeEvent& event);
     template <class Apply>
     void changeLayout(LayoutChangeHint hint, const SizeEvent& event, const Apply& apply);
     void movePersistent(const Uids& columnsBefore, bool nestedOnly);
@@ -216,6 +218,7 @@ private:
     Uids m_rowsInSight;
     Uids m_columnsInSight;
     bool m_isBlockingSelection = false;
+    bool m_isMovingColumns = false;
     QPointer<QItemSelectionModel> m_selection;
     FloodLimits m_floodLimits;
 };

@@ -95,15 +95,22 @@ void QtViewModel2::applyToRows(Changes changes, SizeEvent& event)
                 rows.insert(rows.end(), each->uids().begin(), each->uids().end());
             removeRows(rows, event);
         } else {
-            if (each->kind() == SizeChange2::PrependRows && m_rows.contains(each->parent())) {
-                using HasChildren = RowForest::HasChildren;
-                m_rows.setHasChildren(each->parent(),
-                                      each->hasChildren() ? HasChildren::Yes : HasChildren::No);
-                event.hasAnswers = true;
-            }
+            if (each->kind() == SizeChange2::PrependRows)
+                answerExpander(*each, event);
             ++each;
         }
     }
+}
+
+void QtViewModel2::answerExpander(const SizeChange2& change, SizeEvent& event)
+{
+    using HasChildren = RowForest::HasChildren;
+    if (!m_rows.contains(change.parent()))
+        return;
+    const HasChildren answer = change.hasChildren() ? HasChildren::Yes : HasChildren::No;
+    m_rows.setHasChildren(change.parent(), answer);
+    event.answers.emplace_back(change.parent(), answer);
+    event.hasNewAnswers = true;
 }
 
 // Columns -----------------------------------------------------------------------------------------
@@ -204,13 +211,13 @@ QtViewModel2::PlacesByParent QtViewModel2::placesOf(const Uids& rows) const
 void QtViewModel2::finish(SizeEvent& event)
 {
     using HasChildren = RowForest::HasChildren;
-    for (const auto& [row, answer] : event.answers) {
-        if (m_rows.hasChildren(row) == HasChildren::Unknown)
-            m_rows.setHasChildren(row, answer);
+    for (auto answer = event.answers.rbegin(); answer != event.answers.rend(); ++answer) {
+        if (m_rows.hasChildren(answer->first) == HasChildren::Unknown)
+            m_rows.setHasChildren(answer->first, answer->second);
     }
     forgetGone(event);
     m_queries.shapeChanged();
-    if (event.hasAnswers && !event.rowsAtOnce) {
+    if (event.hasNewAnswers && !event.rowsAtOnce) {
         Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
         Q_EMIT layoutChanged({}, VerticalSortHint);
     }

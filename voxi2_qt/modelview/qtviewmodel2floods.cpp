@@ -3,6 +3,8 @@
 #include "qtviewmodel2.h"
 #include "qtviewmodel2sizeevent.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <utility>
 
@@ -112,14 +114,56 @@ bool QtViewModel2::isAllSelected() const
 void QtViewModel2::applyAtOnce(Changes changes, SizeEvent& event)
 {
     // The ones do not touch the others.
-    if (event.columnsAtOnce)
+    if (event.columnsAtOnce) {
+        // Of columns that move, Qt keeps only such cells selected as are enabled, and not those of
+        // which nothing is known.
+        const QScopedValueRollback enabled(m_isMovingColumns, true);
         changeLayout(HorizontalSortHint, event, [&] { applyToColumns(changes, event); });
-    else
+    } else {
         applyToColumns(changes, event);
-    if (event.rowsAtOnce)
+    }
+    if (event.rowsAtOnce) {
+        removeCurrent(changes, event);
         changeLayout(VerticalSortHint, event, [&] { applyToRows(changes, event); });
-    else
+    } else {
         applyToRows(changes, event);
+    }
+}
+
+/// If the current row goes, it goes before the others, as a step with those around it: then views
+/// choose another one, which a change of the layout would leave to nobody.
+void QtViewModel2::removeCurrent(Changes changes, SizeEvent& event)
+{
+    if (event.isPermutation || !m_selection || !m_selection->currentIndex().isValid())
+        return;
+    Uids removed;
+    Uids inserted;
+    for (const SizeChange2& change : changes) {
+        if (change.kind() == SizeChange2::RemoveRow)
+            removed.insert(removed.end(), change.uids().begin(), change.uids().end());
+        else if (SizeEvent::insertsRows(change))
+            inserted.insert(inserted.end(), change.uids().begin(), change.uids().end());
+    }
+    std::sort(removed.begin(), removed.end());
+    std::sort(inserted.begin(), inserted.end());
+    const auto goes = [&](Uid row) {
+        return row != 0 && std::binary_search(removed.begin(), removed.end(), row)
+               && !std::binary_search(inserted.begin(), inserted.end(), row);
+    };
+    Uid row = rowFromIndex(m_selection->currentIndex());
+    while (row != 0 && !goes(row))
+        row = parentRow(row);
+    if (row == 0)
+        return;
+    const RowForest::Place place = m_rows.placeOf(row);
+    int first = place.row;
+    int last = place.row;
+    while (goes(m_rows.at(place.parent, first - 1)))
+        --first;
+    while (goes(m_rows.at(place.parent, last + 1)))
+        ++last;
+    const QScopedValueRollback asStep(event.rowsAtOnce, false);
+    removeRun(place.parent, first, last, event);
 }
 
 template <class Apply>

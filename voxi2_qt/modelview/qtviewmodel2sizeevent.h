@@ -17,10 +17,10 @@ struct QtViewModel2::SizeEvent
     bool isPermutation = false;
     bool removesColumns = false;
     /// It tells of rows whether they have children.
-    bool hasAnswers = false;
+    bool hasNewAnswers = false;
     /// All rows that were removed.
     Uids gone;
-    /// What is known of rows that may move, which are forgotten by the forest in between.
+    /// Of rows that may move, which the forest forgets in between; the latest last.
     std::vector<std::pair<Uid, RowForest::HasChildren>> answers;
 
     static bool insertsColumns(const SizeChange2& change)
