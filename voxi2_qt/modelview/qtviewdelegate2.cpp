@@ -110,10 +110,11 @@ void QtViewDelegate2::place(const QModelIndex& index, QWidget* widget)
 void QtViewDelegate2::adopt(QWidget* parent)
 {
     m_isAdopted = true;
+    m_editor->removeEventFilter(this);
     takeOutFor(parent, m_editor);
     if (m_editor->parentWidget() != parent)
         m_editor->setParent(parent);
-    m_editor->installEventFilter(this);
+    m_editor->installEventFilter(this); // it is to stay there
 
     QWidget* target = m_editor;
     while (QWidget* const proxy = target->focusProxy())
@@ -143,6 +144,12 @@ void QtViewDelegate2::closeIndexWidget(const QModelIndex& index, bool isCommitte
         return;
     const QtReportHold hold;
     end(isCommitted);
+}
+
+void QtViewDelegate2::endHidden(const QPointer<QWidget>& editor)
+{
+    if (editor && editor == m_editor && editor->isHidden())
+        closeIndexWidget(m_editorIndex, true);
 }
 
 void QtViewDelegate2::end(bool isCommitted)

@@ -166,6 +166,7 @@ private:
 
     // Its end
     void end(bool isCommitted);
+    void endHidden(const QPointer<QWidget>& editor);
     /// It goes, or has gone, by itself.
     void lose();
     /// Of an editor, or a widget that a cell carries.

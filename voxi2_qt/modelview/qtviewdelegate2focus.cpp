@@ -27,9 +27,10 @@ bool QtViewDelegate2::eventFilter(QObject* object, QEvent* event)
         return false;
     const bool isOurs = widget == m_editor || isEmbedded(widget);
     switch (event->type()) {
-    case QEvent::ParentChange:
-        // The program has put it elsewhere; Qt would go on moving it about.
-        if (isOurs && widget->parentWidget() != m_itemView.viewport())
+    case QEvent::ParentAboutToChange:
+    case QEvent::ParentChange: // what was never shown does not announce it
+        // The program puts it elsewhere; Qt would go on moving it about.
+        if (isOurs)
             leaveTo(widget);
         return false;
     case QEvent::DeferredDelete:
@@ -69,6 +70,16 @@ bool QtViewDelegate2::handleKey(QWidget* widget, QEvent* event)
 
 bool QtViewDelegate2::handleFocusOut(QEvent* event)
 {
+    if (m_editorId != 0 && !lookup(m_editorId)) {
+        leaveTo(m_editor); // it is being destroyed, and may be half gone
+        return false;
+    }
+    if (m_editor->isHidden()) {
+        // Qt may be moving it elsewhere, or dropping its cell: what it is about is seen later.
+        QMetaObject::invokeMethod(
+            this, [this, editor = m_editor] { endHidden(editor); }, Qt::QueuedConnection);
+        return false;
+    }
     QWidget* const focus = QApplication::focusWidget();
     if (focus && focus != m_editor && isWithin(m_editor, focus)) {
         // A list that drops down is in a window of its own, where Enter chooses.
