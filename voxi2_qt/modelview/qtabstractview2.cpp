@@ -43,6 +43,7 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isSelected, &P::doIsSelected>(),
     TROV::row<&E::scrollTo, &P::doScrollTo>(),
     TROV::row<&E::getModelCellAt, &P::doGetModelCellAt>(),
+    TROV::row<&E::getCellAtPosition, &P::doGetCellAtPosition>(),
     TROV::row<&E::getModelCellRect, &P::doGetModelCellRect>(),
     TROV::row<&E::getCellRect, &P::doGetCellRect>(),
     TROV::row<&E::isCellVisible, &P::doIsCellVisible>(),
@@ -239,11 +240,16 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     m_delegate->closeIndexWidget(m_delegate->getEditorIndex(), false);
     m_host->clearQueuedEvents();
     QtViewModel2* const former = m_model;
-    QItemSelectionModel* const formerSelection = view.selectionModel();
     m_model = new QtViewModel2(model, nullptr, &view);
     m_model->setCacheLimit(m_cacheLimit);
     m_delegate->clearPaintCache();
-    view.setModel(m_model);
+    // By way of none, for the header to forget what was set for the former columns.
+    for (QAbstractItemModel* const each :
+         {static_cast<QAbstractItemModel*>(nullptr), static_cast<QAbstractItemModel*>(m_model)}) {
+        QItemSelectionModel* const formerSelection = view.selectionModel();
+        view.setModel(each);
+        deleteWhenFree(formerSelection);
+    }
     m_model->setSelectionModel(view.selectionModel());
     QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, m_sight.get(),
                      &QtViewSight::remember);
@@ -252,7 +258,6 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     m_sort = {};
     showSortIndicator();
     m_sight->modelReplaced();
-    deleteWhenFree(formerSelection);
     if (former) {
         former->TROV::Listener::disconnect();
         deleteWhenFree(former);

@@ -102,10 +102,10 @@ void QtAbstractView2::handleInput(Input input, QInputEvent& event,
     const QtDeletionHold hold(this);
     const bool isEditors = m_host->comesFromEditor(event);
     if (input == Input::Press)
-        notePress(event);
+        notePress(static_cast<QMouseEvent&>(event));
     handle();
     if (hold.isAlive() && input == Input::Release)
-        editIfClicked(event);
+        editIfClicked(static_cast<QMouseEvent&>(event));
     if (hold.isAlive() && !isEditors)
         m_host->passToEditor(event);
 }
@@ -152,6 +152,12 @@ void QtAbstractView2::changeCurrent(const QModelIndex& current, const std::funct
     if (hold.isAlive() && editsOnClick() && QApplication::mouseButtons() == Qt::NoButton
         && itemView().currentIndex() == index)
         edit(index, QAbstractItemView::CurrentChanged, nullptr);
+}
+
+bool QtAbstractView2::isDraggingCells(const QMouseEvent& event) const
+{
+    return m_hasPressedSelection && (event.buttons() & Qt::LeftButton)
+           && isHeard(&VXWidget2Emitters::dragDetect);
 }
 
 bool QtAbstractView2::handleKey(const QKeyEvent& event)
@@ -236,23 +242,22 @@ bool QtAbstractView2::editsOnClick() const
     return (m_editTriggers & EditTrigger::CurrentChanged) != EditTrigger::None;
 }
 
-void QtAbstractView2::notePress(const QInputEvent& event)
+void QtAbstractView2::notePress(const QMouseEvent& event)
 {
-    const auto& mouse = static_cast<const QMouseEvent&>(event);
-    if (mouse.button() != Qt::LeftButton)
+    if (event.button() != Qt::LeftButton)
         return;
-    m_pressedIndex =
-        editsOnClick() ? itemView().indexAt(mouse.position().toPoint()) : QModelIndex();
+    const QModelIndex index = itemView().indexAt(event.position().toPoint());
+    m_pressedIndex = editsOnClick() ? index : QModelIndex();
+    m_hasPressedSelection = itemView().selectionModel()->isSelected(index);
 }
 
-void QtAbstractView2::editIfClicked(const QInputEvent& event)
+void QtAbstractView2::editIfClicked(QMouseEvent& event)
 {
-    const auto& mouse = static_cast<const QMouseEvent&>(event);
-    if (mouse.button() != Qt::LeftButton)
+    if (event.button() != Qt::LeftButton)
         return;
     const QPersistentModelIndex pressed = std::exchange(m_pressedIndex, QPersistentModelIndex());
-    if (pressed.isValid() && itemView().indexAt(mouse.position().toPoint()) == pressed)
-        edit(pressed, QAbstractItemView::AllEditTriggers, const_cast<QInputEvent*>(&event));
+    if (pressed.isValid() && itemView().indexAt(event.position().toPoint()) == pressed)
+        edit(pressed, QAbstractItemView::AllEditTriggers, &event);
 }
 
 void QtAbstractView2::editNext(bool forward)

@@ -178,6 +178,4 @@ void QtAbstractView2::showSortIndicator()
         header.setSortIndicator(section, order);
 }
 
-void QtAbstractView2::updateHeaders() { columnHeader().viewport()->update(); }
-
 } // namespace VOXI

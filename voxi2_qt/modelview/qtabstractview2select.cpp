@@ -119,10 +119,12 @@ bool QtAbstractView2::doIsSelected(unsigned row, unsigned column)
     const QModelIndex index = indexOf(row, column);
     if (!index.isValid())
         return false;
-    // Qt says no of cells that are not known to be enabled.
-    const CellRecord* const record = m_model->peekCell(index);
-    return record ? itemView().selectionModel()->isSelected(index)
-                  : itemView().selectionModel()->selection().contains(index);
+    // Qt says no of cells that are not known, since they might be disabled.
+    if (m_model->isKnown(index))
+        return itemView().selectionModel()->isSelected(index);
+    const QItemSelection selection = itemView().selectionModel()->selection();
+    return std::any_of(selection.begin(), selection.end(),
+                       [&](const auto& range) { return range.contains(index); });
 }
 
 std::vector<unsigned> QtAbstractView2::doGetSelectedRows()
@@ -165,7 +167,7 @@ void QtAbstractView2::doCopySelection()
 
 void QtAbstractView2::noteSelection()
 {
-    if (m_model->isBlockingSelection() || QtProgramScope::isActive()
+    if (QtProgramScope::isActive() || m_model->isBlockingSelection()
         || !isHeard(&E::selectionChanged))
         return;
     const VXObjectDataLocker lock;
@@ -199,7 +201,8 @@ void QtAbstractView2::select(const QItemSelection& selection)
         itemView().selectionModel()->select(selection, QItemSelectionModel::Select);
     }
     itemView().viewport()->update();
-    updateHeaders(); // they show what is selected as well
+    for (auto* const header : itemView().findChildren<QHeaderView*>())
+        header->viewport()->update(); // it shows what is selected as well
 }
 
 std::vector<ModelBlock> QtAbstractView2::selectedBlocks() const

@@ -64,6 +64,12 @@ ModelCell2 QtAbstractView2::doGetModelCellAt(int x, int y)
     return m_model->cellFromIndex(itemView().indexAt({x, y}));
 }
 
+ModelCell2 QtAbstractView2::doGetCellAtPosition(VXPoint<int> position)
+{
+    const QPoint inView = itemView().viewport()->mapFromParent(VX2Qt(position));
+    return doGetModelCellAt(inView.x(), inView.y());
+}
+
 VXRect<int> QtAbstractView2::doGetModelCellRect(unsigned row, unsigned column)
 {
     layOutNow();
@@ -87,12 +93,14 @@ bool QtAbstractView2::doIsCellVisible(unsigned row, unsigned column)
 bool QtAbstractView2::doIsHScrollbarVisible()
 {
     layOutNow();
+    updateScrollBars();
     return isAnyShown(*itemView().horizontalScrollBar());
 }
 
 bool QtAbstractView2::doIsVScrollbarVisible()
 {
     layOutNow();
+    updateScrollBars();
     return isAnyShown(*itemView().verticalScrollBar());
 }
 

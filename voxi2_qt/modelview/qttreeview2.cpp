@@ -1,7 +1,6 @@
 #include "voxi2_qt/modelview/qttreeview2.h"
 
 #include "qtcolumnheader.h"
-#include "qtviewdelegate2.h"
 #include "qtviewmodel2.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
@@ -76,7 +75,7 @@ void QtTreeView2::doSetRowHeight(unsigned row, int height)
     if (!index.isValid())
         return;
     m_rowHeights[row] = std::clamp(height, 0, QWIDGETSIZE_MAX);
-    Q_EMIT viewDelegate().sizeHintChanged(index);
+    scheduleDelayedItemsLayout();
 }
 
 int QtTreeView2::doRowHeight(unsigned row)

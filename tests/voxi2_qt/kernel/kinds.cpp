@@ -24,8 +24,10 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
+#include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeView>
 
 namespace VOXI {
 namespace {
@@ -132,6 +134,65 @@ void addDialog(Kind& kind)
     kind.has("modal", &D::setModal, &D::isModal, true).reports("finished", &D::finished);
 }
 
+/// One cell, of which a view is asked and told.
+VXTableModel2& oneCell()
+{
+    static auto* const model = new VXTableModel2({L"header"});
+    if (model->rowCount() == 0)
+        model->appendRow({CellUIData(L"cell").setReadOnly(false)});
+    return *model;
+}
+
+/// Has the view show it, and know it.
+void showCell(VXAbstractView2& view)
+{
+    view.setViewModel(&oneCell());
+    for (int i = 0; i < 3; ++i) {
+        qt(view)->grab();
+        turn();
+    }
+}
+
+void addView(Kind& kind)
+{
+    using V = VXAbstractView2;
+    kind.has("selectionMode", &V::setSelectionMode, &V::selectionMode, SelectionMode::Contiguous)
+        .has("selectionBehavior", &V::setSelectionBehavior, &V::selectionBehavior,
+             SelectionBehavior::Columns)
+        .has("editTriggers", &V::setEditTriggers, &V::editTriggers, EditTrigger::CurrentChanged)
+        .has("columnHeaderVisible", &V::setColumnHeaderVisible, &V::isColumnHeaderVisible, false)
+        .has("columnMovable", &V::setColumnMovable, &V::isColumnMovable, true)
+        .has("headerClickable", &V::setHeaderClickable, &V::isHeaderClickable, true)
+        .has("alternatingRowColors", &V::setAlternatingRowColors, &V::hasAlternatingRowColors, true)
+        .has("cacheLimit", &V::setCacheLimit, &V::cacheLimit, 777)
+        .refersTo("viewModel", &V::setViewModel, &V::viewModel)
+        .reports("activeCellChanged", &V::activeCellChanged,
+                 [](V& v) {
+                     showCell(v);
+                     v.imitateSetActiveCell({1, 1, nullptr});
+                 })
+        .reports("selectionChanged", &V::selectionChanged,
+                 [](V& v) {
+                     showCell(v);
+                     v.imitateSetSelection({{1, 1, nullptr}, {1, 1, nullptr}});
+                 })
+        .reports("editRequested", &V::editRequested,
+                 [](V& v) {
+                     showCell(v);
+                     v.setEditTriggers(EditTrigger::All);
+                     v.imitateEdit(1, 1, EditTrigger::EditKeyPressed);
+                 })
+        .reports("editCompleted", &V::editCompleted)
+        .reports("cellActivated", &V::cellActivated)
+        .reports("cellContextMenu", &V::cellContextMenu,
+                 [](V& v) {
+                     v.imitateContextMenu({1, 1}, {1, 1});
+                 })
+        .reports("headerClicked", &V::headerClicked)
+        .reports("columnResized", &V::columnResized)
+        .reports("columnMoved", &V::columnMoved);
+}
+
 template <class R>
 void addRange(Kind& kind)
 {
@@ -185,6 +246,8 @@ Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
         addDialog(made);
     if constexpr (std::derived_from<Object, VXLayout2>)
         addLayout(made);
+    if constexpr (std::derived_from<Object, VXAbstractView2>)
+        addView(made);
     if constexpr (std::derived_from<Object, VXRange2>)
         addRange<Object>(made);
     return made;
@@ -432,12 +495,32 @@ std::vector<Kind> controlKinds()
     };
 }
 
+std::vector<Kind> modelviewKinds()
+{
+    using Table = VXTableView2;
+    using Tree = VXTreeView2;
+    return {
+        kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
+            .has("wordWrap", &Table::setWordWrap, &Table::wordWrap, false)
+            .has("rowHeaderVisible", &Table::setRowHeaderVisible, &Table::isRowHeaderVisible, false)
+            .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true)
+            .has("gridVisible", &Table::setGridVisible, &Table::isGridVisible, false),
+        kind<Tree, QTreeView, &F::createTreeView2>("TreeView", QAccessible::Tree)
+            .has("wordWrap", &Tree::setWordWrap, &Tree::wordWrap, true)
+            .has("rootIsDecorated", &Tree::setRootIsDecorated, &Tree::rootIsDecorated, false)
+            .has("uniformRowHeights", &Tree::setUniformRowHeights, &Tree::hasUniformRowHeights,
+                 true)
+            .reports("expanded", &Tree::expanded)
+            .reports("collapsed", &Tree::collapsed),
+    };
+}
+
 } // namespace
 
 std::vector<Kind> allKinds()
 {
     std::vector<Kind> all = kernelKinds();
-    for (const std::vector<Kind>& folder : {containerKinds(), controlKinds()})
+    for (const std::vector<Kind>& folder : {containerKinds(), controlKinds(), modelviewKinds()})
         all.insert(all.end(), folder.begin(), folder.end());
     return all;
 }

@@ -35,6 +35,9 @@
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxfactory2.h"
+#include "voxi2/modelview/vxtablemodel2.h"
+#include "voxi2/modelview/vxtableview2.h"
+#include "voxi2/modelview/vxtreeview2.h"
 
 #include <QAccessible>
 #include <QMetaObject>
@@ -99,7 +102,10 @@ struct Kind
     template <class Object, class Other>
     Kind& refersTo(const char* name, void (Object::*set)(Other*), Other* (Object::*get)() const)
     {
-        using Made = std::conditional_t<std::same_as<Other, VXWidget2>, VXPanel2, Other>;
+        using Model = VXAbstractViewModel2;
+        using Made = std::conditional_t<
+            std::same_as<Other, VXWidget2>, VXPanel2,
+            std::conditional_t<std::same_as<Other, Model>, VXTableModel2, Other>>;
         m_references.push_back({name,
                                 [](VXObject2* parent) -> VXObject2* { return new Made(parent); },
                                 [=](VXObject2& o, VXObject2* other) {

@@ -101,6 +101,11 @@ ModelCell2 VXAbstractView2::cellAt(int x, int y) const
     return current(m_emitters).getModelCellAt(x, y);
 }
 
+ModelCell2 VXAbstractView2::cellAt(VXPoint<int> position) const
+{
+    return current(m_emitters).getCellAtPosition(position);
+}
+
 VXRect<int> VXAbstractView2::cellRect(unsigned row, unsigned column) const
 {
     return current(m_emitters).getModelCellRect(row, column);

@@ -41,6 +41,7 @@ struct VXAbstractView2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<bool(unsigned, unsigned)> isSelected{*this};
     TROV::Request<void(ModelCell2)> scrollTo{*this};
     TROV::Request<ModelCell2(int, int)> getModelCellAt{*this};
+    TROV::Request<ModelCell2(VXPoint<int>)> getCellAtPosition{*this};
     TROV::Request<VXRect<int>(unsigned, unsigned)> getModelCellRect{*this};
     TROV::Request<VXRect<int>(unsigned, unsigned)> getCellRect{*this};
     TROV::Request<bool(unsigned, unsigned)> isCellVisible{*this};
@@ -139,7 +140,9 @@ public:
     void scrollTo(ModelCell2 cell);
     /// The cell at a point of the view's area of cells; a null one where there is none.
     ModelCell2 cellAt(int x, int y) const;
-    /// Where the cell is in that area; empty when it is not shown.
+    /// The same at a point of the widget, such as events of the pointer and of drags have.
+    ModelCell2 cellAt(VXPoint<int> position) const;
+    /// Where the cell is in the area of cells; empty when it is not shown.
     VXRect<int> cellRect(unsigned row, unsigned column) const;
     /// Whether at least a part of the cell is in sight.
     bool isCellVisible(unsigned row, unsigned column) const;

@@ -60,6 +60,7 @@ public:
     virtual bool doIsSelected(unsigned row, unsigned column);
     virtual void doScrollTo(ModelCell2 cell);
     virtual ModelCell2 doGetModelCellAt(int x, int y);
+    virtual ModelCell2 doGetCellAtPosition(VXPoint<int> position);
     virtual VXRect<int> doGetModelCellRect(unsigned row, unsigned column);
     virtual VXRect<int> doGetCellRect(unsigned row, unsigned column);
     virtual bool doIsCellVisible(unsigned row, unsigned column);
@@ -134,6 +135,7 @@ protected:
     virtual QModelIndex cursorMoved(bool forward) = 0;
     /// Does what waits to be laid out.
     virtual void layOutNow() = 0;
+    virtual void updateScrollBars() = 0;
 
     // What differs
     /// -1 where the content decides.
@@ -155,6 +157,9 @@ protected:
     void noteScroll();
     void noteLooks();
     void paintWaiting(const QRect& area);
+    /// Whether the pointer draws what was selected already, and somebody wants to know of drags:
+    /// then it selects nothing else on its way.
+    bool isDraggingCells(const QMouseEvent& event) const;
     /// Of the platform's keys; true if it was one.
     bool handleKey(const QKeyEvent& event);
     void searchFor(const QString& text);
@@ -171,10 +176,9 @@ private:
                                MouseButton button);
     std::vector<ModelBlock> selectedBlocks() const;
     bool editsOnClick() const;
-    void notePress(const QInputEvent& event);
-    void editIfClicked(const QInputEvent& event);
+    void notePress(const QMouseEvent& event);
+    void editIfClicked(QMouseEvent& event);
     void editNext(bool forward);
-    void updateHeaders();
     void reportActivation(const QModelIndex& index);
     void reportHeaderClick(int section);
     void reportColumnWidth(int section, int width);
@@ -193,6 +197,7 @@ private:
     QPersistentModelIndex m_pressedIndex;
     std::map<unsigned, int> m_hiddenWidths; ///< of columns, by their UID
     bool m_isEditBarred = false;
+    bool m_hasPressedSelection = false; ///< the left button went down on a cell that was selected
 };
 
 } // namespace VOXI

@@ -59,6 +59,7 @@ protected:
         return this->moveCursor(forward ? Q::MoveNext : Q::MovePrevious, Qt::NoModifier);
     }
     void layOutNow() override { this->executeDelayedItemsLayout(); }
+    void updateScrollBars() override { this->updateGeometries(); }
 
     // Qt's
 
@@ -72,7 +73,12 @@ protected:
     }
     void mouseMoveEvent(QMouseEvent* event) override
     {
-        this->handleInput(Base::Input::Move, *event, [&] { Shim::mouseMoveEvent(event); });
+        this->handleInput(Base::Input::Move, *event, [&] {
+            if (this->isDraggingCells(*event))
+                this->passMouseMove(*event);
+            else
+                Shim::mouseMoveEvent(event);
+        });
     }
     void keyPressEvent(QKeyEvent* event) override
     {
