@@ -160,7 +160,6 @@ void addView(Kind& kind)
         .has("selectionBehavior", &V::setSelectionBehavior, &V::selectionBehavior,
              SelectionBehavior::Columns)
         .has("editTriggers", &V::setEditTriggers, &V::editTriggers, EditTrigger::CurrentChanged)
-        .has("columnHeaderVisible", &V::setColumnHeaderVisible, &V::isColumnHeaderVisible, false)
         .has("columnMovable", &V::setColumnMovable, &V::isColumnMovable, true)
         .has("headerClickable", &V::setHeaderClickable, &V::isHeaderClickable, true)
         .has("alternatingRowColors", &V::setAlternatingRowColors, &V::hasAlternatingRowColors, true)
@@ -501,13 +500,9 @@ std::vector<Kind> modelviewKinds()
     using Tree = VXTreeView2;
     return {
         kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
-            .has("wordWrap", &Table::setWordWrap, &Table::wordWrap, false)
-            .has("rowHeaderVisible", &Table::setRowHeaderVisible, &Table::isRowHeaderVisible, false)
-            .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true)
-            .has("gridVisible", &Table::setGridVisible, &Table::isGridVisible, false),
+            .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true),
         kind<Tree, QTreeView, &F::createTreeView2>("TreeView", QAccessible::Tree)
             .has("wordWrap", &Tree::setWordWrap, &Tree::wordWrap, true)
-            .has("rootIsDecorated", &Tree::setRootIsDecorated, &Tree::rootIsDecorated, false)
             .has("uniformRowHeights", &Tree::setUniformRowHeights, &Tree::hasUniformRowHeights,
                  true)
             .reports("expanded", &Tree::expanded)

@@ -103,6 +103,11 @@ TEST_F(TableView, hasRowsColumnsAndHeadersAsSet)
     m_view.setRowHeaderVisible(false);
     EXPECT_FALSE(table().horizontalHeader()->isVisible());
     EXPECT_FALSE(table().verticalHeader()->isVisible());
+    EXPECT_FALSE(m_view.isColumnHeaderVisible() || m_view.isRowHeaderVisible());
+    m_view.setGridVisible(false);
+    EXPECT_FALSE(m_view.isGridVisible() || table().showGrid());
+    m_view.setWordWrap(false);
+    EXPECT_FALSE(m_view.wordWrap() || table().wordWrap());
     // Numbers that are not there
     m_view.setColumnWidth(9, 50);
     m_view.setRowHeight(9, 50);

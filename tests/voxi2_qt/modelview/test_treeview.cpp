@@ -104,6 +104,8 @@ TEST_F(TreeView, hasRowsAndLooksAsSet)
     m_model.removeRow(m_fruit);
     settle();
     EXPECT_EQ(m_view.rowHeight(m_fruit), 0);
+    m_view.setRootIsDecorated(false);
+    EXPECT_FALSE(m_view.rootIsDecorated() || tree().rootIsDecorated());
     m_view.setColumnMovable(true);
     EXPECT_TRUE(tree().header()->isFirstSectionMovable());
     m_view.setColumnWidth(1, 3);
