@@ -94,8 +94,7 @@ void QtViewDelegate2::place(const QModelIndex& index, QWidget* widget)
     m_editor = widget;
     m_editorId = peer ? peer->getUID() : 0;
     m_editorCell = m_view.uidsOf(index);
-    QObject::connect(widget, &QObject::destroyed, this, &QtViewDelegate2::forgetDestroyed,
-                     Qt::UniqueConnection);
+    attach(widget);
 
     m_view.makeCurrent(m_editorIndex);
     m_view.startEditing(m_editorIndex);
@@ -187,11 +186,25 @@ void QtViewDelegate2::forgetEditor()
     m_isAdopted = false;
 }
 
-void QtViewDelegate2::forgetDestroyed(QObject* object)
+void QtViewDelegate2::attach(QWidget* widget)
 {
-    m_embedded.remove(object);
+    QObject::disconnect(widget, &QObject::destroyed, this, nullptr);
+    QObject::connect(widget, &QObject::destroyed, this, [this, widget] { forgetDead(widget); });
+}
+
+void QtViewDelegate2::forgetDead(QWidget* widget)
+{
+    m_embedded.remove(widget);
     if (m_isAdopted && !m_editor)
         lose();
+    forgetInView(widget);
+}
+
+void QtViewDelegate2::forgetInView(QWidget* widget)
+{
+    m_view.forgetEditor(widget);
+    if (isEditing())
+        m_view.setEditing(true); // Qt takes each for the one that is edited with
 }
 
 void QtViewDelegate2::destroyEditor(QWidget* editor, const QModelIndex&) const
@@ -240,10 +253,7 @@ void QtViewDelegate2::detach(QWidget* widget)
     widget->removeEventFilter(this);
     widget->removeEventFilter(&m_itemView);
     QObject::disconnect(widget, &QObject::destroyed, this, nullptr);
-    QObject::disconnect(widget, &QObject::destroyed, &m_itemView, nullptr);
-    m_view.forgetEditor(widget);
-    if (isEditing())
-        m_view.setEditing(true); // Qt takes it for the editor's end
+    forgetInView(widget);
 }
 
 void QtViewDelegate2::letGo(QWidget* widget)

@@ -149,7 +149,7 @@ private:
                     const PlainCell& cell) const;
 
     // Widgets that cells carry while nobody edits them
-    bool isEmbedded(QObject* widget) const { return m_embedded.contains(widget); }
+    bool isEmbedded(QWidget* widget) const { return m_embedded.contains(widget); }
     bool carriesOther(const QModelIndex& index) const;
     void wantSettled(const QModelIndex& index) const;
     void settleAll();
@@ -160,6 +160,8 @@ private:
     bool canHold(const QWidget* widget) const;
     void place(const QModelIndex& index, QWidget* widget);
     void adopt(QWidget* parent);
+    /// To be told when it is destroyed.
+    void attach(QWidget* widget);
     void listenTo(QWidget* widget);
     bool handleKey(QWidget* widget, QEvent* event);
     bool handleFocusOut(QEvent* event);
@@ -173,7 +175,8 @@ private:
     void leaveTo(QWidget* widget);
     void leaveForEnd(QWidget* widget);
     void forgetEditor();
-    void forgetDestroyed(QObject* object);
+    void forgetDead(QWidget* widget);
+    void forgetInView(QWidget* widget);
     void takeOff(QWidget* widget);
     void detach(QWidget* widget);
     static void letGo(QWidget* widget);
@@ -189,7 +192,7 @@ private:
     QList<QPointer<QWidget>> m_listenedTo;
     bool m_isAdopted = false;   // it stands in the view and is listened to
     bool m_hasOurProxy = false; // its focus proxy is the delegate's doing
-    QHash<QObject*, QPersistentModelIndex> m_embedded;
+    QHash<QWidget*, QPersistentModelIndex> m_embedded;
     mutable QList<QPersistentModelIndex> m_unsettled; ///< cells that want another embedded widget
     std::shared_ptr<TextLayouts> m_layouts;
 };

@@ -80,8 +80,7 @@ void QtViewDelegate2::embed(const QModelIndex& index, QWidget* widget)
     widget->setParent(m_itemView.viewport());
     m_embedded.insert(widget, index);
     widget->installEventFilter(this);
-    QObject::connect(widget, &QObject::destroyed, this, &QtViewDelegate2::forgetDestroyed,
-                     Qt::UniqueConnection);
+    attach(widget);
     m_itemView.setIndexWidget(index, widget);
 }
 

@@ -335,6 +335,8 @@ TEST_F(DelegateEditor, aWidgetThatACellCarriesStandsInIt)
     EXPECT_TRUE(stands(m_view->at(2), *button));
     m_view->m_model.setData(m_view->at(2), QVariant(), CellWidgetRole);
     EXPECT_TRUE(waitFor([&] { return !qt(*button)->parentWidget(); }));
+    carry(m_view->at(2), *button);
+    EXPECT_TRUE(stands(m_view->at(2), *button));
 
     // As an editor it remains in its cell.
     place(1, other);
@@ -348,6 +350,9 @@ TEST_F(DelegateEditor, aWidgetThatACellCarriesStandsInIt)
     VXSpinBox2 editor(&m_owner);
     place(1, editor);
     EXPECT_EQ(qt(other)->parentWidget(), nullptr);
+    m_view->m_model.setData(m_view->at(2), QVariant(), CellWidgetRole);
+    EXPECT_TRUE(waitFor([&] { return !qt(*button)->parentWidget(); }));
+    EXPECT_TRUE(m_view->isInEditing());
     m_view->delegate().closeIndexWidget(first, true);
     EXPECT_TRUE(stands(first, other));
     m_view->m_model.removeRow(1);

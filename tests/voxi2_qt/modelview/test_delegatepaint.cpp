@@ -121,6 +121,7 @@ TEST_F(DelegatePaint, drawsPlainTextsAsQItemDelegateToThePixel)
     const QRect rects[] = {{10, 10, 90, 20}, {5, 5, 200, 45}, {10, 10, 90, 9}, {10, 10, 3, 20}};
     const QStyle::State enabled = QStyle::State_Enabled;
     const QStyle::State active = QStyle::State_Active;
+    m_option.palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0, 0, 200, 90));
     int compared = 0;
     for (const std::wstring& text : texts) {
         for (CellUIData data : looks) {
