@@ -121,7 +121,7 @@ void QtViewDelegate2::adopt(QWidget* parent)
     if (target == m_editor) {
         if (QWidget* const inner = findNextPrevEditorFocusChild(m_editor, true))
             target = inner;
-        m_hasOurProxy = target != m_editor && m_editor->focusPolicy() != Qt::NoFocus;
+        m_hasOurProxy = target != m_editor; // also of a form, which takes no focus itself
         if (m_hasOurProxy)
             m_editor->setFocusProxy(target);
     }
