@@ -199,12 +199,13 @@ private:
 
     // Floods
     void prepare(Changes changes, SizeEvent& event) const;
+    bool mustGoAtOnce(Changes columnChanges) const;
     std::size_t noteMoves(const Uids& rows, SizeEvent& event) const;
     bool isFlood(Changes changes) const;
     bool isSelectionSmall() const;
     bool isAllSelected() const;
     void applyAtOnce(Changes changes, SizeEvent& event);
-    void removeCurrent(Changes changes, SizeEvent& event);
+    void leaveRemoved(Changes changes) const;
     template <class Apply>
     void changeLayout(LayoutChangeHint hint, const SizeEvent& event, const Apply& apply);
     void movePersistent(const Uids& columnsBefore, bool nestedOnly);

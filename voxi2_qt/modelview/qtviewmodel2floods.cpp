@@ -33,23 +33,43 @@ void QtViewModel2::prepare(Changes changes, SizeEvent& event) const
     std::size_t inserted = 0;
     std::size_t moved = 0;
     for (const SizeChange2& change : changes) {
-        removed += change.kind() == SizeChange2::RemoveRow ? change.uids().size() : 0;
-        event.removesColumns = event.removesColumns || change.kind() == SizeChange2::RemoveColumn;
+        if (change.kind() == SizeChange2::RemoveRow)
+            removed += change.uids().size();
+        else if (change.kind() == SizeChange2::RemoveColumn)
+            event.removesColumns = true;
     }
     for (const SizeChange2& change : changes) {
         if (SizeEvent::insertsRows(change)) {
             inserted += change.uids().size();
             if (removed > 0)
                 moved += noteMoves(change.uids(), event);
-        } else if (event.removesColumns && SizeEvent::insertsColumns(change)) {
-            event.columnsAtOnce =
-                event.columnsAtOnce
-                || std::any_of(change.uids().begin(), change.uids().end(),
-                               [this](Uid column) { return isValidColumn(column); });
         }
     }
     event.isPermutation = moved == inserted && moved == removed;
     event.rowsAtOnce = moved > 0 || isFlood(changes);
+    event.columnsAtOnce = event.removesColumns && mustGoAtOnce(changes);
+}
+
+/// When columns move; and when the first goes, of which Qt takes all that is below rows for a part.
+bool QtViewModel2::mustGoAtOnce(Changes columnChanges) const
+{
+    bool isFirst = false;
+    for (const SizeChange2& change : columnChanges) {
+        const auto has = [&](const auto& predicate) {
+            return std::any_of(change.uids().begin(), change.uids().end(), predicate);
+        };
+        if (SizeEvent::insertsColumns(change)) {
+            if (has([this](Uid column) { return isValidColumn(column); }))
+                return true;
+            isFirst = true;
+        } else if (change.kind() == SizeChange2::RemoveColumn) {
+            isFirst = isFirst || has([this](Uid column) { return column == m_columns.at(0); });
+        }
+    }
+    const QModelIndexList held = isFirst ? persistentIndexList() : QModelIndexList();
+    return std::any_of(held.begin(), held.end(), [this](const QModelIndex& index) {
+        return parentRow(rowFromIndex(index)) != 0;
+    });
 }
 
 /// How many of the rows that are inserted are there already: they move, or are inserted in error.
@@ -123,18 +143,19 @@ void QtViewModel2::applyAtOnce(Changes changes, SizeEvent& event)
         applyToColumns(changes, event);
     }
     if (event.rowsAtOnce) {
-        removeCurrent(changes, event);
+        if (!event.isPermutation)
+            leaveRemoved(changes);
         changeLayout(VerticalSortHint, event, [&] { applyToRows(changes, event); });
     } else {
         applyToRows(changes, event);
     }
 }
 
-/// If the current row goes, it goes before the others, as a step with those around it: then views
-/// choose another one, which a change of the layout would leave to nobody.
-void QtViewModel2::removeCurrent(Changes changes, SizeEvent& event)
+/// If the current row goes, another one near it becomes current before, as views do it for single
+/// steps. A change of the layout would just leave none.
+void QtViewModel2::leaveRemoved(Changes changes) const
 {
-    if (event.isPermutation || !m_selection || !m_selection->currentIndex().isValid())
+    if (!m_selection || !m_selection->currentIndex().isValid())
         return;
     Uids removed;
     Uids inserted;
@@ -150,20 +171,19 @@ void QtViewModel2::removeCurrent(Changes changes, SizeEvent& event)
         return row != 0 && std::binary_search(removed.begin(), removed.end(), row)
                && !std::binary_search(inserted.begin(), inserted.end(), row);
     };
-    Uid row = rowFromIndex(m_selection->currentIndex());
-    while (row != 0 && !goes(row))
-        row = parentRow(row);
-    if (row == 0)
+    const QModelIndex current = m_selection->currentIndex();
+    Uid row = rowFromIndex(current);
+    if (!goes(row))
         return;
     const RowForest::Place place = m_rows.placeOf(row);
-    int first = place.row;
-    int last = place.row;
-    while (goes(m_rows.at(place.parent, first - 1)))
-        --first;
-    while (goes(m_rows.at(place.parent, last + 1)))
-        ++last;
-    const QScopedValueRollback asStep(event.rowsAtOnce, false);
-    removeRun(place.parent, first, last, event);
+    int next = place.row;
+    while (goes(m_rows.at(place.parent, next)))
+        --next;
+    for (next = next < 0 ? place.row : next; goes(m_rows.at(place.parent, next));)
+        ++next;
+    row = m_rows.at(place.parent, next);
+    m_selection->setCurrentIndex(indexFromUIDs(row, columnFromIndex(current)),
+                                 QItemSelectionModel::NoUpdate);
 }
 
 template <class Apply>

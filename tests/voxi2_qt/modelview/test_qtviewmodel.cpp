@@ -1,0 +1,296 @@
+// The item model that each view has of its own: what it shows at any time, and what Qt's views and
+// selections make of its changes.
+
+#include "../../voxi2/modelview/naiveview.h"
+#include "qtviewmodel2.h"
+#include "support/waitfor.h"
+#include "support/watchedtest.h"
+
+#include <QAbstractItemModelTester>
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QTableView>
+
+#include <condition_variable>
+#include <deque>
+#include <iostream>
+#include <mutex>
+#include <optional>
+#include <random>
+#include <thread>
+
+namespace VOXI {
+namespace {
+
+using Uid = QtViewModel2::Uid;
+using Uids = QtViewModel2::Uids;
+using CellId = std::pair<Uid, Uid>;
+
+void settle() { TROV::Thread::getCurrentThread()->process(); }
+
+class Model : public VXAbstractViewModel2
+{
+public:
+    using VXAbstractViewModel2::answer;
+    using VXAbstractViewModel2::changeData;
+    using VXAbstractViewModel2::changeHeader;
+    using VXAbstractViewModel2::changeSize;
+    using VXAbstractViewModel2::clearCachedHeaderUIData;
+    using VXAbstractViewModel2::clearCachedUIData;
+
+    Model() = default;
+    Model(const Uids& columns, const Uids& rows)
+    {
+        changeSize(SizeChange2::appendColumns(columns));
+        changeSize(SizeChange2::appendRows(rows));
+    }
+    void query(const ViewQuery2& each) override { m_queries.push_back(each); }
+    void queryHeader(const HeaderQuery2& each) override { m_headerQueries.push_back(each); }
+
+    std::string text(Uid row, Uid column) const
+    {
+        const auto version = m_versions.find({row, column});
+        return std::to_string(row) + '/' + std::to_string(column) + '.'
+               + std::to_string(version == m_versions.end() ? 0 : version->second);
+    }
+    QueryResult2 cells(const ViewQuery2& query) const
+    {
+        QueryResult2 result;
+        for (const Uid row : query.rows()) {
+            for (const Uid column : query.columns())
+                result.set(row, column, text(row, column));
+        }
+        return result;
+    }
+    void answerAll()
+    {
+        settle();
+        for (const ViewQuery2& each : std::exchange(m_queries, {}))
+            answer(each, cells(each));
+        for (const HeaderQuery2& each : std::exchange(m_headerQueries, {}))
+            answerBlank(each);
+        settle();
+    }
+
+    std::vector<ViewQuery2> m_queries;
+    std::vector<HeaderQuery2> m_headerQueries;
+    std::map<CellId, int> m_versions;
+};
+
+Uids ascending(Uid first, std::size_t count)
+{
+    Uids uids;
+    for (Uid uid = first; uids.size() < count; ++uid)
+        uids.push_back(uid);
+    return uids;
+}
+
+std::set<CellId> cellsOf(const QtViewModel2& model, const QItemSelection& selection)
+{
+    std::set<CellId> cells;
+    for (const QItemSelectionRange& range : selection) {
+        EXPECT_TRUE(range.isValid());
+        // Its own list leaves out what is not known, and so not enabled.
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            for (int column = range.left(); column <= range.right(); ++column) {
+                const QModelIndex index = model.index(row, column, range.parent());
+                cells.emplace(model.rowFromIndex(index), model.columnFromIndex(index));
+            }
+        }
+    }
+    return cells;
+}
+
+/// A view's part: an item model, a selection, and indexes that somebody keeps.
+class Shown
+{
+public:
+    Shown(Model& model, bool isTested, bool floods) : m_item(&model, nullptr), m_selection(&m_item)
+    {
+        if (isTested)
+            m_tester.emplace(&m_item, QAbstractItemModelTester::FailureReportingMode::Fatal);
+        m_item.setSelectionModel(&m_selection);
+        if (floods)
+            m_item.setFloodLimits({.work = -1});
+    }
+
+    void select(CellId first, CellId last)
+    {
+        const QModelIndex from = m_item.indexFromUIDs(first.first, first.second);
+        const QModelIndex to = m_item.indexFromUIDs(last.first, last.second);
+        if (first.second == 0 || !from.isValid() || from.parent() != to.parent())
+            return;
+        // As a user does with the control key held, and with a new current cell.
+        m_selection.select({from, to}, QItemSelectionModel::Toggle);
+        m_selection.setCurrentIndex(to, QItemSelectionModel::NoUpdate);
+        m_held.push_back({from, first});
+    }
+    std::set<CellId> selected() const { return cellsOf(m_item, m_selection.selection()); }
+    CellId current() const
+    {
+        const QModelIndex index = m_selection.currentIndex();
+        return {m_item.rowFromIndex(index), m_item.columnFromIndex(index)};
+    }
+
+    QtViewModel2 m_item;
+    std::optional<QAbstractItemModelTester> m_tester;
+    QItemSelectionModel m_selection;
+    std::vector<std::pair<QPersistentModelIndex, CellId>> m_held;
+};
+
+enum class Form { Table, List, Tree };
+
+/// Changes a model at random, with much that is wrong, and looks after each change at what two
+/// views have made of it, one of which takes every change for a flood.
+class RandomShape
+{
+public:
+    RandomShape(unsigned seed, Form form)
+        : m_random(seed),
+          m_form(form),
+          // The tester wants rows to be children of the first column only.
+          m_steps(m_model, form != Form::Tree, false),
+          m_floods(m_model, form != Form::Tree, true)
+    {
+        change({SizeChange2::appendColumns(form == Form::List ? Uids{1} : Uids{1, 2, 3}),
+                SizeChange2::appendRows(ascending(1, 20))});
+    }
+
+    void step()
+    {
+        if (below(3) == 0) {
+            const Uid first = anyRow();
+            const Uid last = anyRow();
+            const CellId from{first, anyColumn()};
+            const CellId to{last, anyColumn()};
+            m_steps.select(from, to);
+            m_floods.select(from, to);
+            return;
+        }
+        if (below(8) == 0) {
+            change({SizeChange2::hasChildren(anyRow(), below(2) == 0)});
+            return;
+        }
+        std::vector<SizeChange2> changes;
+        for (unsigned count = 1 + below(7); count > 0; --count)
+            changes.push_back(anyChange());
+        change(changes);
+    }
+
+private:
+    unsigned below(unsigned end) { return static_cast<unsigned>(m_random() % end); }
+    Uid anyRow() { return below(40); }
+    Uid anyColumn() { return below(m_form == Form::List ? 2 : 7); }
+    Uids some(Uid end)
+    {
+        Uids uids;
+        for (unsigned count = below(4); count > 0; --count)
+            uids.push_back(below(end));
+        return uids;
+    }
+    SizeChange2 anyChange()
+    {
+        const int kind = static_cast<int>(below(12)) - 1;
+        const Uid parent = below(2) == 0 ? 0 : m_form == Form::Table ? 100 + below(9) : anyRow();
+        if (kind < SizeChange2::InsertRowsAfter || kind == SizeChange2::RemoveColumn)
+            return {kind, anyColumn(), parent, some(m_form == Form::List ? 2 : 7)};
+        Uids rows = some(40);
+        rows.push_back(anyRow());
+        return {kind, anyRow(), parent, std::move(rows)};
+    }
+
+    void change(const std::vector<SizeChange2>& changes)
+    {
+        const std::set<CellId> selected = m_steps.selected();
+        const CellId currents[] = {m_steps.current(), m_floods.current()};
+        m_model.changeSize(changes);
+        settle();
+        for (const SizeChange2& each : changes) {
+            if (each.kind() == SizeChange2::PrependRows && each.uids().empty())
+                m_expanders[each.parent()] = each.hasChildren();
+        }
+        std::erase_if(m_expanders,
+                      [this](const auto& each) { return !m_steps.m_item.isValidRow(each.first); });
+        for (Shown* each : {&m_steps, &m_floods}) {
+            compareRows(each->m_item, 0, {});
+            EXPECT_EQ(each->m_item.columns(), m_naive.m_columns);
+            EXPECT_FALSE(each->m_item.isBlockingSelection());
+            for (const auto& [index, cell] : each->m_held) {
+                EXPECT_EQ(index, each->m_item.indexFromUIDs(cell.first, cell.second))
+                    << cell.first << ' ' << cell.second;
+            }
+            const CellId current = currents[each == &m_floods];
+            EXPECT_TRUE(!isThere(current) || each->current() == current);
+            // Qt has what comes into the middle of selected columns below a row selected as well.
+            if (m_form != Form::Tree) {
+                std::set<CellId> left = selected;
+                std::erase_if(left, [this](CellId cell) { return !isThere(cell); });
+                EXPECT_EQ(each->selected(), left);
+            }
+            std::erase_if(each->m_held, [](const auto& held) { return !held.first.isValid(); });
+        }
+    }
+
+    bool isThere(CellId cell) const
+    {
+        return m_steps.m_item.isValidRow(cell.first) && cell.second != 0
+               && m_steps.m_item.isValidColumn(cell.second);
+    }
+
+    void compareRows(const QtViewModel2& item, Uid parent, const QModelIndex& parentIndex)
+    {
+        const auto found = m_naive.m_rows.find(parent);
+        const Uids rows = found == m_naive.m_rows.end() ? Uids() : found->second;
+        EXPECT_EQ(item.getChildRows(parent), rows);
+        ASSERT_EQ(item.rowCount(parentIndex), std::ssize(rows));
+        for (int place = 0; place < std::ssize(rows); ++place) {
+            const Uid row = rows[std::size_t(place)];
+            EXPECT_EQ(item.rowFromUID(row), place);
+            const QModelIndex index = item.index(place, 0, parentIndex);
+            if (m_naive.m_columns.empty()) {
+                EXPECT_FALSE(index.isValid());
+                continue;
+            }
+            EXPECT_EQ(item.rowFromIndex(index), row);
+            EXPECT_EQ(item.parent(index), parentIndex);
+            EXPECT_EQ(item.hasChildren(index), m_naive.m_rows.contains(row) || m_expanders[row]);
+            compareRows(item, row, index);
+        }
+    }
+
+    std::mt19937 m_random;
+    Form m_form;
+    Model m_model;
+    NaiveView m_naive{m_model};
+    Shown m_steps;
+    Shown m_floods;
+    std::map<Uid, bool> m_expanders;
+};
+
+class QtViewModels : public WatchedTest
+{};
+
+unsigned randomSeed()
+{
+    const char* const wanted = std::getenv("VOXI_TEST_SEED");
+    const unsigned seed = wanted ? unsigned(std::atoi(wanted)) : std::random_device{}();
+    std::cout << "VOXI_TEST_SEED=" << seed << std::endl;
+    return seed;
+}
+
+TEST_F(QtViewModels, followWhatComesAndGoes)
+{
+    const unsigned seed = randomSeed();
+    for (const Form form : {Form::Table, Form::List, Form::Tree}) {
+        SCOPED_TRACE("VOXI_TEST_SEED=" + std::to_string(seed) + " form "
+                     + std::to_string(int(form)));
+        RandomShape shape(seed, form);
+        for (int step = 0; step < 1500; ++step) {
+            shape.step();
+            ASSERT_FALSE(HasFailure()) << "step " << step;
+        }
+    }
+}
+
+} // namespace
+} // namespace VOXI
