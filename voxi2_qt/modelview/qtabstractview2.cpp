@@ -117,13 +117,14 @@ void QtAbstractView2::beginView()
 
 void QtAbstractView2::endView()
 {
+    const QtProgramScope scope;
     QAbstractItemView& view = itemView();
+    m_sight->end();
     m_delegate->closeIndexWidget(m_delegate->getEditorIndex(), false);
     view.setItemDelegate(nullptr);
-    delete m_delegate;
-    m_delegate = nullptr;
-    view.disconnect(m_sight.get());
-    delete m_model;
+    delete std::exchange(m_delegate, nullptr);
+    view.setModel(nullptr);
+    delete std::exchange(m_model, nullptr);
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -251,9 +252,14 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
         deleteWhenFree(formerSelection);
     }
     m_model->setSelectionModel(view.selectionModel());
-    QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, m_sight.get(),
-                     &QtViewSight::remember);
-    QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] { sizeChanged(); });
+    QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, &view, [this] {
+        m_sight->remember();
+        m_sizeHold.emplace();
+    });
+    QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] {
+        sizeChanged();
+        m_sizeHold.reset(); // handlers run
+    });
     m_hiddenWidths.clear();
     m_sort = {};
     showSortIndicator();

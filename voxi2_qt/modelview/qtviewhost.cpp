@@ -13,6 +13,13 @@ namespace VOXI {
 
 using E = VXAbstractView2Emitters;
 
+namespace {
+
+/// For a program that asks for nothing and answers nothing, while the user goes on.
+constexpr std::size_t MostQueued = 1'000;
+
+} // namespace
+
 // For the delegate --------------------------------------------------------------------------------
 
 QtViewDelegate2::View::Uids QtViewHost::uidsOf(const QModelIndex& index) const
@@ -102,7 +109,7 @@ void QtViewHost::passToEditor(const QInputEvent& event)
     QtViewDelegate2& delegate = m_view.viewDelegate();
     if (delegate.isEditing())
         send(*delegate.getEditorWidget(), event);
-    else if (delegate.getPendingIndex().isValid())
+    else if (delegate.getPendingIndex().isValid() && m_queue.size() < MostQueued)
         m_queue.emplace_back(static_cast<QInputEvent*>(event.clone()));
 }
 

@@ -1,6 +1,7 @@
 #include "qtviewsight.h"
 
 #include "qtviewmodel2.h"
+#include "voxi2_qt/kernel/qtclock.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
 #include <QHeaderView>
@@ -9,18 +10,21 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace VOXI {
 
 namespace {
 
-/// An answer that takes no longer than this comes without a sign of waiting before it.
-constexpr int PatienceMs = 100;
+/// An answer that takes less than 100 ms comes without a sign of waiting before it. A cell is found
+/// to wait somewhere in its first beat.
+constexpr std::chrono::milliseconds Beat{50};
+constexpr int Patience = 3;
 
 } // namespace
 
-QtViewSight::QtViewSight(QtAbstractView2& view) : m_view(view) { m_clock.start(); }
+QtViewSight::QtViewSight(QtAbstractView2& view) : m_view(view) {}
 
 // Place -------------------------------------------------------------------------------------------
 
@@ -63,7 +67,7 @@ std::vector<int> QtViewSight::sectionsInSight(const QRect& area) const
 
 void QtViewSight::remember()
 {
-    if (!m_wasSeen || !m_anchors.empty())
+    if (m_isOver || !m_wasSeen || !m_anchors.empty())
         return;
     forRows(m_view.itemView().viewport()->rect(),
             [&](const QModelIndex& index, int top, const std::vector<int>&) {
@@ -88,7 +92,7 @@ void QtViewSight::scrolled()
 
 void QtViewSight::restore()
 {
-    if (m_anchors.empty())
+    if (m_isOver || m_anchors.empty())
         return;
     const bool was = std::exchange(m_isRestoring, true);
     const std::vector<Place> anchors = std::exchange(m_anchors, {});
@@ -129,7 +133,7 @@ void QtViewSight::modelReplaced()
 
 void QtViewSight::tellLater()
 {
-    if (!m_tellTimer.isActive())
+    if (!m_isOver && !m_tellTimer.isActive())
         m_tellTimer.start(0, this);
 }
 
@@ -151,18 +155,19 @@ void QtViewSight::tell()
 
 void QtViewSight::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() == m_tellTimer.timerId()) {
-        m_tellTimer.stop();
+    if (event->timerId() != m_tellTimer.timerId())
+        return;
+    m_tellTimer.stop();
+    if (!m_isOver)
         tell();
-    } else if (event->timerId() == m_waitTimer.timerId()) {
-        lookAgain();
-    }
 }
 
 // Waiting -----------------------------------------------------------------------------------------
 
 void QtViewSight::paintWaiting(const QRect& area)
 {
+    if (m_isOver)
+        return;
     m_wasSeen = true;
     const QtViewModel2& model = m_view.viewModel();
     QPainter painter; // begun when something is to be painted
@@ -181,10 +186,10 @@ void QtViewSight::markWaiting(QPainter& painter, const QModelIndex& index)
     const quint64 key = quint64(model.columnFromIndex(index)) << 32 | model.rowFromIndex(index);
     auto waiting = m_waiting.find(key);
     if (waiting == m_waiting.end())
-        waiting = m_waiting.insert(key, {m_clock.elapsed()});
-    if (!m_waitTimer.isActive())
-        m_waitTimer.start(PatienceMs, this);
-    waiting->isShown = m_clock.elapsed() - waiting->since >= PatienceMs;
+        waiting = m_waiting.insert(key, {m_beat});
+    if (!m_beatTimer)
+        startBeat();
+    waiting->isShown = m_beat - waiting->since >= Patience;
     if (!waiting->isShown)
         return;
     QWidget* const viewport = m_view.itemView().viewport();
@@ -206,11 +211,18 @@ void QtViewSight::markWaiting(QPainter& painter, const QModelIndex& index)
     painter.drawRoundedRect(line & rect, height / 2.0, height / 2.0);
 }
 
-void QtViewSight::lookAgain()
+void QtViewSight::startBeat()
 {
+    m_beatTimer = QtClock::current().startTimer(Beat, [this] { beat(); });
+}
+
+void QtViewSight::beat()
+{
+    if (m_isOver)
+        return;
+    ++m_beat;
     const QtViewModel2& model = m_view.viewModel();
     QWidget* const viewport = m_view.itemView().viewport();
-    const qint64 now = m_clock.elapsed();
     bool isNews = false;
     m_waiting.removeIf([&](const auto& entry) {
         const Waiting& waiting = entry.value();
@@ -218,11 +230,12 @@ void QtViewSight::lookAgain()
         if (!cell.isValid() || model.isKnown(cell)
             || !m_view.itemView().visualRect(cell).intersects(viewport->rect()))
             return true;
-        isNews = isNews || (!waiting.isShown && now - waiting.since >= PatienceMs);
+        isNews = isNews || (!waiting.isShown && m_beat - waiting.since >= Patience);
         return false;
     });
-    if (m_waiting.isEmpty())
-        m_waitTimer.stop();
+    m_beatTimer.reset();
+    if (!m_waiting.isEmpty())
+        startBeat();
     if (isNews)
         viewport->update();
 }

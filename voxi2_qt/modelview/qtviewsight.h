@@ -1,11 +1,13 @@
 #pragma once
 
+#include "voxi2/kernel/vxclock2.h"
+
 #include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QModelIndex>
 #include <QObject>
 
+#include <memory>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -23,6 +25,9 @@ class QtViewSight final : public QObject
 {
 public:
     explicit QtViewSight(QtAbstractView2& view);
+
+    /// The view ends.
+    void end() { m_isOver = true; }
 
     /// Around changes to rows and columns, of which there may be several before a layout.
     void remember();
@@ -47,7 +52,7 @@ private:
     };
     struct Waiting
     {
-        qint64 since;
+        int since; ///< the beat in which it was found out
         bool isShown = false;
     };
 
@@ -60,16 +65,18 @@ private:
     void tellLater();
     void tell();
     void markWaiting(QPainter& painter, const QModelIndex& index);
-    void lookAgain();
+    void startBeat();
+    void beat();
 
     QtAbstractView2& m_view;
     std::vector<Place> m_anchors; ///< rows in sight before a change, from the top
+    bool m_isOver = false;
     bool m_isLayingOut = false;
     bool m_isRestoring = false;
     bool m_wasSeen = false; ///< nobody misses a place in what was never painted
     QBasicTimer m_tellTimer;
-    QBasicTimer m_waitTimer;
-    QElapsedTimer m_clock;
+    std::unique_ptr<VXClock2::Timer> m_beatTimer; ///< null while no cell waits
+    int m_beat = 0;
     /// Cells in sight that are not known, by their UIDs.
     QHash<quint64, Waiting> m_waiting;
 };

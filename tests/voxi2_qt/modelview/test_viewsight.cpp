@@ -1,6 +1,6 @@
+#include "support/steppedclock.h"
 #include "viewsupport.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
-#include "voxi2/modelview/vxsourcemodel2.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -84,6 +84,7 @@ TEST_F(ViewSight, forgetsNothingThatIsInSight)
 
 TEST_F(ViewSight, showsProgressWhereCellsTakeLong)
 {
+    SteppedClock clock;
     SlowModel model(5);
     const auto picture = [&] {
         turn();
@@ -91,13 +92,16 @@ TEST_F(ViewSight, showsProgressWhereCellsTakeLong)
     };
     m_view.setViewModel(&model);
     const QImage empty = picture();
+    clock.advance(std::chrono::milliseconds(99));
     EXPECT_EQ(picture(), empty) << "nothing flashes";
-    EXPECT_TRUE(waitFor([&] { return picture() != empty; }));
+    clock.advance(std::chrono::milliseconds(60));
+    EXPECT_NE(picture(), empty);
     model.answerAll();
     turn();
     EXPECT_EQ(m_view.cellInfo(1, 1).text, L"1");
     const QImage full = picture();
     EXPECT_NE(full, empty);
+    clock.advance(std::chrono::seconds(1));
     EXPECT_EQ(picture(), full);
 }
 
@@ -156,6 +160,50 @@ TEST_F(ViewSight, hasAContextMenuForEachCell)
     QContextMenuEvent outside(QContextMenuEvent::Mouse, beside, viewport()->mapToGlobal(beside));
     QCoreApplication::sendEvent(viewport(), &outside);
     EXPECT_TRUE(menus.last().cell().isNull());
+}
+
+TEST_F(ViewSight, letsCellsBeDraggedOutAndDroppedOn)
+{
+    NumberedModel model(10);
+    show(model);
+    m_view.setSelectionMode(SelectionMode::Extended);
+    m_view.selectRows({2, 3, 4});
+    const auto move = [&](QPoint to) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(to), viewport()->mapToGlobal(QPointF(to)),
+                          Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport(), &event);
+    };
+    Log drags(m_view.dragDetected());
+    QTest::mousePress(viewport(), Qt::LeftButton, {}, centreOf(3, 1));
+    move(centreOf(3, 1) + QPoint(2, 0));
+    move(centreOf(6, 1));
+    EXPECT_EQ(m_view.cellAt(drags.only().position()), (ModelCell2{3, 1, &model}));
+    EXPECT_EQ(m_view.selectedRows(), (std::vector<unsigned>{2, 3, 4}));
+    QTest::mouseRelease(viewport(), Qt::LeftButton, {}, centreOf(6, 1));
+    QTest::mousePress(viewport(), Qt::LeftButton, {}, centreOf(7, 1));
+    move(centreOf(9, 1));
+    EXPECT_EQ(m_view.selectedRows(), (std::vector<unsigned>{7, 8, 9})) << "not selected before";
+    QTest::mouseRelease(viewport(), Qt::LeftButton, {}, centreOf(9, 1));
+
+    VXDragDelegate2 delegate(&m_view);
+    m_view.setDragDelegate(&delegate);
+    m_view.setAcceptDrops(true);
+    ModelCell2 target;
+    TROV::Listener listener;
+    delegate.entered().connect(&listener,
+                               [](const VXDragEvent2& drag) { drag.acceptProposed(); });
+    delegate.dropped().connect(&listener, [&](const VXDragEvent2& drop) {
+        target = m_view.cellAt(drop.position());
+        drop.acceptProposed();
+    });
+    QMimeData data;
+    data.setText(QStringLiteral("dropped"));
+    QDragEnterEvent enter(centreOf(5, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport(), &enter);
+    QDropEvent drop(centreOf(5, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport(), &drop);
+    EXPECT_TRUE(drop.isAccepted());
+    EXPECT_EQ(target, (ModelCell2{5, 2, &model}));
 }
 
 TEST_F(ViewSight, isThereForAssistiveTechnology)

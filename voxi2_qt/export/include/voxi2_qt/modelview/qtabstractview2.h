@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QContextMenuEvent;
@@ -191,6 +192,7 @@ private:
     std::unique_ptr<QtViewHost> m_host;
     std::unique_ptr<QtViewSight> m_sight;
     std::unique_ptr<QtKeyboardSearch> m_search; ///< null before the first
+    std::optional<QtReportHold> m_sizeHold; ///< while rows come and go, Qt is in the middle of it
     VXFlags<EditTrigger> m_editTriggers;
     SortIndicator m_sort;
     int m_cacheLimit;
