@@ -205,9 +205,12 @@ private:
     bool isSelectionSmall() const;
     bool isAllSelected() const;
     void applyAtOnce(Changes changes, SizeEvent& event);
+    void moveColumns(Changes changes, SizeEvent& event);
+    void floodRows(Changes changes, SizeEvent& event);
+    Uids goneButHeld() const;
     void leaveRemoved(Changes changes) const;
     template <class Apply>
-    void changeLayout(LayoutChangeHint hint, const SizeEvent& event, const Apply& apply);
+    void changeLayout(LayoutChangeHint hint, SizeEvent& event, const Apply& apply);
     void movePersistent(const Uids& columnsBefore, bool nestedOnly);
 
     unsigned m_model = 0; // its id

@@ -121,7 +121,7 @@ void QtViewModel2::insertColumns(const SizeChange2& change, const SizeEvent& eve
     const Uids columns = m_columns.insertable(change.uids());
     if (place < 0 || columns.empty())
         return;
-    if (event.columnsAtOnce) {
+    if (!event.isStepwise) {
         m_columns.insert(place, columns);
         return;
     }
@@ -142,7 +142,7 @@ void QtViewModel2::removeColumns(const Uids& columns, const SizeEvent& event)
     std::sort(places.begin(), places.end());
     forRunsFromBehind(places, [&](int first, int last) {
         const int count = last - first + 1;
-        if (event.columnsAtOnce) {
+        if (!event.isStepwise) {
             m_columns.remove(first, count);
             return;
         }
@@ -160,7 +160,7 @@ void QtViewModel2::insertRows(const RowBatch& batch, const SizeEvent& event)
 {
     if (batch.rows().empty())
         return;
-    const bool isTold = !event.rowsAtOnce && canBeNamed(batch.parent());
+    const bool isTold = event.isStepwise && canBeNamed(batch.parent());
     if (isTold) {
         beginInsertRows(indexFromUIDs(batch.parent(), 0), batch.place(),
                         batch.place() + batch.count() - 1);
@@ -183,7 +183,7 @@ void QtViewModel2::removeRows(const Uids& rows, SizeEvent& event)
 
 void QtViewModel2::removeRun(Uid parent, int first, int last, SizeEvent& event)
 {
-    const bool isTold = !event.rowsAtOnce && canBeNamed(parent);
+    const bool isTold = event.isStepwise && canBeNamed(parent);
     if (isTold)
         beginRemoveRows(indexFromUIDs(parent, 0), first, last);
     const Uids gone = m_rows.remove(parent, first, last - first + 1);

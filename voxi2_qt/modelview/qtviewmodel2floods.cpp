@@ -4,6 +4,7 @@
 #include "qtviewmodel2sizeevent.h"
 
 #include <QScopedValueRollback>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -134,21 +135,60 @@ bool QtViewModel2::isAllSelected() const
 void QtViewModel2::applyAtOnce(Changes changes, SizeEvent& event)
 {
     // The ones do not touch the others.
-    if (event.columnsAtOnce) {
+    if (event.columnsAtOnce)
+        moveColumns(changes, event);
+    else
+        applyToColumns(changes, event);
+    if (event.rowsAtOnce)
+        floodRows(changes, event);
+    else
+        applyToRows(changes, event);
+}
+
+// A header that remembers sections finds none of them again when all of these have gone, and takes
+// those at their places for them. So what goes moves behind the end first, and then goes in a step.
+
+void QtViewModel2::moveColumns(Changes changes, SizeEvent& event)
+{
+    Uids gone;
+    {
         // Of columns that move, Qt keeps only such cells selected as are enabled, and not those of
         // which nothing is known.
         const QScopedValueRollback enabled(m_isMovingColumns, true);
-        changeLayout(HorizontalSortHint, event, [&] { applyToColumns(changes, event); });
-    } else {
-        applyToColumns(changes, event);
+        changeLayout(HorizontalSortHint, event, [&] {
+            const Uids before = m_columns.uids();
+            applyToColumns(changes, event);
+            gone = m_columns.insertable(before);
+            m_columns.insert(m_columns.count(), gone);
+        });
     }
-    if (event.rowsAtOnce) {
-        if (!event.isPermutation)
-            leaveRemoved(changes);
-        changeLayout(VerticalSortHint, event, [&] { applyToRows(changes, event); });
-    } else {
+    removeColumns(gone, event);
+}
+
+void QtViewModel2::floodRows(Changes changes, SizeEvent& event)
+{
+    if (!event.isPermutation)
+        leaveRemoved(changes);
+    int end = 0;
+    changeLayout(VerticalSortHint, event, [&] {
         applyToRows(changes, event);
+        end = m_rows.rowCount(0);
+        m_rows.insert(0, end, goneButHeld());
+    });
+    if (m_rows.rowCount(0) > end)
+        removeRun(0, end, m_rows.rowCount(0) - 1, event);
+}
+
+/// Rows that are not there any more, and to which there are persistent indexes.
+QtViewModel2::Uids QtViewModel2::goneButHeld() const
+{
+    QSet<Uid> rows;
+    const QModelIndexList held = persistentIndexList();
+    for (const QModelIndex& index : held) {
+        if (!m_rows.contains(rowFromIndex(index)))
+            rows.insert(rowFromIndex(index));
     }
+    return {rows.begin(), rows.end()};
 }
 
 /// If the current row goes, another one near it becomes current before, as views do it for single
@@ -187,7 +227,7 @@ void QtViewModel2::leaveRemoved(Changes changes) const
 }
 
 template <class Apply>
-void QtViewModel2::changeLayout(LayoutChangeHint hint, const SizeEvent& event, const Apply& apply)
+void QtViewModel2::changeLayout(LayoutChangeHint hint, SizeEvent& event, const Apply& apply)
 {
     // Of one range that is all there is, a selection remembers but its size, and takes whatever
     // is of that size afterwards for it. What is put aside it goes through row by row.
@@ -195,7 +235,9 @@ void QtViewModel2::changeLayout(LayoutChangeHint hint, const SizeEvent& event, c
         m_selection->select(QItemSelection(), QItemSelectionModel::Select);
     Q_EMIT layoutAboutToBeChanged({}, hint);
     const Uids columnsBefore = m_columns.uids();
+    event.isStepwise = false;
     apply();
+    event.isStepwise = true;
     movePersistent(columnsBefore, false);
     Q_EMIT layoutChanged({}, hint);
 }

@@ -10,9 +10,11 @@ namespace VOXI {
 /// What one event does to rows and columns.
 struct QtViewModel2::SizeEvent
 {
-    /// They go as one change of the layout.
+    /// What goes as one change of the layout.
     bool rowsAtOnce = false;
     bool columnsAtOnce = false;
+    /// Not in the middle of that: each step is told.
+    bool isStepwise = true;
     /// What moves is all that it removes and inserts.
     bool isPermutation = false;
     bool removesColumns = false;

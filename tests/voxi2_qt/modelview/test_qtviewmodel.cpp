@@ -292,5 +292,81 @@ TEST_F(QtViewModels, followWhatComesAndGoes)
     }
 }
 
+/// A table of a hundred rows, some of which the user has made special.
+class Table : public QTableView
+{
+public:
+    Table(Model& model, bool floods) : m_item(new QtViewModel2(&model, nullptr, this))
+    {
+        new QAbstractItemModelTester(m_item, this);
+        setModel(m_item);
+        m_item->setSelectionModel(selectionModel());
+        if (floods)
+            m_item->setFloodLimits({.work = -1});
+        horizontalHeader()->setMinimumSectionSize(0);
+        resize(300, 400);
+    }
+
+    /// The size of each row by its UID; 0 for hidden ones.
+    std::map<Uid, int> heights() const
+    {
+        std::map<Uid, int> sizes;
+        EXPECT_EQ(verticalHeader()->count(), m_item->rowCount());
+        for (int row = 0; row < m_item->rowCount(); ++row)
+            sizes[m_item->headerUIDFromSection(row, Qt::Vertical)] = rowHeight(row);
+        return sizes;
+    }
+    std::map<Uid, int> widths() const
+    {
+        std::map<Uid, int> sizes;
+        EXPECT_EQ(horizontalHeader()->count(), m_item->columnCount());
+        for (int column = 0; column < m_item->columnCount(); ++column)
+            sizes[m_item->columns()[std::size_t(column)]] = columnWidth(column);
+        return sizes;
+    }
+
+    QtViewModel2* m_item;
+};
+
+TEST_F(QtViewModels, keepSizesInFloods)
+{
+    const std::vector<std::vector<SizeChange2>> floods{
+        {SizeChange2::removeRows({1, 3, 5, 7, 9}), SizeChange2::appendRows({201, 202})},
+        // All special ones, and the first row and column, by which headers remember them.
+        {SizeChange2::removeRows({1, 10, 20, 30, 50})},
+        {SizeChange2::removeRows({10, 20, 30, 40}), SizeChange2::prependRows({201}),
+         SizeChange2::removeRows({1})},
+        {SizeChange2::removeRows({1, 20, 50}), SizeChange2::appendRows({20, 1})},
+        {SizeChange2::removeColumns({1, 2}), SizeChange2::appendColumns({1, 9})},
+        {SizeChange2::removeRows(ascending(1, 100)), SizeChange2::appendRows(ascending(101, 100))},
+    };
+    for (const auto& flood : floods) {
+        SCOPED_TRACE(&flood - floods.data());
+        Model model({1, 2, 3}, ascending(1, 100));
+        Table steps(model, false);
+        Table atOnce(model, true);
+        std::map<Uid, int> heights;
+        std::map<Uid, int> widths;
+        for (Table* each : {&steps, &atOnce}) {
+            each->show();
+            each->setRowHeight(9, 77);
+            each->setRowHeight(19, 55);
+            each->hideRow(29);
+            each->setColumnWidth(1, 44);
+            each->hideColumn(2);
+            heights = each->heights();
+            widths = each->widths();
+        }
+        model.changeSize(flood);
+        model.answerAll();
+        for (Table* each : {&steps, &atOnce}) {
+            for (const auto& [row, height] : each->heights())
+                EXPECT_EQ(height, heights.contains(row) ? heights[row] : heights[2]) << row;
+            for (const auto& [column, width] : each->widths())
+                EXPECT_EQ(width, widths.contains(column) ? widths[column] : widths[1]) << column;
+        }
+    }
+}
+
 } // namespace
 } // namespace VOXI
