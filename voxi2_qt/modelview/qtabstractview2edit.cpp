@@ -203,7 +203,13 @@ bool QtAbstractView2::internalEdit(const QModelIndex& index, QAbstractItemView::
     if (record->renderer() == CellRenderer::Plain)
         return false;
     if (editsOnClick() || record->renderer() != CellRenderer::Background) {
-        m_delegate->requestIndexWidget(index);
+        // Qt asks both when the button goes down and when it comes up.
+        const bool isClick = trigger == QAbstractItemView::NoEditTriggers
+                             || trigger == QAbstractItemView::SelectedClicked;
+        if (!isClick || m_askedIndex != index) {
+            m_askedIndex = index;
+            m_delegate->requestIndexWidget(index);
+        }
         return true;
     }
     const EditTrigger wish = Qt2VX(trigger);
@@ -247,6 +253,7 @@ void QtAbstractView2::notePress(const QMouseEvent& event)
     if (event.button() != Qt::LeftButton)
         return;
     const QModelIndex index = itemView().indexAt(event.position().toPoint());
+    m_askedIndex = QModelIndex();
     m_pressedIndex = editsOnClick() ? index : QModelIndex();
     m_hasPressedSelection = itemView().selectionModel()->isSelected(index);
 }

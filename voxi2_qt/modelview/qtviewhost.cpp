@@ -3,8 +3,10 @@
 #include "qtviewmodel2.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 
 #include <utility>
@@ -17,6 +19,24 @@ namespace {
 
 /// For a program that asks for nothing and answers nothing, while the user goes on.
 constexpr std::size_t MostQueued = 1'000;
+
+QWidget& focusProxyOf(QWidget& widget)
+{
+    QWidget* last = &widget;
+    while (last->focusProxy())
+        last = last->focusProxy();
+    return *last;
+}
+
+/// What is typed replaces what is there, as in Qt's own editors.
+void selectText(QWidget& editor)
+{
+    QWidget& field = focusProxyOf(editor);
+    if (auto* const line = qobject_cast<QLineEdit*>(&field))
+        line->selectAll();
+    else if (auto* const box = qobject_cast<QAbstractSpinBox*>(&field))
+        box->selectAll();
+}
 
 } // namespace
 
@@ -58,6 +78,7 @@ void QtViewHost::forwardQueuedEvents(QWidget* editor)
 {
     const QtDeletionHold hold(&m_view);
     const QPointer<QWidget> receiver(editor);
+    selectText(*editor);
     // Taken first: the editor's handlers may begin the next editing, or end the view.
     const auto waiting = std::exchange(m_queue, {});
     for (const auto& event : waiting) {
@@ -116,13 +137,10 @@ void QtViewHost::passToEditor(const QInputEvent& event)
 void QtViewHost::send(QWidget& editor, const QInputEvent& event)
 {
     if (event.type() == QEvent::KeyPress) {
-        QWidget* receiver = &editor;
-        while (receiver->focusProxy())
-            receiver = receiver->focusProxy();
         const auto& key = static_cast<const QKeyEvent&>(event);
         QKeyEvent copy(key.type(), key.key(), key.modifiers(), key.text(), key.isAutoRepeat(),
                        static_cast<quint16>(key.count()));
-        QCoreApplication::sendEvent(receiver, &copy);
+        QCoreApplication::sendEvent(&focusProxyOf(editor), &copy);
         return;
     }
     const auto& mouse = static_cast<const QMouseEvent&>(event);

@@ -65,7 +65,9 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     command(line, "Collapse all", [=] { tree->collapseAll(); });
     command(line, "Scroll to the current one", [=] { tree->scrollTo(tree->activeCell()); });
     line.layout->addStretch();
-    tree->imitateExpand(model->childRows(0)[1]);
+    const unsigned second = model->childRows(0)[1];
+    load(*model, second);
+    tree->setRowExpanded(second, true);
     return page.panel;
 }
 

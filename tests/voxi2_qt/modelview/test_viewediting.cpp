@@ -104,7 +104,7 @@ TEST_F(ViewEditing, bringsTheEditorWhatCameBeforeIt)
     turn();
     EXPECT_EQ(m_view.editor(1, 1), &m_editor);
     EXPECT_TRUE(m_editor.isVisible());
-    EXPECT_EQ(qobject_cast<QSpinBox*>(qt(m_editor))->text(), QStringLiteral("70"));
+    EXPECT_EQ(qobject_cast<QSpinBox*>(qt(m_editor))->text(), QStringLiteral("7"));
     m_view.setEditor(1, 1, &m_editor);
     EXPECT_TRUE(m_ends.isEmpty());
     m_view.setEditor(1, 1, nullptr);
@@ -137,6 +137,17 @@ TEST_F(ViewEditing, aClickThatAsksReachesTheEditorToo)
     QTest::mouseClick(viewport()->childAt(centreOf(2, 2)), Qt::LeftButton);
     EXPECT_EQ(clicked.count(), 2);
     EXPECT_EQ(m_requests.count(), 1);
+}
+
+TEST_F(ViewEditing, asksOncePerClickForWhatIsAnsweredAtOnce)
+{
+    m_view.editRequested().connect(&m_listener, [&](const VXEditRequestEvent2& event) {
+        m_view.setEditor(event.row(), event.column(), nullptr);
+    });
+    click(2, 2);
+    EXPECT_EQ(m_requests.count(), 1);
+    click(2, 2);
+    EXPECT_EQ(m_requests.count(), 2);
 }
 
 TEST_F(ViewEditing, goesOnToTheNextCellAndBack)

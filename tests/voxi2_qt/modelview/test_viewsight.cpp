@@ -190,8 +190,7 @@ TEST_F(ViewSight, letsCellsBeDraggedOutAndDroppedOn)
     m_view.setAcceptDrops(true);
     ModelCell2 target;
     TROV::Listener listener;
-    delegate.entered().connect(&listener,
-                               [](const VXDragEvent2& drag) { drag.acceptProposed(); });
+    delegate.entered().connect(&listener, [](const VXDragEvent2& drag) { drag.acceptProposed(); });
     delegate.dropped().connect(&listener, [&](const VXDragEvent2& drop) {
         target = m_view.cellAt(drop.position());
         drop.acceptProposed();

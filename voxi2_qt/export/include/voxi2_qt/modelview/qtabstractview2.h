@@ -197,6 +197,7 @@ private:
     SortIndicator m_sort;
     int m_cacheLimit;
     QPersistentModelIndex m_pressedIndex;
+    QPersistentModelIndex m_askedIndex;     ///< for which this click has asked for an editor
     std::map<unsigned, int> m_hiddenWidths; ///< of columns, by their UID
     bool m_isEditBarred = false;
     bool m_hasPressedSelection = false; ///< the left button went down on a cell that was selected
