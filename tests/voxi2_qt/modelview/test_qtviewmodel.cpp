@@ -446,6 +446,9 @@ TEST_F(QtViewModels, askForBlocksAndNothingTwice)
     Model::answer(model.m_queries[0], dropped);
     settle();
     EXPECT_EQ(changed.size(), times + 1);
+    EXPECT_FALSE(item.indexFromUIDs(125, 12).data().isValid());
+    settle();
+    EXPECT_EQ(model.m_queries.size(), 2u);
 }
 
 TEST_F(QtViewModels, askForHeadersByTheHundred)
