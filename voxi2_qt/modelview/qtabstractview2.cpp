@@ -1,5 +1,6 @@
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
+#include "qtcopyjob.h"
 #include "qtkeyboardsearch.h"
 #include "qtviewdelegate2.h"
 #include "qtviewhost.h"
@@ -119,6 +120,7 @@ void QtAbstractView2::endView()
 {
     const QtProgramScope scope;
     QAbstractItemView& view = itemView();
+    m_copyJob.reset();
     m_sight->end();
     m_delegate->closeIndexWidget(m_delegate->getEditorIndex(), false);
     view.setItemDelegate(nullptr);
@@ -240,6 +242,7 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     QAbstractItemView& view = itemView();
     m_delegate->closeIndexWidget(m_delegate->getEditorIndex(), false);
     m_host->clearQueuedEvents();
+    m_copyJob.reset();
     QtViewModel2* const former = m_model;
     m_model = new QtViewModel2(model, nullptr, &view);
     m_model->setCacheLimit(m_cacheLimit);
@@ -254,11 +257,11 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     m_model->setSelectionModel(view.selectionModel());
     QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, &view, [this] {
         m_sight->remember();
-        m_sizeHold.emplace();
+        m_sizeHold = std::make_unique<QtReportHold>();
     });
     QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] {
         sizeChanged();
-        m_sizeHold.reset(); // handlers run
+        const auto hold = std::move(m_sizeHold); // at its end handlers run, and may end the view
     });
     m_hiddenWidths.clear();
     m_sort = {};

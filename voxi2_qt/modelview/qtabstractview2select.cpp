@@ -1,15 +1,14 @@
 // The part of QtAbstractView2 that is about what is selected.
 
 #include "qtcopiedcells.h"
+#include "qtcopyjob.h"
 #include "qtviewmodel2.h"
+#include "qtviewsight.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
-#include <QMimeData>
 
 #include <algorithm>
 #include <set>
@@ -144,23 +143,19 @@ std::vector<unsigned> QtAbstractView2::doGetSelectedRows()
 
 std::wstring QtAbstractView2::doGetSelectionAsText()
 {
-    return toStdWString(QtCopiedCells(*this).text());
+    return toStdWString(QtCopiedCells(*this, selectedBlocks()).text());
 }
 
 std::wstring QtAbstractView2::doGetSelectionAsHtml()
 {
-    return toStdWString(QtCopiedCells(*this).html());
+    return toStdWString(QtCopiedCells(*this, selectedBlocks()).html());
 }
 
 void QtAbstractView2::doCopySelection()
 {
-    const QtCopiedCells cells(*this);
-    if (cells.isEmpty())
-        return;
-    auto* const data = new QMimeData;
-    data->setText(cells.text());
-    data->setHtml(cells.html());
-    QGuiApplication::clipboard()->setMimeData(data);
+    m_copyJob = std::make_unique<QtCopyJob>(*this, selectedBlocks());
+    m_sight->tell();
+    m_copyJob->start();
 }
 
 // Reports -----------------------------------------------------------------------------------------
@@ -191,6 +186,20 @@ void QtAbstractView2::internalSetSelection(const ModelRange& range)
     itemView().selectionModel()->select(QItemSelection(topLeft, bottomRight), flags);
     if (hold.isAlive())
         itemView().viewport()->repaint();
+}
+
+void QtAbstractView2::copyDone()
+{
+    m_copyJob.reset();
+    m_sight->scrolled(); // what was copied need not be kept
+}
+
+void QtAbstractView2::addWanted(std::vector<unsigned>& rows, std::vector<unsigned>& columns) const
+{
+    if (!m_copyJob || m_copyJob->rows().empty())
+        return;
+    rows.insert(rows.end(), m_copyJob->rows().begin(), m_copyJob->rows().end());
+    columns.insert(columns.end(), m_copyJob->columns().begin(), m_copyJob->columns().end());
 }
 
 /// For the program: nothing of it is reported.

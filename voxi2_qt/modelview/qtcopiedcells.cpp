@@ -4,7 +4,6 @@
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
 #include <QHeaderView>
-#include <QItemSelectionModel>
 
 #include <algorithm>
 #include <map>
@@ -52,25 +51,24 @@ QString joined(const std::vector<QString>& cells, QStringView between, Convert c
 
 } // namespace
 
-QtCopiedCells::QtCopiedCells(const QtAbstractView2& view)
+QtCopiedCells::QtCopiedCells(const QtAbstractView2& view, const std::vector<ModelBlock>& blocks)
 {
     const QtViewModel2& model = view.viewModel();
     const QHeaderView& header = view.columnHeader();
-    const QItemSelection selection = view.itemView().selectionModel()->selection();
     std::map<Path, std::vector<std::pair<int, QString>>> rows; // columns as they stand, and texts
     std::set<int> columns;
-    for (const QItemSelectionRange& range : selection) {
-        const Path above = pathOf(range.parent());
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            Path path = above;
-            path.push_back(row);
-            auto& cells = rows[path];
-            for (int section = range.left(); section <= range.right(); ++section) {
-                if (header.isSectionHidden(section))
+    for (const ModelBlock& block : blocks) {
+        for (const unsigned row : block.rows) {
+            const QModelIndex first = model.indexFromUIDs(row, 0);
+            if (!first.isValid())
+                continue;
+            auto& cells = rows[pathOf(first)];
+            for (const unsigned column : block.columns) {
+                const int section = model.columnFromUID(column);
+                if (section < 0 || header.isSectionHidden(section))
                     continue;
                 const int place = header.visualIndex(section);
-                const CellRecord* const record =
-                    model.peekCell(model.index(row, section, range.parent()));
+                const CellRecord* const record = model.peekCell(first.siblingAtColumn(section));
                 columns.insert(place);
                 cells.emplace_back(place, record ? record->text() : QString());
             }

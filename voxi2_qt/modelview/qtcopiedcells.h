@@ -1,5 +1,7 @@
 #pragma once
 
+#include "voxi2/modelview/modelcell2.h"
+
 #include <QString>
 
 #include <vector>
@@ -8,12 +10,12 @@ namespace VOXI {
 
 class QtAbstractView2;
 
-/// What is selected in a view, for the clipboard: rows as they stand, columns as they stand, and
-/// nothing for what is not selected. A cell that was never in sight has no text.
+/// Some cells of a view, for the clipboard: rows as they stand, columns as they stand, and
+/// nothing for what is not among them. A cell that is not known has no text.
 class QtCopiedCells
 {
 public:
-    explicit QtCopiedCells(const QtAbstractView2& view);
+    QtCopiedCells(const QtAbstractView2& view, const std::vector<ModelBlock>& blocks);
 
     bool isEmpty() const { return m_rows.empty(); }
     /// Those with tabs, line ends or quotes inside are quoted, as spreadsheets do.

@@ -150,6 +150,7 @@ void QtViewSight::tell()
     });
     for (const int section : sectionsInSight(area))
         columns.push_back(model.headerUIDFromSection(section, Qt::Horizontal));
+    m_view.addWanted(rows, columns);
     model.setInSight(std::move(rows), std::move(columns));
 }
 

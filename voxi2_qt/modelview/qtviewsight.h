@@ -38,6 +38,9 @@ public:
     void scrolled();
     void modelReplaced();
 
+    /// Has the model know at once.
+    void tell();
+
     /// Marks the cells that have been waited for too long.
     void paintWaiting(const QRect& area);
 
@@ -63,7 +66,6 @@ private:
     void restore();
     void putTo(const QModelIndex& index, int top);
     void tellLater();
-    void tell();
     void markWaiting(QPainter& painter, const QModelIndex& index);
     void startBeat();
     void beat();

@@ -1,5 +1,6 @@
 #include "viewsupport.h"
 
+#include <QAccessible>
 #include <QTreeView>
 
 namespace VOXI {
@@ -142,6 +143,22 @@ TEST_F(TreeView, keepsSelectionExpansionAndPlaceAcrossMoves)
     settle();
     EXPECT_TRUE(m_view.isRowExpanded(kept));
     EXPECT_EQ(m_view.selectedRows(), (std::vector<unsigned>{m_apple, child}));
+}
+
+TEST_F(TreeView, isThereForAssistiveTechnology)
+{
+    m_view.setRowExpanded(m_fruit, true);
+    m_view.selectRows({m_apple});
+    settle();
+    QAccessibleInterface* const view = QAccessible::queryAccessibleInterface(&tree());
+    ASSERT_NE(view, nullptr);
+    QAccessibleTableInterface* const table = view->tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rowCount(), 3);
+    EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name), QStringLiteral("Apple"));
+    EXPECT_TRUE(table->cellAt(1, 0)->state().selected);
+    EXPECT_TRUE(table->cellAt(0, 0)->state().expanded);
+    EXPECT_TRUE(table->cellAt(2, 0)->state().expandable);
 }
 
 } // namespace

@@ -120,6 +120,29 @@ TEST_F(ViewSelection, mayEndTheViewAndItsModelInItsHandler)
     EXPECT_TRUE(gone.isNull());
 }
 
+TEST_F(ViewSelection, isToldOfWhenTheRowsAreInPlaceAgain)
+{
+    auto model = std::make_unique<NumberedModel>(30);
+    show(*model);
+    m_view.setActiveCell({10, 1, nullptr});
+    int rows = 0;
+    TROV::Listener listener;
+    m_view.activeCellChanged().connect(&listener, [&](const VXEditRequestEvent2& event) {
+        EXPECT_EQ(event.row(), m_view.activeCell().row);
+        rows = qtModel().rowCount();
+        m_tester.reset();
+        m_view.setViewModel(nullptr);
+        model.reset();
+    });
+    model->removeRow(10);
+    turn();
+    EXPECT_EQ(rows, 29);
+    EXPECT_FALSE(model);
+    runDeletions();
+    settle();
+    EXPECT_TRUE(m_view.activeCell().isNull());
+}
+
 TEST_F(ViewSelection, isCopiedAsTextAndAsTable)
 {
     m_model.setValue(2, 2, L"a\tb \"c\"");
@@ -141,6 +164,33 @@ TEST_F(ViewSelection, isCopiedAsTextAndAsTable)
     m_view.copySelection();
     EXPECT_FALSE(QGuiApplication::clipboard()->text().isEmpty()) << "nothing to copy";
     EXPECT_EQ(m_view.selectionAsText(), L"");
+}
+
+TEST_F(ViewSelection, isFetchedToBeCopied)
+{
+    NumberedModel large(3'000);
+    m_view.setCacheLimit(100);
+    show(large);
+    m_tester.reset(); // it looks at all rows for each answer
+    m_view.selectColumns({2});
+    ASSERT_FALSE(m_view.cellInfo(2'000, 2).isKnown);
+    QClipboard* const clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    m_view.copySelection();
+    m_view.clearSelection();
+    large.moveRow(3'000, 1);
+    EXPECT_TRUE(waitFor([&] { return !clipboard->text().isEmpty(); }));
+    const QStringList lines = clipboard->text().split(u'\n');
+    ASSERT_EQ(lines.size(), 3'000);
+    EXPECT_EQ(lines[0], QStringLiteral("row 3000, column 2"));
+    EXPECT_EQ(lines[1'999], QStringLiteral("row 1999, column 2"));
+    EXPECT_FALSE(lines.contains(QString()));
+    settle();
+    m_view.scrollTo({1, 1, nullptr});
+    settle();
+    m_view.scrollTo({500, 1, nullptr});
+    settle();
+    EXPECT_FALSE(m_view.cellInfo(2'000, 2).isKnown) << "it need not be kept";
 }
 
 TEST_F(ViewSelection, isSearchedByKeysAmongWhatIsKnown)

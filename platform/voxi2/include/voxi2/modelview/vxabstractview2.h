@@ -159,11 +159,13 @@ public:
     VXWidget2* editor(unsigned row, unsigned column) const;
 
     /// What is selected as text, cells separated by tabs and rows by line ends; a row that is
-    /// selected in part has empty cells where others have some.
+    /// selected in part has empty cells where others have some. Cells that the view does not know,
+    /// since they were not in sight, are empty.
     std::wstring selectionAsText() const;
     /// The same as a table.
     std::wstring selectionAsHtml() const;
-    /// Puts both into the clipboard, as the platform's key for copying does.
+    /// Puts both into the clipboard, as the platform's key for copying does. Cells that the view
+    /// does not know are fetched first, up to 20 000 of them.
     void copySelection();
 
     /// In pixels.

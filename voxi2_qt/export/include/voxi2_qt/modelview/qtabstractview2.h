@@ -10,7 +10,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QContextMenuEvent;
@@ -22,6 +21,7 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
+class QtCopyJob;
 class QtKeyboardSearch;
 class QtViewDelegate2;
 class QtViewHost;
@@ -126,6 +126,7 @@ protected:
     void endView();
 
     // What is protected in Qt's view
+    friend class QtCopyJob;
     friend class QtViewHost;
     friend class QtViewSight;
     virtual bool editInQt(const QModelIndex& index, QAbstractItemView::EditTrigger trigger,
@@ -176,6 +177,9 @@ private:
     void imInternalTriggerEdit(QWidget& widget, unsigned row, unsigned column, EditTrigger trigger,
                                MouseButton button);
     std::vector<ModelBlock> selectedBlocks() const;
+    void copyDone();
+    /// Adds what has to be known beside what is in sight.
+    void addWanted(std::vector<unsigned>& rows, std::vector<unsigned>& columns) const;
     bool editsOnClick() const;
     void notePress(const QMouseEvent& event);
     void editIfClicked(QMouseEvent& event);
@@ -191,8 +195,10 @@ private:
     QtViewDelegate2* m_delegate = nullptr;
     std::unique_ptr<QtViewHost> m_host;
     std::unique_ptr<QtViewSight> m_sight;
+    std::unique_ptr<QtCopyJob> m_copyJob;       ///< null while nothing waits to be copied
     std::unique_ptr<QtKeyboardSearch> m_search; ///< null before the first
-    std::optional<QtReportHold> m_sizeHold; ///< while rows come and go, Qt is in the middle of it
+    std::unique_ptr<QtReportHold>
+        m_sizeHold; ///< while Qt is in the middle of rows that come and go
     VXFlags<EditTrigger> m_editTriggers;
     SortIndicator m_sort;
     int m_cacheLimit;
