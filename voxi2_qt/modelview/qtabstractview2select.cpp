@@ -11,7 +11,6 @@
 #include <QHeaderView>
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 namespace VOXI {
@@ -68,15 +67,7 @@ void QtAbstractView2::doimSetSelection(ModelRange range) { internalSetSelection(
 std::vector<ModelCell2> QtAbstractView2::doGetSelection()
 {
     const VXObjectDataLocker lock;
-    std::vector<ModelCell2> cells;
-    VXAbstractViewModel2* const model = m_model->abstractModel();
-    for (const ModelBlock& block : selectedBlocks()) {
-        for (const unsigned row : block.rows) {
-            for (const unsigned column : block.columns)
-                cells.push_back({row, column, model});
-        }
-    }
-    return cells;
+    return VXViewSelectionChangeEvent2(nullptr, m_model->abstractModel(), selectedBlocks()).cells();
 }
 
 void QtAbstractView2::doSelectRows(const std::vector<unsigned>& rows)
@@ -128,17 +119,7 @@ bool QtAbstractView2::doIsSelected(unsigned row, unsigned column)
 
 std::vector<unsigned> QtAbstractView2::doGetSelectedRows()
 {
-    std::vector<std::pair<int, unsigned>> rows; // of one parent: by their place
-    std::vector<ModelBlock> blocks = selectedBlocks();
-    std::set<unsigned> known;
-    std::vector<unsigned> result;
-    for (const ModelBlock& block : blocks) {
-        for (const unsigned row : block.rows) {
-            if (blocks.size() == 1 || known.insert(row).second)
-                result.push_back(row);
-        }
-    }
-    return result;
+    return VXViewSelectionChangeEvent2(nullptr, nullptr, selectedBlocks()).rows();
 }
 
 std::wstring QtAbstractView2::doGetSelectionAsText()
@@ -218,7 +199,9 @@ std::vector<ModelBlock> QtAbstractView2::selectedBlocks() const
 {
     QItemSelection selection = itemView().selectionModel()->selection();
     std::sort(selection.begin(), selection.end(), [](const auto& a, const auto& b) {
-        return std::pair(a.top(), a.left()) < std::pair(b.top(), b.left());
+        if (a.parent() == b.parent())
+            return std::pair(a.top(), a.left()) < std::pair(b.top(), b.left());
+        return rowPath(a.topLeft()) < rowPath(b.topLeft());
     });
     std::vector<ModelBlock> blocks;
     for (const QItemSelectionRange& range : selection) {

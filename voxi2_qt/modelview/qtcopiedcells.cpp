@@ -14,18 +14,6 @@ namespace VOXI {
 
 namespace {
 
-/// Where a row stands: its place, and before it the places of those above it.
-using Path = std::vector<int>;
-
-Path pathOf(QModelIndex index)
-{
-    Path path;
-    for (; index.isValid(); index = index.parent())
-        path.push_back(index.row());
-    std::reverse(path.begin(), path.end());
-    return path;
-}
-
 QString quoted(QString text)
 {
     const bool needsQuotes = text.contains(u'\t') || text.contains(u'\n') || text.contains(u'"');
@@ -51,18 +39,28 @@ QString joined(const std::vector<QString>& cells, QStringView between, Convert c
 
 } // namespace
 
+std::vector<int> rowPath(QModelIndex index)
+{
+    std::vector<int> path;
+    for (; index.isValid(); index = index.parent())
+        path.push_back(index.row());
+    std::reverse(path.begin(), path.end());
+    return path;
+}
+
 QtCopiedCells::QtCopiedCells(const QtAbstractView2& view, const std::vector<ModelBlock>& blocks)
 {
     const QtViewModel2& model = view.viewModel();
     const QHeaderView& header = view.columnHeader();
-    std::map<Path, std::vector<std::pair<int, QString>>> rows; // columns as they stand, and texts
+    // For each row its columns as they stand, and their texts.
+    std::map<std::vector<int>, std::vector<std::pair<int, QString>>> rows;
     std::set<int> columns;
     for (const ModelBlock& block : blocks) {
         for (const unsigned row : block.rows) {
             const QModelIndex first = model.indexFromUIDs(row, 0);
             if (!first.isValid())
                 continue;
-            auto& cells = rows[pathOf(first)];
+            auto& cells = rows[rowPath(first)];
             for (const unsigned column : block.columns) {
                 const int section = model.columnFromUID(column);
                 if (section < 0 || header.isSectionHidden(section))

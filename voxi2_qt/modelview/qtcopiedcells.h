@@ -2,6 +2,7 @@
 
 #include "voxi2/modelview/modelcell2.h"
 
+#include <QModelIndex>
 #include <QString>
 
 #include <vector>
@@ -9,6 +10,10 @@
 namespace VOXI {
 
 class QtAbstractView2;
+
+/// Where a row stands: its place, and before it the places of those above it. In this order trees
+/// show their rows.
+std::vector<int> rowPath(QModelIndex index);
 
 /// Some cells of a view, for the clipboard: rows as they stand, columns as they stand, and
 /// nothing for what is not among them. A cell that is not known has no text.

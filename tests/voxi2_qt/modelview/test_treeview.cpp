@@ -128,7 +128,8 @@ TEST_F(TreeView, keepsSelectionExpansionAndPlaceAcrossMoves)
     const unsigned kept = rows[20];
     const unsigned child = m_model.childRows(kept)[1];
     m_view.setRowExpanded(kept, true);
-    m_view.selectRows({child, m_apple});
+    const unsigned after = m_model.childRows(rows[30])[0];
+    m_view.selectRows({child, rows[31], after, m_apple});
     m_view.scrollTo({child, 1, nullptr});
     settle();
     const unsigned top = m_view.cellAt(60, 2).row;
@@ -142,7 +143,7 @@ TEST_F(TreeView, keepsSelectionExpansionAndPlaceAcrossMoves)
     m_model.moveRow(kept, 0, rows[0]);
     settle();
     EXPECT_TRUE(m_view.isRowExpanded(kept));
-    EXPECT_EQ(m_view.selectedRows(), (std::vector<unsigned>{m_apple, child}));
+    EXPECT_EQ(m_view.selectedRows(), (std::vector<unsigned>{child, m_apple, after, rows[31]}));
 }
 
 TEST_F(TreeView, isThereForAssistiveTechnology)
