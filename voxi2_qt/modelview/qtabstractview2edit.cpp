@@ -225,12 +225,8 @@ void QtAbstractView2::imInternalTriggerEdit(QWidget& widget, unsigned row, unsig
     if (!index.isValid())
         return;
     if (trigger != EditTrigger::CurrentChanged && trigger != EditTrigger::SelectedClicked) {
-        for (const QAbstractItemView::EditTrigger each :
-             {QAbstractItemView::DoubleClicked, QAbstractItemView::EditKeyPressed,
-              QAbstractItemView::AnyKeyPressed, QAbstractItemView::AllEditTriggers}) {
-            if (Qt2VX(each) == trigger)
-                edit(index, each, nullptr);
-        }
+        edit(index, QAbstractItemView::EditTrigger(VX2Qt(VXFlags<EditTrigger>(trigger)).toInt()),
+             nullptr);
         return;
     }
     layOutNow();

@@ -153,7 +153,8 @@ public:
     void setEditTriggers(VXFlags<EditTrigger> triggers);
     VXFlags<EditTrigger> editTriggers() const;
     /// Has the cell edited with a widget, as an answer to `editRequested`; what the user has typed
-    /// and clicked meanwhile reaches it. Null ends the editing. The view does not own it.
+    /// and clicked meanwhile reaches it. Null ends the editing, or says that there will be none:
+    /// before that the view does not ask for the same cell again. The view does not own it.
     void setEditor(unsigned row, unsigned column, VXWidget2* editor);
     /// The widget that stands in the cell; null for none.
     VXWidget2* editor(unsigned row, unsigned column) const;
