@@ -255,14 +255,9 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
         deleteWhenFree(formerSelection);
     }
     m_model->setSelectionModel(view.selectionModel());
-    QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, &view, [this] {
-        m_sight->remember();
-        m_sizeHold = std::make_unique<QtReportHold>();
-    });
-    QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] {
-        sizeChanged();
-        const auto hold = std::move(m_sizeHold); // at its end handlers run, and may end the view
-    });
+    QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, &view,
+                     [this] { m_sight->remember(); });
+    QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] { sizeChanged(); });
     m_hiddenWidths.clear();
     m_sort = {};
     showSortIndicator();

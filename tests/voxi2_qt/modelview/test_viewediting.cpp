@@ -113,6 +113,16 @@ TEST_F(ViewEditing, bringsTheEditorWhatCameBeforeIt)
     EXPECT_EQ(m_view.editor(1, 1), nullptr);
     EXPECT_FALSE(m_editor.isVisible());
 
+    // Placing the editor makes its cell the current one; that drops nothing.
+    m_view.setEditTriggers(EditTrigger::EditKeyPressed);
+    m_view.imitateEdit(6, 1, EditTrigger::EditKeyPressed);
+    type(QStringLiteral("5"));
+    m_view.setEditor(6, 1, &m_editor);
+    EXPECT_EQ(qobject_cast<QSpinBox*>(qt(m_editor))->text(), QStringLiteral("5"));
+    EXPECT_EQ(m_view.activeCell().row, 6U);
+    m_view.setEditor(6, 1, nullptr);
+    m_view.setEditTriggers(EditTrigger::CurrentChanged);
+
     // Another cell comes in between.
     click(2, 1);
     type(QStringLiteral("9"));

@@ -197,8 +197,6 @@ private:
     std::unique_ptr<QtViewSight> m_sight;
     std::unique_ptr<QtCopyJob> m_copyJob;       ///< null while nothing waits to be copied
     std::unique_ptr<QtKeyboardSearch> m_search; ///< null before the first
-    std::unique_ptr<QtReportHold>
-        m_sizeHold; ///< while Qt is in the middle of rows that come and go
     VXFlags<EditTrigger> m_editTriggers;
     SortIndicator m_sort;
     int m_cacheLimit;
