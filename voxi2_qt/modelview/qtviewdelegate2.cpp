@@ -8,6 +8,8 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFontMetricsF>
+#include <QtMath>
 
 #include <utility>
 
@@ -24,7 +26,10 @@ QtViewDelegate2::~QtViewDelegate2() = default;
 
 QSize QtViewDelegate2::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    QSize size = QItemDelegate::sizeHint(option, index);
+    // A tree measures rows far away, each of which would be asked for, and all above it with it
+    // when the answer comes. What is not known is as high as a text.
+    QSize size = m_view.isKnown(index) ? QItemDelegate::sizeHint(option, index)
+                                       : QSize(0, qCeil(QFontMetricsF(option.font).height()));
     if (const int height = m_view.fixedRowHeight(index); height >= 0)
         size.setHeight(height);
     return size;

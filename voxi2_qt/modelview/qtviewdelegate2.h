@@ -41,6 +41,8 @@ public:
         virtual Uids uidsOf(const QModelIndex& index) const = 0;
         /// What is known of a cell; null also where the model has no records.
         virtual const CellRecord* cellRecord(const QModelIndex&) const { return nullptr; }
+        /// Whether the model need not be asked for it first.
+        virtual bool isKnown(const QModelIndex&) const { return true; }
         /// How high the row was set to be; -1 where its content decides.
         virtual int fixedRowHeight(const QModelIndex&) const { return -1; }
 

@@ -53,6 +53,11 @@ const CellRecord* QtViewHost::cellRecord(const QModelIndex& index) const
     return m_view.viewModel().cell(index);
 }
 
+bool QtViewHost::isKnown(const QModelIndex& index) const
+{
+    return m_view.viewModel().isKnown(index);
+}
+
 int QtViewHost::fixedRowHeight(const QModelIndex& index) const
 {
     return m_view.fixedRowHeight(index);

@@ -26,6 +26,7 @@ public:
     // For the delegate
     Uids uidsOf(const QModelIndex& index) const override;
     const CellRecord* cellRecord(const QModelIndex& index) const override;
+    bool isKnown(const QModelIndex& index) const override;
     int fixedRowHeight(const QModelIndex& index) const override;
     void makeCurrent(const QModelIndex& index) override;
     void startEditing(const QModelIndex& index) override;
