@@ -121,6 +121,23 @@ private:
     SizeChange2::Uids m_columns;
 };
 
+/// Whether the changes are what a replay would make of them, so that the first million rows of a
+/// model need none: columns and rows that were appended in ascending order.
+bool isShortest(const std::vector<SizeChange2>& changes)
+{
+    unsigned last[2] = {};
+    for (const SizeChange2& change : changes) {
+        const bool isRows = change.kind() == SizeChange2::AppendRows;
+        if ((!isRows && change.kind() != SizeChange2::AppendColumns) || change.parent() != 0)
+            return false;
+        for (const unsigned uid : change.uids()) {
+            if (uid <= std::exchange(last[isRows], uid))
+                return false;
+        }
+    }
+    return changes.size() <= 2;
+}
+
 } // namespace
 
 void ShapeLog::add(const SizeChange2& change)
@@ -144,10 +161,12 @@ const std::vector<SizeChange2>& ShapeLog::shape()
 
 void ShapeLog::compact()
 {
-    Replay replay;
-    for (const SizeChange2& change : m_changes)
-        replay.apply(change);
-    m_changes = replay.result();
+    if (!isShortest(m_changes)) {
+        Replay replay;
+        for (const SizeChange2& change : m_changes)
+            replay.apply(change);
+        m_changes = replay.result();
+    }
     m_weight = 0;
     for (const SizeChange2& change : m_changes)
         m_weight += RecordWeight + change.uids().size();
