@@ -19,17 +19,19 @@ public:
     struct Pending
     {
         Query query;
+        /// It asks for what may be known, and has changed.
+        bool isRefresh = false;
         /// What it asks for has changed since: the answer may be older, and it is asked anew.
         bool isOld = false;
         /// Rows of it that have gone. One that comes back is another row.
         std::vector<std::uint32_t> lost;
     };
 
-    void add(std::size_t hash, Query query)
+    void add(std::size_t hash, Query query, bool isRefresh)
     {
         const unsigned id = query.id();
         m_byContent.insert(hash, id);
-        m_byId.insert(id, {{std::move(query), false, {}}, hash});
+        m_byId.insert(id, {{std::move(query), isRefresh, false, {}}, hash});
     }
 
     /// The one whose query is the same, by `isSame`; null if there is none.

@@ -59,12 +59,18 @@ void QtViewModel2::handleQueryResult(const QueryResult2& result)
         noteVain(answered->query);
         m_queries.askAnew(*answered);
         trim();
-    } else if (result.isDropped() && answered->query.isWanted()) {
-        // It has come into sight since, and nobody else would have it painted.
-        for (const Uid row : answered->query.rows())
-            addRow(row, footprint);
-        for (const Uid column : answered->query.columns())
-            addColumn(column, footprint);
+    } else {
+        // Then they are asked for when they are looked at.
+        const ViewQuery2& query = answered->query;
+        if (answered->isRefresh || answered->isOld)
+            m_cells.removeRows(query.rows(), query.columns());
+        // If they have come into sight since, nobody else would have them painted.
+        if (result.isDropped() && query.isWanted()) {
+            for (const Uid row : query.rows())
+                addRow(row, footprint);
+            for (const Uid column : query.columns())
+                addColumn(column, footprint);
+        }
     }
     repaint(footprint);
 }
@@ -142,8 +148,11 @@ void QtViewModel2::handleHeaderQueryResult(const HeaderQueryResult2& result)
         news.push_back({sectionCell(section, orientation), &data});
     };
     if (result.isDropped()) {
-        for (const Uid section : answered->query.sections())
+        for (const Uid section : answered->query.sections()) {
             changed.add(headerSectionFromUID(section, orientation));
+            const Cell cell = sectionCell(section, orientation);
+            m_sections.removeRows({&cell.row, 1}, {&cell.column, 1});
+        }
     } else {
         static const CellUIData numbered = CellUIData().setRenderer(NumberedSection);
         for (const Uid section : answered->query.sections())

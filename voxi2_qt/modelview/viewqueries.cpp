@@ -97,7 +97,7 @@ void ViewQueries::send(Uid parent, Uids rows, Uids columns, bool hasChanged)
     const ViewQuery2 query =
         m_link.ask(parent, std::move(rows), std::move(expanders), std::move(columns));
     if (query.id() != 0)
-        m_pending.add(hash, query);
+        m_pending.add(hash, query, hasChanged);
 }
 
 void ViewQueries::sendHeader(Orientation orientation, Uids sections, bool hasChanged)
@@ -110,7 +110,7 @@ void ViewQueries::sendHeader(Orientation orientation, Uids sections, bool hasCha
         return;
     const HeaderQuery2 query = m_link.askHeader(orientation, std::move(sections));
     if (query.id() != 0)
-        m_pendingSections.add(hash, query);
+        m_pendingSections.add(hash, query, hasChanged);
 }
 
 ViewQueries::Uids ViewQueries::expanderRows(const Uids& rows) const
