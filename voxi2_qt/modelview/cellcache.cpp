@@ -1,5 +1,6 @@
 #include "cellcache.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace VOXI {
@@ -10,13 +11,16 @@ const CellRecord* CellCache::findAndTouch(Cell cell)
     if (found == m_records.cend())
         return nullptr;
     touch(found->page);
-    m_lastCell = cell;
-    m_last = &found->record;
-    return m_last;
+    m_near[slotOf(cell)] = {cell, &found->record};
+    m_isNearEmpty = false;
+    return &found->record;
 }
 
 const CellRecord* CellCache::peek(Cell cell) const
 {
+    const Near& near = m_near[slotOf(cell)];
+    if (near.record && near.cell == cell)
+        return near.record;
     const auto found = m_records.constFind(cell);
     return found == m_records.cend() ? nullptr : &found->record;
 }
@@ -25,7 +29,7 @@ void CellCache::insert(std::span<const News> answer)
 {
     if (answer.empty())
         return;
-    m_last = nullptr;
+    forgetNear();
     const auto page = m_pages.emplace(m_pages.begin());
     page->cells.reserve(answer.size());
     for (const News& news : answer) {
@@ -44,7 +48,7 @@ void CellCache::insert(std::span<const News> answer)
 
 void CellCache::removeRows(std::span<const Uid> rows, std::span<const Uid> columns)
 {
-    m_last = nullptr;
+    forgetNear();
     for (const Uid row : rows) {
         for (const Uid column : columns) {
             const auto found = m_records.constFind({row, column});
@@ -58,7 +62,7 @@ void CellCache::removeRows(std::span<const Uid> rows, std::span<const Uid> colum
 
 void CellCache::clear()
 {
-    m_last = nullptr;
+    forgetNear();
     m_records = {};
     m_pages.clear();
     m_styles = {};
@@ -66,7 +70,7 @@ void CellCache::clear()
 
 void CellCache::trim(std::span<const Cell> onScreen)
 {
-    m_last = nullptr;
+    forgetNear();
     for (const Cell& cell : onScreen) {
         const auto found = m_records.constFind(cell);
         if (found != m_records.cend()) {
@@ -86,6 +90,13 @@ void CellCache::trim(std::span<const Cell> onScreen)
     }
     for (auto page = m_pages.begin(); page != m_pages.end() && page->isOnScreen; ++page)
         page->isOnScreen = false;
+}
+
+void CellCache::forgetNear()
+{
+    if (!m_isNearEmpty)
+        std::fill(m_near.begin(), m_near.end(), Near());
+    m_isNearEmpty = true;
 }
 
 /// A cell goes from a page, which goes with the last.

@@ -44,7 +44,8 @@ public:
     /// the next change.
     const CellRecord* find(Cell cell)
     {
-        return m_last && cell == m_lastCell ? m_last : findAndTouch(cell);
+        const Near& near = m_near[slotOf(cell)];
+        return near.record && near.cell == cell ? near.record : findAndTouch(cell);
     }
     /// In passing.
     const CellRecord* peek(Cell cell) const;
@@ -87,7 +88,20 @@ private:
     };
     using Records = QHash<Cell, Entry>;
 
+    /// A cell that was looked at since the last change.
+    struct Near
+    {
+        Cell cell;
+        const CellRecord* record = nullptr;
+    };
+    static constexpr int NearBits = 10;
+
+    static std::size_t slotOf(Cell cell)
+    {
+        return ((cell.row * 0x9E3779B9u) ^ (cell.column * 0x85EBCA6Bu)) >> (32 - NearBits);
+    }
     const CellRecord* findAndTouch(Cell cell);
+    void forgetNear();
     void touch(Pages::iterator page) { m_pages.splice(m_pages.begin(), m_pages, page); }
     void leave(Pages::iterator page);
 
@@ -96,15 +110,15 @@ private:
     /// The last looked at is the first.
     Pages m_pages;
     qsizetype m_limit = 100'000;
-    /// Views ask ten times for a cell before they ask for the next.
-    Cell m_lastCell;
-    const CellRecord* m_last = nullptr;
+    /// Views ask for the same thousand cells at each painting, ten times for each.
+    std::vector<Near> m_near{std::size_t(1) << NearBits};
+    bool m_isNearEmpty = true;
 };
 
 template <class Predicate>
 void CellCache::removeIf(const Predicate& predicate)
 {
-    m_last = nullptr;
+    forgetNear();
     m_records.removeIf([&](Records::iterator entry) {
         const bool goes = predicate(entry.key());
         if (goes)

@@ -138,16 +138,6 @@ Qt::ItemFlags QtViewModel2::flags(const QModelIndex& index) const
 
 // Between indexes and UIDs ------------------------------------------------------------------------
 
-QtViewModel2::Uid QtViewModel2::rowFromIndex(const QModelIndex& index) const
-{
-    return index.isValid() ? uidOf(index.internalId()) : 0;
-}
-
-QtViewModel2::Uid QtViewModel2::columnFromIndex(const QModelIndex& index) const
-{
-    return m_columns.at(index.column());
-}
-
 ModelCell2 QtViewModel2::cellFromIndex(const QModelIndex& index) const
 {
     return index.isValid() ? createCell(rowFromIndex(index), columnFromIndex(index)) : ModelCell2();
@@ -181,11 +171,6 @@ QtViewModel2::Uid QtViewModel2::headerUIDFromSection(int section, Qt::Orientatio
     return orientation == Qt::Horizontal ? m_columns.at(section) : m_rows.at(0, section);
 }
 
-QtViewModel2::Cell QtViewModel2::cellAt(const QModelIndex& index) const
-{
-    return {rowFromIndex(index), columnFromIndex(index)};
-}
-
 QtViewModel2::Cell QtViewModel2::sectionCell(Uid section, Qt::Orientation orientation)
 {
     return orientation == Qt::Horizontal ? Cell{0, section} : Cell{section, 0};
@@ -193,13 +178,12 @@ QtViewModel2::Cell QtViewModel2::sectionCell(Uid section, Qt::Orientation orient
 
 // For the view ------------------------------------------------------------------------------------
 
-const CellRecord* QtViewModel2::cell(const QModelIndex& index) const
+/// Always null: the answer comes later.
+const CellRecord* QtViewModel2::askFor(const QModelIndex& index) const
 {
-    const Cell cell = cellAt(index);
-    const CellRecord* const record = m_cells.find(cell);
-    if (!record && cell.column != 0)
-        m_queries.askAround(cell.row, index.column());
-    return record;
+    if (index.isValid())
+        m_queries.askAround(rowFromIndex(index), index.column());
+    return nullptr;
 }
 
 const CellRecord* QtViewModel2::peekCell(const QModelIndex& index) const

@@ -78,8 +78,11 @@ public:
     // Between indexes and UIDs
 
     /// 0 for an invalid index, as for the two below.
-    Uid rowFromIndex(const QModelIndex& index) const;
-    Uid columnFromIndex(const QModelIndex& index) const;
+    Uid rowFromIndex(const QModelIndex& index) const
+    {
+        return index.isValid() ? uidOf(index.internalId()) : 0;
+    }
+    Uid columnFromIndex(const QModelIndex& index) const { return m_columns.at(index.column()); }
     /// The null cell for an invalid index, or when the model has gone.
     ModelCell2 cellFromIndex(const QModelIndex& index) const;
     ModelCell2 createCell(Uid row, Uid column) const;
@@ -107,7 +110,11 @@ public:
 
     /// What is known of a cell, for painting it: if nothing is, it is null and will be asked for.
     /// Valid until control is back in the event loop.
-    const CellRecord* cell(const QModelIndex& index) const;
+    const CellRecord* cell(const QModelIndex& index) const
+    {
+        const CellRecord* const record = m_cells.find(cellAt(index));
+        return record ? record : askFor(index);
+    }
     /// The same in passing: nothing is asked for.
     const CellRecord* peekCell(const QModelIndex& index) const;
     /// Whether it is, or the view waits for it.
@@ -165,8 +172,13 @@ private:
     static Uid uidOf(quintptr id) { return Uid(id * Q_UINT64_C(0xF1DE83E19937733D)); }
 
     /// Without a column for an index that is none.
-    Cell cellAt(const QModelIndex& index) const;
+    Cell cellAt(const QModelIndex& index) const
+    {
+        return {rowFromIndex(index), columnFromIndex(index)};
+    }
     static Cell sectionCell(Uid section, Qt::Orientation orientation);
+
+    const CellRecord* askFor(const QModelIndex& index) const;
 
     // Answers
     void addRow(Uid row, Footprint& footprint) const;
