@@ -10,7 +10,8 @@
     a test under tests/voxi2_qt/controls/                     names one of the two classes
 
 A request `setFlat` is served by an operation `doSetFlat`, or `doimSetFlat` where that acts as the
-user; where there are both, the second request is `setFlatAsUser`. The factory's rows stand in the
+user; where there are both, the second request is `setFlatAsUser`. What is asked to see the widget
+as its user does may be a `doimIsFlat`, too. The factory's rows stand in the
 order of its requests. Operations stand in the order of the rows, in the header and in each source,
 there under "Requests"; what Qt tells comes in slots, and stands under "Reports".
 
@@ -123,10 +124,12 @@ def shape_faults(folder, stem, header):
     if len(rows) != len(re.findall(r"\b(?:row|asUserRow)<", text(main))):
         yield f"{main}: not every row reads row<&E::request, &P::operation>"
     for kind, request, operation in rows:
-        prefix = "doim" if kind == "asUserRow" else "do"
+        prefixes = ["doim"] if kind == "asUserRow" else ["do"]
+        if prefixes == ["do"] and request.startswith(("get", "is")):
+            prefixes.append("doim")
         if kind == "asUserRow":
             request = request.removesuffix("AsUser")
-        if operation != prefix + request[0].upper() + request[1:]:
+        if operation not in [prefix + request[0].upper() + request[1:] for prefix in prefixes]:
             yield f"{peer}: {kind} {request} is served by {operation}"
     declared = re.findall(r"\b(do\w+)\([^;{]*\)[\w ]*;", text(header))
     yield from order_faults(header, declared, operations)

@@ -77,12 +77,12 @@ VXRect<int> QtAbstractView2::doGetModelCellRect(unsigned row, unsigned column)
     return index.isValid() ? Qt2VX(itemView().visualRect(index)) : VXRect<int>();
 }
 
-VXRect<int> QtAbstractView2::doGetCellRect(unsigned row, unsigned column)
+VXRect<int> QtAbstractView2::doimGetCellRect(unsigned row, unsigned column)
 {
     return doGetModelCellRect(row, column);
 }
 
-bool QtAbstractView2::doIsCellVisible(unsigned row, unsigned column)
+bool QtAbstractView2::doimIsCellVisible(unsigned row, unsigned column)
 {
     layOutNow();
     const QModelIndex index = indexOf(row, column);
@@ -90,21 +90,21 @@ bool QtAbstractView2::doIsCellVisible(unsigned row, unsigned column)
            && itemView().visualRect(index).intersects(itemView().viewport()->rect());
 }
 
-bool QtAbstractView2::doIsHScrollbarVisible()
+bool QtAbstractView2::doimIsHScrollbarVisible()
 {
     layOutNow();
     updateScrollBars();
     return isAnyShown(*itemView().horizontalScrollBar());
 }
 
-bool QtAbstractView2::doIsVScrollbarVisible()
+bool QtAbstractView2::doimIsVScrollbarVisible()
 {
     layOutNow();
     updateScrollBars();
     return isAnyShown(*itemView().verticalScrollBar());
 }
 
-CellInfo QtAbstractView2::doGetCellInfo(unsigned row, unsigned column)
+CellInfo QtAbstractView2::doimGetCellInfo(unsigned row, unsigned column)
 {
     CellInfo info;
     const QModelIndex index = indexOf(row, column);
@@ -112,7 +112,7 @@ CellInfo QtAbstractView2::doGetCellInfo(unsigned row, unsigned column)
         return info;
     info.cell = m_model->cellFromIndex(index);
     info.rect = doGetModelCellRect(row, column);
-    info.isVisible = doIsCellVisible(row, column);
+    info.isVisible = doimIsCellVisible(row, column);
     info.isSelected = doIsSelected(row, column);
     info.isCurrent = itemView().currentIndex() == index;
     info.isEdited = m_delegate->isEditing() && m_delegate->getEditorIndex() == index;

@@ -159,7 +159,7 @@ void VXAbstractViewModel2::sendOutbox()
     const unsigned self = id();
     m_isSending = true;
     // A listener that waits for another thread gives the lock up, and anything may happen.
-    const auto send = [this, self](const auto& event, const auto& value) {
+    const auto send = [self](const auto& event, const auto& value) {
         if (isObjectValid(self))
             event(value);
     };

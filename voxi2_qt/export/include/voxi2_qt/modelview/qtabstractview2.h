@@ -63,13 +63,13 @@ public:
     virtual ModelCell2 doGetModelCellAt(int x, int y);
     virtual ModelCell2 doGetCellAtPosition(VXPoint<int> position);
     virtual VXRect<int> doGetModelCellRect(unsigned row, unsigned column);
-    virtual VXRect<int> doGetCellRect(unsigned row, unsigned column);
-    virtual bool doIsCellVisible(unsigned row, unsigned column);
-    virtual bool doIsHScrollbarVisible();
-    virtual bool doIsVScrollbarVisible();
+    virtual VXRect<int> doimGetCellRect(unsigned row, unsigned column);
+    virtual bool doimIsCellVisible(unsigned row, unsigned column);
+    virtual bool doimIsHScrollbarVisible();
+    virtual bool doimIsVScrollbarVisible();
     virtual void doSetEditor(unsigned row, unsigned column, VXWidget2* editor);
     virtual VXWidget2* doGetEditor(unsigned row, unsigned column);
-    virtual CellInfo doGetCellInfo(unsigned row, unsigned column);
+    virtual CellInfo doimGetCellInfo(unsigned row, unsigned column);
     void doSetColumnWidth(unsigned column, int width); // tables have one more
     virtual int doColumnWidth(unsigned column);
     virtual void doSetRowHeight(unsigned row, int height) = 0;
