@@ -97,13 +97,21 @@ void QtViewHost::reportEditRequest(Uids cell)
     m_view.report(&E::editRequested, cell.row, cell.column);
 }
 
+/// The editor is looked up when it is told: what is told before may be its end.
 void QtViewHost::reportEditComplete(Uids cell, unsigned editor, bool isCommitted)
 {
-    m_view.reportMade(&E::editCompleted, [&] {
-        return VXEditCompleteEvent2(
-            static_cast<VXAbstractView2*>(m_view.abstractWidget()), cell.row, cell.column,
-            dynamic_cast<VXWidget2*>(VXObject::objectById(editor)), isCommitted);
-    });
+    const auto report = [cell, editor, isCommitted](const QtObject2& peer) {
+        const auto& view = static_cast<const QtAbstractView2&>(peer);
+        view.reportMade(&E::editCompleted, [&] {
+            return VXEditCompleteEvent2(
+                static_cast<VXAbstractView2*>(view.abstractWidget()), cell.row, cell.column,
+                dynamic_cast<VXWidget2*>(VXObject::objectById(editor)), isCommitted);
+        });
+    };
+    if (QtReportHold::isActive())
+        QtReportHold::add(m_view, report);
+    else
+        report(m_view);
 }
 
 // Input -------------------------------------------------------------------------------------------

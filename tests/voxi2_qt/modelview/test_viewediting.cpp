@@ -209,6 +209,27 @@ TEST_F(ViewEditing, survivesTheEndOfEditorRowAndView)
     EXPECT_TRUE(lookup(&m_editor)) << "whose it was it still is";
 }
 
+/// What is reported at the end of a change is told one after the other.
+TEST_F(ViewEditing, anEditorMayEndBeforeItsEndIsTold)
+{
+    auto* editor = new VXSpinBox2(&m_window);
+    m_view.setActiveCell({1, 1, &m_model});
+    m_view.setEditor(1, 1, editor);
+    TROV::Listener listener;
+    bool wasFirst = false;
+    const auto end = [&] {
+        wasFirst = wasFirst || m_ends.isEmpty();
+        delete std::exchange(editor, nullptr);
+    };
+    editor->hidden().connect(&listener, end);
+    editor->focusLost().connect(&listener, end);
+    m_view.activeCellChanged().connect(&listener, end);
+    m_model.removeRow(1);
+    settle();
+    EXPECT_TRUE(wasFirst);
+    EXPECT_EQ(m_ends.only().editor(), nullptr);
+}
+
 TEST_F(ViewEditing, handlersMayRunALoopThatEndsAll)
 {
     auto view = std::make_unique<VXTableView2>(&m_window);
