@@ -2,9 +2,12 @@
 
 #include "voxi2/containers/vxscrollview2.h"
 #include "voxi2/containers/vxsplitter2.h"
+#include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2/kernel/vxaction2.h"
+
+#include <algorithm>
 
 namespace gallery {
 
@@ -23,17 +26,15 @@ GalleryWindow::GalleryWindow() : m_window(new VXWindow2)
     m_window->setObjectName("gallery");
 
     auto* split = new VXSplitter2(m_window, Orientation::Horizontal);
-    auto* listView = new VXScrollView2(split);
-    const Box list = column(listView, 4);
-    list.layout->setMargins({12, 12, 8, 12});
-    list.layout->addWidget(heading(list.panel, "Pages"));
+    split->addWidget(makeTree(split), 0);
     m_pages = new VXWidgetStack2(split);
     makeLog();
-    for (const Page& page : pages())
-        addPage(page, list);
-    list.layout->addStretch();
-    listView->setWidget(list.panel);
-    split->addWidget(listView, 0);
+    for (const Group& group : groups()) {
+        const unsigned row = m_model->appendRow(0, {group.title});
+        for (const Page& page : group.pages)
+            addPage(page, row);
+    }
+    m_tree->expandAll();
     split->addWidget(m_pages, 1);
     split->setCollapsible(nullptr, false);
 
@@ -41,7 +42,7 @@ GalleryWindow::GalleryWindow() : m_window(new VXWindow2)
     makeMenus();
     m_window->resize({ListWidth + PageWidth, 760});
     split->setSizes({ListWidth, PageWidth});
-    showPage(0);
+    showPage(m_rows.front());
     m_window->show();
 }
 
@@ -79,12 +80,44 @@ void GalleryWindow::makeMenus()
     m_window->setMenuBar(bar);
 }
 
-void GalleryWindow::addPage(const Page& page, const Box& list)
+/// A field to search in, above what is found.
+VXWidget2* GalleryWindow::makeTree(VXObject2* parent)
 {
-    VXButton2* choose = button(list.panel, page.title, "page-" + page.name);
-    choose->setCheckable(true);
-    choose->setExclusive(true);
-    list.layout->addWidget(choose);
+    const Box list = column(parent, 4);
+    list.layout->setMargins({8, 12, 4, 12});
+    auto* const search = new VXEdit2(list.panel);
+    search->setObjectName("search");
+    search->setPlaceholder("Search");
+    search->setClearButtonVisible(true);
+    m_model = new VXTreeModel2({"Page"}, list.panel);
+    m_tree = new VXTreeView2(list.panel);
+    m_tree->setObjectName("pages");
+    m_tree->setViewModel(m_model);
+    m_tree->setColumnHeaderVisible(false);
+    list.layout->addWidget(search);
+    list.layout->addWidget(m_tree, 1);
+
+    search->textEdited().connect(search, [this](const VXEditTextEvent2& event) {
+        m_model->setFilterText(event.newText());
+        m_tree->expandAll();
+    });
+    // The first that was found.
+    search->returnPressed().connect(search, [this](const VXEditReturnEvent2&) {
+        for (const unsigned group : m_model->childRows(0)) {
+            for (const unsigned row : m_model->childRows(group))
+                return showPage(row);
+        }
+    });
+    m_tree->selectionChanged().connect(m_tree, [this](const VXViewSelectionChangeEvent2& event) {
+        if (const std::vector<unsigned> rows = event.rows(); !rows.empty())
+            showPage(rows.front());
+    });
+    return list.panel;
+}
+
+void GalleryWindow::addPage(const Page& page, unsigned group)
+{
+    m_rows.push_back(m_model->appendRow(group, {page.title}));
 
     auto* view = new VXScrollView2(m_pages);
     const Box framed = column(view, 10);
@@ -96,27 +129,28 @@ void GalleryWindow::addPage(const Page& page, const Box& list)
     framed.layout->addWidget(page.create(framed.panel, *m_log), 1);
     view->setWidget(framed.panel);
     m_pages->addWidget(view);
-
-    const std::size_t index = m_chooseButtons.size();
-    choose->clicked().connect(m_log.get(), [this, index] { showPage(index); });
-    m_chooseButtons.push_back(choose);
 }
 
 bool GalleryWindow::select(const std::string& name)
 {
-    for (std::size_t i = 0; i < pages().size(); ++i) {
-        if (pages()[i].name == name) {
-            showPage(i);
-            return true;
-        }
-    }
-    return false;
+    const std::vector<std::string> names = pageNames();
+    const auto found = std::find(names.begin(), names.end(), name);
+    if (found == names.end())
+        return false;
+    showPage(m_rows[static_cast<std::size_t>(found - names.begin())]);
+    return true;
 }
 
-void GalleryWindow::showPage(std::size_t index)
+/// Nothing happens for the row of a group.
+void GalleryWindow::showPage(unsigned row)
 {
-    m_chooseButtons[index]->setChecked(true);
-    m_pages->raiseWidgetWithID(static_cast<int>(index));
+    const auto found = std::find(m_rows.begin(), m_rows.end(), row);
+    if (found == m_rows.end())
+        return;
+    m_tree->setActiveCell({row, 1});
+    m_tree->clearSelection();
+    m_tree->selectRows({row});
+    m_pages->raiseWidgetWithID(static_cast<int>(found - m_rows.begin()));
 }
 
 } // namespace gallery

@@ -6,6 +6,8 @@
 #include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxwidgetstack2.h"
 #include "voxi2/containers/vxwindow2.h"
+#include "voxi2/modelview/vxtreemodel2.h"
+#include "voxi2/modelview/vxtreeview2.h"
 
 #include <memory>
 #include <string>
@@ -13,7 +15,7 @@
 
 namespace gallery {
 
-/// The gallery: the list of pages on the left, the page on the right, the log in a pane below.
+/// The gallery: the tree of pages on the left, the page on the right, the log in a pane below.
 class GalleryWindow
 {
 public:
@@ -30,14 +32,17 @@ public:
 private:
     void makeLog();
     void makeMenus();
-    void addPage(const Page& page, const Box& list);
-    void showPage(std::size_t index);
+    VOXI::VXWidget2* makeTree(VOXI::VXObject2* parent);
+    void addPage(const Page& page, unsigned group);
+    void showPage(unsigned row);
 
     VOXI::VXWindow2* m_window;
     VOXI::VXDockWidget2* m_logPane = nullptr;
     VOXI::VXWidgetStack2* m_pages = nullptr;
     std::unique_ptr<EventLog> m_log;
-    std::vector<VOXI::VXButton2*> m_chooseButtons;
+    VOXI::VXTreeModel2* m_model = nullptr;
+    VOXI::VXTreeView2* m_tree = nullptr;
+    std::vector<unsigned> m_rows; ///< in the order of the pages
 };
 
 } // namespace gallery

@@ -29,11 +29,11 @@ bool parse(int argc, char** argv, Options& options)
 int takeScreenshots(VOXI::QtHost& host, gallery::GalleryWindow& window, const Options& options)
 {
     std::filesystem::create_directories(options.m_screenshots);
-    for (const gallery::Page& page : gallery::pages()) {
-        if (!options.m_page.empty() && page.name != options.m_page)
+    for (const std::string& page : gallery::pageNames()) {
+        if (!options.m_page.empty() && page != options.m_page)
             continue;
-        window.select(page.name);
-        const auto file = std::filesystem::path(options.m_screenshots) / (page.name + ".png");
+        window.select(page);
+        const auto file = std::filesystem::path(options.m_screenshots) / (page + ".png");
         if (!host.saveScreenshot(*window.window(), file.string())) {
             std::fprintf(stderr, "gallery: cannot write %s\n", file.c_str());
             return 1;
@@ -58,8 +58,8 @@ int main(int argc, char** argv)
         if (!options.m_page.empty() && !window.select(options.m_page)) {
             std::fprintf(stderr,
                          "gallery: there is no page \"%s\"; pages are:", options.m_page.c_str());
-            for (const gallery::Page& page : gallery::pages())
-                std::fprintf(stderr, " %s", page.name.c_str());
+            for (const std::string& page : gallery::pageNames())
+                std::fprintf(stderr, " %s", page.c_str());
             std::fprintf(stderr, "\n");
             return 2;
         }

@@ -20,8 +20,17 @@ struct Page
     std::function<VOXI::VXWidget2*(VOXI::VXObject2* parent, EventLog& log)> create;
 };
 
+/// Pages that belong together.
+struct Group
+{
+    std::string title;
+    std::vector<Page> pages;
+};
+
 /// All pages, in the order of the list.
-const std::vector<Page>& pages();
+const std::vector<Group>& groups();
+/// Their names in that order.
+std::vector<std::string> pageNames();
 
 // One function for each file under pages/.
 Page countingPage();

@@ -2,16 +2,27 @@
 
 namespace gallery {
 
-const std::vector<Page>& pages()
+const std::vector<Group>& groups()
 {
-    static const std::vector<Page> all = {
-        countingPage(), buttonsPage(),    formsPage(),     rangesPage(),   tablesPage(),
-        treesPage(),    slowModelPage(),  liveModelPage(), eventsPage(),   dragDropPage(),
-        focusPage(),    cursorsPage(),    threadsPage(),   actionsPage(),  digMenusPage(),
-        layoutsPage(),  containersPage(), tabsPage(),      toolTipsPage(), windowsPage(),
-        docksPage(),    dialogsPage(),
+    static const std::vector<Group> all = {
+        {"Controls", {countingPage(), buttonsPage(), formsPage(), rangesPage()}},
+        {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
+        {"Commands", {actionsPage(), digMenusPage()}},
+        {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},
+        {"Containers", {layoutsPage(), containersPage(), tabsPage()}},
+        {"Windows", {windowsPage(), docksPage(), dialogsPage(), toolTipsPage()}},
     };
     return all;
+}
+
+std::vector<std::string> pageNames()
+{
+    std::vector<std::string> names;
+    for (const Group& group : groups()) {
+        for (const Page& page : group.pages)
+            names.push_back(page.name);
+    }
+    return names;
 }
 
 } // namespace gallery
