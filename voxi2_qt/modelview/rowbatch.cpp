@@ -1,6 +1,7 @@
 #include "rowbatch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace VOXI {
 
@@ -44,7 +45,15 @@ bool RowBatch::take(const SizeChange2& change)
     if (isFirst)
         m_place = place;
     Uids room;
-    join(place, m_forest.insertable(change.uids(), room));
+    const std::span<const Uid> rows = m_forest.insertable(change.uids(), room);
+    if (!isFirst) {
+        join(place, rows);
+    } else if (rows.data() == change.uids().data()) {
+        m_rows = rows; // a million need not be copied
+    } else {
+        m_own = std::move(room);
+        m_rows = m_own;
+    }
     return true;
 }
 
@@ -60,19 +69,19 @@ int RowBatch::placeOf(Uid sibling) const
 
 void RowBatch::join(int place, std::span<const Uid> rows)
 {
-    if (m_rows.empty()) {
-        m_rows.assign(rows.begin(), rows.end());
-        return;
+    if (m_known.isEmpty()) {
+        if (m_rows.data() != m_own.data())
+            m_own.assign(m_rows.begin(), m_rows.end());
+        m_known = QSet<Uid>(m_own.begin(), m_own.end());
     }
-    if (m_known.isEmpty())
-        m_known = QSet<Uid>(m_rows.begin(), m_rows.end());
-    auto target = m_rows.begin() + (place - m_place);
+    auto target = m_own.begin() + (place - m_place);
     for (const Uid row : rows) {
         const qsizetype before = m_known.size();
         m_known.insert(row);
         if (m_known.size() > before)
-            target = m_rows.insert(target, row) + 1;
+            target = m_own.insert(target, row) + 1;
     }
+    m_rows = m_own;
 }
 
 } // namespace VOXI

@@ -30,6 +30,7 @@ public:
 
     Uid parent() const { return m_parent; }
     int place() const { return m_place; }
+    /// As long as the changes are there.
     std::span<const Uid> rows() const { return m_rows; }
     int count() const { return static_cast<int>(m_rows.size()); }
 
@@ -40,7 +41,8 @@ private:
     const RowForest& m_forest;
     Uid m_parent = 0;
     int m_place = 0;
-    Uids m_rows;
+    std::span<const Uid> m_rows; ///< those of the only insertion, or the next
+    Uids m_own;
     QSet<Uid> m_known; ///< the same rows, when there is more than one insertion
 };
 

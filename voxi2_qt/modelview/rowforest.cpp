@@ -1,7 +1,8 @@
 #include "rowforest.h"
 
+#include "voxi_util/ascending.h"
+
 #include <algorithm>
-#include <functional>
 #include <limits>
 #include <numeric>
 #include <utility>
@@ -281,8 +282,7 @@ void RowForest::visit(Number root, const Function& function) const
 /// Whether the rows ascend and are all new, which is seen without looking up any.
 bool RowForest::isRun(std::span<const Uid> rows) const
 {
-    return !rows.empty() && rows.front() > m_greatest
-           && std::adjacent_find(rows.begin(), rows.end(), std::greater_equal<>()) == rows.end();
+    return !rows.empty() && rows.front() > m_greatest && isAscending(rows);
 }
 
 /// Behind the rows of a parent.

@@ -1,6 +1,7 @@
 #include "shapelog.h"
 
 #include "siblings.h"
+#include "voxi_util/ascending.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -130,10 +131,10 @@ bool isShortest(const std::vector<SizeChange2>& changes)
         const bool isRows = change.kind() == SizeChange2::AppendRows;
         if ((!isRows && change.kind() != SizeChange2::AppendColumns) || change.parent() != 0)
             return false;
-        for (const unsigned uid : change.uids()) {
-            if (uid <= std::exchange(last[isRows], uid))
-                return false;
-        }
+        const std::vector<unsigned>& uids = change.uids();
+        if (!uids.empty()
+            && (uids.front() <= std::exchange(last[isRows], uids.back()) || !isAscending(uids)))
+            return false;
     }
     return changes.size() <= 2;
 }
