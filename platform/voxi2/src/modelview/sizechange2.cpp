@@ -1,12 +1,10 @@
 #include "voxi2/modelview/sizechange2.h"
 
-#include <algorithm>
-
 namespace VOXI {
 
 bool SizeChange2::join(const SizeChange2& next, bool isCertain)
 {
-    if (m_uids.empty() || next.m_uids.empty() || m_parent != next.m_parent)
+    if (uids().empty() || next.uids().empty() || m_parent != next.m_parent)
         return false;
     const bool goesOn = [&] {
         switch (next.m_kind) {
@@ -21,17 +19,22 @@ bool SizeChange2::join(const SizeChange2& next, bool isCertain)
         // If the anchor was there before, it is elsewhere.
         case InsertColumnsAfter:
             return isCertain && m_kind >= InsertColumnsAfter && m_kind <= AppendColumns
-                   && m_uids.back() == next.m_anchor;
+                   && uids().back() == next.m_anchor;
         case InsertRowsAfter:
             return isCertain && m_kind >= InsertRowsAfter && m_kind <= AppendRows
-                   && m_uids.back() == next.m_anchor;
+                   && uids().back() == next.m_anchor;
         default:
             return false;
         }
     }();
-    if (goesOn)
-        m_uids.insert(m_uids.end(), next.m_uids.begin(), next.m_uids.end());
-    return goesOn;
+    if (!goesOn)
+        return false;
+    if (m_uids.use_count() != 1)
+        m_uids = std::make_shared<Uids>(*m_uids);
+    // A copy may just have gone on another thread; counting one more puts this behind what it did.
+    const std::shared_ptr<Uids> own = m_uids;
+    own->insert(own->end(), next.uids().begin(), next.uids().end());
+    return true;
 }
 
 } // namespace VOXI

@@ -2,6 +2,7 @@
 
 #include "voxi2/voxi2_export.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -90,7 +91,7 @@ public:
         : m_kind(kind),
           m_anchor(anchor),
           m_parent(parent),
-          m_uids(std::move(uids))
+          m_uids(std::make_shared<Uids>(std::move(uids)))
     {}
 
     /// One of `Kind`; views skip any other.
@@ -99,7 +100,7 @@ public:
     unsigned anchor() const noexcept { return m_anchor; }
     unsigned parent() const noexcept { return m_parent; }
     /// What is inserted or removed.
-    const Uids& uids() const noexcept { return m_uids; }
+    const Uids& uids() const noexcept { return *m_uids; }
     /// Of one without rows made by `hasChildren`.
     bool hasChildren() const noexcept { return m_hasChildren; }
 
@@ -111,7 +112,7 @@ private:
     int m_kind;
     unsigned m_anchor;
     unsigned m_parent;
-    Uids m_uids;
+    std::shared_ptr<Uids> m_uids; ///< of all copies; changed only when there is none
     bool m_hasChildren = true;
 };
 
