@@ -39,8 +39,8 @@ QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
 
 // Requests ----------------------------------------------------------------------------------------
 
-void QtText2::doSetText(const std::string& text) { show(toQString(text)); }
-void QtText2::doSetTextU(const std::wstring& text) { show(toQString(text)); }
+void QtText2::doSetText(const std::string& text) { change(toQString(text)); }
+void QtText2::doSetTextU(const std::wstring& text) { change(toQString(text)); }
 void QtText2::doSetAlignment(Alignment alignment) { setAlignment(VX2Qt(alignment)); }
 void QtText2::doSetWordWrap(bool wrap) { setWordWrap(wrap); }
 
@@ -89,7 +89,7 @@ void QtText2::slotLinkActivated(const QString& target)
 
 // Helpers -----------------------------------------------------------------------------------------
 
-void QtText2::show(const QString& text)
+void QtText2::change(const QString& text)
 {
     setText(text);
     if (doIsRichText())

@@ -41,7 +41,7 @@ private Q_SLOTS:
     void slotLinkActivated(const QString& target);
 
 private:
-    void show(const QString& text);
+    void change(const QString& text);
     void chooseInteraction(bool isSelectable);
 };
 
