@@ -61,7 +61,8 @@ void QtTableView2::doSetColumnWidth(unsigned column, int width, bool inPixels)
 {
     if (!inPixels) {
         updateSize();
-        width *= characterWidth();
+        width = static_cast<int>(
+            std::clamp<qint64>(qint64(width) * characterWidth(), 0, QWIDGETSIZE_MAX));
     }
     QtAbstractView2::doSetColumnWidth(column, width);
 }
@@ -163,8 +164,10 @@ int QtTableView2::characterWidth() const
 void QtTableView2::scaleColumns(double factor)
 {
     QHeaderView& columns = *horizontalHeader();
-    for (int section = 0; section < columns.count(); ++section)
-        columns.resizeSection(section, scaled(columns.sectionSize(section), factor));
+    for (int section = 0; section < columns.count(); ++section) {
+        if (!columns.isSectionHidden(section)) // which has no size at the moment
+            columns.resizeSection(section, scaled(columns.sectionSize(section), factor));
+    }
 }
 
 void QtTableView2::scaleRows(double factor)
@@ -179,7 +182,7 @@ void QtTableView2::scaleRows(double factor)
     std::vector<std::pair<int, int>> others;
     for (int section = 0; section < rows.count(); ++section) {
         const int size = rows.sectionSize(section);
-        if (size != usual)
+        if (size != usual && !rows.isSectionHidden(section))
             others.emplace_back(section, isToScale(size) ? scaled(size, factor) : size);
     }
     if (isUsualScaled)

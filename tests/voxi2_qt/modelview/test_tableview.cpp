@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include <climits>
 #include <random>
 
 namespace VOXI {
@@ -194,6 +195,22 @@ TEST_F(TableView, keepsThePlaceOfWhatIsInSight)
         ASSERT_EQ(std::set<unsigned>(now.begin(), now.end()), selected) << step;
         ASSERT_EQ(m_view.activeCell().row, 150U) << step;
     }
+}
+
+TEST_F(TableView, whatIsHiddenKeepsItsSizeWhenTheFontChanges)
+{
+    NumberedModel model(5);
+    show(model);
+    m_view.setRowVisible(2, false);
+    m_view.setColumnVisible(2, false);
+    m_view.setFont(VXFont(std::string(), 30, 0));
+    settle();
+    m_view.setRowVisible(2, true);
+    m_view.setColumnVisible(2, true);
+    EXPECT_GT(m_view.rowHeight(2), 10);
+    EXPECT_GT(m_view.columnWidth(2), 10);
+    m_view.setColumnWidthInCharacters(1, INT_MAX);
+    EXPECT_GT(m_view.columnWidth(1), 1000);
 }
 
 } // namespace
