@@ -141,6 +141,7 @@ TEST_F(EventLoopBindingTest, theLoopTurnsHoweverManyWorkersAsk)
         }
         ++calls;
     };
+    workers.reserve(static_cast<std::size_t>(working));
     for (int i = 0; i < working; ++i) {
         workers.emplace_back([&, i] {
             while (!stop) {

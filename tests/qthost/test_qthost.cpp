@@ -38,7 +38,7 @@ TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
         EXPECT_EQ(survivor->text(), "alive");
         survivor->setText("gr\xc3\xbcn");
         EXPECT_EQ(survivor->textU(), L"gr\u00fcn") << "UTF-8 unless one asks for another";
-        EXPECT_THROW(QtHost(NarrowTextEncoding::Latin1), std::runtime_error) << "too late";
+        EXPECT_THROW(QtHost{NarrowTextEncoding::Latin1}, std::runtime_error) << "too late";
 
         const QTemporaryDir folder;
         const std::string file = folder.filePath(QStringLiteral("window.png")).toStdString();

@@ -13,6 +13,7 @@ void inParallel(int count, const Function& function)
 {
     std::barrier start(count);
     std::vector<std::jthread> threads;
+    threads.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         threads.emplace_back([&, i] {
             start.arrive_and_wait();

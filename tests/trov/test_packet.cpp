@@ -34,7 +34,7 @@ TEST_F(PacketTest, IsDeletedExactlyOnce)
     {
         Packet packet(new Counted(deleted));
         Packet copy = packet;
-        const Packet moved = std::move(packet);
+        const Packet moved(static_cast<Packet&&>(packet));
         copy = moved;
         copy = Packet();
         EXPECT_TRUE(copy.isEmpty() && packet.isEmpty());

@@ -181,6 +181,7 @@ TEST_F(StressTest, PeersComeAndGoWhileOthersAsk)
     Worker worker;
     Listener beside;
     std::vector<std::jthread> senders;
+    senders.reserve(2);
     for (int sender = 0; sender < 2; ++sender)
         senders.emplace_back([&] {
             while (!stop) {

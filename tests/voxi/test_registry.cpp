@@ -67,9 +67,9 @@ TEST(Identity, detachedObjectsStayOut)
 
 TEST(Identity, everyLiveObjectIsVisitedAlsoWhileTheVisitEndsSome)
 {
-    std::vector<std::unique_ptr<TestObject>> objects;
-    for (int i = 0; i < 50; ++i)
-        objects.push_back(std::make_unique<TestObject>());
+    std::vector<std::unique_ptr<TestObject>> objects(50);
+    for (auto& object : objects)
+        object = std::make_unique<TestObject>();
     std::set<VXObject*> seen;
     TestObject::forEachObject([&](VXObject* object) {
         EXPECT_TRUE(VXObject::m_lock.isHeldByCurrentThread());

@@ -92,7 +92,6 @@ class HandleThreads : public BackEndTest
 TEST_F(HandleThreads, useObjectsThatComeAndGo)
 {
     FakeBackEnd backEnd;
-    std::atomic<unsigned> id{0};
     std::atomic<bool> stop{false};
     onWorker([&] {
         std::atomic<int> uses{0};

@@ -7,6 +7,7 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QStringListModel>

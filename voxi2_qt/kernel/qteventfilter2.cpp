@@ -16,6 +16,7 @@
 #include <QResizeEvent>
 #include <QTouchEvent>
 #include <QWheelEvent>
+#include <QWidget>
 
 #include <cstddef>
 #include <iterator>

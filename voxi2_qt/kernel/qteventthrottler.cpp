@@ -187,19 +187,18 @@ void EventThrottler::postLatest(State& state)
 void EventThrottler::post(const VXDragEvent2& event) { postOn(m_drag, event); }
 void EventThrottler::post(const VXKeyEvent2& event) { postOn(m_key, event); }
 
+/// The event is a copy: a handler may destroy the widget, and this throttler with it.
 template <class E>
-void EventThrottler::deliver(VXWidget2* widget, WidgetEvent, const E& event)
+void EventThrottler::deliver(VXWidget2* widget, WidgetEvent, E event)
 {
     if constexpr (std::is_same_v<E, VXResizeEvent2>) {
         m_state->m_isDelivered = true;
         if (m_state->m_isWithdrawn)
             return;
     }
-    // A handler may destroy the widget, and this throttler with it.
-    const E copy = event;
     VXObjectDataLocker lock;
     if (VXObject::objectById(m_widgetId) == widget)
-        emitterOf(*widget->widgetEmitters(), copy)(copy);
+        emitterOf(*widget->widgetEmitters(), event)(event);
 }
 
 std::unique_ptr<EventThrottlerBase> EventThrottlerFactory::createEventThrottler(VXWidget2* widget)

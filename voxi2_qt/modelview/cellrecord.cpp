@@ -90,14 +90,14 @@ CellStyle::CellStyle(const CellLook& look)
       isReadOnly(look.isReadOnly)
 {
     if (look.alignment != Alignment())
-        alignment = VX2Qt(look.alignment).toInt();
+        alignment = static_cast<int>(VX2Qt(look.alignment));
     if (!look.icon.isNull())
         icon = VX2Qt(look.icon);
 }
 
 CellStylePointer CellStyles::styleOf(const CellUIData& data)
 {
-    CellLook look(data);
+    const CellLook look(data);
     if (const auto found = m_styles.constFind(look); found != m_styles.cend())
         return found.value();
     if (m_styles.size() >= m_limit) {
@@ -106,8 +106,8 @@ CellStylePointer CellStyles::styleOf(const CellUIData& data)
         });
         m_limit = qMax(m_limit, 2 * m_styles.size());
     }
-    const CellStylePointer style(new CellStyle(look));
-    m_styles.insert(std::move(look), style);
+    CellStylePointer style(new CellStyle(look));
+    m_styles.insert(look, style);
     return style;
 }
 

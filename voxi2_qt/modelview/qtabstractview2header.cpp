@@ -101,6 +101,7 @@ void QtAbstractView2::doSetColumnOrder(const std::vector<unsigned>& columns)
 std::vector<unsigned> QtAbstractView2::doGetColumnOrder()
 {
     std::vector<unsigned> columns;
+    columns.reserve(static_cast<std::size_t>(columnHeader().count()));
     for (int visual = 0; visual < columnHeader().count(); ++visual)
         columns.push_back(
             m_model->headerUIDFromSection(columnHeader().logicalIndex(visual), Qt::Horizontal));

@@ -41,7 +41,7 @@ void describe(CellInfo& info, const CellRecord& record, const QPalette& palette,
     info.font = Qt2VX(ownFont.isValid() ? ownFont.value<QFont>().resolve(font) : font);
     const QVariant alignment = record.data(Qt::TextAlignmentRole);
     if (alignment.isValid())
-        info.alignment = Qt2VX(Qt::Alignment::fromInt(alignment.toInt()));
+        info.alignment = Qt2VX(Qt::Alignment(alignment.toInt()));
     info.background = colorOf(record.data(Qt::BackgroundRole), palette.color(QPalette::Base));
     info.foreground = colorOf(record.data(Qt::ForegroundRole), palette.color(QPalette::Text));
     info.widget = record.data(CellWidgetRole).toUInt();

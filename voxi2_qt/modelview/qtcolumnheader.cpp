@@ -2,6 +2,7 @@
 
 #include "voxi2_qt/kernel/qtreporthold.h"
 
+#include <QEvent>
 #include <QPointer>
 #include <QThread>
 

@@ -199,10 +199,10 @@ private:
     void applyToColumns(Changes changes, SizeEvent& event);
     void applyToRows(Changes changes, SizeEvent& event);
     void answerExpander(const SizeChange2& change, SizeEvent& event);
-    void insertColumns(const SizeChange2& change, const SizeEvent& event);
-    void removeColumns(const Uids& columns, const SizeEvent& event);
-    void insertRows(const RowBatch& batch, const SizeEvent& event);
-    void removeRows(const Uids& rows, SizeEvent& event);
+    void addColumns(const SizeChange2& change, const SizeEvent& event);
+    void dropColumns(const Uids& columns, const SizeEvent& event);
+    void addRows(const RowBatch& batch, const SizeEvent& event);
+    void dropRows(const Uids& rows, SizeEvent& event);
     void removeRun(Uid parent, int first, int last, SizeEvent& event);
     bool canBeNamed(Uid row) const { return row == 0 || m_columns.count() > 0; }
     PlacesByParent placesOf(const Uids& rows) const;
@@ -217,7 +217,7 @@ private:
     bool isSelectionSmall() const;
     bool isAllSelected() const;
     void applyAtOnce(Changes changes, SizeEvent& event);
-    void moveColumns(Changes changes, SizeEvent& event);
+    void changeColumnsAtOnce(Changes changes, SizeEvent& event);
     void floodRows(Changes changes, SizeEvent& event);
     Uids goneButHeld() const;
     void leaveRemoved(Changes changes) const;

@@ -75,9 +75,9 @@ void QtViewModel2::applyToColumns(Changes changes, SizeEvent& event)
 {
     for (const SizeChange2& change : changes) {
         if (SizeEvent::insertsColumns(change))
-            insertColumns(change, event);
+            addColumns(change, event);
         else if (change.kind() == SizeChange2::RemoveColumn)
-            removeColumns(change.uids(), event);
+            dropColumns(change.uids(), event);
     }
 }
 
@@ -88,12 +88,12 @@ void QtViewModel2::applyToRows(Changes changes, SizeEvent& event)
             RowBatch batch(m_rows);
             while (each != changes.end() && SizeEvent::insertsRows(*each) && batch.take(*each))
                 ++each;
-            insertRows(batch, event);
+            addRows(batch, event);
         } else if (each->kind() == SizeChange2::RemoveRow) {
             Uids rows;
             for (; each != changes.end() && each->kind() == SizeChange2::RemoveRow; ++each)
                 rows.insert(rows.end(), each->uids().begin(), each->uids().end());
-            removeRows(rows, event);
+            dropRows(rows, event);
         } else {
             if (each->kind() == SizeChange2::PrependRows)
                 answerExpander(*each, event);
@@ -115,7 +115,7 @@ void QtViewModel2::answerExpander(const SizeChange2& change, SizeEvent& event)
 
 // Columns -----------------------------------------------------------------------------------------
 
-void QtViewModel2::insertColumns(const SizeChange2& change, const SizeEvent& event)
+void QtViewModel2::addColumns(const SizeChange2& change, const SizeEvent& event)
 {
     const int place = insertionPlace(change, columnFromUID(change.anchor()), m_columns.count());
     const Uids columns = m_columns.insertable(change.uids());
@@ -132,7 +132,7 @@ void QtViewModel2::insertColumns(const SizeChange2& change, const SizeEvent& eve
     endInsertColumns();
 }
 
-void QtViewModel2::removeColumns(const Uids& columns, const SizeEvent& event)
+void QtViewModel2::dropColumns(const Uids& columns, const SizeEvent& event)
 {
     std::vector<int> places;
     for (const Uid column : columns) {
@@ -156,7 +156,7 @@ void QtViewModel2::removeColumns(const Uids& columns, const SizeEvent& event)
 
 // Rows --------------------------------------------------------------------------------------------
 
-void QtViewModel2::insertRows(const RowBatch& batch, const SizeEvent& event)
+void QtViewModel2::addRows(const RowBatch& batch, const SizeEvent& event)
 {
     if (batch.rows().empty())
         return;
@@ -170,7 +170,7 @@ void QtViewModel2::insertRows(const RowBatch& batch, const SizeEvent& event)
         endInsertRows();
 }
 
-void QtViewModel2::removeRows(const Uids& rows, SizeEvent& event)
+void QtViewModel2::dropRows(const Uids& rows, SizeEvent& event)
 {
     for (const auto& [parent, places] : placesOf(rows)) {
         forRunsFromBehind(places, [&, above = parent](int first, int last) {

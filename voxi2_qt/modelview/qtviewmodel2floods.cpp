@@ -136,7 +136,7 @@ void QtViewModel2::applyAtOnce(Changes changes, SizeEvent& event)
 {
     // The ones do not touch the others.
     if (event.columnsAtOnce)
-        moveColumns(changes, event);
+        changeColumnsAtOnce(changes, event);
     else
         applyToColumns(changes, event);
     if (event.rowsAtOnce)
@@ -148,7 +148,7 @@ void QtViewModel2::applyAtOnce(Changes changes, SizeEvent& event)
 // A header that remembers sections finds none of them again when all of these have gone, and takes
 // those at their places for them. So what goes moves behind the end first, and then goes in a step.
 
-void QtViewModel2::moveColumns(Changes changes, SizeEvent& event)
+void QtViewModel2::changeColumnsAtOnce(Changes changes, SizeEvent& event)
 {
     Uids gone;
     {
@@ -162,7 +162,7 @@ void QtViewModel2::moveColumns(Changes changes, SizeEvent& event)
             m_columns.insert(m_columns.count(), gone);
         });
     }
-    removeColumns(gone, event);
+    dropColumns(gone, event);
 }
 
 void QtViewModel2::floodRows(Changes changes, SizeEvent& event)

@@ -62,11 +62,11 @@ const TextLayouts::Layout* TextLayouts::layoutOf(const QString& text, const Font
     if (const auto found = m_young.constFind(key); found != m_young.cend())
         return found->get();
     if (std::shared_ptr<Layout> known = m_old.take(key))
-        return keep(std::move(key), std::move(known));
+        return keep(key, known);
     if (text.contains(u'\n') || text.contains(QChar::LineSeparator))
         return nullptr;
     std::shared_ptr<Layout> layout = make(key, font);
-    return keep(std::move(key), std::move(layout));
+    return keep(key, layout);
 }
 
 std::shared_ptr<TextLayouts::Layout> TextLayouts::make(const Key& key, const Font& font)
@@ -90,13 +90,13 @@ std::shared_ptr<TextLayouts::Layout> TextLayouts::make(const Key& key, const Fon
     return made;
 }
 
-const TextLayouts::Layout* TextLayouts::keep(Key&& key, std::shared_ptr<Layout> layout)
+const TextLayouts::Layout* TextLayouts::keep(const Key& key, const std::shared_ptr<Layout>& layout)
 {
     if (m_young.size() >= Limit) {
         m_old = std::exchange(m_young, {});
         m_young.reserve(Limit);
     }
-    return m_young.insert(std::move(key), std::move(layout))->get();
+    return m_young.insert(key, layout)->get();
 }
 
 void TextLayouts::clear()

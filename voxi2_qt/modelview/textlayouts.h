@@ -67,15 +67,15 @@ private:
         friend bool operator==(const Key&, const Key&) = default;
         friend size_t qHash(const Key& key, size_t seed = 0)
         {
-            const quint64 form = quint64(key.form.size.width()) << 32
+            const quint64 rest = quint64(key.form.size.width()) << 32
                                  | quint64(key.form.size.height()) << 16 | key.font;
-            return ::qHash(key.text, seed ^ ::qHash(form));
+            return ::qHash(key.text, seed ^ ::qHash(rest));
         }
     };
     using Layouts = QHash<Key, std::shared_ptr<Layout>>;
 
     static std::shared_ptr<Layout> make(const Key& key, const Font& font);
-    const Layout* keep(Key&& key, std::shared_ptr<Layout> layout);
+    const Layout* keep(const Key& key, const std::shared_ptr<Layout>& layout);
 
     std::vector<Font> m_fonts;
     std::size_t m_lastFont = 0;

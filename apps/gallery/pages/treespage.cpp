@@ -11,7 +11,6 @@ using namespace VOXI;
 namespace {
 
 constexpr unsigned Number = 1;
-constexpr unsigned Divisors = 2;
 constexpr int Digits = 10;
 
 unsigned append(VXTreeModel2& model, unsigned parent, const std::string& number)

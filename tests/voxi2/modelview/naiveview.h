@@ -43,7 +43,7 @@ public:
 
     ViewQuery2 ask(std::vector<unsigned> rows, std::vector<unsigned> columns)
     {
-        const ViewQuery2 query = m_link.ask(0, rows, rows, std::move(columns));
+        ViewQuery2 query = m_link.ask(0, rows, rows, std::move(columns));
         m_pending.insert(query.id());
         return query;
     }

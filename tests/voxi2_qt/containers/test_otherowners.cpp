@@ -244,6 +244,7 @@ template <class Object>
 void withNested(int count, const std::function<void(VXObject2*)>& function)
 {
     std::vector<VXObject2*> nested;
+    nested.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         nested.push_back(new Object(nested.empty() ? nullptr : nested.back()));
     function(nested.front());

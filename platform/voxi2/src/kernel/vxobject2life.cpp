@@ -25,33 +25,48 @@ struct Allocations
     };
     Block m_blocks[8];
     unsigned m_next = 0;
+    unsigned m_waiting = 0; // blocks that are not empty: hardly ever more than one
 
     void* add(void* memory, std::size_t size) noexcept
     {
-        if (memory)
-            m_blocks[m_next++ % std::size(m_blocks)] = {static_cast<char*>(memory), size};
+        if (!memory)
+            return nullptr;
+        Block& block = m_blocks[m_next++ % std::size(m_blocks)];
+        m_waiting += block.m_start ? 0 : 1;
+        block = {static_cast<char*>(memory), size};
         return memory;
     }
     void forget(const void* memory) noexcept
     {
+        if (m_waiting == 0)
+            return;
         for (Block& block : m_blocks) {
-            if (block.m_start == memory)
-                block = {};
+            if (memory && block.m_start == memory)
+                empty(block);
         }
     }
     /// Where in its block the object lies; -1 when `new` did not make it.
     int take(const void* object) noexcept
     {
         const char* const place = static_cast<const char*>(object);
-        for (Block& block : m_blocks) {
+        // The newest first: it nearly always is that one.
+        for (unsigned back = 1; m_waiting > 0 && back <= std::size(m_blocks); ++back) {
+            Block& block = m_blocks[(m_next - back) % std::size(m_blocks)];
             if (place < block.m_start || place >= block.m_start + block.m_size)
                 continue;
             const auto offset = static_cast<int>(place - block.m_start);
             if (offset == 0)
-                block = {};
+                empty(block);
             return offset;
         }
         return -1;
+    }
+
+private:
+    void empty(Block& block) noexcept
+    {
+        block = {};
+        --m_waiting;
     }
 };
 

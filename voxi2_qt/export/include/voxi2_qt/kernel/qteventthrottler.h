@@ -57,7 +57,7 @@ private:
     bool postOn(const Emitter<E>& emitter, const E& event);
     static void postLatest(State& state);
     template <class E>
-    void deliver(VXWidget2* widget, WidgetEvent type, const E& event);
+    void deliver(VXWidget2* widget, WidgetEvent type, E event);
 
     VXWidget2* m_widget;
     unsigned m_widgetId;
