@@ -60,7 +60,7 @@ TEST(Slider, isReportedWhenItsHandleIsLetGo)
     ASSERT_EQ(moved.count(), 1);
     EXPECT_EQ(moved.last().newValue(), 99);
     slider.setRange({200, 100});
-    EXPECT_EQ(slider.range(), VXPoint<int>(200, 200));
+    EXPECT_EQ(slider.range(), (VXPoint<int>{200, 200}));
     EXPECT_EQ(slider.value(), 200);
 }
 
@@ -79,8 +79,8 @@ TEST(Slider, billionsOfTicksAreDrawnAtOnce)
 {
     VXSlider2 slider;
     slider.setTickPosition(TickPosition::BothSides);
-    for (const auto& range : {VXPoint<int>(0, INT_MAX - 1), VXPoint<int>(INT_MIN, INT_MAX),
-                              VXPoint<int>(INT_MAX - 10, INT_MAX)}) {
+    for (const auto& range : {VXPoint<int>{0, INT_MAX - 1}, VXPoint<int>{INT_MIN, INT_MAX},
+                              VXPoint<int>{INT_MAX - 10, INT_MAX}}) {
         slider.setRange(range);
         for (const int interval : {0, 1, INT_MAX}) {
             slider.setTickInterval(interval);

@@ -100,9 +100,9 @@ TEST_F(ToolBars, put_the_first_items_into_the_inner_bar)
 TEST_F(ToolBars, never_put_the_inner_items_behind_the_arrow)
 {
     m_bar->setMinimumVisibleItems(3);
-    std::vector<VXAction2*> actions;
-    for (int i = 0; i < 12; ++i)
-        actions.push_back(addAction("A long label " + std::to_string(i)));
+    std::vector<VXAction2*> actions(12);
+    for (std::size_t i = 0; i < actions.size(); ++i)
+        actions[i] = addAction("A long label " + std::to_string(i));
     qt(*m_window)->setMinimumWidth(0);
     m_window->resize({450, 300});
     auto* arrow = m_outer->findChild<QWidget*>(QStringLiteral("qt_toolbar_ext_button"));
@@ -156,9 +156,9 @@ TEST_F(ToolBars, repair_their_layout_once_for_several_items_that_leave)
     // Alone, so that no window's layout joins in.
     m_window->removeToolBar(m_bar);
     m_bar->setParent(nullptr);
-    std::vector<VXAction2*> actions;
-    for (int i = 0; i < 4; ++i)
-        actions.push_back(addAction(std::to_string(i)));
+    std::vector<VXAction2*> actions(4);
+    for (std::size_t i = 0; i < actions.size(); ++i)
+        actions[i] = addAction(std::to_string(i));
     m_bar->resize({300, 60});
     m_bar->show();
     ASSERT_TRUE(waitFor([&] { return buttonOf(actions[3])->isVisible(); }));

@@ -9,6 +9,7 @@
 
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gmock/gmock.h>
 

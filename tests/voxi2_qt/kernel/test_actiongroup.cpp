@@ -13,7 +13,6 @@ namespace VOXI {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 QAction* qt(const VXAction2& action) { return dynamic_cast<QAction*>(qObjectOf(lookup(&action))); }
 

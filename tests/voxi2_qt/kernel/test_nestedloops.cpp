@@ -245,7 +245,8 @@ protected:
 
 TEST_P(NestedLoops, keepWhatTheHandlerUses)
 {
-    const auto& [which, victimAt] = GetParam();
+    const auto& which = std::get<0>(GetParam());
+    const auto victimAt = std::get<1>(GetParam());
     QApplication::setStartDragDistance(10);
     m_window->resize({300, 200});
     auto* const parent = new VXPanel2(m_window);

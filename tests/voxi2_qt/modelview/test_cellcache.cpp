@@ -23,6 +23,7 @@ using Cell = CellCache::Cell;
 void answer(CellCache& cache, const std::vector<Cell>& cells, const CellUIData& data)
 {
     std::vector<CellCache::News> news;
+    news.reserve(cells.size());
     for (const Cell& cell : cells)
         news.push_back({cell, &data});
     cache.insert(news);
