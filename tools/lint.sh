@@ -93,7 +93,7 @@ check_tidy() {
         echo "no changed source (--full checks all)"
         return 77
     fi
-    printf '%s\n' "$files" | timeout 1200 python3 tools/run_tidy.py $build
+    printf '%s\n' "$files" | timeout 5400 python3 tools/run_tidy.py $build
 }
 
 check format check_format

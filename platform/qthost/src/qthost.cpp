@@ -89,8 +89,7 @@ void QtHost::bringUp(NarrowTextEncoding encoding, const std::string& library)
 {
     // Never closed: its objects live as long as the process.
     const std::string file = library.empty() ? usualLibrary() : library;
-    // Linked with nothing undefined, it can wait for each function's first call to look it up.
-    void* backEnd = dlopen(file.c_str(), RTLD_LAZY | RTLD_GLOBAL);
+    void* backEnd = dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
     const auto find = [&](const char* name) {
         void* symbol = backEnd ? dlsym(backEnd, name) : nullptr;
         if (!symbol)
