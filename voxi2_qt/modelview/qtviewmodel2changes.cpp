@@ -165,7 +165,7 @@ void QtViewModel2::addRows(const RowBatch& batch, const SizeEvent& event)
         beginInsertRows(indexFromUIDs(batch.parent(), 0), batch.place(),
                         batch.place() + batch.count() - 1);
     }
-    m_rows.insert(batch.parent(), batch.place(), batch.rows());
+    m_rows.insert(batch.parent(), batch.place(), batch.rows(), batch.isAscending());
     if (isTold)
         endInsertRows();
 }

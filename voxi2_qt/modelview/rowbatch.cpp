@@ -45,11 +45,13 @@ bool RowBatch::take(const SizeChange2& change)
     if (isFirst)
         m_place = place;
     Uids room;
-    const std::span<const Uid> rows = m_forest.insertable(change.uids(), room);
+    const std::span<const Uid> rows =
+        m_forest.insertable(change.uids(), room, change.isAscending());
     if (!isFirst) {
         join(place, rows);
     } else if (rows.data() == change.uids().data()) {
         m_rows = rows; // a million need not be copied
+        m_isAscending = change.isAscending();
     } else {
         m_own = std::move(room);
         m_rows = m_own;
@@ -82,6 +84,7 @@ void RowBatch::join(int place, std::span<const Uid> rows)
             target = m_own.insert(target, row) + 1;
     }
     m_rows = m_own;
+    m_isAscending = false;
 }
 
 } // namespace VOXI

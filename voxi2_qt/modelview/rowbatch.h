@@ -33,6 +33,8 @@ public:
     /// As long as the changes are there.
     std::span<const Uid> rows() const { return m_rows; }
     int count() const { return static_cast<int>(m_rows.size()); }
+    /// False when nobody has looked.
+    bool isAscending() const { return m_isAscending; }
 
 private:
     int placeOf(Uid sibling) const;
@@ -42,6 +44,7 @@ private:
     Uid m_parent = 0;
     int m_place = 0;
     std::span<const Uid> m_rows; ///< those of the only insertion, or the next
+    bool m_isAscending = false;
     Uids m_own;
     QSet<Uid> m_known; ///< the same rows, when there is more than one insertion
 };

@@ -110,9 +110,10 @@ std::vector<RowForest::Uid> RowForest::children(Uid parent) const
 }
 
 std::span<const RowForest::Uid> RowForest::insertable(std::span<const Uid> rows,
-                                                      std::vector<Uid>& room) const
+                                                      std::vector<Uid>& room,
+                                                      bool areAscending) const
 {
-    if (isRun(rows))
+    if (isRun(rows, areAscending))
         return rows;
     room.clear();
     UidTable seen;
@@ -123,7 +124,7 @@ std::span<const RowForest::Uid> RowForest::insertable(std::span<const Uid> rows,
     return room;
 }
 
-bool RowForest::insert(Uid parent, int position, std::span<const Uid> rows)
+bool RowForest::insert(Uid parent, int position, std::span<const Uid> rows, bool areAscending)
 {
     const int before = rowCount(parent);
     if (position < 0 || position > before || (parent != 0 && !contains(parent))
@@ -132,7 +133,7 @@ bool RowForest::insert(Uid parent, int position, std::span<const Uid> rows)
     if (rows.empty())
         return true;
     m_finger = {};
-    if (rows.size() > LeafCapacity && position == before && isRun(rows)) {
+    if (rows.size() > LeafCapacity && position == before && isRun(rows, areAscending)) {
         insertRun(parent, rows);
         return true;
     }
@@ -280,9 +281,9 @@ void RowForest::visit(Number root, const Function& function) const
 }
 
 /// Whether the rows ascend and are all new, which is seen without looking up any.
-bool RowForest::isRun(std::span<const Uid> rows) const
+bool RowForest::isRun(std::span<const Uid> rows, bool areAscending) const
 {
-    return !rows.empty() && rows.front() > m_greatest && isAscending(rows);
+    return !rows.empty() && rows.front() > m_greatest && (areAscending || isAscending(rows));
 }
 
 /// Behind the rows of a parent.

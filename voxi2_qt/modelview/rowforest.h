@@ -49,11 +49,12 @@ public:
     std::vector<Uid> children(Uid parent) const;
 
     /// Those of the rows that `insert` takes: without 0, those that are here, and repetitions. If
-    /// some are left out, the others are put into `room`.
-    std::span<const Uid> insertable(std::span<const Uid> rows, std::vector<Uid>& room) const;
+    /// some are left out, the others are put into `room`. Who knows that they ascend may say so.
+    std::span<const Uid> insertable(std::span<const Uid> rows, std::vector<Uid>& room,
+                                    bool areAscending = false) const;
     /// At a position of 0 to rowCount(parent). False, and nothing happens, unless all rows can be
     /// taken and `parent` is 0 or here.
-    bool insert(Uid parent, int position, std::span<const Uid> rows);
+    bool insert(Uid parent, int position, std::span<const Uid> rows, bool areAscending = false);
     /// With all that stands below them. Gives all rows that are gone, in no order; none when there
     /// are no such rows.
     std::vector<Uid> remove(Uid parent, int first, int count);
@@ -113,7 +114,7 @@ private:
     template <class Function>
     void visit(Number root, const Function& function) const;
 
-    bool isRun(std::span<const Uid> rows) const;
+    bool isRun(std::span<const Uid> rows, bool areAscending) const;
     void insertRun(Uid parent, std::span<const Uid> rows);
     void insertItems(Number number, std::size_t place, std::span<const std::uint32_t> items);
     void split(Number number);

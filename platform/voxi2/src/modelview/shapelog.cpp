@@ -1,7 +1,6 @@
 #include "shapelog.h"
 
 #include "siblings.h"
-#include "voxi_util/ascending.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -133,7 +132,7 @@ bool isShortest(const std::vector<SizeChange2>& changes)
             return false;
         const std::vector<unsigned>& uids = change.uids();
         if (!uids.empty()
-            && (uids.front() <= std::exchange(last[isRows], uids.back()) || !isAscending(uids)))
+            && (uids.front() <= std::exchange(last[isRows], uids.back()) || !change.isAscending()))
             return false;
     }
     return changes.size() <= 2;

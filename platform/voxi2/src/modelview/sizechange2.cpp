@@ -1,6 +1,18 @@
 #include "voxi2/modelview/sizechange2.h"
 
+#include "voxi_util/ascending.h"
+
 namespace VOXI {
+
+bool SizeChange2::isAscending() const noexcept
+{
+    Order order = m_shared->order.load(std::memory_order_relaxed);
+    if (order == Order::Unknown) {
+        order = VOXI::isAscending(uids()) ? Order::Ascending : Order::Other;
+        m_shared->order.store(order, std::memory_order_relaxed);
+    }
+    return order == Order::Ascending;
+}
 
 bool SizeChange2::join(const SizeChange2& next, bool isCertain)
 {
@@ -29,11 +41,12 @@ bool SizeChange2::join(const SizeChange2& next, bool isCertain)
     }();
     if (!goesOn)
         return false;
-    if (m_uids.use_count() != 1)
-        m_uids = std::make_shared<Uids>(*m_uids);
+    if (m_shared.use_count() != 1)
+        m_shared = std::make_shared<Shared>(uids());
     // A copy may just have gone on another thread; counting one more puts this behind what it did.
-    const std::shared_ptr<Uids> own = m_uids;
-    own->insert(own->end(), next.uids().begin(), next.uids().end());
+    const std::shared_ptr<Shared> own = m_shared;
+    own->uids.insert(own->uids.end(), next.uids().begin(), next.uids().end());
+    own->order = Order::Unknown;
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "voxi2/voxi2_export.h"
 
+#include <atomic>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -91,7 +92,7 @@ public:
         : m_kind(kind),
           m_anchor(anchor),
           m_parent(parent),
-          m_uids(std::make_shared<Uids>(std::move(uids)))
+          m_shared(std::make_shared<Shared>(std::move(uids)))
     {}
 
     /// One of `Kind`; views skip any other.
@@ -100,7 +101,10 @@ public:
     unsigned anchor() const noexcept { return m_anchor; }
     unsigned parent() const noexcept { return m_parent; }
     /// What is inserted or removed.
-    const Uids& uids() const noexcept { return *m_uids; }
+    const Uids& uids() const noexcept { return m_shared->uids; }
+    /// Whether each of them is greater than the one before it. They are looked through once for all
+    /// copies.
+    bool isAscending() const noexcept;
     /// Of one without rows made by `hasChildren`.
     bool hasChildren() const noexcept { return m_hasChildren; }
 
@@ -109,10 +113,19 @@ public:
     bool join(const SizeChange2& next, bool isCertain);
 
 private:
+    enum class Order : char { Unknown, Ascending, Other };
+    struct Shared
+    {
+        explicit Shared(Uids all) : uids(std::move(all)) {}
+
+        Uids uids;
+        std::atomic<Order> order = Order::Unknown;
+    };
+
     int m_kind;
     unsigned m_anchor;
     unsigned m_parent;
-    std::shared_ptr<Uids> m_uids; ///< of all copies; changed only when there is none
+    std::shared_ptr<Shared> m_shared; ///< of all copies; changed only when there is none
     bool m_hasChildren = true;
 };
 
