@@ -137,12 +137,14 @@ bool RowForest::insert(Uid parent, int position, std::span<const Uid> rows, bool
         insertRun(parent, rows);
         return true;
     }
+    if (rows.size() > LeafCapacity)
+        m_leaves.makeRoom(rows.size());
     for (auto row = rows.begin(); row != rows.end(); ++row) {
-        if (*row == 0 || contains(*row)) {
+        // It gets any leaf, until one takes it.
+        if (*row == 0 || leafInRuns(*row) != NoNode || !m_leaves.add(*row)) {
             std::for_each(rows.begin(), row, [this](Uid taken) { m_leaves.remove(taken); });
             return false;
         }
-        m_leaves[*row] = 0; // any leaf, until one takes it
         m_greatest = std::max(m_greatest, *row);
     }
     if (before == 0)
@@ -217,6 +219,12 @@ RowForest::Number RowForest::leafOf(Uid row) const
         return NoNode;
     if (const std::uint32_t* entry = m_leaves.find(row))
         return *entry >> AnswerBits;
+    return leafInRuns(row);
+}
+
+/// Of a row that is not in the table.
+RowForest::Number RowForest::leafInRuns(Uid row) const
+{
     const auto next = std::upper_bound(m_runs.begin(), m_runs.end(), row,
                                        [](Uid uid, const Run& run) { return uid < run.first; });
     if (next == m_runs.begin())

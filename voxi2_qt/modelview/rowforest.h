@@ -107,6 +107,7 @@ private:
     static constexpr Number NoNode = ~Number(0) >> 2;
 
     Number leafOf(Uid row) const;
+    Number leafInRuns(Uid row) const;
     Number leafAt(Uid parent, std::uint32_t& row) const;
     Uid findAt(Uid parent, int row) const;
     void pointAt(Number leaf) const;

@@ -10,16 +10,38 @@ constexpr std::size_t Many = 256;
 
 std::uint32_t& UidTable::operator[](Uid uid)
 {
-    if (m_size == SizeOfOne && m_tables.size() == 1) {
-        const Table all = std::exchange(m_tables, std::vector<Table>(Many)).front();
-        for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
-            m_tables[placeOf(entry.key())].insert(entry.key(), entry.value());
-    }
+    if (m_size == SizeOfOne)
+        divide();
     Table& table = m_tables[placeOf(uid)];
     const qsizetype before = table.size();
     std::uint32_t& number = table[uid];
     m_size += table.size() - before;
     return number;
+}
+
+bool UidTable::add(Uid uid)
+{
+    const qsizetype before = m_size;
+    (*this)[uid];
+    return m_size > before;
+}
+
+void UidTable::makeRoom(std::size_t count)
+{
+    const qsizetype size = m_size + static_cast<qsizetype>(count);
+    if (size >= SizeOfOne)
+        divide();
+    for (Table& table : m_tables)
+        table.reserve(size / static_cast<qsizetype>(m_tables.size()));
+}
+
+void UidTable::divide()
+{
+    if (m_tables.size() != 1)
+        return;
+    const Table all = std::exchange(m_tables, std::vector<Table>(Many)).front();
+    for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
+        m_tables[placeOf(entry.key())].insert(entry.key(), entry.value());
 }
 
 } // namespace VOXI

@@ -24,11 +24,17 @@ public:
     }
     /// Valid until the next change. A number that is new is 0.
     std::uint32_t& operator[](Uid uid);
+    /// Gives a UID that is not here the number 0; false if it is.
+    bool add(Uid uid);
+    /// For so many more.
+    void makeRoom(std::size_t count);
     void remove(Uid uid) { m_size -= m_tables[placeOf(uid)].remove(uid); }
     qsizetype size() const { return m_size; }
 
 private:
     using Table = QHash<Uid, std::uint32_t>;
+
+    void divide();
 
     std::size_t placeOf(Uid uid) const
     {
