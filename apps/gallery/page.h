@@ -37,6 +37,7 @@ Page countingPage();
 Page buttonsPage();
 Page formsPage();
 Page rangesPage();
+Page notificationsPage();
 Page tablesPage();
 Page treesPage();
 Page slowModelPage();
