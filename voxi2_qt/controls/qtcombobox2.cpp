@@ -42,7 +42,11 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setMaximumVisibleItems, &P::doSetMaximumVisibleItems>(),
     TROV::row<&E::getMaximumVisibleItems, &P::doGetMaximumVisibleItems>(),
     TROV::row<&E::setMinimumCharacters, &P::doSetMinimumCharacters>(),
-    TROV::row<&E::getMinimumCharacters, &P::doGetMinimumCharacters>());
+    TROV::row<&E::getMinimumCharacters, &P::doGetMinimumCharacters>(),
+    TROV::row<&E::setViewModel, &P::doSetViewModel>(),
+    TROV::row<&E::getViewModel, &P::doGetViewModel>(),
+    TROV::row<&E::setModelColumn, &P::doSetModelColumn>(),
+    TROV::row<&E::getModelColumn, &P::doGetModelColumn>());
 // clang-format on
 
 constexpr int UidRole = Qt::UserRole;
@@ -78,6 +82,8 @@ QtComboBox2::QtComboBox2(VXComboBox2* object, VXComboBox2Emitters* emitters, QWi
 
 void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     QList<QStandardItem*> made;
     made.reserve(static_cast<qsizetype>(items.size()));
@@ -91,6 +97,8 @@ void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
 
 void QtComboBox2::doInsertSeparator(int index)
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     insertSeparator(itemAt(index) ? index : count());
 }
@@ -106,6 +114,8 @@ void QtComboBox2::doSetItem(int index, const ComboItem& item)
 
 ComboItem QtComboBox2::doGetItem(int index)
 {
+    if (m_model)
+        return modelItem(index);
     const QStandardItem* const at = itemAt(index);
     if (!at)
         return {};
@@ -115,18 +125,28 @@ ComboItem QtComboBox2::doGetItem(int index)
 
 void QtComboBox2::doRemoveItem(int index)
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     removeItem(index);
 }
 
 void QtComboBox2::doClear()
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     clear();
 }
 
 int QtComboBox2::doCount() { return count(); }
-int QtComboBox2::doFindUid(unsigned uid) { return uid == 0 ? -1 : findData(uid, UidRole); }
+
+int QtComboBox2::doFindUid(unsigned uid)
+{
+    if (m_model)
+        return modelRow(uid);
+    return uid == 0 ? -1 : findData(uid, UidRole);
+}
 
 int QtComboBox2::doFindText(const std::wstring& text)
 {
@@ -135,9 +155,10 @@ int QtComboBox2::doFindText(const std::wstring& text)
 
 void QtComboBox2::doSetCurrentIndex(int index)
 {
+    if (index < -1 || index >= count())
+        return;
     const QtProgramScope scope;
-    if (index == -1 || itemAt(index))
-        setCurrentIndex(index);
+    setCurrentIndex(index);
 }
 
 int QtComboBox2::doGetCurrentIndex() { return currentIndex(); }
@@ -149,7 +170,10 @@ void QtComboBox2::doSetCurrentUid(unsigned uid)
         setCurrentIndex(index);
 }
 
-unsigned QtComboBox2::doGetCurrentUid() { return currentData(UidRole).toUInt(); }
+unsigned QtComboBox2::doGetCurrentUid()
+{
+    return m_model ? modelUid(currentIndex()) : currentData(UidRole).toUInt();
+}
 
 void QtComboBox2::doSetCurrentText(const std::wstring& text)
 {
@@ -163,8 +187,9 @@ std::wstring QtComboBox2::doGetCurrentText() { return toStdWString(currentText()
 
 void QtComboBox2::doimChoose(int index)
 {
-    const QStandardItem* const at = itemAt(index);
-    if (isEnabled() && at && at->isEnabled() && at->isSelectable())
+    constexpr Qt::ItemFlags CanBeChosen = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    const QModelIndex at = model()->index(index, modelColumn());
+    if (isEnabled() && at.isValid() && (at.flags() & CanBeChosen) == CanBeChosen)
         setCurrentIndex(index);
 }
 
@@ -178,6 +203,10 @@ void QtComboBox2::doSetEditable(bool editable)
 {
     const QtProgramScope scope;
     setEditable(editable);
+    if (m_model && editable)
+        setCompleter(nullptr); // it would look at all rows
+    if (m_model)
+        fitList();
 }
 
 bool QtComboBox2::doIsEditable() { return isEditable(); }
@@ -188,13 +217,11 @@ int QtComboBox2::doGetMaximumVisibleItems() { return maxVisibleItems(); }
 
 void QtComboBox2::doSetMinimumCharacters(int count)
 {
-    const bool isGiven = count > 0;
-    setSizeAdjustPolicy(isGiven ? AdjustToMinimumContentsLengthWithIcon
-                                : AdjustToContentsOnFirstShow);
-    setMinimumContentsLength(isGiven ? count : 0);
+    m_minimumCharacters = std::max(count, 0);
+    adjustWidth();
 }
 
-int QtComboBox2::doGetMinimumCharacters() { return minimumContentsLength(); }
+int QtComboBox2::doGetMinimumCharacters() { return m_minimumCharacters; }
 
 // Reports -----------------------------------------------------------------------------------------
 
@@ -206,13 +233,13 @@ void QtComboBox2::connectSignals()
 
 void QtComboBox2::slotCurrentIndexChanged(int index)
 {
-    if (!QtProgramScope::isActive())
+    if (!QtProgramScope::isActive() && !isModelTalking())
         report(&E::currentChanged, index, doGetCurrentUid());
 }
 
 void QtComboBox2::slotEditTextChanged(const QString& text)
 {
-    if (!QtProgramScope::isActive())
+    if (!QtProgramScope::isActive() && !isModelTalking())
         report(&E::textEdited, toStdWString(text));
 }
 
@@ -223,6 +250,19 @@ QStandardItemModel& QtComboBox2::items() const
     return static_cast<QStandardItemModel&>(*model());
 }
 
-QStandardItem* QtComboBox2::itemAt(int index) const { return items().item(index); }
+QStandardItem* QtComboBox2::itemAt(int index) const
+{
+    return m_model ? nullptr : items().item(index);
+}
+
+/// The widest item decides only where that does not mean to ask a model for all of them.
+void QtComboBox2::adjustWidth()
+{
+    constexpr int OfModel = 16;
+    const int count = m_minimumCharacters > 0 || !m_model ? m_minimumCharacters : OfModel;
+    setSizeAdjustPolicy(count > 0 ? AdjustToMinimumContentsLengthWithIcon
+                                  : AdjustToContentsOnFirstShow);
+    setMinimumContentsLength(count);
+}
 
 } // namespace VOXI

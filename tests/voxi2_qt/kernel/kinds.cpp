@@ -395,9 +395,12 @@ std::vector<Kind> controlKinds()
             .has("maximumVisibleItems", &Combo::setMaximumVisibleItems, &Combo::maximumVisibleItems,
                  3)
             .has("minimumCharacters", &Combo::setMinimumCharacters, &Combo::minimumCharacters, 4)
+            .has("modelColumn", &Combo::setModelColumn, &Combo::modelColumn, 7)
+            .refersTo("viewModel", &Combo::setViewModel, &Combo::viewModel)
             .has("currentText", &Combo::setCurrentText, &Combo::currentTextU, L"text")
             .reports("currentChanged", &Combo::currentChanged,
                      [](Combo& combo) {
+                         combo.setViewModel(nullptr);
                          combo.clear();
                          combo.addItems({{L"a"}, {L"b"}});
                          combo.imitateChoice(1);
