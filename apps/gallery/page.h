@@ -38,6 +38,8 @@ Page buttonsPage();
 Page formsPage();
 Page rangesPage();
 Page notificationsPage();
+Page signUpPage();
+Page loanPage();
 Page tablesPage();
 Page treesPage();
 Page slowModelPage();

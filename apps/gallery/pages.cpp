@@ -7,6 +7,7 @@ const std::vector<Group>& groups()
     static const std::vector<Group> all = {
         {"Controls",
          {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage()}},
+        {"Programs", {signUpPage(), loanPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},
