@@ -52,6 +52,30 @@ const auto s_requests = TROV::operations<E>(
 constexpr int UidRole = Qt::UserRole;
 constexpr int IconRole = Qt::UserRole + 1; ///< as the program has set it
 
+/// Keeps its text itself until that is changed. Qt's own makes a list of values for it, which costs
+/// more than the text.
+class TextItem final : public QStandardItem
+{
+public:
+    explicit TextItem(QString text) : m_text(std::move(text)) {}
+
+    QVariant data(int role) const override
+    {
+        return isText(role) && !m_text.isNull() ? m_text : QStandardItem::data(role);
+    }
+    void setData(const QVariant& value, int role) override
+    {
+        if (isText(role))
+            m_text = QString();
+        QStandardItem::setData(value, role);
+    }
+
+private:
+    static bool isText(int role) { return role == Qt::DisplayRole || role == Qt::EditRole; }
+
+    QString m_text;
+};
+
 void set(QStandardItem& item, int role, bool isThere, const QVariant& value)
 {
     item.setData(isThere ? value : QVariant(), role);
@@ -88,7 +112,7 @@ void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
     QList<QStandardItem*> made;
     made.reserve(static_cast<qsizetype>(items.size()));
     for (const ComboItem& item : items) {
-        made.push_back(new QStandardItem(toQString(item.text)));
+        made.push_back(new TextItem(toQString(item.text)));
         fill(*made.back(), item, true);
     }
     if (!made.isEmpty())
