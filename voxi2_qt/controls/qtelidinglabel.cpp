@@ -53,7 +53,8 @@ void QtElidingLabel::paintEvent(QPaintEvent* event)
     QStyleOption option;
     option.initFrom(this);
     const bool runsLeft = shown.isRightToLeft();
-    int flags = QStyle::visualAlignment(runsLeft ? Qt::RightToLeft : Qt::LeftToRight, alignment());
+    const auto direction = runsLeft ? Qt::RightToLeft : Qt::LeftToRight;
+    int flags = static_cast<int>(QStyle::visualAlignment(direction, alignment()));
     flags |= runsLeft ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
     if (buddy()) {
         flags |= Qt::TextShowMnemonic;

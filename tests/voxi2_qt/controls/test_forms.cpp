@@ -116,6 +116,7 @@ TEST_F(Form, isFilledByWorkersWhileOthersEndIt)
 {
     const VXHandle<VXFormLayout2> form(m_form);
     std::vector<std::thread> workers;
+    workers.reserve(2);
     for (int i = 0; i < 2; ++i) {
         workers.emplace_back([form] {
             for (int row = 0; row < 100; ++row) {

@@ -247,6 +247,24 @@ TEST_F(NotificationBar, theTabKeyGoesThroughItsButtonsInTheirOrder)
     EXPECT_EQ(way.join(u' '), QStringLiteral("Two Three  below"));
 }
 
+TEST_F(NotificationBar, itsColourFollowsThePaletteAndItsKind)
+{
+    const auto ground = [this](NotificationKind kind) {
+        m_bar->notify({.text = L"text", .kind = kind}, NotificationArrival::Replaces);
+        return qt(*m_bar)->grab().toImage().pixelColor(7, 2);
+    };
+    QPalette dark(QColor(30, 30, 30));
+    dark.setColor(QPalette::Window, QColor(30, 30, 30));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    EXPECT_GT(ground(NotificationKind::Error).lightness(), 180);
+    qt(*m_page)->setPalette(dark);
+    const QColor error = ground(NotificationKind::Error);
+    EXPECT_LT(error.lightness(), 80);
+    EXPECT_GT(error.red(), error.green());
+    EXPECT_GT(ground(NotificationKind::Success).green(), error.green());
+    EXPECT_EQ(ground(static_cast<NotificationKind>(-5)), ground(NotificationKind::Information));
+}
+
 TEST_F(NotificationBar, slidesWhereTheStyleAnimates)
 {
     m_style.m_duration = 20;
