@@ -251,6 +251,7 @@ TEST_F(NotificationBar, itsColourFollowsThePaletteAndItsKind)
 {
     const auto ground = [this](NotificationKind kind) {
         m_bar->notify({.text = L"text", .kind = kind}, NotificationArrival::Replaces);
+        turn(); // it is laid out
         return qt(*m_bar)->grab().toImage().pixelColor(7, 2);
     };
     QPalette dark(QColor(30, 30, 30));
