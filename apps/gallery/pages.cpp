@@ -5,7 +5,9 @@ namespace gallery {
 const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
-        {"Controls", {countingPage(), buttonsPage(), formsPage(), rangesPage()}},
+        {"Controls",
+         {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage()}},
+        {"Programs", {signUpPage(), loanPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},

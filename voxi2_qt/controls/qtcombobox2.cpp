@@ -42,11 +42,39 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setMaximumVisibleItems, &P::doSetMaximumVisibleItems>(),
     TROV::row<&E::getMaximumVisibleItems, &P::doGetMaximumVisibleItems>(),
     TROV::row<&E::setMinimumCharacters, &P::doSetMinimumCharacters>(),
-    TROV::row<&E::getMinimumCharacters, &P::doGetMinimumCharacters>());
+    TROV::row<&E::getMinimumCharacters, &P::doGetMinimumCharacters>(),
+    TROV::row<&E::setViewModel, &P::doSetViewModel>(),
+    TROV::row<&E::getViewModel, &P::doGetViewModel>(),
+    TROV::row<&E::setModelColumn, &P::doSetModelColumn>(),
+    TROV::row<&E::getModelColumn, &P::doGetModelColumn>());
 // clang-format on
 
 constexpr int UidRole = Qt::UserRole;
 constexpr int IconRole = Qt::UserRole + 1; ///< as the program has set it
+
+/// Keeps its text itself until that is changed. Qt's own makes a list of values for it, which costs
+/// more than the text.
+class TextItem final : public QStandardItem
+{
+public:
+    explicit TextItem(QString text) : m_text(std::move(text)) {}
+
+    QVariant data(int role) const override
+    {
+        return isText(role) && !m_text.isNull() ? m_text : QStandardItem::data(role);
+    }
+    void setData(const QVariant& value, int role) override
+    {
+        if (isText(role))
+            m_text = QString();
+        QStandardItem::setData(value, role);
+    }
+
+private:
+    static bool isText(int role) { return role == Qt::DisplayRole || role == Qt::EditRole; }
+
+    QString m_text;
+};
 
 void set(QStandardItem& item, int role, bool isThere, const QVariant& value)
 {
@@ -78,11 +106,13 @@ QtComboBox2::QtComboBox2(VXComboBox2* object, VXComboBox2Emitters* emitters, QWi
 
 void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     QList<QStandardItem*> made;
     made.reserve(static_cast<qsizetype>(items.size()));
     for (const ComboItem& item : items) {
-        made.push_back(new QStandardItem(toQString(item.text)));
+        made.push_back(new TextItem(toQString(item.text)));
         fill(*made.back(), item, true);
     }
     if (!made.isEmpty())
@@ -91,6 +121,8 @@ void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
 
 void QtComboBox2::doInsertSeparator(int index)
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     insertSeparator(itemAt(index) ? index : count());
 }
@@ -106,6 +138,8 @@ void QtComboBox2::doSetItem(int index, const ComboItem& item)
 
 ComboItem QtComboBox2::doGetItem(int index)
 {
+    if (m_model)
+        return modelItem(index);
     const QStandardItem* const at = itemAt(index);
     if (!at)
         return {};
@@ -115,18 +149,28 @@ ComboItem QtComboBox2::doGetItem(int index)
 
 void QtComboBox2::doRemoveItem(int index)
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     removeItem(index);
 }
 
 void QtComboBox2::doClear()
 {
+    if (m_model)
+        return;
     const QtProgramScope scope;
     clear();
 }
 
 int QtComboBox2::doCount() { return count(); }
-int QtComboBox2::doFindUid(unsigned uid) { return uid == 0 ? -1 : findData(uid, UidRole); }
+
+int QtComboBox2::doFindUid(unsigned uid)
+{
+    if (m_model)
+        return modelRow(uid);
+    return uid == 0 ? -1 : findData(uid, UidRole);
+}
 
 int QtComboBox2::doFindText(const std::wstring& text)
 {
@@ -135,9 +179,10 @@ int QtComboBox2::doFindText(const std::wstring& text)
 
 void QtComboBox2::doSetCurrentIndex(int index)
 {
+    if (index < -1 || index >= count())
+        return;
     const QtProgramScope scope;
-    if (index == -1 || itemAt(index))
-        setCurrentIndex(index);
+    setCurrentIndex(index);
 }
 
 int QtComboBox2::doGetCurrentIndex() { return currentIndex(); }
@@ -149,7 +194,10 @@ void QtComboBox2::doSetCurrentUid(unsigned uid)
         setCurrentIndex(index);
 }
 
-unsigned QtComboBox2::doGetCurrentUid() { return currentData(UidRole).toUInt(); }
+unsigned QtComboBox2::doGetCurrentUid()
+{
+    return m_model ? modelUid(currentIndex()) : currentData(UidRole).toUInt();
+}
 
 void QtComboBox2::doSetCurrentText(const std::wstring& text)
 {
@@ -163,8 +211,9 @@ std::wstring QtComboBox2::doGetCurrentText() { return toStdWString(currentText()
 
 void QtComboBox2::doimChoose(int index)
 {
-    const QStandardItem* const at = itemAt(index);
-    if (isEnabled() && at && at->isEnabled() && at->isSelectable())
+    constexpr Qt::ItemFlags CanBeChosen = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    const QModelIndex at = model()->index(index, modelColumn());
+    if (isEnabled() && at.isValid() && (at.flags() & CanBeChosen) == CanBeChosen)
         setCurrentIndex(index);
 }
 
@@ -178,6 +227,10 @@ void QtComboBox2::doSetEditable(bool editable)
 {
     const QtProgramScope scope;
     setEditable(editable);
+    if (m_model && editable)
+        setCompleter(nullptr); // it would look at all rows
+    if (m_model)
+        fitList();
 }
 
 bool QtComboBox2::doIsEditable() { return isEditable(); }
@@ -188,13 +241,11 @@ int QtComboBox2::doGetMaximumVisibleItems() { return maxVisibleItems(); }
 
 void QtComboBox2::doSetMinimumCharacters(int count)
 {
-    const bool isGiven = count > 0;
-    setSizeAdjustPolicy(isGiven ? AdjustToMinimumContentsLengthWithIcon
-                                : AdjustToContentsOnFirstShow);
-    setMinimumContentsLength(isGiven ? count : 0);
+    m_minimumCharacters = std::max(count, 0);
+    adjustWidth();
 }
 
-int QtComboBox2::doGetMinimumCharacters() { return minimumContentsLength(); }
+int QtComboBox2::doGetMinimumCharacters() { return m_minimumCharacters; }
 
 // Reports -----------------------------------------------------------------------------------------
 
@@ -206,13 +257,13 @@ void QtComboBox2::connectSignals()
 
 void QtComboBox2::slotCurrentIndexChanged(int index)
 {
-    if (!QtProgramScope::isActive())
+    if (!QtProgramScope::isActive() && !isModelTalking())
         report(&E::currentChanged, index, doGetCurrentUid());
 }
 
 void QtComboBox2::slotEditTextChanged(const QString& text)
 {
-    if (!QtProgramScope::isActive())
+    if (!QtProgramScope::isActive() && !isModelTalking())
         report(&E::textEdited, toStdWString(text));
 }
 
@@ -223,6 +274,19 @@ QStandardItemModel& QtComboBox2::items() const
     return static_cast<QStandardItemModel&>(*model());
 }
 
-QStandardItem* QtComboBox2::itemAt(int index) const { return items().item(index); }
+QStandardItem* QtComboBox2::itemAt(int index) const
+{
+    return m_model ? nullptr : items().item(index);
+}
+
+/// The widest item decides only where that does not mean to ask a model for all of them.
+void QtComboBox2::adjustWidth()
+{
+    constexpr int OfModel = 16;
+    const int count = m_minimumCharacters > 0 || !m_model ? m_minimumCharacters : OfModel;
+    setSizeAdjustPolicy(count > 0 ? AdjustToMinimumContentsLengthWithIcon
+                                  : AdjustToContentsOnFirstShow);
+    setMinimumContentsLength(count);
+}
 
 } // namespace VOXI

@@ -18,6 +18,17 @@ void QtElidingLabel::setElideMode(Qt::TextElideMode mode)
     update();
 }
 
+void QtElidingLabel::chooseInteraction(bool isSelectable)
+{
+    Qt::TextInteractionFlags flags = Qt::LinksAccessibleByMouse;
+    if (textFormat() == Qt::RichText && text().contains(QLatin1String("<a "), Qt::CaseInsensitive))
+        flags |= Qt::LinksAccessibleByKeyboard;
+    if (isSelectable)
+        flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    if (flags != textInteractionFlags())
+        setTextInteractionFlags(flags);
+}
+
 QSize QtElidingLabel::minimumSizeHint() const
 {
     QSize size = QLabel::minimumSizeHint();

@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QToolTip>
 
+#include <utility>
+
 namespace VOXI {
 
 namespace {
@@ -45,6 +47,31 @@ QString simplified(QString text)
         text.replace(QStringLiteral("&nbsp;"), QStringLiteral(" "));
     return text;
 }
+
+/// Keeps its text itself until that is changed. Qt's own makes a list of values for it, which costs
+/// more than the text.
+class TextItem final : public QListWidgetItem
+{
+public:
+    explicit TextItem(QString text) : m_text(std::move(text)) {}
+
+    QListWidgetItem* clone() const override { return new TextItem(*this); }
+    QVariant data(int role) const override
+    {
+        return isText(role) && !m_text.isNull() ? m_text : QListWidgetItem::data(role);
+    }
+    void setData(int role, const QVariant& value) override
+    {
+        if (isText(role))
+            m_text = QString();
+        QListWidgetItem::setData(role, value);
+    }
+
+private:
+    static bool isText(int role) { return role == Qt::DisplayRole || role == Qt::EditRole; }
+
+    QString m_text;
+};
 
 template <class Text, class Convert>
 auto textsOf(const QListWidget& list, Convert convert)
@@ -221,11 +248,30 @@ template <class Texts>
 void QtListBox2::insertTexts(int row, const Texts& texts)
 {
     const QtSignalBlocker blocker(this);
-    QStringList shown;
-    shown.reserve(static_cast<qsizetype>(texts.size()));
-    for (const auto& text : texts)
-        shown.push_back(simplifyItemString(text));
-    insertItems(row, shown);
+    if (row < count()) {
+        QStringList shown;
+        shown.reserve(static_cast<qsizetype>(texts.size()));
+        for (const auto& text : texts)
+            shown.push_back(simplifyItemString(text));
+        insertItems(row, shown);
+    } else {
+        append(texts);
+    }
+}
+
+/// Qt takes items of one's own only one by one. Behind all others, where no selection is parted, it
+/// does to tell the view of them together.
+template <class Texts>
+void QtListBox2::append(const Texts& texts)
+{
+    const int first = count();
+    {
+        const QtSignalBlocker quiet(model());
+        for (const auto& text : texts)
+            insertItem(count(), new TextItem(simplifyItemString(text)));
+    }
+    if (count() > first)
+        rowsInserted(QModelIndex(), first, count() - 1);
 }
 
 } // namespace VOXI

@@ -96,16 +96,4 @@ void QtText2::change(const QString& text)
         chooseInteraction(doIsSelectable());
 }
 
-/// Only a text that has links is a stop for the Tab key.
-void QtText2::chooseInteraction(bool isSelectable)
-{
-    Qt::TextInteractionFlags flags = Qt::LinksAccessibleByMouse;
-    if (doIsRichText() && text().contains(QLatin1String("<a "), Qt::CaseInsensitive))
-        flags |= Qt::LinksAccessibleByKeyboard;
-    if (isSelectable)
-        flags |= Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
-    if (flags != textInteractionFlags())
-        setTextInteractionFlags(flags);
-}
-
 } // namespace VOXI

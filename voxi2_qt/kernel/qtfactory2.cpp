@@ -26,6 +26,7 @@
 #include "voxi2_qt/controls/qtlistbox2.h"
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/controls/qtmenubar2.h"
+#include "voxi2_qt/controls/qtnotificationbar2.h"
 #include "voxi2_qt/controls/qtprogressbar2.h"
 #include "voxi2_qt/controls/qtradiobutton2.h"
 #include "voxi2_qt/controls/qtslider2.h"
@@ -116,6 +117,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtWidgetStack2>(factory.createWidgetStack2);
     serve<QtWindow2>(factory.createWindow2);
     serve<QtToolTipWindow2>(factory.createToolTipWindow2);
+    serve<QtNotificationBar2>(factory.createNotificationBar2);
     serve<QtSlider2>(factory.createSlider2);
     serve<QtDial2>(factory.createDial2);
     factory.destroyObject.connect(this, &QtFactory2::destroyObject, m_thread);

@@ -66,15 +66,15 @@ std::string Detail::utf8FromQString(const QString& text)
 
 QString toQString(const std::wstring& text)
 {
-    const bool oneUnitEach = std::all_of(text.begin(), text.end(), [](wchar_t character) {
-        return static_cast<char32_t>(character) <= LastOfBmp;
-    });
-    if (!oneUnitEach)
-        return toQString(std::u16string_view(utf16FromWide(text)));
+    // Nearly all texts have one unit for each character: seen on the way, not before.
     QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
-    std::transform(text.begin(), text.end(), result.begin(),
-                   [](wchar_t character) { return QChar(static_cast<char16_t>(character)); });
-    return result;
+    QChar* unit = result.data();
+    char32_t bits = 0;
+    for (const wchar_t character : text) {
+        bits |= static_cast<char32_t>(character);
+        *unit++ = QChar(static_cast<char16_t>(character));
+    }
+    return bits <= LastOfBmp ? result : toQString(std::u16string_view(utf16FromWide(text)));
 }
 
 std::string toStdString(const QString& text)

@@ -99,7 +99,9 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setMouseTracking, &P::doSetMouseTracking>(),
     TROV::row<&E::hasMouseTracking, &P::doHasMouseTracking>(),
     TROV::row<&E::setTouchEnabled, &P::doSetTouchEnabled>(),
-    TROV::row<&E::isTouchEnabled, &P::doIsTouchEnabled>());
+    TROV::row<&E::isTouchEnabled, &P::doIsTouchEnabled>(),
+    TROV::row<&E::setTabOrder, &P::doSetTabOrder>(),
+    TROV::row<&E::getTabOrder, &P::doGetTabOrder>());
 // clang-format on
 
 /// Qt does not move a window's QWindow along when its owner goes to another window. Should that

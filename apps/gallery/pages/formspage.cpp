@@ -1,13 +1,11 @@
 #include "../eventlog.h"
 #include "../page.h"
 #include "../ui.h"
-#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/containers/vxformlayout2.h"
 #include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxedit2.h"
-#include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxaction2.h"
-
-#include <vector>
+#include "voxi2/modelview/vxtablemodel2.h"
 
 namespace gallery {
 
@@ -17,94 +15,49 @@ namespace {
 
 constexpr Dots EyeDots{0x00, 0x3c, 0x42, 0x99, 0x99, 0x42, 0x3c, 0x00};
 
-/// A sign-up form: its button can be pressed once every field is what it should be.
-class SignUp : public VXPanel2
+void logEdits(VXEdit2* edit, const char* name, EventLog& log)
 {
-public:
-    SignUp(VXObject2* parent, EventLog& log)
-        : VXPanel2(parent),
-          m_page{this, new VXBoxLayout2(this, Direction::TopToBottom)},
-          m_log(log)
-    {
-        m_page.layout->setMargins({0, 0, 0, 0});
-        add("name", "Name", "first and last").setValidator(TextValidator::matching(L"\\S+ .*\\S"));
-        add("mail", "Mail", "you@example.org")
-            .setValidator(TextValidator::matching(L"[^@\\s]+@[^@\\s]+\\.[a-z]+"));
-        add("age", "Age", "18 or more").setValidator(TextValidator::integer(18, 130));
-        VXEdit2& country = add("country", "Country", "type a letter");
-        country.setCompletion({{L"Brazil", L"Denmark", L"Egypt", L"France", L"Ghana", L"India",
-                                L"Iceland", L"Japan", L"Kenya", L"Mexico"}});
-        country.setClearButtonVisible(true);
-        addPassword();
+    edit->setObjectName(name);
+    edit->textEdited().connect(&log, [&log, name](const VXEditTextEvent2& event) {
+        // What is typed as a password is nobody else's.
+        const bool isSecret = event.edit()->echo() != TextEcho::Normal;
+        log.add(std::string(name) + (isSecret ? ": edited" : ": \"" + event.edit()->text() + '"'));
+    });
+    edit->editingFinished().connect(&log,
+                                    [&log, name] { log.add(std::string(name) + ": finished"); });
+}
 
-        const Box line = titledRow(m_page, "");
-        m_button = new VXButton2("Sign up", line.panel);
-        line.layout->addWidget(m_button);
-        line.layout->addStretch();
-        m_button->clicked().connect(this,
-                                    [this] { m_log.add("signed up: " + m_fields[0]->text()); });
-        judge();
-    }
-
-private:
-    VXEdit2& add(const char* name, const char* title, const char* hint)
-    {
-        const Box line = titledRow(m_page, title);
-        auto* field = new VXEdit2(line.panel);
-        field->setObjectName(name);
-        field->setPlaceholder(hint);
-        line.layout->addWidget(field, 1);
-        field->textEdited().connect(this, [this, name](const VXEditTextEvent2& event) {
-            // What is typed as a password is nobody else's.
-            const bool isSecret = event.edit()->echo() == TextEcho::Password;
-            m_log.add(std::string(name)
-                      + (isSecret ? ": edited" : ": \"" + event.edit()->text() + '"'));
-            judge();
-        });
-        field->editingFinished().connect(
-            this, [this, name] { m_log.add(std::string(name) + ": finished"); });
-        m_fields.push_back(field);
-        return *field;
-    }
-
-    void addPassword()
-    {
-        VXEdit2& password = add("password", "Password", "eight characters or more");
-        password.setEcho(TextEcho::Password);
-        password.setValidator(TextValidator::function([](const std::wstring& text) {
-            return text.size() < 8 ? TextValidity::NotYet : TextValidity::Acceptable;
-        }));
-        auto* show = new VXAction2(&password);
-        show->setLabel("Show");
-        show->setIcon(icon(EyeDots, 0x405068ff));
-        show->setCheckable(true);
-        show->toggled().connect(this, [&password](const VXActionToggleEvent2& event) {
-            password.setEcho(event.isChecked() ? TextEcho::Normal : TextEcho::Password);
-        });
-        password.addSideAction(show);
-    }
-
-    void judge()
-    {
-        bool isWhole = true;
-        for (const VXEdit2* field : m_fields)
-            isWhole = isWhole && field->isAcceptable() && !field->textU().empty();
-        m_button->setEnabled(isWhole);
-    }
-
-    Box m_page;
-    EventLog& m_log;
-    std::vector<VXEdit2*> m_fields;
-    VXButton2* m_button = nullptr;
-};
-
-VXWidget2* create(VXObject2* parent, EventLog& log)
+VXEdit2* addPassword(VXFormLayout2* form, VXObject2* parent)
 {
-    const Box page = column(parent, 10);
-    page.layout->addWidget(new SignUp(page.panel, log));
+    auto* password = new VXEdit2(parent);
+    password->setEcho(TextEcho::Password);
+    password->setPlaceholder("can be looked at");
+    auto* show = new VXAction2(password);
+    show->setLabel("Show");
+    show->setIcon(icon(EyeDots, 0x405068ff));
+    show->setCheckable(true);
+    show->toggled().connect(password, [password](const VXActionToggleEvent2& event) {
+        password->setEcho(event.isChecked() ? TextEcho::Normal : TextEcho::Password);
+    });
+    password->addSideAction(show);
+    form->addRow("&Password", password);
+    return password;
+}
 
-    const Box choice = titledRow(page, "News");
-    auto* news = new VXComboBox2(choice.panel);
+VXEdit2* addCountry(VXFormLayout2* form, VXObject2* parent)
+{
+    auto* country = new VXEdit2(parent);
+    country->setPlaceholder("type a letter");
+    country->setCompletion({{L"Brazil", L"Denmark", L"Egypt", L"France", L"Ghana", L"India",
+                             L"Iceland", L"Japan", L"Kenya", L"Mexico"}});
+    country->setClearButtonVisible(true);
+    form->addRow("&Country", country);
+    return country;
+}
+
+void addNews(VXFormLayout2* form, VXObject2* parent, EventLog& log)
+{
+    auto* news = new VXComboBox2(parent);
     news->setObjectName("news");
     news->addItems({{L"Every day", 1},
                     {L"Once a week", 7},
@@ -114,22 +67,52 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     news->currentChanged().connect(&log, [&log](const VXComboBoxSelectEvent2& event) {
         log.add("news: " + event.comboBox()->currentText());
     });
-    choice.layout->addWidget(news);
-    choice.layout->addStretch();
+    form->addRow("&News", news);
+}
 
-    const Box mask = titledRow(page, "A date");
-    auto* date = new VXEdit2("2026-11-22", mask.panel);
-    date->setObjectName("date");
+/// A combo box for a hundred thousand, of which it knows those that were seen.
+void addCity(VXFormLayout2* form, VXObject2* parent, EventLog& log)
+{
+    auto* model = new VXTableModel2({"city"}, parent);
+    for (int i = 1; i <= 100'000; ++i)
+        model->appendRow({"City number " + std::to_string(i)});
+    auto* city = new VXComboBox2(parent);
+    city->setObjectName("city");
+    city->setViewModel(model);
+    city->currentChanged().connect(&log, [&log](const VXComboBoxSelectEvent2& event) {
+        log.add("city: row " + std::to_string(event.newUid()));
+    });
+    form->addRow("C&ity", city);
+}
+
+VXWidget2* create(VXObject2* parent, EventLog& log)
+{
+    auto* page = new VXPanel2(parent);
+    auto* form = new VXFormLayout2(page);
+    logEdits(addCountry(form, page), "country", log);
+    logEdits(addPassword(form, page), "password", log);
+    addNews(form, page, log);
+    addCity(form, page, log);
+
+    auto* date = new VXEdit2("2026-11-22", page);
     date->setInputMask(L"9999-99-99;_");
-    mask.layout->addWidget(date);
-    mask.layout->addStretch();
+    logEdits(date, "date", log);
+    form->addRow("&Date", date);
 
-    const Box reading = titledRow(page, "To be read");
-    auto* fixed = new VXEdit2("select and copy me", reading.panel);
+    auto* even = new VXEdit2("2026", page);
+    even->setValidator(TextValidator::matching(L"-?[0-9]*[02468]"));
+    even->textEdited().connect(form, [form, even] {
+        const bool isGood = even->isAcceptable();
+        form->setValidationState(even, isGood ? ValidationState::Good : ValidationState::Error,
+                                 isGood ? "" : "This number is not even.");
+    });
+    logEdits(even, "number", log);
+    form->addRow("An &even number", even);
+
+    auto* fixed = new VXEdit2("select and copy me", page);
     fixed->setReadOnly(true);
-    reading.layout->addWidget(fixed, 1);
-    page.layout->addStretch();
-    return page.panel;
+    form->addRow("To be &read", fixed);
+    return page;
 }
 
 } // namespace

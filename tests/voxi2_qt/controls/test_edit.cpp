@@ -4,7 +4,9 @@
 #include "voxi2/kernel/vxaction2.h"
 
 #include <QAbstractItemView>
+#include <QClipboard>
 #include <QCompleter>
+#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
@@ -251,6 +253,33 @@ TEST_F(Edit, sideActionsMayGoInTheirClick)
     });
     QTest::mouseClick(buttons().last(), Qt::LeftButton);
     EXPECT_EQ(buttons().size(), 0);
+}
+
+TEST_F(Edit, takesWhateverIsPasted)
+{
+    const std::wstring texts[] = {std::wstring(L"a\0b", 3),
+                                  L"\xd800 alone",
+                                  L"\xdc00\xd83d",
+                                  L"\u0633\u0644\u0627\u0645 \u202e and back",
+                                  std::wstring(1000, L'\u0301'),
+                                  L"\U0001f600 \U0010ffff"};
+    for (const std::wstring& text : texts) {
+        m_edit.setText(text);
+        EXPECT_EQ(m_edit.textU(), text);
+        m_edit.setSelection({0, 1});
+        m_edit.setCursorPosition(2'000'000'000);
+        m_edit.selectAll();
+        EXPECT_EQ(m_edit.selectedText(), text);
+        m_edit.imitateTyping(text);
+        EXPECT_EQ(m_edit.textU(), text);
+        qt(m_edit)->grab();
+    }
+    // By the clipboard, as its user does.
+    QGuiApplication::clipboard()->setText(QString(20'000'000, u'x') + QChar(0xd800));
+    m_edit.selectAll();
+    QTest::keySequence(qt(m_edit), QKeySequence::Paste);
+    EXPECT_EQ(m_edit.textU(), std::wstring(32767, L'x'));
+    QGuiApplication::clipboard()->clear();
 }
 
 TEST_F(Edit, hugeTextsAreCutOff)

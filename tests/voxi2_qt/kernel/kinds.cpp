@@ -379,6 +379,7 @@ std::vector<Kind> controlKinds()
     using Edit = VXEdit2;
     using List = VXListBox2;
     using Menu = VXMenu2;
+    using Notice = VXNotificationBar2;
     using Progress = VXProgressBar2;
     using Slider = VXSlider2;
     using Spin = VXSpinBox2;
@@ -396,9 +397,12 @@ std::vector<Kind> controlKinds()
             .has("maximumVisibleItems", &Combo::setMaximumVisibleItems, &Combo::maximumVisibleItems,
                  3)
             .has("minimumCharacters", &Combo::setMinimumCharacters, &Combo::minimumCharacters, 4)
+            .has("modelColumn", &Combo::setModelColumn, &Combo::modelColumn, 7)
+            .refersTo("viewModel", &Combo::setViewModel, &Combo::viewModel)
             .has("currentText", &Combo::setCurrentText, &Combo::currentTextU, L"text")
             .reports("currentChanged", &Combo::currentChanged,
                      [](Combo& combo) {
+                         combo.setViewModel(nullptr);
                          combo.clear();
                          combo.addItems({{L"a"}, {L"b"}});
                          combo.imitateChoice(1);
@@ -446,6 +450,33 @@ std::vector<Kind> controlKinds()
             .has("digMenu", &Menu::setDigMenu, &Menu::isDigMenu, true)
             .reports("aboutToShow", &Menu::aboutToShow),
         kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
+        kind<Notice, QFrame, &F::createNotificationBar2>("NotificationBar",
+                                                         QAccessible::AlertMessage)
+            .has("notification",
+                 [](Notice& bar, const Notification& message) {
+                     bar.notify(message, NotificationArrival::Replaces);
+                 },
+                 &Notice::notification,
+                 {.text = L"text",
+                  .kind = NotificationKind::Error,
+                  .isRichText = true,
+                  .icon = s_icon,
+                  .buttons = {{L"Again", 2, false}},
+                  .isClosable = false,
+                  .timeout = 600000,
+                  .uid = 9})
+            .reports(
+                "buttonClicked", &Notice::buttonClicked,
+                [](Notice& bar) {
+                    bar.notify({.buttons = {{L"Again", 2, false}}}, NotificationArrival::Replaces);
+                    bar.imitateButton(2);
+                })
+            .reports("linkActivated", &Notice::linkActivated)
+            .reports("dismissed", &Notice::dismissed,
+                     [](Notice& bar) {
+                         bar.notify({}, NotificationArrival::Replaces);
+                         bar.imitateClose();
+                     }),
         kind<Progress, QProgressBar, &F::createProgressBar2>("ProgressBar",
                                                              QAccessible::ProgressBar)
             .has("minimum", &Progress::setMinimum, &Progress::minimum, -5)

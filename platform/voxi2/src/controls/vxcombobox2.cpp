@@ -56,6 +56,10 @@ void VXComboBox2::setMaximumVisibleItems(int count) { m_emitters.setMaximumVisib
 int VXComboBox2::maximumVisibleItems() const { return m_emitters.getMaximumVisibleItems(); }
 void VXComboBox2::setMinimumCharacters(int count) { m_emitters.setMinimumCharacters(count); }
 int VXComboBox2::minimumCharacters() const { return m_emitters.getMinimumCharacters(); }
+void VXComboBox2::setViewModel(VXAbstractViewModel2* model) { m_emitters.setViewModel(model); }
+VXAbstractViewModel2* VXComboBox2::viewModel() const { return m_emitters.getViewModel(); }
+void VXComboBox2::setModelColumn(unsigned column) { m_emitters.setModelColumn(column); }
+unsigned VXComboBox2::modelColumn() const { return m_emitters.getModelColumn(); }
 void VXComboBox2::imitateChoice(int index) { m_emitters.choose(index); }
 
 } // namespace VOXI

@@ -120,6 +120,13 @@ FocusPolicy VXWidget2::focusPolicy() const { return m_emitters.getFocusPolicy();
 void VXWidget2::setFocusProxy(VXWidget2* proxy) { m_emitters.setFocusProxy(proxy); }
 VXWidget2* VXWidget2::focusProxy() const { return m_emitters.getFocusProxy(); }
 
+void VXWidget2::setTabOrder(const std::vector<VXWidget2*>& widgets)
+{
+    m_emitters.setTabOrder(widgets);
+}
+
+std::vector<VXWidget2*> VXWidget2::tabOrder() const { return m_emitters.getTabOrder(); }
+
 void VXWidget2::setEventConsumed(WidgetEvent event, bool consumed)
 {
     m_emitters.setEventConsumed(event, consumed);

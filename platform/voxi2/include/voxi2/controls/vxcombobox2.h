@@ -12,6 +12,8 @@
 
 namespace VOXI {
 
+class VXAbstractViewModel2;
+
 struct VXComboBox2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 {
     using EmittersTable::EmittersTable;
@@ -44,6 +46,10 @@ struct VXComboBox2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<int()> getMaximumVisibleItems{*this};
     TROV::Request<void(int)> setMinimumCharacters{*this};
     TROV::Request<int()> getMinimumCharacters{*this};
+    TROV::Request<void(VXAbstractViewModel2*)> setViewModel{*this};
+    TROV::Request<VXAbstractViewModel2*()> getViewModel{*this};
+    TROV::Request<void(unsigned)> setModelColumn{*this};
+    TROV::Request<unsigned()> getModelColumn{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXComboBoxSelectEvent2&)> currentChanged{*this};
@@ -112,6 +118,19 @@ public:
     /// widest item there was when it was shown first.
     void setMinimumCharacters(int count);
     int minimumCharacters() const;
+
+    /// Shows the rows of a model that have no parent, in place of items of its own, which end.
+    ///
+    /// Their numbers are the items'; the current one stays when others come, go or move. What is
+    /// not in sight is not asked for: `item` answers and `findText` finds what is known. The
+    /// requests that change items do nothing, and the width is for 16 characters unless another one
+    /// is set. Null takes the model away; the model is its owner's.
+    void setViewModel(VXAbstractViewModel2* model);
+    VXAbstractViewModel2* viewModel() const;
+    /// The number of the column that is shown; the first one for 0, as at first, and for one that
+    /// there is not.
+    void setModelColumn(unsigned column);
+    unsigned modelColumn() const;
 
     /// Chooses an item as its user would, if he can: reported.
     void imitateChoice(int index);

@@ -6,6 +6,7 @@
 #include "voxi_util/anytext.h"
 
 #include <string>
+#include <vector>
 
 namespace VOXI {
 
@@ -98,6 +99,13 @@ public:
     /// ignored.
     void setFocusProxy(VXWidget2* proxy);
     VXWidget2* focusProxy() const;
+    /// Has the Tab key go from each of these widgets to the next one; the others of the window keep
+    /// their order. They need not lie in this widget, but in its window: what is elsewhere, null,
+    /// dead, takes no focus or is named a second time is left out.
+    void setTabOrder(const std::vector<VXWidget2*>& widgets);
+    /// The widgets that the Tab key goes to in this one, which may be among them, hidden and
+    /// disabled ones as well; in its order.
+    std::vector<VXWidget2*> tabOrder() const;
     /// A consumed event goes to its listeners and no further: the widget itself does not see it.
     /// Throws `std::out_of_range` for a value that is no widget event.
     void setEventConsumed(WidgetEvent event, bool consumed);

@@ -13,6 +13,7 @@
 #include "voxi_util/vxfont.h"
 
 #include <string>
+#include <vector>
 
 namespace VOXI {
 
@@ -109,6 +110,10 @@ struct VXWidget2Emitters : TROV::EmittersTable<VXObject2Emitters>
     TROV::Request<bool()> hasMouseTracking{*this};
     TROV::Request<void(bool)> setTouchEnabled{*this};
     TROV::Request<bool()> isTouchEnabled{*this};
+
+    // The way of the Tab key
+    TROV::Request<void(std::vector<VXWidget2*>)> setTabOrder{*this};
+    TROV::Request<std::vector<VXWidget2*>()> getTabOrder{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     // Events, in the order of `WidgetEvent`

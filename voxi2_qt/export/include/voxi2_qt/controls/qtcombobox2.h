@@ -13,6 +13,8 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
+class QtComboModel;
+
 /// The peer of the combo box.
 class VOXI2_QT_EXPORT QtComboBox2
     : public QtWidget2Shim<VXComboBox2, VXComboBox2Emitters, QtWidget2, QComboBox>
@@ -49,18 +51,44 @@ public:
     virtual int doGetMaximumVisibleItems();
     virtual void doSetMinimumCharacters(int count);
     virtual int doGetMinimumCharacters();
+    virtual void doSetViewModel(VXAbstractViewModel2* model);
+    virtual VXAbstractViewModel2* doGetViewModel();
+    virtual void doSetModelColumn(unsigned column);
+    virtual unsigned doGetModelColumn();
+
+    void showPopup() override;
 
 protected:
     void connectSignals() override;
+    void initStyleOption(QStyleOptionComboBox* option) const override;
 
 private Q_SLOTS:
     void slotCurrentIndexChanged(int index);
     void slotEditTextChanged(const QString& text);
 
 private:
-    /// What a combo box has unless another model is set.
+    /// Its own, which it has unless a model is set.
     QStandardItemModel& items() const;
+    /// Null where there is none, and where a model is set.
     QStandardItem* itemAt(int index) const;
+    void adjustWidth();
+
+    // With a model
+    void adopt(QtComboModel& model);
+    void fitList();
+    void followModel();
+    bool isModelTalking() const;
+    QModelIndex modelIndex(int index) const;
+    ComboItem modelItem(int index) const;
+    unsigned modelUid(int index) const;
+    int modelRow(unsigned uid) const;
+
+    QtComboModel* m_model = nullptr;
+    unsigned m_column = 0; // its number; 0 for the first one
+    int m_minimumCharacters = 0;
+    int m_formerRow = -1; // that was the current one before rows come and go
+    bool m_isAnswerComing = false;
+    bool m_isOpeningModel = false; // the list of it
 };
 
 } // namespace VOXI

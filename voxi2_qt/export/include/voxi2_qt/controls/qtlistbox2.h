@@ -54,6 +54,8 @@ private:
     static QString simplifyItemString(const std::wstring& text);
     template <class Texts>
     void insertTexts(int row, const Texts& texts);
+    template <class Texts>
+    void append(const Texts& texts);
 };
 
 } // namespace VOXI

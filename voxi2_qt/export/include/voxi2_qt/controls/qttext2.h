@@ -42,7 +42,6 @@ private Q_SLOTS:
 
 private:
     void change(const QString& text);
-    void chooseInteraction(bool isSelectable);
 };
 
 } // namespace VOXI

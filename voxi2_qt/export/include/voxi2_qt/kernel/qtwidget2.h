@@ -13,6 +13,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QAbstractScrollArea;
@@ -122,6 +123,10 @@ public:
     virtual bool doHasMouseTracking();
     virtual void doSetTouchEnabled(bool enabled);
     virtual bool doIsTouchEnabled();
+
+    // The way of the Tab key
+    virtual void doSetTabOrder(const std::vector<VXWidget2*>& widgets);
+    virtual std::vector<VXWidget2*> doGetTabOrder();
 
     // Which events are passed back. The functions for one event throw std::out_of_range for a value
     // that is none, and do nothing (or answer false) while broadcasting is off as a whole.

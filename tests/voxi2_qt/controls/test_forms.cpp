@@ -1,0 +1,147 @@
+#include "../kernel/toolkit.h"
+#include "voxi2/containers/vxformlayout2.h"
+#include "voxi2/controls/vxedit2.h"
+#include "voxi2/controls/vxspinbox2.h"
+#include "voxi2/controls/vxtext2.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace VOXI {
+namespace {
+
+class Form : public testing::Test
+{
+protected:
+    Form()
+    {
+        m_form->addRow("&Name", m_name);
+        m_form->addRow("&Age", m_age);
+        m_page->resize({300, 200});
+        m_page->show();
+        turn();
+    }
+    ~Form() override
+    {
+        delete m_page;
+        runDeletions();
+    }
+
+    int y(const VXWidget2* widget) const { return widget->globalPosition().y; }
+    int right(const VXWidget2* widget) const
+    {
+        const VXRect<int> place = widget->globalPosition();
+        return place.x + place.width;
+    }
+
+    VXPanel2* m_page = new VXPanel2(nullptr);
+    VXFormLayout2* m_form = new VXFormLayout2(m_page);
+    VXEdit2* m_name = new VXEdit2(m_page);
+    VXSpinBox2* m_age = new VXSpinBox2(m_page);
+};
+
+TEST_F(Form, labelsStandBeforeTheirFieldsAndGiveThemTheFocus)
+{
+    EXPECT_LE(right(m_form->label(m_name)), m_name->globalPosition().x);
+    EXPECT_EQ(m_name->globalPosition().x, m_age->globalPosition().x);
+    EXPECT_EQ(spokenName(*m_age), QStringLiteral("Age"));
+    QApplication::setActiveWindow(qt(*m_page));
+    m_name->setFocus();
+    QTest::keyClick(qt(*m_page), Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(m_age->hasFocus());
+
+    m_form->addRow("again", m_name);
+    m_form->addRow("nothing", nullptr);
+    auto* const wide = new VXText2("over both columns", m_page);
+    m_form->addRow(wide);
+    turn();
+    EXPECT_EQ(m_form->fields(), (std::vector<VXWidget2*>{m_name, m_age}));
+    EXPECT_EQ(wide->globalPosition().x, m_form->label(m_name)->globalPosition().x);
+    EXPECT_GT(y(wide), y(m_age));
+    EXPECT_EQ(m_form->label(wide), nullptr);
+}
+
+TEST_F(Form, whatIsThoughtOfAFieldIsSeenBelowItAndSpoken)
+{
+    m_name->setAccessibleDescription("as on the letter box");
+    auto* const other = new VXEdit2(m_page);
+    other->setAccessibleDescription("as on the letter box");
+    m_form->addRow("Other", other);
+    turn();
+    const int before = y(other);
+    m_form->setValidationState(other, ValidationState::Error, L"too \u0161hort");
+    m_form->setValidationState(m_name, ValidationState::Error, "too short");
+    turn();
+    const VXFieldNote2* const note = m_form->note(m_name);
+    EXPECT_GT(y(other), before) << "it makes room";
+    EXPECT_GT(y(note), y(m_name));
+    EXPECT_EQ(note->globalPosition().x, m_name->globalPosition().x);
+    EXPECT_TRUE(m_name->isHighlighted());
+    EXPECT_EQ(other->accessibleDescription(), L"too \u0161hort");
+    const QImage bad = qt(*m_name)->grab().toImage();
+    m_form->setValidationState(m_name, ValidationState::Good);
+    EXPECT_NE(qt(*m_name)->grab().toImage(), bad) << "another colour";
+    m_form->setValidationState(m_name, static_cast<ValidationState>(77));
+    EXPECT_EQ(m_form->validationState(m_name), ValidationState::None);
+    m_form->setValidationState(other, ValidationState::None, "not shown");
+    turn();
+    EXPECT_EQ(y(other), before) << "and gives it back";
+    EXPECT_FALSE(m_name->isHighlighted());
+    EXPECT_EQ(other->accessibleDescription(), L"as on the letter box");
+    EXPECT_EQ(m_form->validationState(m_page), ValidationState::None);
+}
+
+TEST_F(Form, theRowOfAFieldThatEndsGoes)
+{
+    const unsigned label = m_form->label(m_name)->id();
+    const unsigned note = m_form->note(m_name)->id();
+    m_form->setValidationState(m_name, ValidationState::Error, "wrong");
+    delete m_name;
+    runDeletions();
+    EXPECT_FALSE(VXObject::isObjectValid(label));
+    EXPECT_FALSE(VXObject::isObjectValid(note));
+    m_form->setValidationState(m_name, ValidationState::Good);
+    EXPECT_EQ(m_form->fields(), std::vector<VXWidget2*>{m_age});
+    delete m_form;
+    runDeletions();
+    EXPECT_TRUE(m_age->isVisible()) << "it is its owner's";
+}
+
+TEST_F(Form, isFilledByWorkersWhileOthersEndIt)
+{
+    const VXHandle<VXFormLayout2> form(m_form);
+    std::vector<std::thread> workers;
+    workers.reserve(2);
+    for (int i = 0; i < 2; ++i) {
+        workers.emplace_back([form] {
+            for (int row = 0; row < 100; ++row) {
+                form.with([](VXFormLayout2& layout) {
+                    auto* const field = new VXEdit2(&layout);
+                    layout.addRow("label", field);
+                    layout.setValidationState(field, ValidationState::Warning, "by a worker");
+                });
+            }
+        });
+    }
+    for (int i = 0; i < 50; ++i)
+        turn();
+    delete m_form;
+    std::atomic<bool> isOver = false;
+    std::thread waiter([&] {
+        for (std::thread& worker : workers)
+            worker.join();
+        isOver = true;
+    });
+    while (!isOver)
+        turn();
+    waiter.join();
+    EXPECT_FALSE(form.isValid());
+}
+
+} // namespace
+} // namespace VOXI
