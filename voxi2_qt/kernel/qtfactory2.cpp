@@ -38,6 +38,7 @@
 #include "voxi2_qt/controls/qttoolbar2.h"
 #include "voxi2_qt/controls/qttoolbutton2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
+#include "voxi2_qt/kernel/qtclipboard2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
 #include "voxi2_qt/modelview/qttableview2.h"
@@ -118,6 +119,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtDockWidget2>(factory.createDockWidget2);
     serve<QtDragManager2>(factory.createDragManager2);
     serve<QtDragDelegate2>(factory.createDragDelegate2);
+    serve<QtClipboard2>(factory.createClipboard2);
     serve<QtEdit2>(factory.createEdit2);
     serve<QtFlowLayout2>(factory.createFlowLayout2);
     serve<QtFrame2>(factory.createFrame2);
