@@ -5,10 +5,13 @@ namespace gallery {
 const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
-        {"Controls", {countingPage(), buttonsPage(), formsPage(), rangesPage()}},
+        {"Controls",
+         {countingPage(), buttonsPage(), formsPage(), rangesPage(), picturesPage(), linksPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
-        {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},
+        {"Events",
+         {eventsPage(), dragDropPage(), clipboardPage(), focusPage(), cursorsPage(),
+          threadsPage()}},
         {"Containers", {layoutsPage(), containersPage(), tabsPage()}},
         {"Windows", {windowsPage(), docksPage(), dialogsPage(), toolTipsPage()}},
     };
