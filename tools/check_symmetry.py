@@ -37,7 +37,7 @@ TESTS = Path("tests/voxi2_qt")
 NOT_PEERS = {
     "kernel": {"factory2"},
     "containers": {"anchor", "container2", "dialog2shim", "splitterhandle", "tabbar"},
-    "controls": {"elidinglabel", "range2shim"},
+    "controls": {"elidinglabel", "range2shim", "texteventfilter2"},
     "modelview": {"abstractview2shim"},
 }
 

@@ -6,11 +6,14 @@ const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
         {"Controls",
-         {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage()}},
+         {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage(),
+          picturesPage(), linksPage()}},
         {"Programs", {signUpPage(), loanPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
-        {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},
+        {"Events",
+         {eventsPage(), dragDropPage(), clipboardPage(), focusPage(), cursorsPage(),
+          threadsPage()}},
         {"Containers", {layoutsPage(), containersPage(), tabsPage()}},
         {"Windows", {windowsPage(), docksPage(), dialogsPage(), toolTipsPage()}},
     };

@@ -1,4 +1,5 @@
 #include "voxi_util/color.h"
+#include "voxi_util/vxlazydata.h"
 #include "voxi_util/vxmimedata2.h"
 
 #include <gtest/gtest.h>
@@ -112,4 +113,32 @@ TEST(VXMimeData2, imagesAndColorsTravelAsValues)
     EXPECT_FALSE(data.color());
     data.setImage(Pixmap());
     EXPECT_EQ(data.formats().size(), 1u);
+}
+
+TEST(VXMimeData2, lazyDataAreMadeOnceForAllCopies)
+{
+    VXMimeData2 data;
+    int made = 0;
+    data.setData("text/plain", VXLazyData([&] { return ++made == 1 ? any() : any("text"s); }));
+    VXMimeData2 loop;
+    loop.setData("x/a", VXLazyData([&] {
+                     EXPECT_FALSE(loop.data("x/a").has_value()) << "they are being made";
+                     loop.clear();
+                     return any(7);
+                 }));
+    const VXMimeData2 copy = data;
+    EXPECT_EQ(copy, data);
+    EXPECT_TRUE(data.hasText());
+    EXPECT_EQ(made, 0);
+    EXPECT_EQ(data.text(), L"") << "nothing yet";
+    EXPECT_EQ(data.text(), L"text");
+    EXPECT_EQ(copy.text(), L"text");
+    EXPECT_EQ(made, 2);
+    EXPECT_EQ(std::any_cast<int>(loop.data("x/a")), 7);
+
+    VXMimeData2 other;
+    other.setData("text/plain", VXLazyData([] { return any("text"s); }));
+    EXPECT_FALSE(other == data);
+    other.setData("text/plain", VXLazyData({}));
+    EXPECT_EQ(other.text(), L"");
 }

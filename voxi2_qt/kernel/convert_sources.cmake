@@ -25,4 +25,5 @@ set(VOXI2_QT_CONVERT_SOURCES
     kernel/qtkey.cpp
     kernel/qtmime.cpp
     kernel/qttext.cpp
-    kernel/qtwindowflags.cpp)
+    kernel/qtwindowflags.cpp
+    kernel/svgguard.cpp)

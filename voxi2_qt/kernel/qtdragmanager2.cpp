@@ -63,7 +63,7 @@ void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
         auto* running = new QDrag(this); // Qt deletes it when the drag is over
         // With the window the pointer's grab is lost, and nothing would ever end the drag.
         QObject::connect(source->window(), &QObject::destroyed, running, [] { QDrag::cancel(); });
-        running->setMimeData(VX2Qt(drag.mimeData));
+        running->setMimeData(VX2Qt(drag.mimeData, this));
         const QPixmap pixmap = toQPixmap(drag.pixmap);
         if (!pixmap.isNull()) {
             running->setPixmap(pixmap);

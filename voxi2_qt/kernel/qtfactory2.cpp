@@ -1,7 +1,9 @@
 #include "voxi2_qt/kernel/qtfactory2.h"
 
+#include "svglibrary.h"
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
+#include "voxi2/controls/vxsvgimage2.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
 #include "voxi2_qt/containers/qtdialog2.h"
 #include "voxi2_qt/containers/qtdockwidget2.h"
@@ -23,6 +25,8 @@
 #include "voxi2_qt/controls/qtcombobox2.h"
 #include "voxi2_qt/controls/qtdial2.h"
 #include "voxi2_qt/controls/qtedit2.h"
+#include "voxi2_qt/controls/qthyperlink2.h"
+#include "voxi2_qt/controls/qtimage2.h"
 #include "voxi2_qt/controls/qtlistbox2.h"
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/controls/qtmenubar2.h"
@@ -35,12 +39,15 @@
 #include "voxi2_qt/controls/qttoolbar2.h"
 #include "voxi2_qt/controls/qttoolbutton2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
+#include "voxi2_qt/kernel/qtclipboard2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
 #include "voxi2_qt/modelview/qttableview2.h"
 #include "voxi2_qt/modelview/qttreeview2.h"
 
 namespace VOXI {
+
+class QtSvgImage2;
 
 namespace {
 
@@ -70,6 +77,25 @@ Parent forPeer(VXObject* parent) { return Parent(parent); }
 /// All dialogs have the same frame, whatever flags the requests carry.
 Qt::WindowFlags forPeer(unsigned) { return Qt::WindowTitleHint | Qt::WindowSystemMenuHint; }
 
+template <class Peer>
+struct Making
+{
+    template <class... Arguments>
+    static QtObject2* make(Arguments... arguments)
+    {
+        return new Peer(arguments...);
+    }
+};
+
+template <>
+struct Making<QtSvgImage2>
+{
+    static QtObject2* make(VXSvgImage2* object, VXSvgImage2Emitters* emitters, QWidget* parent)
+    {
+        return makeSvgImage(object, emitters, parent);
+    }
+};
+
 } // namespace
 
 QtFactory2* QtFactory2::m_factory = nullptr;
@@ -94,11 +120,14 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtDockWidget2>(factory.createDockWidget2);
     serve<QtDragManager2>(factory.createDragManager2);
     serve<QtDragDelegate2>(factory.createDragDelegate2);
+    serve<QtClipboard2>(factory.createClipboard2);
     serve<QtEdit2>(factory.createEdit2);
     serve<QtFlowLayout2>(factory.createFlowLayout2);
     serve<QtFrame2>(factory.createFrame2);
     serve<QtGridLayout2>(factory.createGridLayout2);
     serve<QtGroupBox2>(factory.createGroupBox2);
+    serve<QtHyperLink2>(factory.createHyperLink2);
+    serve<QtImage2>(factory.createImage2);
     serve<QtListBox2>(factory.createListBox2);
     serve<QtMenu2>(factory.createMenu2);
     serve<QtMenuBar2>(factory.createMenuBar2);
@@ -107,6 +136,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtRadioButton2>(factory.createRadioButton2);
     serve<QtScrollView2>(factory.createScrollView2);
     serve<QtSplitter2>(factory.createSplitter2);
+    serve<QtSvgImage2>(factory.createSvgImage2);
     serve<QtTab2>(factory.createTab2);
     serve<QtTabContainer2>(factory.createTabContainer2);
     serve<QtTableView2>(factory.createTableView2);
@@ -133,8 +163,8 @@ void QtFactory2::serve(const TROV::Emitter<void(Object*, Emitters*, Rest...)>& r
     const auto create = [](Object* object, Emitters* emitters, Rest... rest) {
         if (!VXObject::isObjectValid(object))
             return;
-        auto* const peer = new Peer(object, emitters, forPeer(rest)...);
-        peer->init();
+        if (QtObject2* const peer = Making<Peer>::make(object, emitters, forPeer(rest)...))
+            peer->init();
     };
     request.connect(this, create, m_thread);
 }

@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qtimage.h"
 
+#include "svgguard.h"
 #include "voxi2_qt/kernel/qtgeometry.h"
 #include "voxi2_qt/kernel/qttext.h"
 
@@ -31,33 +32,19 @@ QImage fromRaw(const Pixmap& pixmap)
 
 QByteArray encodedBytes(const Pixmap& pixmap)
 {
-    if (!pixmap.path().empty()) {
-        const QString name = Detail::qStringFromUtf8(pixmap.path());
-        // Opening something else than a file may wait, and reading it may never end.
-        if (!QFileInfo(name).isFile())
-            return {};
-        QFile file(name);
-        if (!file.open(QIODevice::ReadOnly)
-            || static_cast<quint64>(file.size()) > ImageDecoder::fileSizeLimit())
-            return {};
-        return file.read(file.size()); // it may be growing
-    }
+    if (!pixmap.path().empty())
+        return bytesOfFile(Detail::qStringFromUtf8(pixmap.path()));
     const ByteArray& data = pixmap.data();
     // Not a copy: the pixmap outlives the bytes.
     return QByteArray::fromRawData(data.data(), static_cast<qsizetype>(data.size()));
 }
 
-/// Markup, or a compressed file; no other picture begins like that.
-bool looksLikeSvg(const QByteArray& bytes)
-{
-    const QByteArray start = bytes.first(std::min<qsizetype>(bytes.size(), 256));
-    return start.startsWith("\x1f\x8b") || start.startsWith("\xef\xbb\xbf<")
-           || start.trimmed().startsWith('<');
-}
-
 /// By Qt's plugin: few programs have drawings, and its library takes each of them time to load.
-QImage drawnSvg(QByteArray& bytes, QSize wanted)
+QImage drawnSvg(QByteArray bytes, QSize wanted)
 {
+    bytes = harmlessSvg(bytes);
+    if (bytes.isEmpty())
+        return {};
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, "svg");
@@ -71,16 +58,32 @@ QImage drawnSvg(QByteArray& bytes, QSize wanted)
     return reader.read();
 }
 
-QImage decoded(const Pixmap& pixmap, QSize wanted)
+/// Asked before Qt refuses it with a warning.
+bool isTooLarge(const QSize& size)
 {
-    QByteArray bytes = encodedBytes(pixmap);
+    const qint64 most = qint64(QImageReader::allocationLimit()) * 1024 * 1024;
+    return most > 0 && size.isValid() && qint64(size.width()) * size.height() > most / 4;
+}
+
+QImage decoded(QByteArray bytes, QSize wanted)
+{
     if (looksLikeSvg(bytes))
-        return drawnSvg(bytes, wanted);
+        return drawnSvg(std::move(bytes), wanted);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
+    if (reader.format().startsWith("svg") || isTooLarge(reader.size()))
+        return {};
     return reader.read();
+}
+
+/// "@2x" at its end says that the picture has two pixels for each unit of the screen.
+int ratioInName(const QString& name)
+{
+    const QString end = QFileInfo(name).baseName().right(3);
+    const bool isRatio = end.size() == 3 && end[0] == u'@' && end[2] == u'x';
+    return isRatio && end[1] >= u'2' && end[1] <= u'9' ? end[1].unicode() - u'0' : 1;
 }
 
 class QtImageDecoder : public ImageDecoder
@@ -88,7 +91,7 @@ class QtImageDecoder : public ImageDecoder
 public:
     Pixmap decode(const Pixmap& source, Size<int> wanted) override
     {
-        return source.isRaw() ? source : Qt2VX(decoded(source, VX2Qt(wanted)));
+        return source.isRaw() ? source : Qt2VX(decoded(encodedBytes(source), VX2Qt(wanted)));
     }
 };
 } // namespace
@@ -97,7 +100,26 @@ QImage toQImage(const Pixmap& pixmap)
 {
     if (pixmap.isNull())
         return {};
-    return pixmap.isRaw() ? fromRaw(pixmap) : decoded(pixmap, {});
+    return pixmap.isRaw() ? fromRaw(pixmap) : decoded(encodedBytes(pixmap), {});
+}
+
+QByteArray bytesOfFile(const QString& name)
+{
+    // Opening something else than a file may wait, and reading it may never end.
+    if (!QFileInfo(name).isFile())
+        return {};
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)
+        || static_cast<quint64>(file.size()) > ImageDecoder::fileSizeLimit())
+        return {};
+    return file.read(file.size()); // it may be growing
+}
+
+QImage imageOfFile(const QString& name)
+{
+    QImage image = decoded(bytesOfFile(name), {});
+    image.setDevicePixelRatio(ratioInName(name));
+    return image;
 }
 
 QPixmap toQPixmap(const Pixmap& pixmap) { return QPixmap::fromImage(toQImage(pixmap)); }

@@ -2,6 +2,7 @@
 
 #include "voxi_util/textencoding.h"
 #include "voxi_util/typeinfo.h"
+#include "voxi_util/vxlazydata.h"
 
 #include <algorithm>
 #include <array>
@@ -78,7 +79,8 @@ bool sameValue(const any& a, const any& b)
     if (a.type() != b.type())
         return false;
     // Wide texts are compared themselves: as narrow ones different texts may look alike.
-    if (bothEqual<ByteArray>(a, b) || bothEqual<Pixmap>(a, b) || bothEqual<std::wstring>(a, b))
+    if (bothEqual<ByteArray>(a, b) || bothEqual<Pixmap>(a, b) || bothEqual<std::wstring>(a, b)
+        || bothEqual<VXLazyData>(a, b))
         return true;
     const TypeInfo type = TypeInfo::of(a);
     return type.isValid() && type.family() != TypeFamily::WString
@@ -121,14 +123,17 @@ void VXMimeData2::setData(StringID format, any value)
 any VXMimeData2::data(StringID format) const
 {
     const any* const value = find(format);
-    return value ? *value : any();
+    if (!value)
+        return {};
+    const VXLazyData* const lazy = std::any_cast<VXLazyData>(value);
+    return lazy ? lazy->get() : *value;
 }
 
 ByteArray VXMimeData2::bytes(StringID format) const
 {
-    const any* const value = find(format);
-    const ByteArray* const bytes = value ? std::any_cast<ByteArray>(value) : nullptr;
-    return bytes ? *bytes : ByteArray();
+    any value = data(format);
+    ByteArray* const bytes = std::any_cast<ByteArray>(&value);
+    return bytes ? std::move(*bytes) : ByteArray();
 }
 
 std::vector<StringID> VXMimeData2::formats() const
@@ -150,12 +155,12 @@ void VXMimeData2::removeFormat(StringID format)
 
 std::wstring VXMimeData2::textOf(StringID format) const
 {
-    const any* const value = find(format);
-    if (!value)
+    const any value = data(format);
+    if (!value.has_value())
         return {};
-    if (const ByteArray* const bytes = std::any_cast<ByteArray>(value))
+    if (const ByteArray* const bytes = std::any_cast<ByteArray>(&value))
         return wideFromUtf8(bytes->view());
-    return TypeInfo::of(*value).convertToUString(*value);
+    return TypeInfo::of(value).convertToUString(value);
 }
 
 std::wstring VXMimeData2::text() const { return textOf(plainFormat()); }
@@ -198,8 +203,8 @@ void VXMimeData2::setUris(const VXStringList& uris)
 
 Pixmap VXMimeData2::image() const
 {
-    const any* const value = find(imageFormat());
-    const Pixmap* const image = value ? std::any_cast<Pixmap>(value) : nullptr;
+    const any value = data(imageFormat());
+    const Pixmap* const image = std::any_cast<Pixmap>(&value);
     return image ? *image : Pixmap();
 }
 
@@ -210,12 +215,11 @@ void VXMimeData2::setImage(const Pixmap& image)
 
 std::optional<Color> VXMimeData2::color() const
 {
-    const any* const value = find(colorFormat());
-    if (!value)
-        return std::nullopt;
-    if (const Color* const color = std::any_cast<Color>(value))
+    const any value = data(colorFormat());
+    if (const Color* const color = std::any_cast<Color>(&value))
         return *color;
-    return colorOf(bytes(colorFormat()));
+    const ByteArray* const bytes = std::any_cast<ByteArray>(&value);
+    return bytes ? colorOf(*bytes) : std::nullopt;
 }
 
 void VXMimeData2::setColor(Color color) { setData(colorFormat(), bytesOf(color)); }

@@ -377,12 +377,15 @@ std::vector<Kind> controlKinds()
     using Label = VXText2;
     using Dial = VXDial2;
     using Edit = VXEdit2;
+    using Image = VXImage2;
+    using Link = VXHyperLink2;
     using List = VXListBox2;
     using Menu = VXMenu2;
     using Notice = VXNotificationBar2;
     using Progress = VXProgressBar2;
     using Slider = VXSlider2;
     using Spin = VXSpinBox2;
+    using Svg = VXSvgImage2;
     using Tool = VXToolButton2;
     return {
         kind<Button, QPushButton, &F::createButton2>("Button", QAccessible::Button)
@@ -436,6 +439,17 @@ std::vector<Kind> controlKinds()
             .reports("cursorMoved", &Edit::cursorMoved,
                      [](Edit& e) { loosened(e).imitateTyping("x"); })
             .reports("selectionChanged", &Edit::selectionChanged),
+        kind<Link, QLabel, &F::createHyperLink2>("HyperLink", QAccessible::Link)
+            .has("text", &Link::setText, &Link::textU, L"text")
+            .reports("clicked", &Link::clicked, [](Link& link) { link.imitateClick(); }),
+        kind<Image, QLabel, &F::createImage2>("Image", QAccessible::StaticText)
+            .has("maskColor", &Image::setMaskColor, &Image::maskColor, Color(1, 2, 3, 4))
+            .has("pixmap",
+                 [](Image& image, Size<int>) {
+                     image.setPixmap(Pixmap(2, 1, {0xff0000ff, 0x0000ffff}));
+                 },
+                 &Image::imageSize, {2, 1})
+            .has("scaleEnabled", &Image::setScaleEnabled, &Image::isScaleEnabled, true),
         kind<List, QListWidget, &F::createListBox2>("ListBox", QAccessible::List)
             .has("selectionMode", &List::setSelectionMode, &List::selectionMode,
                  SelectionMode::Extended)
@@ -499,6 +513,13 @@ std::vector<Kind> controlKinds()
             .has("prefix", &Spin::setPrefix, &Spin::prefixU, L"about ")
             .has("suffix", &Spin::setSuffix, &Spin::suffixU, L" km")
             .reports("textChanged", &Spin::textChanged),
+        kind<Svg, QWidget, &F::createSvgImage2>("SvgImage", QAccessible::Graphic)
+            .has("contents",
+                 [](Svg& image, Size<int>) {
+                     image.setContents(ByteArray(std::string(
+                         "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='4'/>")));
+                 },
+                 &Svg::imageSize, {8, 4}),
         kind<Label, QLabel, &F::createText2>("Text", QAccessible::StaticText)
             .has("text", &Label::setText, &Label::textU, L"text")
             .has("alignment", &Label::setAlignment, &Label::alignment,

@@ -125,6 +125,20 @@ TEST(ConvertMime, PicturesOfOtherPrograms)
     EXPECT_EQ(Qt2VX(toQImage(Qt2VX(received).image())), picture());
 }
 
+TEST(ConvertMime, DrawingsOfOtherProgramsAreLookedAtFirst)
+{
+    const auto drawn = [](const QByteArray& inside) {
+        QMimeData data;
+        data.setData(QStringLiteral("image/svg+xml"),
+                     "<svg xmlns='http://www.w3.org/2000/svg' width='2' height='1'>" + inside
+                         + "</svg>");
+        return Qt2VX(data).data("image/svg+xml").has_value() ? anyFromMime(data, ImageFormat)
+                                                             : any();
+    };
+    EXPECT_TRUE(drawn("<rect width='2' height='1'/>").has_value());
+    EXPECT_FALSE(drawn("<image xmlns:l='x' l:href='/any.png'/>").has_value());
+}
+
 TEST(ConvertMime, DraggedDataAreFetchedWhenTheyAreAskedFor)
 {
     auto foreign = std::make_unique<ForeignMimeData>();

@@ -42,4 +42,25 @@ any VXClipboard2::retrieveData(const StringID& format) const
     return m_emitters.retrieveData(format);
 }
 
+std::vector<std::string> VXClipboard2::formats(ClipboardPlace place) const
+{
+    return m_emitters.getFormats(place);
+}
+
+any VXClipboard2::data(const StringID& format, ClipboardPlace place) const
+{
+    return m_emitters.getData(place, format);
+}
+
+std::wstring VXClipboard2::text(ClipboardPlace place) const
+{
+    VXMimeData2 read;
+    read.setData("text/plain", data("text/plain", place));
+    return read.text();
+}
+
+bool VXClipboard2::hasSelection() const { return m_emitters.hasSelection(); }
+void VXClipboard2::setSelection(const VXMimeData2& data) { m_emitters.setSelection(data); }
+void VXClipboard2::clearSelection() { m_emitters.clearSelection(); }
+
 } // namespace VOXI

@@ -3,8 +3,10 @@
 #include "voxi2_qt/voxi2_qt_export.h"
 #include "voxi_util/pixmap.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QPixmap>
+#include <QString>
 
 namespace VOXI {
 
@@ -14,6 +16,14 @@ VOXI2_QT_EXPORT QImage toQImage(const Pixmap& pixmap);
 
 /// The same for the screen. GUI thread.
 VOXI2_QT_EXPORT QPixmap toQPixmap(const Pixmap& pixmap);
+
+/// What a file holds, of pictures and drawings; nothing of what is no plain file, such as a device,
+/// or larger than `ImageDecoder::fileSizeLimit`. Any thread.
+VOXI2_QT_EXPORT QByteArray bytesOfFile(const QString& name);
+
+/// The picture in a file, decoded; null when there is none. At the end of its base name "@2x" to
+/// "@9x" say how many pixels it has for each unit of the screen. Any thread.
+VOXI2_QT_EXPORT QImage imageOfFile(const QString& name);
 
 /// A raw pixmap of all device pixels; null for a null image.
 VOXI2_QT_EXPORT Pixmap Qt2VX(const QImage& image);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "voxi2/controls/vximage2.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QColor>
+#include <QLabel>
+
+namespace VOXI {
+
+/// The peer of the picture of pixels.
+class VOXI2_QT_EXPORT QtImage2 : public QtWidget2Shim<VXImage2, VXImage2Emitters, QtWidget2, QLabel>
+{
+    Q_OBJECT
+
+public:
+    QtImage2(VXImage2* object, VXImage2Emitters* emitters, QWidget* parent);
+
+    // Requests, in the order of the emitters table
+    virtual void doSetFile(const std::string& path, bool mask);
+    virtual void doSetFileU(const std::wstring& path, bool mask);
+    virtual void doSetPixmap(const Pixmap& pixmap);
+    virtual void doSetMaskColor(Color color);
+    virtual void doSetScaleEnable(bool enable);
+    virtual Size<int> doGetImageSize();
+    virtual Color doGetMaskColor();
+    virtual bool doIsScaleEnabled();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void load(const QString& path, bool mask);
+
+    QColor m_maskColor; // invalid: none
+};
+
+} // namespace VOXI
