@@ -36,6 +36,7 @@ std::vector<std::string> pageNames();
 Page countingPage();
 Page buttonsPage();
 Page formsPage();
+Page helpPage();
 Page rangesPage();
 Page notificationsPage();
 Page signUpPage();

@@ -6,8 +6,8 @@ const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
         {"Controls",
-         {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage(),
-          picturesPage(), linksPage()}},
+         {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage()}},
+        {"Documents", {helpPage(), picturesPage(), linksPage()}},
         {"Programs", {signUpPage(), loanPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},

@@ -36,6 +36,7 @@
 #include "voxi2_qt/controls/qtslider2.h"
 #include "voxi2_qt/controls/qtspinbox2.h"
 #include "voxi2_qt/controls/qttext2.h"
+#include "voxi2_qt/controls/qttextbrowser2.h"
 #include "voxi2_qt/controls/qttoolbar2.h"
 #include "voxi2_qt/controls/qttoolbutton2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
@@ -141,6 +142,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtTabContainer2>(factory.createTabContainer2);
     serve<QtTableView2>(factory.createTableView2);
     serve<QtText2>(factory.createText2);
+    serve<QtTextBrowser2>(factory.createTextBrowser2);
     serve<QtToolBar2>(factory.createToolbar2);
     serve<QtToolButton2>(factory.createToolButton2);
     serve<QtTreeView2>(factory.createTreeView2);

@@ -220,6 +220,14 @@ VXEdit2& loosened(VXEdit2& edit)
     return edit;
 }
 
+/// Has the user follow a link to another page, with another title.
+void followLink(VXTextBrowser2& browser)
+{
+    browser.setBuffers({"<title>one</title>first", "second"});
+    browser.setCurrentBuffer(2);
+    browser.imitateLink("buffer://1");
+}
+
 template <class Object, class Q, auto Request>
 Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
 {
@@ -372,6 +380,7 @@ std::vector<Kind> containerKinds()
 std::vector<Kind> controlKinds()
 {
     using Bar = VXToolBar2;
+    using Browser = VXTextBrowser2;
     using Button = VXButton2;
     using Combo = VXComboBox2;
     using Label = VXText2;
@@ -530,6 +539,25 @@ std::vector<Kind> controlKinds()
             .has("elideMode", &Label::setElideMode, &Label::elideMode, TextElideMode::Middle)
             .refersTo("buddy", &Label::setBuddy, &Label::buddy)
             .reports("linkActivated", &Label::linkActivated),
+        kind<Browser, QWidget, &F::createTextBrowser2>("TextBrowser", QAccessible::Client)
+            .has("text", &Browser::setText, &Browser::textU, L"text")
+            .has("buffers", &Browser::setBuffersU, &Browser::buffersU, {L"one", L"two"})
+            .has("filePath", &Browser::setFilePath, &Browser::filePath, {"one", "two"})
+            .has("zoom", &Browser::setZoom, &Browser::zoom, 150)
+            .has("selection",
+                 [](Browser& browser, const TextRange& range) {
+                     browser.setText("text");
+                     browser.setSelection(range);
+                 },
+                 &Browser::selection, {1, 2})
+            .reports("linkActivated", &Browser::linkActivated, &followLink)
+            .reports("sourceChanged", &Browser::sourceChanged, &followLink)
+            .reports("titleChanged", &Browser::titleChanged, &followLink)
+            .reports("historyChanged", &Browser::historyChanged, &followLink)
+            .reports("linkHovered", &Browser::linkHovered)
+            .reports("selectionChanged", &Browser::selectionChanged)
+            .reports("zoomChanged", &Browser::zoomChanged)
+            .reports("alwaysOnTop", &Browser::alwaysOnTop),
         kind<Bar, QToolBar, &F::createToolbar2>("ToolBar", QAccessible::ToolBar)
             .has("label", &Bar::setLabel, &Bar::labelU, L"label")
             .has("orientation", &Bar::setOrientation, &Bar::orientation, Orientation::Vertical)

@@ -34,6 +34,7 @@
 #include "voxi2/controls/vxspinbox2.h"
 #include "voxi2/controls/vxsvgimage2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/controls/vxtextbrowser2.h"
 #include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2/controls/vxtoolbutton2.h"
 #include "voxi2/kernel/vxaction2.h"
