@@ -41,6 +41,7 @@ Page tablesPage();
 Page treesPage();
 Page slowModelPage();
 Page liveModelPage();
+Page propertiesPage();
 Page eventsPage();
 Page dragDropPage();
 Page focusPage();

@@ -6,7 +6,7 @@ const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
         {"Controls", {countingPage(), buttonsPage(), formsPage(), rangesPage()}},
-        {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
+        {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage(), propertiesPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},
         {"Containers", {layoutsPage(), containersPage(), tabsPage()}},
