@@ -6,7 +6,6 @@
 
 #include <QEvent>
 #include <QHeaderView>
-#include <QTreeWidgetItemIterator>
 
 #include <utility>
 
@@ -21,6 +20,17 @@ void tellShown(unsigned id, const QtObject2& browser, bool isShown)
     const VXObjectDataLocker lock;
     if (auto* property = static_cast<VXSimpleProperty2*>(VXObject::objectById(id)))
         property->setShownIn(browser.getUID(), isShown);
+}
+
+/// Each behind what it is in.
+QList<QTreeWidgetItem*> withAllInside(const QList<QTreeWidgetItem*>& tops)
+{
+    QList<QTreeWidgetItem*> all = tops;
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        for (int child = 0; child < all[i]->childCount(); ++child)
+            all.append(all[i]->child(child));
+    }
+    return all;
 }
 
 bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem& outer)
@@ -148,7 +158,12 @@ bool QtSimplePropertyTree2::isPropertyExpanded(Property property)
 
 void QtSimplePropertyTree2::setCurrentProperty(Property property)
 {
+    const QtDeletionHold hold(&m_browser);
     settle();
+    if (hold.isAlive() && m_editor && m_edited != property)
+        finishEditing();
+    if (!hold.isAlive())
+        return;
     if (QtPropertyItem* const item = itemOf(property))
         setCurrentItem(item, QtPropertyItem::ValueColumn);
     else if (property.id() == 0)
@@ -206,8 +221,12 @@ void QtSimplePropertyTree2::currentChanged(const QModelIndex& current, const QMo
     // Before Qt does it, which looks at the rows again without asking whether they are still there.
     const QPersistentModelIndex to(current);
     const QPersistentModelIndex from(previous);
-    if (m_editor && (item != itemOf(m_edited) || current.column() != QtPropertyItem::ValueColumn))
-        finishEditing();
+    if (m_editor && (item != itemOf(m_edited) || current.column() != QtPropertyItem::ValueColumn)) {
+        if (QtProgramScope::isActive())
+            closeOpenEditor(); // rows may be on their way
+        else
+            finishEditing();
+    }
     if (!hold.isAlive())
         return;
     QTreeWidget::currentChanged(to, from);
@@ -274,9 +293,9 @@ void QtSimplePropertyTree2::moveItem(QtPropertyItem& item, QTreeWidgetItem& grou
     const bool hasCurrent = current && isInside(current, item);
     const int column = currentColumn();
     QList<QTreeWidgetItem*> open;
-    for (QTreeWidgetItemIterator at(&item); *at && isInside(*at, item); ++at) {
-        if ((*at)->isExpanded())
-            open.append(*at);
+    for (QTreeWidgetItem* each : withAllInside({&item})) {
+        if (each->isExpanded())
+            open.append(each);
     }
     former->removeChild(&item);
     group.addChild(&item);
@@ -300,13 +319,17 @@ void QtSimplePropertyTree2::removeItem(QtPropertyItem& item)
 /// levels than the stack has room for.
 void QtSimplePropertyTree2::endItems(const QList<QTreeWidgetItem*>& tops)
 {
-    QList<QTreeWidgetItem*> all = tops;
-    for (qsizetype i = 0; i < all.size(); ++i)
-        all += all[i]->takeChildren();
+    const auto end = [this](QTreeWidgetItem* item) {
+        forget(static_cast<QtPropertyItem*>(item)->property().id());
+        delete item;
+    };
+    const QList<QTreeWidgetItem*> all = withAllInside(tops);
     for (qsizetype i = all.size(); i-- > 0;) {
-        forget(static_cast<QtPropertyItem*>(all[i])->property().id());
-        delete all[i];
+        for (QTreeWidgetItem* child : all[i]->takeChildren())
+            end(child);
     }
+    for (QTreeWidgetItem* top : tops)
+        end(top);
 }
 
 void QtSimplePropertyTree2::forget(unsigned id)

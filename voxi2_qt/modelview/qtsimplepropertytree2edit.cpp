@@ -79,16 +79,12 @@ void QtSimplePropertyTree2::setEditor(Property property, unsigned editor)
 
 void QtSimplePropertyTree2::editProperty(Property property)
 {
-    settle();
-    QtPropertyItem* const item = itemOf(property);
-    if (!item)
-        return;
     const QtDeletionHold hold(&m_browser);
     {
         const QtProgramScope scope;
-        setCurrentItem(item, QtPropertyItem::ValueColumn);
+        setCurrentProperty(property);
     }
-    if (hold.isAlive() && itemOf(property) == item)
+    if (QtPropertyItem* const item = hold.isAlive() ? itemOf(property) : nullptr)
         openEditor(indexFromItem(item, QtPropertyItem::ValueColumn), AllEditTriggers, nullptr);
 }
 
@@ -179,10 +175,10 @@ QWidget* QtSimplePropertyTree2::createEditor(QWidget* parent, const QStyleOption
         m_browser.report(&E::editRequested, property);
         return nullptr;
     }
-    closeOpenEditor();
     const QtDeletionHold hold(&m_browser);
     const Factory factory = m_editorFactory;
     const QPersistentModelIndex cell(index);
+    closeOpenEditor();
     const unsigned id = askForEditor(property);
     const VXObjectDataLocker lock;
     QWidget* const widget = id != 0 && hold.isAlive() ? qWidgetOf(lookup(id)) : nullptr;
@@ -302,7 +298,7 @@ void QtSimplePropertyTree2::finishEditing()
 void QtSimplePropertyTree2::takeOff(QtPropertyItem& item)
 {
     QList<QTreeWidgetItem*> all{&item};
-    for (qsizetype i = 0; i < all.size(); ++i) {
+    for (qsizetype i = 0; i < all.size() && !m_placed.isEmpty(); ++i) {
         if (QWidget* const widget = itemWidget(all[i], QtPropertyItem::ValueColumn))
             letGo(widget);
         for (int child = 0; child < all[i]->childCount(); ++child)

@@ -59,10 +59,10 @@ TEST_F(Browser, showsWhatThePropertiesSayAndFollowsThem)
     EXPECT_EQ(m_browser->toolTip(), "");
 
     std::wstring huge;
-    huge.resize(100'000'000, L'x');
+    huge.resize(10'000'000, L'x');
     text->setValue(huge);
     EXPECT_LT(item("other")->text(1).size(), 2'000);
-    EXPECT_EQ(text->valueAs<std::wstring>().size(), 100'000'000u);
+    EXPECT_EQ(text->valueAs<std::wstring>().size(), huge.size());
 }
 
 TEST_F(Browser, propertiesMoveButNeverIntoThemselves)

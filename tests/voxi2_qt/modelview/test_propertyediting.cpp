@@ -76,6 +76,7 @@ public:
     bool isReleased()
     {
         turn();
+        turn(); // the release comes behind the close
         runDeletions();
         return m_factory->m_asked == m_factory->m_released && !m_factory->m_editor.isValid()
                && !m_browser->editedProperty();
@@ -176,16 +177,15 @@ TEST_F(PropertyEditing, aFocusThatAPopUpTakesEndsNothing)
     click("text");
     auto* const box = qobject_cast<QComboBox*>(editor("text"));
     ASSERT_TRUE(box);
-    box->showPopup();
-    ASSERT_TRUE(waitFor([&] { return QApplication::activePopupWidget() != nullptr; }));
-    EXPECT_EQ(editor("text"), box);
-    box->hidePopup();
-    turn();
-    EXPECT_EQ(editor("text"), box);
     QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
     QCoreApplication::sendEvent(box, &popup);
     EXPECT_EQ(editor("text"), box);
+    box->showPopup();
+    ASSERT_TRUE(waitFor([&] { return QApplication::activePopupWidget() != nullptr; }));
+    turn();
+    EXPECT_EQ(editor("text"), box);
     EXPECT_EQ(m_factory->m_committed, 0);
+    box->hidePopup();
     VXWidget2& elsewhere = *new VXEdit2(&m_owner);
     elsewhere.show();
     elsewhere.setActiveWindow();
@@ -290,6 +290,7 @@ TEST_F(PropertyEditing, anOpenEditorSurvivesNothingButHarmsNothing)
     }
     turn();
     runDeletions();
+    turn();
     EXPECT_EQ(m_factory->m_asked, m_factory->m_released);
     EXPECT_FALSE(m_factory->m_editor.isValid());
 }

@@ -48,6 +48,7 @@ protected:
     QPushButton& reset() const { return *qt(m_pages)->findChild<QPushButton*>(); }
     void goTo(VXSimplePropertyBrowser2* page)
     {
+        turn();
         QTreeWidget& shown = tree(page);
         QTest::mouseClick(shown.viewport(), Qt::LeftButton, {},
                           shown.visualItemRect(shown.topLevelItem(0)).center());

@@ -144,6 +144,7 @@ void VXPropertyPages2::setCurrentPage(VXSimplePropertyBrowser2* browser)
         if (page.browser.get() == browser)
             m_tabs->setCurrentTab(page.tab.get());
     }
+    describeCurrent();
 }
 
 VXSimplePropertyBrowser2* VXPropertyPages2::currentPage() const

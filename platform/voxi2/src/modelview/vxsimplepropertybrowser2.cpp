@@ -1,7 +1,5 @@
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
 
-#include <utility>
-
 namespace VOXI {
 
 VXSimplePropertyBrowser2::VXSimplePropertyBrowser2(VXObject2* parent)
@@ -43,9 +41,10 @@ std::vector<VXSimpleProperty2*> VXSimplePropertyBrowser2::properties(
     return result;
 }
 
-void VXSimplePropertyBrowser2::setSort(std::shared_ptr<VXSimplePropertyComparator2> comparator)
+void VXSimplePropertyBrowser2::setSort(
+    const std::shared_ptr<VXSimplePropertyComparator2>& comparator)
 {
-    m_emitters.setSort(std::move(comparator));
+    m_emitters.setSort(comparator);
 }
 
 void VXSimplePropertyBrowser2::refresh() { m_emitters.refreshDataOnKestraThread(); }
@@ -59,9 +58,9 @@ void VXSimplePropertyBrowser2::setToolTip(VXSimpleProperty2* property, const Any
 // Editing -----------------------------------------------------------------------------------------
 
 void VXSimplePropertyBrowser2::setEditorFactory(
-    std::shared_ptr<VXSimplePropertyEditorFactory2> factory)
+    const std::shared_ptr<VXSimplePropertyEditorFactory2>& factory)
 {
-    m_emitters.setEditorFactory(std::move(factory));
+    m_emitters.setEditorFactory(factory);
 }
 
 void VXSimplePropertyBrowser2::setReadOnly(bool readOnly) { m_emitters.setReadonly(readOnly); }

@@ -82,7 +82,7 @@ public:
     /// added, or as they stand. Orders what is there, and what comes with it, with the next turn of
     /// the toolkit's loop or before anything else is asked; later changes of names or values do
     /// not.
-    void setSort(std::shared_ptr<VXSimplePropertyComparator2> comparator);
+    void setSort(const std::shared_ptr<VXSimplePropertyComparator2>& comparator);
 
     /// Has what the properties can tell fetched and shown, in two steps: `refreshData` of each that
     /// has a source or overrides that, in the order in which they were made, on the thread named
@@ -100,7 +100,7 @@ public:
     // Editing
 
     /// Makes the editors; null, as at first: `editRequested` is sent instead.
-    void setEditorFactory(std::shared_ptr<VXSimplePropertyEditorFactory2> factory);
+    void setEditorFactory(const std::shared_ptr<VXSimplePropertyEditorFactory2>& factory);
     /// Whether nothing is edited; not at first.
     void setReadOnly(bool readOnly);
     bool isReadOnly() const;

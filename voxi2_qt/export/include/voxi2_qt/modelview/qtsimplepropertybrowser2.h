@@ -61,8 +61,8 @@ protected:
     bool showToPeer(QWidget* receiver, QEvent* event) override;
 
 private:
-    QtSimplePropertyTree2* m_tree;
     const QEvent* m_passed = nullptr; ///< compared, never followed
+    QtSimplePropertyTree2* m_tree;    ///< whose making is an event already
 };
 
 } // namespace VOXI
