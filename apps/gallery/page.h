@@ -47,6 +47,7 @@ Page tablesPage();
 Page treesPage();
 Page slowModelPage();
 Page liveModelPage();
+Page propertiesPage();
 Page eventsPage();
 Page dragDropPage();
 Page clipboardPage();

@@ -9,7 +9,7 @@ const std::vector<Group>& groups()
          {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage()}},
         {"Documents", {helpPage(), picturesPage(), linksPage()}},
         {"Programs", {signUpPage(), loanPage()}},
-        {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
+        {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage(), propertiesPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events",
          {eventsPage(), dragDropPage(), clipboardPage(), focusPage(), cursorsPage(),

@@ -43,6 +43,7 @@
 #include "voxi2_qt/kernel/qtclipboard2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
+#include "voxi2_qt/modelview/qtsimplepropertybrowser2.h"
 #include "voxi2_qt/modelview/qttableview2.h"
 #include "voxi2_qt/modelview/qttreeview2.h"
 
@@ -136,6 +137,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtProgressBar2>(factory.createProgressBar2);
     serve<QtRadioButton2>(factory.createRadioButton2);
     serve<QtScrollView2>(factory.createScrollView2);
+    serve<QtSimplePropertyBrowser2>(factory.createSimplePropertyBrowser2);
     serve<QtSplitter2>(factory.createSplitter2);
     serve<QtSvgImage2>(factory.createSvgImage2);
     serve<QtTab2>(factory.createTab2);

@@ -155,6 +155,21 @@ void showCell(VXAbstractView2& view)
     }
 }
 
+/// Has the browser show a group with one property in it; gives the group.
+VXSimpleProperty2* showProperty(VXSimplePropertyBrowser2& browser)
+{
+    static auto* const group = new VXSimpleProperty2("group");
+    static auto* const property = new VXSimpleProperty2("name", any(1));
+    browser.addProperty(group);
+    browser.addProperty(property, group);
+    return group;
+}
+
+VXSimpleProperty2* insideOf(VXSimplePropertyBrowser2& browser)
+{
+    return browser.properties(showProperty(browser)).front();
+}
+
 void addView(Kind& kind)
 {
     using V = VXAbstractView2;
@@ -580,7 +595,28 @@ std::vector<Kind> modelviewKinds()
 {
     using Table = VXTableView2;
     using Tree = VXTreeView2;
+    using Properties = VXSimplePropertyBrowser2;
     return {
+        kind<Properties, QWidget, &F::createSimplePropertyBrowser2>("SimplePropertyBrowser",
+                                                                    QAccessible::Client)
+            .has("readOnly", &Properties::setReadOnly, &Properties::isReadOnly, true)
+            .has("filter", &Properties::setFilter, &Properties::filter, L"text")
+            .reports("propertyExpanded", &Properties::propertyExpanded,
+                     [](Properties& p) { p.imitateExpand(showProperty(p), true); })
+            .reports("propertyCollapsed", &Properties::propertyCollapsed,
+                     [](Properties& p) {
+                         p.setExpanded(showProperty(p), true);
+                         p.imitateExpand(showProperty(p), false);
+                     })
+            .reports("propertyDoubleClicked", &Properties::propertyDoubleClicked,
+                     [](Properties& p) { p.imitateDoubleClick(showProperty(p)); })
+            .reports("editRequested", &Properties::editRequested,
+                     [](Properties& p) {
+                         p.setReadOnly(false);
+                         p.imitateDoubleClick(insideOf(p));
+                     })
+            .reports("editorClosed", &Properties::editorClosed)
+            .reports("currentChanged", &Properties::currentChanged),
         kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
             .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true),
         kind<Tree, QTreeView, &F::createTreeView2>("TreeView", QAccessible::Tree)
