@@ -53,8 +53,18 @@ QtAbstractEdit2::QtAbstractEdit2(VXAbstractEdit2* edit, VXAbstractEdit2Emitters*
 
 void QtAbstractEdit2::doSetText(const std::string& text) { change(toQString(text)); }
 void QtAbstractEdit2::doSetTextU(const std::wstring& text) { change(toQString(text)); }
-std::string QtAbstractEdit2::doGetText() { return toStdString(wholeText()); }
-std::wstring QtAbstractEdit2::doGetTextU() { return toStdWString(wholeText()); }
+
+std::string QtAbstractEdit2::doGetText()
+{
+    settle();
+    return toStdString(wholeText());
+}
+
+std::wstring QtAbstractEdit2::doGetTextU()
+{
+    settle();
+    return toStdWString(wholeText());
+}
 
 void QtAbstractEdit2::doSetPlaceholder(const std::string& text)
 {
@@ -73,6 +83,7 @@ void QtAbstractEdit2::doimType(const std::wstring& text)
 {
     if (!asQWidget()->isEnabled() || doIsReadOnly())
         return;
+    settle();
     QInputMethodEvent typed;
     typed.setCommitString(toQString(text));
     QCoreApplication::sendEvent(asQWidget(), &typed);

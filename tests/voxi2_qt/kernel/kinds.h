@@ -22,6 +22,7 @@
 #include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxdial2.h"
 #include "voxi2/controls/vxedit2.h"
+#include "voxi2/controls/vxeditarea2.h"
 #include "voxi2/controls/vxlistbox2.h"
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxmenubar2.h"

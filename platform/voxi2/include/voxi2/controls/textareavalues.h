@@ -11,7 +11,7 @@ namespace VOXI {
 
 /// Where in an edit area lines that are longer than it is wide go on below.
 enum class TextWrap : int {
-    None, ///< nowhere: the area scrolls
+    None, ///< nowhere: the area scrolls; what has more than 100 000 characters is broken even so
     Word, ///< between words; within one that is longer than a line
     Anywhere
 };
@@ -38,7 +38,7 @@ struct TextSearch
     friend bool operator==(const TextSearch&, const TextSearch&) = default;
 };
 
-/// How a part of a text looks. What is not given stays as it is.
+/// How a part of a text looks. A colour that is not given stays as it is.
 struct TextStyle
 {
     std::optional<Color> color{};

@@ -43,6 +43,9 @@ public:
 protected:
     QtAbstractEdit2(VXAbstractEdit2* edit, VXAbstractEdit2Emitters* emitters);
 
+    /// Called before the text is asked for or changed: for what has yet to get there.
+    virtual void settle() {}
+
     /// Sets another text for the program.
     virtual void change(const QString& text) = 0;
     virtual QString wholeText() const = 0;

@@ -16,12 +16,14 @@ public:
     void doSelectAll() override
     {
         const QtProgramScope scope;
+        this->settle();
         this->selectAll();
     }
 
     void doUndo() override
     {
         const QtProgramScope scope;
+        this->settle();
         if (!this->isReadOnly())
             this->undo();
     }
@@ -29,6 +31,7 @@ public:
     void doRedo() override
     {
         const QtProgramScope scope;
+        this->settle();
         if (!this->isReadOnly())
             this->redo();
     }
@@ -36,15 +39,21 @@ public:
     void doCut() override
     {
         const QtProgramScope scope;
+        this->settle();
         if (!this->isReadOnly())
             this->cut();
     }
 
-    void doCopy() override { this->copy(); }
+    void doCopy() override
+    {
+        this->settle();
+        this->copy();
+    }
 
     void doPaste() override
     {
         const QtProgramScope scope;
+        this->settle();
         if (!this->isReadOnly())
             this->paste();
     }
