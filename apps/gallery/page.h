@@ -37,6 +37,8 @@ Page countingPage();
 Page buttonsPage();
 Page formsPage();
 Page rangesPage();
+Page textsPage();
+Page logViewerPage();
 Page tablesPage();
 Page treesPage();
 Page slowModelPage();

@@ -5,7 +5,8 @@ namespace gallery {
 const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
-        {"Controls", {countingPage(), buttonsPage(), formsPage(), rangesPage()}},
+        {"Controls",
+         {countingPage(), buttonsPage(), formsPage(), rangesPage(), textsPage(), logViewerPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events", {eventsPage(), dragDropPage(), focusPage(), cursorsPage(), threadsPage()}},
