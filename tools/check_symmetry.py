@@ -37,7 +37,7 @@ TESTS = Path("tests/voxi2_qt")
 NOT_PEERS = {
     "kernel": {"factory2"},
     "containers": {"anchor", "container2", "dialog2shim", "splitterhandle", "tabbar"},
-    "controls": {"elidinglabel", "range2shim", "texteventfilter2"},
+    "controls": {"abstractedit2shim", "elidinglabel", "range2shim", "texteventfilter2"},
     "modelview": {"abstractview2shim"},
 }
 
@@ -50,6 +50,7 @@ BASES = {
     "abstractwindow2",
     "abstractdialog2",
     "abstractbutton2",
+    "abstractedit2",
     "range2",
 }
 

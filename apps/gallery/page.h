@@ -43,6 +43,8 @@ Page signUpPage();
 Page loanPage();
 Page picturesPage();
 Page linksPage();
+Page textsPage();
+Page logViewerPage();
 Page tablesPage();
 Page treesPage();
 Page slowModelPage();

@@ -6,9 +6,10 @@ const std::vector<Group>& groups()
 {
     static const std::vector<Group> all = {
         {"Controls",
-         {countingPage(), buttonsPage(), formsPage(), rangesPage(), notificationsPage()}},
+         {countingPage(), buttonsPage(), formsPage(), rangesPage(), textsPage(),
+          notificationsPage()}},
         {"Documents", {helpPage(), picturesPage(), linksPage()}},
-        {"Programs", {signUpPage(), loanPage()}},
+        {"Programs", {signUpPage(), loanPage(), logViewerPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage(), propertiesPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events",

@@ -23,16 +23,6 @@ using P = QtEdit2;
 
 // clang-format off
 const auto s_requests = TROV::operations<E>(
-    TROV::row<&E::setText, &P::doSetText>(),
-    TROV::row<&E::setTextU, &P::doSetTextU>(),
-    TROV::row<&E::getText, &P::doGetText>(),
-    TROV::row<&E::getTextU, &P::doGetTextU>(),
-    TROV::row<&E::setPlaceholder, &P::doSetPlaceholder>(),
-    TROV::row<&E::setPlaceholderU, &P::doSetPlaceholderU>(),
-    TROV::row<&E::getPlaceholder, &P::doGetPlaceholder>(),
-    TROV::row<&E::getPlaceholderU, &P::doGetPlaceholderU>(),
-    TROV::row<&E::setReadOnly, &P::doSetReadOnly>(),
-    TROV::row<&E::isReadOnly, &P::doIsReadOnly>(),
     TROV::row<&E::setEcho, &P::doSetEcho>(),
     TROV::row<&E::getEcho, &P::doGetEcho>(),
     TROV::row<&E::setAlignment, &P::doSetAlignment>(),
@@ -52,21 +42,6 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isAcceptable, &P::doIsAcceptable>(),
     TROV::row<&E::setCompletion, &P::doSetCompletion>(),
     TROV::row<&E::getCompletion, &P::doGetCompletion>(),
-    TROV::row<&E::setCursorPosition, &P::doSetCursorPosition>(),
-    TROV::row<&E::getCursorPosition, &P::doGetCursorPosition>(),
-    TROV::row<&E::setSelection, &P::doSetSelection>(),
-    TROV::row<&E::getSelection, &P::doGetSelection>(),
-    TROV::row<&E::getSelectedText, &P::doGetSelectedText>(),
-    TROV::row<&E::selectAll, &P::doSelectAll>(),
-    TROV::row<&E::insert, &P::doInsert>(),
-    TROV::row<&E::undo, &P::doUndo>(),
-    TROV::row<&E::redo, &P::doRedo>(),
-    TROV::row<&E::isUndoAvailable, &P::doIsUndoAvailable>(),
-    TROV::row<&E::isRedoAvailable, &P::doIsRedoAvailable>(),
-    TROV::row<&E::cut, &P::doCut>(),
-    TROV::row<&E::copy, &P::doCopy>(),
-    TROV::row<&E::paste, &P::doPaste>(),
-    asUserRow<&E::type, &P::doimType>(),
     asUserRow<&E::pressReturn, &P::doimPressReturn>());
 // clang-format on
 
@@ -77,21 +52,49 @@ static_assert(int(TextEcho::None) == QLineEdit::NoEcho
 } // namespace
 
 QtEdit2::QtEdit2(VXEdit2* object, VXEdit2Emitters* emitters, QWidget* parent)
-    : QtWidget2Shim(object, emitters, s_requests, parent)
+    : QtAbstractEdit2Shim(object, emitters, s_requests, parent)
 {}
 
 // Requests ----------------------------------------------------------------------------------------
 
-void QtEdit2::doSetText(const std::string& text) { change(toQString(text)); }
-void QtEdit2::doSetTextU(const std::wstring& text) { change(toQString(text)); }
-std::string QtEdit2::doGetText() { return toStdString(text()); }
-std::wstring QtEdit2::doGetTextU() { return toStdWString(text()); }
-void QtEdit2::doSetPlaceholder(const std::string& text) { setPlaceholderText(toQString(text)); }
-void QtEdit2::doSetPlaceholderU(const std::wstring& text) { setPlaceholderText(toQString(text)); }
-std::string QtEdit2::doGetPlaceholder() { return toStdString(placeholderText()); }
-std::wstring QtEdit2::doGetPlaceholderU() { return toStdWString(placeholderText()); }
-void QtEdit2::doSetReadOnly(bool readOnly) { setReadOnly(readOnly); }
-bool QtEdit2::doIsReadOnly() { return isReadOnly(); }
+void QtEdit2::doSetCursorPosition(int position)
+{
+    const QtProgramScope scope;
+    deselect();
+    setCursorPosition(fromWidePosition(text(), position));
+}
+
+int QtEdit2::doGetCursorPosition() { return toWidePosition(text(), cursorPosition()); }
+
+void QtEdit2::doSetSelection(TextRange range)
+{
+    const QtProgramScope scope;
+    const QString whole = text();
+    const int start = fromWidePosition(whole, range.start);
+    const int end = fromWidePosition(whole, qint64(range.start) + range.length);
+    setSelection(start, end - start);
+}
+
+TextRange QtEdit2::doGetSelection()
+{
+    const QString whole = text();
+    if (!hasSelectedText())
+        return {toWidePosition(whole, cursorPosition()), 0};
+    const int start = toWidePosition(whole, selectionStart());
+    return {start, toWidePosition(whole, selectionEnd()) - start};
+}
+
+std::wstring QtEdit2::doGetSelectedText() { return toStdWString(selectedText()); }
+
+void QtEdit2::doInsert(const std::wstring& text)
+{
+    const QtProgramScope scope;
+    if (!isReadOnly())
+        insert(toQString(text));
+}
+
+bool QtEdit2::doIsUndoAvailable() { return isUndoAvailable(); }
+bool QtEdit2::doIsRedoAvailable() { return isRedoAvailable(); }
 
 void QtEdit2::doSetEcho(TextEcho echo)
 {
@@ -178,88 +181,6 @@ void QtEdit2::doSetCompletion(const TextCompletion& completion)
 
 TextCompletion QtEdit2::doGetCompletion() { return m_completion; }
 
-void QtEdit2::doSetCursorPosition(int position)
-{
-    const QtProgramScope scope;
-    deselect();
-    setCursorPosition(fromWidePosition(text(), position));
-}
-
-int QtEdit2::doGetCursorPosition() { return toWidePosition(text(), cursorPosition()); }
-
-void QtEdit2::doSetSelection(TextRange range)
-{
-    const QtProgramScope scope;
-    const QString whole = text();
-    const int start = fromWidePosition(whole, range.start);
-    const int end = fromWidePosition(whole, qint64(range.start) + range.length);
-    setSelection(start, end - start);
-}
-
-TextRange QtEdit2::doGetSelection()
-{
-    const QString whole = text();
-    if (!hasSelectedText())
-        return {toWidePosition(whole, cursorPosition()), 0};
-    const int start = toWidePosition(whole, selectionStart());
-    return {start, toWidePosition(whole, selectionEnd()) - start};
-}
-
-std::wstring QtEdit2::doGetSelectedText() { return toStdWString(selectedText()); }
-
-void QtEdit2::doSelectAll()
-{
-    const QtProgramScope scope;
-    selectAll();
-}
-
-void QtEdit2::doInsert(const std::wstring& text)
-{
-    const QtProgramScope scope;
-    if (!isReadOnly())
-        insert(toQString(text));
-}
-
-void QtEdit2::doUndo()
-{
-    const QtProgramScope scope;
-    undo();
-}
-
-void QtEdit2::doRedo()
-{
-    const QtProgramScope scope;
-    redo();
-}
-
-bool QtEdit2::doIsUndoAvailable() { return isUndoAvailable(); }
-bool QtEdit2::doIsRedoAvailable() { return isRedoAvailable(); }
-
-void QtEdit2::doCut()
-{
-    const QtProgramScope scope;
-    if (!isReadOnly())
-        cut();
-}
-
-void QtEdit2::doCopy() { copy(); }
-
-void QtEdit2::doPaste()
-{
-    const QtProgramScope scope;
-    if (!isReadOnly())
-        paste();
-}
-
-void QtEdit2::doimType(const std::wstring& text)
-{
-    if (!isEnabled() || isReadOnly())
-        return;
-    QInputMethodEvent typed;
-    typed.setCommitString(toQString(text));
-    QCoreApplication::sendEvent(this, &typed);
-}
-
 void QtEdit2::doimPressReturn()
 {
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
@@ -294,24 +215,8 @@ void QtEdit2::slotEditingFinished()
         report(&E::editingFinished);
 }
 
-void QtEdit2::slotCursorPositionChanged(int, int to)
-{
-    if (!QtProgramScope::isActive())
-        report(&E::cursorMoved, toWidePosition(text(), to));
-}
-
-void QtEdit2::slotSelectionChanged()
-{
-    if (!QtProgramScope::isActive())
-        report(&E::selectionChanged);
-}
-
-/// Qt waits in here while the user drags a text, and goes on behind that.
-void QtEdit2::mouseMoveEvent(QMouseEvent* event)
-{
-    const QtDeletionHold hold(this);
-    QtWidget2Shim::mouseMoveEvent(event);
-}
+void QtEdit2::slotCursorPositionChanged() { reportCursor(); }
+void QtEdit2::slotSelectionChanged() { reportSelection(); }
 
 // Helpers -----------------------------------------------------------------------------------------
 
@@ -321,5 +226,7 @@ void QtEdit2::change(const QString& text)
     if (text != this->text())
         setText(text);
 }
+
+QString QtEdit2::wholeText() const { return text(); }
 
 } // namespace VOXI

@@ -25,6 +25,7 @@
 #include "voxi2_qt/controls/qtcombobox2.h"
 #include "voxi2_qt/controls/qtdial2.h"
 #include "voxi2_qt/controls/qtedit2.h"
+#include "voxi2_qt/controls/qteditarea2.h"
 #include "voxi2_qt/controls/qthyperlink2.h"
 #include "voxi2_qt/controls/qtimage2.h"
 #include "voxi2_qt/controls/qtlistbox2.h"
@@ -124,6 +125,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtDragDelegate2>(factory.createDragDelegate2);
     serve<QtClipboard2>(factory.createClipboard2);
     serve<QtEdit2>(factory.createEdit2);
+    serve<QtEditArea2>(factory.createEditArea2);
     serve<QtFlowLayout2>(factory.createFlowLayout2);
     serve<QtFrame2>(factory.createFrame2);
     serve<QtGridLayout2>(factory.createGridLayout2);

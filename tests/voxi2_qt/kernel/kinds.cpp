@@ -27,6 +27,7 @@
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTextEdit>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -226,12 +227,15 @@ void addLayout(Kind& kind)
 }
 
 /// Takes anything, whatever it was set to.
-VXEdit2& loosened(VXEdit2& edit)
+template <class E>
+E& loosened(E& edit)
 {
     edit.setReadOnly(false);
-    edit.setInputMask(L"");
-    edit.setValidator({});
-    edit.setMaximumLength(-1);
+    if (auto* const line = dynamic_cast<VXEdit2*>(&edit)) {
+        line->setInputMask(L"");
+        line->setValidator({});
+        line->setMaximumLength(-1);
+    }
     return edit;
 }
 
@@ -241,6 +245,16 @@ void followLink(VXTextBrowser2& browser)
     browser.setBuffers({"<title>one</title>first", "second"});
     browser.setCurrentBuffer(2);
     browser.imitateLink("buffer://1");
+}
+
+void addEdit(Kind& kind)
+{
+    using E = VXAbstractEdit2;
+    kind.has("text", &E::setText, &E::textU, L"text")
+        .has("placeholder", &E::setPlaceholder, &E::placeholderU, L"your name")
+        .has("readOnly", &E::setReadOnly, &E::isReadOnly, true)
+        .reports("cursorMoved", &E::cursorMoved, [](E& e) { loosened(e).imitateTyping("x"); })
+        .reports("selectionChanged", &E::selectionChanged);
 }
 
 template <class Object, class Q, auto Request>
@@ -264,6 +278,8 @@ Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
         addWidget(made);
     if constexpr (std::derived_from<Object, VXAbstractButton2>)
         addButton(made);
+    if constexpr (std::derived_from<Object, VXAbstractEdit2>)
+        addEdit(made);
     if constexpr (std::derived_from<Object, VXAbstractWindow2>)
         addWindow(made);
     if constexpr (std::derived_from<Object, VXAbstractDialog2>)
@@ -394,6 +410,7 @@ std::vector<Kind> containerKinds()
 
 std::vector<Kind> controlKinds()
 {
+    using Area = VXEditArea2;
     using Bar = VXToolBar2;
     using Browser = VXTextBrowser2;
     using Button = VXButton2;
@@ -440,9 +457,6 @@ std::vector<Kind> controlKinds()
             .has("notchVisible", &Dial::setNotchVisible, &Dial::isNotchVisible, true)
             .has("wrapping", &Dial::setWrapping, &Dial::isWrapping, true),
         kind<Edit, QLineEdit, &F::createEdit2>("Edit", QAccessible::EditableText)
-            .has("text", &Edit::setText, &Edit::textU, L"text")
-            .has("placeholder", &Edit::setPlaceholder, &Edit::placeholderU, L"your name")
-            .has("readOnly", &Edit::setReadOnly, &Edit::isReadOnly, true)
             .has("echo", &Edit::setEcho, &Edit::echo, TextEcho::Password)
             .has("alignment", &Edit::setAlignment, &Edit::alignment,
                  AlignmentFlag::Right | AlignmentFlag::Bottom)
@@ -459,10 +473,34 @@ std::vector<Kind> controlKinds()
             .reports("returnPressed", &Edit::returnPressed,
                      [](Edit& e) { loosened(e).imitateReturn(); })
             .reports("editingFinished", &Edit::editingFinished,
-                     [](Edit& e) { loosened(e).imitateReturn(); })
-            .reports("cursorMoved", &Edit::cursorMoved,
-                     [](Edit& e) { loosened(e).imitateTyping("x"); })
-            .reports("selectionChanged", &Edit::selectionChanged),
+                     [](Edit& e) { loosened(e).imitateReturn(); }),
+        kind<Area, QTextEdit, &F::createEditArea2>("EditArea", QAccessible::EditableText)
+            .has("maximumLineCount", &Area::setMaximumLineCount, &Area::maximumLineCount, 500)
+            .has("modified", &Area::setModified, &Area::isModified, true)
+            .has("richText", &Area::setRichText, &Area::isRichText, true)
+            .has("wrap", &Area::setWrap, &Area::wrap, TextWrap::Anywhere)
+            .has("tabWidth", &Area::setTabWidth, &Area::tabWidth, 3)
+            .has("zoom", &Area::setZoom, &Area::zoom, 130)
+            .has("lineNumbersVisible", &Area::setLineNumbersVisible, &Area::areLineNumbersVisible,
+                 true)
+            .has("currentLineHighlighted", &Area::setCurrentLineHighlighted,
+                 &Area::isCurrentLineHighlighted, true)
+            .has("undoEnabled", &Area::setUndoEnabled, &Area::isUndoEnabled, false)
+            .has("marksVisible", &Area::setMarksVisible, &Area::areMarksVisible, true)
+            .reports("textEdited", &Area::textEdited,
+                     [](Area& area) { loosened(area).imitateTyping("x"); })
+            .reports("modifiedChanged", &Area::modifiedChanged,
+                     [](Area& area) {
+                         area.setModified(false);
+                         loosened(area).imitateTyping("x");
+                     })
+            .reports("marginClicked", &Area::marginClicked,
+                     [](Area& area) {
+                         area.setMarksVisible(true);
+                         area.imitateMarginClick(0);
+                     })
+            .reports("scrolled", &Area::scrolled)
+            .reports("zoomed", &Area::zoomed),
         kind<Link, QLabel, &F::createHyperLink2>("HyperLink", QAccessible::Link)
             .has("text", &Link::setText, &Link::textU, L"text")
             .reports("clicked", &Link::clicked, [](Link& link) { link.imitateClick(); }),

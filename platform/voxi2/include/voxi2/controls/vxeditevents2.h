@@ -6,6 +6,7 @@
 
 namespace VOXI {
 
+class VXAbstractEdit2;
 class VXEdit2;
 
 /// What all events of a line edit have.
@@ -40,19 +41,21 @@ public:
 };
 
 /// The user has moved the cursor, by typing as well.
-class VXEditCursorEvent2 : public VXEditEventOf2<int>
+class VXEditCursorEvent2 : public VXEvent2<VXAbstractEdit2, int>
 {
 public:
-    using VXEditEventOf2::VXEditEventOf2;
+    using VXEvent2::VXEvent2;
+    VXAbstractEdit2* edit() const noexcept { return sender(); }
     /// In characters of the wide text.
     int newPosition() const noexcept { return value(); }
 };
 
 /// The user has selected another part of the text, or none.
-class VXEditSelectionEvent2 : public VXEditEventOf2<>
+class VXEditSelectionEvent2 : public VXEvent2<VXAbstractEdit2>
 {
 public:
-    using VXEditEventOf2::VXEditEventOf2;
+    using VXEvent2::VXEvent2;
+    VXAbstractEdit2* edit() const noexcept { return sender(); }
 };
 
 } // namespace VOXI

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxedit2.h"
-#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/controls/qtabstractedit2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QLineEdit>
@@ -9,24 +9,22 @@
 namespace VOXI {
 
 /// The peer of the line edit.
-class VOXI2_QT_EXPORT QtEdit2 : public QtWidget2Shim<VXEdit2, VXEdit2Emitters, QtWidget2, QLineEdit>
+class VOXI2_QT_EXPORT QtEdit2 : public QtAbstractEdit2Shim<VXEdit2, VXEdit2Emitters, QLineEdit>
 {
     Q_OBJECT
 
 public:
     QtEdit2(VXEdit2* object, VXEdit2Emitters* emitters, QWidget* parent);
 
-    // Requests, in the order of the emitters table
-    virtual void doSetText(const std::string& text);
-    virtual void doSetTextU(const std::wstring& text);
-    virtual std::string doGetText();
-    virtual std::wstring doGetTextU();
-    virtual void doSetPlaceholder(const std::string& text);
-    virtual void doSetPlaceholderU(const std::wstring& text);
-    virtual std::string doGetPlaceholder();
-    virtual std::wstring doGetPlaceholderU();
-    virtual void doSetReadOnly(bool readOnly);
-    virtual bool doIsReadOnly();
+    // Requests, in the order of the emitters tables
+    void doSetCursorPosition(int position) override;
+    int doGetCursorPosition() override;
+    void doSetSelection(TextRange range) override;
+    TextRange doGetSelection() override;
+    std::wstring doGetSelectedText() override;
+    void doInsert(const std::wstring& text) override;
+    bool doIsUndoAvailable() override;
+    bool doIsRedoAvailable() override;
     virtual void doSetEcho(TextEcho echo);
     virtual TextEcho doGetEcho();
     virtual void doSetAlignment(Alignment alignment);
@@ -46,37 +44,21 @@ public:
     virtual bool doIsAcceptable();
     virtual void doSetCompletion(const TextCompletion& completion);
     virtual TextCompletion doGetCompletion();
-    virtual void doSetCursorPosition(int position);
-    virtual int doGetCursorPosition();
-    virtual void doSetSelection(TextRange range);
-    virtual TextRange doGetSelection();
-    virtual std::wstring doGetSelectedText();
-    virtual void doSelectAll();
-    virtual void doInsert(const std::wstring& text);
-    virtual void doUndo();
-    virtual void doRedo();
-    virtual bool doIsUndoAvailable();
-    virtual bool doIsRedoAvailable();
-    virtual void doCut();
-    virtual void doCopy();
-    virtual void doPaste();
-    virtual void doimType(const std::wstring& text);
     virtual void doimPressReturn();
 
 protected:
     void connectSignals() override;
-    void mouseMoveEvent(QMouseEvent* event) override;
+    void change(const QString& text) override;
+    QString wholeText() const override;
 
 private Q_SLOTS:
     void slotTextChanged(const QString& text);
     void slotReturnPressed();
     void slotEditingFinished();
-    void slotCursorPositionChanged(int from, int to);
+    void slotCursorPositionChanged();
     void slotSelectionChanged();
 
 private:
-    void change(const QString& text);
-
     TextValidator m_validator;
     TextCompletion m_completion;
 };
