@@ -1,9 +1,6 @@
 #include "allowedfiles.h"
 
-#include "voxi_util/pixmap.h"
-
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -87,16 +84,6 @@ QString AllowedFiles::find(const QUrl& url, const QStringList& searchPaths) cons
     const QStringList places = placesOf(url, searchPaths);
     const auto found = std::find_if(places.begin(), places.end(), isAllowed);
     return found == places.end() ? QString() : *found;
-}
-
-QByteArray bytesOfFile(const QString& name)
-{
-    QFile file(name);
-    if (name.isEmpty() || !file.open(QIODevice::ReadOnly)
-        || static_cast<quint64>(file.size()) > ImageDecoder::fileSizeLimit())
-        return {};
-    const QByteArray bytes = file.read(file.size());
-    return bytes.isNull() ? QByteArray("") : bytes;
 }
 
 } // namespace VOXI

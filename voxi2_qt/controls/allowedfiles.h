@@ -24,7 +24,4 @@ private:
     QSet<QString> m_folders;
 };
 
-/// The bytes of such a file; null where there are none, or too many.
-QByteArray bytesOfFile(const QString& name);
-
 } // namespace VOXI

@@ -1,10 +1,10 @@
 #include "pageresources.h"
 
 #include "browserurls.h"
-#include "pagepicture.h"
 #include "voxi2_qt/controls/qttextbrowser2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QPainter>
 #include <QStringDecoder>
 
 #include <utility>
@@ -22,13 +22,41 @@ QByteArray view(const ByteArray& bytes)
     return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
-QVariant pictureOr(const QPixmap& picture) { return picture.isNull() ? missingPicture() : picture; }
+// What stands for pictures that there are not: where a page has none, Qt opens the file of that
+// name.
+
+QPixmap pictureToCome()
+{
+    QPixmap empty(1, 1);
+    empty.fill(Qt::transparent);
+    return empty;
+}
+
+QPixmap missingPicture()
+{
+    QPixmap frame(16, 16);
+    frame.fill(Qt::transparent);
+    QPainter painter(&frame);
+    painter.setPen(QColor(150, 150, 150));
+    painter.drawRect(0, 0, 15, 15);
+    painter.drawLine(4, 4, 11, 11);
+    painter.drawLine(4, 11, 11, 4);
+    return frame;
+}
+
+QVariant shown(const Pixmap& pixmap)
+{
+    const QPixmap picture = toQPixmap(pixmap);
+    return picture.isNull() ? missingPicture() : picture;
+}
 
 /// What Qt is given for bytes; a value of its own for none.
 QVariant valueOf(int type, const QByteArray& bytes)
 {
-    return isPicture(type) ? pictureOr(pagePicture(bytes))
-                           : QVariant(QByteArray(bytes.constData(), bytes.size()));
+    if (!isPicture(type))
+        return QByteArray(bytes.constData(), bytes.size());
+    return shown(
+        Pixmap::fromData(ByteArray(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
 }
 
 struct ValueOf
@@ -43,7 +71,7 @@ struct ValueOf
     QVariant operator()(const ByteArray& bytes) const { return valueOf(m_type, view(bytes)); }
     QVariant operator()(const Pixmap& picture) const
     {
-        return isPicture(m_type) ? pictureOr(pagePicture(picture)) : valueOf(m_type, {});
+        return isPicture(m_type) ? shown(picture) : valueOf(m_type, {});
     }
 };
 
@@ -86,9 +114,9 @@ PageResources::Answer PageResources::page(const QUrl& url, PageContent::Kind kin
         content = contentOf(given, kind);
     } else if (const QString name = m_files.find(url, m_peer.filePath()); !name.isNull()) {
         const QByteArray bytes = bytesOfFile(name);
-        if (!bytes.isNull() && name.endsWith(QLatin1String(".txt")))
+        if (!bytes.isEmpty() && name.endsWith(QLatin1String(".txt")))
             content = PageContent{PageContent::Kind::Plain, QString::fromUtf8(bytes)};
-        else if (!bytes.isNull())
+        else if (!bytes.isEmpty())
             content = PageContent{kind, decoded(bytes, kind)};
     }
     if (content) {

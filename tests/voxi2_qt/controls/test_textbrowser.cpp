@@ -170,6 +170,18 @@ TEST_F(TextBrowserTest, letsHandlersRefuseLinksAndGoElsewhere)
     expectShown("elsewhere", "buffer://1");
 }
 
+TEST_F(TextBrowserTest, isThroughWhenItTellsThatItHasGoneElsewhere)
+{
+    m_browser->setBuffers({"<a href='buffer://2'>a link to be clicked</a>", "second", "third"});
+    m_browser->setCurrentBuffer(1);
+    m_browser->sourceChanged().connect(this, [this] { m_browser->setCurrentBuffer(3); });
+    clickLink();
+    expectShown("third", "buffer://3");
+    EXPECT_EQ(m_browser->historyPlace(), 2);
+    m_browser->goBack();
+    expectShown("second", "buffer://2");
+}
+
 TEST_F(TextBrowserTest, scrollsToAnchorsWithinABuffer)
 {
     const std::string far = "<p>x</p><p>" + std::string(9000, 'x') + "</p><a name='far'>far</a>";
