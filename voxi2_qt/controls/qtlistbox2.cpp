@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtlistbox2.h"
 
+#include "../kernel/qttextinto.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
@@ -7,7 +8,8 @@
 #include <QKeyEvent>
 #include <QToolTip>
 
-#include <utility>
+#include <cstring>
+#include <new>
 
 namespace VOXI {
 
@@ -40,37 +42,57 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::eraseItem, &P::doEraseItem>());
 // clang-format on
 
-QString simplified(QString text)
+void simplify(QString& text)
 {
     // Qt prepares its search first, at a third of what an item costs.
     if (text.contains(u'&'))
         text.replace(QStringLiteral("&nbsp;"), QStringLiteral(" "));
-    return text;
 }
 
-/// Keeps its text itself until that is changed. Qt's own makes a list of values for it, which costs
-/// more than the text.
+void readInto(QString& result, const std::wstring& text) { textInto(result, text); }
+void readInto(QString& result, const std::string& text) { result = toQString(text); }
+
+/// Keeps its text behind itself, in the same piece of memory, until that is changed. Qt's own has a
+/// list of values for it, which costs more than the text.
 class TextItem final : public QListWidgetItem
 {
 public:
-    explicit TextItem(QString text) : m_text(std::move(text)) {}
+    static TextItem* make(QStringView text)
+    {
+        return ::new (::operator new(sizeof(TextItem) + bytesOf(text))) TextItem(text);
+    }
 
-    QListWidgetItem* clone() const override { return new TextItem(*this); }
+    QListWidgetItem* clone() const override
+    {
+        return m_isChanged ? QListWidgetItem::clone() : make(ownText());
+    }
     QVariant data(int role) const override
     {
-        return isText(role) && !m_text.isNull() ? m_text : QListWidgetItem::data(role);
+        return isText(role) && !m_isChanged ? ownText().toString() : QListWidgetItem::data(role);
     }
     void setData(int role, const QVariant& value) override
     {
-        if (isText(role))
-            m_text = QString();
+        m_isChanged = m_isChanged || isText(role);
         QListWidgetItem::setData(role, value);
     }
 
+    static void operator delete(void* memory) { ::operator delete(memory); }
+
 private:
+    explicit TextItem(QStringView text) : m_length(text.size())
+    {
+        std::memcpy(static_cast<void*>(this + 1), text.data(), bytesOf(text));
+    }
+
+    QStringView ownText() const { return {reinterpret_cast<const QChar*>(this + 1), m_length}; }
+    static std::size_t bytesOf(QStringView text)
+    {
+        return static_cast<std::size_t>(text.size()) * sizeof(QChar);
+    }
     static bool isText(int role) { return role == Qt::DisplayRole || role == Qt::EditRole; }
 
-    QString m_text;
+    const qsizetype m_length;
+    bool m_isChanged = false;
 };
 
 template <class Text, class Convert>
@@ -234,14 +256,12 @@ bool QtListBox2::event(QEvent* event)
 
 // Helpers -----------------------------------------------------------------------------------------
 
-QString QtListBox2::simplifyItemString(const std::string& text)
+template <class Text>
+QString QtListBox2::simplifyItemString(const Text& text)
 {
-    return simplified(toQString(text));
-}
-
-QString QtListBox2::simplifyItemString(const std::wstring& text)
-{
-    return simplified(toQString(text));
+    QString shown = toQString(text);
+    simplify(shown);
+    return shown;
 }
 
 template <class Texts>
@@ -267,8 +287,13 @@ void QtListBox2::append(const Texts& texts)
     const int first = count();
     {
         const QtSignalBlocker quiet(model());
-        for (const auto& text : texts)
-            insertItem(count(), new TextItem(simplifyItemString(text)));
+        int row = first;
+        QString shown;
+        for (const auto& text : texts) {
+            readInto(shown, text);
+            simplify(shown);
+            insertItem(row++, TextItem::make(shown));
+        }
     }
     if (count() > first)
         rowsInserted(QModelIndex(), first, count() - 1);

@@ -1,5 +1,7 @@
 #include "voxi2_qt/kernel/qttext.h"
 
+#include "qttextinto.h"
+
 #include <QUtf8StringView>
 
 #include <algorithm>
@@ -25,6 +27,20 @@ bool isAscii(std::string_view text)
     for (const char character : text)
         bits |= static_cast<unsigned char>(character);
     return bits < 0x80;
+}
+
+/// What has as many units as the text has characters. Nearly all texts need no more, which is seen
+/// on the way.
+void fill(QString& result, const std::wstring& text)
+{
+    QChar* unit = result.data();
+    char32_t bits = 0;
+    for (const wchar_t character : text) {
+        bits |= static_cast<char32_t>(character);
+        *unit++ = QChar(static_cast<char16_t>(character));
+    }
+    if (bits > LastOfBmp)
+        result = toQString(std::u16string_view(utf16FromWide(text)));
 }
 
 std::string latin1Of(const QString& text)
@@ -66,15 +82,15 @@ std::string Detail::utf8FromQString(const QString& text)
 
 QString toQString(const std::wstring& text)
 {
-    // Nearly all texts have one unit for each character: seen on the way, not before.
     QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
-    QChar* unit = result.data();
-    char32_t bits = 0;
-    for (const wchar_t character : text) {
-        bits |= static_cast<char32_t>(character);
-        *unit++ = QChar(static_cast<char16_t>(character));
-    }
-    return bits <= LastOfBmp ? result : toQString(std::u16string_view(utf16FromWide(text)));
+    fill(result, text);
+    return result;
+}
+
+void textInto(QString& result, const std::wstring& text)
+{
+    result.resize(static_cast<qsizetype>(text.size()));
+    fill(result, text);
 }
 
 std::string toStdString(const QString& text)

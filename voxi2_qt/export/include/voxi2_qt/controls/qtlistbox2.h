@@ -50,8 +50,8 @@ private Q_SLOTS:
 
 private:
     /// The text as the list shows it.
-    static QString simplifyItemString(const std::string& text);
-    static QString simplifyItemString(const std::wstring& text);
+    template <class Text>
+    static QString simplifyItemString(const Text& text);
     template <class Texts>
     void insertTexts(int row, const Texts& texts);
     template <class Texts>
