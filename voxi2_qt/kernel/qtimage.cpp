@@ -105,8 +105,9 @@ QImage toQImage(const Pixmap& pixmap)
 
 QByteArray bytesOfFile(const QString& name)
 {
-    // Opening something else than a file may wait, and reading it may never end.
-    if (!QFileInfo(name).isFile())
+    // Opening something else than a file may wait, and reading it may never end. No file has a NUL
+    // in its name, and Qt warns of it.
+    if (name.contains(QChar(u'\0')) || !QFileInfo(name).isFile())
         return {};
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)

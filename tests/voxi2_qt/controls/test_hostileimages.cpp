@@ -45,7 +45,9 @@ std::string hugePng()
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    QImage(1, 1, QImage::Format_ARGB32).save(&buffer, "PNG");
+    QImage pixel(1, 1, QImage::Format_ARGB32);
+    pixel.fill(Qt::red);
+    pixel.save(&buffer, "PNG");
     png.replace(16, 8, QByteArray("\0\0\x75\x30\0\0\x75\x30", 8));
     uLong sum = crc32(0, reinterpret_cast<const Bytef*>(png.constData()) + 12, 17);
     for (int i = 0; i < 4; ++i)

@@ -16,6 +16,7 @@
 #include <atomic>
 #include <climits>
 #include <gtest/gtest.h>
+#include <string>
 #include <thread>
 
 namespace VOXI {
@@ -80,8 +81,12 @@ TEST(Image, readsFilesInAnyEncodingAndLeavesOutTheirBackground)
     image.setFile(fine.toStdString());
     EXPECT_EQ(image.imageSize(), (Size<int>{20, 20}));
     EXPECT_EQ(qt(image)->sizeHint(), QSize(10, 10));
-    image.setFile("/no/such/file");
-    EXPECT_EQ(image.imageSize(), (Size<int>{0, 0}));
+    for (const std::string& nothing : {std::string("/no/such/file"), std::string("/tmp\0x", 6),
+                                       std::string(), std::string(10'000'000, 'x')}) {
+        image.setFile(path.toStdWString());
+        image.setFile(nothing);
+        EXPECT_EQ(image.imageSize(), (Size<int>{0, 0}));
+    }
 
     image.setFile(path.toStdWString());
     image.setScaleEnabled(true);
