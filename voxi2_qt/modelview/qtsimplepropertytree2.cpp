@@ -252,8 +252,16 @@ bool QtSimplePropertyTree2::event(QEvent* event)
 
 QtPropertyItem* QtSimplePropertyTree2::itemOf(Property property)
 {
-    const auto found = m_items.find(property.id());
+    const auto found = find(property);
     return found == m_items.end() ? nullptr : found->second;
+}
+
+/// Most are looked for when they are made, and come behind all.
+std::map<unsigned, QtPropertyItem*>::const_iterator QtSimplePropertyTree2::find(
+    Property property) const
+{
+    const bool isBehind = m_items.empty() || property.id() > m_items.rbegin()->first;
+    return isBehind || property.id() == 0 ? m_items.end() : m_items.find(property.id());
 }
 
 QtPropertyItem* QtSimplePropertyTree2::itemAt(const QModelIndex& index) const
@@ -272,7 +280,7 @@ QtPropertyItem* QtSimplePropertyTree2::doAddProperty(Property property, Property
     if (!parent || itemOf(property))
         return nullptr;
     auto* const item = new QtPropertyItem(property, *shown);
-    m_items.insert_or_assign(property.id(), item);
+    m_items.insert_or_assign(m_items.end(), property.id(), item);
     tellShown(property.id(), m_browser, true);
     const QtProgramScope scope;
     parent->addChild(item);
@@ -340,7 +348,7 @@ void QtSimplePropertyTree2::forget(unsigned id)
 
 bool QtSimplePropertyTree2::waitsForItem(Property property) const
 {
-    const auto found = m_items.find(property.id());
+    const auto found = find(property);
     return found != m_items.end() && !found->second;
 }
 

@@ -95,6 +95,7 @@ private:
 
     // Items
     QtPropertyItem* itemOf(Property property);
+    std::map<unsigned, QtPropertyItem*>::const_iterator find(Property property) const;
     QtPropertyItem* itemAt(const QModelIndex& index) const;
     QtPropertyItem* doAddProperty(Property property, Property group);
     void moveItem(QtPropertyItem& item, QTreeWidgetItem& group);

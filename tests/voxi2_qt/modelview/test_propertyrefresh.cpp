@@ -113,9 +113,9 @@ TEST_F(PropertyRefresh, whatIsAskedMeanwhileFollowsOnce)
     std::promise<void> held;
     data.thread()->post([&] { held.get_future().wait(); });
     m_browser->refresh();
-    data.thread()->quit();
-    held.set_value();
+    std::thread release([&] { held.set_value(); });
     data.stop();
+    release.join();
     const int before = count;
     m_browser->refresh();
     EXPECT_GT(count, before);

@@ -101,6 +101,13 @@ bool applyToFont(VXFont& font, const std::wstring& part)
 
 } // namespace
 
+std::wstring ofInteger(long long value)
+{
+    std::array<char, 24> buffer{};
+    char* const end = buffer.data() + buffer.size();
+    return std::wstring(buffer.data(), std::to_chars(buffer.data(), end, value).ptr);
+}
+
 std::wstring ofDouble(double value, int decimals)
 {
     std::array<char, 400> buffer{};

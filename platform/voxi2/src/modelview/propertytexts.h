@@ -10,6 +10,8 @@
 
 namespace VOXI::PropertyTexts {
 
+std::wstring ofInteger(long long value);
+
 /// As short as it reads back the same, or with so many decimals.
 std::wstring ofDouble(double value, int decimals);
 

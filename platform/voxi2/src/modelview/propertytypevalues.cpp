@@ -197,17 +197,16 @@ any PropertyType::accepted(const any& value) const
     return {};
 }
 
-std::wstring PropertyType::textOf(const any& value) const
+std::wstring PropertyType::textOfKept(const any& kept) const
 {
     using namespace PropertyTexts;
-    const any kept = accepted(value);
     if (!kept.has_value())
         return {};
     switch (m_data->kind) {
     case PropertyKind::Bool:
         return *as<bool>(kept) ? L"true" : L"false";
     case PropertyKind::Integer:
-        return std::to_wstring(*as<long long>(kept));
+        return ofInteger(*as<long long>(kept));
     case PropertyKind::Double:
         return ofDouble(*as<double>(kept), m_data->decimals);
     case PropertyKind::Text:

@@ -229,8 +229,8 @@ std::wstring VXSimpleProperty2::getValue() const
     const VXObjectDataLocker lock;
     const auto* const text = std::any_cast<std::wstring>(&m_value);
     if (!text || text->size() <= MostShown)
-        return m_type.textOf(m_value);
-    return m_type.textOf(text->substr(0, MostShown)) + L'\x2026';
+        return m_type.textOfKept(m_value);
+    return m_type.textOfKept(text->substr(0, MostShown)) + L'\x2026';
 }
 
 Color VXSimpleProperty2::getNameTextColor() const

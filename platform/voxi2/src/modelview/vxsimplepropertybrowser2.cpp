@@ -127,6 +127,8 @@ void VXSimplePropertyBrowser2::imitateDoubleClick(VXSimpleProperty2* property)
 /// None for null and for what has ended.
 VXHandle<VXSimpleProperty2> VXSimplePropertyBrowser2::handleOf(const VXSimpleProperty2* property)
 {
+    if (!property)
+        return {};
     const VXObjectDataLocker lock;
     return isObjectValid(property) ? Property(const_cast<VXSimpleProperty2*>(property))
                                    : Property();

@@ -98,8 +98,10 @@ public:
     /// The value as this type keeps it, converted where that loses nothing; empty where it is none.
     any accepted(const any& value) const;
 
-    /// The text of a value that this type keeps; empty for others.
-    std::wstring textOf(const any& value) const;
+    /// The text of a value; empty where it is none of this type.
+    std::wstring textOf(const any& value) const { return textOfKept(accepted(value)); }
+    /// The same for what `accepted` gave, or an empty value; it is not looked at again.
+    std::wstring textOfKept(const any& kept) const;
     /// The value that the text stands for; empty where it stands for none.
     any valueOf(const std::wstring& text) const;
 
