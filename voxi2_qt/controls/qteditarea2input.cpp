@@ -38,6 +38,7 @@ void QtEditArea2::connectSignals()
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
             &QtEditArea2::slotScrollAction);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &QtEditArea2::slotScrolled);
+    m_coloring->look();
 }
 
 /// Qt is in the middle of it: it is only noted.
@@ -90,7 +91,10 @@ void QtEditArea2::slotCursorPositionChanged()
         highlightCurrentLine();
     if (m_margin->areNumbersVisible())
         m_margin->update();
-    if (mayBeHeard())
+    // Qt tells twice of what an input method does.
+    const int position = textCursor().position();
+    const bool isTold = m_userDepth > 0 && std::exchange(m_reportedCursor, position) == position;
+    if (!isTold && mayBeHeard())
         reportCursor();
 }
 
@@ -144,7 +148,7 @@ void QtEditArea2::mousePressEvent(QMouseEvent* event)
 void QtEditArea2::mouseMoveEvent(QMouseEvent* event)
 {
     const QtDeletionHold hold(this);
-    ++m_userDepth;
+    beginUserAct();
     QtAbstractEdit2Shim::mouseMoveEvent(event);
     if (hold.isAlive())
         --m_userDepth;
@@ -339,6 +343,12 @@ void QtEditArea2::trim(int& from, int& removed, int& added) const
     from += static_cast<int>(before);
     removed -= static_cast<int>(before + behind);
     added -= static_cast<int>(before + behind);
+}
+
+void QtEditArea2::beginUserAct() noexcept
+{
+    if (m_userDepth++ == 0)
+        m_reportedCursor = -1;
 }
 
 void QtEditArea2::zoomBy(int steps)

@@ -42,7 +42,7 @@ private:
 class QtEditArea2::UserAct
 {
 public:
-    explicit UserAct(QtEditArea2& area) noexcept : m_area(area) { ++area.m_userDepth; }
+    explicit UserAct(QtEditArea2& area) noexcept : m_area(area) { area.beginUserAct(); }
     ~UserAct() { --m_area.m_userDepth; }
     UserAct(const UserAct&) = delete;
     UserAct& operator=(const UserAct&) = delete;

@@ -485,7 +485,6 @@ std::vector<Kind> controlKinds()
                  true)
             .has("currentLineHighlighted", &Area::setCurrentLineHighlighted,
                  &Area::isCurrentLineHighlighted, true)
-            .has("undoEnabled", &Area::setUndoEnabled, &Area::isUndoEnabled, false)
             .has("marksVisible", &Area::setMarksVisible, &Area::areMarksVisible, true)
             .reports("textEdited", &Area::textEdited,
                      [](Area& area) { loosened(area).imitateTyping("x"); })

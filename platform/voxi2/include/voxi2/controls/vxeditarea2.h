@@ -255,7 +255,8 @@ public:
     /// Lines of a plain area have come into sight whose colours are not known, or may be others
     /// since something has changed in or above them. Connect it on a worker's thread: it is asked
     /// there, and typing never waits for it; lines keep the colours they have meanwhile. Asked at
-    /// most once until the answer is there.
+    /// most once until the answer is there, and when something is painted: who connects it to an
+    /// area that is shown already calls `recolor`.
     TROV::Signal<void(const VXEditAreaColoringEvent2&)> coloringWanted() const
     {
         return m_emitters.coloringWanted.signal();

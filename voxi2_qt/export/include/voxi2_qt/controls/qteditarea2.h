@@ -160,6 +160,7 @@ private:
     TextRange rangeOf(int from, int end) const;
     void show(const QTextCursor& cursor);
 
+    void beginUserAct() noexcept;
     void connectDocument();
     void adopt(QTextDocument* document);
     void putBehind(const QString& lines);
@@ -187,6 +188,7 @@ private:
     int m_groupDepth = 0;
     bool m_isGroupBegun = false; // something was changed in it
     int m_userDepth = 0;         // while the user's input is handled
+    int m_reportedCursor = -1;   // in what the user does now
     bool m_isScrolledByUser = false;
     bool m_isUndoEnabled = true;
     bool m_isRich = false;
