@@ -76,17 +76,11 @@ void QtEditArea2::doScrollTo(int position)
 bool QtEditArea2::doFind(const TextSearch& search)
 {
     settle();
-    const QTextCursor cursor = textCursor();
-    const auto found =
-        TextFinder(text(), search)
-            .find(search.isBackward ? cursor.selectionStart() : cursor.selectionEnd());
-    if (!found)
+    const QTextCursor found = TextFinder(text(), search).select(textCursor());
+    if (found.isNull())
         return false;
     const QtProgramScope scope;
-    QTextCursor selection(&text());
-    selection.setPosition(found->m_from);
-    selection.setPosition(found->m_from + found->m_length, QTextCursor::KeepAnchor);
-    show(selection);
+    show(found);
     return true;
 }
 

@@ -1,5 +1,6 @@
 // What a text browser is asked about the page that it shows.
 
+#include "textfinder.h"
 #include "textposition.h"
 #include "voxi2_qt/controls/qttextbrowser2.h"
 #include "voxi2_qt/controls/textbrowser.h"
@@ -14,12 +15,14 @@ namespace VOXI {
 
 bool QtTextBrowser2::doFind(const TextSearch& search)
 {
+    const QTextCursor found =
+        TextFinder(*m_browser->document(), search).select(m_browser->textCursor());
+    if (found.isNull())
+        return false;
     const QtProgramScope scope;
-    QTextDocument::FindFlags flags;
-    flags.setFlag(QTextDocument::FindBackward, search.backward);
-    flags.setFlag(QTextDocument::FindCaseSensitively, search.caseSensitive);
-    flags.setFlag(QTextDocument::FindWholeWords, search.wholeWords);
-    return m_browser->findText(toQString(search.text), flags, search.wraps);
+    m_browser->setTextCursor(found);
+    m_browser->ensureCursorVisible();
+    return true;
 }
 
 void QtTextBrowser2::doScrollToAnchor(const std::wstring& name)

@@ -29,22 +29,6 @@ bool isSide(double millimetres) { return millimetres >= LeastSide && millimetres
 
 } // namespace
 
-bool TextBrowser::findText(const QString& text, QTextDocument::FindFlags flags, bool wraps)
-{
-    if (text.isEmpty())
-        return false;
-    if (find(text, flags))
-        return true;
-    const bool isBackward = flags.testFlag(QTextDocument::FindBackward);
-    const QTextCursor found =
-        wraps ? document()->find(text, isBackward ? document()->characterCount() - 1 : 0, flags)
-              : QTextCursor();
-    if (found.isNull())
-        return false;
-    setTextCursor(found);
-    return true;
-}
-
 void TextBrowser::setZoom(int percent)
 {
     m_zoom = std::clamp(percent, LeastZoom, MostZoom);

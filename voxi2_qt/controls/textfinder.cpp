@@ -64,6 +64,17 @@ std::optional<TextFinder::Match> TextFinder::find(int from) const
     return found;
 }
 
+QTextCursor TextFinder::select(const QTextCursor& from) const
+{
+    const auto found = find(m_search.isBackward ? from.selectionStart() : from.selectionEnd());
+    if (!found)
+        return {};
+    QTextCursor selection(from);
+    selection.setPosition(found->m_from);
+    selection.setPosition(found->m_from + found->m_length, QTextCursor::KeepAnchor);
+    return selection;
+}
+
 std::optional<TextFinder::Match> TextFinder::matchAt(int from, int length) const
 {
     if (isNothing() || length <= 0)

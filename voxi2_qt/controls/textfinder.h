@@ -1,10 +1,11 @@
 #pragma once
 
-#include "voxi2/controls/textareavalues.h"
+#include "voxi2/controls/textsearch.h"
 
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
+#include <QTextCursor>
 
 #include <optional>
 #include <vector>
@@ -31,6 +32,10 @@ public:
     /// The nearest one that begins at `from` or behind it; of a search that is backward, that ends
     /// there or before. Then from the other end, if it wraps.
     std::optional<Match> find(int from) const;
+
+    /// A cursor that selects the next one behind the selection of another, or before it; null when
+    /// there is none.
+    QTextCursor select(const QTextCursor& from) const;
 
     /// The one that is exactly there.
     std::optional<Match> matchAt(int from, int length) const;

@@ -106,7 +106,7 @@ private:
     void find(bool backward)
     {
         const std::wstring text = m_search->textU();
-        if (!m_browser->find({.text = text, .backward = backward}))
+        if (!m_browser->find({.text = text, .isBackward = backward}))
             m_log.add("not found: " + m_search->text());
     }
 

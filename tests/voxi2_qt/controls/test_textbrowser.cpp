@@ -206,7 +206,7 @@ TEST_F(TextBrowserTest, findsTextsAndSelectsThem)
     EXPECT_TRUE(m_browser->find({.text = L"one", .wholeWords = true}));
     EXPECT_TRUE(m_browser->find({.text = L"one", .wholeWords = true}));
     EXPECT_EQ(m_browser->selection(), (TextRange{24, 3}));
-    EXPECT_TRUE(m_browser->find({.text = L"one", .backward = true}));
+    EXPECT_TRUE(m_browser->find({.text = L"one", .isBackward = true}));
     EXPECT_EQ(m_browser->selection(), (TextRange{19, 3}));
     EXPECT_TRUE(m_browser->find({.text = L"One", .caseSensitive = true}));
     EXPECT_EQ(m_browser->selection(), (TextRange{2, 3})) << "it goes on at the start";

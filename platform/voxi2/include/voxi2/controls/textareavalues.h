@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/texteditvalues.h"
+#include "voxi2/controls/textsearch.h"
 #include "voxi_util/color.h"
 #include "voxi_util/icon.h"
 
@@ -23,19 +24,6 @@ struct TextPlace
     int column = 0;
 
     friend bool operator==(const TextPlace&, const TextPlace&) = default;
-};
-
-/// What is searched for.
-struct TextSearch
-{
-    std::wstring text{};
-    bool caseSensitive = false;
-    bool wholeWords = false;
-    bool isExpression = false; ///< a Perl-compatible regular expression; it matches within a line
-    bool isBackward = false;
-    bool wraps = true; ///< goes on from the other end of the text
-
-    friend bool operator==(const TextSearch&, const TextSearch&) = default;
 };
 
 /// How a part of a text looks. A colour that is not given stays as it is.

@@ -4,18 +4,6 @@
 
 namespace VOXI {
 
-/// A text to be looked for in a page.
-struct TextSearch
-{
-    std::wstring text{};
-    bool backward = false; ///< before the selection, not behind it
-    bool caseSensitive = false;
-    bool wholeWords = false;
-    bool wraps = true; ///< goes on at the other end of the page
-
-    friend bool operator==(const TextSearch&, const TextSearch&) = default;
-};
-
 /// A page that the user has seen, or can go forward to.
 struct PageVisit
 {

@@ -3,6 +3,7 @@
 #include "voxi2/controls/textbrowservalues.h"
 #include "voxi2/controls/texteditvalues.h"
 #include "voxi2/controls/textresource.h"
+#include "voxi2/controls/textsearch.h"
 #include "voxi2/controls/vxtextbrowserevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
@@ -173,7 +174,8 @@ public:
 
     // The page
 
-    /// Selects the next place where the text stands; false, and all as it was, where it does not.
+    /// Selects the next place where it stands, behind the selection or before it; false, and all as
+    /// it was, where there is none.
     bool find(const TextSearch& search);
     /// To where the page has a name; does nothing where it has not.
     void scrollToAnchor(const AnyText& name);

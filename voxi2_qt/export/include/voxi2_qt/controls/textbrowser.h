@@ -60,7 +60,6 @@ public:
     int visitPlace() const;
 
     // The page
-    bool findText(const QString& text, QTextDocument::FindFlags flags, bool wraps);
     int zoom() const { return m_zoom; }
     void setZoom(int percent);
     /// To be called when the font has changed that it is a part of.
