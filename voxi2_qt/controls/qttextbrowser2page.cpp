@@ -12,7 +12,7 @@ namespace VOXI {
 
 // Requests ----------------------------------------------------------------------------------------
 
-bool QtTextBrowser2::doFind(const TextSearch& search)
+bool QtTextBrowser2::doFind(const PageSearch& search)
 {
     const QtProgramScope scope;
     QTextDocument::FindFlags flags;

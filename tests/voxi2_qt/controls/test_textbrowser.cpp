@@ -210,9 +210,9 @@ TEST_F(TextBrowserTest, findsTextsAndSelectsThem)
     EXPECT_EQ(m_browser->selection(), (TextRange{19, 3}));
     EXPECT_TRUE(m_browser->find({.text = L"One", .caseSensitive = true}));
     EXPECT_EQ(m_browser->selection(), (TextRange{2, 3})) << "it goes on at the start";
-    for (const TextSearch& vain :
-         {TextSearch{L""}, TextSearch{L"two"},
-          TextSearch{.text = L"One", .caseSensitive = true, .wraps = false}}) {
+    for (const PageSearch& vain :
+         {PageSearch{L""}, PageSearch{L"two"},
+          PageSearch{.text = L"One", .caseSensitive = true, .wraps = false}}) {
         EXPECT_FALSE(m_browser->find(vain));
         EXPECT_EQ(m_browser->selectedText(), L"One");
     }

@@ -109,7 +109,7 @@ std::vector<PageVisit> VXTextBrowser2::history() const { return m_emitters.getHi
 int VXTextBrowser2::historyPlace() const { return m_emitters.getHistoryPlace(); }
 void VXTextBrowser2::setHistoryPlace(int place) { m_emitters.setHistoryPlace(place); }
 void VXTextBrowser2::clearHistory() { m_emitters.clearHistory(); }
-bool VXTextBrowser2::find(const TextSearch& search) { return m_emitters.find(search); }
+bool VXTextBrowser2::find(const PageSearch& search) { return m_emitters.find(search); }
 
 void VXTextBrowser2::scrollToAnchor(const AnyText& name)
 {

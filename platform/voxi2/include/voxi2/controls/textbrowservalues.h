@@ -5,7 +5,7 @@
 namespace VOXI {
 
 /// A text to be looked for in a page.
-struct TextSearch
+struct PageSearch
 {
     std::wstring text{};
     bool backward = false; ///< before the selection, not behind it
@@ -13,7 +13,7 @@ struct TextSearch
     bool wholeWords = false;
     bool wraps = true; ///< goes on at the other end of the page
 
-    friend bool operator==(const TextSearch&, const TextSearch&) = default;
+    friend bool operator==(const PageSearch&, const PageSearch&) = default;
 };
 
 /// A page that the user has seen, or can go forward to.

@@ -57,7 +57,7 @@ struct VXTextBrowser2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<void()> clearHistory{*this};
 
     // The page
-    TROV::Request<bool(TextSearch)> find{*this};
+    TROV::Request<bool(PageSearch)> find{*this};
     TROV::Request<void(std::wstring)> scrollToAnchor{*this};
     TROV::Request<void(int)> setZoom{*this};
     TROV::Request<int()> getZoom{*this};
@@ -174,7 +174,7 @@ public:
     // The page
 
     /// Selects the next place where the text stands; false, and all as it was, where it does not.
-    bool find(const TextSearch& search);
+    bool find(const PageSearch& search);
     /// To where the page has a name; does nothing where it has not.
     void scrollToAnchor(const AnyText& name);
     /// The size of texts that have none of their own, in percent of the font's: 100 at first,

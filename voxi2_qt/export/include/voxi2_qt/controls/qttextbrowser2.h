@@ -54,7 +54,7 @@ public:
     virtual int doGetHistoryPlace();
     virtual void doSetHistoryPlace(int place);
     virtual void doClearHistory();
-    virtual bool doFind(const TextSearch& search);
+    virtual bool doFind(const PageSearch& search);
     virtual void doScrollToAnchor(const std::wstring& name);
     virtual void doSetZoom(int percent);
     virtual int doGetZoom();
