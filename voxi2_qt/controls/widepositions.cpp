@@ -79,7 +79,7 @@ void WidePositions::change(const QTextDocument& document, int from, int removed,
     if (m_pieces.empty())
         m_pieces.push_back({formerLength, 0});
 
-    // The pieces that are touched, with the next one: a pair may have come about between them.
+    // The pieces that are touched, also at their ends: a pair may have come about between them.
     std::size_t first = 0;
     int begin = 0;
     while (first + 1 < m_pieces.size() && begin + m_pieces[first].m_units < from)
@@ -87,8 +87,6 @@ void WidePositions::change(const QTextDocument& document, int from, int removed,
     std::size_t end = first;
     int units = 0;
     while (end < m_pieces.size() && begin + units <= from + gone)
-        units += m_pieces[end++].m_units;
-    if (end < m_pieces.size())
         units += m_pieces[end++].m_units;
 
     const QString text = textBetween(document, begin, begin + units - gone + come);

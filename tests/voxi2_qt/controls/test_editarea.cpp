@@ -135,6 +135,12 @@ TEST_F(EditArea, placesAreLinesAndColumns)
     EXPECT_EQ(m_area.selection(), (TextRange{4, 11}));
     EXPECT_EQ(m_area.textOf({3, 2}), L"\n\U0001f600");
     EXPECT_EQ(m_area.textOf({-10, 12}), L"on");
+
+    // Two halves of a character that come together where a piece of the text ends.
+    m_area.setText(L"\U0001f600" + std::wstring(4092, L'a') + L"\xd83d" + L"x" + L"\xde00" + L"b");
+    m_area.replace({4094, 1}, "");
+    EXPECT_EQ(m_area.length(), 1 + 4092 + 1 + 1);
+    EXPECT_EQ(m_area.placeOf(4095), (TextPlace{0, 4095}));
 }
 
 TEST_F(EditArea, findsAndReplaces)
