@@ -18,8 +18,9 @@ namespace VOXI {
 
 void QtComboBox2::doSetViewModel(VXAbstractViewModel2* model)
 {
+    const VXObjectDataLocker lock;
     QtComboModel* const former = m_model;
-    if (!model && !former)
+    if (model ? !VXObject::isObjectValid(model) : !former)
         return;
     const QtProgramScope scope;
     // Qt deletes at once what it owns, and may be on its way through it.

@@ -120,10 +120,13 @@ TEST_F(Form, isFilledByWorkersWhileOthersEndIt)
     for (int i = 0; i < 2; ++i) {
         workers.emplace_back([form] {
             for (int row = 0; row < 100; ++row) {
-                form.with([](VXFormLayout2& layout) {
+                form.with([form](VXFormLayout2& layout) {
+                    // Each of the first two waits, and the form may end meanwhile.
                     auto* const field = new VXEdit2(&layout);
-                    layout.addRow("label", field);
-                    layout.setValidationState(field, ValidationState::Warning, "by a worker");
+                    if (form.isValid())
+                        layout.addRow("label", field);
+                    if (form.isValid())
+                        layout.setValidationState(field, ValidationState::Warning, "by a worker");
                 });
             }
         });

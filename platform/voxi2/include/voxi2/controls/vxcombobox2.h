@@ -124,7 +124,7 @@ public:
     /// Their numbers are the items'; the current one stays when others come, go or move. What is
     /// not in sight is not asked for: `item` answers and `findText` finds what is known. The
     /// requests that change items do nothing, and the width is for 16 characters unless another one
-    /// is set. Null takes the model away; the model is its owner's.
+    /// is set. Null takes the model away, a dead one is ignored; the model is its owner's.
     void setViewModel(VXAbstractViewModel2* model);
     VXAbstractViewModel2* viewModel() const;
     /// The number of the column that is shown; the first one for 0, as at first, and for one that
