@@ -18,15 +18,19 @@ namespace VOXI {
 
 void QtComboBox2::doSetViewModel(VXAbstractViewModel2* model)
 {
-    const VXObjectDataLocker lock;
     QtComboModel* const former = m_model;
-    if (model ? !VXObject::isObjectValid(model) : !former)
+    if (!model && !former)
         return;
+    QtComboModel* const made = model ? new QtComboModel(model, nullptr, this) : nullptr;
+    if (made && !made->hasModel()) { // it is dead
+        delete made;
+        return;
+    }
     const QtProgramScope scope;
     // Qt deletes at once what it owns, and may be on its way through it.
     if (former)
         former->setParent(nullptr);
-    m_model = model ? new QtComboModel(model, nullptr, this) : nullptr;
+    m_model = made;
     if (m_model) {
         adopt(*m_model);
     } else {

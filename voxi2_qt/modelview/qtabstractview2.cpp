@@ -238,13 +238,18 @@ QAbstractItemView& QtAbstractView2::itemView() const
 
 void QtAbstractView2::installModel(VXAbstractViewModel2* model)
 {
-    const QtProgramScope scope;
     QAbstractItemView& view = itemView();
+    auto* const made = new QtViewModel2(model, nullptr, &view);
+    if (model && !made->hasModel()) { // it is dead
+        delete made;
+        return;
+    }
+    const QtProgramScope scope;
     m_delegate->closeIndexWidget(m_delegate->getEditorIndex(), false);
     m_host->clearQueuedEvents();
     m_copyJob.reset();
     QtViewModel2* const former = m_model;
-    m_model = new QtViewModel2(model, nullptr, &view);
+    m_model = made;
     m_model->setCacheLimit(m_cacheLimit);
     m_delegate->clearPaintCache();
     // By way of none, for the header to forget what was set for the former columns.

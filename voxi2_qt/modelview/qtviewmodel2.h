@@ -57,6 +57,8 @@ public:
                  QObject* parent = nullptr);
     ~QtViewModel2() override;
 
+    /// Whether there was one, and it lived, when this was made.
+    bool hasModel() const { return m_model != 0; }
     /// Null when there is none or it has gone. To be used under the object lock.
     VXAbstractViewModel2* abstractModel() const;
 
