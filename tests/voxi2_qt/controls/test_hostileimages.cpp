@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include <array>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <zlib.h>
@@ -21,7 +22,7 @@ namespace {
 struct Hostile
 {
     const char* m_name;
-    std::string m_text;
+    std::function<std::string()> m_text; ///< made when it is needed: some take long
 
     friend std::ostream& operator<<(std::ostream& out, const Hostile& hostile)
     {
@@ -108,33 +109,47 @@ std::vector<Hostile> hostiles()
 {
     const std::string image = "<image width='9' height='9' xlink:href='";
     return {
-        {"empty", ""},
-        {"noDrawing", "<html/>"},
-        {"truncated", GreenSvg.substr(0, GreenSvg.size() - 3)},
-        {"zeros", std::string(1000, '\0')},
-        {"entities", laughs()},
-        {"manyEntities", "<!DOCTYPE svg [<!ENTITY a '" + std::string(4000, 'x') + "'>]>"
-                             + svg("<text>" + repeated("&a;", 100'000) + "</text>")},
-        {"itself", svg("<g id='a'><use xlink:href='#a'/></g>")},
-        {"eachOther", svg("<g id='a'><use xlink:href='#b'/></g><g id='b'><use xlink:href='#a'/>"
-                          "</g>")},
-        {"gradients", svg("<linearGradient id='a' xlink:href='#b'/><linearGradient id='b' "
-                          "xlink:href='#a'/><rect width='9' height='9' fill='url(#a)'/>")},
-        {"avalanche", svg(avalanche())},
-        {"chain", svg(chain())},
-        {"deep", svg(repeated("<g>", 100'000) + repeated("</g>", 100'000))},
-        {"many", svg(repeated("<g/>", 1'000'000))},
-        {"longPath", svg("<path d='M0 0" + repeated("h1 ", 5'000'000) + "'/>")},
-        {"file", svg(image + "FILE'/>")},
-        {"fileUrl", svg(image + "file://FILE'/>")},
-        {"fileBesideData", svg(image + "data:image/png,../../../../../../../../FILE'/>")},
-        {"network", svg(image + "http://localhost:9/x.png'/>")},
-        {"styleSheet", "<?xml-stylesheet type='text/css' href='FILE'?>" + GreenSvg},
-        {"useOfAFile", svg("<use xlink:href='FILE#a'/>")},
+        {"empty", [=] { return ""; }},
+        {"noDrawing", [=] { return "<html/>"; }},
+        {"truncated", [=] { return GreenSvg.substr(0, GreenSvg.size() - 3); }},
+        {"zeros", [=] { return std::string(1000, '\0'); }},
+        {"entities", [=] { return laughs(); }},
+        {"manyEntities",
+         [=] {
+             return "<!DOCTYPE svg [<!ENTITY a '" + std::string(4000, 'x') + "'>]>"
+                    + svg("<text>" + repeated("&a;", 100'000) + "</text>");
+         }},
+        {"itself", [=] { return svg("<g id='a'><use xlink:href='#a'/></g>"); }},
+        {"eachOther",
+         [=] {
+             return svg("<g id='a'><use xlink:href='#b'/></g><g id='b'><use xlink:href='#a'/>"
+                        "</g>");
+         }},
+        {"gradients",
+         [=] {
+             return svg("<linearGradient id='a' xlink:href='#b'/><linearGradient id='b' "
+                        "xlink:href='#a'/><rect width='9' height='9' fill='url(#a)'/>");
+         }},
+        {"avalanche", [=] { return svg(avalanche()); }},
+        {"chain", [=] { return svg(chain()); }},
+        {"deep", [=] { return svg(repeated("<g>", 100'000) + repeated("</g>", 100'000)); }},
+        {"many", [=] { return svg(repeated("<g/>", 1'000'000)); }},
+        {"longPath", [=] { return svg("<path d='M0 0" + repeated("h1 ", 5'000'000) + "'/>"); }},
+        {"file", [=] { return svg(image + "FILE'/>"); }},
+        {"fileUrl", [=] { return svg(image + "file://FILE'/>"); }},
+        {"fileBesideData",
+         [=] { return svg(image + "data:image/png,../../../../../../../../FILE'/>"); }},
+        {"network", [=] { return svg(image + "http://localhost:9/x.png'/>"); }},
+        {"styleSheet", [=] { return "<?xml-stylesheet type='text/css' href='FILE'?>" + GreenSvg; }},
+        {"useOfAFile", [=] { return svg("<use xlink:href='FILE#a'/>"); }},
         {"drawingInData",
-         svg(image + "data:image/svg+xml;base64," + encoded(svg(image + "FILE'/>")) + "'/>")},
-        {"hugePicture", svg(image + "data:image/png;base64," + encoded(hugePng()) + "'/>")},
-        {"bomb", packed(std::string(1 << 20, ' '), 512)},
+         [=] {
+             return svg(image + "data:image/svg+xml;base64," + encoded(svg(image + "FILE'/>"))
+                        + "'/>");
+         }},
+        {"hugePicture",
+         [=] { return svg(image + "data:image/png;base64," + encoded(hugePng()) + "'/>"); }},
+        {"bomb", [=] { return packed(std::string(1 << 20, ' '), 512); }},
     };
 }
 
@@ -156,7 +171,7 @@ TEST_P(HostileDrawing, isNotShownAnywhere)
     QImage red(9, 9, QImage::Format_RGB32);
     red.fill(Qt::red);
     ASSERT_TRUE(red.save(picture));
-    std::string text = GetParam().m_text;
+    std::string text = GetParam().m_text();
     if (const std::size_t at = text.find("FILE"); at != std::string::npos)
         text.replace(at, 4, picture.toStdString());
 
