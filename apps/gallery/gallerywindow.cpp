@@ -15,7 +15,7 @@ using namespace VOXI;
 
 namespace {
 
-constexpr int ListWidth = 170;
+constexpr int ListWidth = 200;
 constexpr int PageWidth = 790;
 
 } // namespace
