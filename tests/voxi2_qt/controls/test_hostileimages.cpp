@@ -154,7 +154,7 @@ std::vector<Hostile> hostiles()
 }
 
 /// What this program has taken at most until now, in kilobytes.
-long mostMemory()
+[[maybe_unused]] long mostMemory()
 {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
