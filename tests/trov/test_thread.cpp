@@ -336,6 +336,24 @@ TEST_F(ThreadTest, ThreadsAreRecycledClean)
     EXPECT_LT(identities.size(), 10u);
 }
 
+TEST_F(ThreadTest, QuitThatComesTooLateDoesNotEndTheNextOne)
+{
+    Thread* ended = nullptr;
+    std::thread([&] { ended = Thread::getCurrentThread(); }).join();
+    ended->quit();
+    bool hasRun = false;
+    std::thread([&] {
+        Thread* const thread = Thread::getCurrentThread();
+        ASSERT_EQ(thread, ended) << "recycled";
+        thread->post([&] {
+            hasRun = true;
+            thread->quit();
+        });
+        thread->exec();
+    }).join();
+    EXPECT_TRUE(hasRun);
+}
+
 TEST_F(ThreadTest, AReferenceKeepsTheIdentityOfAnEndedThread)
 {
     ThreadRef ended;

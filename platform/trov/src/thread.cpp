@@ -67,6 +67,7 @@ Thread* Thread::attachCurrentThread()
             thread = threads.m_free.back();
             threads.m_free.pop_back();
             thread->m_isFree = false;
+            thread->m_quit = false; // which may have come too late for the one before
         }
         thread->ref();
     }
@@ -93,7 +94,6 @@ void Thread::detach()
     // What is dropped may send, as this thread still.
     close();
     setName({});
-    m_quit = false;
     m_bound = 0;
     s_ended = true;
     s_current = nullptr;
