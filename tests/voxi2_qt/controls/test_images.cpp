@@ -82,7 +82,7 @@ TEST(Image, readsFilesInAnyEncodingAndLeavesOutTheirBackground)
     EXPECT_EQ(image.imageSize(), (Size<int>{20, 20}));
     EXPECT_EQ(qt(image)->sizeHint(), QSize(10, 10));
     for (const std::string& nothing : {std::string("/no/such/file"), std::string("/tmp\0x", 6),
-                                       std::string(), std::string(10'000'000, 'x')}) {
+                                       std::string(), std::string(5'000'000, 'x')}) {
         image.setFile(path.toStdWString());
         image.setFile(nothing);
         EXPECT_EQ(image.imageSize(), (Size<int>{0, 0}));
