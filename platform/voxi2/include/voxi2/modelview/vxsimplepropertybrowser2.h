@@ -2,7 +2,7 @@
 
 #include "voxi2/kernel/vxhandle.h"
 #include "voxi2/kernel/vxwidget2.h"
-#include "voxi2/modelview/vxpropertyevents2.h"
+#include "voxi2/modelview/vxpropertybrowserevents2.h"
 #include "voxi2/modelview/vxsimpleproperty2.h"
 #include "voxi2/modelview/vxsimplepropertycomparator2.h"
 #include "voxi2/modelview/vxsimplepropertyeditorfactory2.h"
