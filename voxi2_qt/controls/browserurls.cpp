@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include <charconv>
+
 namespace VOXI {
 
 namespace {
@@ -90,8 +92,12 @@ bool isHostText(const QString& text)
 
 std::optional<int> bufferNumber(const QString& text)
 {
-    bool isNumber = false;
-    const int number = QString(text).remove(address()).toInt(&isNumber);
+    // As the abstract side reads it, which refuses buffers that there are not: Qt would also take
+    // blanks and a plus sign.
+    const QByteArray rest = QString(text).remove(address()).toUtf8();
+    int number = 0;
+    const auto [behind, error] = std::from_chars(rest.begin(), rest.end(), number);
+    const bool isNumber = error == std::errc() && behind == rest.end();
     return isNumber ? std::optional(number) : std::nullopt;
 }
 

@@ -47,7 +47,8 @@ TEST_F(TextBrowserTest, showsBuffersByTheirNumbers)
     m_browser->setCurrentBuffer(2);
     EXPECT_EQ(m_browser->textU(), L"\u00e4\u20ac\U0001F600");
 
-    for (const char* source : {"buffer://two", "buffer://", "buffer://1#x", "buffer://%31"}) {
+    for (const char* source :
+         {"buffer://two", "buffer://", "buffer://1#x", "buffer://%31", "buffer://+9"}) {
         m_browser->setSource(source);
         EXPECT_EQ(m_browser->text(), std::string("Invalid buffer format: ") + source);
         EXPECT_EQ(m_browser->source(), source);
