@@ -12,8 +12,6 @@
 #include <QKeyEvent>
 #include <QStringListModel>
 
-#include <climits>
-
 namespace VOXI {
 
 namespace {
@@ -127,15 +125,20 @@ void QtEdit2::doRemoveSideAction(VXAction2* action)
     });
 }
 
-/// Qt sets the text anew for it, which forgets what could be undone.
+/// Qt sets the text anew for it, which forgets what could be undone. Pasting more than fits takes
+/// it a time that grows with the square of what fits.
 void QtEdit2::doSetMaximumLength(int length)
 {
     const QtProgramScope scope;
-    if (const int most = length < 0 ? INT_MAX : length; most != maxLength())
+    const int most = length < 0 ? VXEdit2::GreatestLength : qMin(length, VXEdit2::GreatestLength);
+    if (most != maxLength())
         setMaxLength(most);
 }
 
-int QtEdit2::doGetMaximumLength() { return maxLength() == INT_MAX ? -1 : maxLength(); }
+int QtEdit2::doGetMaximumLength()
+{
+    return maxLength() == VXEdit2::GreatestLength ? -1 : maxLength();
+}
 
 void QtEdit2::doSetInputMask(const std::wstring& mask)
 {

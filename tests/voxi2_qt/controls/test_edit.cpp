@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <climits>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -276,9 +277,13 @@ TEST_F(Edit, takesWhateverIsPasted)
     }
     // By the clipboard, as its user does.
     QGuiApplication::clipboard()->setText(QString(20'000'000, u'x') + QChar(0xd800));
-    m_edit.selectAll();
-    QTest::keySequence(qt(m_edit), QKeySequence::Paste);
-    EXPECT_EQ(m_edit.textU(), std::wstring(32767, L'x'));
+    for (const int most : {32'767, -1}) {
+        m_edit.setMaximumLength(most);
+        m_edit.selectAll();
+        QTest::keySequence(qt(m_edit), QKeySequence::Paste);
+        const int held = most < 0 ? VXEdit2::GreatestLength : most;
+        EXPECT_TRUE(m_edit.textU() == std::wstring(std::size_t(held), L'x'));
+    }
     QGuiApplication::clipboard()->clear();
 }
 
@@ -290,6 +295,10 @@ TEST_F(Edit, hugeTextsAreCutOff)
     m_edit.selectAll();
     m_edit.imitateTyping(huge);
     EXPECT_EQ(m_edit.textU().size(), 32767u);
+    m_edit.setMaximumLength(INT_MAX);
+    EXPECT_EQ(m_edit.maximumLength(), -1);
+    m_edit.setText(huge);
+    EXPECT_EQ(m_edit.textU().size(), std::size_t(VXEdit2::GreatestLength));
     m_edit.setMaximumLength(0);
     EXPECT_EQ(m_edit.textU(), L"");
     m_edit.setReadOnly(true);

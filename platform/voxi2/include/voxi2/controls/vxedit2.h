@@ -76,8 +76,12 @@ public:
 
     // What may be entered
 
-    /// In UTF-16 units; 32767 at first, -1 for no limit. What is longer is cut off; with an input
-    /// mask that decides.
+    /// What fits into a line at all, in UTF-16 units: each key lays out the whole of it. Longer
+    /// texts are for `VXEditArea2`.
+    static constexpr int GreatestLength = 65'535;
+
+    /// In UTF-16 units; 32767 at first, -1 for as many as fit. What is longer is cut off; with an
+    /// input mask that decides.
     void setMaximumLength(int length);
     int maximumLength() const;
     /// The places and separators of a text of fixed form, as "99.99.9999;_"; empty for none.
