@@ -3,6 +3,7 @@
 #include "trov/thread.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qthandlerframe.h"
+#include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QBrush>
 
@@ -46,19 +47,18 @@ std::optional<QtShownProperty> QtShownProperty::read(VXHandle<VXSimpleProperty2>
     shown.isGroup = property->type().kind() == PropertyKind::Group;
     shown.isPlain = property->isPlain();
     shown.isPulled = property->isPulled();
-    shown.revision = property->revision();
-    shown.number = shown.revision->load();
+    shown.isDefault = property->isDefault();
     if (shown.isPlain) {
-        shown.name = toQString(property->getName());
+        shown.name = toQString(property->keptName());
         shown.value = toQString(property->getValue());
-        shown.nameColor = property->getNameTextColor();
-        property->noteRead();
+        shown.nameColor = property->keptNameTextColor();
+        property->noteRead(peer.getUID());
         return shown;
     }
     const QtHandlerFrame frame(peer);
     if (!readAll(handle, shown))
         return {};
-    property->noteRead(); // not before: reading may have been news, each time
+    property->noteRead(peer.getUID()); // not before: reading may have been news, each time
     return shown;
 }
 
@@ -66,30 +66,34 @@ QtPropertyItem::QtPropertyItem(Property property, const QtShownProperty& shown)
     : m_property(property)
 {
     setFlags(flags() | Qt::ItemIsEditable);
-    if (shown.isGroup) {
-        QFont bold;
-        bold.setBold(true);
-        setFont(NameColumn, bold);
-    }
+    showBold(NameColumn, shown.isGroup);
     show(shown);
 }
 
 void QtPropertyItem::show(const QtShownProperty& shown)
 {
-    m_revision = shown.revision;
-    m_number = shown.number;
     m_isPlain = shown.isPlain;
     m_isPulled = shown.isPulled;
     if (shown.name)
         setText(NameColumn, *shown.name);
     if (shown.value)
         setText(ValueColumn, *shown.value);
+    showBold(ValueColumn, !shown.isDefault);
     if (!shown.nameColor)
         return;
     if (shown.nameColor->alpha() != 0)
         setForeground(NameColumn, VX2Qt(*shown.nameColor));
     else if (data(NameColumn, Qt::ForegroundRole).isValid())
         setData(NameColumn, Qt::ForegroundRole, QVariant());
+}
+
+void QtPropertyItem::showBold(int column, bool isBold)
+{
+    if (font(column).bold() == isBold)
+        return;
+    QFont bold;
+    bold.setBold(true);
+    setData(column, Qt::FontRole, isBold ? QVariant(bold) : QVariant());
 }
 
 bool QtPropertyItem::contains(const QString& text) const

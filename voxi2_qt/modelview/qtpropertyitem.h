@@ -21,8 +21,7 @@ struct QtShownProperty
     bool isGroup = false;
     bool isPlain = false;
     bool isPulled = false;
-    VXSimpleProperty2::Revision revision;
-    unsigned number = 0; ///< of the revision
+    bool isDefault = true;
 
     /// Nothing if the property has ended, or ends by that. Calls the application.
     static std::optional<QtShownProperty> read(VXHandle<VXSimpleProperty2> property,
@@ -43,8 +42,8 @@ public:
     Property property() const { return m_property; }
     void show(const QtShownProperty& shown);
 
-    /// Whether it is sure that reading again would show nothing new.
-    bool isUpToDate() const { return m_isPlain && m_revision->load() == m_number; }
+    /// Whether it tells each change, so that there is nothing to look for.
+    bool isPlain() const { return m_isPlain; }
     /// Whether `refreshData` may change it.
     bool isPulled() const { return m_isPulled; }
 
@@ -61,9 +60,9 @@ public:
     bool isMatch = false; ///< for whoever filters
 
 private:
+    void showBold(int column, bool isBold);
+
     Property m_property;
-    VXSimpleProperty2::Revision m_revision;
-    unsigned m_number = 0;
     int m_place = 0;
     bool m_isPlain = false;
     bool m_isPulled = false;

@@ -28,7 +28,7 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::refreshDataOnKestraThread, &P::doRefreshDataOnKestraThread>(),
     TROV::row<&E::refreshUIOnUIThread, &P::doRefreshUIOnUIThread>(),
     TROV::row<&E::closeOpenEditor, &P::doCloseOpenEditor>(),
-    TROV::row<&E::refreshProperty, &P::doRefreshProperty>(),
+    TROV::row<&E::refreshNews, &P::doRefreshNews>(),
     TROV::row<&E::isReadonly, &P::doIsReadonly>(),
     TROV::row<&E::getProperties, &P::doGetProperties>(),
     TROV::row<&E::edit, &P::doEdit>(),
@@ -109,10 +109,7 @@ void QtSimplePropertyBrowser2::doRefreshDataOnKestraThread()
 void QtSimplePropertyBrowser2::doRefreshUIOnUIThread() { m_tree->refreshUIOnUIThread(); }
 void QtSimplePropertyBrowser2::doCloseOpenEditor() { m_tree->closeOpenEditor(); }
 
-void QtSimplePropertyBrowser2::doRefreshProperty(Property property)
-{
-    m_tree->refreshProperty(property);
-}
+void QtSimplePropertyBrowser2::doRefreshNews() { m_tree->refreshNews(); }
 
 bool QtSimplePropertyBrowser2::doIsReadonly() { return m_tree->isReadonly(); }
 

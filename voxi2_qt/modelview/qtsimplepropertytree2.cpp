@@ -281,6 +281,7 @@ QtPropertyItem* QtSimplePropertyTree2::doAddProperty(Property property, Property
         return nullptr;
     auto* const item = new QtPropertyItem(property, *shown);
     m_items.insert_or_assign(m_items.end(), property.id(), item);
+    noteRestless(*item);
     tellShown(property.id(), m_browser, true);
     const QtProgramScope scope;
     parent->addChild(item);
@@ -342,6 +343,7 @@ void QtSimplePropertyTree2::endItems(const QList<QTreeWidgetItem*>& tops)
 
 void QtSimplePropertyTree2::forget(unsigned id)
 {
+    m_restless.erase(id);
     if (m_items.erase(id) > 0)
         tellShown(id, m_browser, false);
 }

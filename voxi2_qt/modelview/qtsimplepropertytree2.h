@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace VOXI {
@@ -50,7 +51,7 @@ public:
     void refreshDataOnKestraThread();
     void refreshUIOnUIThread();
     void closeOpenEditor();
-    void refreshProperty(Property property);
+    void refreshNews();
     std::vector<Property> properties(Property group);
     void editProperty(Property property);
     Property editedProperty() const { return m_editor ? m_edited : Property(); }
@@ -104,6 +105,7 @@ private:
     void forget(unsigned id);
     bool waitsForItem(Property property) const;
     bool refreshItem(Property property);
+    void noteRestless(const QtPropertyItem& item);
 
     // Order and filter
     void settle();
@@ -124,6 +126,8 @@ private:
     QtSimplePropertyBrowser2& m_browser;
     /// By the properties' ids. Null for those that get their items when all are ordered.
     std::map<unsigned, QtPropertyItem*> m_items;
+    /// Those among them that a refresh has to look at: the others tell what changes.
+    std::set<unsigned> m_restless;
     std::shared_ptr<VXSimplePropertyComparator2> m_sort;
     std::shared_ptr<VXSimplePropertyEditorFactory2> m_editorFactory;
     bool m_isReadonly = false;

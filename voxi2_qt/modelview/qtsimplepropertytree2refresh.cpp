@@ -65,10 +65,8 @@ void QtSimplePropertyTree2::refreshDataOnKestraThread()
     if (const auto underWay = m_dataUnderWay.lock(); underWay && underWay->repeat())
         return;
     const auto refresh = std::make_shared<DataRefresh>();
-    for (const auto& [id, item] : m_items) {
-        if (item && item->isPulled())
-            refresh->properties.push_back(item->property());
-    }
+    for (const unsigned id : m_restless)
+        refresh->properties.push_back(m_items.at(id)->property());
     refresh->browser = static_cast<VXSimplePropertyBrowser2*>(m_browser.getHandle());
 
     TROV::Thread* thread = TROV::Thread::find(DataThread);
@@ -98,23 +96,32 @@ void QtSimplePropertyTree2::refreshDataOnKestraThread()
 void QtSimplePropertyTree2::refreshUIOnUIThread()
 {
     const QtDeletionHold hold(&m_browser);
-    for (auto at = m_items.begin(); at != m_items.end();) {
-        if (!at->second || at->second->isUpToDate()) {
-            ++at;
-            continue;
-        }
-        const unsigned id = at->first;
-        if (!refreshItem(at->second->property()) && !hold.isAlive())
+    refreshNews();
+    if (!hold.isAlive())
+        return;
+    for (auto at = m_restless.begin(); at != m_restless.end();) {
+        const unsigned id = *at;
+        const QtPropertyItem& item = *m_items.at(id);
+        if (!item.isPlain() && !refreshItem(item.property()) && !hold.isAlive())
             return;
-        at = m_items.upper_bound(id); // reading it may have changed anything
+        at = m_restless.upper_bound(id); // reading it may have changed anything
     }
 }
 
-void QtSimplePropertyTree2::refreshProperty(Property property)
+void QtSimplePropertyTree2::refreshNews()
 {
-    // One that waits for its item is read then.
-    if (itemOf(property))
-        refreshItem(property);
+    std::vector<Property> news;
+    {
+        const VXObjectDataLocker lock;
+        if (auto* browser = static_cast<VXSimplePropertyBrowser2*>(m_browser.getHandle()))
+            news = browser->takeNews();
+    }
+    const QtDeletionHold hold(&m_browser);
+    for (const Property each : news) {
+        // One that waits for its item is read then.
+        if (itemOf(each) && !refreshItem(each) && !hold.isAlive())
+            return;
+    }
 }
 
 /// False if it is not there any more.
@@ -128,11 +135,20 @@ bool QtSimplePropertyTree2::refreshItem(Property property)
     if (!item)
         return false;
     item->show(*shown);
+    noteRestless(*item);
     if (!m_filter.isEmpty()) {
         m_isFilterDue = true;
         settleSoon();
     }
     return true;
+}
+
+void QtSimplePropertyTree2::noteRestless(const QtPropertyItem& item)
+{
+    if (item.isPulled())
+        m_restless.insert(item.property().id());
+    else if (!m_restless.empty())
+        m_restless.erase(item.property().id());
 }
 
 void QtSimplePropertyTree2::setSort(const std::shared_ptr<VXSimplePropertyComparator2>& comparator)

@@ -8,6 +8,7 @@
 #include <QItemDelegate>
 
 #include <stdexcept>
+#include <thread>
 
 namespace VOXI {
 namespace {
@@ -340,6 +341,37 @@ TEST_F(Browser, keysAndFocusOfTheTreeAreTheBrowsers)
     m_browser->setCurrent(nullptr);
     QTest::keyClick(&tree(), Qt::Key_Down);
     EXPECT_EQ(m_browser->current(), nullptr);
+}
+
+TEST_F(Browser, otherValuesThanTheDefaultAreBold)
+{
+    VXSimpleProperty2& number = *add("number", 3);
+    const auto isBold = [this] {
+        turn();
+        return item("number")->font(1).bold();
+    };
+    EXPECT_FALSE(isBold());
+    number.setDefaultValue(4);
+    EXPECT_TRUE(isBold());
+    number.reset();
+    EXPECT_FALSE(isBold());
+}
+
+/// Each that shows it is told by itself: who has read it speaks for no other.
+TEST_F(Browser, changesReachAllBrowsersHoweverManyThereAre)
+{
+    VXSimpleProperty2& number = *add("number", 1);
+    VXSimplePropertyBrowser2 other;
+    other.addProperty(&number);
+    std::thread([&] {
+        for (int i = 2; i <= 5'000; ++i)
+            number.setValue(i);
+    }).join();
+    m_browser->refreshUI();
+    EXPECT_EQ(item("number")->text(1), QStringLiteral("5000"));
+    number.setValue(7);
+    EXPECT_EQ(shown(), "number=7");
+    EXPECT_EQ(shownIn(*qt(other)->findChild<QTreeWidget*>()->invisibleRootItem()), "number=7");
 }
 
 TEST_F(Browser, aPropertyAsAProgramUsesIt)

@@ -9,7 +9,9 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QTextEdit>
 #include <QToolButton>
 
 #include <charconv>
@@ -167,6 +169,37 @@ TEST_F(PropertyEditors, allElseIsTyped)
     EXPECT_EQ(shown(), "name=5deg");
     EXPECT_EQ(typed("90deg"), "90deg");
     EXPECT_EQ(typed("steep"), "90deg");
+}
+
+TEST_F(PropertyEditors, severalLinesHaveADialog)
+{
+    VXSimpleProperty2& lines = addTyped(PropertyType::multilineText(), "one\ntwo");
+    Log edited(lines.valueEdited());
+    const auto dialog = [this](const char* button) {
+        open<QLineEdit>().findChild<QToolButton*>()->click();
+        QTextEdit* area = nullptr;
+        EXPECT_TRUE(waitFor([&] {
+            area = qobject_cast<QTextEdit*>(QApplication::focusWidget());
+            return area;
+        }));
+        QTest::keyClicks(area, QStringLiteral("zero"));
+        QTest::keyClick(area, Qt::Key_Return);
+        for (QPushButton* each : area->window()->findChildren<QPushButton*>()) {
+            if (each->text() == QLatin1String(button))
+                return each->click();
+        }
+    };
+    dialog("&Cancel");
+    turn();
+    EXPECT_EQ(lines.valueAs<std::wstring>(), L"one\ntwo");
+    dialog("&OK");
+    turn();
+    EXPECT_EQ(lines.valueAs<std::wstring>(), L"zero\none\ntwo");
+    EXPECT_EQ(edited.count(), 1);
+    open<QLineEdit>().findChild<QToolButton*>()->click();
+    delete m_browser; // with the dialog
+    runDeletions();
+    EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
 TEST_F(PropertyEditors, aColourIsChosenFromAPalette)

@@ -37,7 +37,6 @@ VXSimpleProperty2::VXSimpleProperty2(const AnyText& name, const PropertyType& ty
                                      VXObject2* parent)
     : VXObject2(parent),
       m_type(type),
-      m_revision(std::make_shared<std::atomic<unsigned>>(1)),
       m_name(name.toWide()),
       m_value(type.initialValue()),
       m_emitters(VXObject2::m_emitters)
@@ -49,9 +48,9 @@ VXSimpleProperty2::~VXSimpleProperty2()
 {
     retire();
     const VXObjectDataLocker lock;
-    for (const unsigned browser : std::exchange(m_browsers, {})) {
-        if (auto* shown = static_cast<VXSimplePropertyBrowser2*>(objectById(browser)))
-            shown->drop(this);
+    for (const Showing& each : std::exchange(m_showings, {})) {
+        if (auto* browser = static_cast<VXSimplePropertyBrowser2*>(objectById(each.browser)))
+            browser->drop(this);
     }
 }
 
@@ -154,6 +153,7 @@ bool VXSimpleProperty2::setDefaultValue(const any& value)
         return false;
     const VXObjectDataLocker lock;
     m_default = std::move(kept);
+    touch();
     return true;
 }
 
@@ -256,14 +256,15 @@ void VXSimpleProperty2::refreshData()
 void VXSimpleProperty2::touch()
 {
     const VXObjectDataLocker lock;
-    m_revision->fetch_add(1, std::memory_order_release);
-    if (m_browsers.empty() || std::exchange(m_isTold, true))
-        return;
-    // A copy: sending may wait for room, without the lock.
+    std::vector<unsigned> untold; // a copy: telling may wait for room, without the lock
+    for (Showing& each : m_showings) {
+        if (!std::exchange(each.isTold, true))
+            untold.push_back(each.browser);
+    }
     const VXHandle<VXSimpleProperty2> self(this);
-    for (const unsigned browser : std::vector(m_browsers)) {
-        if (auto* shown = static_cast<VXSimplePropertyBrowser2*>(objectById(browser)))
-            shown->tellNews(self);
+    for (const unsigned each : untold) {
+        if (auto* browser = static_cast<VXSimplePropertyBrowser2*>(objectById(each)))
+            browser->tellNews(self);
     }
 }
 
@@ -276,10 +277,17 @@ bool VXSimpleProperty2::isPlain() const noexcept
 
 void VXSimpleProperty2::setShownIn(unsigned browser, bool isShown)
 {
-    std::erase(m_browsers, browser);
+    std::erase_if(m_showings, [=](const Showing& each) { return each.browser == browser; });
     if (isShown)
-        m_browsers.push_back(browser);
-    m_isTold = false;
+        m_showings.push_back({browser, false});
+}
+
+void VXSimpleProperty2::noteRead(unsigned browser) noexcept
+{
+    for (Showing& each : m_showings) {
+        if (each.browser == browser)
+            each.isTold = false;
+    }
 }
 
 } // namespace VOXI

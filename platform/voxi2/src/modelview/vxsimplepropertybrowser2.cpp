@@ -124,6 +124,14 @@ void VXSimplePropertyBrowser2::imitateDoubleClick(VXSimpleProperty2* property)
     m_emitters.doubleClick(handleOf(property));
 }
 
+/// However many there are until the back end takes them, it is asked once.
+void VXSimplePropertyBrowser2::tellNews(Property property)
+{
+    m_news.push_back(property);
+    if (m_news.size() == 1)
+        m_emitters.refreshNews();
+}
+
 /// None for null and for what has ended.
 VXHandle<VXSimpleProperty2> VXSimplePropertyBrowser2::handleOf(const VXSimpleProperty2* property)
 {

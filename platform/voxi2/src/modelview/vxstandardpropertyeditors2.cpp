@@ -1,8 +1,12 @@
 #include "voxi2/modelview/vxstandardpropertyeditors2.h"
 
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdialog2.h"
+#include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxcheckbox2.h"
 #include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxedit2.h"
+#include "voxi2/controls/vxeditarea2.h"
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxspinbox2.h"
 #include "voxi2/controls/vxtoolbutton2.h"
@@ -289,6 +293,49 @@ Made fileLine(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
     return made;
 }
 
+/// Shows the text in a dialog, which leaves the editor: the property is told directly.
+void editLines(VXHandle<VXSimplePropertyBrowser2> browser, Property property)
+{
+    const VXObjectDataLocker lock;
+    VXSimplePropertyBrowser2* const parent = browser.get();
+    if (!parent || !property.isValid())
+        return;
+    auto* const dialog = new VXDialog2(property->nameU(), parent);
+    auto* const rows = new VXBoxLayout2(dialog, Direction::TopToBottom);
+    auto* const area = new VXEditArea2(property->valueAs<std::wstring>(), dialog);
+    rows->addWidget(area, 1);
+    auto* const buttons = new VXBoxLayout2(rows, Direction::LeftToRight);
+    rows->addLayout(buttons);
+    buttons->addStretch();
+    for (const auto& [text, result] :
+         {std::pair("&OK", VXDialog2::Accepted), std::pair("&Cancel", VXDialog2::Rejected)}) {
+        auto* const button = new VXButton2(text, dialog);
+        dialog->setButtonResult(button, result);
+        buttons->addWidget(button);
+    }
+    // Only what the user has changed counts: line breaks are all alike in an area.
+    const std::wstring shown = area->textU();
+    dialog->finished().connect(
+        dialog, [=, edited = VXHandle<VXEditArea2>(area)](const VXDialogEvent2& event) {
+            const std::wstring now = edited->textU();
+            if (event.result() == VXDialog2::Accepted && edited.isValid() && now != shown)
+                property->imitateEdit(now);
+            dialog->destroy();
+        });
+    dialog->resize({480, 320});
+    dialog->open();
+    area->setFocus();
+}
+
+Made linesLine(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
+{
+    Made made = line(browser, property);
+    addButton(static_cast<VXEdit2&>(*made.editor), chooseIcon(), L"Edit",
+              [window = VXHandle<VXSimplePropertyBrowser2>(&browser),
+               edited = Property(&property)] { editLines(window, edited); });
+    return made;
+}
+
 bool fitsSpinBox(const PropertyType& type)
 {
     return std::in_range<int>(type.leastInteger()) && std::in_range<int>(type.greatestInteger());
@@ -312,6 +359,8 @@ Made make(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
         return colorBox(browser, property);
     case PropertyKind::File:
         return fileLine(browser, property);
+    case PropertyKind::MultilineText:
+        return linesLine(browser, property);
     case PropertyKind::Group:
         return {};
     default:

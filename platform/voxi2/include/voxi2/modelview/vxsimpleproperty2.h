@@ -7,9 +7,7 @@
 #include "voxi_util/anytext.h"
 #include "voxi_util/color.h"
 
-#include <atomic>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -97,7 +95,7 @@ public:
     /// the default away. None at first.
     bool setDefaultValue(const any& value);
     any defaultValue() const;
-    /// Whether the value is the default; true where there is none.
+    /// Whether the value is the default; true where there is none. Browsers show other values bold.
     bool isDefault() const;
     /// Not reported.
     void reset();
@@ -146,23 +144,28 @@ public:
 
     // For back ends, under the object lock
 
-    /// Counts what has become of what is shown; outlives the property.
-    using Revision = std::shared_ptr<const std::atomic<unsigned>>;
-    Revision revision() const noexcept { return m_revision; }
-    /// Whether the revision tells all: nothing is overridden.
+    /// What is shown of one that `isPlain`, without a copy.
+    const std::wstring& keptName() const noexcept { return m_name; }
+    const Color& keptNameTextColor() const noexcept { return m_nameColor; }
+    /// Whether each change is told to the browsers: nothing is overridden.
     bool isPlain() const noexcept;
     /// Whether `refreshData` does anything.
     bool isPulled() const noexcept { return m_source || !isPlain(); }
     /// A browser begins or ends to show it.
     void setShownIn(unsigned browser, bool isShown);
-    /// A browser reads it now: news are sent again from here on.
-    void noteRead() noexcept { m_isTold = false; }
+    /// A browser reads it now: it is told of changes again from here on.
+    void noteRead(unsigned browser) noexcept;
 
 private:
+    struct Showing
+    {
+        unsigned browser;
+        bool isTold; // that there are news, which it has not read
+    };
+
     bool refuse(std::wstring message);
 
     const PropertyType m_type;
-    const std::shared_ptr<std::atomic<unsigned>> m_revision;
 
     // Guarded by the object lock.
     std::wstring m_name;
@@ -173,9 +176,8 @@ private:
     Validator m_validator;
     std::wstring m_message;
     Color m_nameColor{0, 0, 0, 0};
-    std::vector<unsigned> m_browsers;
+    std::vector<Showing> m_showings;
     bool m_isReadOnly = false;
-    bool m_isTold = false; // the browsers know that there are news, and have not read them
 
     VXSimpleProperty2Emitters m_emitters;
 };

@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace VOXI {
@@ -31,7 +32,7 @@ struct VXSimplePropertyBrowser2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<void()> refreshDataOnKestraThread{*this};
     TROV::Request<void()> refreshUIOnUIThread{*this};
     TROV::Request<void()> closeOpenEditor{*this};
-    TROV::Request<void(Property)> refreshProperty{*this};
+    TROV::Request<void()> refreshNews{*this};
     TROV::Request<bool()> isReadonly{*this};
     TROV::Request<std::vector<Property>(Property)> getProperties{*this};
     TROV::Request<void(Property)> edit{*this};
@@ -164,14 +165,20 @@ public:
         return m_emitters.currentChanged.signal();
     }
 
+    // For back ends, under the object lock
+
+    /// The properties that have changed since this was asked for, each once.
+    std::vector<VXHandle<VXSimpleProperty2>> takeNews() { return std::exchange(m_news, {}); }
+
 private:
     friend class VXSimpleProperty2;
     using Property = VXHandle<VXSimpleProperty2>;
 
     static Property handleOf(const VXSimpleProperty2* property);
-    void tellNews(Property property) { m_emitters.refreshProperty(property); }
+    void tellNews(Property property);
     void drop(VXSimpleProperty2* ended) { m_emitters.removeProperty(ended); }
 
+    std::vector<Property> m_news; // guarded by the object lock
     VXSimplePropertyBrowser2Emitters m_emitters;
 };
 

@@ -14,9 +14,9 @@ namespace VOXI {
 /// A check box, a combo box, and a menu of flags change the property at once; what is typed counts
 /// when the user is done. A whole number has a spin box where its range is one of `int`, otherwise
 /// a line; other numbers have a line with two small buttons that step. Text of several lines is
-/// edited in one, with `\n` for a line break; texts of more than 32 767 characters can only be read
-/// here. A colour is chosen from a palette or typed; a file is typed or chosen in a dialog. Fonts,
-/// dates and the user's own types are typed.
+/// edited in one, with `\n` for a line break, or in a dialog; texts of more than 32 767 characters
+/// can only be read in a line. A colour is chosen from a palette or typed; a file is typed or
+/// chosen in a dialog. Fonts, dates and the user's own types are typed.
 ///
 /// One may serve several browsers.
 class VOXI2_EXPORT VXStandardPropertyEditors2 : public VXSimplePropertyEditorFactory2

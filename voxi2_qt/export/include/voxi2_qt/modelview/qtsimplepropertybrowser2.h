@@ -38,7 +38,7 @@ public:
     virtual void doRefreshDataOnKestraThread();
     virtual void doRefreshUIOnUIThread();
     virtual void doCloseOpenEditor();
-    virtual void doRefreshProperty(Property property);
+    virtual void doRefreshNews();
     virtual bool doIsReadonly();
     virtual std::vector<Property> doGetProperties(Property group);
     virtual void doEdit(Property property);
