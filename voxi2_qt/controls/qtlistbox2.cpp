@@ -1,6 +1,6 @@
 #include "voxi2_qt/controls/qtlistbox2.h"
 
-#include "../kernel/qttextinto.h"
+#include "../kernel/qtunitsinto.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
@@ -42,15 +42,21 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::eraseItem, &P::doEraseItem>());
 // clang-format on
 
-void simplify(QString& text)
+template <class Text>
+bool isSimple(const Text& text)
 {
-    // Qt prepares its search first, at a third of what an item costs.
-    if (text.contains(u'&'))
-        text.replace(QStringLiteral("&nbsp;"), QStringLiteral(" "));
+    return text.find('&') == Text::npos;
 }
 
-void readInto(QString& result, const std::wstring& text) { textInto(result, text); }
-void readInto(QString& result, const std::string& text) { result = toQString(text); }
+/// Qt prepares its search first, at a third of what an item costs.
+template <class Text>
+QString simplified(const Text& text)
+{
+    QString shown = toQString(text);
+    if (!isSimple(text))
+        shown.replace(QStringLiteral("&nbsp;"), QStringLiteral(" "));
+    return shown;
+}
 
 /// Keeps its text behind itself, in the same piece of memory, until that is changed. Qt's own has a
 /// list of values for it, which costs more than the text.
@@ -59,7 +65,20 @@ class TextItem final : public QListWidgetItem
 public:
     static TextItem* make(QStringView text)
     {
-        return ::new (::operator new(sizeof(TextItem) + bytesOf(text))) TextItem(text);
+        TextItem* const item = make(text.size());
+        std::memcpy(static_cast<void*>(item->ownUnits()), text.data(), bytesOf(text.size()));
+        return item;
+    }
+    static TextItem* makeSimplified(const std::string& text) { return make(simplified(text)); }
+    static TextItem* makeSimplified(const std::wstring& text)
+    {
+        if (isSimple(text)) {
+            TextItem* const item = make(static_cast<qsizetype>(text.size()));
+            if (unitsInto(item->ownUnits(), text))
+                return item;
+            delete item;
+        }
+        return make(simplified(text));
     }
 
     QListWidgetItem* clone() const override
@@ -79,15 +98,17 @@ public:
     static void operator delete(void* memory) { ::operator delete(memory); }
 
 private:
-    explicit TextItem(QStringView text) : m_length(text.size())
-    {
-        std::memcpy(static_cast<void*>(this + 1), text.data(), bytesOf(text));
-    }
+    explicit TextItem(qsizetype length) : m_length(length) {}
 
-    QStringView ownText() const { return {reinterpret_cast<const QChar*>(this + 1), m_length}; }
-    static std::size_t bytesOf(QStringView text)
+    static TextItem* make(qsizetype length)
     {
-        return static_cast<std::size_t>(text.size()) * sizeof(QChar);
+        return ::new (::operator new(sizeof(TextItem) + bytesOf(length))) TextItem(length);
+    }
+    QChar* ownUnits() { return reinterpret_cast<QChar*>(this + 1); }
+    QStringView ownText() const { return {reinterpret_cast<const QChar*>(this + 1), m_length}; }
+    static std::size_t bytesOf(qsizetype length)
+    {
+        return static_cast<std::size_t>(length) * sizeof(QChar);
     }
     static bool isText(int role) { return role == Qt::DisplayRole || role == Qt::EditRole; }
 
@@ -259,9 +280,7 @@ bool QtListBox2::event(QEvent* event)
 template <class Text>
 QString QtListBox2::simplifyItemString(const Text& text)
 {
-    QString shown = toQString(text);
-    simplify(shown);
-    return shown;
+    return simplified(text);
 }
 
 template <class Texts>
@@ -288,12 +307,8 @@ void QtListBox2::append(const Texts& texts)
     {
         const QtSignalBlocker quiet(model());
         int row = first;
-        QString shown;
-        for (const auto& text : texts) {
-            readInto(shown, text);
-            simplify(shown);
-            insertItem(row++, TextItem::make(shown));
-        }
+        for (const auto& text : texts)
+            insertItem(row++, TextItem::makeSimplified(text));
     }
     if (count() > first)
         rowsInserted(QModelIndex(), first, count() - 1);

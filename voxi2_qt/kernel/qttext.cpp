@@ -1,6 +1,6 @@
 #include "voxi2_qt/kernel/qttext.h"
 
-#include "qttextinto.h"
+#include "qtunitsinto.h"
 
 #include <QUtf8StringView>
 
@@ -27,20 +27,6 @@ bool isAscii(std::string_view text)
     for (const char character : text)
         bits |= static_cast<unsigned char>(character);
     return bits < 0x80;
-}
-
-/// What has as many units as the text has characters. Nearly all texts need no more, which is seen
-/// on the way.
-void fill(QString& result, const std::wstring& text)
-{
-    QChar* unit = result.data();
-    char32_t bits = 0;
-    for (const wchar_t character : text) {
-        bits |= static_cast<char32_t>(character);
-        *unit++ = QChar(static_cast<char16_t>(character));
-    }
-    if (bits > LastOfBmp)
-        result = toQString(std::u16string_view(utf16FromWide(text)));
 }
 
 std::string latin1Of(const QString& text)
@@ -83,14 +69,19 @@ std::string Detail::utf8FromQString(const QString& text)
 QString toQString(const std::wstring& text)
 {
     QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
-    fill(result, text);
-    return result;
+    return unitsInto(result.data(), text) ? result
+                                          : toQString(std::u16string_view(utf16FromWide(text)));
 }
 
-void textInto(QString& result, const std::wstring& text)
+// Whether it is one of the few is seen on the way.
+bool unitsInto(QChar* units, const std::wstring& text)
 {
-    result.resize(static_cast<qsizetype>(text.size()));
-    fill(result, text);
+    char32_t bits = 0;
+    for (const wchar_t character : text) {
+        bits |= static_cast<char32_t>(character);
+        *units++ = QChar(static_cast<char16_t>(character));
+    }
+    return bits <= LastOfBmp;
 }
 
 std::string toStdString(const QString& text)
