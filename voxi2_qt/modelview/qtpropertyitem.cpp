@@ -7,7 +7,9 @@
 
 #include <QBrush>
 
+#include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace VOXI {
 
@@ -66,7 +68,8 @@ QtPropertyItem::QtPropertyItem(Property property, const QtShownProperty& shown)
     : m_property(property)
 {
     setFlags(flags() | Qt::ItemIsEditable);
-    showBold(NameColumn, shown.isGroup);
+    if (shown.isGroup)
+        showBold(NameColumn, true);
     show(shown);
 }
 
@@ -74,11 +77,14 @@ void QtPropertyItem::show(const QtShownProperty& shown)
 {
     m_isPlain = shown.isPlain;
     m_isPulled = shown.isPulled;
-    if (shown.name)
-        setText(NameColumn, *shown.name);
-    if (shown.value)
-        setText(ValueColumn, *shown.value);
-    showBold(ValueColumn, !shown.isDefault);
+    const QString& name = shown.name ? *shown.name : m_texts[NameColumn];
+    const QString& value = shown.value ? *shown.value : m_texts[ValueColumn];
+    if (name != m_texts[NameColumn] || value != m_texts[ValueColumn]) {
+        m_texts = {name, value};
+        emitDataChanged();
+    }
+    if (std::exchange(m_isDefault, shown.isDefault) != shown.isDefault)
+        showBold(ValueColumn, !shown.isDefault);
     if (!shown.nameColor)
         return;
     if (shown.nameColor->alpha() != 0)
@@ -89,17 +95,35 @@ void QtPropertyItem::show(const QtShownProperty& shown)
 
 void QtPropertyItem::showBold(int column, bool isBold)
 {
-    if (font(column).bold() == isBold)
-        return;
     QFont bold;
     bold.setBold(true);
     setData(column, Qt::FontRole, isBold ? QVariant(bold) : QVariant());
 }
 
+QVariant QtPropertyItem::data(int column, int role) const
+{
+    return isText(column, role) ? m_texts[static_cast<std::size_t>(column)]
+                                : QTreeWidgetItem::data(column, role);
+}
+
+void QtPropertyItem::setData(int column, int role, const QVariant& value)
+{
+    if (!isText(column, role))
+        return QTreeWidgetItem::setData(column, role, value);
+    m_texts[static_cast<std::size_t>(column)] = value.toString();
+    emitDataChanged();
+}
+
+bool QtPropertyItem::isText(int column, int role)
+{
+    return (role == Qt::DisplayRole || role == Qt::EditRole)
+           && (column == NameColumn || column == ValueColumn);
+}
+
 bool QtPropertyItem::contains(const QString& text) const
 {
-    return this->text(NameColumn).contains(text, Qt::CaseInsensitive)
-           || this->text(ValueColumn).contains(text, Qt::CaseInsensitive);
+    return std::ranges::any_of(
+        m_texts, [&](const QString& each) { return each.contains(text, Qt::CaseInsensitive); });
 }
 
 } // namespace VOXI

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTreeWidgetItem>
 
+#include <array>
 #include <optional>
 
 namespace VOXI {
@@ -28,7 +29,8 @@ struct QtShownProperty
                                                const QtObject2& peer);
 };
 
-/// The row of a property.
+/// The row of a property. Keeps its texts itself: Qt's lists of values for each column cost more
+/// than these.
 class QtPropertyItem final : public QTreeWidgetItem
 {
 public:
@@ -49,6 +51,9 @@ public:
 
     bool contains(const QString& text) const;
 
+    QVariant data(int column, int role) const override;
+    void setData(int column, int role, const QVariant& value) override;
+
     /// Where it is to stand among those beside it.
     void setPlace(int place) { m_place = place; }
     int place() const { return m_place; }
@@ -60,12 +65,15 @@ public:
     bool isMatch = false; ///< for whoever filters
 
 private:
+    static bool isText(int column, int role);
     void showBold(int column, bool isBold);
 
     Property m_property;
+    std::array<QString, 2> m_texts; // by columns
     int m_place = 0;
     bool m_isPlain = false;
     bool m_isPulled = false;
+    bool m_isDefault = true;
 };
 
 } // namespace VOXI
