@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qtfactory2.h"
 
+#include "../modelview/qtviewmodelpeer2.h"
 #include "svglibrary.h"
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
@@ -145,6 +146,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtTab2>(factory.createTab2);
     serve<QtTabContainer2>(factory.createTabContainer2);
     serve<QtTableView2>(factory.createTableView2);
+    serve<QtViewModelPeer2>(factory.createViewModel2);
     serve<QtText2>(factory.createText2);
     serve<QtTextBrowser2>(factory.createTextBrowser2);
     serve<QtToolBar2>(factory.createToolbar2);

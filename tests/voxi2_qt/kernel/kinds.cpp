@@ -2,6 +2,7 @@
 
 #include "kinds.h"
 
+#include <QAbstractItemModel>
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -628,6 +629,17 @@ std::vector<Kind> controlKinds()
     };
 }
 
+/// A model that is shown in views of the host's own, and has a peer for that.
+class HostedModel : public VXTableModel2
+{
+public:
+    explicit HostedModel(VXObject2* parent = nullptr) : VXTableModel2(parent)
+    {
+        createItemModel(parent);
+    }
+    ~HostedModel() override { retire(); }
+};
+
 std::vector<Kind> modelviewKinds()
 {
     using Table = VXTableView2;
@@ -656,6 +668,7 @@ std::vector<Kind> modelviewKinds()
             .reports("currentChanged", &Properties::currentChanged),
         kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
             .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true),
+        kind<HostedModel, QAbstractItemModel, &F::createViewModel2>("TableModel"),
         kind<Tree, QTreeView, &F::createTreeView2>("TreeView", QAccessible::Tree)
             .has("wordWrap", &Tree::setWordWrap, &Tree::wordWrap, true)
             .has("uniformRowHeights", &Tree::setUniformRowHeights, &Tree::hasUniformRowHeights,

@@ -35,6 +35,27 @@ TEST_F(TableView, showsCellsAndFollowsTheModel)
     EXPECT_EQ(m_view.cellRect(1, 1).y, table().rowHeight(0));
 }
 
+TEST_F(TableView, aModelIsShownInViewsOfTheHostToo)
+{
+    auto model = std::make_unique<NumberedModel>(3);
+    show(*model);
+    QTableView own;
+    model->createItemModel();
+    own.setModel(qobject_cast<QAbstractItemModel*>(qObjectOf(lookup(model.get()))));
+    ASSERT_TRUE(own.model());
+    EXPECT_NE(own.model(), &qtModel());
+    own.show();
+    settle();
+    EXPECT_EQ(own.model()->index(1, 2).data().toString(), QStringLiteral("row 2, column 3"));
+    model->removeRow(1);
+    settle();
+    EXPECT_EQ(own.model()->rowCount(), 2);
+    m_tester.reset();
+    model.reset();
+    runDeletions();
+    EXPECT_FALSE(own.model());
+}
+
 TEST_F(TableView, takesAnotherModelAndLeavesNothingOfTheOld)
 {
     auto first = std::make_unique<NumberedModel>(3);
