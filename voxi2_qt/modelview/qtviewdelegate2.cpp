@@ -28,8 +28,9 @@ QSize QtViewDelegate2::sizeHint(const QStyleOptionViewItem& option, const QModel
 {
     // A tree measures rows far away, each of which would be asked for, and all above it with it
     // when the answer comes. What is not known is as high as a text.
-    QSize size = m_view.isKnown(index) ? QItemDelegate::sizeHint(option, index)
-                                       : QSize(0, qCeil(QFontMetricsF(option.font).height()));
+    QSize size(0, qCeil(QFontMetricsF(option.font).height()));
+    if (m_view.isKnown(index))
+        size = QItemDelegate::sizeHint(option, index).expandedTo(controlSize(option, index));
     if (const int height = m_view.fixedRowHeight(index); height >= 0)
         size.setHeight(height);
     return size;

@@ -133,6 +133,7 @@ private:
                           const QModelIndex& index) const;
     void paintControl(QPainter* painter, const QStyleOptionViewItem& option,
                       const QModelIndex& index, int kind) const;
+    QSize controlSize(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void renderButton(QPainter* painter, const QStyleOptionViewItem& option,
                       const QModelIndex& index) const;
     void renderCheckBox(QPainter* painter, const QStyleOptionViewItem& option,

@@ -44,6 +44,35 @@ QString textOf(const QModelIndex& index) { return index.data(Qt::DisplayRole).to
 /// A cell has no access keys: what looks like one is part of the text.
 QString buttonText(QString text) { return text.replace(u'&', QLatin1String("&&")); }
 
+QStyleOptionButton pushButton(const QStyleOptionViewItem& cell, const QModelIndex& index)
+{
+    QStyleOptionButton button;
+    take(button, cell);
+    button.state |= QStyle::State_Raised;
+    button.text = buttonText(textOf(index));
+    return button;
+}
+
+QStyleOptionButton checkBox(const QStyleOptionViewItem& cell, const QModelIndex& index)
+{
+    QStyleOptionButton box;
+    take(box, cell);
+    const bool isTicked = index.data(Qt::DisplayRole).toBool();
+    box.state |= isTicked ? QStyle::State_On : QStyle::State_Off;
+    box.text = buttonText(index.data(CellRendererTextRole).toString());
+    return box;
+}
+
+QStyleOptionComboBox comboBox(const QStyleOptionViewItem& cell, const QModelIndex& index)
+{
+    QStyleOptionComboBox box;
+    take(box, cell);
+    box.state &= ~QStyle::State_HasFocus;
+    box.currentText = textOf(index);
+    box.editable = index.data(CellRendererTextRole).toString() == QLatin1String("true");
+    return box;
+}
+
 /// A painter for a control in a cell.
 class ControlPainter
 {
@@ -123,14 +152,36 @@ void QtViewDelegate2::paintControl(QPainter* painter, const QStyleOptionViewItem
     drawFocus(painter, cell, cell.rect);
 }
 
+/// As the style wants it for the control; none for texts.
+QSize QtViewDelegate2::controlSize(const QStyleOptionViewItem& option,
+                                   const QModelIndex& index) const
+{
+    const int kind = index.data(CellRendererRole).toInt();
+    if (kind < 2 || kind > 4)
+        return {};
+    const QStyleOptionViewItem cell = setOptions(index, option);
+    const auto sizeOf = [&](QStyle::ContentsType type, const QStyleOption& control,
+                            const QString& text) {
+        return styleOf(option)->sizeFromContents(
+            type, &control, cell.fontMetrics.size(Qt::TextShowMnemonic, text), option.widget);
+    };
+    if (kind == 4) {
+        const QStyleOptionComboBox box = comboBox(cell, index);
+        return sizeOf(QStyle::CT_ComboBox, box, box.currentText);
+    }
+    if (kind == 3) {
+        const QStyleOptionButton box = checkBox(cell, index);
+        return sizeOf(QStyle::CT_CheckBox, box, box.text);
+    }
+    const QStyleOptionButton button = pushButton(cell, index);
+    return sizeOf(QStyle::CT_PushButton, button, button.text);
+}
+
 void QtViewDelegate2::renderButton(QPainter* painter, const QStyleOptionViewItem& option,
                                    const QModelIndex& index) const
 {
     const ControlPainter state(painter, option);
-    QStyleOptionButton button;
-    take(button, option);
-    button.state |= QStyle::State_Raised;
-    button.text = buttonText(textOf(index));
+    const QStyleOptionButton button = pushButton(option, index);
     styleOf(option)->drawControl(QStyle::CE_PushButton, &button, painter, option.widget);
 }
 
@@ -138,11 +189,7 @@ void QtViewDelegate2::renderCheckBox(QPainter* painter, const QStyleOptionViewIt
                                      const QModelIndex& index) const
 {
     const ControlPainter state(painter, option);
-    QStyleOptionButton box;
-    take(box, option);
-    const bool isTicked = index.data(Qt::DisplayRole).toBool();
-    box.state |= isTicked ? QStyle::State_On : QStyle::State_Off;
-    box.text = buttonText(index.data(CellRendererTextRole).toString());
+    QStyleOptionButton box = checkBox(option, index);
     box.palette = getHighlightedPalette(option, option.widget);
     styleOf(option)->drawControl(QStyle::CE_CheckBox, &box, painter, option.widget);
 }
@@ -152,11 +199,7 @@ void QtViewDelegate2::renderComboBox(QPainter* painter, const QStyleOptionViewIt
 {
     const ControlPainter state(painter, option);
     QStyle* const style = styleOf(option);
-    QStyleOptionComboBox box;
-    take(box, option);
-    box.state &= ~QStyle::State_HasFocus;
-    box.currentText = textOf(index);
-    box.editable = index.data(CellRendererTextRole).toString() == QLatin1String("true");
+    const QStyleOptionComboBox box = comboBox(option, index);
     style->drawComplexControl(QStyle::CC_ComboBox, &box, painter, option.widget);
     style->drawControl(QStyle::CE_ComboBoxLabel, &box, painter, option.widget);
     if (box.editable) {

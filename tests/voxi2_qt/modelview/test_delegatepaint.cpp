@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -246,6 +247,22 @@ TEST_F(DelegatePaint, controlsBlendWithTheSelection)
     set(checkBox(L"1"));
     m_option.palette = palette;
     EXPECT_EQ(painted().pixelColor(98, 28), QColor(10 + QPalette::Disabled, 20, 30));
+}
+
+TEST_F(DelegatePaint, controlsHaveTheRoomThatTheirStyleWants)
+{
+    const auto hint = [this](const CellUIData& data) {
+        set(data);
+        return m_view.delegate().sizeHint(m_option, m_model.index(0, 0));
+    };
+    const QSize text = hint(L"press");
+    const QSize wanted = QPushButton(QStringLiteral("press")).sizeHint();
+    EXPECT_GE(hint(button(L"press")).height(), wanted.height());
+    EXPECT_GT(hint(button(L"press")).width(), text.width());
+    EXPECT_GT(hint(checkBox(L"1")).width(), hint(L"label").width());
+    const QSize combo = hint(CellUIData(L"press").setRenderer(CellRenderer::ComboBox));
+    EXPECT_GT(combo.width(), text.width());
+    EXPECT_GE(combo.height(), text.height());
 }
 
 TEST_F(DelegatePaint, rowsAreAsHighAsTheyWereSet)
