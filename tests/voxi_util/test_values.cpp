@@ -1,6 +1,7 @@
 // The small values: flags, geometry, colours, fonts, lists of texts, counters and scopes.
 
 #include "support/inparallel.h"
+#include "voxi_util/ascending.h"
 #include "voxi_util/atomiccounter.h"
 #include "voxi_util/color.h"
 #include "voxi_util/geometry.h"
@@ -17,7 +18,10 @@
 #include <limits>
 #include <mutex>
 #include <numbers>
+#include <numeric>
 #include <shared_mutex>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -224,4 +228,22 @@ TEST(ReadWriteLock, writersAloneAndReadersBetweenThem)
     });
     EXPECT_EQ(first, 2000);
     EXPECT_EQ(readsThatSawHalf.value(), 0);
+}
+
+/// Whichever way several are compared at once.
+TEST(Ascending, isOnlyWhatHasNoFaultAnywhere)
+{
+    constexpr unsigned Size = 70;
+    for (const unsigned first : {0U, 0x7fffffe0U, 0xffffff00U}) {
+        for (unsigned size = 0; size < Size; ++size) {
+            std::vector<unsigned> values(size);
+            std::iota(values.begin(), values.end(), first);
+            EXPECT_TRUE(isAscending(values));
+            for (unsigned i = 1; i < size; ++i) {
+                const unsigned right = std::exchange(values[i], values[i - 1]);
+                EXPECT_FALSE(isAscending(values)) << first << ' ' << size << ' ' << i;
+                values[i] = right;
+            }
+        }
+    }
 }

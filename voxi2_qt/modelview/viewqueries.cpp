@@ -72,11 +72,14 @@ void ViewQueries::ask(Uid parent, Uids rows, Uids columns)
 void ViewQueries::askAroundSection(int section, Orientation orientation)
 {
     const bool isColumn = orientation == Orientation::Horizontal;
+    const int first = firstOfBlock(section, HeaderBlockSize);
+    if (std::exchange(m_lastSections[isColumn], first) == first)
+        return;
     const auto at = [&](int place) { return isColumn ? m_columns.at(place) : m_rows.at(0, place); };
-    sendHeader(orientation,
-               uidsOf(firstOfBlock(section, HeaderBlockSize), HeaderBlockSize,
-                      isColumn ? m_columns.count() : m_rows.rowCount(0), at),
-               false);
+    sendHeader(
+        orientation,
+        uidsOf(first, HeaderBlockSize, isColumn ? m_columns.count() : m_rows.rowCount(0), at),
+        false);
 }
 
 void ViewQueries::askSections(Orientation orientation, Uids sections)
@@ -131,6 +134,7 @@ std::optional<ViewQueries::PendingCells::Pending> ViewQueries::takeCells(unsigne
 
 std::optional<ViewQueries::PendingSections::Pending> ViewQueries::takeSections(unsigned id)
 {
+    m_lastSections = NoSections;
     return m_pendingSections.take(id);
 }
 
@@ -161,6 +165,7 @@ void ViewQueries::forgetVain()
 {
     m_vain.clear();
     m_lastBlock = {};
+    m_lastSections = NoSections;
 }
 
 void ViewQueries::cellsAreOld()

@@ -8,6 +8,7 @@
 
 #include <QHash>
 
+#include <array>
 #include <optional>
 #include <span>
 #include <vector>
@@ -84,6 +85,9 @@ private:
     PendingSections m_pendingSections;
     /// Asked for last, and not answered: views ask for all of its cells, ten times each.
     Block m_lastBlock;
+    /// The first section of the block that was asked for last, of rows and of columns; as above.
+    static constexpr std::array NoSections{-1, -1};
+    std::array<int, 2> m_lastSections = NoSections;
     /// Cells that were answered without a word of them, and how often: after the second time they
     /// are taken for empty. A view that is repainted because others are known would ask for ever.
     QHash<Cell, int> m_vain;
@@ -102,6 +106,7 @@ void ViewQueries::cellsAreOld(const IsChanged& isChanged)
 template <class IsChanged>
 void ViewQueries::sectionsAreOld(const IsChanged& isChanged)
 {
+    m_lastSections = NoSections;
     m_pendingSections.forEach([&](PendingSections::Pending& pending) {
         pending.isOld = pending.isOld || isChanged(pending.query);
     });
