@@ -43,6 +43,8 @@ Page signUpPage();
 Page loanPage();
 Page picturesPage();
 Page linksPage();
+Page diagramPage();
+Page clockPage();
 Page textsPage();
 Page logViewerPage();
 Page tablesPage();

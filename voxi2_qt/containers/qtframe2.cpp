@@ -1,8 +1,13 @@
 #include "voxi2_qt/containers/qtframe2.h"
 
+#include "voxi2_qt/kernel/qtcanvas.h"
 #include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtpaintinghold.h"
 
 #include <QPainter>
+
+#include <exception>
+#include <utility>
 
 namespace VOXI {
 
@@ -20,7 +25,10 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setShadow, &P::doSetShadow>(),
     TROV::row<&E::setShape, &P::doSetShape>(),
     TROV::row<&E::setLineWidth, &P::doSetLineWidth>(),
-    TROV::row<&E::setPaintCallback, &P::doSetPaintCallback>());
+    TROV::row<&E::setPaintCallback, &P::doSetPaintCallback>(),
+    TROV::row<&E::hasPainter, &P::doHasPainter>(),
+    TROV::row<&E::setPainter, &P::doSetPainter>(),
+    TROV::row<&E::updateArea, &P::doUpdateArea>());
 // clang-format on
 
 } // namespace
@@ -46,16 +54,53 @@ void QtFrame2::doSetPaintCallback(FramePaintCallback callback)
     update();
 }
 
+bool QtFrame2::doHasPainter() { return m_painter != nullptr; }
+
+void QtFrame2::doSetPainter(const FramePainter& painter)
+{
+    // What goes may do anything, also ask.
+    const auto former =
+        std::exchange(m_painter, painter ? std::make_shared<const FramePainter>(painter) : nullptr);
+    update();
+}
+
+void QtFrame2::doUpdateArea(VXRect<int> area) { update(VX2Qt(area)); }
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtFrame2::paintEvent(QPaintEvent* event)
 {
-    if (!m_paintCallback) {
+    if (m_painter) {
+        runPainter(event->rect());
+    } else if (m_paintCallback) {
+        QPainter painter(this);
+        m_paintCallback(&painter, rect());
+    } else {
         QtWidget2Shim::paintEvent(event);
-        return;
     }
-    QPainter painter(this);
-    m_paintCallback(&painter, rect());
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+void QtFrame2::runPainter(const QRect& area)
+{
+    VXObjectDataLocker lock;
+    if (m_isPainting || !isVXObjectValid())
+        return;
+    const auto painter = m_painter; // which may be replaced by what it does
+    const QtHandlerFrame frame(*this);
+    m_isPainting = true;
+    const QtPaintingHold hold(*window());
+    QPainter qtPainter(this);
+    QtCanvas engine(qtPainter);
+    const VXCanvas2::Session session(engine);
+    try {
+        (*painter)(session.canvas(), Qt2VX(area));
+    } catch (...) {
+        TROV::Thread::reportException(std::current_exception());
+    }
+    if (frame.isAlive())
+        m_isPainting = false;
 }
 
 } // namespace VOXI

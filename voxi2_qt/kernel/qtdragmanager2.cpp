@@ -67,8 +67,9 @@ void QtDragManager2::runDrag(const VXDrag2& drag, unsigned sourceId)
         const QPixmap pixmap = toQPixmap(drag.pixmap);
         if (!pixmap.isNull()) {
             running->setPixmap(pixmap);
+            const QSize shown = pixmap.deviceIndependentSize().toSize();
             running->setHotSpot(drag.hotSpot == VXPoint<int>{-1, -1}
-                                    ? QPoint(pixmap.width() / 2, pixmap.height() / 2)
+                                    ? QPoint(shown.width() / 2, shown.height() / 2)
                                     : VX2Qt(drag.hotSpot));
         }
         action = Qt2VX(running->exec(VX2Qt(drag.actions), VX2Qt(drag.defaultAction)));

@@ -27,6 +27,7 @@ QImage fromRaw(const Pixmap& pixmap)
         std::transform(from, from + image.width(), reinterpret_cast<QRgb*>(image.scanLine(y)),
                        [](std::uint32_t rgba) -> QRgb { return rgba >> 8 | rgba << 24; });
     }
+    image.setDevicePixelRatio(pixmap.pixelRatio());
     return image;
 }
 
@@ -136,7 +137,7 @@ Pixmap Qt2VX(const QImage& image)
         std::transform(line, line + argb.width(), std::back_inserter(pixels),
                        [](QRgb pixel) -> std::uint32_t { return pixel << 8 | pixel >> 24; });
     }
-    return Pixmap(argb.width(), argb.height(), std::move(pixels));
+    return Pixmap(argb.width(), argb.height(), std::move(pixels), argb.devicePixelRatio());
 }
 
 Pixmap Qt2VX(const QPixmap& pixmap) { return Qt2VX(pixmap.toImage()); }

@@ -8,6 +8,7 @@
 #include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi2/voxi2.h"
+#include "voxi2_qt/kernel/qtcanvas.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtcursorregistry.h"
 #include "voxi2_qt/kernel/qteventthrottler.h"
@@ -46,6 +47,7 @@ void initialize_voxi2_qt()
     // What converts values must be there before the first peer is made.
     VOXI::lockNarrowTextEncoding();
     VOXI::installQtImageDecoder();
+    VOXI::installQtCanvasMaker();
     VOXI::installQtFontNameResolver();
     // Connected before it is registered: no request can arrive unanswered. None of these is ever
     // deleted; objects may outlive the back end.

@@ -3,6 +3,7 @@
 #include "voxi_util/readwritelock.h"
 
 #include <atomic>
+#include <cmath>
 #include <cstddef>
 #include <utility>
 
@@ -33,32 +34,34 @@ struct Pixmap::Data
     std::vector<std::uint32_t> pixels;
     ByteArray data;
     std::string path;
+    double pixelRatio = 1;
 
     friend bool operator==(const Data&, const Data&) = default;
 };
 
 Pixmap::Pixmap(std::shared_ptr<const Data> data) noexcept : m_data(std::move(data)) {}
 
-Pixmap::Pixmap(int width, int height, std::vector<std::uint32_t> rgba)
+Pixmap::Pixmap(int width, int height, std::vector<std::uint32_t> rgba, double pixelRatio)
 {
     if (width <= 0 || height <= 0
         || rgba.size() != static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
         return;
-    m_data = std::make_shared<const Data>(Data{width, height, std::move(rgba), {}, {}});
+    const double ratio = std::isfinite(pixelRatio) && pixelRatio > 0 ? pixelRatio : 1;
+    m_data = std::make_shared<const Data>(Data{width, height, std::move(rgba), {}, {}, ratio});
 }
 
 Pixmap Pixmap::fromData(ByteArray data)
 {
     if (data.isEmpty())
         return {};
-    return Pixmap(std::make_shared<const Data>(Data{0, 0, {}, std::move(data), {}}));
+    return Pixmap(std::make_shared<const Data>(Data{0, 0, {}, std::move(data), {}, 1}));
 }
 
 Pixmap Pixmap::fromFile(std::string path)
 {
     if (path.empty())
         return {};
-    return Pixmap(std::make_shared<const Data>(Data{0, 0, {}, {}, std::move(path)}));
+    return Pixmap(std::make_shared<const Data>(Data{0, 0, {}, {}, std::move(path), 1}));
 }
 
 /// What a null pixmap reads from.
@@ -71,6 +74,7 @@ const Pixmap::Data& Pixmap::shared() const noexcept
 bool Pixmap::isRaw() const noexcept { return shared().width > 0; }
 int Pixmap::width() const noexcept { return shared().width; }
 int Pixmap::height() const noexcept { return shared().height; }
+double Pixmap::pixelRatio() const noexcept { return shared().pixelRatio; }
 const std::vector<std::uint32_t>& Pixmap::pixels() const noexcept { return shared().pixels; }
 const ByteArray& Pixmap::data() const noexcept { return shared().data; }
 const std::string& Pixmap::path() const noexcept { return shared().path; }

@@ -361,7 +361,15 @@ std::vector<Kind> containerKinds()
         kind<Frame, QFrame, &F::createFrame2>("Frame", QAccessible::Border)
             .has("shadow", &Frame::setShadow, &Frame::shadow, FrameShadow::Raised)
             .has("shape", &Frame::setShape, &Frame::shape, FrameShape::Box)
-            .has("lineWidth", &Frame::setLineWidth, &Frame::lineWidth, 3),
+            .has("lineWidth", &Frame::setLineWidth, &Frame::lineWidth, 3)
+            .has(
+                "painter",
+                [](Frame& frame, bool) {
+                    frame.setPainter([](VXCanvas2 canvas, const VXRect<int>&) {
+                        canvas.drawLine({0, 0}, {9, 9});
+                    });
+                },
+                &Frame::hasPainter, true),
         kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
         kind<Group, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping)
             .has("title", &Group::setTitle, &Group::titleU, L"title")

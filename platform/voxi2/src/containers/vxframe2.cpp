@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxframe2.h"
 
+#include <utility>
+
 namespace VOXI {
 
 VXFrame2::VXFrame2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
@@ -21,5 +23,8 @@ void VXFrame2::setPaintCallback(FramePaintCallback callback)
 }
 
 FramePaintCallback VXFrame2::paintCallback() const { return m_emitters.getPaintCallback(); }
+void VXFrame2::setPainter(FramePainter painter) { m_emitters.setPainter(std::move(painter)); }
+bool VXFrame2::hasPainter() const { return m_emitters.hasPainter(); }
+void VXFrame2::update(const VXRect<int>& area) { m_emitters.updateArea(area); }
 
 } // namespace VOXI

@@ -22,8 +22,9 @@ public:
     Pixmap() noexcept = default;
 
     /// Pixels row by row from the top, each 0xRRGGBBAA, not premultiplied. Null unless both
-    /// dimensions are positive and there are exactly width times height pixels.
-    Pixmap(int width, int height, std::vector<std::uint32_t> rgba);
+    /// dimensions are positive and there are exactly width times height pixels. `pixelRatio` says
+    /// how many of them there are for each unit of the screen; what is no number above 0 is 1.
+    Pixmap(int width, int height, std::vector<std::uint32_t> rgba, double pixelRatio = 1);
 
     /// An encoded picture, in whatever format the decoder understands; null when there is no byte.
     static Pixmap fromData(ByteArray data);
@@ -39,6 +40,8 @@ public:
     int width() const noexcept;
     int height() const noexcept;
     Size<int> size() const noexcept { return {width(), height()}; }
+    /// Pixels for each unit of the screen, along a side; 1 unless it was made with another.
+    double pixelRatio() const noexcept;
 
     /// Empty unless raw. Valid as long as any copy of this pixmap exists.
     const std::vector<std::uint32_t>& pixels() const noexcept;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/kernel/frame.h"
+#include "voxi2/kernel/vxcanvas2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
 
@@ -26,6 +27,9 @@ struct VXFrame2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<void(FrameShape)> setShape{*this};
     TROV::Request<void(int)> setLineWidth{*this};
     TROV::Request<void(FramePaintCallback)> setPaintCallback{*this};
+    TROV::Request<bool()> hasPainter{*this};
+    TROV::Request<void(FramePainter)> setPainter{*this};
+    TROV::Request<void(VXRect<int>)> updateArea{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -54,6 +58,18 @@ public:
     void setPaintCallback(FramePaintCallback callback);
     /// Null while the frame paints itself.
     FramePaintCallback paintCallback() const;
+
+    /// The same for programs that know nothing of the back end: the painter is called on the
+    /// toolkit's thread whenever the frame is painted, and by the frame alone, not by the callback.
+    /// An empty function takes it away. It is kept, with all that it holds, as long as the frame.
+    ///
+    /// It may do anything. What it throws goes where exceptions of handlers go; what it has drawn
+    /// by then stays. While it runs a loop of its own, the frame's window is not painted.
+    void setPainter(FramePainter painter);
+    bool hasPainter() const;
+    using VXWidget2::update;
+    /// Paints a part when the program is idle next.
+    void update(const VXRect<int>& area);
 
 private:
     VXFrame2Emitters m_emitters;

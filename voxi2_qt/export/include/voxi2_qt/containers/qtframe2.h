@@ -7,6 +7,8 @@
 
 #include <QFrame>
 
+#include <memory>
+
 namespace VOXI {
 
 /// The peer of the frame.
@@ -29,12 +31,19 @@ public:
     virtual void doSetShape(FrameShape shape);
     virtual void doSetLineWidth(int width);
     virtual void doSetPaintCallback(FramePaintCallback callback);
+    virtual bool doHasPainter();
+    virtual void doSetPainter(const FramePainter& painter);
+    virtual void doUpdateArea(VXRect<int> area);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void runPainter(const QRect& area);
+
     FramePaintCallback m_paintCallback = nullptr;
+    std::shared_ptr<const FramePainter> m_painter;
+    bool m_isPainting = false;
 };
 
 } // namespace VOXI

@@ -25,7 +25,7 @@ VOXI2_QT_EXPORT QByteArray bytesOfFile(const QString& name);
 /// "@9x" say how many pixels it has for each unit of the screen. Any thread.
 VOXI2_QT_EXPORT QImage imageOfFile(const QString& name);
 
-/// A raw pixmap of all device pixels; null for a null image.
+/// A raw pixmap of all device pixels, with their ratio; null for a null image.
 VOXI2_QT_EXPORT Pixmap Qt2VX(const QImage& image);
 VOXI2_QT_EXPORT Pixmap Qt2VX(const QPixmap& pixmap);
 
