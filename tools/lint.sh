@@ -68,6 +68,15 @@ check_headers() {
         { printf '%s\n' "$output" | grep -E 'error|FAILED'; return 1; }
 }
 
+check_kinds() {
+    local kind missing=
+    for kind in $(sed -nE 's/^ *serve<Qt(\w+)2>.*/VX\12/p' voxi2_qt/kernel/qtfactory2.cpp |
+        sed 's/VXViewModelPeer2/VXAbstractViewModel2/'); do
+        grep -q "\`$kind\`" docs/kinds.md || missing+=" $kind"
+    done
+    [ -z "$missing" ] || { echo "not in docs/kinds.md:$missing"; return 1; }
+}
+
 changed_sources() {
     local base
     if [ $full = yes ] || ! base=$(git merge-base HEAD origin/HEAD 2>/dev/null ||
@@ -101,6 +110,7 @@ check layers python3 tools/check_layers.py
 check symmetry python3 tools/check_symmetry.py
 check qt-symbols check_qt_symbols
 check text-conversion check_text_conversion
+check kinds check_kinds
 check headers check_headers
 check tidy check_tidy
 check sizes python3 tools/check_file_sizes.py

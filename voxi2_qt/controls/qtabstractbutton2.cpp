@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtabstractbutton2.h"
 
+#include "qtaccessiblebutton.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
@@ -40,7 +41,9 @@ const auto s_requests = TROV::operations<E>(
 
 QtAbstractButton2::QtAbstractButton2(VXAbstractButton2* button, VXAbstractButton2Emitters* emitters)
     : QtPeerLevel(button, emitters, s_requests)
-{}
+{
+    QtAccessibleButton::install();
+}
 
 // Requests ----------------------------------------------------------------------------------------
 

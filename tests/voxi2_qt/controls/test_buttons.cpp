@@ -8,6 +8,7 @@
 #include "voxi2/controls/vxradiobutton2.h"
 #include "voxi2/controls/vxtoolbutton2.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QEventLoop>
 #include <QPointer>
@@ -21,6 +22,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -168,6 +170,35 @@ TYPED_TEST(Buttons, areSilentOnceTheirObjectHasGone)
     EXPECT_TRUE(this->m_clicks.isEmpty());
     runDeletions();
     EXPECT_FALSE(watched);
+}
+
+/// As its kind of Qt's is seen by assistive programs, which act as its user does.
+TYPED_TEST(Buttons, canBeUsedWithoutAPointer)
+{
+    typename TypeParam::QtButton twin;
+    this->m_window.show();
+    const auto seen = [](QAbstractButton& button) {
+        const QAccessibleInterface& all = *QAccessible::queryAccessibleInterface(&button);
+        return std::tuple(all.role(), all.text(QAccessible::Name),
+                          all.text(QAccessible::Accelerator), all.state().checkable,
+                          all.state().checked, all.childCount(),
+                          const_cast<QAccessibleInterface&>(all).actionInterface()->actionNames());
+    };
+    for (const bool isCheckable : {true, false}) {
+        for (QAbstractButton* each :
+             {static_cast<QAbstractButton*>(&twin), static_cast<QAbstractButton*>(&this->m_qt)}) {
+            each->setText(QStringLiteral("Save && &go"));
+            each->setCheckable(isCheckable);
+        }
+        EXPECT_EQ(seen(this->m_qt), seen(twin));
+    }
+    this->m_qt.setCheckable(true);
+    auto* const actions = QAccessible::queryAccessibleInterface(&this->m_qt)->actionInterface();
+    ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(this->m_clicks.count(), 1);
+    EXPECT_EQ(this->m_toggles.count(), 1);
+    EXPECT_TRUE(this->m_button.isChecked());
 }
 
 TEST(ButtonKinds, startAsTheyAreUsed)

@@ -5,6 +5,7 @@
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/translation.h"
 #include "voxi2/modelview/vxstandardpropertyeditors2.h"
 
 #include <algorithm>
@@ -22,8 +23,8 @@ VXPropertyPages2::VXPropertyPages2(VXObject2* parent) : VXPanel2(parent)
     auto* const column = new VXBoxLayout2(this, Direction::TopToBottom);
     column->setMargins({0, 0, 0, 0});
     auto* const search = new VXEdit2(this);
-    search->setPlaceholder("Search");
-    search->setAccessibleName("Search properties");
+    search->setPlaceholder(translated("Search"));
+    search->setAccessibleName(translated("Search properties"));
     search->setClearButtonVisible(true);
     auto* const tabs = new VXTabContainer2(this);
     auto* const title = new VXText2(this);
@@ -36,7 +37,7 @@ VXPropertyPages2::VXPropertyPages2(VXObject2* parent) : VXPanel2(parent)
     auto* const message = new VXText2(this);
     message->setWordWrap(true);
     message->setColor(ColorRole::Foreground, WarningColor);
-    auto* const reset = new VXButton2("&Reset", this);
+    auto* const reset = new VXButton2(translated("&Reset"), this);
     column->addWidget(search);
     column->addWidget(tabs, 1);
     auto* const foot = new VXBoxLayout2(column, Direction::LeftToRight);

@@ -10,6 +10,7 @@
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxspinbox2.h"
 #include "voxi2/controls/vxtoolbutton2.h"
+#include "voxi2/kernel/translation.h"
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
 
@@ -113,11 +114,11 @@ Made line(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
             }};
 }
 
-void addButton(VXEdit2& edit, const Icon& icon, const wchar_t* tip, std::function<void()> act)
+void addButton(VXEdit2& edit, const Icon& icon, const char* tip, std::function<void()> act)
 {
     auto* const action = new VXAction2(&edit);
     action->setIcon(icon);
-    action->setToolTip(tip);
+    action->setToolTip(translated(tip));
     action->triggered().connect(action, std::move(act));
     edit.addSideAction(action);
 }
@@ -154,8 +155,8 @@ Made numberLine(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
     auto& edit = static_cast<VXEdit2&>(*made.editor);
     const VXHandle<VXEdit2> field(&edit);
     const Property edited(&property);
-    addButton(edit, downIcon(), L"Less", [=] { step(field, edited, -1); });
-    addButton(edit, upIcon(), L"More", [=] { step(field, edited, 1); });
+    addButton(edit, downIcon(), "Less", [=] { step(field, edited, -1); });
+    addButton(edit, upIcon(), "More", [=] { step(field, edited, 1); });
     return made;
 }
 
@@ -287,7 +288,7 @@ void chooseFile(VXHandle<VXSimplePropertyBrowser2> browser, Property property)
 Made fileLine(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
 {
     Made made = line(browser, property);
-    addButton(static_cast<VXEdit2&>(*made.editor), chooseIcon(), L"Choose",
+    addButton(static_cast<VXEdit2&>(*made.editor), chooseIcon(), "Choose",
               [window = VXHandle<VXSimplePropertyBrowser2>(&browser),
                edited = Property(&property)] { chooseFile(window, edited); });
     return made;
@@ -309,7 +310,7 @@ void editLines(VXHandle<VXSimplePropertyBrowser2> browser, Property property)
     buttons->addStretch();
     for (const auto& [text, result] :
          {std::pair("&OK", VXDialog2::Accepted), std::pair("&Cancel", VXDialog2::Rejected)}) {
-        auto* const button = new VXButton2(text, dialog);
+        auto* const button = new VXButton2(translated(text), dialog);
         dialog->setButtonResult(button, result);
         buttons->addWidget(button);
     }
@@ -330,7 +331,7 @@ void editLines(VXHandle<VXSimplePropertyBrowser2> browser, Property property)
 Made linesLine(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
 {
     Made made = line(browser, property);
-    addButton(static_cast<VXEdit2&>(*made.editor), chooseIcon(), L"Edit",
+    addButton(static_cast<VXEdit2&>(*made.editor), chooseIcon(), "Edit",
               [window = VXHandle<VXSimplePropertyBrowser2>(&browser),
                edited = Property(&property)] { editLines(window, edited); });
     return made;
