@@ -47,6 +47,7 @@ Page textsPage();
 Page logViewerPage();
 Page tablesPage();
 Page treesPage();
+Page explorerBarPage();
 Page slowModelPage();
 Page liveModelPage();
 Page propertiesPage();

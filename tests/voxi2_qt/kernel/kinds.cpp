@@ -210,6 +210,41 @@ void addView(Kind& kind)
         .reports("columnMoved", &V::columnMoved);
 }
 
+/// Has the view show a group with two rows in it, and know them; gives the group, whose number
+/// theirs follow.
+unsigned showGroup(VXAbstractGroupView2& view)
+{
+    static auto* const model = new VXTreeModel2({"header"});
+    if (model->rowCount() == 0) {
+        const unsigned group = model->appendRow(0, {"group"});
+        model->appendRow(group, {"row"});
+        model->appendRow(group, {"another"});
+    }
+    view.setViewModel(model);
+    qt(view)->resize(200, 200); // there is room for all
+    for (int i = 0; i < 3; ++i) {
+        qt(view)->grab();
+        turn();
+    }
+    return model->childRows(0).front();
+}
+
+void addGroupView(Kind& kind)
+{
+    using V = VXAbstractGroupView2;
+    kind.has("iconSize", &V::setIconSize, &V::iconSize, {19, 18})
+        .refersTo("viewModel", &V::setViewModel, &V::viewModel)
+        .reports("currentChanged", &V::currentChanged,
+                 [](V& v) { v.imitateSetCurrentRow(showGroup(v)); })
+        .reports("activated", &V::activated, [](V& v) { v.imitateActivate(showGroup(v) + 1); })
+        .reports("folded", &V::folded, [](V& v) { v.imitateFold(showGroup(v)); })
+        .reports("unfolded", &V::unfolded, [](V& v) {
+            const unsigned group = showGroup(v);
+            v.setGroupFolded(group);
+            v.imitateUnfold(group);
+        });
+}
+
 template <class R>
 void addRange(Kind& kind)
 {
@@ -288,6 +323,8 @@ Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
         addLayout(made);
     if constexpr (std::derived_from<Object, VXAbstractView2>)
         addView(made);
+    if constexpr (std::derived_from<Object, VXAbstractGroupView2>)
+        addGroupView(made);
     if constexpr (std::derived_from<Object, VXRange2>)
         addRange<Object>(made);
     return made;
@@ -654,6 +691,8 @@ std::vector<Kind> modelviewKinds()
                      })
             .reports("editorClosed", &Properties::editorClosed)
             .reports("currentChanged", &Properties::currentChanged),
+        kind<VXExplorerBarView2, QAbstractItemView, &F::createExplorerBarView2>("ExplorerBarView",
+                                                                                QAccessible::Tree),
         kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
             .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true),
         kind<Tree, QTreeView, &F::createTreeView2>("TreeView", QAccessible::Tree)
