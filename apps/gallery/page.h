@@ -48,6 +48,7 @@ Page logViewerPage();
 Page tablesPage();
 Page treesPage();
 Page explorerBarPage();
+Page palettePage();
 Page slowModelPage();
 Page liveModelPage();
 Page propertiesPage();

@@ -11,7 +11,7 @@ const std::vector<Group>& groups()
         {"Documents", {helpPage(), picturesPage(), linksPage()}},
         {"Programs", {signUpPage(), loanPage(), logViewerPage()}},
         {"Data",
-         {tablesPage(), treesPage(), explorerBarPage(), slowModelPage(),
+         {tablesPage(), treesPage(), explorerBarPage(), palettePage(), slowModelPage(),
           liveModelPage(), propertiesPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
         {"Events",

@@ -221,12 +221,22 @@ unsigned showGroup(VXAbstractGroupView2& view)
         model->appendRow(group, {"another"});
     }
     view.setViewModel(model);
-    qt(view)->resize(200, 200); // there is room for all
+    if (auto* const palette = dynamic_cast<VXPaletteView2*>(&view))
+        palette->setSearchText(""); // or nothing folds
+    qt(view)->resize(200, 200);     // there is room for all
     for (int i = 0; i < 3; ++i) {
         qt(view)->grab();
         turn();
     }
     return model->childRows(0).front();
+}
+
+/// The first of the two rows to the end.
+void moveEntry(VXPaletteView2& palette)
+{
+    const unsigned group = showGroup(palette);
+    palette.setReorderable(true);
+    palette.imitateMoveEntry(group + 1, group);
 }
 
 void addGroupView(Kind& kind)
@@ -669,6 +679,7 @@ std::vector<Kind> modelviewKinds()
 {
     using Table = VXTableView2;
     using Tree = VXTreeView2;
+    using Palette = VXPaletteView2;
     using Properties = VXSimplePropertyBrowser2;
     return {
         kind<Properties, QWidget, &F::createSimplePropertyBrowser2>("SimplePropertyBrowser",
@@ -693,6 +704,25 @@ std::vector<Kind> modelviewKinds()
             .reports("currentChanged", &Properties::currentChanged),
         kind<VXExplorerBarView2, QAbstractItemView, &F::createExplorerBarView2>("ExplorerBarView",
                                                                                 QAccessible::Tree),
+        kind<Palette, QWidget, &F::createPaletteView2>("PaletteView", QAccessible::Client)
+            .has("entryLayout", &Palette::setEntryLayout, &Palette::entryLayout,
+                 PaletteLayout::List)
+            .has("searchText", &Palette::setSearchText, &Palette::searchText, L"text")
+            .has("reorderable", &Palette::setReorderable, &Palette::isReorderable, true)
+            .reports("currentEntryChanged", &Palette::currentEntryChanged,
+                     [](Palette& p) {
+                         const unsigned group = showGroup(p);
+                         p.setCurrentEntry(0);
+                         p.imitateSetCurrentEntry(group + 1);
+                     })
+            .reports("searchChanged", &Palette::searchChanged,
+                     [](Palette& p) {
+                         p.setSearchText("former");
+                         p.imitateSearch("other");
+                     })
+            .reports("entryDragged", &Palette::entryDragged)
+            .reports("entryMoving", &Palette::entryMoving, &moveEntry)
+            .reports("entryMoved", &Palette::entryMoved, &moveEntry),
         kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
             .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true),
         kind<Tree, QTreeView, &F::createTreeView2>("TreeView", QAccessible::Tree)
