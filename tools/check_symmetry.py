@@ -45,6 +45,7 @@ NOT_PEERS = {
 BASES = {
     "object2",
     "widget2",
+    "abstractgroupview2",
     "abstractview2",
     "layout2",
     "abstractwindow2",

@@ -49,6 +49,8 @@ Page textsPage();
 Page logViewerPage();
 Page tablesPage();
 Page treesPage();
+Page explorerBarPage();
+Page palettePage();
 Page slowModelPage();
 Page liveModelPage();
 Page propertiesPage();

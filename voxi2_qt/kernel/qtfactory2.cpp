@@ -45,6 +45,8 @@
 #include "voxi2_qt/kernel/qtclipboard2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
 #include "voxi2_qt/kernel/qtdragmanager2.h"
+#include "voxi2_qt/modelview/qtexplorerbarview2.h"
+#include "voxi2_qt/modelview/qtpaletteview2.h"
 #include "voxi2_qt/modelview/qtsimplepropertybrowser2.h"
 #include "voxi2_qt/modelview/qttableview2.h"
 #include "voxi2_qt/modelview/qttreeview2.h"
@@ -154,6 +156,8 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtTreeView2>(factory.createTreeView2);
     serve<QtWidgetStack2>(factory.createWidgetStack2);
     serve<QtWindow2>(factory.createWindow2);
+    serve<QtPaletteView2>(factory.createPaletteView2);
+    serve<QtExplorerBarView2>(factory.createExplorerBarView2);
     serve<QtToolTipWindow2>(factory.createToolTipWindow2);
     serve<QtNotificationBar2>(factory.createNotificationBar2);
     serve<QtSlider2>(factory.createSlider2);

@@ -2,6 +2,7 @@
 
 #include "qtcopyjob.h"
 #include "qtkeyboardsearch.h"
+#include "qtmodelswap.h"
 #include "qtviewdelegate2.h"
 #include "qtviewhost.h"
 #include "qtviewmodel2.h"
@@ -86,19 +87,12 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getCacheLimit, &P::doGetCacheLimit>());
 // clang-format on
 
-/// Now, or when no code of Qt is on the stack any more that may come back to it.
-void deleteWhenFree(QObject* object)
-{
-    if (object && !QtDeletionHold::postpones(*object))
-        delete object;
-}
-
 } // namespace
 
 QtAbstractView2::QtAbstractView2(VXAbstractView2* view, VXAbstractView2Emitters* emitters)
     : QtPeerLevel(view, emitters, s_requests),
       m_host(std::make_unique<QtViewHost>(*this)),
-      m_sight(std::make_unique<QtViewSight>(*this)),
+      m_sight(std::make_unique<QtViewSight>(*m_host)),
       m_cacheLimit(100'000)
 {}
 
@@ -252,14 +246,7 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     m_model = made;
     m_model->setCacheLimit(m_cacheLimit);
     m_delegate->clearPaintCache();
-    // By way of none, for the header to forget what was set for the former columns.
-    for (QAbstractItemModel* const each :
-         {static_cast<QAbstractItemModel*>(nullptr), static_cast<QAbstractItemModel*>(m_model)}) {
-        QItemSelectionModel* const formerSelection = view.selectionModel();
-        view.setModel(each);
-        deleteWhenFree(formerSelection);
-    }
-    m_model->setSelectionModel(view.selectionModel());
+    swapModels(view, *m_model, former);
     QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, &view,
                      [this] { m_sight->remember(); });
     QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] { sizeChanged(); });
@@ -267,10 +254,6 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     m_sort = {};
     showSortIndicator();
     m_sight->modelReplaced();
-    if (former) {
-        former->TROV::Listener::disconnect();
-        deleteWhenFree(former);
-    }
 }
 
 QModelIndex QtAbstractView2::indexOf(unsigned row, unsigned column) const

@@ -173,7 +173,9 @@ void QtAbstractView2::searchFor(const QString& text)
     if (!m_search)
         m_search = std::make_unique<QtKeyboardSearch>();
     m_search->type(text);
-    if (const QModelIndex found = m_search->find(*this, itemView().currentIndex()); found.isValid())
+    const auto below = [this](const QModelIndex& index) { return rowBelow(index); };
+    const QModelIndex found = m_search->find(*m_model, below, itemView().currentIndex());
+    if (found.isValid())
         itemView().setCurrentIndex(found);
 }
 

@@ -1,6 +1,7 @@
 // The part of QtAbstractView2 that is about where cells are and what is in sight.
 
 #include "../kernel/qteventbuild.h"
+#include "describecell.h"
 #include "qtviewdelegate2.h"
 #include "qtviewmodel2.h"
 #include "qtviewsight.h"
@@ -19,32 +20,6 @@ using E = VXAbstractView2Emitters;
 bool isAnyShown(const QScrollBar& bar)
 {
     return bar.isVisibleTo(bar.parentWidget()) && bar.minimum() < bar.maximum();
-}
-
-Color colorOf(const QVariant& value, const QColor& otherwise)
-{
-    return Qt2VX(value.isValid() ? value.value<QColor>() : otherwise);
-}
-
-/// What a record says; the rest is the view's.
-void describe(CellInfo& info, const CellRecord& record, const QPalette& palette, const QFont& font)
-{
-    info.isKnown = true;
-    info.isEnabled = record.isEnabled();
-    info.isReadOnly = record.isReadOnly();
-    info.renderer = record.renderer();
-    info.text = toStdWString(record.text());
-    info.rendererText = toStdWString(record.data(CellRendererTextRole).toString());
-    info.toolTip = toStdWString(record.data(Qt::ToolTipRole).toString());
-    info.hasIcon = record.data(Qt::DecorationRole).isValid();
-    const QVariant ownFont = record.data(Qt::FontRole);
-    info.font = Qt2VX(ownFont.isValid() ? ownFont.value<QFont>().resolve(font) : font);
-    const QVariant alignment = record.data(Qt::TextAlignmentRole);
-    if (alignment.isValid())
-        info.alignment = Qt2VX(Qt::Alignment(alignment.toInt()));
-    info.background = colorOf(record.data(Qt::BackgroundRole), palette.color(QPalette::Base));
-    info.foreground = colorOf(record.data(Qt::ForegroundRole), palette.color(QPalette::Text));
-    info.widget = record.data(CellWidgetRole).toUInt();
 }
 
 } // namespace
@@ -117,7 +92,7 @@ CellInfo QtAbstractView2::doimGetCellInfo(unsigned row, unsigned column)
     info.isCurrent = itemView().currentIndex() == index;
     info.isEdited = m_delegate->isEditing() && m_delegate->getEditorIndex() == index;
     if (const CellRecord* const record = m_model->peekCell(index))
-        describe(info, *record, itemView().palette(), itemView().font());
+        describeCell(info, *record, itemView().palette(), itemView().font());
     return info;
 }
 

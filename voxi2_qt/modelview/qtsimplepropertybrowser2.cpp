@@ -48,7 +48,7 @@ const auto s_requests = TROV::operations<E>(
 QtSimplePropertyBrowser2::QtSimplePropertyBrowser2(VXSimplePropertyBrowser2* object,
                                                    VXSimplePropertyBrowser2Emitters* emitters,
                                                    QWidget* parent)
-    : QtWidget2Shim(object, emitters, s_requests, parent),
+    : QtOuterWidget2Shim(object, emitters, s_requests, parent),
       m_tree(new QtSimplePropertyTree2(*this))
 {
     auto* const layout = new QVBoxLayout(this);
@@ -162,17 +162,6 @@ void QtSimplePropertyBrowser2::doimSetExpanded(Property property, bool expanded)
 void QtSimplePropertyBrowser2::doimDoubleClick(Property property)
 {
     m_tree->doubleClickProperty(property);
-}
-
-// Helpers -----------------------------------------------------------------------------------------
-
-bool QtSimplePropertyBrowser2::passOn(QEvent& event) { return filterEvent(this, &event); }
-
-void QtSimplePropertyBrowser2::expectAgain(const QEvent& event) { m_passed = &event; }
-
-bool QtSimplePropertyBrowser2::showToPeer(QWidget* receiver, QEvent* event)
-{
-    return event != std::exchange(m_passed, nullptr) && QtWidget2Shim::showToPeer(receiver, event);
 }
 
 } // namespace VOXI

@@ -45,7 +45,7 @@ bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem& outer)
 } // namespace
 
 QtSimplePropertyTree2::QtSimplePropertyTree2(QtSimplePropertyBrowser2& browser)
-    : QTreeWidget(&browser),
+    : QtInnerWidget(browser),
       m_browser(browser),
       m_delegate(new QtSimpleItemDelegate2(*this))
 {
@@ -232,20 +232,6 @@ void QtSimplePropertyTree2::currentChanged(const QModelIndex& current, const QMo
     QTreeWidget::currentChanged(to, from);
     if (isNews)
         m_browser.report(&E::currentChanged, told);
-}
-
-/// The tree fills the browser: what the user does here is done to that.
-bool QtSimplePropertyTree2::event(QEvent* event)
-{
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    const bool isFocus = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
-    const QtDeletionHold hold(&m_browser);
-    if ((isKey || isFocus) && m_browser.passOn(*event))
-        return true;
-    const bool isHandled = QTreeWidget::event(event);
-    if (hold.isAlive() && isKey && !event->isAccepted())
-        m_browser.expectAgain(*event);
-    return isHandled;
 }
 
 // Items -------------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 #include "trov/emitter.h"
 #include "trov/listener.h"
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
+#include "voxi2_qt/kernel/qtouterwidget2shim.h"
 
 #include <QPointer>
 #include <QTreeWidget>
@@ -25,7 +26,8 @@ struct DataRefresh;
 /// All that is virtual in properties, comparator and factory is the application's. Around each call
 /// of it: what was looked up before is looked up anew, by id, since anything may have gone; the
 /// peer, and this with it, stays.
-class QtSimplePropertyTree2 final : public QTreeWidget, public TROV::Listener
+class QtSimplePropertyTree2 final : public QtInnerWidget<QTreeWidget, QtSimplePropertyBrowser2>,
+                                    public TROV::Listener
 {
     Q_OBJECT
 
@@ -81,7 +83,6 @@ public:
     using QTreeWidget::edit;
 
 protected:
-    bool event(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void commitData(QWidget* editor) override;
     void editorDestroyed(QObject* editor) override;

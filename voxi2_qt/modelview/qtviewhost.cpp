@@ -5,10 +5,12 @@
 
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace VOXI {
@@ -112,6 +114,45 @@ void QtViewHost::reportEditComplete(Uids cell, unsigned editor, bool isCommitted
         QtReportHold::add(m_view, report);
     else
         report(m_view);
+}
+
+// For the sight -----------------------------------------------------------------------------------
+
+QAbstractItemView& QtViewHost::itemView() const { return m_view.itemView(); }
+QtViewModel2& QtViewHost::viewModel() const { return m_view.viewModel(); }
+
+std::vector<int> QtViewHost::sectionsIn(const QRect& area) const
+{
+    const QHeaderView& header = m_view.columnHeader();
+    std::vector<int> sections;
+    int first = header.visualIndexAt(area.left());
+    int last = header.visualIndexAt(area.right());
+    if (header.isRightToLeft())
+        std::swap(first, last);
+    if (header.length() <= 0 || first < 0)
+        return sections;
+    if (last < 0)
+        last = header.count() - 1;
+    for (int visual = first; visual <= last; ++visual) {
+        const int section = header.logicalIndex(visual);
+        if (!header.isSectionHidden(section))
+            sections.push_back(section);
+    }
+    return sections;
+}
+
+QModelIndex QtViewHost::firstRowIn(const QRect& area, const std::vector<int>& sections) const
+{
+    const int x = m_view.columnHeader().sectionViewportPosition(sections.front());
+    return m_view.itemView().indexAt({std::max(0, x), area.top()});
+}
+
+QModelIndex QtViewHost::rowBelow(const QModelIndex& index) const { return m_view.rowBelow(index); }
+void QtViewHost::layOutNow() { m_view.layOutNow(); }
+
+void QtViewHost::addWanted(std::vector<unsigned>& rows, std::vector<unsigned>& columns) const
+{
+    m_view.addWanted(rows, columns);
 }
 
 // Input -------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qtviewdelegate2.h"
+#include "qtviewsight.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -16,9 +17,9 @@ namespace VOXI {
 
 class QtAbstractView2;
 
-/// What a view does for its delegate, and for the editors that come and go: above all it keeps what
-/// the user does while an editor has been asked for and not come.
-class QtViewHost final : public QtViewDelegate2::View
+/// What a view does for its delegate and its sight, and for the editors that come and go: above all
+/// it keeps what the user does while an editor has been asked for and not come.
+class QtViewHost final : public QtViewDelegate2::View, public QtViewSight::View
 {
 public:
     explicit QtViewHost(QtAbstractView2& view) : m_view(view) {}
@@ -35,6 +36,15 @@ public:
     void forwardQueuedEvents(QWidget* editor) override;
     void reportEditRequest(Uids cell) override;
     void reportEditComplete(Uids cell, unsigned editor, bool isCommitted) override;
+
+    // For the sight
+    QAbstractItemView& itemView() const override;
+    QtViewModel2& viewModel() const override;
+    std::vector<int> sectionsIn(const QRect& area) const override;
+    QModelIndex firstRowIn(const QRect& area, const std::vector<int>& sections) const override;
+    QModelIndex rowBelow(const QModelIndex& index) const override;
+    void layOutNow() override;
+    void addWanted(std::vector<unsigned>& rows, std::vector<unsigned>& columns) const override;
 
     /// The current cell has changed: what waits was meant for another one. Not while the delegate
     /// makes it the current one.

@@ -2,9 +2,8 @@
 
 #include "qtviewmodel2.h"
 #include "voxi2_qt/kernel/qtclock.h"
-#include "voxi2_qt/modelview/qtabstractview2.h"
 
-#include <QHeaderView>
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTimerEvent>
@@ -24,45 +23,24 @@ constexpr int Patience = 3;
 
 } // namespace
 
-QtViewSight::QtViewSight(QtAbstractView2& view) : m_view(view) {}
+QtViewSight::QtViewSight(View& view) : m_view(view) {}
 
 // Place -------------------------------------------------------------------------------------------
 
 template <class Function>
 void QtViewSight::forRows(const QRect& area, Function&& function) const
 {
-    const std::vector<int> sections = sectionsInSight(area);
+    const std::vector<int> sections = m_view.sectionsIn(area);
     if (sections.empty())
         return;
     const QAbstractItemView& view = m_view.itemView();
-    const int x = std::max(0, m_view.columnHeader().sectionViewportPosition(sections.front()));
-    for (QModelIndex index = view.indexAt({x, area.top()}); index.isValid();
+    for (QModelIndex index = m_view.firstRowIn(area, sections); index.isValid();
          index = m_view.rowBelow(index)) {
         const QRect rect = view.visualRect(index);
         if (rect.top() > area.bottom())
             break;
         function(index, rect.top(), sections);
     }
-}
-
-std::vector<int> QtViewSight::sectionsInSight(const QRect& area) const
-{
-    const QHeaderView& header = m_view.columnHeader();
-    std::vector<int> sections;
-    int first = header.visualIndexAt(area.left());
-    int last = header.visualIndexAt(area.right());
-    if (header.isRightToLeft())
-        std::swap(first, last);
-    if (header.length() <= 0 || first < 0)
-        return sections;
-    if (last < 0)
-        last = header.count() - 1;
-    for (int visual = first; visual <= last; ++visual) {
-        const int section = header.logicalIndex(visual);
-        if (!header.isSectionHidden(section))
-            sections.push_back(section);
-    }
-    return sections;
 }
 
 void QtViewSight::remember()
@@ -97,7 +75,7 @@ void QtViewSight::restore()
     const bool was = std::exchange(m_isRestoring, true);
     const std::vector<Place> anchors = std::exchange(m_anchors, {});
     for (const Place& place : anchors) {
-        const QModelIndex index = m_view.indexOf(place.row, 0);
+        const QModelIndex index = m_view.viewModel().indexFromUIDs(place.row, 0);
         if (index.isValid() && !m_view.itemView().visualRect(index).isEmpty()) {
             putTo(index, anchors.front().top);
             break;
@@ -148,7 +126,7 @@ void QtViewSight::tell()
     forRows(area, [&](const QModelIndex& index, int, const std::vector<int>&) {
         rows.push_back(model.rowFromIndex(index));
     });
-    for (const int section : sectionsInSight(area))
+    for (const int section : m_view.sectionsIn(area))
         columns.push_back(model.headerUIDFromSection(section, Qt::Horizontal));
     m_view.addWanted(rows, columns);
     model.setInSight(std::move(rows), std::move(columns));
@@ -227,7 +205,8 @@ void QtViewSight::beat()
     bool isNews = false;
     m_waiting.removeIf([&](const auto& entry) {
         const Waiting& waiting = entry.value();
-        const QModelIndex cell = m_view.indexOf(unsigned(entry.key()), unsigned(entry.key() >> 32));
+        const QModelIndex cell =
+            model.indexFromUIDs(unsigned(entry.key()), unsigned(entry.key() >> 32));
         if (!cell.isValid() || model.isKnown(cell)
             || !m_view.itemView().visualRect(cell).intersects(viewport->rect()))
             return true;

@@ -11,20 +11,44 @@
 #include <vector>
 
 QT_BEGIN_NAMESPACE
+class QAbstractItemView;
 class QPainter;
 class QRect;
 QT_END_NAMESPACE
 
 namespace VOXI {
 
-class QtAbstractView2;
+class QtViewModel2;
 
 /// What a view has in sight: tells its model, keeps it in place when rows come and go above, and
 /// shows where cells take long to come.
 class QtViewSight final : public QObject
 {
 public:
-    explicit QtViewSight(QtAbstractView2& view);
+    /// What it needs of its view beside what every item view has.
+    class View
+    {
+    public:
+        virtual QAbstractItemView& itemView() const = 0;
+        virtual QtViewModel2& viewModel() const = 0;
+        /// Those that are in the area, at least in part.
+        virtual std::vector<int> sectionsIn(const QRect& area) const = 0;
+        /// The uppermost one that is in the area, which has these sections; invalid for none.
+        virtual QModelIndex firstRowIn(const QRect& area,
+                                       const std::vector<int>& sections) const = 0;
+        /// The row below, as shown; invalid after the last.
+        virtual QModelIndex rowBelow(const QModelIndex& index) const = 0;
+        /// Does what waits to be laid out.
+        virtual void layOutNow() = 0;
+        /// Adds what has to be known beside what is in sight.
+        virtual void addWanted(std::vector<unsigned>& rows,
+                               std::vector<unsigned>& columns) const = 0;
+
+    protected:
+        ~View() = default;
+    };
+
+    explicit QtViewSight(View& view);
 
     /// The view ends.
     void end() { m_isOver = true; }
@@ -62,7 +86,6 @@ private:
     /// For the rows in an area, from the top: an index, where it begins, the sections in the area.
     template <class Function>
     void forRows(const QRect& area, Function&& function) const;
-    std::vector<int> sectionsInSight(const QRect& area) const;
     void restore();
     void putTo(const QModelIndex& index, int top);
     void tellLater();
@@ -70,7 +93,7 @@ private:
     void startBeat();
     void beat();
 
-    QtAbstractView2& m_view;
+    View& m_view;
     std::vector<Place> m_anchors; ///< rows in sight before a change, from the top
     bool m_isOver = false;
     bool m_isLayingOut = false;

@@ -211,6 +211,51 @@ void addView(Kind& kind)
         .reports("columnMoved", &V::columnMoved);
 }
 
+/// Has the view show a group with two rows in it, and know them; gives the group, whose number
+/// theirs follow.
+unsigned showGroup(VXAbstractGroupView2& view)
+{
+    static auto* const model = new VXTreeModel2({"header"});
+    if (model->rowCount() == 0) {
+        const unsigned group = model->appendRow(0, {"group"});
+        model->appendRow(group, {"row"});
+        model->appendRow(group, {"another"});
+    }
+    view.setViewModel(model);
+    if (auto* const palette = dynamic_cast<VXPaletteView2*>(&view))
+        palette->setSearchText(""); // or nothing folds
+    qt(view)->resize(200, 200);     // there is room for all
+    for (int i = 0; i < 3; ++i) {
+        qt(view)->grab();
+        turn();
+    }
+    return model->childRows(0).front();
+}
+
+/// The first of the two rows to the end.
+void moveEntry(VXPaletteView2& palette)
+{
+    const unsigned group = showGroup(palette);
+    palette.setReorderable(true);
+    palette.imitateMoveEntry(group + 1, group);
+}
+
+void addGroupView(Kind& kind)
+{
+    using V = VXAbstractGroupView2;
+    kind.has("iconSize", &V::setIconSize, &V::iconSize, {19, 18})
+        .refersTo("viewModel", &V::setViewModel, &V::viewModel)
+        .reports("currentChanged", &V::currentChanged,
+                 [](V& v) { v.imitateSetCurrentRow(showGroup(v)); })
+        .reports("activated", &V::activated, [](V& v) { v.imitateActivate(showGroup(v) + 1); })
+        .reports("folded", &V::folded, [](V& v) { v.imitateFold(showGroup(v)); })
+        .reports("unfolded", &V::unfolded, [](V& v) {
+            const unsigned group = showGroup(v);
+            v.setGroupFolded(group);
+            v.imitateUnfold(group);
+        });
+}
+
 template <class R>
 void addRange(Kind& kind)
 {
@@ -289,6 +334,8 @@ Kind kind(const char* name, QAccessible::Role role = QAccessible::NoRole)
         addLayout(made);
     if constexpr (std::derived_from<Object, VXAbstractView2>)
         addView(made);
+    if constexpr (std::derived_from<Object, VXAbstractGroupView2>)
+        addGroupView(made);
     if constexpr (std::derived_from<Object, VXRange2>)
         addRange<Object>(made);
     return made;
@@ -652,6 +699,7 @@ std::vector<Kind> modelviewKinds()
 {
     using Table = VXTableView2;
     using Tree = VXTreeView2;
+    using Palette = VXPaletteView2;
     using Properties = VXSimplePropertyBrowser2;
     return {
         kind<Properties, QWidget, &F::createSimplePropertyBrowser2>("SimplePropertyBrowser",
@@ -674,6 +722,27 @@ std::vector<Kind> modelviewKinds()
                      })
             .reports("editorClosed", &Properties::editorClosed)
             .reports("currentChanged", &Properties::currentChanged),
+        kind<VXExplorerBarView2, QAbstractItemView, &F::createExplorerBarView2>("ExplorerBarView",
+                                                                                QAccessible::Tree),
+        kind<Palette, QWidget, &F::createPaletteView2>("PaletteView", QAccessible::Client)
+            .has("entryLayout", &Palette::setEntryLayout, &Palette::entryLayout,
+                 PaletteLayout::List)
+            .has("searchText", &Palette::setSearchText, &Palette::searchText, L"text")
+            .has("reorderable", &Palette::setReorderable, &Palette::isReorderable, true)
+            .reports("currentEntryChanged", &Palette::currentEntryChanged,
+                     [](Palette& p) {
+                         const unsigned group = showGroup(p);
+                         p.setCurrentEntry(0);
+                         p.imitateSetCurrentEntry(group + 1);
+                     })
+            .reports("searchChanged", &Palette::searchChanged,
+                     [](Palette& p) {
+                         p.setSearchText("former");
+                         p.imitateSearch("other");
+                     })
+            .reports("entryDragged", &Palette::entryDragged)
+            .reports("entryMoving", &Palette::entryMoving, &moveEntry)
+            .reports("entryMoved", &Palette::entryMoved, &moveEntry),
         kind<Table, QTableView, &F::createTableView2>("TableView", QAccessible::Table)
             .has("rowMovable", &Table::setRowMovable, &Table::isRowMovable, true),
         kind<HostedModel, QAbstractItemModel, &F::createViewModel2>("TableModel"),

@@ -41,9 +41,12 @@
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxfactory2.h"
+#include "voxi2/modelview/vxexplorerbarview2.h"
+#include "voxi2/modelview/vxpaletteview2.h"
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
 #include "voxi2/modelview/vxtablemodel2.h"
 #include "voxi2/modelview/vxtableview2.h"
+#include "voxi2/modelview/vxtreemodel2.h"
 #include "voxi2/modelview/vxtreeview2.h"
 
 #include <QAccessible>

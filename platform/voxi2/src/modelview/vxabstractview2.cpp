@@ -13,27 +13,17 @@ VXAbstractView2::~VXAbstractView2() { retire(); }
 
 void VXAbstractView2::setViewModel(VXAbstractViewModel2* model)
 {
-    {
-        const VXObjectDataLocker lock;
-        m_model = isObjectValid(model) ? model->id() : 0;
-    }
+    m_model.set(model);
     m_emitters.setViewModel(model);
 }
 
 VXAbstractViewModel2* VXAbstractView2::viewModel() const { return m_emitters.getViewModel(); }
 
-void VXAbstractView2::flushModel() const
-{
-    const VXObjectDataLocker lock;
-    if (auto* const model = static_cast<VXAbstractViewModel2*>(objectById(m_model)))
-        model->flushChanges();
-}
-
 ModelCell2 VXAbstractView2::own(ModelCell2 cell) const
 {
     const VXObjectDataLocker lock;
     if (!cell.model && (cell.row != 0 || cell.column != 0))
-        cell.model = static_cast<VXAbstractViewModel2*>(objectById(m_model));
+        cell.model = m_model.get();
     return cell;
 }
 

@@ -5,6 +5,7 @@
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/modelview/cellinfo.h"
 #include "voxi2/modelview/modelcell2.h"
+#include "voxi2/modelview/shownmodel.h"
 #include "voxi2/modelview/sortorder.h"
 #include "voxi2/modelview/vxabstractviewmodel2.h"
 #include "voxi2/modelview/vxviewevents2.h"
@@ -281,17 +282,16 @@ protected:
     template <class Emitters>
     const Emitters& current(const Emitters& emitters) const
     {
-        flushModel();
+        m_model.flush();
         return emitters;
     }
 
     VXAbstractView2Emitters m_emitters;
 
 private:
-    void flushModel() const;
     ModelCell2 own(ModelCell2 cell) const;
 
-    unsigned m_model = 0; // the id; guarded by the object lock
+    ShownModel m_model;
 };
 
 } // namespace VOXI

@@ -128,7 +128,6 @@ protected:
     // What is protected in Qt's view
     friend class QtCopyJob;
     friend class QtViewHost;
-    friend class QtViewSight;
     virtual bool editInQt(const QModelIndex& index, QAbstractItemView::EditTrigger trigger,
                           QEvent* event) = 0;
     virtual void setEditing(bool isEditing) = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
-#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/kernel/qtouterwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <memory>
@@ -14,8 +14,8 @@ class QtSimplePropertyTree2;
 
 /// The peer of the property browser: owns the tree, which fills it and does the work.
 class VOXI2_QT_EXPORT QtSimplePropertyBrowser2
-    : public QtWidget2Shim<VXSimplePropertyBrowser2, VXSimplePropertyBrowser2Emitters, QtWidget2,
-                           QWidget>
+    : public QtOuterWidget2Shim<VXSimplePropertyBrowser2, VXSimplePropertyBrowser2Emitters,
+                                QtWidget2>
 {
     Q_OBJECT
 
@@ -52,17 +52,8 @@ public:
     virtual void doimSetExpanded(Property property, bool expanded);
     virtual void doimDoubleClick(Property property);
 
-    /// Passes an event of the tree back as the browser's own; true when it is consumed.
-    bool passOn(QEvent& event);
-    /// The tree does not want the event that was passed on: it comes to the browser at once.
-    void expectAgain(const QEvent& event);
-
-protected:
-    bool showToPeer(QWidget* receiver, QEvent* event) override;
-
 private:
-    const QEvent* m_passed = nullptr; ///< compared, never followed
-    QtSimplePropertyTree2* m_tree;    ///< whose making is an event already
+    QtSimplePropertyTree2* m_tree; ///< whose making is an event already
 };
 
 } // namespace VOXI
