@@ -170,12 +170,14 @@ void SceneSurface::drawApart()
         return;
     }
     const QtDeletionHold hold(&m_scene);
+    makeCurrent();
+    changeHook();
+    if (!hold.isAlive())
+        return;
     m_isBusy = true;
     m_isStale = false;
-    makeCurrent();
     if (m_target.begin(pixels(), m_samples)) {
         m_scene.drawInto(m_renderer, pixels(), devicePixelRatioF());
-        changeHook();
         drawHook();
         if (!hold.isAlive())
             return;
@@ -186,6 +188,9 @@ void SceneSurface::drawApart()
     }
     m_isBusy = false;
     m_isUnshown = true;
+    changeHook(); // it may have been replaced by itself
+    if (!hold.isAlive())
+        return;
     doneCurrent();
     update();
     catchUp();
@@ -247,8 +252,11 @@ void SceneSurface::drawHook()
 
 void SceneSurface::changeHook()
 {
-    if (m_hook != m_nextHook)
-        releaseHook();
+    if (m_hook == m_nextHook)
+        return;
+    releaseHook();
+    if (!m_nextHook)
+        m_target.release();
 }
 
 void SceneSurface::releaseHook()

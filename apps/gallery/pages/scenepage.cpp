@@ -93,7 +93,7 @@ std::vector<Piece> pieces()
     for (int i = 0; i < 4; ++i)
         all.push_back(
             {"blade", 4, Matrix4::rotation(90 * i + 20, {0, 0, 1}), blade, Color(248, 246, 240)});
-    all.push_back({"door", 2, at(0, 0, 1.02f) * Matrix4::rotation(-7, {1, 0, 0}),
+    all.push_back({"door", 2, at(0, 0, 1.15f) * Matrix4::rotation(-7, {1, 0, 0}),
                    box(0.6f, 1.2f, 0.12f), Color(96, 68, 44)});
     all.push_back({"barn", 0, at(3, 0, -1), box(2, 1.3f, 1.6f), Color(180, 96, 66)});
     return all;

@@ -85,6 +85,13 @@ TEST_F(SceneHooks, drawOverTheNodesWhichGoOnAsBefore)
     m_scene->setHook({});
     EXPECT_EQ(m_told, "release ");
     EXPECT_EQ(picture(), before);
+
+    // One that takes itself away.
+    m_told.clear();
+    m_scene->setHook({.draw = [&](const SceneFrame&) { m_scene->setHook({}); },
+                      .release = [&] { m_told += "release "; }});
+    EXPECT_TRUE(waitFor([&] { return m_told == "release "; }));
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(SceneHooks, comeIntoTheContextOfAnotherWindow)
