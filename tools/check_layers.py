@@ -51,7 +51,7 @@ def room_of_file(path):
 def room_of_include(name, quoted, path):
     """The room that an include leads to; None for the standard library and one's own folder."""
     prefix, _, rest = name.partition("/")
-    if prefix in ("voxi2_qt", "voxi2_qt_svg"):
+    if prefix in ("voxi2_qt", "voxi2_qt_scene", "voxi2_qt_svg"):
         folder = rest.partition("/")[0]
         return folder if folder in ROOMS else None
     if prefix in ROOMS and rest:

@@ -42,6 +42,7 @@ Page notificationsPage();
 Page signUpPage();
 Page loanPage();
 Page picturesPage();
+Page scenePage();
 Page linksPage();
 Page diagramPage();
 Page clockPage();

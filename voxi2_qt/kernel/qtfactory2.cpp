@@ -1,9 +1,11 @@
 #include "voxi2_qt/kernel/qtfactory2.h"
 
 #include "../modelview/qtviewmodelpeer2.h"
+#include "scenelibrary.h"
 #include "svglibrary.h"
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
+#include "voxi2/controls/vxhgscene2.h"
 #include "voxi2/controls/vxsvgimage2.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
 #include "voxi2_qt/containers/qtdialog2.h"
@@ -53,6 +55,7 @@
 
 namespace VOXI {
 
+class QtHGScene2;
 class QtSvgImage2;
 
 namespace {
@@ -90,6 +93,15 @@ struct Making
     static QtObject2* make(Arguments... arguments)
     {
         return new Peer(arguments...);
+    }
+};
+
+template <>
+struct Making<QtHGScene2>
+{
+    static QtObject2* make(VXHGScene2* object, VXHGScene2Emitters* emitters, QWidget* parent)
+    {
+        return makeScene(object, emitters, parent);
     }
 };
 
@@ -133,6 +145,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtFrame2>(factory.createFrame2);
     serve<QtGridLayout2>(factory.createGridLayout2);
     serve<QtGroupBox2>(factory.createGroupBox2);
+    serve<QtHGScene2>(factory.createHGScene2);
     serve<QtHyperLink2>(factory.createHyperLink2);
     serve<QtImage2>(factory.createImage2);
     serve<QtListBox2>(factory.createListBox2);

@@ -480,6 +480,7 @@ std::vector<Kind> controlKinds()
     using Menu = VXMenu2;
     using Notice = VXNotificationBar2;
     using Progress = VXProgressBar2;
+    using Scene = VXHGScene2;
     using Slider = VXSlider2;
     using Spin = VXSpinBox2;
     using Svg = VXSvgImage2;
@@ -556,6 +557,29 @@ std::vector<Kind> controlKinds()
                      })
             .reports("scrolled", &Area::scrolled)
             .reports("zoomed", &Area::zoomed),
+        kind<Scene, QWidget, &F::createHGScene2>("HGScene", QAccessible::Graphic)
+            .has("nodes",
+                 [](Scene& scene, const std::vector<unsigned>& uids) {
+                     for (const unsigned uid : uids)
+                         scene.setNode({.uid = uid});
+                 },
+                 &Scene::nodes, {5, 3})
+            .has("camera", &Scene::setCamera, &Scene::camera, {.eye = {1, 2, 3}, .height = 7})
+            .has("navigable", &Scene::setNavigable, &Scene::isNavigable, true)
+            .has("lights", &Scene::setLights, &Scene::lights, {{.color = Color(1, 2, 3)}})
+            .has("ambientLight", &Scene::setAmbientLight, &Scene::ambientLight, Color(9, 8, 7))
+            .has("background", &Scene::setBackground, &Scene::background, Color(1, 2, 3))
+            .has("samples", &Scene::setSamples, &Scene::samples, 8)
+            .reports("picked", &Scene::picked,
+                     [](Scene& scene) {
+                         scene.imitateClick({1, 1});
+                     })
+            .reports("cameraMoved", &Scene::cameraMoved,
+                     [](Scene& scene) {
+                         const auto type = WidgetEvent::KeyPress;
+                         scene.imitateKey(type, VXKeyEvent2(&scene, type, Key::Left));
+                     })
+            .reports("frameDrawn", &Scene::frameDrawn),
         kind<Link, QLabel, &F::createHyperLink2>("HyperLink", QAccessible::Link)
             .has("text", &Link::setText, &Link::textU, L"text")
             .reports("clicked", &Link::clicked, [](Link& link) { link.imitateClick(); }),

@@ -23,6 +23,7 @@
 #include "voxi2/controls/vxdial2.h"
 #include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxeditarea2.h"
+#include "voxi2/controls/vxhgscene2.h"
 #include "voxi2/controls/vxhyperlink2.h"
 #include "voxi2/controls/vximage2.h"
 #include "voxi2/controls/vxlistbox2.h"

@@ -12,6 +12,8 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxhgscene2.h"
+#include "voxi2/controls/vxsvgimage2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/customcursorregistry.h"
 #include "voxi2/kernel/eventthrottler.h"
@@ -138,6 +140,26 @@ TEST_F(EntryTest, comesUpOnceAndStaysDown)
         EXPECT_FALSE(voxiRaiseWindow(1));
         const VXButton2 button;
         EXPECT_EQ(lookup(&button), nullptr);
+    });
+}
+
+TEST_F(EntryTest, librariesThatFewNeedComeWithTheFirstThatNeedsThem)
+{
+    inOwnHost([] {
+        const auto isLoaded = [](const char* name) {
+            return dlopen(name, RTLD_NOW | RTLD_NOLOAD) != nullptr;
+        };
+        VXWindow2 window;
+        const VXButton2 button(&window);
+        window.show();
+        EXPECT_FALSE(isLoaded("libQt6OpenGLWidgets.so.6"));
+        EXPECT_FALSE(isLoaded("libQt6SvgWidgets.so.6"));
+        const VXHGScene2 scene(&window);
+        EXPECT_NE(lookup(&scene), nullptr);
+        EXPECT_TRUE(isLoaded("libQt6OpenGLWidgets.so.6"));
+        EXPECT_FALSE(isLoaded("libQt6SvgWidgets.so.6"));
+        const VXSvgImage2 drawing(&window);
+        EXPECT_TRUE(isLoaded("libQt6SvgWidgets.so.6"));
     });
 }
 
