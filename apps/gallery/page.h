@@ -45,6 +45,7 @@ Page picturesPage();
 Page linksPage();
 Page diagramPage();
 Page clockPage();
+Page mimicPage();
 Page textsPage();
 Page logViewerPage();
 Page tablesPage();

@@ -9,7 +9,7 @@ const std::vector<Group>& groups()
          {countingPage(), buttonsPage(), formsPage(), rangesPage(), textsPage(),
           notificationsPage()}},
         {"Documents", {helpPage(), picturesPage(), linksPage()}},
-        {"Drawing", {diagramPage(), clockPage()}},
+        {"Drawing", {diagramPage(), clockPage(), mimicPage()}},
         {"Programs", {signUpPage(), loanPage(), logViewerPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage(), propertiesPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},
