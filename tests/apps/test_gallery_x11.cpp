@@ -10,6 +10,7 @@
 #include "voxi2/controls/vxtext2.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 
 namespace VOXI {
@@ -26,6 +27,17 @@ T* find(const gallery::GalleryWindow& gallery, const std::string& name)
     }
     return nullptr;
 }
+
+/// A process has one host.
+class GalleryOnDisplay : public testing::Test
+{
+protected:
+    static void SetUpTestSuite() { s_host = std::make_unique<QtHost>(); }
+    static void TearDownTestSuite() { s_host.reset(); }
+
+private:
+    static inline std::unique_ptr<QtHost> s_host;
+};
 
 /// Moves the display's pointer to the middle of the widget and clicks.
 void click(const VXWidget2& widget)
@@ -47,10 +59,9 @@ bool isPlaced(const gallery::GalleryWindow& gallery, const VXWidget2& widget)
            });
 }
 
-TEST(GalleryOnDisplay, countsTheClicksOfThePointer)
+TEST_F(GalleryOnDisplay, countsTheClicksOfThePointer)
 {
     const Watchdog watchdog(std::chrono::seconds(120), "gallery");
-    QtHost host;
     gallery::GalleryWindow gallery;
     ASSERT_TRUE(gallery.select("counting"));
     auto* const button = find<VXButton2>(gallery, "counter");
@@ -70,10 +81,9 @@ TEST(GalleryOnDisplay, countsTheClicksOfThePointer)
     EXPECT_EQ(events, 3);
 }
 
-TEST(GalleryOnDisplay, movesWhatIsPaintedAndWorksInPictures)
+TEST_F(GalleryOnDisplay, movesWhatIsPaintedAndWorksInPictures)
 {
     const Watchdog watchdog(std::chrono::seconds(120), "gallery");
-    QtHost host;
     gallery::GalleryWindow gallery;
     ASSERT_TRUE(gallery.select("diagram"));
     auto* const log = find<VXText2>(gallery, "log");
