@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 namespace VOXI {
 
 namespace {
@@ -89,8 +91,10 @@ VXRect<int> QtMimicView2::doGetPictureRect() { return Qt2VX(pictureRect().toRect
 
 void QtMimicView2::slotImageChanged()
 {
-    if (imageSize() != m_hint) {
-        m_hint = imageSize();
+    const QSizeF size = imageSize();
+    const QSize hint = size.isEmpty() ? QSize() : size.toSize();
+    if (hint != m_hint) {
+        m_hint = hint;
         updateGeometry();
     }
     update();
@@ -149,11 +153,10 @@ void QtMimicView2::watch()
 
 bool QtMimicView2::shows(const QtMimicSource2& source) const { return m_source == &source; }
 
-QSize QtMimicView2::imageSize() const
+/// In units, of which the last may be a part.
+QSizeF QtMimicView2::imageSize() const
 {
-    return m_source && !m_source->image().isNull()
-               ? m_source->image().deviceIndependentSize().toSize()
-               : QSize();
+    return m_source ? m_source->image().deviceIndependentSize() : QSizeF();
 }
 
 QRectF QtMimicView2::pictureRect() const
@@ -161,10 +164,14 @@ QRectF QtMimicView2::pictureRect() const
     const QSizeF size = imageSize();
     if (size.isEmpty())
         return {};
+    // On a whole pixel: an image that is not scaled stays sharp.
+    const double ratio = devicePixelRatioF();
+    const auto aligned = [ratio](double place) { return std::round(place * ratio) / ratio; };
     if (!m_isAspectKept)
         return rect();
     QRectF result(QPointF(), size.scaled(this->size(), Qt::KeepAspectRatio));
-    result.moveCenter(QRectF(rect()).center());
+    result.moveTopLeft(
+        {aligned((width() - result.width()) / 2), aligned((height() - result.height()) / 2)});
     return result;
 }
 

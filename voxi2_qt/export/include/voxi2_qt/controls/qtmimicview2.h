@@ -50,7 +50,7 @@ private:
     void slotSourceDestroyed();
 
     void watch();
-    QSize imageSize() const;
+    QSizeF imageSize() const;
     QRectF pictureRect() const;
 
     QWidget* inputWidget() const;
