@@ -46,6 +46,7 @@ Page scenePage();
 Page linksPage();
 Page diagramPage();
 Page clockPage();
+Page mimicPage();
 Page textsPage();
 Page logViewerPage();
 Page tablesPage();

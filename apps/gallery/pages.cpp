@@ -9,7 +9,7 @@ const std::vector<Group>& groups()
          {countingPage(), buttonsPage(), formsPage(), rangesPage(), textsPage(),
           notificationsPage()}},
         {"Documents", {helpPage(), picturesPage(), linksPage()}},
-        {"Drawing", {diagramPage(), clockPage(), scenePage()}},
+        {"Drawing", {diagramPage(), clockPage(), scenePage(), mimicPage()}},
         {"Programs", {signUpPage(), loanPage(), logViewerPage()}},
         {"Data",
          {tablesPage(), treesPage(), explorerBarPage(), palettePage(), slowModelPage(),

@@ -37,6 +37,9 @@ QtFrame2::QtFrame2(VXFrame2* object, VXFrame2Emitters* emitters, QWidget* parent
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {}
 
+/// The painter goes when nobody finds this any more: what it holds may do anything at its end.
+QtFrame2::~QtFrame2() { endPeer(); }
+
 // Requests ----------------------------------------------------------------------------------------
 
 void QtFrame2::doSetColor(ColorRole role, Color color) { setVisibleColor(role, color); }

@@ -46,6 +46,16 @@ bool opensAtOnce(const QAbstractButton& button)
     return menuOf(button) && (!tool || tool->popupMode() == QToolButton::InstantPopup);
 }
 
+/// Of the letter that is marked, as it is written.
+QString accessKey(const QString& label)
+{
+    for (qsizetype i = 0; i + 1 < label.size(); ++i) {
+        if (label[i] == u'&' && label[++i] != u'&')
+            return QKeySequence(Qt::ALT).toString(QKeySequence::NativeText) + label[i];
+    }
+    return {};
+}
+
 /// Without the marks of access keys.
 QString spoken(const QString& label)
 {
@@ -71,10 +81,9 @@ QString QtAccessibleButton::text(QAccessible::Text kind) const
         text = spoken(button().text());
     if (kind == QAccessible::Accelerator) {
         const auto* const push = qobject_cast<const QPushButton*>(&button());
-        const QKeySequence key = push && push->isDefault()
-                                     ? QKeySequence(Qt::Key_Enter)
-                                     : QKeySequence::mnemonic(button().text());
-        text = key.toString(QKeySequence::NativeText);
+        text = push && push->isDefault()
+                   ? QKeySequence(Qt::Key_Enter).toString(QKeySequence::NativeText)
+                   : accessKey(button().text());
     }
     return text.isEmpty() ? QAccessibleWidget::text(kind) : text;
 }

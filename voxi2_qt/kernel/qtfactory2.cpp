@@ -34,6 +34,8 @@
 #include "voxi2_qt/controls/qtlistbox2.h"
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/controls/qtmenubar2.h"
+#include "voxi2_qt/controls/qtmimicsource2.h"
+#include "voxi2_qt/controls/qtmimicview2.h"
 #include "voxi2_qt/controls/qtnotificationbar2.h"
 #include "voxi2_qt/controls/qtprogressbar2.h"
 #include "voxi2_qt/controls/qtradiobutton2.h"
@@ -114,6 +116,17 @@ struct Making<QtSvgImage2>
     }
 };
 
+/// It has no other parents than widgets, though it is none.
+template <>
+struct Making<QtMimicSource2>
+{
+    static QtObject2* make(VXMimicSource2* object, VXMimicSource2Emitters* emitters,
+                           QWidget* parent)
+    {
+        return new QtMimicSource2(object, emitters, parent);
+    }
+};
+
 } // namespace
 
 QtFactory2* QtFactory2::m_factory = nullptr;
@@ -172,6 +185,8 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtPaletteView2>(factory.createPaletteView2);
     serve<QtExplorerBarView2>(factory.createExplorerBarView2);
     serve<QtToolTipWindow2>(factory.createToolTipWindow2);
+    serve<QtMimicSource2>(factory.createMimicSource2);
+    serve<QtMimicView2>(factory.createMimicView2);
     serve<QtNotificationBar2>(factory.createNotificationBar2);
     serve<QtSlider2>(factory.createSlider2);
     serve<QtDial2>(factory.createDial2);

@@ -478,10 +478,12 @@ std::vector<Kind> controlKinds()
     using Link = VXHyperLink2;
     using List = VXListBox2;
     using Menu = VXMenu2;
+    using Mimic = VXMimicView2;
     using Notice = VXNotificationBar2;
     using Progress = VXProgressBar2;
     using Scene = VXHGScene2;
     using Slider = VXSlider2;
+    using Source = VXMimicSource2;
     using Spin = VXSpinBox2;
     using Svg = VXSvgImage2;
     using Tool = VXToolButton2;
@@ -605,6 +607,15 @@ std::vector<Kind> controlKinds()
             .has("digMenu", &Menu::setDigMenu, &Menu::isDigMenu, true)
             .reports("aboutToShow", &Menu::aboutToShow),
         kind<VXMenuBar2, QMenuBar, &F::createMenuBar2>("MenuBar", QAccessible::MenuBar),
+        kind<Source, QObject, &F::createMimicSource2>("MimicSource")
+            .has("nativeWindow", &Source::setNativeWindow, &Source::nativeWindow, 77)
+            .has("maximumRate", &Source::setMaximumRate, &Source::maximumRate, 5)
+            .refersTo("widget", &Source::setWidget, &Source::widget)
+            .reports("refreshed", &Source::refreshed)
+            .reports("ended", &Source::ended),
+        kind<Mimic, QWidget, &F::createMimicView2>("MimicView", QAccessible::Client)
+            .has("forwarding", &Mimic::setForwarding, &Mimic::isForwarding, true)
+            .refersTo("source", &Mimic::setSource, &Mimic::source),
         kind<Notice, QFrame, &F::createNotificationBar2>("NotificationBar",
                                                          QAccessible::AlertMessage)
             .has("notification",

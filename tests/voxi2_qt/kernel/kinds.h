@@ -29,6 +29,8 @@
 #include "voxi2/controls/vxlistbox2.h"
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxmenubar2.h"
+#include "voxi2/controls/vxmimicsource2.h"
+#include "voxi2/controls/vxmimicview2.h"
 #include "voxi2/controls/vxnotificationbar2.h"
 #include "voxi2/controls/vxprogressbar2.h"
 #include "voxi2/controls/vxradiobutton2.h"

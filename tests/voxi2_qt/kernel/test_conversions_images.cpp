@@ -103,7 +103,7 @@ TEST_F(QtImages, AnIconIsComposedForTheScreensPixels)
     const QPixmap pixmap = qIcon.pixmap(QSize(16, 16), 2.0);
     EXPECT_EQ(pixmap.size(), QSize(32, 32));
     EXPECT_EQ(pixmap.devicePixelRatio(), 2.0);
-    EXPECT_EQ(Qt2VX(pixmap), filled(32, 32, Red));
+    EXPECT_EQ(Qt2VX(pixmap), Pixmap(32, 32, filled(32, 32, Red).pixels(), 2));
     EXPECT_EQ(Qt2VX(qIcon.pixmap(QSize(16, 16), 1.0, QIcon::Normal, QIcon::On)),
               filled(16, 16, Blue));
     EXPECT_EQ(Qt2VX(qIcon.pixmap(QSize(16, 16), 1.0, QIcon::Disabled)), filled(16, 16, 0x00ff00ff));

@@ -19,6 +19,7 @@ class VOXI2_QT_EXPORT QtFrame2
 
 public:
     QtFrame2(VXFrame2* object, VXFrame2Emitters* emitters, QWidget* parent);
+    ~QtFrame2() override;
 
     void doSetColor(ColorRole role, Color color) override;
 

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "voxi2/controls/vxmimicview2.h"
+#include "voxi2_qt/kernel/qtwidget2shim.h"
+#include "voxi2_qt/voxi2_qt_export.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace VOXI {
+
+class QtMimicSource2;
+
+/// The peer of the mimic view.
+class VOXI2_QT_EXPORT QtMimicView2
+    : public QtWidget2Shim<VXMimicView2, VXMimicView2Emitters, QtWidget2, QWidget>
+{
+    Q_OBJECT
+
+public:
+    QtMimicView2(VXMimicView2* object, VXMimicView2Emitters* emitters, QWidget* parent);
+
+    // Requests, in the order of the emitters table
+    virtual void doSetSource(VXMimicSource2* source);
+    virtual void doSetAspectKept(bool kept);
+    virtual void doSetForwarding(bool forwarding);
+    virtual VXMimicSource2* doGetSource();
+    virtual bool doIsAspectKept();
+    virtual bool doIsForwarding();
+    virtual VXRect<int> doGetPictureRect();
+
+    bool shows(const QtMimicSource2& source) const;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void slotImageChanged();
+    void slotSourceDestroyed();
+
+    void watch();
+    QSizeF imageSize() const;
+    QRectF pictureRect() const;
+
+    QWidget* inputWidget() const;
+    QPointF toSource(const QPointF& point) const;
+    QWidget* widgetAt(QWidget& source, const QPointF& point) const;
+    void forwardPointer(QMouseEvent& event);
+    bool forwardKey(QKeyEvent& event);
+    void send(QWidget& target, QEvent& event, QEvent& original);
+
+    QPointer<QtMimicSource2> m_source;
+    QSize m_hint;              ///< what was asked for last
+    QPointer<QWidget> m_held;  ///< what was pressed, until the buttons are released
+    QPointer<QWidget> m_typed; ///< what keys go to
+    bool m_isAspectKept = true;
+    bool m_isForwarding = false;
+    bool m_isSending = false; ///< views may lie in what they show
+};
+
+} // namespace VOXI
