@@ -8,7 +8,7 @@ const std::vector<Group>& groups()
         {"Controls",
          {countingPage(), buttonsPage(), formsPage(), rangesPage(), textsPage(),
           notificationsPage()}},
-        {"Documents", {helpPage(), picturesPage(), linksPage()}},
+        {"Documents", {helpPage(), webPage(), picturesPage(), linksPage()}},
         {"Programs", {signUpPage(), loanPage(), logViewerPage()}},
         {"Data", {tablesPage(), treesPage(), slowModelPage(), liveModelPage(), propertiesPage()}},
         {"Commands", {actionsPage(), digMenusPage()}},

@@ -5,6 +5,8 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 
+#include <algorithm>
+
 namespace VOXI {
 
 namespace {
@@ -31,6 +33,13 @@ bool isOfPointer(QEvent::Type type)
 QString webText(const QUrl& url)
 {
     return url == QUrl(QStringLiteral("about:blank")) ? QString() : url.toString();
+}
+
+bool QtWebNews::isOfProgram(const QUrl& url) const
+{
+    const auto& names = VXWebBrowser2::fixedSchemes();
+    return std::find(names.begin(), names.end(), Detail::utf8FromQString(url.scheme()))
+           != names.end();
 }
 
 // Asked -------------------------------------------------------------------------------------------

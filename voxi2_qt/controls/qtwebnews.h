@@ -17,6 +17,7 @@ public:
 
     QtWidget2& viewPeer() override { return m_peer; }
     const WebSettings& settings() const override { return m_settings; }
+    bool isOfProgram(const QUrl& url) const override;
 
     bool mayGo(const QUrl& url, WebNavigation kind, bool isWholePage) override;
     bool mayRead(const QUrl& url) override;

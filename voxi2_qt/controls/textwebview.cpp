@@ -2,7 +2,6 @@
 
 #include "browserurls.h"
 #include "textfinder.h"
-#include "voxi2/controls/vxwebbrowser2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
@@ -11,17 +10,11 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace VOXI {
 
 namespace {
-
-bool isOfProgram(const QUrl& url)
-{
-    const auto& names = VXWebBrowser2::fixedSchemes();
-    return std::find(names.begin(), names.end(), url.scheme().toLatin1().toStdString())
-           != names.end();
-}
 
 TextResource resourceOf(const WebContent& content)
 {
@@ -34,7 +27,6 @@ TextWebView::TextWebView(WebViewHost& host, QWidget* parent)
     : m_host(host),
       m_browser(std::make_unique<TextBrowser>(*this, parent))
 {
-    VXWebBrowser2::fixedSchemes();
     connect(m_browser.get(), &QTextBrowser::sourceChanged, this, &TextWebView::tellWhereItIs);
     connect(m_browser.get(), &TextBrowser::titleChanged, this,
             [this](const QString& title) { m_host.titleIs(title); });
@@ -200,7 +192,7 @@ TextResourceQuery2::Reply TextWebView::askForResource(TextResourceType type, con
         given = TextResource(toStdWString(m_text));
         return Reply::Given;
     }
-    if (!isOfProgram(address)) {
+    if (!m_host.isOfProgram(address)) {
         const bool isFile = address.isLocalFile() || address.scheme() == QLatin1String("path")
                             || address.scheme() == QLatin1String("qrc");
         return isFile ? Reply::None : Reply::Given;

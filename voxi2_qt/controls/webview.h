@@ -43,6 +43,9 @@ public:
     /// That the view is a part of, and goes with.
     virtual QtWidget2& viewPeer() = 0;
     virtual const WebSettings& settings() const = 0;
+    /// Whether its scheme is one of those that the program answers for; from now on there are no
+    /// others.
+    virtual bool isOfProgram(const QUrl& url) const = 0;
 
     // Asked
 

@@ -4,9 +4,11 @@
 #include "voxi2/controls/vxwebbrowser2.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlScheme>
 
+#include <cstring>
 #include <unistd.h>
 
 namespace VOXI {
@@ -54,9 +56,38 @@ void registerSchemes()
     }
 }
 
+/// While one lives, the engine does not say at length what it has found for graphics.
+class QuietStart
+{
+public:
+    /// The filter that is installed is called at once, and wants to know the former one.
+    QuietStart()
+    {
+        s_former = QLoggingCategory::installFilter(nullptr);
+        QLoggingCategory::installFilter(&filter);
+    }
+    ~QuietStart() { QLoggingCategory::installFilter(s_former); }
+    QuietStart(const QuietStart&) = delete;
+    QuietStart& operator=(const QuietStart&) = delete;
+
+private:
+    static void filter(QLoggingCategory* category)
+    {
+        s_former(category);
+        if (std::strncmp(category->categoryName(), "qt.webengine", 12) == 0) {
+            category->setEnabled(QtDebugMsg, false);
+            category->setEnabled(QtInfoMsg, false);
+        }
+    }
+
+    static QLoggingCategory::CategoryFilter s_former;
+};
+QLoggingCategory::CategoryFilter QuietStart::s_former = nullptr;
+
 /// The flags are read when the engine starts; programs that this one starts have no need of them.
 void startWithFlags()
 {
+    const QuietStart quiet;
     const bool wereSet = qEnvironmentVariableIsSet(FlagsName);
     const QByteArray former = qgetenv(FlagsName);
     qputenv(FlagsName, neededFlags(former));

@@ -138,7 +138,7 @@ void EngineView::applySettings()
     const WebSettings& wanted = m_host.settings();
     if (wanted.profile != m_profileName) {
         const QUrl url = m_page->url();
-        const std::unique_ptr<EnginePage> former = std::move(m_page);
+        std::unique_ptr<EnginePage> former = std::move(m_page);
         const std::shared_ptr<EngineProfile> formerProfile = m_profile;
         const std::unique_ptr<QWebChannel> formerChannel = std::move(m_channel);
         former->disconnect(this);
@@ -146,6 +146,7 @@ void EngineView::applySettings()
         formerProfile->leave(*this);
         makePage();
         m_widget->setPage(m_page.get());
+        former.reset(); // before its profile
         if (!url.isEmpty())
             goTo(url);
     }
@@ -186,18 +187,15 @@ void EngineView::goTo(const QUrl& url)
     constexpr qsizetype Most = 1'000'000; // of the engine's two
     ++m_moves;
     m_hasCrashed = false;
-    if (!url.isValid() && !url.isEmpty()) {
-        m_page->triggerAction(QWebEnginePage::Stop);
-        later([this] { m_host.loadIsOver(false); });
+    const QUrl target = url.isEmpty() ? QUrl(QStringLiteral("about:blank")) : url;
+    if (target.isValid() && mayLoad(target) && target.toEncoded().size() <= Most) {
+        m_isStartAwaited = true;
+        m_page->load(target);
         return;
     }
-    if (url.toEncoded().size() > Most) {
-        m_page->triggerAction(QWebEnginePage::Stop);
-        later([this] { m_host.loadIsOver(false); });
-        return;
-    }
-    m_isStartAwaited = true;
-    m_page->load(url.isEmpty() ? QUrl(QStringLiteral("about:blank")) : url);
+    m_page->triggerAction(QWebEnginePage::Stop);
+    tellEnd(false);
+    slotUrl(m_page->url());
 }
 
 /// The engine takes a text as a part of an address, which must not be long. A longer one is a page
@@ -213,7 +211,7 @@ void EngineView::showHtml(const QString& html, const QUrl& base)
         return;
     }
     m_textBase = base;
-    const bool isOwn = isOfProgram(base);
+    const bool isOwn = m_host.isOfProgram(base);
     m_textPage = isOwn ? base.adjusted(QUrl::RemoveFragment)
                        : QUrl(QStringLiteral("app://html/%1").arg(++m_tokens));
     m_text = isOwn || base.isEmpty() ? html.toUtf8() : withBase(html, base);

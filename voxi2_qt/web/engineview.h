@@ -71,9 +71,6 @@ public:
     void print(const QString& file, const QSizeF& millimetres) override;
     void showOwnMenu(const QPoint& place) override;
 
-    /// Whether its scheme is one of those that the program answers for.
-    static bool isOfProgram(const QUrl& url);
-
     // For page, profile and widget
 
     const QtWidget2* peer() const;

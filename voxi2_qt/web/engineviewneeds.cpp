@@ -2,7 +2,6 @@
 
 #include "enginepage.h"
 #include "engineview.h"
-#include "voxi2/controls/vxwebbrowser2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
@@ -34,19 +33,12 @@ void reply(QWebEngineUrlRequestJob& job, const QByteArray& type, const QByteArra
 
 } // namespace
 
-bool EngineView::isOfProgram(const QUrl& url)
-{
-    const auto& names = VXWebBrowser2::fixedSchemes();
-    return std::find(names.begin(), names.end(), url.scheme().toLatin1().toStdString())
-           != names.end();
-}
-
 // What pages need ---------------------------------------------------------------------------------
 
 bool EngineView::mayLoad(const QUrl& url) const
 {
     const QString scheme = url.scheme();
-    if (isOfProgram(url))
+    if (m_host.isOfProgram(url))
         return true;
     if (scheme == QLatin1String("data") || scheme == QLatin1String("blob")
         || scheme == QLatin1String("about"))
@@ -72,7 +64,7 @@ void EngineView::serve(QWebEngineUrlRequestJob* job)
         *wanted = false;
         m_jobs.erase(token);
     });
-    const std::string method = job->requestMethod().toStdString();
+    const std::string method = Detail::utf8FromQString(QString::fromLatin1(job->requestMethod()));
     later([this, token, wanted, url, method] {
         if (!*wanted)
             return;

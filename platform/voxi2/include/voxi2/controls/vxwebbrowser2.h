@@ -133,7 +133,8 @@ public:
 
     // Where to
 
-    /// Goes there; an address without a scheme is a file's.
+    /// Goes there; an address without a scheme is a file's. Where it must not go the browser stays
+    /// where it is, and says so.
     void setAddress(const AnyText& address);
     /// Of the page that is shown, or that was asked for last and is to come; empty at first.
     std::wstring address() const;

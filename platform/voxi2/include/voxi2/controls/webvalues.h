@@ -97,7 +97,7 @@ public:
     /// A text, which is sent as UTF-8.
     WebContent(const AnyText& text, std::string type = "text/html")
         : m_bytes(utf8FromWide(text.toWide())),
-          m_type(std::move(type))
+          m_type(std::move(type) + "; charset=utf-8")
     {}
 
     const ByteArray& bytes() const noexcept { return m_bytes; }
