@@ -27,6 +27,8 @@ ROOMS = {
         )
         for folder in ("containers", "controls", "modelview")
     },
+    # The engine of web pages; only a library of its own.
+    "web": (["voxi2_qt/web"], ["kernel", "controls", *PLATFORM, "qt"]),
     # A program's user interface is written against the abstract objects and plain values.
     "apps": (["apps"], ["voxi2", "voxi_util"]),
 }
@@ -51,7 +53,7 @@ def room_of_file(path):
 def room_of_include(name, quoted, path):
     """The room that an include leads to; None for the standard library and one's own folder."""
     prefix, _, rest = name.partition("/")
-    if prefix in ("voxi2_qt", "voxi2_qt_scene", "voxi2_qt_svg"):
+    if prefix in ("voxi2_qt", "voxi2_qt_scene", "voxi2_qt_svg", "voxi2_qt_web"):
         folder = rest.partition("/")[0]
         return folder if folder in ROOMS else None
     if prefix in ROOMS and rest:

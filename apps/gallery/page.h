@@ -37,6 +37,7 @@ Page countingPage();
 Page buttonsPage();
 Page formsPage();
 Page helpPage();
+Page webPage();
 Page rangesPage();
 Page notificationsPage();
 Page signUpPage();

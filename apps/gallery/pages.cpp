@@ -8,7 +8,7 @@ const std::vector<Group>& groups()
         {"Controls",
          {countingPage(), buttonsPage(), formsPage(), rangesPage(), textsPage(),
           notificationsPage()}},
-        {"Documents", {helpPage(), picturesPage(), linksPage()}},
+        {"Documents", {helpPage(), webPage(), picturesPage(), linksPage()}},
         {"Drawing", {diagramPage(), clockPage(), scenePage(), mimicPage()}},
         {"Programs", {signUpPage(), loanPage(), logViewerPage()}},
         {"Data",

@@ -1,8 +1,9 @@
 #include "pageresources.h"
 
 #include "browserurls.h"
-#include "voxi2_qt/controls/qttextbrowser2.h"
+#include "voxi2_qt/controls/textbrowser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QPainter>
 #include <QStringDecoder>
@@ -102,8 +103,8 @@ PageResources::Answer PageResources::page(const QUrl& url, PageContent::Kind kin
     answer.m_token = ++m_tokens;
     abandonPage();
     TextResource given;
-    const QtDeletionHold hold(&m_peer);
-    const Reply reply = m_peer.askForResource(TextResourceType::Page, browserText(url),
+    const QtDeletionHold hold(&m_host.browserPeer());
+    const Reply reply = m_host.askForResource(TextResourceType::Page, browserText(url),
                                               answer.m_token, m_awaited, given);
     if (reply == Reply::Later)
         answer.m_found = Found::Later;
@@ -112,7 +113,7 @@ PageResources::Answer PageResources::page(const QUrl& url, PageContent::Kind kin
     std::optional<PageContent> content;
     if (reply == Reply::Given) {
         content = contentOf(given, kind);
-    } else if (const QString name = m_files.find(url, m_peer.filePath()); !name.isNull()) {
+    } else if (const QString name = m_files.find(url, m_host.filePath()); !name.isNull()) {
         const QByteArray bytes = bytesOfFile(name);
         if (!bytes.isEmpty() && name.endsWith(QLatin1String(".txt")))
             content = PageContent{PageContent::Kind::Plain, QString::fromUtf8(bytes)};
@@ -162,7 +163,7 @@ QVariant PageResources::resource(int type, const QUrl& name, const QUrl& url)
     Entry entry{type, {name}, {}, 0};
     if (const auto data = dataOf(url)) {
         entry.m_value = valueOf(type, *data);
-    } else if (m_peer.isAnswering()) {
+    } else if (m_host.isAnswering()) {
         entry.m_value = isPicture(type) ? QVariant(pictureToCome()) : QVariant(QByteArray(""));
         m_noted.push_back(url);
     } else {
@@ -174,14 +175,14 @@ QVariant PageResources::resource(int type, const QUrl& name, const QUrl& url)
 std::vector<PageResources::Came> PageResources::ask()
 {
     std::vector<Came> came;
-    const QtDeletionHold hold(&m_peer);
+    const QtDeletionHold hold(&m_host.browserPeer());
     const Flag page = m_wanted;
     for (const QUrl& url : std::exchange(m_noted, {})) {
         const int type = m_entries.value(url).m_type;
         const unsigned token = ++m_tokens;
         m_entries[url].m_token = token;
         TextResource given;
-        const Reply reply = m_peer.askForResource(isPicture(type) ? TextResourceType::Picture
+        const Reply reply = m_host.askForResource(isPicture(type) ? TextResourceType::Picture
                                                                   : TextResourceType::StyleSheet,
                                                   browserText(url), token, page, given);
         if (!hold.isAlive() || !*page)
@@ -209,7 +210,7 @@ std::vector<PageResources::Came> PageResources::take(unsigned token, const TextR
 
 QVariant PageResources::ofFile(int type, const QUrl& url) const
 {
-    return valueOf(type, bytesOfFile(m_files.find(url, m_peer.filePath())));
+    return valueOf(type, bytesOfFile(m_files.find(url, m_host.filePath())));
 }
 
 } // namespace VOXI

@@ -16,7 +16,7 @@
 
 namespace VOXI {
 
-class QtTextBrowser2;
+class TextBrowserHost;
 
 /// What a page is made of.
 struct PageContent
@@ -35,7 +35,7 @@ struct PageContent
 class PageResources
 {
 public:
-    explicit PageResources(QtTextBrowser2& peer) : m_peer(peer) {}
+    explicit PageResources(const TextBrowserHost& host) : m_host(host) {}
     ~PageResources() { *m_wanted = *m_awaited = false; }
     PageResources(const PageResources&) = delete;
     PageResources& operator=(const PageResources&) = delete;
@@ -92,7 +92,7 @@ private:
     static Flag newFlag() { return std::make_shared<std::atomic<bool>>(true); }
     QVariant ofFile(int type, const QUrl& url) const;
 
-    QtTextBrowser2& m_peer;
+    const TextBrowserHost& m_host;
     AllowedFiles m_files;
     QHash<QUrl, Entry> m_entries; // of the page that is shown
     std::vector<QUrl> m_noted;

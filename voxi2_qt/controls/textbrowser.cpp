@@ -2,7 +2,7 @@
 
 #include "browserurls.h"
 #include "pageresources.h"
-#include "voxi2_qt/controls/qttextbrowser2.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -57,10 +57,10 @@ PageContent::Kind kindOf(QTextDocument::ResourceType type)
 
 } // namespace
 
-TextBrowser::TextBrowser(QtTextBrowser2& peer, QWidget* parent)
+TextBrowser::TextBrowser(const TextBrowserHost& host, QWidget* parent)
     : QTextBrowser(parent),
-      m_peer(peer),
-      m_resources(std::make_unique<PageResources>(peer)),
+      m_host(host),
+      m_resources(std::make_unique<PageResources>(host)),
       m_content(std::make_unique<PageContent>())
 {
     // Qt would have the desktop open some of them.
@@ -109,10 +109,10 @@ void TextBrowser::followLink(const QUrl& url)
     QString text = browserText(target);
     if (isBuffer(target) && !isInPage && target.host().isEmpty())
         text = bareName(text);
-    const QtDeletionHold hold(&m_peer);
+    const QtDeletionHold hold(&m_host.browserPeer());
     const unsigned moves = m_moves;
     Q_EMIT linkClicked(text);
-    if (!hold.isAlive() || !m_peer.mayFollow(text) || !hold.isAlive() || moves != m_moves)
+    if (!hold.isAlive() || !m_host.mayFollow(text) || !hold.isAlive() || moves != m_moves)
         return;
     if (isBuffer(target) && isInPage && target.hasFragment())
         scrollToAnchor(target.fragment());
@@ -174,7 +174,7 @@ std::optional<PageContent> TextBrowser::contentFor(Navigation& navigation)
     if (!page.isValid())
         return std::nullopt;
     navigation.m_isFresh = true;
-    const QtDeletionHold hold(&m_peer);
+    const QtDeletionHold hold(&m_host.browserPeer());
     const unsigned moves = m_moves;
     const auto answer = m_resources->page(withoutFragment(page), kindOf(navigation.m_type));
     if (!hold.isAlive() || moves != m_moves)
@@ -325,7 +325,7 @@ QVariant TextBrowser::loadResource(int type, const QUrl& name)
 void TextBrowser::fetchNoted()
 {
     m_isFetching = false;
-    const QtDeletionHold hold(&m_peer);
+    const QtDeletionHold hold(&m_host.browserPeer());
     const auto came = m_resources->ask();
     if (hold.isAlive())
         layOutWith(came);

@@ -1,8 +1,8 @@
 // What is done with the page that a text browser shows.
 
 #include "pageresources.h"
-#include "voxi2_qt/controls/qttextbrowser2.h"
 #include "voxi2_qt/controls/textbrowser.h"
+#include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QContextMenuEvent>
 #include <QMimeData>
@@ -57,7 +57,7 @@ bool TextBrowser::printToPdf(const QString& file, const QSizeF& millimetres)
 {
     if (!isSide(millimetres.width()) || !isSide(millimetres.height()) || file.isEmpty())
         return false;
-    const QtDeletionHold hold(&m_peer);
+    const QtDeletionHold hold(&m_host.browserPeer());
     fetchNoted();
     QSaveFile out(file);
     if (!hold.isAlive() || !out.open(QIODevice::WriteOnly))
@@ -75,7 +75,7 @@ bool TextBrowser::printToPdf(const QString& file, const QSizeF& millimetres)
 
 void TextBrowser::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (m_peer.isHeard(&VXWidget2Emitters::contextMenu))
+    if (m_host.browserPeer().isHeard(&VXWidget2Emitters::contextMenu))
         event->ignore(); // it comes to the peer
     else
         QTextBrowser::contextMenuEvent(event);
@@ -84,7 +84,7 @@ void TextBrowser::contextMenuEvent(QContextMenuEvent* event)
 /// Qt waits in here while the user drags a text, and goes on behind that.
 void TextBrowser::mouseMoveEvent(QMouseEvent* event)
 {
-    const QtDeletionHold hold(&m_peer);
+    const QtDeletionHold hold(&m_host.browserPeer());
     QTextBrowser::mouseMoveEvent(event);
 }
 

@@ -45,6 +45,7 @@
 #include "voxi2_qt/controls/qttextbrowser2.h"
 #include "voxi2_qt/controls/qttoolbar2.h"
 #include "voxi2_qt/controls/qttoolbutton2.h"
+#include "voxi2_qt/controls/qtwebbrowser2.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtclipboard2.h"
 #include "voxi2_qt/kernel/qtdragdelegate2.h"
@@ -180,6 +181,7 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtToolBar2>(factory.createToolbar2);
     serve<QtToolButton2>(factory.createToolButton2);
     serve<QtTreeView2>(factory.createTreeView2);
+    serve<QtWebBrowser2>(factory.createWebBrowser2);
     serve<QtWidgetStack2>(factory.createWidgetStack2);
     serve<QtWindow2>(factory.createWindow2);
     serve<QtPaletteView2>(factory.createPaletteView2);

@@ -1,13 +1,13 @@
 #include "scenelibrary.h"
 
-#include "kindlibrary.h"
+#include "sidelibrary.h"
 
 namespace VOXI {
 
 QtObject2* makeScene(VXHGScene2* object, VXHGScene2Emitters* emitters, QWidget* parent)
 {
     static const auto make = reinterpret_cast<decltype(&voxi2_qt_makeScene)>(
-        functionOfKindLibrary("voxi2_qt_scene", "voxi2_qt_makeScene", "no scenes"));
+        sideLibraryFunction("voxi2_qt_scene", "voxi2_qt_makeScene", "no scenes"));
     return make ? make(object, emitters, parent) : nullptr;
 }
 

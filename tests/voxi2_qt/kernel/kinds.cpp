@@ -487,6 +487,7 @@ std::vector<Kind> controlKinds()
     using Spin = VXSpinBox2;
     using Svg = VXSvgImage2;
     using Tool = VXToolButton2;
+    using Web = VXWebBrowser2;
     return {
         kind<Button, QPushButton, &F::createButton2>("Button", QAccessible::Button)
             .has("default", &Button::setDefault, &Button::isDefault, true)
@@ -716,6 +717,20 @@ std::vector<Kind> controlKinds()
             .has("autoRaise", &Tool::setAutoRaise, &Tool::isAutoRaise, true)
             .refersTo("menu", &Tool::setMenu, &Tool::menu)
             .refersTo("defaultAction", &Tool::setDefaultAction, &Tool::defaultAction),
+        // Goes nowhere here, so that its engine does not start: what needs that is tried, with all
+        // that is asked and reported, in a test of its own.
+        kind<Web, QWidget, &F::createWebBrowser2>("WebBrowser", QAccessible::Client)
+            .has("networkAccess", &Web::setNetworkAccess, &Web::hasNetworkAccess, true)
+            .has("filePath", &Web::setFilePath, &Web::filePath, {"one", "two"})
+            .has("profile", &Web::setProfile, &Web::profile, L"name")
+            .has("zoom", &Web::setZoom, &Web::zoom, 150)
+            .has("userStyle", &Web::setUserStyle, &Web::userStyle, L"p { color: red }")
+            .reports("navigating", &Web::navigating)
+            .reports("addressChanged", &Web::addressChanged)
+            .reports("titleChanged", &Web::titleChanged)
+            .reports("iconChanged", &Web::iconChanged)
+            .reports("selectionChanged", &Web::selectionChanged)
+            .reports("zoomChanged", &Web::zoomChanged),
     };
 }
 

@@ -41,6 +41,7 @@
 #include "voxi2/controls/vxtextbrowser2.h"
 #include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2/controls/vxtoolbutton2.h"
+#include "voxi2/controls/vxwebbrowser2.h"
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxfactory2.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/kernel/lateanswer.h"
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
 #include "voxi_util/bytearray.h"
@@ -75,7 +76,7 @@ public:
     /// token.
     TextResourceQuery2(unsigned browser, unsigned token, TextResourceType type, std::wstring url,
                        Wanted wanted);
-    enum class Reply { None, Given, Later };
+    using Reply = detail::LateAnswer<TextResource>::Reply;
     /// Ends the asking; `given` becomes what the handlers have answered.
     Reply endAsking(TextResource& given) const;
 

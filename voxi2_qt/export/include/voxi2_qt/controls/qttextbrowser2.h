@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxtextbrowser2.h"
+#include "voxi2_qt/controls/textbrowser.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
@@ -9,11 +10,11 @@
 namespace VOXI {
 
 class HoverButton;
-class TextBrowser;
 
 /// The peer of the text browser: a bar of buttons, and below it what shows the pages.
 class VOXI2_QT_EXPORT QtTextBrowser2
-    : public QtWidget2Shim<VXTextBrowser2, VXTextBrowser2Emitters, QtWidget2, QWidget>
+    : public QtWidget2Shim<VXTextBrowser2, VXTextBrowser2Emitters, QtWidget2, QWidget>,
+      public TextBrowserHost
 {
     Q_OBJECT
 
@@ -72,16 +73,14 @@ public:
 
     // For what shows the pages
 
-    /// Asks the program for something that a page needs; `given` becomes what it answers at once.
+    const QtWidget2& browserPeer() const override { return *this; }
     TextResourceQuery2::Reply askForResource(TextResourceType type, const QString& url,
                                              unsigned token,
                                              const TextResourceQuery2::Wanted& wanted,
-                                             TextResource& given) const;
-    /// Whether somebody may answer.
-    bool isAnswering() const;
-    /// Whether the program lets the user follow a link.
-    bool mayFollow(const QString& target) const;
-    QStringList filePath() const;
+                                             TextResource& given) const override;
+    bool isAnswering() const override;
+    bool mayFollow(const QString& target) const override;
+    QStringList filePath() const override;
 
 public Q_SLOTS:
     void setBackAvailable(bool available);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/controls/textresource.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QSizeF>
@@ -13,9 +14,29 @@
 namespace VOXI {
 
 class PageResources;
-class QtTextBrowser2;
-class TextResource;
+class QtWidget2;
 struct PageContent;
+
+/// Who has a text browser, and is asked for what its pages need.
+class TextBrowserHost
+{
+public:
+    /// That the browser is a part of, and goes with.
+    virtual const QtWidget2& browserPeer() const = 0;
+    /// Asks the program for something that a page needs; `given` becomes what it answers at once.
+    virtual TextResourceQuery2::Reply askForResource(TextResourceType type, const QString& url,
+                                                     unsigned token,
+                                                     const TextResourceQuery2::Wanted& wanted,
+                                                     TextResource& given) const = 0;
+    /// Whether somebody may answer.
+    virtual bool isAnswering() const = 0;
+    /// Whether the program lets the user follow a link.
+    virtual bool mayFollow(const QString& target) const = 0;
+    virtual QStringList filePath() const = 0;
+
+protected:
+    ~TextBrowserHost() = default;
+};
 
 /// What a text browser shows its pages in. It knows the buffers, leaves addresses that are for the
 /// program alone, and gets what pages need from where its peer may get it: never by Qt's own ways,
@@ -28,7 +49,7 @@ class VOXI2_QT_EXPORT TextBrowser : public QTextBrowser
     Q_OBJECT
 
 public:
-    explicit TextBrowser(QtTextBrowser2& peer, QWidget* parent);
+    TextBrowser(const TextBrowserHost& host, QWidget* parent);
     ~TextBrowser() override;
 
     const QStringList& buffers() const { return m_buffers; }
@@ -47,6 +68,10 @@ public:
     void backward() override;
     void forward() override;
     void reload() override;
+    /// Whether the page is still to come that was gone to last.
+    bool isAwaiting() const { return m_awaited.has_value(); }
+    /// Whether a line stands there that says that there is no such page.
+    bool isMissing() const { return m_isMissing; }
     /// Back by a negative number of steps; nothing where there are not as many.
     void goBy(int steps);
     struct Visit
@@ -115,7 +140,7 @@ private:
     QStringList m_buffers;
     qint32 m_currentBuffer = -1;
 
-    QtTextBrowser2& m_peer;
+    const TextBrowserHost& m_host;
     std::unique_ptr<PageResources> m_resources;
     std::unique_ptr<PageContent> m_content; // of the page that is shown, or comes to be
     QUrl m_page;                            // Qt's resolved address of it
