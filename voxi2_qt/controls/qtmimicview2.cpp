@@ -89,16 +89,7 @@ VXRect<int> QtMimicView2::doGetPictureRect() { return Qt2VX(pictureRect().toRect
 
 // Reports -----------------------------------------------------------------------------------------
 
-void QtMimicView2::slotImageChanged()
-{
-    const QSizeF size = imageSize();
-    const QSize hint = size.isEmpty() ? QSize() : size.toSize();
-    if (hint != m_hint) {
-        m_hint = hint;
-        updateGeometry();
-    }
-    update();
-}
+void QtMimicView2::slotImageChanged() { update(); }
 
 /// It is no peer any more, but the pointer to it may not know that yet.
 void QtMimicView2::slotSourceDestroyed()
@@ -107,7 +98,8 @@ void QtMimicView2::slotSourceDestroyed()
     slotImageChanged();
 }
 
-QSize QtMimicView2::sizeHint() const { return m_hint; }
+/// Not that of the picture: where the source lies beside the view, they would make each other grow.
+QSize QtMimicView2::sizeHint() const { return {160, 120}; }
 
 void QtMimicView2::paintEvent(QPaintEvent* event)
 {

@@ -22,7 +22,8 @@ struct VXMimicView2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 };
 
 /// Shows what a `VXMimicSource2` pictures, as large as there is room, and on request lets its user
-/// work there. Around the picture is the background colour.
+/// work there. Around the picture is the background colour. The room that it asks for does not
+/// depend on the picture.
 ///
 /// A view may lie in what it shows: in its picture there is then the picture before.
 class VOXI2_EXPORT VXMimicView2 : public VXWidget2

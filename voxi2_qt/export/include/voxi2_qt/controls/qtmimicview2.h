@@ -61,7 +61,6 @@ private:
     void send(QWidget& target, QEvent& event, QEvent& original);
 
     QPointer<QtMimicSource2> m_source;
-    QSize m_hint;              ///< what was asked for last
     QPointer<QWidget> m_held;  ///< what was pressed, until the buttons are released
     QPointer<QWidget> m_typed; ///< what keys go to
     bool m_isAspectKept = true;
