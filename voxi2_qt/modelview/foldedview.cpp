@@ -282,7 +282,7 @@ void FoldedView::findMatches() const
 void FoldedView::askForUnknown()
 {
     m_sight->tell();
-    for (const unsigned row : std::vector<unsigned>(m_unknown))
+    for (const unsigned row : m_unknown)
         m_model->cell(indexOf(row));
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "qtviewmodel2.h"
+#include "support/randomseed.h"
 #include "support/watchedtest.h"
 
-#include <cstdlib>
-#include <iostream>
 #include <map>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -79,13 +77,5 @@ inline Uids ascending(Uid first, std::size_t count)
 
 class QtViewModels : public WatchedTest
 {};
-
-inline unsigned randomSeed()
-{
-    const char* const wanted = std::getenv("VOXI_TEST_SEED");
-    const unsigned seed = wanted ? unsigned(std::atoi(wanted)) : std::random_device{}();
-    std::cout << "VOXI_TEST_SEED=" << seed << std::endl;
-    return seed;
-}
 
 } // namespace VOXI

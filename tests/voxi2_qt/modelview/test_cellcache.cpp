@@ -1,14 +1,13 @@
 #include "cellcache.h"
 #include "cellroles.h"
+#include "support/randomseed.h"
 
 #include <QColor>
 #include <QFont>
 #include <QIcon>
 
-#include <cstdlib>
 #include <deque>
 #include <gtest/gtest.h>
-#include <iostream>
 #include <map>
 #include <random>
 #include <set>
@@ -128,9 +127,7 @@ TEST(CellCache, whatIsOnScreenOrWasSeenLastStays)
 
 TEST(CellCache, randomStepsEqualAPlainMap)
 {
-    const char* const wanted = std::getenv("VOXI_TEST_SEED");
-    const unsigned seed = wanted ? unsigned(std::atoi(wanted)) : std::random_device{}();
-    std::cout << "VOXI_TEST_SEED=" << seed << std::endl;
+    const unsigned seed = randomSeed();
     SCOPED_TRACE("VOXI_TEST_SEED=" + std::to_string(seed));
     std::mt19937 random(seed);
     const auto below = [&](unsigned end) { return unsigned(random() % end); };

@@ -1,3 +1,4 @@
+#include "support/randomseed.h"
 #include "viewsupport.h"
 #include "voxi2/modelview/vxexplorerbarview2.h"
 
@@ -5,6 +6,7 @@
 #include <QScrollBar>
 
 #include <numeric>
+#include <random>
 
 namespace VOXI {
 namespace {
@@ -199,6 +201,62 @@ TEST_F(ExplorerBarView, getsWhatIsInAGroupWhenItUnfolds)
     ASSERT_EQ(m_model.childRows(m_empty).size(), 1U);
     const unsigned late = m_model.childRows(m_empty).front();
     EXPECT_TRUE(waitFor([&] { return m_view.isRowInSight(late); }));
+}
+
+TEST_F(ExplorerBarView, knowsThePlacesWhateverHappens)
+{
+    const int margin = m_view.rowRect(m_files).y;
+    const int header = m_view.rowRect(m_files).height;
+    const int height = m_view.rowRect(m_copy).height;
+    const int pad = m_view.rowRect(m_copy).y - margin - header;
+    const int gap = m_view.rowRect(m_places).y - m_view.rowRect(m_erase).y - height - pad;
+    std::mt19937 random(randomSeed());
+    const auto any = [&](const std::vector<unsigned>& rows) {
+        return rows.empty() ? 0 : rows[random() % rows.size()];
+    };
+    for (int step = 0; step < 400; ++step) {
+        const auto groups = m_model.childRows(0);
+        const unsigned group = any(groups);
+        const unsigned row = any(m_model.childRows(group));
+        switch (random() % 7) {
+        case 0:
+            m_model.insertRow(0, group, {L"group"});
+            break;
+        case 1:
+            m_model.insertRow(group, group != 0 ? row : 0, {L"row"});
+            break;
+        case 2:
+            m_model.moveRow(group, 0, any(groups));
+            break;
+        case 3:
+            if (group != 0 && row != 0)
+                m_model.moveRow(row, any(groups));
+            break;
+        case 4:
+            m_model.removeRow(random() % 3 == 0 ? group : row);
+            break;
+        default:
+            m_view.setGroupFolded(group, random() % 2 == 0);
+        }
+        if (random() % 8 != 0)
+            continue;
+        m_view.rowRect(group); // has all laid out
+        int y = margin - qtView().verticalScrollBar()->value();
+        for (const unsigned each : m_model.childRows(0)) {
+            ASSERT_EQ(m_view.rowRect(each).y, y) << step;
+            y += header;
+            const auto rows = m_model.childRows(each);
+            const bool isOpen = !m_view.isGroupFolded(each) && !rows.empty();
+            for (std::size_t i = 0; i < rows.size(); ++i) {
+                const VXRect<int> rect = m_view.rowRect(rows[i]);
+                ASSERT_EQ(rect.y, isOpen ? y + pad + int(i) * height : 0) << step;
+                if (isOpen && rect.y > 0 && rect.y + height < 390) {
+                    ASSERT_EQ(m_view.rowAt({rect.x + 1, rect.y + 1}), rows[i]) << step;
+                }
+            }
+            y += (isOpen ? 2 * pad + int(rows.size()) * height : 0) + gap;
+        }
+    }
 }
 
 /// A million rows in one group; they are answered when it is told so.

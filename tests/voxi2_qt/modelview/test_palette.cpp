@@ -6,7 +6,9 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPointer>
+#include <QTimer>
+
+#include <numeric>
 
 namespace VOXI {
 namespace {
@@ -174,9 +176,8 @@ public:
     {
         changeSize(SizeChange2::appendColumns({1}));
         changeSize(SizeChange2::appendRows({1}));
-        std::vector<unsigned> rows;
-        for (unsigned row = 2; row < 2'000; ++row)
-            rows.push_back(row);
+        std::vector<unsigned> rows(1'998);
+        std::iota(rows.begin(), rows.end(), 2);
         changeSize(SizeChange2::appendRows(std::move(rows), 1));
     }
     ~FarRows() override { retire(); }

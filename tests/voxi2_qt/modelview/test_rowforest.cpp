@@ -1,9 +1,8 @@
 #include "rowforest.h"
+#include "support/randomseed.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <iostream>
 #include <map>
 #include <numeric>
 #include <random>
@@ -227,9 +226,7 @@ Uids ascending(Uid first, Uid count)
 
 TEST(RowForest, randomStepsEqualAPlainForest)
 {
-    const char* const wanted = std::getenv("VOXI_TEST_SEED");
-    const unsigned seed = wanted ? unsigned(std::atoi(wanted)) : std::random_device{}();
-    std::cout << "VOXI_TEST_SEED=" << seed << std::endl;
+    const unsigned seed = randomSeed();
     SCOPED_TRACE("VOXI_TEST_SEED=" + std::to_string(seed));
     RandomForest forest(seed);
     for (int i = 0; i < 1500; ++i) {
