@@ -27,7 +27,11 @@ TextWebView::TextWebView(WebViewHost& host, QWidget* parent)
     : m_host(host),
       m_browser(std::make_unique<TextBrowser>(*this, parent))
 {
-    connect(m_browser.get(), &QTextBrowser::sourceChanged, this, &TextWebView::tellWhereItIs);
+    // Sent before the history knows of it.
+    connect(m_browser.get(), &QTextBrowser::sourceChanged, this, [this](const QUrl& url) {
+        if (!m_isGoing)
+            tellWhereItIs(url);
+    });
     connect(m_browser.get(), &TextBrowser::titleChanged, this,
             [this](const QString& title) { m_host.titleIs(title); });
     connect(m_browser.get(), &QTextBrowser::highlighted, this,
@@ -67,7 +71,7 @@ void TextWebView::go(const std::function<void()>& act)
         act();
     }
     if (hold.isAlive())
-        tellWhereItIs();
+        tellWhereItIs(m_browser->source());
 }
 
 void TextWebView::goTo(const QUrl& url)
@@ -105,13 +109,14 @@ void TextWebView::reload()
     go([&] { m_browser->reload(); });
 }
 
-void TextWebView::tellWhereItIs()
+void TextWebView::tellWhereItIs(const QUrl& url)
 {
     if (m_browser->isAwaiting())
         return;
     const QtDeletionHold hold(&m_host.viewPeer());
-    m_host.addressIs(m_browser->source());
-    if (hold.isAlive() && (std::exchange(m_isGoing, false) || !QtProgramScope::isActive()))
+    m_isGoing = false;
+    m_host.addressIs(url);
+    if (hold.isAlive())
         m_host.loadIsOver(!m_browser->isMissing());
 }
 
@@ -215,7 +220,7 @@ void TextWebView::takeContent(unsigned token, const WebContent& content)
 {
     m_browser->takeAnswer(token, resourceOf(content));
     if (m_isGoing)
-        tellWhereItIs();
+        tellWhereItIs(m_browser->source());
 }
 
 bool TextWebView::mayFollow(const QString& target) const

@@ -57,7 +57,7 @@ public:
 
 private:
     void go(const std::function<void()>& act);
-    void tellWhereItIs();
+    void tellWhereItIs(const QUrl& url);
 
     WebViewHost& m_host;
     std::unique_ptr<TextBrowser> m_browser;

@@ -206,7 +206,12 @@ QtObject2* peerOf(const QObject* object) noexcept
     static thread_local std::array<Place, 16> s_places;
     if (!object)
         return nullptr;
-    const std::type_info* const type = &typeid(*object);
+    // Null for what is compiled without it, as parts of the engine of web pages are; the compiler
+    // must not conclude that there is no such thing.
+    const std::type_info* const volatile known = &typeid(*object);
+    const std::type_info* const type = known;
+    if (!type)
+        return nullptr;
     const auto* const bytes = reinterpret_cast<const char*>(object);
     Place& place = s_places[reinterpret_cast<std::uintptr_t>(type) / 16 % s_places.size()];
     if (place.m_class != type) {

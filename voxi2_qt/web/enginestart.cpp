@@ -19,7 +19,7 @@ constexpr const char* FlagsName = "QTWEBENGINE_CHROMIUM_FLAGS";
 
 void add(QByteArray& flags, const QByteArray& flag)
 {
-    const QByteArray name = flag.left(flag.indexOf('='));
+    const QByteArray name = flag.split('=').first();
     if (!flags.contains(name))
         flags += ' ' + flag;
 }
@@ -77,6 +77,7 @@ private:
         if (std::strncmp(category->categoryName(), "qt.webengine", 12) == 0) {
             category->setEnabled(QtDebugMsg, false);
             category->setEnabled(QtInfoMsg, false);
+            category->setEnabled(QtWarningMsg, false);
         }
     }
 

@@ -73,19 +73,11 @@ QWebEngineScript styleScript(const QString& css)
 QString styleCode(const QString& css)
 {
     return QStringLiteral(R"js((css => {
-    const put = () => {
-        let style = document.getElementById('voxi-user-style');
-        if (!style) {
-            style = document.createElementNS('http://www.w3.org/1999/xhtml', 'style');
-            style.id = 'voxi-user-style';
-            (document.head || document.documentElement).appendChild(style);
-        }
-        style.textContent = css;
-    };
-    if (document.readyState === 'loading')
-        document.addEventListener('DOMContentLoaded', put);
-    else
-        put();
+    const sheet = new CSSStyleSheet;
+    sheet.replaceSync(css);
+    const others = [...document.adoptedStyleSheets].filter(each => each !== window.voxiSheet);
+    document.adoptedStyleSheets = [...others, sheet];
+    window.voxiSheet = sheet;
 })(%1))js")
         .arg(literal(css));
 }
