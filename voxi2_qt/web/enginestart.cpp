@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
+#include <QOpenGLContext>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlScheme>
 
@@ -74,7 +75,11 @@ private:
     static void filter(QLoggingCategory* category)
     {
         s_former(category);
-        if (std::strncmp(category->categoryName(), "qt.webengine", 12) == 0) {
+        // Where there is no OpenGL it also says so, to nobody in particular.
+        const QOpenGLContext* const shared = QOpenGLContext::globalShareContext();
+        const bool isWithout = !shared || !shared->isValid();
+        if (std::strncmp(category->categoryName(), "qt.webengine", 12) == 0
+            || (isWithout && std::strcmp(category->categoryName(), "default") == 0)) {
             category->setEnabled(QtDebugMsg, false);
             category->setEnabled(QtInfoMsg, false);
             category->setEnabled(QtWarningMsg, false);

@@ -21,7 +21,7 @@ namespace VOXI {
 class WebTest : public WatchedTest, public TROV::Listener
 {
 protected:
-    static constexpr auto Patience = std::chrono::seconds(20);
+    static constexpr auto Patience = std::chrono::seconds(10);
 
     WebTest()
     {

@@ -15,7 +15,7 @@ namespace VOXI {
 
 /// What a web browser is about to go somewhere for.
 enum class WebNavigation : int {
-    Link,     ///< the user follows one
+    Link,     ///< the user, or a script, follows one
     Form,     ///< the user sends one
     History,  ///< back or forward, by the user or the page
     Reload,   ///< by the user or the page
