@@ -5,6 +5,7 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "weblibrary.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDir>
 #include <QEventLoop>
 #include <QPointer>
@@ -299,6 +300,9 @@ WebScriptResult QtWebBrowser2::doEvaluate(const std::wstring& script, int limit)
     if (!wait->m_result) {
         QEventLoop loop;
         wait->m_loop = &loop;
+        // What was posted behind the event that has led here, which may be the engine's, some
+        // dispatchers do not send in a new loop before they are woken.
+        QAbstractEventDispatcher::instance()->wakeUp();
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     }
     return wait->m_result.value_or(WebScriptResult());
