@@ -81,24 +81,20 @@ way(end => { const w = new Worker(URL.createObjectURL(
     new Blob(["try { importScripts('HTTP/import') } catch {} postMessage(1)"])));
     w.onmessage = w.onerror = end
 });
-way(end = > {new WebTransport('https://127.0.0.1:PORT/').ready.then(end, end)});
-way(end = > {
-    const p = new RTCPeerConnection({
-        iceServers : [
-            {urls : 'stun:127.0.0.1:PORT'},
-            {urls : 'turn:127.0.0.1:PORT?transport=tcp', username : 'a', credential : 'b'}
-        ]
-    });
-    p.onicecandidate = e = > e.candidate || end();
+way(end => { new WebTransport('https://127.0.0.1:PORT/').ready.then(end, end) });
+way(end => {
+    const p = new RTCPeerConnection({iceServers: [{urls: 'stun:127.0.0.1:PORT'},
+        {urls: 'turn:127.0.0.1:PORT?transport=tcp', username: 'a', credential: 'b'}]});
+    p.onicecandidate = e => e.candidate || end();
     p.createDataChannel('x');
-    p.createOffer().then(o = > p.setLocalDescription(o))
+    p.createOffer().then(o => p.setLocalDescription(o));
 });
-way(end = > {
+way(end => {
     document.getElementById('a').click();
     document.getElementById('f').submit();
-    end()
+    end();
 });
-way(end = > setTimeout(end, 500));
+way(end => setTimeout(end, 500));
 </script>)html";
     const auto fill = [&](const std::string& name, const std::string& with) {
         for (auto at = page.find(name); at != std::string::npos; at = page.find(name))
@@ -122,7 +118,7 @@ TEST_F(WebTest, reachesNoNetworkUnlessItMay)
     asked.clear();
     m_browser->imitateLink(server.address("/link"));
     EXPECT_EQ(asked.count(), 1);
-    EXPECT_EQ(m_browser->address(), L"app://x/shown");
+    EXPECT_EQ(m_browser->address(), L"app://x/shown#here");
     EXPECT_FALSE(goes(server.address("/")));
     EXPECT_EQ(server.callers(), 0);
 
@@ -198,43 +194,43 @@ TEST_F(WebTest, opensNoWindowsAndLoadsNothingDown)
     m_browser->cancelDownload(ends.last().id());
 }
 
-/// The processes that pages run in, by what stands in their environment.
-std::vector<int> pageProcesses(const std::string& mark)
+/// The number behind that word in a process's status; 0 where there is none.
+int statusOf(const std::string& process, const std::string& word)
 {
-    const auto contains = [](const std::filesystem::path& file, const std::string& text) {
-        std::ifstream in(file);
-        const std::string content{std::istreambuf_iterator<char>(in), {}};
-        return content.find(text) != std::string::npos;
-    };
+    std::ifstream in("/proc/" + process + "/status");
+    const std::string content{std::istreambuf_iterator<char>(in), {}};
+    const auto at = content.find(word);
+    return at == std::string::npos ? 0 : std::atoi(content.c_str() + at + word.size());
+}
+
+/// The processes that the pages of this one run in: the engine's first ones fork them.
+std::vector<int> pageProcesses()
+{
     std::vector<int> pages;
+    std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-        const int id = std::atoi(entry.path().filename().c_str());
-        if (id != 0 && contains(entry.path() / "cmdline", "QtWebEngineProcess")
-            && contains(entry.path() / "environ", mark))
-            pages.push_back(id);
+        const std::string id = entry.path().filename();
+        const std::string parent = std::to_string(statusOf(id, "PPid:\t"));
+        const int owner = statusOf(parent, "PPid:\t");
+        const int first = statusOf(std::to_string(owner), "PPid:\t");
+        const bool isEngine =
+            std::filesystem::read_symlink("/proc/" + parent + "/exe", error).filename()
+            == "QtWebEngineProcess";
+        if (isEngine && (owner == getpid() || first == getpid()))
+            pages.push_back(std::stoi(id));
     }
-    // They are forked by another one of the engine's.
-    const std::vector<int> all = pages;
-    std::erase_if(pages, [&](int id) {
-        return std::ranges::none_of(all, [&](int other) {
-            return contains("/proc/" + std::to_string(id) + "/status",
-                            "PPid:\t" + std::to_string(other) + "\n");
-        });
-    });
     return pages;
 }
 
 TEST_F(WebTest, comesBackWhenItsEngineHasEnded)
 {
-    const std::string mark = "VOXI_WEB_TEST=" + std::to_string(getpid());
-    setenv("VOXI_WEB_TEST", std::to_string(getpid()).c_str(), 1);
     Log crashes(m_browser->crashed());
     EXPECT_TRUE(shows("<title>t"));
     std::optional<WebScriptResult> waiting;
     m_browser->evaluateLater("for (;;) {}",
                              [&](const WebScriptResult& result) { waiting = result; });
     turn();
-    const std::vector<int> processes = pageProcesses(mark);
+    const std::vector<int> processes = pageProcesses();
     EXPECT_FALSE(processes.empty());
     for (const int process : processes)
         kill(process, SIGKILL);
