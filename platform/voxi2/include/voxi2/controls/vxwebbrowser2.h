@@ -103,9 +103,14 @@ struct VXWebBrowser2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 ///   as in a text browser,
 /// - resources that are part of the program ("qrc:/..."), and what a page holds itself ("data:").
 ///
-/// Nothing reaches a network before `setNetworkAccess`: no page, picture, script, redirection or
-/// socket. Then all pages may go anywhere that these names lead to. The cameras, the microphones,
-/// the place where the computer is and the like are never given away.
+/// Nothing that is loaded reaches a network before `setNetworkAccess`: no page, picture, script,
+/// redirection or socket. Then all pages may go anywhere that these names lead to. The cameras, the
+/// microphones, the place where the computer is and the like are never given away.
+///
+/// **One way stays open** to a script that means to get out: within an empty frame or window of its
+/// own making it can open a call (`RTCPeerConnection`) over a TCP connection to a computer of its
+/// choice, and say there what it knows. The engine has no switch for that. Pages of strangers that
+/// must not get out should be shown without scripts (`setScriptsEnabled`).
 ///
 /// **Who is told what.** The engine lives in a process of its own and answers later. Getters answer
 /// at once from what is known; what comes is told by events, whoever has caused it: a program
