@@ -126,7 +126,10 @@ void GalleryWindow::addPage(const Page& page, unsigned group)
     summary->setWordWrap(true);
     framed.layout->addWidget(heading(framed.panel, page.title, 15));
     framed.layout->addWidget(summary);
-    framed.layout->addWidget(page.create(framed.panel, *m_log), 1);
+    VXWidget2* const made = page.create(framed.panel, *m_log);
+    framed.layout->addWidget(made, 1);
+    if (page.settle)
+        m_settle[page.name] = [settle = page.settle, made] { settle(made); };
     view->setWidget(framed.panel);
     m_pages->addWidget(view);
 }
@@ -139,6 +142,12 @@ bool GalleryWindow::select(const std::string& name)
         return false;
     showPage(m_rows[static_cast<std::size_t>(found - names.begin())]);
     return true;
+}
+
+void GalleryWindow::settle(const std::string& name)
+{
+    if (const auto found = m_settle.find(name); found != m_settle.end())
+        found->second();
 }
 
 /// Nothing happens for the row of a group.

@@ -9,6 +9,8 @@
 #include "voxi2/modelview/vxtreemodel2.h"
 #include "voxi2/modelview/vxtreeview2.h"
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,6 +28,8 @@ public:
 
     /// Shows the page of that name; false when there is none.
     bool select(const std::string& name);
+    /// Waits until all of that page is seen.
+    void settle(const std::string& name);
 
     VOXI::VXWindow2* window() const { return m_window; }
 
@@ -42,7 +46,8 @@ private:
     std::unique_ptr<EventLog> m_log;
     VOXI::VXTreeModel2* m_model = nullptr;
     VOXI::VXTreeView2* m_tree = nullptr;
-    std::vector<unsigned> m_rows; ///< in the order of the pages
+    std::vector<unsigned> m_rows;                          ///< in the order of the pages
+    std::map<std::string, std::function<void()>> m_settle; ///< by their names
 };
 
 } // namespace gallery

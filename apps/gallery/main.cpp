@@ -33,6 +33,7 @@ int takeScreenshots(VOXI::QtHost& host, gallery::GalleryWindow& window, const Op
         if (!options.m_page.empty() && page != options.m_page)
             continue;
         window.select(page);
+        window.settle(page);
         const auto file = std::filesystem::path(options.m_screenshots) / (page + ".png");
         if (!host.saveScreenshot(*window.window(), file.string())) {
             std::fprintf(stderr, "gallery: cannot write %s\n", file.c_str());

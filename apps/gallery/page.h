@@ -18,6 +18,8 @@ struct Page
     std::string summary; ///< what there is to see, in a sentence or two
     /// Makes the page's widgets inside `parent` and has the log watch them.
     std::function<VOXI::VXWidget2*(VOXI::VXObject2* parent, EventLog& log)> create;
+    /// Waits, for a picture, until what comes later is seen of what was made. Most need none.
+    std::function<void(VOXI::VXWidget2* made)> settle = {};
 };
 
 /// Pages that belong together.

@@ -5,6 +5,7 @@
 #include "voxi2/controls/vxprogressbar2.h"
 #include "voxi2/controls/vxwebbrowser2.h"
 
+#include <chrono>
 #include <map>
 #include <string>
 
@@ -84,6 +85,26 @@ public:
         });
     }
 
+    /// Until the page has been drawn: it is asked for the third of its frames.
+    void settle()
+    {
+        using Clock = std::chrono::steady_clock;
+        constexpr const char* IsDrawn = R"js(
+            window.voxiDrawn = window.voxiDrawn || {left: 3, next() {
+                if (--this.left > 0)
+                    requestAnimationFrame(() => this.next());
+            }, begun: requestAnimationFrame(() => window.voxiDrawn.next())};
+            window.voxiDrawn.left === 0)js";
+        if (m_browser->address().empty())
+            go(Home);
+        const auto end = Clock::now() + std::chrono::seconds(10);
+        WebScriptResult drawn;
+        do
+            drawn = m_browser->evaluate(IsDrawn);
+        while (drawn.outcome == WebScriptResult::Outcome::Done && drawn.value != L"true"
+               && Clock::now() < end);
+    }
+
 private:
     void go(const AnyText& address)
     {
@@ -131,7 +152,8 @@ Page webPage()
                        "loaded when this page is opened first.",
             .create = [](VXObject2* parent, EventLog& log) -> VXWidget2* {
                 return new WebPanel(parent, log);
-            }};
+            },
+            .settle = [](VXWidget2* made) { static_cast<WebPanel*>(made)->settle(); }};
 }
 
 } // namespace gallery
