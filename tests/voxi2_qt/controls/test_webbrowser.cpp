@@ -36,13 +36,13 @@ TEST_F(WebTest, showsPagesOfTheProgram)
     EXPECT_FALSE(m_browser->icon().isNull());
     EXPECT_EQ(m_browser->progress(), 100);
     EXPECT_FALSE(m_browser->isLoading());
-    EXPECT_TRUE(waitFor(
-        [&] { return qt(*m_browser)->grab().toImage().pixelColor(100, 100) == QColor(0, 255, 0); },
-        Patience));
+    EXPECT_TRUE(waitFor([&] {
+        return qt(*m_browser)->grab().toImage().pixelColor(100, 100) == QColor(0, 255, 0);
+    }));
 
     m_browser->setHtml("<title>own</title><p id=p>text</p><script src=said.js></script>",
                        "app://x/folder/page");
-    EXPECT_TRUE(waitFor([&] { return !m_browser->isLoading(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return !m_browser->isLoading(); }));
     EXPECT_EQ(m_browser->address(), L"app://x/folder/page");
     EXPECT_EQ(m_asked.back(), L"app://x/folder/said.js");
     const std::string much(700'000, 'x');
@@ -85,7 +85,7 @@ TEST_F(WebTest, isAnsweredLaterAndFromAnywhere)
         }
     });
     m_browser->setAddress("app://late/kept");
-    EXPECT_TRUE(waitFor([&] { return kept.isWanted(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return kept.isWanted(); }));
     delete m_browser;
     runDeletions();
     EXPECT_FALSE(kept.isWanted());
@@ -127,7 +127,7 @@ TEST_F(WebTest, asksBeforeItGoesWhereTheUserWants)
                                     [](const VXWebNavigationEvent2& event) { event.refuse(); });
     m_browser->imitateLink("second");
     m_browser->evaluate("location = 'second'");
-    EXPECT_TRUE(waitFor([&] { return asked.count() == 3; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return asked.count() == 3; }));
     EXPECT_EQ(value("document.title"), L"first");
     EXPECT_EQ(m_browser->address(), L"app://x/shown");
 }
@@ -153,14 +153,14 @@ TEST_F(WebTest, runsScriptsForWhoeverAsks)
         EXPECT_EQ(m_browser->evaluate("document.title").value, L"t");
         done = true;
     });
-    EXPECT_TRUE(waitFor([&] { return done.load(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return done.load(); }));
     worker.join();
     std::optional<WebScriptResult> later;
     m_browser->evaluateLater("1", [&](const WebScriptResult& result) {
         later = result;
         EXPECT_EQ(m_browser->evaluate("2").value, L"2"); // waits in a handler
     });
-    EXPECT_TRUE(waitFor([&] { return later && later->value == L"1"; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return later && later->value == L"1"; }));
 
     // A page may forbid that texts are run.
     EXPECT_TRUE(shows("<meta http-equiv=Content-Security-Policy content=\"script-src 'none'\">"));
@@ -187,7 +187,7 @@ TEST_F(WebTest, doesNotWaitForAPageThatNeverEnds)
         std::chrono::hours(1));
     QTimer::singleShot(200, [&] { delete m_browser; });
     EXPECT_EQ(m_browser->evaluate("1", std::chrono::hours(1)).outcome, Outcome::Gone);
-    EXPECT_TRUE(waitFor([&] { return gone.load() == 2; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return gone.load() == 2; }));
     worker.join();
 }
 
@@ -199,7 +199,7 @@ TEST_F(WebTest, carriesMessagesBothWays)
                       L"text => voxi.send('heard ' + text) })</script>"));
     m_browser->postMessage("one");
     std::thread([handle = m_handle] { handle->postMessage(L"'</script>\"\n\u732b"); }).join();
-    EXPECT_TRUE(waitFor([&] { return messages.count() == 4; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return messages.count() == 4; }));
     EXPECT_EQ(messages[0].text(), L"early \u732b");
     EXPECT_EQ(messages[0].address(), L"app://x/shown");
     EXPECT_EQ(messages[1].text(), L"7");
@@ -231,17 +231,17 @@ TEST_F(WebTest, findsSelectsAndStyles)
     EXPECT_TRUE(comesToGive(colour, L"rgb(4, 5, 6)"));
 
     m_browser->find({.text = L"one"});
-    EXPECT_TRUE(waitFor([&] { return hits.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return hits.count() == 1; }));
     EXPECT_EQ(hits.last().hits().count, 2);
     hits.clear();
     m_browser->find({.text = L"One", .caseSensitive = true});
-    EXPECT_TRUE(waitFor([&] { return hits.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return hits.count() == 1; }));
     EXPECT_EQ(hits.last().hits().count, 1);
     m_browser->find({});
     m_browser->selectAll();
-    EXPECT_TRUE(waitFor([&] { return m_browser->selectedText() == L"one two One"; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return m_browser->selectedText() == L"one two One"; }));
     m_browser->clearSelection();
-    EXPECT_TRUE(waitFor([&] { return m_browser->selectedText().empty(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return m_browser->selectedText().empty(); }));
     EXPECT_TRUE(selections.isEmpty());
     EXPECT_TRUE(zooms.isEmpty());
 
@@ -249,12 +249,12 @@ TEST_F(WebTest, findsSelectsAndStyles)
     const std::filesystem::path pdf = folder.filePath(QStringLiteral("page.pdf")).toStdString();
     Log printed(m_browser->pdfPrinted());
     m_browser->printToPdf(pdf);
-    EXPECT_TRUE(waitFor([&] { return printed.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return printed.count() == 1; }));
     EXPECT_TRUE(printed.last().isWritten());
     EXPECT_GT(std::filesystem::file_size(pdf), 500u);
     m_browser->printToPdf("/no/such/folder/page.pdf");
     m_browser->printToPdf(pdf, {-1, 5});
-    EXPECT_TRUE(waitFor([&] { return printed.count() == 3; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return printed.count() == 3; }));
     EXPECT_FALSE(printed[1].isWritten() || printed[2].isWritten());
 }
 
@@ -272,7 +272,7 @@ TEST_F(WebTest, mayEndInItsHandlers)
         browser->setAddress("app://x/a");
         if (*script)
             browser->evaluateLater(script, nullptr);
-        EXPECT_TRUE(waitFor([&] { return !handle.isValid(); }, Patience)) << script;
+        EXPECT_TRUE(waitFor([&] { return !handle.isValid(); })) << script;
         runDeletions();
     };
     using B = VXWebBrowser2;

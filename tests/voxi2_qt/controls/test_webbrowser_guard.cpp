@@ -173,20 +173,20 @@ TEST_F(WebTest, opensNoWindowsAndLoadsNothingDown)
     EXPECT_TRUE(shows("<a id=w target=_blank href=other>w</a><a id=d download=name.bin "
                       "href=data.bin>d</a>"));
     m_browser->evaluate("document.getElementById('w').click()");
-    EXPECT_TRUE(waitFor([&] { return windows.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return windows.count() == 1; }));
     EXPECT_EQ(windows.last().address(), L"app://x/other");
 
     Log offers(m_browser->downloadRequested());
     const auto click = [&] { m_browser->evaluate("document.getElementById('d').click()"); };
     click();
-    EXPECT_TRUE(waitFor([&] { return offers.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return offers.count() == 1; }));
     EXPECT_EQ(offers.last().download().name, L"name.bin");
     EXPECT_EQ(offers.last().download().address, L"app://x/data.bin");
     TROV::Listener accepting;
     m_browser->downloadRequested().connect(
         &accepting, [&](const VXWebDownloadEvent2& event) { event.accept(file); });
     click();
-    EXPECT_TRUE(waitFor([&] { return ends.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return ends.count() == 1; }));
     EXPECT_EQ(ends.last().id(), offers.last().download().id);
     EXPECT_EQ(ends.last().end(), WebDownloadEnd::Done);
     EXPECT_EQ(std::filesystem::file_size(file), 100'000u);
@@ -234,9 +234,9 @@ TEST_F(WebTest, comesBackWhenItsEngineHasEnded)
     EXPECT_FALSE(processes.empty());
     for (const int process : processes)
         kill(process, SIGKILL);
-    EXPECT_TRUE(waitFor([&] { return crashes.count() == 1; }, Patience));
+    EXPECT_TRUE(waitFor([&] { return crashes.count() == 1; }));
     EXPECT_TRUE(m_browser->hasCrashed());
-    EXPECT_TRUE(waitFor([&] { return waiting.has_value(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return waiting.has_value(); }));
     EXPECT_EQ(waiting->outcome, WebScriptResult::Outcome::Gone);
     EXPECT_EQ(m_browser->evaluate("1").outcome, WebScriptResult::Outcome::Gone);
     EXPECT_TRUE(loads([&] { m_browser->reload(); }));
@@ -259,8 +259,8 @@ TEST_F(WebTest, keepsProfilesApart)
     EXPECT_EQ(m_browser->address(), L"app://x/shown");
     value("localStorage.setItem('k', 'named')");
     other.setProfile("voxi-test");
-    EXPECT_TRUE(waitFor(
-        [&] { return other.evaluate("localStorage.getItem('k')").value == L"named"; }, Patience));
+    EXPECT_TRUE(
+        waitFor([&] { return other.evaluate("localStorage.getItem('k')").value == L"named"; }));
     EXPECT_TRUE(loads([&] { m_browser->setProfile(""); }));
     EXPECT_EQ(remembered(), L"");
     other.evaluate("localStorage.clear()");

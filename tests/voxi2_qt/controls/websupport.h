@@ -1,13 +1,15 @@
 #pragma once
 
 #include "../kernel/toolkit.h"
-#include "support/waitfor.h"
 #include "support/watchedtest.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxwebbrowser2.h"
 #include "voxi2/kernel/vxhandle.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFile>
+#include <QTimer>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -45,12 +47,29 @@ protected:
         runDeletions();
     }
 
+    /// Without the pauses of the usual one: the engine takes some dozen turns of the loop for
+    /// whatever a page needs.
+    template <class Predicate>
+    static bool waitFor(Predicate&& predicate, std::chrono::milliseconds limit = Patience)
+    {
+        const QDeadlineTimer end(limit);
+        QTimer turns; // the predicate may come to hold by another thread
+        turns.start(std::chrono::milliseconds(20));
+        while (!predicate()) {
+            if (end.hasExpired())
+                return false;
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        return true;
+    }
+
     /// Whether the next load that `act` causes is complete.
     bool loads(const std::function<void()>& act)
     {
         const int former = m_loads;
         act();
-        EXPECT_TRUE(waitFor([&] { return m_loads > former; }, Patience));
+        EXPECT_TRUE(waitFor([&] { return m_loads > former; }));
         return m_isComplete;
     }
     bool goes(const AnyText& address)
@@ -68,7 +87,7 @@ protected:
     /// Whether the script comes to give that.
     bool comesToGive(const AnyText& script, const std::wstring& wanted) const
     {
-        return waitFor([&] { return value(script) == wanted; }, Patience);
+        return waitFor([&] { return value(script) == wanted; });
     }
 
     static bool isLoaded(const char* library)
