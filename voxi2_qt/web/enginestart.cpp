@@ -75,11 +75,7 @@ private:
     static void filter(QLoggingCategory* category)
     {
         s_former(category);
-        // Where there is no OpenGL it also says so, to nobody in particular.
-        const QOpenGLContext* const shared = QOpenGLContext::globalShareContext();
-        const bool isWithout = !shared || !shared->isValid();
-        if (std::strncmp(category->categoryName(), "qt.webengine", 12) == 0
-            || (isWithout && std::strcmp(category->categoryName(), "default") == 0)) {
+        if (std::strncmp(category->categoryName(), "qt.webengine", 12) == 0) {
             category->setEnabled(QtDebugMsg, false);
             category->setEnabled(QtInfoMsg, false);
             category->setEnabled(QtWarningMsg, false);
@@ -90,10 +86,30 @@ private:
 };
 QLoggingCategory::CategoryFilter QuietStart::s_former = nullptr;
 
+QtMessageHandler s_formerMessages = nullptr;
+
+void passOthers(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("No suitable graphics backend found")))
+        s_formerMessages(type, context, text);
+}
+
+/// Where there is no OpenGL the engine warns of it once, in no category, and on a thread of its own
+/// some time later: there it draws without.
+void silenceLackOfGraphics()
+{
+    const QOpenGLContext* const shared = QOpenGLContext::globalShareContext();
+    if (shared && shared->isValid())
+        return;
+    s_formerMessages = qInstallMessageHandler(nullptr); // who is installed may be called at once
+    qInstallMessageHandler(&passOthers);
+}
+
 /// The flags are read when the engine starts; programs that this one starts have no need of them.
 void startWithFlags()
 {
     const QuietStart quiet;
+    silenceLackOfGraphics();
     const bool wereSet = qEnvironmentVariableIsSet(FlagsName);
     const QByteArray former = qgetenv(FlagsName);
     qputenv(FlagsName, neededFlags(former));
