@@ -75,7 +75,7 @@ constexpr int ZoomStep = 10;
 /// What a program means: a file where there is no scheme, in whatever folder it lies.
 QUrl urlOf(const QString& address, const QStringList& folders)
 {
-    const QUrl url(address);
+    QUrl url(address);
     if (!url.isRelative() || address.isEmpty())
         return url;
     for (const QString& folder : folders) {

@@ -2,6 +2,7 @@
 
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 

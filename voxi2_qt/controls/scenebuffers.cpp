@@ -51,9 +51,9 @@ void SceneBuffers::bindTexture(const QImage& image)
     }
     m_gl->glGenTextures(1, &texture.m_id);
     m_gl->glBindTexture(GL_TEXTURE_2D, texture.m_id);
-    for (const GLenum filter : {GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
+    for (const GLenum filter : {GLenum(GL_TEXTURE_MIN_FILTER), GLenum(GL_TEXTURE_MAG_FILTER)})
         m_gl->glTexParameteri(GL_TEXTURE_2D, filter, GL_NEAREST);
-    for (const GLenum wrap : {GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T})
+    for (const GLenum wrap : {GLenum(GL_TEXTURE_WRAP_S), GLenum(GL_TEXTURE_WRAP_T)})
         m_gl->glTexParameteri(GL_TEXTURE_2D, wrap, GL_CLAMP_TO_EDGE);
     m_gl->glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
     m_gl->glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, image.width(), image.height(), 0, GL_RGBA,
@@ -75,7 +75,7 @@ void SceneBuffers::endFrame()
 
 void SceneBuffers::release()
 {
-    for (const GLenum target : {GL_ARRAY_BUFFER, GL_ELEMENT_ARRAY_BUFFER}) {
+    for (const GLenum target : {GLenum(GL_ARRAY_BUFFER), GLenum(GL_ELEMENT_ARRAY_BUFFER)}) {
         for (const auto& [key, buffer] : buffersOf(target))
             m_gl->glDeleteBuffers(1, &buffer.m_id);
         std::vector<GLuint>& free = freeOf(target);

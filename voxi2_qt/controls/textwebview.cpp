@@ -8,6 +8,7 @@
 #include <QCursor>
 #include <QIcon>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 
 #include <algorithm>
 #include <utility>

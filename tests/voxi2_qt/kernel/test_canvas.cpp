@@ -291,7 +291,7 @@ TEST(Canvas, measuresWhatItDraws)
         const std::wstring cut = c.elidedText("some words of text", line.width / 2);
         EXPECT_TRUE(cut.starts_with(L"so") && cut.ends_with(L"\x2026"));
         EXPECT_LE(c.measureText(cut).width, line.width / 2);
-        EXPECT_LT(c.measureText(std::string(100'000'000, '\n')).height, 1e7);
+        EXPECT_LT(c.measureText(std::string(8'000'000, '\n')).height, 1e7);
         EXPECT_TRUE(c.elidedText(L"\xd800", 99).size() <= 1);
     });
 }
@@ -326,6 +326,7 @@ TEST(Canvas, drawsIntoPicturesOnAnyThread)
     };
     const Pixmap here = draw();
     std::vector<std::jthread> workers;
+    workers.reserve(4);
     for (int i = 0; i < 4; ++i) {
         workers.emplace_back([&] {
             EXPECT_EQ(draw(), here);

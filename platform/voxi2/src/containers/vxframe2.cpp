@@ -23,7 +23,7 @@ void VXFrame2::setPaintCallback(FramePaintCallback callback)
 }
 
 FramePaintCallback VXFrame2::paintCallback() const { return m_emitters.getPaintCallback(); }
-void VXFrame2::setPainter(FramePainter painter) { m_emitters.setPainter(std::move(painter)); }
+void VXFrame2::setPainter(FramePainter painter) { m_emitters.setPainter(painter); }
 bool VXFrame2::hasPainter() const { return m_emitters.hasPainter(); }
 void VXFrame2::update(const VXRect<int>& area) { m_emitters.updateArea(area); }
 
