@@ -148,9 +148,9 @@ void SceneRenderer::resetState()
         if (m_setDivisor)
             m_setDivisor(static_cast<GLuint>(i), 0);
     }
-    for (const GLenum capability :
-         {GL_BLEND, GL_CULL_FACE, GL_SCISSOR_TEST, GL_STENCIL_TEST, GL_POLYGON_OFFSET_FILL,
-          GL_SAMPLE_ALPHA_TO_COVERAGE, GL_SAMPLE_COVERAGE})
+    for (const GLenum capability : std::initializer_list<GLenum>{
+             GL_BLEND, GL_CULL_FACE, GL_SCISSOR_TEST, GL_STENCIL_TEST, GL_POLYGON_OFFSET_FILL,
+             GL_SAMPLE_ALPHA_TO_COVERAGE, GL_SAMPLE_COVERAGE})
         glDisable(capability);
     if (!m_isEmbedded) {
         for (const GLenum capability : {AlphaTest, LogicOperation})

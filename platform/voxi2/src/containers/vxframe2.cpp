@@ -1,7 +1,5 @@
 #include "voxi2/containers/vxframe2.h"
 
-#include <utility>
-
 namespace VOXI {
 
 VXFrame2::VXFrame2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
