@@ -124,7 +124,7 @@ void QtClipboard2::slotDataChanged()
 {
     if (isOwn(QClipboard::Clipboard) || isEchoOfClear())
         return;
-    m_wasCleared = m_isClearing;
+    m_wasCleared = m_isClearing && formatsIn(QClipboard::Clipboard).empty();
     ++m_changes;
     reportMade(&E::changed, [this] {
         return VXClipboardEvent2(abstractObject<VXClipboard2>(), formatsIn(QClipboard::Clipboard),
@@ -190,11 +190,12 @@ bool QtClipboard2::isOwn(QClipboard::Mode mode) const
     return m_own[mode] && dataIn(mode) == m_own[mode];
 }
 
-/// The X server tells Qt of a clearing once more, later.
+/// The X server tells Qt of a clearing once more, later, before all that comes after it: another
+/// program may have copied by then.
 bool QtClipboard2::isEchoOfClear()
 {
-    const bool isEcho = !m_isClearing && m_wasCleared && formatsIn(QClipboard::Clipboard).empty()
-                        && QGuiApplication::platformName() == QLatin1String("xcb");
+    const bool isEcho =
+        !m_isClearing && m_wasCleared && QGuiApplication::platformName() == QLatin1String("xcb");
     m_wasCleared = m_wasCleared && !isEcho;
     return isEcho;
 }
