@@ -92,13 +92,25 @@ function(voxi_add_kinds folder)
     set(VOXI_KIND_SOURCES ${VOXI_KIND_SOURCES} PARENT_SCOPE)
 endfunction()
 
+# All that the libraries export bears this version, one for all of them: what is compiled into two of
+# them must still be one and the same. While the major version is 0, each minor one may be different.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(VOXI_SYMBOL_VERSION "VOXI_0.${PROJECT_VERSION_MINOR}")
+else()
+    set(VOXI_SYMBOL_VERSION "VOXI_${PROJECT_VERSION_MAJOR}")
+endif()
+set(VOXI_SYMBOL_MAP "${PROJECT_BINARY_DIR}/symbols.map")
+file(CONFIGURE OUTPUT "${VOXI_SYMBOL_MAP}" CONTENT "@VOXI_SYMBOL_VERSION@ {\n    *;\n};\n" @ONLY)
+
 # voxi_add_library(<name> HEADERS ... SOURCES ... [PUBLIC_LIBS ...] [PRIVATE_LIBS ...]
-#                  [BASE_DIR <dir>])
+#                  [BASE_DIR <dir>] [COMPONENT qt|web])
 # A shared library <name>, alias voxi::<name>, with its export header and its install rules.
+# COMPONENT says which part of the package it belongs to: none is what applications link, qt what
+# programs need to show them, web what is loaded at run time only and linked by nobody.
 # Public headers lie under BASE_DIR (default: include). A library that links a Qt6:: target is
 # moc'ed and gets the house definitions for Qt; with Qt6::Widgets its <QtWidgets> is precompiled.
 function(voxi_add_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR"
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR;COMPONENT"
                           "HEADERS;SOURCES;PUBLIC_LIBS;PRIVATE_LIBS")
     voxi_require_all_parsed(voxi_add_library)
     if(NOT arg_BASE_DIR)
@@ -112,7 +124,9 @@ function(voxi_add_library name)
     target_link_options(${name} PRIVATE -Wl,-Bsymbolic-functions)
     if(NOT VOXI_SANITIZE)
         # Libraries are loaded at run time too: what is missing must not wait until then.
-        target_link_options(${name} PRIVATE -Wl,--no-undefined)
+        target_link_options(${name} PRIVATE -Wl,--no-undefined
+                                            "-Wl,--version-script,${VOXI_SYMBOL_MAP}")
+        set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS "${VOXI_SYMBOL_MAP}")
     endif()
     set(export_header "${VOXI_EXPORT_DIR}/${name}/${name}_export.h")
     generate_export_header(${name} EXPORT_FILE_NAME "${export_header}")
@@ -135,11 +149,35 @@ function(voxi_add_library name)
         target_precompile_headers(${name} PRIVATE ${VOXI_PRECOMPILED})
     endif()
 
+    voxi_install_library(${name} "${arg_COMPONENT}")
+    if(NOT TARGET libraries)
+        add_custom_target(libraries)
+    endif()
+    add_dependencies(libraries ${name})
+endfunction()
+
+# voxi_install_library(<name> <component>): what voxi_add_library says of COMPONENT. Each component
+# installs libraries apart from what programs are compiled with, as packages of systems do.
+function(voxi_install_library name component)
+    if(component STREQUAL "web")
+        install(TARGETS ${name} LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+                                        COMPONENT web NAMELINK_SKIP)
+        return()
+    endif()
+    set(libraries libraries)
+    set(development development)
+    set(export voxi)
+    if(component)
+        set(libraries ${component})
+        set(development ${component}_development)
+        set(export voxi_${component})
+    endif()
     install(
         TARGETS ${name}
-        EXPORT voxi2_qtTargets
-        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-        FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+        EXPORT ${export}Targets
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${libraries}
+                NAMELINK_COMPONENT ${development}
+        FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT ${development})
 endfunction()
 
 # voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [TIMEOUT <seconds>] [NO_GLIB <filter>])
@@ -196,15 +234,26 @@ macro(voxi_require_all_parsed who)
     endif()
 endmacro()
 
-# Installs the package description: find_package(voxi2_qt) gives every library as voxi::<name>.
+# Installs the package description: find_package(voxi) gives what applications link as voxi::<name>,
+# its component qt what hosts them.
 function(voxi_install_package)
-    set(destination "${CMAKE_INSTALL_LIBDIR}/cmake/voxi2_qt")
+    set(destination "${CMAKE_INSTALL_LIBDIR}/cmake/voxi")
     configure_package_config_file(
-        "${PROJECT_SOURCE_DIR}/cmake/voxi2_qtConfig.cmake.in"
-        "${PROJECT_BINARY_DIR}/voxi2_qtConfig.cmake" INSTALL_DESTINATION "${destination}")
-    write_basic_package_version_file("${PROJECT_BINARY_DIR}/voxi2_qtConfigVersion.cmake"
-                                     COMPATIBILITY SameMajorVersion)
-    install(FILES "${PROJECT_BINARY_DIR}/voxi2_qtConfig.cmake"
-                  "${PROJECT_BINARY_DIR}/voxi2_qtConfigVersion.cmake" DESTINATION "${destination}")
-    install(EXPORT voxi2_qtTargets NAMESPACE voxi:: DESTINATION "${destination}")
+        "${PROJECT_SOURCE_DIR}/cmake/voxiConfig.cmake.in" "${PROJECT_BINARY_DIR}/voxiConfig.cmake"
+        INSTALL_DESTINATION "${destination}")
+    # As with the symbols: before 1.0 each minor version is one of its own.
+    set(compatibility SameMajorVersion)
+    if(PROJECT_VERSION_MAJOR EQUAL 0)
+        set(compatibility SameMinorVersion)
+    endif()
+    write_basic_package_version_file("${PROJECT_BINARY_DIR}/voxiConfigVersion.cmake"
+                                     COMPATIBILITY ${compatibility})
+    install(
+        FILES "${PROJECT_BINARY_DIR}/voxiConfig.cmake"
+              "${PROJECT_BINARY_DIR}/voxiConfigVersion.cmake"
+        DESTINATION "${destination}"
+        COMPONENT development)
+    install(EXPORT voxiTargets NAMESPACE voxi:: DESTINATION "${destination}" COMPONENT development)
+    install(EXPORT voxi_qtTargets NAMESPACE voxi:: DESTINATION "${destination}"
+            COMPONENT qt_development)
 endfunction()

@@ -77,6 +77,16 @@ check_kinds() {
     [ -z "$missing" ] || { echo "not in docs/kinds.md:$missing"; return 1; }
 }
 
+# What Doxygen finds in the reference: broken references, unknown parameters and commands.
+check_reference() {
+    if ! command -v doxygen >/dev/null; then
+        echo "there is no doxygen"
+        return 77
+    fi
+    mkdir -p build/docs
+    doxygen docs/Doxyfile
+}
+
 changed_sources() {
     local base
     if [ $full = yes ] || ! base=$(git merge-base HEAD origin/HEAD 2>/dev/null ||
@@ -111,6 +121,9 @@ check symmetry python3 tools/check_symmetry.py
 check qt-symbols check_qt_symbols
 check text-conversion check_text_conversion
 check kinds check_kinds
+check docs python3 tools/check_docs.py
+check programs python3 tools/check_programs.py
+check reference check_reference
 check headers check_headers
 check tidy check_tidy
 check sizes python3 tools/check_file_sizes.py

@@ -1,7 +1,7 @@
 #include "fakebackend.h"
+#include "voxi2/kernel/initialize.h"
 #include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
-#include "voxi2/voxi2.h"
 
 namespace VOXI {
 namespace {

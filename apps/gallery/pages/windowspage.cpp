@@ -75,13 +75,13 @@ void addOptions(const Box& page, VXWindow2* window, EventLog& log)
     options.layout->addStretch();
 
     const Box place = titledRow(page, "Its place");
-    auto saved = std::make_shared<std::string>(window->saveGeometry());
+    auto saved = std::make_shared<std::string>(window->savePlacement());
     command(place, "Save", [window, saved, &log] {
-        *saved = window->saveGeometry();
+        *saved = window->savePlacement();
         log.add(*saved);
     });
     command(place, "Restore", [window, saved, &log] {
-        log.add(window->restoreGeometry(*saved) ? "restored" : "refused");
+        log.add(window->restorePlacement(*saved) ? "restored" : "refused");
     });
     place.layout->addStretch();
 }

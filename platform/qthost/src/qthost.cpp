@@ -21,7 +21,7 @@ namespace {
 /// The back end that lies beside this library; if there is none, what the loader finds by name.
 std::string usualLibrary()
 {
-    std::string name = "libvoxi2_qt.so";
+    std::string name = VOXI_BACK_END;
     Dl_info self;
     if (dladdr(reinterpret_cast<void*>(&usualLibrary), &self) == 0)
         return name;

@@ -149,7 +149,7 @@ TEST_F(SavedStates, aGeometryWithAnyByteChangedIsTakenOrRefusedWhole)
     m_window.show();
     m_window.setPosition({50, 60, 400, 300});
     turn();
-    const std::string good = m_window.saveGeometry();
+    const std::string good = m_window.savePlacement();
     const QByteArray bytes = bytesOf(good);
     VXPanel2 panel;
     for (qsizetype at = 0; at < bytes.size(); ++at) {
@@ -157,7 +157,7 @@ TEST_F(SavedStates, aGeometryWithAnyByteChangedIsTakenOrRefusedWhole)
             QByteArray changed = bytes;
             changed[at] = static_cast<char>(changed[at] ^ mask);
             const auto before = m_window.position();
-            const bool restored = m_window.restoreGeometry(textOf(GeometryKind, changed));
+            const bool restored = m_window.restorePlacement(textOf(GeometryKind, changed));
             EXPECT_TRUE(restored || m_window.position() == before) << "byte " << at;
             // Other widgets have the bytes alone.
             panel.restoreGeometry(changed.toBase64().toStdString());
@@ -166,10 +166,10 @@ TEST_F(SavedStates, aGeometryWithAnyByteChangedIsTakenOrRefusedWhole)
                 EXPECT_LE(double(width) * height, 1 << 26) << "more than could be painted";
             }
         }
-        EXPECT_FALSE(m_window.restoreGeometry(textOf(GeometryKind, bytes.left(at))));
+        EXPECT_FALSE(m_window.restorePlacement(textOf(GeometryKind, bytes.left(at))));
     }
     turn();
-    EXPECT_TRUE(m_window.restoreGeometry(good));
+    EXPECT_TRUE(m_window.restorePlacement(good));
     turn();
     EXPECT_EQ(m_window.position(), (VXRect<int>{50, 60, 400, 300}));
 }

@@ -92,10 +92,10 @@ TEST_F(WindowX11, statesOfTheProgramAreNot)
     // A maximised window comes back maximised, and knows the size that it had before.
     m_window.showMaximized();
     ASSERT_TRUE(waitFor([&] { return width() > 1500; }, Patience));
-    const std::string geometry = m_window.saveGeometry();
+    const std::string geometry = m_window.savePlacement();
     VXWindow2 next;
     auto nextStates = Log(next.stateChanged());
-    EXPECT_TRUE(next.restoreGeometry(geometry));
+    EXPECT_TRUE(next.restorePlacement(geometry));
     next.show();
     ASSERT_TRUE(waitFor([&] { return qt(next)->width() > 1500; }, Patience));
     EXPECT_TRUE(next.isMaximized());

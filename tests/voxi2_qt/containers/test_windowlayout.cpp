@@ -227,13 +227,13 @@ TEST_F(WindowLayout, foreignTextsAreRefused)
     Docks docks(2);
     docks.m_window.setPosition({50, 60, 400, 300});
     const std::string layout = docks.m_window.saveLayout();
-    const std::string geometry = docks.m_window.saveGeometry();
+    const std::string geometry = docks.m_window.savePlacement();
     docks.m_window.addDockWidget(docks[1], DockArea::Top);
     docks.m_window.setPosition({90, 90, 600, 500});
     auto moved = Log(docks.m_window.moved());
     auto resized = Log(docks.m_window.resized());
     const auto expectRefused = [&](std::string text) {
-        EXPECT_FALSE(docks.m_window.restoreGeometry(text)) << text;
+        EXPECT_FALSE(docks.m_window.restorePlacement(text)) << text;
         EXPECT_FALSE(docks.m_window.restoreLayout(text)) << text;
     };
     for (const std::string& good : {layout, geometry}) {
@@ -247,14 +247,14 @@ TEST_F(WindowLayout, foreignTextsAreRefused)
         expectRefused(good + "A");
     }
     EXPECT_FALSE(docks.m_window.restoreLayout(geometry));
-    EXPECT_FALSE(docks.m_window.restoreGeometry(layout));
+    EXPECT_FALSE(docks.m_window.restorePlacement(layout));
     expectRefused(qt(docks.m_window)->saveGeometry().toBase64().toStdString());
     expectRefused(std::string("\0\xff", 2));
     turn();
     EXPECT_EQ(docks.m_window.position(), (VXRect<int>{90, 90, 600, 500}));
     EXPECT_EQ(docks.area(1), DockArea::Top);
 
-    EXPECT_TRUE(docks.m_window.restoreGeometry(geometry));
+    EXPECT_TRUE(docks.m_window.restorePlacement(geometry));
     turn();
     EXPECT_EQ(docks.m_window.position(), (VXRect<int>{50, 60, 400, 300}));
     docks.m_window.setPosition({90, 90, 600, 500});
@@ -262,7 +262,7 @@ TEST_F(WindowLayout, foreignTextsAreRefused)
     EXPECT_EQ(docks.m_window.position(), (VXRect<int>{50, 60, 400, 300}));
     VXWindow2 hidden;
     auto hiddenResized = Log(hidden.resized());
-    EXPECT_TRUE(hidden.restoreGeometry(geometry));
+    EXPECT_TRUE(hidden.restorePlacement(geometry));
     hidden.show();
     turn();
     EXPECT_EQ(hidden.position(), (VXRect<int>{50, 60, 400, 300}));

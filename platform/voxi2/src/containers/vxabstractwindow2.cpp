@@ -85,11 +85,11 @@ bool VXAbstractWindow2::isFullScreen() const
     return windowState().testFlag(WindowState::FullScreen);
 }
 
-std::string VXAbstractWindow2::saveGeometry() const { return m_emitters.saveWindowGeometry(); }
+std::string VXAbstractWindow2::savePlacement() const { return m_emitters.saveWindowGeometry(); }
 
-bool VXAbstractWindow2::restoreGeometry(const std::string& geometry)
+bool VXAbstractWindow2::restorePlacement(const std::string& placement)
 {
-    return m_emitters.restoreWindowGeometry(geometry);
+    return m_emitters.restoreWindowGeometry(placement);
 }
 
 void VXAbstractWindow2::setModified(bool modified) { m_emitters.setModified(modified); }

@@ -1,6 +1,5 @@
-#include "voxi2/voxi2.h"
-
 #include "../containers/openmessages.h"
+#include "voxi2/kernel/initialize.h"
 #include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi2/kernel/vxfactory2.h"

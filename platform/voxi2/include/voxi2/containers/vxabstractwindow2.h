@@ -87,11 +87,11 @@ public:
     bool isMaximized() const;
     bool isFullScreen() const;
 
-    /// Place, size and state as one line of printable text, for `restoreGeometry` in a later run.
-    std::string saveGeometry() const;
+    /// Place, size and state as one line of printable text, for `restorePlacement` in a later run.
+    std::string savePlacement() const;
     /// Puts the window where it was, on a screen that there is. Text that did not come whole from
-    /// `saveGeometry` of a window is refused: the answer is false and nothing changes.
-    bool restoreGeometry(const std::string& geometry);
+    /// `savePlacement` of a window is refused: the answer is false and nothing changes.
+    bool restorePlacement(const std::string& placement);
 
     /// Shows or takes away the mark of unsaved changes.
     void setModified(bool modified);

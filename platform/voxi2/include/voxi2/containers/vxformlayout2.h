@@ -16,8 +16,8 @@ class VXText2;
 /// is something to say of it.
 ///
 ///     auto* form = new VXFormLayout2(page);
-///     form->addRow("&Name", name);
-///     form->setValidationState(name, ValidationState::Error, "We need to call you something.");
+///     form->addRow("&Name", edit);
+///     form->setValidationState(edit, ValidationState::Error, "We need to call you something.");
 ///
 /// It owns labels and messages, not the fields; the row of a field that ends, goes.
 class VOXI2_EXPORT VXFormLayout2 : public VXGridLayout2

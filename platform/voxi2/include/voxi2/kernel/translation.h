@@ -11,9 +11,9 @@ namespace VOXI {
 using Translation = std::function<std::wstring(const std::string& english)>;
 
 /// Sets what turns the texts that messages, file dialogs and the editors and pages of properties
-/// show by themselves into the user's language: "&Yes", "Question", "%1 exists already.\nDo you
-/// want to replace it?" and so on. Counts for what is made from now on; an empty function ends it.
-/// Any thread; the function itself may be called on any thread, also on several at once.
+/// show by themselves into the user's language: "&Yes", "Question" and so on. Counts for what is
+/// made from now on; an empty function ends it. Any thread; the function itself may be called on
+/// any thread, also on several at once.
 VOXI2_EXPORT void setTranslation(Translation translation);
 
 /// The text in the user's language, or as it is where there is no translation.

@@ -14,7 +14,7 @@ namespace VOXI {
 /// be destroyed by another thread while a call through its handle begins. Copy it freely, use it
 /// from any thread.
 ///
-///     handle->setText("done");                                // the toolkit's classes
+///     status->setText("done");                                // the toolkit's classes
 ///     handle.with([](Page& page) { page.addRow("done"); });   // any class, several calls
 template <class T>
 class VXHandle

@@ -44,8 +44,11 @@ public:
     void resize(const Size<int>& size);
     void moveTo(const VXPoint<int>& position);
     void setPosition(const VXRect<int>& geometry);
+    void setGeometry(const VXRect<int>& geometry) { setPosition(geometry); }
     /// Position and size inside the parent; of a window on the screen, without its frame.
     VXRect<int> position() const;
+    VXRect<int> geometry() const { return position(); }
+    Size<int> size() const { return position().size(); }
     /// The same with the top-left corner in screen coordinates.
     VXRect<int> globalPosition() const;
     VXPoint<int> mapToGlobal(const VXPoint<int>& point) const;
@@ -62,7 +65,8 @@ public:
     void setContentsMargins(const VXRect<int>& margins);
     VXRect<int> contentsMargins() const;
     VXRect<int> contentsRect() const;
-    /// A window's place and state as text that `restoreGeometry` takes; other text is ignored.
+    /// What the back end's own function for it gives, as text that `restoreGeometry` takes; other
+    /// text is ignored. For windows there is `VXAbstractWindow2::savePlacement`.
     std::string saveGeometry() const;
     void restoreGeometry(const std::string& geometry);
 

@@ -26,7 +26,7 @@ struct VXSimpleProperty2Emitters : TROV::EmittersTable<VXObject2Emitters>
 /// A name with a value of a certain type, which property browsers show and let the user edit.
 ///
 ///     auto* width = new VXSimpleProperty2("Width", PropertyType::integer(1, 500), owner);
-///     width->setSource([view] { return any(view->size().width()); });
+///     width->setSource([view] { return any(view->size().width); });
 ///     width->valueEdited().connect(view, [view](const VXPropertyValueEvent2& event) { ... });
 ///     browser->addProperty(width);
 ///

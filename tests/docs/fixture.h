@@ -1,0 +1,90 @@
+#pragma once
+
+// What the examples of the documents talk about without making it. It is compiled, never run.
+
+#include "qthost/qthost.h"
+#include "voxi/guiobject.h"
+#include "voxi/reentrancyprotector.h"
+#include "voxi2/voxi2.h"
+#include "voxi_util/vxlazydata.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QWidget>
+
+#include <cassert>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace fixture {
+
+using namespace VOXI;
+
+struct Page : VXPanel2
+{
+    void addRow(VXWidget2* widget);
+    void addRow(const AnyText& text);
+};
+
+struct Application
+{};
+using Editor = Application;
+
+struct Database
+{
+    std::vector<unsigned> keys() const;
+    std::string name(unsigned row) const;
+    void read(const std::vector<unsigned>& rows, const std::vector<unsigned>& columns,
+              const std::function<void(QueryResult2)>& done) const;
+};
+
+struct Report
+{
+    VXMimeData2 print() const;
+};
+
+/// What examples capture by its name, which only local variables allow.
+struct Example : VXObject2
+{
+    virtual void example(VXWidget2* view, const std::shared_ptr<Report>& report) = 0;
+};
+
+extern int argc;
+extern char** argv;
+extern QHBoxLayout* qtLayout;
+extern Database m_database;
+extern bool m_inUpdate;
+
+extern VXWindow2* window;
+extern Page* page;
+extern VXFrame2* frame;
+extern VXObject2* owner;
+extern VXEdit2* edit;
+extern VXText2* text;
+extern VXText2* count;
+extern VXButton2* button;
+extern VXProgressBar2* progress;
+extern VXSimplePropertyBrowser2* browser;
+extern VXMenu2* recent;
+extern VXMenu2* fileMenu;
+extern VXHandle<Page> handle;
+extern VXHandle<VXText2> status;
+extern const std::string name;
+extern VXCanvas2 canvas;
+extern QueryResult2 cells;
+extern VXMimeData2 data;
+extern std::vector<unsigned> keys;
+extern const std::filesystem::path file;
+extern const unsigned row;
+extern const Color red;
+extern const Icon copyIcon;
+
+std::vector<std::string> recentFiles();
+void save();
+void load(const std::filesystem::path& file);
+
+} // namespace fixture
