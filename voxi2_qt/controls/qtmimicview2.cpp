@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtmimicview2.h"
 
+#include "foreigninput.h"
 #include "voxi2_qt/controls/qtmimicsource2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -43,6 +44,8 @@ QtMimicView2::QtMimicView2(VXMimicView2* object, VXMimicView2Emitters* emitters,
     // What is behind it is not painted along, which may be what it shows.
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
+
+QtMimicView2::~QtMimicView2() = default;
 
 // Requests ----------------------------------------------------------------------------------------
 
