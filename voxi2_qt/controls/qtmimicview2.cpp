@@ -1,6 +1,7 @@
 #include "voxi2_qt/controls/qtmimicview2.h"
 
 #include "../kernel/qtaccessiblename.h"
+#include "foreigninput.h"
 #include "voxi2_qt/controls/qtmimicsource2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -45,6 +46,8 @@ QtMimicView2::QtMimicView2(VXMimicView2* object, VXMimicView2Emitters* emitters,
     // What is behind it is not painted along, which may be what it shows.
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
+
+QtMimicView2::~QtMimicView2() = default;
 
 // Requests ----------------------------------------------------------------------------------------
 

@@ -1,5 +1,6 @@
 // The part of QtMimicView2 that lets the user work in what it shows.
 
+#include "foreigninput.h"
 #include "voxi2_qt/controls/qtmimicsource2.h"
 #include "voxi2_qt/controls/qtmimicview2.h"
 #include "voxi_util/scopedflagtoggler.h"
@@ -66,6 +67,11 @@ void QtMimicView2::mouseDoubleClickEvent(QMouseEvent* event)
 void QtMimicView2::wheelEvent(QWheelEvent* event)
 {
     QtWidget2Shim::wheelEvent(event);
+    if (isForeign()) {
+        if (pictureRect().contains(event->position()))
+            m_foreign->sendWheel(*event, toPixels(event->position()));
+        return;
+    }
     QWidget* const source = inputWidget();
     if (!source || !pictureRect().contains(event->position()))
         return;
@@ -136,8 +142,36 @@ QWidget* QtMimicView2::widgetAt(QWidget& source, const QPointF& point) const
     return found == this ? nullptr : found;
 }
 
+/// Whether input goes to another program now. This one's own windows are excepted where the view
+/// lies in them: it would get again what it sends.
+bool QtMimicView2::isForeign()
+{
+    const unsigned long long id = m_isForwarding && m_source ? m_source->doGetNativeWindow() : 0;
+    const QWidget* const own = QWidget::find(static_cast<WId>(id));
+    if (id == 0 || (own && own->window() == window())) {
+        m_foreign.reset();
+        return false;
+    }
+    if (!m_foreign)
+        m_foreign = std::make_unique<ForeignInput>();
+    m_foreign->setWindow(id);
+    return true;
+}
+
+QPointF QtMimicView2::toPixels(const QPointF& point) const
+{
+    return toSource(point) * m_source->image().devicePixelRatio();
+}
+
 void QtMimicView2::forwardPointer(QMouseEvent& event)
 {
+    if (isForeign()) {
+        if (event.buttons() != Qt::NoButton || event.type() == QEvent::MouseButtonRelease
+            || pictureRect().contains(event.position()))
+            m_foreign->sendPointer(event, toPixels(event.position()));
+        event.accept();
+        return;
+    }
     QWidget* const source = inputWidget();
     if (!source || pictureRect().isEmpty())
         return;
@@ -170,6 +204,10 @@ void QtMimicView2::forwardPointer(QMouseEvent& event)
 
 bool QtMimicView2::forwardKey(QKeyEvent& event)
 {
+    if (isForeign()) {
+        m_foreign->sendKey(event);
+        return true;
+    }
     QWidget* const source = inputWidget();
     if (!source)
         return false;

@@ -10,6 +10,7 @@
 #include "voxi2/controls/vxslider2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QImage>
 #include <QPointer>
 #include <QTest>
@@ -297,6 +298,66 @@ TEST_F(Mimic, picturesWindowsByTheirIds)
     EXPECT_TRUE(ended.takeOne());
     EXPECT_EQ(m_source.nativeWindow(), 0U);
     EXPECT_TRUE(m_view.pictureRect().isEmpty());
+}
+
+/// Sees what the X server says of the wheel, which Qt leaves out where it has other words for it.
+struct WheelClicks : QAbstractNativeEventFilter
+{
+    WheelClicks() { qApp->installNativeEventFilter(this); }
+
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override
+    {
+        const auto* const event = static_cast<const unsigned char*>(message);
+        constexpr int Press = 4;
+        constexpr int Forward = 4;
+        m_number += (event[0] & 0x7f) == Press && event[1] == Forward ? 1 : 0;
+        return false;
+    }
+
+    int m_number = 0;
+};
+
+/// By the X server, for which a window of this program is as any other.
+TEST_F(Mimic, forwardsToWindowsByTheirIds)
+{
+    if (QGuiApplication::platformName() != QLatin1String("xcb"))
+        GTEST_SKIP() << "there is no X server";
+    showBoth();
+    VXButton2 button(&m_panel);
+    button.setPosition({0, 0, 50, 20});
+    VXEdit2 edit(&m_panel);
+    edit.setPosition({0, 20, 100, 30});
+    for (VXWidget2* const each : std::initializer_list<VXWidget2*>{&button, &edit})
+        each->show();
+    m_source.setNativeWindow(m_panel.winId());
+    m_view.setForwarding(true);
+    settle();
+    const Log clicks(button.clicked());
+    QTest::mouseClick(qt(m_view), Qt::LeftButton, {}, {40, 70});
+    EXPECT_TRUE(waitFor([&] { return clicks.count() == 1; }));
+    WheelClicks turns;
+    QWheelEvent wheel({140, 70}, qt(m_view)->mapToGlobal(QPointF(140, 70)), {}, {0, 120}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(qt(m_view), &wheel);
+    EXPECT_TRUE(waitFor([&] { return turns.m_number == 1; }));
+    QTest::mouseClick(qt(m_view), Qt::LeftButton, {}, {40, 110});
+    m_panel.setActiveWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(qt(m_panel)));
+    EXPECT_TRUE(waitFor([&] { return qt(edit)->hasFocus(); }));
+    constexpr int ScanCodeOfA = 38;
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent key(type, Qt::Key_A, {}, ScanCodeOfA, 0, 0, QStringLiteral("a"));
+        QApplication::sendEvent(qt(m_view), &key);
+    }
+    EXPECT_TRUE(waitFor([&] { return edit.textU() == L"a"; }));
+
+    // Where the view itself lies there it would get again what it sends.
+    m_source.setNativeWindow(m_view.winId());
+    QTest::mouseClick(qt(m_view), Qt::LeftButton, {}, {40, 70});
+    m_source.setNativeWindow(0x7fffffff);
+    QTest::mouseClick(qt(m_view), Qt::LeftButton, {}, {40, 70});
+    settle();
+    EXPECT_EQ(clicks.count(), 1);
 }
 
 TEST(MimicSource, hasWidgetsAsParentsAlone)

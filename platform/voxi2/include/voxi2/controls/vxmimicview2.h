@@ -50,8 +50,10 @@ public:
     /// those that lead to another widget. It is the user's doing, and reported by both. A view that
     /// takes no focus takes it from then on by a click and the Tab key.
     ///
-    /// Nothing is forwarded to windows of other programs, to hidden widgets, and to those behind a
-    /// modal dialog.
+    /// Nothing is forwarded to hidden widgets, and to those behind a modal dialog. A window of
+    /// another program gets what the user does on X11 alone, and by the X server, which tells it
+    /// that a program has sent it; some leave that out, or the wheel. Keys reach it as they are on
+    /// the keyboard.
     void setForwarding(bool forwarding);
     bool isForwarding() const;
 

@@ -7,8 +7,11 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
+
 namespace VOXI {
 
+class ForeignInput;
 class QtMimicSource2;
 
 /// The peer of the mimic view.
@@ -19,6 +22,7 @@ class VOXI2_QT_EXPORT QtMimicView2
 
 public:
     QtMimicView2(VXMimicView2* object, VXMimicView2Emitters* emitters, QWidget* parent);
+    ~QtMimicView2() override;
 
     // Requests, in the order of the emitters table
     virtual void doSetSource(VXMimicSource2* source);
@@ -56,13 +60,16 @@ private:
     QWidget* inputWidget() const;
     QPointF toSource(const QPointF& point) const;
     QWidget* widgetAt(QWidget& source, const QPointF& point) const;
+    bool isForeign();
+    QPointF toPixels(const QPointF& point) const;
     void forwardPointer(QMouseEvent& event);
     bool forwardKey(QKeyEvent& event);
     void send(QWidget& target, QEvent& event, QEvent& original);
 
     QPointer<QtMimicSource2> m_source;
-    QPointer<QWidget> m_held;  ///< what was pressed, until the buttons are released
-    QPointer<QWidget> m_typed; ///< what keys go to
+    QPointer<QWidget> m_held;                ///< what was pressed, until the buttons are released
+    QPointer<QWidget> m_typed;               ///< what keys go to
+    std::unique_ptr<ForeignInput> m_foreign; ///< while another program is forwarded to
     bool m_isAspectKept = true;
     bool m_isForwarding = false;
     bool m_isSending = false; ///< views may lie in what they show
