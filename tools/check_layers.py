@@ -29,8 +29,10 @@ ROOMS = {
     },
     # The engine of web pages; only a library of its own.
     "web": (["voxi2_qt/web"], ["kernel", "controls", *PLATFORM, "qt"]),
+    # What the explorer does with databases; tests and programs need no toolkit for it.
+    "sql": (["apps/explorer/sql"], []),
     # A program's user interface is written against the abstract objects and plain values.
-    "apps": (["apps"], ["voxi2", "voxi_util"]),
+    "apps": (["apps"], ["voxi2", "voxi_util", "sql"]),
 }
 
 # File (a trailing * matches any ending) -> rooms that it alone may see as well.

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
+#include "../kernel/qtcomposedwindows.h"
 #include "../kernel/qtsavedtext.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -99,6 +100,7 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
     const QtEventBlocker blocker(*this,
                                  {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
     widget->setWindowFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
+    QtComposedWindows::settle(*widget);
     if (visible)
         widget->show();
 }

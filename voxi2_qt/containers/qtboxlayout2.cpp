@@ -22,7 +22,9 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::insertSpacer, &P::doInsertSpacer>(),
     TROV::row<&E::setStretchFactor, &P::doSetStretchFactor>(),
     TROV::row<&E::addLayout, &P::doAddLayout>(),
-    TROV::row<&E::refusesLayout, &P::doRefusesLayout>());
+    TROV::row<&E::refusesLayout, &P::doRefusesLayout>(),
+    TROV::row<&E::setDirection, &P::doSetDirection>(),
+    TROV::row<&E::getDirection, &P::doGetDirection>());
 // clang-format on
 
 using Widgets = QList<QPointer<QWidget>>;
@@ -153,6 +155,9 @@ bool QtBoxLayout2::doRefusesLayout(VXObject* layout)
     });
     return refuses;
 }
+
+void QtBoxLayout2::doSetDirection(VOXI::Direction direction) { setDirection(VX2Qt(direction)); }
+VOXI::Direction QtBoxLayout2::doGetDirection() { return Qt2VX(direction()); }
 
 // Helpers -----------------------------------------------------------------------------------------
 

@@ -8,7 +8,14 @@ namespace VOXI {
 
 namespace {
 
-const auto s_requests = TROV::operations<VXFlowLayout2Emitters>();
+using E = VXFlowLayout2Emitters;
+using P = QtFlowLayout2;
+
+// clang-format off
+const auto s_requests = TROV::operations<E>(
+    TROV::row<&E::setDirection, &P::doSetDirection>(),
+    TROV::row<&E::getDirection, &P::doGetDirection>());
+// clang-format on
 
 constexpr QSize Nothing(-1, -1);
 constexpr qint64 Unset = -1;
@@ -166,6 +173,16 @@ QtFlowLayout2::~QtFlowLayout2()
     while (!m_items.isEmpty())
         delete m_items.takeLast();
 }
+
+// Requests ----------------------------------------------------------------------------------------
+
+void QtFlowLayout2::doSetDirection(VOXI::Direction direction)
+{
+    m_direction = direction;
+    invalidate();
+}
+
+VOXI::Direction QtFlowLayout2::doGetDirection() { return m_direction; }
 
 // Helpers -----------------------------------------------------------------------------------------
 

@@ -22,7 +22,19 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setColStretch, &P::doSetColStretch>(),
     TROV::row<&E::setStretchFactors, &P::doSetStretchFactors>(),
     TROV::row<&E::getRowStretch, &P::doGetRowStretch>(),
-    TROV::row<&E::getColStretch, &P::doGetColStretch>());
+    TROV::row<&E::getColStretch, &P::doGetColStretch>(),
+    TROV::row<&E::setRowMinimum, &P::doSetRowMinimum>(),
+    TROV::row<&E::setColMinimum, &P::doSetColMinimum>(),
+    TROV::row<&E::getRowMinimum, &P::doGetRowMinimum>(),
+    TROV::row<&E::getColMinimum, &P::doGetColMinimum>(),
+    TROV::row<&E::setHorizontalSpacing, &P::doSetHorizontalSpacing>(),
+    TROV::row<&E::setVerticalSpacing, &P::doSetVerticalSpacing>(),
+    TROV::row<&E::getHorizontalSpacing, &P::doGetHorizontalSpacing>(),
+    TROV::row<&E::getVerticalSpacing, &P::doGetVerticalSpacing>(),
+    TROV::row<&E::setCell, &P::doSetCell>(),
+    TROV::row<&E::getCell, &P::doGetCell>(),
+    TROV::row<&E::getRowCount, &P::doGetRowCount>(),
+    TROV::row<&E::getColCount, &P::doGetColCount>());
 // clang-format on
 
 // Qt keeps something for each line up to the last, makes a table of all cells when it lays out, and
@@ -103,6 +115,55 @@ int QtGridLayout2::doGetColStretch(int column)
 {
     return column >= 0 && column < columnCount() ? columnStretch(column) : 0;
 }
+
+void QtGridLayout2::doSetRowMinimum(int row, int height)
+{
+    if (hasRoomFor(VXRect<int>::cell(row, 0)))
+        setRowMinimumHeight(row, bounded(height));
+}
+
+void QtGridLayout2::doSetColMinimum(int column, int width)
+{
+    if (hasRoomFor(VXRect<int>::cell(0, column)))
+        setColumnMinimumWidth(column, bounded(width));
+}
+
+int QtGridLayout2::doGetRowMinimum(int row)
+{
+    return row >= 0 && row < rowCount() ? rowMinimumHeight(row) : 0;
+}
+
+int QtGridLayout2::doGetColMinimum(int column)
+{
+    return column >= 0 && column < columnCount() ? columnMinimumWidth(column) : 0;
+}
+
+void QtGridLayout2::doSetHorizontalSpacing(int spacing) { setHorizontalSpacing(bounded(spacing)); }
+void QtGridLayout2::doSetVerticalSpacing(int spacing) { setVerticalSpacing(bounded(spacing)); }
+int QtGridLayout2::doGetHorizontalSpacing() { return horizontalSpacing(); }
+int QtGridLayout2::doGetVerticalSpacing() { return verticalSpacing(); }
+
+void QtGridLayout2::doSetCell(VXObject* widget, VXRect<int> cell)
+{
+    if (doGetItemIndex(widget) >= 0 && hasRoomFor(cell))
+        doGridAddWidget(widget, cell, doGetAlignment(widget));
+}
+
+VXRect<int> QtGridLayout2::doGetCell(VXObject* widget)
+{
+    const int index = doGetItemIndex(widget);
+    if (index < 0)
+        return {};
+    int row = 0;
+    int column = 0;
+    int rowSpan = 0;
+    int columnSpan = 0;
+    getItemPosition(index, &row, &column, &rowSpan, &columnSpan);
+    return VXRect<int>::cell(row, column, rowSpan, columnSpan);
+}
+
+int QtGridLayout2::doGetRowCount() { return rowCount(); }
+int QtGridLayout2::doGetColCount() { return columnCount(); }
 
 // Helpers -----------------------------------------------------------------------------------------
 

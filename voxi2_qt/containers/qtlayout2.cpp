@@ -29,7 +29,12 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::isEnabled, &P::doIsEnabled>(),
     TROV::row<&E::getMargins, &P::doGetMargins>(),
     TROV::row<&E::getSpacing, &P::doGetSpacing>(),
-    TROV::row<&E::refuses, &P::doRefuses>());
+    TROV::row<&E::refuses, &P::doRefuses>(),
+    TROV::row<&E::setAlignment, &P::doSetAlignment>(),
+    TROV::row<&E::getAlignment, &P::doGetAlignment>(),
+    TROV::row<&E::count, &P::doCount>(),
+    TROV::row<&E::getItemAt, &P::doGetItemAt>(),
+    TROV::row<&E::getItemIndex, &P::doGetItemIndex>());
 // clang-format on
 
 /// Whether none of the layout's widgets is, or holds, the one that the layout shall fill.
@@ -162,10 +167,55 @@ bool QtLayout2::doRefuses(VXObject* widget)
     return refuses;
 }
 
+void QtLayout2::doSetAlignment(VXObject* item, Alignment alignment)
+{
+    if (QLayoutItem* const found = itemOf(item)) {
+        found->setAlignment(VX2Qt(alignment));
+        layout()->invalidate();
+    }
+}
+
+Alignment QtLayout2::doGetAlignment(VXObject* item)
+{
+    const QLayoutItem* const found = itemOf(item);
+    return found ? Qt2VX(found->alignment()) : Alignment();
+}
+
+int QtLayout2::doCount() { return layout()->count(); }
+
+VXObject2* QtLayout2::doGetItemAt(int index)
+{
+    QLayoutItem* const item =
+        index >= 0 && index < layout()->count() ? layout()->itemAt(index) : nullptr;
+    if (!item)
+        return nullptr;
+    if (const QWidget* const widget = item->widget())
+        return abstractObjectOf<VXObject2>(widget);
+    return abstractObjectOf<VXObject2>(item->layout());
+}
+
+int QtLayout2::doGetItemIndex(VXObject* item)
+{
+    int index = -1;
+    withPeerOf<GuiObject>(item, [&](GuiObject* peer) {
+        if (const QWidget* const widget = qWidgetOf(peer))
+            index = layout()->indexOf(widget);
+        else if (const QLayout* const inner = asQLayout(peer))
+            index = layout()->indexOf(inner);
+    });
+    return index;
+}
+
 // Helpers -----------------------------------------------------------------------------------------
 
 QLayout* QtLayout2::layout() const noexcept { return static_cast<QLayout*>(asQObject()); }
 QLayout* QtLayout2::asQLayout(GuiObject* peer) { return qobject_cast<QLayout*>(qObjectOf(peer)); }
+
+QLayoutItem* QtLayout2::itemOf(VXObject* item)
+{
+    const int index = doGetItemIndex(item);
+    return index < 0 ? nullptr : layout()->itemAt(index);
+}
 
 bool QtLayout2::prepareFor(QWidget* child)
 {

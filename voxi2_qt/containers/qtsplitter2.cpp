@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 
+#include "../kernel/qtsavedtext.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -27,10 +28,13 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setOrientation, &P::doSetOrientation>(),
     TROV::row<&E::getOrientation, &P::doGetOrientation>(),
     TROV::row<&E::setSizes, &P::doSetSizes>(),
-    TROV::row<&E::getSizes, &P::doGetSizes>());
+    TROV::row<&E::getSizes, &P::doGetSizes>(),
+    TROV::row<&E::saveState, &P::doSaveState>(),
+    TROV::row<&E::restoreState, &P::doRestoreState>());
 // clang-format on
 
 constexpr int FirstHandleWidth = 6;
+constexpr char StateKind[] = "splitter";
 
 } // namespace
 
@@ -122,6 +126,22 @@ std::list<int> QtSplitter2::doGetSizes()
 {
     const QList<int> sizes = QSplitter::sizes();
     return {sizes.begin(), sizes.end()};
+}
+
+std::string QtSplitter2::doSaveState() { return toSavedText(StateKind, saveState()); }
+
+bool QtSplitter2::doRestoreState(const std::string& state)
+{
+    const auto bytes = fromSavedText(StateKind, state);
+    if (!bytes)
+        return false;
+    // These are the program's, which may be a newer one.
+    const int width = handleWidth();
+    const bool collapsible = childrenCollapsible();
+    const bool isRestored = restoreState(*bytes);
+    setHandleWidth(width);
+    setChildrenCollapsible(collapsible);
+    return isRestored;
 }
 
 // Reports -----------------------------------------------------------------------------------------

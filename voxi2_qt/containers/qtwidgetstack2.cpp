@@ -2,6 +2,7 @@
 
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
+#include "voxi2_qt/kernel/qtsignalblocker.h"
 
 namespace VOXI {
 
@@ -37,6 +38,7 @@ void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
         if (!child || isWithin(child, this))
             return;
         takeOut(child);
+        const QtSignalBlocker signals(this);
         const QtEventBlocker shown(child, {WidgetEvent::Show}); // the first of all
         insertWidget(index, child);
         if (child->parentWidget() != this) // a handler has moved it on
@@ -55,14 +57,17 @@ void QtWidgetStack2::doRaiseWidgetWithID(int id)
     const QtEventBlocker focus(*this, {WidgetEvent::FocusIn});
     const QtEventBlocker shown(widget(id), {WidgetEvent::Show});
     const QtEventBlocker hidden(currentWidget(), {WidgetEvent::Hide});
+    const QtSignalBlocker signals(this);
     setCurrentIndex(id); // ignores what is no position
 }
 
 void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (child && indexOf(child) >= 0)
-            keepHidden(child, this);
+        if (!child || indexOf(child) < 0)
+            return;
+        const QtSignalBlocker signals(this);
+        keepHidden(child, this);
     });
 }
 
@@ -81,5 +86,17 @@ int QtWidgetStack2::doGetWidgetID(VXWidget2* widget)
 }
 
 int QtWidgetStack2::doCount() { return count(); }
+
+// Reports -----------------------------------------------------------------------------------------
+
+void QtWidgetStack2::connectSignals()
+{
+    connect(this, &QStackedWidget::currentChanged, this, &QtWidgetStack2::slotCurrentChanged);
+}
+
+void QtWidgetStack2::slotCurrentChanged(int index)
+{
+    report(&E::currentGone, abstractObjectOf<VXWidget2>(widget(index)), index);
+}
 
 } // namespace VOXI

@@ -1,5 +1,6 @@
 #include "qtaccessiblebutton.h"
 
+#include "../kernel/qtaccesskey.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QCheckBox>
@@ -46,28 +47,6 @@ bool opensAtOnce(const QAbstractButton& button)
     return menuOf(button) && (!tool || tool->popupMode() == QToolButton::InstantPopup);
 }
 
-/// Of the letter that is marked, as it is written.
-QString accessKey(const QString& label)
-{
-    for (qsizetype i = 0; i + 1 < label.size(); ++i) {
-        if (label[i] == u'&' && label[++i] != u'&')
-            return QKeySequence(Qt::ALT).toString(QKeySequence::NativeText) + label[i];
-    }
-    return {};
-}
-
-/// Without the marks of access keys.
-QString spoken(const QString& label)
-{
-    QString result;
-    for (qsizetype i = 0; i < label.size(); ++i) {
-        if (label[i] == u'&' && ++i == label.size())
-            break;
-        result += label[i];
-    }
-    return result;
-}
-
 } // namespace
 
 QtAccessibleButton::QtAccessibleButton(QAbstractButton* button) : QAccessibleWidget(button) {}
@@ -78,12 +57,12 @@ QString QtAccessibleButton::text(QAccessible::Text kind) const
 {
     QString text;
     if (kind == QAccessible::Name && button().accessibleName().isEmpty())
-        text = spoken(button().text());
+        text = withoutAccessKey(button().text());
     if (kind == QAccessible::Accelerator) {
         const auto* const push = qobject_cast<const QPushButton*>(&button());
         text = push && push->isDefault()
                    ? QKeySequence(Qt::Key_Enter).toString(QKeySequence::NativeText)
-                   : accessKey(button().text());
+                   : accessKeyOf(button().text());
     }
     return text.isEmpty() ? QAccessibleWidget::text(kind) : text;
 }

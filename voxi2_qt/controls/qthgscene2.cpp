@@ -1,7 +1,7 @@
 #include "voxi2_qt/controls/qthgscene2.h"
 
 #include "../kernel/qtaccessiblename.h"
-#include "../kernel/scenelibrary.h"
+#include "../kernel/sidelibrary.h"
 #include "scenecontent.h"
 #include "scenepicker.h"
 #include "scenesight.h"
@@ -361,8 +361,8 @@ void QtHGScene2::setCamera(const SceneCamera& camera)
 
 } // namespace VOXI
 
-VOXI::QtObject2* voxi2_qt_makeScene(VOXI::VXHGScene2* object, VOXI::VXHGScene2Emitters* emitters,
-                                    QWidget* parent)
+VOXI::QtObject2* voxi2_qt_makePeer(VOXI::VXObject2* object, void* emitters, QWidget* parent)
 {
-    return new VOXI::QtHGScene2(object, emitters, parent);
+    return new VOXI::QtHGScene2(static_cast<VOXI::VXHGScene2*>(object),
+                                static_cast<VOXI::VXHGScene2Emitters*>(emitters), parent);
 }

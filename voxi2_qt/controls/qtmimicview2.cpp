@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtmimicview2.h"
 
+#include "../kernel/qtaccessiblename.h"
 #include "voxi2_qt/controls/qtmimicsource2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -40,6 +41,7 @@ QImage imageFor(const QImage& image, const QSizeF& pixels)
 QtMimicView2::QtMimicView2(VXMimicView2* object, VXMimicView2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {
+    readTextAsName<QtMimicView2, QAccessible::Graphic, &QWidget::toolTip>();
     // What is behind it is not painted along, which may be what it shows.
     setAttribute(Qt::WA_OpaquePaintEvent);
 }

@@ -1,8 +1,8 @@
 #include "voxi2_qt/controls/qtsvgimage2.h"
 
 #include "../kernel/qtaccessiblename.h"
+#include "../kernel/sidelibrary.h"
 #include "../kernel/svgguard.h"
-#include "../kernel/svglibrary.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QPainter>
@@ -126,8 +126,8 @@ bool QtSvgImage2::isShown() const { return renderer()->isValid() && !sizeHint().
 
 } // namespace VOXI
 
-VOXI::QtObject2* voxi2_qt_makeSvgImage(VOXI::VXSvgImage2* object,
-                                       VOXI::VXSvgImage2Emitters* emitters, QWidget* parent)
+VOXI::QtObject2* voxi2_qt_makePeer(VOXI::VXObject2* object, void* emitters, QWidget* parent)
 {
-    return new VOXI::QtSvgImage2(object, emitters, parent);
+    return new VOXI::QtSvgImage2(static_cast<VOXI::VXSvgImage2*>(object),
+                                 static_cast<VOXI::VXSvgImage2Emitters*>(emitters), parent);
 }

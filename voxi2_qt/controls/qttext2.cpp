@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qttext2.h"
 
+#include "qtaccessibletext.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 namespace VOXI {
@@ -34,6 +35,7 @@ const auto s_requests = TROV::operations<E>(
 QtText2::QtText2(VXText2* object, VXText2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, s_requests, parent)
 {
+    QtAccessibleText::install();
     setTextFormat(Qt::PlainText);
 }
 
@@ -91,9 +93,11 @@ void QtText2::slotLinkActivated(const QString& target)
 
 void QtText2::change(const QString& text)
 {
+    const QString former = QtAccessibleText::heard(*this);
     setText(text);
     if (doIsRichText())
         chooseInteraction(doIsSelectable());
+    QtAccessibleText::tellChange(*this, former);
 }
 
 } // namespace VOXI

@@ -1,5 +1,6 @@
 #include "scenesurface.h"
 
+#include "../kernel/qtcomposedwindows.h"
 #include "trov/thread.h"
 #include "voxi2_qt/controls/qthgscene2.h"
 #include "voxi2_qt/kernel/qthandlerframe.h"
@@ -54,31 +55,6 @@ bool findOpenGL()
     return hasAll && context.format().majorVersion() >= 2;
 }
 
-/// What Qt lets nobody else call.
-struct NativeWindows : QWidget
-{
-    using QWidget::create;
-    using QWidget::destroy;
-};
-
-/// Before Qt makes the window of a surface anew, as one that the graphics card puts together. What
-/// has become a part of that window, but kept the QWindow of its own that it had before, would lose
-/// that with the window's, and point to nothing.
-void dropFormerWindows(const QWidget& window)
-{
-    if (!window.windowHandle())
-        return;
-    for (QWidget* const widget : window.findChildren<QWidget*>()) {
-        if (widget->isWindow() || !widget->windowHandle()
-            || widget->testAttribute(Qt::WA_NativeWindow))
-            continue;
-        const bool wasCreated = widget->testAttribute(Qt::WA_WState_Created);
-        (widget->*&NativeWindows::destroy)(true, true);
-        if (wasCreated)
-            (widget->*&NativeWindows::create)(0, true, true);
-    }
-}
-
 void* functionAddress(const char* name)
 {
     QOpenGLContext* const context = QOpenGLContext::currentContext();
@@ -94,7 +70,7 @@ bool SceneSurface::isPossible()
 }
 
 SceneSurface::SceneSurface(QtHGScene2& scene, int samples)
-    : QOpenGLWidget((dropFormerWindows(*scene.window()), &scene)),
+    : QOpenGLWidget((QtComposedWindows::begin(), &scene)),
       m_scene(scene),
       m_samples(samples)
 {
@@ -137,8 +113,6 @@ bool SceneSurface::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::WindowChangeInternal:
-        dropFormerWindows(*window());
-        [[fallthrough]];
     case QEvent::ScreenChangeInternal:
     case QEvent::Show:
         if (m_isBusy) {

@@ -5,8 +5,8 @@
 
 namespace VOXI {
 
-/// Has assistive programs read a text of each `Widget` as its name, unless it was given one. For
-/// widgets whose text they would not find.
+/// Has assistive programs read a text of each `Widget` as its name, or where it was given one, as
+/// its description, and press what can be clicked. For widgets of which they would not find that.
 template <class Widget, QAccessible::Role Role, auto Text>
 class QtAccessibleName
 {
@@ -23,13 +23,39 @@ private:
     public:
         explicit Interface(Widget* widget) : QAccessibleWidget(widget, Role) {}
 
+        /// A name hides no text: that may change, and is to be heard all the same.
         QString text(QAccessible::Text kind) const override
         {
-            const QWidget* const self = widget();
-            return kind == QAccessible::Name && self->accessibleName().isEmpty()
-                       ? (static_cast<const Widget*>(self)->*Text)()
-                       : QAccessibleWidget::text(kind);
+            const bool isNamed = !self().accessibleName().isEmpty();
+            const QString own = QAccessibleWidget::text(kind);
+            const bool isWanted = isNamed ? kind == QAccessible::Description && own.isEmpty()
+                                          : kind == QAccessible::Name;
+            return isWanted ? (self().*Text)() : own;
         }
+
+        QStringList actionNames() const override
+        {
+            QStringList names = QAccessibleWidget::actionNames();
+            if (IsClicked && self().isEnabled())
+                names.prepend(pressAction());
+            return names;
+        }
+
+        void doAction(const QString& name) override
+        {
+            if constexpr (IsClicked) {
+                if (name == pressAction() && self().isEnabled()) {
+                    self().doimClick();
+                    return;
+                }
+            }
+            QAccessibleWidget::doAction(name);
+        }
+
+    private:
+        static constexpr bool IsClicked = requires(Widget & widget) { widget.doimClick(); };
+
+        Widget& self() const { return *static_cast<Widget*>(widget()); }
     };
 
     static QAccessibleInterface* create(const QString&, QObject* object)

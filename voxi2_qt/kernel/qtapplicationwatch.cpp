@@ -1,11 +1,13 @@
 #include "qtapplicationwatch.h"
 
+#include "qtcomposedwindows.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qthandlerframe.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QPointer>
 #include <QWindow>
 
 namespace VOXI {
@@ -58,9 +60,12 @@ private:
     /// Closes a window. Handlers run when Qt has taken it to pieces.
     static bool close(QWindow& window, QEvent& event)
     {
-        QtClosingWindow closing(QWidget::find(window.winId()));
+        const QPointer<QWidget> widget = QWidget::find(window.winId());
+        QtClosingWindow closing(widget);
         const QtReportHold hold;
         static_cast<QObject&>(window).event(&event);
+        if (widget)
+            QtComposedWindows::settle(*widget);
         closing.setClosed();
         return true;
     }

@@ -1,8 +1,7 @@
 #include "voxi2_qt/kernel/qtfactory2.h"
 
 #include "../modelview/qtviewmodelpeer2.h"
-#include "scenelibrary.h"
-#include "svglibrary.h"
+#include "sidelibrary.h"
 #include "trov/connection.h"
 #include "voxi/vxbridge.h"
 #include "voxi2/controls/vxhgscene2.h"
@@ -99,23 +98,30 @@ struct Making
     }
 };
 
-template <>
-struct Making<QtHGScene2>
+/// Of a peer that lies in a library of its own, which is loaded with the first.
+template <const char* Library, const char* Missing>
+struct MakingAside
 {
-    static QtObject2* make(VXHGScene2* object, VXHGScene2Emitters* emitters, QWidget* parent)
+    static QtObject2* make(VXObject2* object, void* emitters, QWidget* parent)
     {
-        return makeScene(object, emitters, parent);
+        static const auto makePeer = reinterpret_cast<decltype(&voxi2_qt_makePeer)>(
+            sideLibraryFunction(Library, "voxi2_qt_makePeer", Missing));
+        return makePeer ? makePeer(object, emitters, parent) : nullptr;
     }
 };
 
+constexpr char SceneLibrary[] = "voxi2_qt_scene";
+constexpr char NoScenes[] = "no scenes";
+constexpr char SvgLibrary[] = "voxi2_qt_svg";
+constexpr char NoDrawings[] = "no drawings";
+
 template <>
-struct Making<QtSvgImage2>
-{
-    static QtObject2* make(VXSvgImage2* object, VXSvgImage2Emitters* emitters, QWidget* parent)
-    {
-        return makeSvgImage(object, emitters, parent);
-    }
-};
+struct Making<QtHGScene2> : MakingAside<SceneLibrary, NoScenes>
+{};
+
+template <>
+struct Making<QtSvgImage2> : MakingAside<SvgLibrary, NoDrawings>
+{};
 
 /// It has no other parents than widgets, though it is none.
 template <>

@@ -1,5 +1,6 @@
 #include "qttakeout.h"
 
+#include "qtcomposedwindows.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QStackedWidget>
@@ -100,6 +101,7 @@ void keepHidden(QWidget* widget, QWidget* keeper)
     takeOut(widget);
     setAside(widget);
     widget->setParent(keeper);
+    QtComposedWindows::settle(*widget);
 }
 
 void takeOutAlone(QWidget* widget)
@@ -111,8 +113,10 @@ void takeOutAlone(QWidget* widget)
     const Qt::WindowFlags flags = widget->windowFlags();
     if (!staysHidden)
         setAside(widget);
-    if (widget->parentWidget())
+    if (widget->parentWidget()) {
         widget->setParent(nullptr, widget->isWindow() ? flags : flags & ~Qt::WindowType_Mask);
+        QtComposedWindows::settle(*widget);
+    }
 }
 
 } // namespace VOXI

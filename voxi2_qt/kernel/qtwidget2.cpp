@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 
+#include "qtcomposedwindows.h"
 #include "qttakeout.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtbaritem.h"
@@ -292,6 +293,7 @@ void QtWidget2::changeParent(VXObject* parent, Qt::WindowFlags flags)
             if (const QWindow* const handle = self->windowHandle())
                 followOwners(*handle);
             self->setParent(target, flags);
+            QtComposedWindows::settle(*self);
         }
     };
     if (parent)

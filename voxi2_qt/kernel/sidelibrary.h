@@ -1,8 +1,16 @@
 #pragma once
 
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
 class QString;
+class QWidget;
+QT_END_NAMESPACE
 
 namespace VOXI {
+
+class QtObject2;
+class VXObject2;
 
 /// The function of that name in a library that lies beside this one, wherever that was loaded from;
 /// the library is loaded for it, and stays. Null where there is none, and then `error` says why.
@@ -11,3 +19,8 @@ void (*sideLibraryFunction(const char* library, const char* function, QString& e
 void (*sideLibraryFunction(const char* library, const char* function, const char* missing))();
 
 } // namespace VOXI
+
+/// What a library that holds the peer of one kind is asked for; each has its own. Object and its
+/// table of emitters are of that kind.
+extern "C" Q_DECL_EXPORT VOXI::QtObject2* voxi2_qt_makePeer(VOXI::VXObject2* object, void* emitters,
+                                                            QWidget* parent);

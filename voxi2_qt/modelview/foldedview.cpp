@@ -46,6 +46,7 @@ private:
 };
 
 void FoldedView::Host::noteDrag(unsigned) {}
+bool FoldedView::Host::noteShift(unsigned, bool) { return false; }
 
 FoldedView::FoldedView(QWidget* parent, Host& host)
     : QAbstractItemView(parent),
@@ -105,6 +106,10 @@ void FoldedView::showModel(VXAbstractViewModel2* model)
     QtViewModel2* const former = std::exchange(m_model, made);
     m_isLaidOut = false;
     swapModels(*this, *made, former);
+    connect(made, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this](const QModelIndex& parent, int first, int last) {
+                tellKnownRows(parent, first, last, QAccessible::ObjectDestroyed);
+            });
     connect(made, &QAbstractItemModel::rowsRemoved, this,
             [this](const QModelIndex& parent) { rowsRemoved(parent); });
     const auto relay = [this] { relayLater(); };
@@ -115,7 +120,14 @@ void FoldedView::showModel(VXAbstractViewModel2* model)
     m_sight->modelReplaced();
 }
 
-void FoldedView::rowsInserted(const QModelIndex& parent, int, int)
+void FoldedView::rowsInserted(const QModelIndex& parent, int first, int last)
+{
+    noteArrivals(parent, first, last);
+    regroup(parent);
+}
+
+/// Its rows are others.
+void FoldedView::regroup(const QModelIndex& parent)
 {
     if (!parent.isValid() || !m_filter.isEmpty())
         relayLater();
@@ -126,7 +138,7 @@ void FoldedView::rowsInserted(const QModelIndex& parent, int, int)
 void FoldedView::rowsRemoved(const QModelIndex& parent)
 {
     m_hasLostRows = true;
-    rowsInserted(parent, 0, 0);
+    regroup(parent);
 }
 
 void FoldedView::sizeChanged()
@@ -136,10 +148,13 @@ void FoldedView::sizeChanged()
         dropAccess(false);
     }
     m_sight->changed();
+    tellArrivals();
 }
 
-void FoldedView::dataChanged(const QModelIndex&, const QModelIndex&, const QList<int>&)
+void FoldedView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                             const QList<int>&)
 {
+    tellKnownRows(topLeft.parent(), topLeft.row(), bottomRight.row(), QAccessible::NameChanged);
     if (!m_filter.isEmpty())
         relayLater();
     viewport()->update();
@@ -177,13 +192,7 @@ void FoldedView::setFolded(unsigned group, bool folded, By by)
         m_host->noteFolded(group, folded);
     if (folded && currentIndex().parent() == header)
         makeCurrent(header);
-    if (QAccessible::isActive()) {
-        QAccessible::State changed;
-        changed.expanded = true;
-        changed.collapsed = true;
-        QAccessibleStateChangeEvent event(accessOf(group), changed);
-        QAccessible::updateAccessibility(&event);
-    }
+    tellFolded(group);
 }
 
 bool FoldedView::isFolded(unsigned group) const
@@ -253,6 +262,7 @@ void FoldedView::setFilter(const QString& text)
     endSlide();
     m_filter = text;
     relayLater();
+    tellFiltered();
 }
 
 void FoldedView::findMatches() const
@@ -324,10 +334,8 @@ void FoldedView::currentChanged(const QModelIndex& current, const QModelIndex&)
     if (current.isValid() && isVisible() && !m_pressed.isValid())
         scrollTo(current);
     const unsigned row = m_model->rowFromIndex(current);
-    if (QAccessible::isActive() && hasFocus() && row != 0) {
-        QAccessibleEvent event(accessOf(row), QAccessible::Focus);
-        QAccessible::updateAccessibility(&event);
-    }
+    if (hasFocus())
+        tellAccess(row, QAccessible::Focus);
     m_host->noteCurrent(row);
 }
 
@@ -339,30 +347,6 @@ void FoldedView::reveal(unsigned row)
     if (index.parent().isValid())
         setFolded(m_model->parentRow(row), false, By::Program);
     scrollTo(index);
-}
-
-// For assistive programs --------------------------------------------------------------------------
-
-bool FoldedView::isChosen(unsigned) const { return false; }
-bool FoldedView::hasChoice() const { return false; }
-
-QAccessibleInterface* FoldedView::accessOf(unsigned row)
-{
-    if (const auto known = m_accessIds.constFind(row); known != m_accessIds.cend())
-        return QAccessible::accessibleInterface(known.value());
-    QAccessibleInterface* const made = makeRowAccess(*this, row);
-    m_accessIds.insert(row, QAccessible::registerAccessibleInterface(made));
-    return made;
-}
-
-void FoldedView::dropAccess(bool all)
-{
-    m_accessIds.removeIf([&](const auto& each) {
-        const bool goes = all || !m_model->isValidRow(each.key());
-        if (goes)
-            QAccessible::deleteAccessibleInterface(each.value());
-        return goes;
-    });
 }
 
 } // namespace VOXI

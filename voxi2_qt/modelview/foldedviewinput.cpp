@@ -135,7 +135,8 @@ void FoldedView::keyPressEvent(QKeyEvent* event)
         std::find_if(std::begin(moves), std::end(moves),
                      [&](const auto& each) { return each.key == event->key(); });
     if (others) {
-        event->ignore();
+        if (others != Qt::AltModifier || !shift(event->key()))
+            event->ignore();
     } else if (move != std::end(moves)) {
         if (const QModelIndex to = moveCursor(move->action, {}); to.isValid())
             makeCurrent(to);
@@ -176,6 +177,20 @@ bool FoldedView::goSideways(bool isForward)
     if (to.isValid())
         makeCurrent(to);
     return to.isValid();
+}
+
+/// The current row, in the direction of an arrow. False where that is nothing to anybody.
+bool FoldedView::shift(int key)
+{
+    const QModelIndex current = currentIndex();
+    const bool isSideways = key == Qt::Key_Left || key == Qt::Key_Right;
+    const bool isArrow = isSideways || key == Qt::Key_Up || key == Qt::Key_Down;
+    if (!isAlive() || !isArrow || !current.parent().isValid() || !m_filter.isEmpty())
+        return false;
+    const bool isForward = isSideways
+                               ? (key == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight)
+                               : key == Qt::Key_Down;
+    return m_host->noteShift(m_model->rowFromIndex(current), isForward);
 }
 
 QModelIndex FoldedView::moveCursor(CursorAction action, Qt::KeyboardModifiers)

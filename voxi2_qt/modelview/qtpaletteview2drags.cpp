@@ -1,4 +1,4 @@
-// The part of QtPaletteView2 that is about entries that are dragged.
+// The part of QtPaletteView2 that is about entries that are dragged, or shifted by keys.
 
 #include "paletteentries.h"
 #include "palettemove.h"
@@ -54,6 +54,28 @@ void QtPaletteView2::noteDrag(unsigned row)
     drag.source = abstractWidget();
     if (VXDragManager2* const manager = VXDragManager2::instance())
         manager->startDrag(drag);
+}
+
+/// From the end of a category to the next one.
+bool QtPaletteView2::noteShift(unsigned row, bool isForward)
+{
+    if (!m_isReorderable)
+        return false;
+    const QtViewModel2& model = m_entries->viewModel();
+    const QModelIndex entry = m_entries->indexOf(row);
+    const QModelIndex group = entry.parent();
+    const QModelIndex beside = entry.siblingAtRow(entry.row() + (isForward ? 1 : -1));
+    const QModelIndex behind = entry.siblingAtRow(entry.row() + 2);
+    if (beside.isValid()) {
+        doimMoveEntry(row, model.rowFromIndex(group),
+                      model.rowFromIndex(isForward ? behind : beside));
+        return true;
+    }
+    const QModelIndex other = group.siblingAtRow(group.row() + (isForward ? 1 : -1));
+    if (other.isValid())
+        doimMoveEntry(row, model.rowFromIndex(other),
+                      isForward ? model.rowFromIndex(model.index(0, 0, other)) : 0);
+    return true;
 }
 
 bool QtPaletteView2::showToPeer(QWidget* receiver, QEvent* event)

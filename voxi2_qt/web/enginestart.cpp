@@ -1,5 +1,6 @@
 #include "enginestart.h"
 
+#include "../kernel/qtcomposedwindows.h"
 #include "engineview.h"
 #include "voxi2/controls/vxwebbrowser2.h"
 
@@ -122,6 +123,7 @@ void startWithFlags()
 
 bool start()
 {
+    QtComposedWindows::begin();
     registerSchemes();
     startWithFlags();
     // Before the engine's own end, which comes the same way: the last to be added is called first.

@@ -3,6 +3,7 @@
 
 #include "scenereference.h"
 #include "scenesupport.h"
+#include "voxi2/containers/vxdialog2.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -217,6 +218,30 @@ TEST_F(ShownScene, isMovedByTheUserAlone)
     xdotool(QStringLiteral("click 4 key Left ") + at(c) + QStringLiteral(" click 1"));
     ASSERT_TRUE(waitFor([&] { return picks.count() >= 2; }));
     EXPECT_TRUE(moves.isEmpty());
+}
+
+/// What Qt painted a window into is not for the graphics card, which is to put the window together
+/// when it comes back.
+TEST_F(ShownScene, mayComeIntoADialogOfAWindowThatWasClosedOrChanged)
+{
+    for (const bool closes : {true, false}) {
+        VXWindow2 owner;
+        owner.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(qt(owner)));
+        if (closes)
+            owner.close();
+        else
+            owner.setWindowFlags(owner.windowFlags() | WindowFlagStaysOnTop);
+        VXDialog2 dialog(&owner);
+        VXHGScene2 scene(&dialog);
+        const Log frames(scene.frameDrawn());
+        scene.resize({100, 80});
+        owner.show();
+        dialog.show();
+        EXPECT_TRUE(waitFor([&] { return !frames.isEmpty(); }, Patience));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(qt(owner)));
+        qt(owner)->repaint();
+    }
 }
 
 /// Two workers change nodes as fast as they can, one of them 100 000 vertices each time.

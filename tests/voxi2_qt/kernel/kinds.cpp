@@ -614,7 +614,7 @@ std::vector<Kind> controlKinds()
             .refersTo("widget", &Source::setWidget, &Source::widget)
             .reports("refreshed", &Source::refreshed)
             .reports("ended", &Source::ended),
-        kind<Mimic, QWidget, &F::createMimicView2>("MimicView", QAccessible::Client)
+        kind<Mimic, QWidget, &F::createMimicView2>("MimicView", QAccessible::Graphic)
             .has("forwarding", &Mimic::setForwarding, &Mimic::isForwarding, true)
             .refersTo("source", &Mimic::setSource, &Mimic::source),
         kind<Notice, QFrame, &F::createNotificationBar2>("NotificationBar",

@@ -11,6 +11,9 @@ VXBoxLayout2::VXBoxLayout2(VXObject2* parent, Direction direction)
 
 VXBoxLayout2::~VXBoxLayout2() { retire(); }
 
+void VXBoxLayout2::setDirection(Direction direction) { m_emitters.setDirection(direction); }
+Direction VXBoxLayout2::direction() const { return m_emitters.getDirection(); }
+
 void VXBoxLayout2::addWidget(VXObject* widget, int stretch, Alignment alignment)
 {
     m_emitters.boxAddWidget(widget, stretch, alignment);

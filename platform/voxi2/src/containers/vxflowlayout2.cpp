@@ -4,12 +4,13 @@ namespace VOXI {
 
 VXFlowLayout2::VXFlowLayout2(VXObject2* parent, Direction direction)
     : VXLayout2(parent),
-      m_emitters(VXLayout2::m_emitters),
-      m_direction(direction)
+      m_emitters(VXLayout2::m_emitters)
 {
     createPeer(&VXFactory2::createFlowLayout2, this, &m_emitters, parent, direction);
 }
 
 VXFlowLayout2::~VXFlowLayout2() { retire(); }
+void VXFlowLayout2::setDirection(Direction direction) { m_emitters.setDirection(direction); }
+Direction VXFlowLayout2::direction() const { return m_emitters.getDirection(); }
 
 } // namespace VOXI

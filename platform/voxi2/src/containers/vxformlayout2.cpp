@@ -3,50 +3,153 @@
 #include "voxi2/controls/vxtext2.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace VOXI {
+
+namespace {
+
+/// The rows of the grid that a row of the form has: for a label above, the field, the message.
+constexpr int GridRows = 3;
+
+} // namespace
 
 VXFormLayout2::VXFormLayout2(VXObject2* parent) : VXGridLayout2(parent) { setColStretch(1, 1); }
 VXFormLayout2::~VXFormLayout2() { retire(); }
 
 void VXFormLayout2::addRow(const AnyText& label, VXWidget2* field, int stretch)
 {
+    insertRow(-1, label, field, stretch);
+}
+
+void VXFormLayout2::addRow(VXWidget2* widget, int stretch) { insertRow(-1, widget, stretch); }
+
+void VXFormLayout2::insertRow(int position, const AnyText& label, VXWidget2* field, int stretch)
+{
     const VXObjectDataLocker lock;
     const BuildScope scope;
-    if (!isObjectValid(field) || rowOf(field))
+    if (!isObjectValid(field) || find(field))
         return;
     const unsigned self = id();
     const VXHandle<VXWidget2> kept(field);
     auto* const text = new VXText2(label, this);
     auto* const note = new VXFieldNote2(kept, this);
-    // While a worker waits for these, either may end.
+    // While a worker waits for these, either may end, or get a row.
     if (!isObjectValid(self))
         return;
-    if (!kept.isValid()) {
+    if (!kept.isValid() || find(field)) {
         text->destroy();
         note->destroy();
         return;
     }
-    m_rows.push_back({kept, text, note});
-    field->destroyed().connect(this, &VXFormLayout2::dropRow, servingThread());
     text->setBuddy(field);
-    const int row = takeRow(stretch);
-    addWidget(text, row, 0);
-    addWidget(note, row + 1, 1);
-    addWidget(field, row, 1); // last: its handlers may do anything
+    insert(position, {.m_field = kept, .m_label = text, .m_note = note, .m_stretch = stretch});
 }
 
-void VXFormLayout2::addRow(VXWidget2* widget, int stretch)
+void VXFormLayout2::insertRow(int position, VXWidget2* widget, int stretch)
 {
-    addWidget(widget, VXRect<int>::cell(takeRow(stretch), 0, 1, 2));
+    const VXObjectDataLocker lock;
+    if (isObjectValid(widget) && !find(widget))
+        insert(position, {.m_field = widget, .m_stretch = stretch});
+}
+
+void VXFormLayout2::removeRow(const VXWidget2* widget)
+{
+    const VXObjectDataLocker lock;
+    if (!find(widget))
+        return;
+    const VXHandle<VXFormLayout2> self(this);
+    const VXHandle<VXWidget2> kept = find(widget)->m_field;
+    dropRow(kept.id());
+    if (self.isValid() && kept.isValid())
+        removeWidget(kept.get());
+}
+
+void VXFormLayout2::setRowVisible(const VXWidget2* widget, bool visible)
+{
+    const VXObjectDataLocker lock;
+    Row* const row = find(widget);
+    if (!row)
+        return;
+    row->m_isVisible = visible;
+    const Row shown = *row; // handlers may do anything
+    shown.m_label.with([&](VXText2& label) { label.setVisible(visible); });
+    shown.m_note.with([&](VXFieldNote2& note) {
+        note.setVisible(visible && note.validationState() != ValidationState::None);
+    });
+    shown.m_field.with([&](VXWidget2& field) { field.setVisible(visible); });
+}
+
+bool VXFormLayout2::isRowVisible(const VXWidget2* widget) const
+{
+    const VXObjectDataLocker lock;
+    const Row* const row = find(widget);
+    return row && row->m_isVisible;
+}
+
+std::vector<VXWidget2*> VXFormLayout2::rows() const
+{
+    const VXObjectDataLocker lock;
+    std::vector<VXWidget2*> result;
+    for (const Row& row : m_rows) {
+        if (VXWidget2* const field = row.m_field.get())
+            result.push_back(field);
+    }
+    return result;
+}
+
+int VXFormLayout2::rowOf(const VXWidget2* widget) const
+{
+    const VXObjectDataLocker lock;
+    const Row* const row = find(widget);
+    return row ? static_cast<int>(row - m_rows.data()) : -1;
+}
+
+void VXFormLayout2::setLabelsAbove(bool above)
+{
+    const VXObjectDataLocker lock;
+    m_areLabelsAbove = above;
+    arrange(0);
+}
+
+bool VXFormLayout2::areLabelsAbove() const
+{
+    const VXObjectDataLocker lock;
+    return m_areLabelsAbove;
+}
+
+void VXFormLayout2::setLabelAlignment(Alignment alignment)
+{
+    const VXObjectDataLocker lock;
+    m_labelAlignment = alignment;
+    arrange(0);
+}
+
+Alignment VXFormLayout2::labelAlignment() const
+{
+    const VXObjectDataLocker lock;
+    return m_labelAlignment;
+}
+
+void VXFormLayout2::setLabel(const VXWidget2* field, const AnyText& label)
+{
+    const VXObjectDataLocker lock;
+    if (VXText2* const text = this->label(field))
+        text->setText(label);
 }
 
 void VXFormLayout2::setValidationState(const VXWidget2* field, ValidationState state,
                                        const AnyText& message)
 {
     const VXObjectDataLocker lock;
-    if (VXFieldNote2* const own = note(field))
-        own->setValidationState(state, message);
+    VXFieldNote2* const own = note(field);
+    if (!own)
+        return;
+    const VXHandle<VXFieldNote2> kept(own);
+    const bool isHidden = !isRowVisible(field);
+    own->setValidationState(state, message);
+    if (isHidden)
+        kept->hide();
 }
 
 ValidationState VXFormLayout2::validationState(const VXWidget2* field) const
@@ -61,7 +164,7 @@ std::vector<VXWidget2*> VXFormLayout2::fields() const
     const VXObjectDataLocker lock;
     std::vector<VXWidget2*> result;
     for (const Row& row : m_rows) {
-        if (VXWidget2* const field = row.m_field.get())
+        if (VXWidget2* const field = row.m_field.get(); field && row.m_label.id() != 0)
             result.push_back(field);
     }
     return result;
@@ -70,35 +173,91 @@ std::vector<VXWidget2*> VXFormLayout2::fields() const
 VXText2* VXFormLayout2::label(const VXWidget2* field) const
 {
     const VXObjectDataLocker lock;
-    const Row* const row = rowOf(field);
+    const Row* const row = find(field);
     return row ? row->m_label.get() : nullptr;
 }
 
 VXFieldNote2* VXFormLayout2::note(const VXWidget2* field) const
 {
     const VXObjectDataLocker lock;
-    const Row* const row = rowOf(field);
+    const Row* const row = find(field);
     return row ? row->m_note.get() : nullptr;
 }
 
-/// Null for what is dead, or none of its fields. Under the lock.
-const VXFormLayout2::Row* VXFormLayout2::rowOf(const VXWidget2* field) const
+/// Null for what is dead, or has no row. Under the lock.
+const VXFormLayout2::Row* VXFormLayout2::find(const VXWidget2* widget) const
 {
     const auto found = std::ranges::find_if(
-        m_rows, [field](const Row& row) { return field && row.m_field.get() == field; });
+        m_rows, [widget](const Row& row) { return widget && row.m_field.get() == widget; });
     return found == m_rows.end() ? nullptr : &*found;
 }
 
-/// Of the grid: the first of two, since a message may stand below.
-int VXFormLayout2::takeRow(int stretch)
+VXFormLayout2::Row* VXFormLayout2::find(const VXWidget2* widget)
 {
-    const VXObjectDataLocker lock;
-    const int row = m_nextRow;
-    m_nextRow += 2;
-    m_isStretched = m_isStretched || stretch > 0;
-    setRowStretch(row, stretch);
-    setRowStretch(m_nextRow, m_isStretched ? 0 : 1); // the one below all
-    return row;
+    return const_cast<Row*>(std::as_const(*this).find(widget));
+}
+
+void VXFormLayout2::insert(int position, const Row& row)
+{
+    row.m_field.with([this](VXWidget2& field) {
+        field.destroyed().connect(this, &VXFormLayout2::dropRow, servingThread());
+    });
+    const auto count = m_rows.size();
+    const auto index = position < 0 ? count : std::min<std::size_t>(position, count);
+    m_rows.insert(m_rows.begin() + static_cast<std::ptrdiff_t>(index), row);
+    arrange(index);
+}
+
+/// Puts the rows from that one on where they belong. Handlers of what is moved may change the form:
+/// then what they began does the rest.
+void VXFormLayout2::arrange(std::size_t from)
+{
+    const unsigned self = id();
+    const unsigned own = ++m_arrangement;
+    m_arranged = std::min(from, m_arranged);
+    while (m_arranged < m_rows.size()) {
+        place(static_cast<int>(m_arranged++));
+        if (!isObjectValid(self) || m_arrangement != own)
+            return;
+    }
+    const bool isStretched =
+        std::ranges::any_of(m_rows, [](const Row& row) { return row.m_stretch > 0; });
+    const int below = static_cast<int>(m_rows.size()) * GridRows;
+    setRowStretch(below, isStretched ? 0 : 1);
+    for (int row = below + 1; row <= below + GridRows; ++row) // one has been removed
+        setRowStretch(row, 0);
+}
+
+void VXFormLayout2::place(int index)
+{
+    Row& row = m_rows[static_cast<std::size_t>(index)];
+    const bool isNew = !std::exchange(row.m_isPlaced, true);
+    const VXHandle<VXFormLayout2> self(this);
+    const auto put = [self, isNew](auto handle, const VXRect<int>& cell) {
+        if (!self.isValid() || !handle.isValid())
+            return;
+        // What the program has taken out of the layout stays where it is.
+        if (isNew)
+            self.get()->addWidget(handle.get(), cell);
+        else
+            self.get()->setCell(handle.get(), cell);
+    };
+    const int first = index * GridRows;
+    const Row placed = row; // handlers may do anything from here on
+    setRowStretch(first, 0);
+    setRowStretch(first + 1, placed.m_stretch);
+    setRowStretch(first + 2, 0);
+    if (placed.m_label.id() == 0) {
+        put(placed.m_field, VXRect<int>::cell(first + 1, 0, 1, 2));
+        return;
+    }
+    put(placed.m_label, m_areLabelsAbove ? VXRect<int>::cell(first, 0, 1, 2)
+                                         : VXRect<int>::cell(first + 1, 0));
+    if (self.isValid())
+        setAlignment(placed.m_label.get(), m_labelAlignment);
+    const int column = m_areLabelsAbove ? 0 : 1;
+    put(placed.m_note, VXRect<int>::cell(first + 2, column, 1, 2 - column));
+    put(placed.m_field, VXRect<int>::cell(first + 1, column, 1, 2 - column));
 }
 
 void VXFormLayout2::dropRow(unsigned field)
@@ -109,11 +268,13 @@ void VXFormLayout2::dropRow(unsigned field)
     if (found == m_rows.end())
         return;
     const Row row = *found;
+    const auto index = static_cast<std::size_t>(found - m_rows.begin());
     m_rows.erase(found);
-    if (VXText2* const label = row.m_label.get())
-        label->destroy();
-    if (VXFieldNote2* const note = row.m_note.get())
-        note->destroy();
+    const VXHandle<VXFormLayout2> self(this);
+    row.m_label.with([](VXText2& label) { label.destroy(); });
+    row.m_note.with([](VXFieldNote2& note) { note.destroy(); });
+    if (self.isValid())
+        arrange(std::min(index, m_rows.size()));
 }
 
 } // namespace VOXI

@@ -41,4 +41,27 @@ void VXGridLayout2::setStretchFactors(const std::vector<int>& rows, const std::v
     m_emitters.setStretchFactors(rows, columns);
 }
 
+void VXGridLayout2::setRowMinimum(int row, int height) { m_emitters.setRowMinimum(row, height); }
+int VXGridLayout2::rowMinimum(int row) const { return m_emitters.getRowMinimum(row); }
+void VXGridLayout2::setColMinimum(int column, int width)
+{
+    m_emitters.setColMinimum(column, width);
+}
+
+int VXGridLayout2::colMinimum(int column) const { return m_emitters.getColMinimum(column); }
+
+void VXGridLayout2::setHorizontalSpacing(int spacing) { m_emitters.setHorizontalSpacing(spacing); }
+int VXGridLayout2::horizontalSpacing() const { return m_emitters.getHorizontalSpacing(); }
+void VXGridLayout2::setVerticalSpacing(int spacing) { m_emitters.setVerticalSpacing(spacing); }
+int VXGridLayout2::verticalSpacing() const { return m_emitters.getVerticalSpacing(); }
+
+void VXGridLayout2::setCell(VXObject* widget, const VXRect<int>& cell)
+{
+    m_emitters.setCell(widget, cell);
+}
+
+VXRect<int> VXGridLayout2::cell(VXObject* widget) const { return m_emitters.getCell(widget); }
+int VXGridLayout2::rowCount() const { return m_emitters.getRowCount(); }
+int VXGridLayout2::colCount() const { return m_emitters.getColCount(); }
+
 } // namespace VOXI

@@ -23,5 +23,10 @@ std::string VXGroupBox2::title() const { return m_emitters.getTitle(); }
 std::wstring VXGroupBox2::titleU() const { return m_emitters.getTitleU(); }
 void VXGroupBox2::setFlat(bool flat) { m_emitters.setFlat(flat); }
 bool VXGroupBox2::isFlat() const { return m_emitters.isFlat(); }
+void VXGroupBox2::setCheckable(bool checkable) { m_emitters.setCheckable(checkable); }
+bool VXGroupBox2::isCheckable() const { return m_emitters.isCheckable(); }
+void VXGroupBox2::setChecked(bool checked) { m_emitters.setChecked(checked); }
+bool VXGroupBox2::isChecked() const { return m_emitters.isChecked(); }
+void VXGroupBox2::imitateToggle() { m_emitters.toggle(); }
 
 } // namespace VOXI

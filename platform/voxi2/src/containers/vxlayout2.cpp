@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxlayout2.h"
 
+#include "voxi2/kernel/vxwidget2.h"
+
 namespace VOXI {
 
 VXLayout2::VXLayout2(VXObject2* parent) : VXObject2(parent), m_emitters(VXObject2::m_emitters) {}
@@ -38,6 +40,23 @@ void VXLayout2::addSpacer(const Size<int>& size, bool expanding)
     m_emitters.addSpacer(size, expanding ? 1 : 0);
 }
 
+void VXLayout2::setAlignment(VXObject* item, Alignment alignment)
+{
+    m_emitters.setAlignment(item, alignment);
+}
+
+Alignment VXLayout2::alignment(VXObject* item) const { return m_emitters.getAlignment(item); }
+int VXLayout2::count() const { return m_emitters.count(); }
+VXObject2* VXLayout2::itemAt(int index) const { return m_emitters.getItemAt(index); }
+
+VXWidget2* VXLayout2::widgetAt(int index) const
+{
+    const VXObjectDataLocker lock;
+    VXObject2* const item = itemAt(index);
+    return isObjectValid(item) ? dynamic_cast<VXWidget2*>(item) : nullptr;
+}
+
+int VXLayout2::indexOf(VXObject* item) const { return m_emitters.getItemIndex(item); }
 void VXLayout2::setMargins(const VXRect<int>& margins) { m_emitters.setMargins(margins); }
 VXRect<int> VXLayout2::margins() const { return m_emitters.getMargins(); }
 void VXLayout2::setSpacing(int spacing) { m_emitters.setSpacing(spacing); }

@@ -26,5 +26,24 @@ void VXScrollView2::ensureWidgetVisible(VXWidget2* widget, int xMargin, int yMar
 }
 
 void VXScrollView2::scrollBy(const VXPoint<int>& distance) { m_emitters.scrollBy(distance); }
+void VXScrollView2::removeWidget() { m_emitters.removeWidget(); }
+
+void VXScrollView2::setScrollPosition(const VXPoint<int>& position)
+{
+    m_emitters.setScrollPosition(position);
+}
+
+VXPoint<int> VXScrollView2::scrollPosition() const { return m_emitters.getScrollPosition(); }
+VXPoint<int> VXScrollView2::scrollEnd() const { return m_emitters.getScrollEnd(); }
+
+void VXScrollView2::setScrollBarPolicy(Orientation bar, ScrollBarPolicy policy)
+{
+    m_emitters.setScrollBarPolicy(bar, policy);
+}
+
+ScrollBarPolicy VXScrollView2::scrollBarPolicy(Orientation bar) const
+{
+    return m_emitters.getScrollBarPolicy(bar);
+}
 
 } // namespace VOXI

@@ -46,5 +46,7 @@ void VXSplitter2::setOrientation(Orientation orientation)
 Orientation VXSplitter2::orientation() const { return m_emitters.getOrientation(); }
 void VXSplitter2::setSizes(const std::list<int>& sizes) { m_emitters.setSizes(sizes); }
 std::list<int> VXSplitter2::sizes() const { return m_emitters.getSizes(); }
+std::string VXSplitter2::saveState() const { return m_emitters.saveState(); }
+bool VXSplitter2::restoreState(const std::string& state) { return m_emitters.restoreState(state); }
 
 } // namespace VOXI

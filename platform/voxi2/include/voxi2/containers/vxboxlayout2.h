@@ -16,6 +16,8 @@ struct VXBoxLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
     TROV::Request<void(VXObject*, int)> setStretchFactor{*this};
     TROV::Request<void(VXObject*, int)> addLayout{*this};
     TROV::Request<bool(VXObject*)> refusesLayout{*this};
+    TROV::Request<void(Direction)> setDirection{*this};
+    TROV::Request<Direction()> getDirection{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -29,6 +31,10 @@ public:
     explicit VXBoxLayout2(VXObject2* parent = nullptr,
                           Direction direction = Direction::LeftToRight);
     ~VXBoxLayout2() override;
+
+    /// Turns the row round, or into a column; a value that is none counts as left to right.
+    void setDirection(Direction direction);
+    Direction direction() const;
 
     using VXLayout2::addWidget;
     /// Appends the widget; room to spare goes to widgets in proportion to their stretch.

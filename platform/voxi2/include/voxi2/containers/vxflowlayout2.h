@@ -10,6 +10,8 @@ struct VXFlowLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
 {
     using EmittersTable::EmittersTable;
 
+    TROV::Request<void(Direction)> setDirection{*this};
+    TROV::Request<Direction()> getDirection{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -30,11 +32,11 @@ public:
                            Direction direction = Direction::LeftToRight);
     ~VXFlowLayout2() override;
 
-    Direction direction() const noexcept { return m_direction; }
+    void setDirection(Direction direction);
+    Direction direction() const;
 
 private:
     VXFlowLayout2Emitters m_emitters;
-    const Direction m_direction;
 };
 
 } // namespace VOXI

@@ -19,7 +19,8 @@ class VXText2;
 ///     form->addRow("&Name", edit);
 ///     form->setValidationState(edit, ValidationState::Error, "We need to call you something.");
 ///
-/// It owns labels and messages, not the fields; the row of a field that ends, goes.
+/// It owns labels and messages, not the fields; the row of a field that ends, goes. Where they lie
+/// in the grid is the form's own affair.
 class VOXI2_EXPORT VXFormLayout2 : public VXGridLayout2
 {
 public:
@@ -29,12 +30,43 @@ public:
     explicit VXFormLayout2(VXObject2* parent = nullptr);
     ~VXFormLayout2() override;
 
+    // Rows. Null, dead widgets, and those that have a row are ignored.
+
     /// Appends a field, whose label gives it the focus by its mnemonic and is read as its name.
-    /// Null, dead ones, and those that have a row are ignored. Room to spare goes to rows in
-    /// proportion to their stretch; where no row has one it stays below all.
+    /// Room to spare goes to rows in proportion to their stretch; where no row has one it stays
+    /// below all.
     void addRow(const AnyText& label, VXWidget2* field, int stretch = 0);
     /// Appends a widget that takes the whole width, buttons for example.
     void addRow(VXWidget2* widget, int stretch = 0);
+    /// The same before the row at a position; -1, and any beyond the end, appends.
+    void insertRow(int position, const AnyText& label, VXWidget2* field, int stretch = 0);
+    void insertRow(int position, VXWidget2* widget, int stretch = 0);
+    /// Takes a row out. Its label and message end; the field, or wide widget, stays where it is
+    /// until moved.
+    void removeRow(const VXWidget2* widget);
+
+    /// Shows or hides a field together with its label and message.
+    void setRowVisible(const VXWidget2* widget, bool visible);
+    /// As last set by `setRowVisible`; false for what has no row.
+    bool isRowVisible(const VXWidget2* widget) const;
+    /// What stands in the rows, fields and wide widgets, from the first on.
+    std::vector<VXWidget2*> rows() const;
+    /// The row's position from 0; -1 for what has no row.
+    int rowOf(const VXWidget2* widget) const;
+
+    // Labels
+
+    /// Whether labels stand above their fields, for narrow forms; before them by default.
+    void setLabelsAbove(bool above);
+    bool areLabelsAbove() const;
+    /// Where the labels stand in their room, `AlignmentFlag::Right` for example; empty, as by
+    /// default, they fill it.
+    void setLabelAlignment(Alignment alignment);
+    Alignment labelAlignment() const;
+    /// Changes the text of a label.
+    void setLabel(const VXWidget2* field, const AnyText& label);
+
+    // What is thought of the fields
 
     /// Says what is thought of what stands in a field; see `VXFieldNote2`.
     void setValidationState(const VXWidget2* field, ValidationState state,
@@ -52,18 +84,26 @@ private:
     struct Row
     {
         VXHandle<VXWidget2> m_field;
-        VXHandle<VXText2> m_label;
-        VXHandle<VXFieldNote2> m_note;
+        VXHandle<VXText2> m_label{};     ///< none for a wide one
+        VXHandle<VXFieldNote2> m_note{}; ///< none for a wide one
+        int m_stretch = 0;
+        bool m_isVisible = true;
+        bool m_isPlaced = false; ///< has been in the grid
     };
 
-    const Row* rowOf(const VXWidget2* field) const;
-    int takeRow(int stretch);
+    const Row* find(const VXWidget2* widget) const;
+    Row* find(const VXWidget2* widget);
+    void insert(int position, const Row& row);
+    void arrange(std::size_t from);
+    void place(int index);
     void dropRow(unsigned field);
 
     // Guarded by the object lock
     std::vector<Row> m_rows;
-    int m_nextRow = 0;
-    bool m_isStretched = false; ///< a row is
+    std::size_t m_arranged = 0; ///< how many rows are where they belong
+    unsigned m_arrangement = 0; ///< the number of the last one
+    Alignment m_labelAlignment;
+    bool m_areLabelsAbove = false;
 };
 
 } // namespace VOXI

@@ -18,6 +18,18 @@ struct VXGridLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
     TROV::Request<void(std::vector<int>, std::vector<int>)> setStretchFactors{*this};
     TROV::Request<int(int)> getRowStretch{*this};
     TROV::Request<int(int)> getColStretch{*this};
+    TROV::Request<void(int, int)> setRowMinimum{*this};
+    TROV::Request<void(int, int)> setColMinimum{*this};
+    TROV::Request<int(int)> getRowMinimum{*this};
+    TROV::Request<int(int)> getColMinimum{*this};
+    TROV::Request<void(int)> setHorizontalSpacing{*this};
+    TROV::Request<void(int)> setVerticalSpacing{*this};
+    TROV::Request<int()> getHorizontalSpacing{*this};
+    TROV::Request<int()> getVerticalSpacing{*this};
+    TROV::Request<void(VXObject*, VXRect<int>)> setCell{*this};
+    TROV::Request<VXRect<int>(VXObject*)> getCell{*this};
+    TROV::Request<int()> getRowCount{*this};
+    TROV::Request<int()> getColCount{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -54,6 +66,28 @@ public:
     int colStretch(int column) const;
     /// Sets the stretches of the first rows and columns; the others keep theirs.
     void setStretchFactors(const std::vector<int>& rows, const std::vector<int>& columns);
+
+    /// The least height of a row, the least width of a column, in pixels; 0 as a rule.
+    void setRowMinimum(int row, int height);
+    int rowMinimum(int row) const;
+    void setColMinimum(int column, int width);
+    int colMinimum(int column) const;
+
+    /// Between columns, and between rows; `setSpacing` sets both, and `spacing` answers -1 where
+    /// they differ. -1 lets the style decide, and what that has decided is answered.
+    void setHorizontalSpacing(int spacing);
+    int horizontalSpacing() const;
+    void setVerticalSpacing(int spacing);
+    int verticalSpacing() const;
+
+    /// Moves a widget of the grid to another cell; others are ignored.
+    void setCell(VXObject* widget, const VXRect<int>& cell);
+    /// Where a widget lies: row, column and spans as in `addWidget`; an empty rectangle when it is
+    /// not in the grid.
+    VXRect<int> cell(VXObject* widget) const;
+    /// The rows and columns that have been named, and one of each at least.
+    int rowCount() const;
+    int colCount() const;
 
 private:
     VXGridLayout2Emitters m_emitters;

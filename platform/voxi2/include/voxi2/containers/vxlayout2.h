@@ -7,6 +7,8 @@
 
 namespace VOXI {
 
+class VXWidget2;
+
 struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
 {
     using EmittersTable::EmittersTable;
@@ -23,6 +25,11 @@ struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
     TROV::Request<VXRect<int>()> getMargins{*this};
     TROV::Request<int()> getSpacing{*this};
     TROV::Request<bool(VXObject*)> refuses{*this};
+    TROV::Request<void(VXObject*, Alignment)> setAlignment{*this};
+    TROV::Request<Alignment(VXObject*)> getAlignment{*this};
+    TROV::Request<int()> count{*this};
+    TROV::Request<VXObject2*(int)> getItemAt{*this};
+    TROV::Request<int(VXObject*)> getItemIndex{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -51,6 +58,21 @@ public:
     void removeWidget(VXObject* widget);
     /// Appends empty room of that size, which grows when `expanding`.
     void addSpacer(const Size<int>& size, bool expanding);
+
+    /// Where a widget or layout that lies in this one stands in its room; empty: it fills it.
+    /// Others are ignored, and are answered with an empty one.
+    void setAlignment(VXObject* item, Alignment alignment);
+    Alignment alignment(VXObject* item) const;
+
+    /// How many widgets, layouts and spacers there are.
+    int count() const;
+    /// The widget or layout at a position, which is counted from 0 in the order in which they stand
+    /// (in a grid: were added). Null for a spacer, and where there is none.
+    VXObject2* itemAt(int index) const;
+    /// The same; null for a layout, too.
+    VXWidget2* widgetAt(int index) const;
+    /// The position of a widget or layout; -1 when it is not in this one.
+    int indexOf(VXObject* item) const;
 
     /// Left, top, right, bottom; 32 767 at most.
     void setMargins(const VXRect<int>& margins);

@@ -6,6 +6,7 @@
 #include "voxi2/voxi2_export.h"
 
 #include <list>
+#include <string>
 
 namespace VOXI {
 
@@ -26,6 +27,8 @@ struct VXSplitter2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<Orientation()> getOrientation{*this};
     TROV::Request<void(std::list<int>)> setSizes{*this};
     TROV::Request<std::list<int>()> getSizes{*this};
+    TROV::Request<std::string()> saveState{*this};
+    TROV::Request<bool(std::string)> restoreState{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXSplitterMoveEvent2&)> handleMoved{*this};
@@ -73,6 +76,13 @@ public:
     /// that there is; 0 collapses a widget.
     void setSizes(const std::list<int>& sizes);
     std::list<int> sizes() const;
+
+    /// Sizes and orientation as one line of printable text, for `restoreState` in a later run.
+    std::string saveState() const;
+    /// Gives the widgets the sizes that those at their positions had, in the room that there is.
+    /// Text that did not come whole from `saveState` of a splitter is refused: the answer is false
+    /// and nothing changes.
+    bool restoreState(const std::string& state);
 
     // Events
 

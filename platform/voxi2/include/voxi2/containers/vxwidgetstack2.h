@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/containers/vxstackevents2.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
 
@@ -18,6 +19,8 @@ struct VXWidgetStack2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<int(VXWidget2*)> getWidgetID{*this};
     TROV::Request<int()> count{*this};
     TROV::RequestsEnd requestsEnd{*this};
+
+    TROV::Event<void(const VXStackEvent2&)> currentGone{*this};
 };
 
 /// Shows one of its widgets at a time, the first one added to begin with.
@@ -49,6 +52,15 @@ public:
     /// -1 when the widget is not in the stack.
     int widgetID(VXWidget2* widget) const;
     int count() const;
+
+    // Events
+
+    /// The widget that was shown has ended or been taken elsewhere, and its neighbour is shown
+    /// instead. Not sent for what the stack is asked for: `raiseWidget`, `removeWidget` and so on.
+    TROV::Signal<void(const VXStackEvent2&)> currentGone() const
+    {
+        return m_emitters.currentGone.signal();
+    }
 
 private:
     VXWidgetStack2Emitters m_emitters;

@@ -29,6 +29,8 @@ public:
     virtual void doSetStretchFactor(VXObject* widget, int stretch);
     virtual void doAddLayout(VXObject* layout, int stretch);
     virtual bool doRefusesLayout(VXObject* layout);
+    virtual void doSetDirection(VOXI::Direction direction);
+    virtual VOXI::Direction doGetDirection();
 
 private:
     /// The position to insert at; -1, which appends, for none.

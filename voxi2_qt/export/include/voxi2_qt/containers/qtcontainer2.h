@@ -9,7 +9,7 @@ namespace VOXI {
 class VOXI2_QT_EXPORT QtContainer2 : public QtWidget2
 {
 protected:
-    using QtWidget2::QtWidget2;
+    QtContainer2(VXWidget2* object, VXWidget2Emitters* emitters);
 
     /// For containers that are transparent by themselves: a colour is to be seen, so they paint
     /// their background from then on.

@@ -22,6 +22,10 @@ public:
                   VOXI::Direction direction);
     ~QtFlowLayout2() override;
 
+    // Requests, in the order of the emitters table
+    virtual void doSetDirection(VOXI::Direction direction);
+    virtual VOXI::Direction doGetDirection();
+
     // QLayout
     void addItem(QLayoutItem* item) override;
     int count() const override;

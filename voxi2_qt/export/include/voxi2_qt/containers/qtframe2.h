@@ -36,6 +36,9 @@ public:
     virtual void doSetPainter(const FramePainter& painter);
     virtual void doUpdateArea(VXRect<int> area);
 
+    /// By the program, in one way or the other.
+    bool isPainted() const { return m_painter || m_paintCallback; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

@@ -26,6 +26,18 @@ public:
     virtual void doSetStretchFactors(const std::vector<int>& rows, const std::vector<int>& columns);
     virtual int doGetRowStretch(int row);
     virtual int doGetColStretch(int column);
+    virtual void doSetRowMinimum(int row, int height);
+    virtual void doSetColMinimum(int column, int width);
+    virtual int doGetRowMinimum(int row);
+    virtual int doGetColMinimum(int column);
+    virtual void doSetHorizontalSpacing(int spacing);
+    virtual void doSetVerticalSpacing(int spacing);
+    virtual int doGetHorizontalSpacing();
+    virtual int doGetVerticalSpacing();
+    virtual void doSetCell(VXObject* widget, VXRect<int> cell);
+    virtual VXRect<int> doGetCell(VXObject* widget);
+    virtual int doGetRowCount();
+    virtual int doGetColCount();
 
 private:
     bool hasRoomFor(const VXRect<int>& cell) const;

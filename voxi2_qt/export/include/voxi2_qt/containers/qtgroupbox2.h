@@ -25,6 +25,18 @@ public:
     virtual bool doIsFlat();
     virtual void doSetTitleU(const std::wstring& title);
     virtual std::wstring doGetTitleU();
+    virtual void doSetCheckable(bool checkable);
+    virtual bool doIsCheckable();
+    virtual void doSetChecked(bool checked);
+    virtual bool doIsChecked();
+    virtual void doimToggle();
+
+protected:
+    void connectSignals() override;
+    bool event(QEvent* event) override;
+
+private Q_SLOTS:
+    void slotToggled(bool checked);
 };
 
 } // namespace VOXI

@@ -6,6 +6,7 @@
 
 QT_BEGIN_NAMESPACE
 class QLayout;
+class QLayoutItem;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -30,6 +31,11 @@ public:
     virtual VXRect<int> doGetMargins();
     virtual int doGetSpacing();
     virtual bool doRefuses(VXObject* widget);
+    virtual void doSetAlignment(VXObject* item, Alignment alignment);
+    virtual Alignment doGetAlignment(VXObject* item);
+    virtual int doCount();
+    virtual VXObject2* doGetItemAt(int index);
+    virtual int doGetItemIndex(VXObject* item);
 
     /// The Qt layout of a peer; null for null or another kind.
     static QLayout* asQLayout(GuiObject* peer);
@@ -49,6 +55,9 @@ protected:
 
 private:
     class ItemWatch;
+
+    /// Null when it is not in the layout.
+    QLayoutItem* itemOf(VXObject* item);
 
     ItemWatch* m_watch = nullptr; // belongs to the layout; made for one that fills no widget
 };

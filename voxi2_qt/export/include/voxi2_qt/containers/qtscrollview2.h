@@ -25,9 +25,23 @@ public:
     virtual VXWidget2* doGetWidget();
     virtual bool doIsWidgetResizable();
     virtual void doScrollBy(VXPoint<int> distance);
+    virtual void doRemoveWidget();
+    virtual void doSetScrollPosition(VXPoint<int> position);
+    virtual VXPoint<int> doGetScrollPosition();
+    virtual VXPoint<int> doGetScrollEnd();
+    virtual void doSetScrollBarPolicy(Orientation bar, ScrollBarPolicy policy);
+    virtual ScrollBarPolicy doGetScrollBarPolicy(Orientation bar);
 
 protected:
+    void connectSignals() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private Q_SLOTS:
+    void slotScrolled();
+
+private:
+    VXPoint<int> m_known{}; // the last position that a bar told, once somebody listens
+    bool m_isSetting = false; // the program moves the view
 };
 
 } // namespace VOXI

@@ -32,6 +32,8 @@ public:
     virtual Orientation doGetOrientation();
     virtual void doSetSizes(const std::list<int>& sizes);
     virtual std::list<int> doGetSizes();
+    virtual std::string doSaveState();
+    virtual bool doRestoreState(const std::string& state);
 
 protected:
     void connectSignals() override;

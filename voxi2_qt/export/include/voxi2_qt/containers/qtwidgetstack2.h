@@ -26,6 +26,12 @@ public:
     virtual int doGetCurrentID();
     virtual int doGetWidgetID(VXWidget2* widget);
     virtual int doCount();
+
+protected:
+    void connectSignals() override;
+
+private Q_SLOTS:
+    void slotCurrentChanged(int index);
 };
 
 } // namespace VOXI

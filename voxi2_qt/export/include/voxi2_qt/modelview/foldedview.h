@@ -46,6 +46,8 @@ public:
         virtual void noteFolded(unsigned group, bool folded) = 0;
         /// The pointer draws a row of a group away.
         virtual void noteDrag(unsigned row);
+        /// The keys shift a row of a group by one place. False where it stays.
+        virtual bool noteShift(unsigned row, bool isForward);
 
     protected:
         ~Host() = default;
@@ -220,6 +222,7 @@ private:
     QModelIndex rowBelow(const QModelIndex& index) const;
 
     // What is there
+    void regroup(const QModelIndex& parent);
     void rowsRemoved(const QModelIndex& parent);
     void sizeChanged();
     void findMatches() const;
@@ -233,6 +236,7 @@ private:
     void trigger(const QModelIndex& index);
     void toggle(const QModelIndex& group);
     bool goSideways(bool isForward);
+    bool shift(int key);
     void hover(const QModelIndex& index);
     bool showToolTip(const QHelpEvent& event);
 
@@ -240,7 +244,15 @@ private:
     void paintGroup(QPainter& painter, int group, const QRect& area) const;
     Row rowToPaint(const QModelIndex& index, const QRect& rect) const;
     Fold foldOf(int group) const;
+
+    // For assistive programs
     void dropAccess(bool all);
+    void tellAccess(unsigned row, QAccessible::Event what);
+    void tellFolded(unsigned group);
+    void tellKnownRows(const QModelIndex& parent, int first, int last, QAccessible::Event what);
+    void noteArrivals(const QModelIndex& parent, int first, int last);
+    void tellArrivals();
+    void tellFiltered();
 
     Host* m_host;                    ///< null when it has ended
     QtViewModel2* m_model = nullptr; ///< the view's, as Qt sees it
@@ -268,6 +280,7 @@ private:
     QPoint m_pressedAt;
     QPersistentModelIndex m_hovered;
     QHash<unsigned, QAccessible::Id> m_accessIds;
+    std::vector<unsigned> m_arrivals; ///< rows that are to be told of
 };
 
 } // namespace VOXI

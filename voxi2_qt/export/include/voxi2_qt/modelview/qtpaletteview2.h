@@ -51,6 +51,7 @@ public:
     // What the entries tell
     void noteCurrent(unsigned row) override;
     void noteDrag(unsigned row) override;
+    bool noteShift(unsigned row, bool isForward) override;
     /// The pointer over the entries. False when there is nothing more to be done about it.
     bool passPointer(QWidget& receiver, QMouseEvent& event);
 

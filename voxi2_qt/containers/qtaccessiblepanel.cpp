@@ -1,0 +1,168 @@
+#include "qtaccessiblepanel.h"
+
+#include "../kernel/qtaccesskey.h"
+#include "voxi2_qt/containers/qtcontainer2.h"
+#include "voxi2_qt/containers/qtframe2.h"
+
+#include <QBoxLayout>
+#include <QFocusFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QMenu>
+#include <QSet>
+
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
+namespace VOXI {
+
+namespace {
+
+class Installed
+{
+public:
+    Installed() { QAccessible::installFactory(&create); }
+    /// Not for longer than this library is loaded.
+    ~Installed() { QAccessible::removeFactory(&create); }
+    Installed(const Installed&) = delete;
+    Installed& operator=(const Installed&) = delete;
+
+private:
+    /// Asked for the object's own class first, then for each that this derives from: where Qt knows
+    /// more of one that lies between, it has been asked before.
+    static QAccessibleInterface* create(const QString& name, QObject* object)
+    {
+        auto* const widget = qobject_cast<QWidget*>(object);
+        const auto* const peer = peerOf(object);
+        if (peer && name == QLatin1String("QDialog"))
+            return new QtAccessiblePanel(widget, QAccessible::Dialog);
+        if (!widget || !dynamic_cast<const QtContainer2*>(peer))
+            return nullptr;
+        if (name == QLatin1String("QGroupBox"))
+            return new QtAccessibleGroupBox(static_cast<QGroupBox*>(widget));
+        if (name == QLatin1String("QFrame"))
+            return new QtAccessiblePanel(widget, QAccessible::Border);
+        return name == QLatin1String("QWidget") ? new QtAccessiblePanel(widget, QAccessible::Client)
+                                                : nullptr;
+    }
+};
+
+/// As it is read: row by row, or from the end that the direction of a box begins with.
+QList<QLayoutItem*> itemsOf(const QLayout& layout)
+{
+    QList<QLayoutItem*> items;
+    for (int i = 0; i < layout.count(); ++i)
+        items.append(layout.itemAt(i));
+    if (const auto* const grid = qobject_cast<const QGridLayout*>(&layout)) {
+        std::vector<std::tuple<int, int, QLayoutItem*>> places;
+        for (int i = 0; i < items.size(); ++i) {
+            int row = 0, column = 0, rows = 0, columns = 0;
+            grid->getItemPosition(i, &row, &column, &rows, &columns);
+            places.emplace_back(row, column, items[i]);
+        }
+        std::ranges::stable_sort(places, [](const auto& one, const auto& other) {
+            return std::tie(std::get<0>(one), std::get<1>(one))
+                   < std::tie(std::get<0>(other), std::get<1>(other));
+        });
+        std::ranges::transform(places, items.begin(),
+                               [](const auto& place) { return std::get<2>(place); });
+    }
+    const auto* const box = qobject_cast<const QBoxLayout*>(&layout);
+    if (box
+        && (box->direction() == QBoxLayout::RightToLeft
+            || box->direction() == QBoxLayout::BottomToTop))
+        std::ranges::reverse(items);
+    return items;
+}
+
+void collect(const QLayout& layout, QWidgetList& found)
+{
+    for (QLayoutItem* const item : itemsOf(layout)) {
+        if (QWidget* const widget = item->widget())
+            found.append(widget);
+        else if (const QLayout* const inner = item->layout())
+            collect(*inner, found);
+    }
+}
+
+/// What Qt shows of a widget's children; the rest of them is seen elsewhere, or an ornament.
+bool isRead(const QWidget& child)
+{
+    return !child.isWindow() && !qobject_cast<const QMenu*>(&child)
+           && !qobject_cast<const QFocusFrame*>(&child)
+           && child.objectName() != QLatin1String("qt_rubberband");
+}
+
+} // namespace
+
+QtAccessiblePanel::QtAccessiblePanel(QWidget* panel, QAccessible::Role role)
+    : QAccessibleWidget(panel, role)
+{}
+
+void QtAccessiblePanel::install() { static const Installed s_installed; }
+
+/// A frame that the program paints is more than a border.
+QAccessible::Role QtAccessiblePanel::role() const
+{
+    const auto* const frame = dynamic_cast<const QtFrame2*>(widget());
+    return frame && frame->isPainted() ? QAccessible::Canvas : QAccessibleWidget::role();
+}
+
+int QtAccessiblePanel::childCount() const { return static_cast<int>(children().size()); }
+
+QAccessibleInterface* QtAccessiblePanel::child(int index) const
+{
+    return QAccessible::queryAccessibleInterface(children().value(index));
+}
+
+int QtAccessiblePanel::indexOfChild(const QAccessibleInterface* child) const
+{
+    return child ? static_cast<int>(children().indexOf(qobject_cast<QWidget*>(child->object())))
+                 : -1;
+}
+
+/// What no layout places comes last, as it was made.
+QWidgetList QtAccessiblePanel::children() const
+{
+    QWidgetList placed;
+    if (const QLayout* const layout = widget()->layout())
+        collect(*layout, placed);
+    const QSet<QWidget*> known(placed.begin(), placed.end());
+    placed.removeIf(
+        [this](const QWidget* each) { return each->parentWidget() != widget() || !isRead(*each); });
+    for (QObject* const each : widget()->children()) {
+        auto* const child = qobject_cast<QWidget*>(each);
+        if (child && isRead(*child) && !known.contains(child))
+            placed.append(child);
+    }
+    return placed;
+}
+
+// Group boxes -------------------------------------------------------------------------------------
+
+QtAccessibleGroupBox::QtAccessibleGroupBox(QGroupBox* box)
+    : QtAccessiblePanel(box, QAccessible::Grouping)
+{}
+
+QString QtAccessibleGroupBox::text(QAccessible::Text kind) const
+{
+    const QString own = QtAccessiblePanel::text(kind);
+    const QString title = static_cast<QGroupBox*>(widget())->title();
+    if (own.isEmpty() && kind == QAccessible::Name)
+        return withoutAccessKey(title);
+    return own.isEmpty() && kind == QAccessible::Accelerator ? accessKeyOf(title) : own;
+}
+
+QList<QPair<QAccessibleInterface*, QAccessible::Relation>> QtAccessibleGroupBox::relations(
+    QAccessible::Relation match) const
+{
+    auto all = QtAccessiblePanel::relations(match);
+    if ((match & QAccessible::Labelled) && !static_cast<QGroupBox*>(widget())->title().isEmpty()) {
+        for (int i = 0; i < childCount(); ++i)
+            all.append({child(i), QAccessible::Labelled});
+    }
+    return all;
+}
+
+} // namespace VOXI
