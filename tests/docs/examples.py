@@ -14,8 +14,8 @@ ROOT = Path(__file__).resolve().parents[2]
 FILE = re.compile(r"<!-- file: (\S+) -->")
 # In doc comments of headers: lines indented by four more, with those that are empty between them.
 COMMENT = re.compile(r"^\s*///(.*)$")
-# What cannot stand in a function: a program's main, and what defines members of classes.
-AT_TOP = re.compile(r"^(int main\(|[\w:<>]+::~?\w+\(|[\w:]+ \w+::\w+\()", re.M)
+# What cannot stand in a function.
+MAIN = re.compile(r"^int main\(", re.M)
 # What stands for code that is left out.
 LEFT_OUT = re.compile(r"(?<![\w.(,])\.\.\.(?![\w.)])")
 
@@ -94,11 +94,12 @@ def source_of(paths):
                     block.lines[at] = ""
             block.lines = [LEFT_OUT.sub(";", line) for line in block.lines]
         code = written(blocks)
-        if AT_TOP.search(code):
+        if blocks[0].file or MAIN.search(code):
             body.append(f"namespace example{number} {{\n{code}}}\n")
         else:
             body.append(f"struct Example{number} : Example {{\n"
-                        "void example(VXWidget2* view, const std::shared_ptr<Report>& report) override\n"
+                        "void example(VXWidget2* view, VXText2* text, Rows rows, const Words& words,\n"
+                        "             const std::shared_ptr<Report>& report) override\n"
                         f"{{{{\n{code}}}}}\n}};\n")
     return "".join([
         '#include "fixture.h"\n', *(f"{line}\n" for line in sorted(includes)),

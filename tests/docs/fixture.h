@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <cassert>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -23,11 +24,18 @@
 namespace fixture {
 
 using namespace VOXI;
+using namespace std::chrono_literals;
+
+using Rows = std::vector<unsigned>;
+using Hits = Rows;
+using Words = std::vector<std::string>;
 
 struct Page : VXPanel2
 {
     void addRow(VXWidget2* widget);
     void addRow(const AnyText& text);
+    void show(const Rows& rows);
+    void refresh();
 };
 
 struct Application
@@ -48,9 +56,13 @@ struct Report
 };
 
 /// What examples capture by its name, which only local variables allow.
-struct Example : VXObject2
+struct Example : Page
 {
-    virtual void example(VXWidget2* view, const std::shared_ptr<Report>& report) = 0;
+    virtual void example(VXWidget2* view, VXText2* text, Rows rows, const Words& words,
+                         const std::shared_ptr<Report>& report) = 0;
+
+    TROV::Task m_search;
+    TROV::Timer m_timer;
 };
 
 extern int argc;
@@ -84,6 +96,8 @@ extern const Color red;
 extern const Icon copyIcon;
 
 std::vector<std::string> recentFiles();
+Hits search(const Words& words, TROV::TaskContext& context);
+void showRows(const Rows& rows);
 void save();
 void load(const std::filesystem::path& file);
 
