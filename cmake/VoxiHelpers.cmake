@@ -180,14 +180,24 @@ function(voxi_install_library name component)
         FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT ${development})
 endfunction()
 
-# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [TIMEOUT <seconds>] [NO_GLIB <filter>])
+# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [A11Y] [TIMEOUT <seconds>] [NO_GLIB <filter>])
 # One GoogleTest program. Each of its tests is a ctest test of label unit; with X11 the program as
 # a whole is one ctest test of label x11, on a virtual display with a window manager of its own.
+# A11Y: as X11, with label a11y, and with a session bus on which assistive programs find it.
 # QT: runs inside the test support's QApplication, where an unexpected Qt warning fails the test.
 # NO_GLIB: those of its tests that match run once more, together, in Qt's own event loop.
 function(voxi_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11" "TIMEOUT;NO_GLIB" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11;A11Y" "TIMEOUT;NO_GLIB" "SOURCES;LIBS")
     voxi_require_all_parsed(voxi_add_test)
+    set(label x11)
+    set(display "${PROJECT_SOURCE_DIR}/tools/xvfb-run.sh")
+    set(environment QT_QPA_PLATFORM=xcb)
+    if(arg_A11Y)
+        set(arg_X11 TRUE)
+        set(label a11y)
+        list(APPEND display --session-bus)
+        list(APPEND environment QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1)
+    endif()
     if((arg_QT OR arg_X11) AND NOT VOXI_WITH_QT)
         return()
     endif()
@@ -206,9 +216,9 @@ function(voxi_add_test name)
         if(NOT arg_TIMEOUT)
             set(arg_TIMEOUT 180)
         endif()
-        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/xvfb-run.sh" $<TARGET_FILE:${name}>)
-        set_tests_properties(${name} PROPERTIES LABELS x11 TIMEOUT ${arg_TIMEOUT}
-                                                ENVIRONMENT QT_QPA_PLATFORM=xcb)
+        add_test(NAME ${name} COMMAND ${display} $<TARGET_FILE:${name}>)
+        set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT}
+                                                ENVIRONMENT "${environment}")
     else()
         if(NOT arg_TIMEOUT)
             set(arg_TIMEOUT 60)

@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
-# xvfb-run.sh COMMAND...: runs the command on a virtual display of its own, with a window manager,
-# a private runtime folder and no session bus, and ends all of it afterwards.
+# xvfb-run.sh [--session-bus] COMMAND...: runs the command on a virtual display of its own, with a
+# window manager, a private runtime folder and no session bus, or one of its own, and ends all of it
+# afterwards.
 # Every call takes a free display, so several can run at the same time.
 set -euo pipefail
 
-[ $# -gt 0 ] || { echo "usage: xvfb-run.sh COMMAND..." >&2; exit 2; }
+bus=""
+if [ "${1:-}" = --session-bus ]; then
+    bus=yes
+    shift
+fi
+[ $# -gt 0 ] || { echo "usage: xvfb-run.sh [--session-bus] COMMAND..." >&2; exit 2; }
 
 runtime=$(mktemp -d "${TMPDIR:-/tmp}/voxi-x11.XXXXXX")
 chmod 0700 "$runtime"
@@ -49,6 +55,11 @@ if ! read -r -t 30 <>"$runtime/managed"; then
     echo "xvfb-run.sh: openbox did not start:" >&2
     cat "$runtime/openbox.log" >&2
     exit 1
+fi
+
+if [ -n "$bus" ]; then
+    unset DBUS_SESSION_BUS_ADDRESS AT_SPI_BUS_ADDRESS
+    set -- dbus-run-session -- "$@"
 fi
 
 # In the background, because bash answers no signal while it waits for a foreground command.

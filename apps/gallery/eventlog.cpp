@@ -13,7 +13,7 @@ EventLog::EventLog(VXObject2* parent)
     outside.layout->setMargins({12, 4, 12, 8});
     m_outside = outside.panel;
     VXButton2* clear = button(outside.panel, "C&lear", "clear-log");
-    clear->setFocusPolicy(FocusPolicy::None);
+    clear->setFocusPolicy(FocusPolicy::Tab); // a click leaves it to the page
     clear->clicked().connect(this, [this] { this->clear(); });
 
     const Frame paper = frame(outside.panel, PaperColor);

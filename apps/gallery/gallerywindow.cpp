@@ -88,10 +88,12 @@ VXWidget2* GalleryWindow::makeTree(VXObject2* parent)
     auto* const search = new VXEdit2(list.panel);
     search->setObjectName("search");
     search->setPlaceholder("Search");
+    search->setAccessibleName("Search for a page");
     search->setClearButtonVisible(true);
     m_model = new VXTreeModel2({"Page"}, list.panel);
     m_tree = new VXTreeView2(list.panel);
     m_tree->setObjectName("pages");
+    m_tree->setAccessibleName("Pages");
     m_tree->setViewModel(m_model);
     m_tree->setColumnHeaderVisible(false);
     list.layout->addWidget(search);

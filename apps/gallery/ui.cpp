@@ -1,5 +1,6 @@
 #include "ui.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -18,12 +19,13 @@ Box box(VXObject2* parent, Direction direction, int spacing)
     return {panel, layout};
 }
 
-void addTitle(const Box& line, const std::string& title)
+VXText2* addTitle(const Box& line, const std::string& title)
 {
     auto* text = new VXText2(title, line.panel);
     text->setMinimumSize({TitleWidth, -1});
     text->setMaximumSize({TitleWidth, -1});
     line.layout->addWidget(text);
+    return text;
 }
 
 } // namespace
@@ -83,7 +85,7 @@ VXButton2* button(VXObject2* parent, const std::string& text, const std::string&
 VXButton2* command(const Box& line, const std::string& text, std::function<void()> act)
 {
     VXButton2* result = button(line.panel, text, text);
-    result->setFocusPolicy(FocusPolicy::None);
+    result->setFocusPolicy(FocusPolicy::Tab);
     result->clicked().connect(result, std::move(act));
     line.layout->addWidget(result);
     return result;
@@ -91,9 +93,28 @@ VXButton2* command(const Box& line, const std::string& text, std::function<void(
 
 Box titledRow(const Box& outer, const std::string& title)
 {
-    const Box result = row(outer);
-    addTitle(result, title);
+    Box result = row(outer);
+    result.title = addTitle(result, title);
     return result;
+}
+
+void comesLast(const Box& page, VXWidget2* widget)
+{
+    std::vector<VXWidget2*> order = page.panel->tabOrder();
+    const auto isInside = [widget](const VXObject2* each) {
+        while (each && each != widget)
+            each = each->parent();
+        return each != nullptr;
+    };
+    std::ranges::stable_partition(order, [&](const VXWidget2* each) { return !isInside(each); });
+    page.panel->setTabOrder(order);
+}
+
+void frameFocus(VXWidget2* widget)
+{
+    widget->focusGained().connect(widget,
+                                  [widget] { widget->setHighlight(true, Color(70, 120, 200)); });
+    widget->focusLost().connect(widget, [widget] { widget->setHighlight(false); });
 }
 
 void alternatives(const Box& outer, const std::string& title,
@@ -102,13 +123,14 @@ void alternatives(const Box& outer, const std::string& title,
 {
     // Buttons exclude others of the same parent.
     const Box result = row(outer.panel);
+    result.panel->setAccessibleName(title);
     addTitle(result, title);
     for (std::size_t i = 0; i < labels.size(); ++i) {
         VXButton2* each = button(result.panel, labels[i], title + ": " + labels[i]);
         each->setCheckable(true);
         each->setExclusive(true);
         each->setChecked(i == chosen);
-        each->setFocusPolicy(FocusPolicy::None);
+        each->setFocusPolicy(FocusPolicy::Tab);
         each->clicked().connect(each, [choose, i] { choose(i); });
         result.layout->addWidget(each);
     }

@@ -32,6 +32,7 @@ struct Box
 {
     VOXI::VXPanel2* panel;
     VOXI::VXBoxLayout2* layout;
+    VOXI::VXText2* title = nullptr; ///< of a row that begins with one
 };
 /// A row at the end of the layout.
 Box row(const Box& outer, int spacing = 6);
@@ -52,19 +53,26 @@ VOXI::VXText2* heading(VOXI::VXObject2* parent, const std::string& text, int poi
 VOXI::VXButton2* button(VOXI::VXObject2* parent, const std::string& text,
                         const std::string& objectName);
 
-/// Adds a button that does something to others, without taking the keyboard focus from them. Its
-/// text is its object name, too.
+/// Adds a button that does something to others: a click leaves the keyboard focus where it is, the
+/// Tab key comes to it. Its text is its object name, too.
 VOXI::VXButton2* command(const Box& line, const std::string& text, std::function<void()> act);
 
+/// Has the Tab key come to it after all others of the page, for what was made first and lies last.
+void comesLast(const Box& page, VOXI::VXWidget2* widget);
+/// Has it framed while it has the keyboard focus, for what shows nothing of that itself.
+void frameFocus(VOXI::VXWidget2* widget);
+
 /// Adds a row of alternatives, of which `chosen` is checked at first. Clicking one calls `choose`
-/// with its index. The buttons do not take the keyboard focus.
+/// with its index, and so does going through them by the arrow keys. A click leaves the keyboard
+/// focus where it is.
 void alternatives(const Box& outer, const std::string& title,
                   const std::vector<std::string>& labels, std::size_t chosen,
                   std::function<void(std::size_t)> choose);
 
 /// The width of the titles in front of rows, so that what follows is aligned.
 inline constexpr int TitleWidth = 130;
-/// A row at the end of the layout that begins with a title.
+/// A row at the end of the layout that begins with a title. What is in front of one field is to be
+/// its buddy, so that the field is read by that name.
 Box titledRow(const Box& outer, const std::string& title);
 
 } // namespace gallery

@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QMenu>
 #include <QSet>
+#include <QSplitter>
 
 #include <algorithm>
 #include <tuple>
@@ -37,6 +38,8 @@ private:
         const auto* const peer = peerOf(object);
         if (peer && name == QLatin1String("QDialog"))
             return new QtAccessiblePanel(widget, QAccessible::Dialog);
+        if (peer && name == QLatin1String("QSplitter"))
+            return new QtAccessiblePanel(widget, QAccessible::Splitter);
         if (!widget || !dynamic_cast<const QtContainer2*>(peer))
             return nullptr;
         if (name == QLatin1String("QGroupBox"))
@@ -128,6 +131,12 @@ QWidgetList QtAccessiblePanel::children() const
     QWidgetList placed;
     if (const QLayout* const layout = widget()->layout())
         collect(*layout, placed);
+    if (auto* const splitter = qobject_cast<QSplitter*>(widget())) {
+        for (int i = 0; i < splitter->count(); ++i) {
+            placed.append(splitter->handle(i));
+            placed.append(splitter->widget(i));
+        }
+    }
     const QSet<QWidget*> known(placed.begin(), placed.end());
     placed.removeIf(
         [this](const QWidget* each) { return each->parentWidget() != widget() || !isRead(*each); });

@@ -73,14 +73,19 @@ void QtFrame2::doUpdateArea(VXRect<int> area) { update(VX2Qt(area)); }
 
 void QtFrame2::paintEvent(QPaintEvent* event)
 {
+    if (!isPainted()) {
+        QtWidget2Shim::paintEvent(event);
+        return;
+    }
+    const QtDeletionHold hold(this);
     if (m_painter) {
         runPainter(event->rect());
-    } else if (m_paintCallback) {
+    } else {
         QPainter painter(this);
         m_paintCallback(&painter, rect());
-    } else {
-        QtWidget2Shim::paintEvent(event);
     }
+    if (hold.isAlive() && isWidgetHighlighted())
+        paintHighlight();
 }
 
 // Helpers -----------------------------------------------------------------------------------------

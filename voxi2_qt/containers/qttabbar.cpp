@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qttabbar.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <utility>
@@ -36,6 +37,37 @@ void QtTabBar::mouseReleaseEvent(QMouseEvent* event)
     const int to = m_container.indexOf(page);
     if (from >= 0 && to >= 0 && to != from)
         Q_EMIT pageDragged(page, from, to);
+}
+
+void QtTabBar::keyPressEvent(QKeyEvent* event)
+{
+    const bool isPlain = event->modifiers() == Qt::NoModifier;
+    if (event->key() == Qt::Key_Delete && isPlain && tabsClosable() && currentIndex() >= 0)
+        Q_EMIT tabCloseRequested(currentIndex());
+    else if (event->modifiers() != Qt::AltModifier || !moveCurrent(event->key()))
+        QTabBar::keyPressEvent(event);
+}
+
+/// False for keys that mean no such thing.
+bool QtTabBar::moveCurrent(int key)
+{
+    const bool isUpright = shape() == RoundedWest || shape() == RoundedEast
+                           || shape() == TriangularWest || shape() == TriangularEast;
+    int forward = isUpright ? Qt::Key_Down : Qt::Key_Right;
+    int back = isUpright ? Qt::Key_Up : Qt::Key_Left;
+    if (!isUpright && layoutDirection() == Qt::RightToLeft)
+        std::swap(forward, back);
+    if (!isMovable() || (key != forward && key != back))
+        return false;
+    const int from = currentIndex();
+    const int to = from + (key == forward ? 1 : -1);
+    if (from < 0 || to < 0 || to >= count())
+        return true;
+    const QPointer<QWidget> page = m_container.widget(from);
+    moveTab(from, to);
+    if (page)
+        Q_EMIT pageDragged(page, from, to);
+    return true;
 }
 
 } // namespace VOXI

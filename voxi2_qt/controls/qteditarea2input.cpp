@@ -5,6 +5,7 @@
 #include "textposition.h"
 #include "voxi2_qt/controls/qteditarea2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtleavingkey.h"
 #include "widepositions.h"
 
 #include <QMimeData>
@@ -123,6 +124,9 @@ void QtEditArea2::slotMarginClicked(int line)
 
 void QtEditArea2::keyPressEvent(QKeyEvent* event)
 {
+    const int way = leavingWay(*event);
+    if (way != 0 && QWidget::focusNextPrevChild(way > 0))
+        return;
     const UserAct act(*this);
     const int position = textCursor().position();
     QtAbstractEdit2Shim::keyPressEvent(event);

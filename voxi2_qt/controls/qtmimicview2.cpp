@@ -6,6 +6,8 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 
 #include <cmath>
 
@@ -115,6 +117,11 @@ void QtMimicView2::paintEvent(QPaintEvent* event)
             painter.setRenderHint(QPainter::SmoothPixmapTransform);
             painter.drawImage(picture,
                               imageFor(m_source->image(), picture.size() * devicePixelRatioF()));
+        }
+        if (hasFocus()) {
+            QStyleOptionFocusRect focus;
+            focus.initFrom(this);
+            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
         }
     }
     QtWidget2Shim::paintEvent(event);

@@ -86,6 +86,10 @@ bool QtWidget2::doIsWidgetHighlighted() { return isWidgetHighlighted(); }
 void QtWidget2::doSetAccessibleName(const std::wstring& name)
 {
     asQWidget()->setAccessibleName(toQString(name));
+    // What is met by the keyboard is the part that does the work.
+    QWidget* const inner = asQWidget()->focusProxy();
+    if (inner && asQWidget()->isAncestorOf(inner) && !peerOf(inner))
+        inner->setAccessibleName(toQString(name));
 }
 
 void QtWidget2::doSetAccessibleDescription(const std::wstring& description)

@@ -101,6 +101,9 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     for (VXAction2* action : actions)
         context->addAction(action);
     context->setContextMenuOf(pad.inside.panel);
+    pad.inside.panel->setAccessibleName("Pad with a context menu");
+    pad.inside.panel->setFocusPolicy(FocusPolicy::Strong); // or the menu key finds nothing
+    frameFocus(pad.inside.panel);
     page.layout->addWidget(pad.outside, 1);
     return page.panel;
 }

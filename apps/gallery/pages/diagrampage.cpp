@@ -181,6 +181,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     area->setAccessibleName("Diagram of an order");
     area->setMinimumSize({500, 280});
     area->setFocusPolicy(FocusPolicy::Strong);
+    frameFocus(area);
     page.layout->addWidget(area, 1);
 
     const auto diagram = std::make_shared<Diagram>(area);

@@ -101,6 +101,9 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     pad.inside.layout->addWidget(new VXText2(
         "Open the context menu here, then travel slantwise into a slow one", pad.inside.panel));
     menu->setContextMenuOf(pad.inside.panel);
+    pad.inside.panel->setAccessibleName("Pad with a context menu");
+    pad.inside.panel->setFocusPolicy(FocusPolicy::Strong); // or the menu key finds nothing
+    frameFocus(pad.inside.panel);
     page.layout->addWidget(pad.outside, 1);
     return page.panel;
 }

@@ -125,6 +125,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         }
     }
     page.layout->addWidget(edge.outside, 1);
+    comesLast(page, window);
     return page.panel;
 }
 

@@ -2,6 +2,7 @@
 #include "../eventtext.h"
 #include "../page.h"
 #include "../ui.h"
+#include "voxi2/controls/vximage2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi_util/icon.h"
@@ -161,19 +162,20 @@ void addTargets(const Box& page, const StatusPtr& status, EventLog& log)
         [got](const VXMimeData2& data) { got->setText(excerpt(data.text())); }, status, log);
 
     const Frame forImage = card(line, "Takes pictures", "from any program", PaperColor);
-    auto* shown = new VXButton2(forImage.inside.panel);
-    shown->setFlat(true);
-    shown->setFocusPolicy(FocusPolicy::None);
-    shown->setLabel("nothing yet");
-    shown->setObjectName("got-picture");
+    auto* shown = new VXImage2(forImage.inside.panel);
+    shown->setScaleEnabled(true);
+    shown->setFixedSize({24, 24});
+    auto* extent = new VXText2("nothing yet", forImage.inside.panel);
+    extent->setObjectName("got-picture");
     forImage.inside.layout->insertWidget(shown, 2, 0, AlignmentFlag::Left | AlignmentFlag::VCenter);
+    forImage.inside.layout->insertWidget(extent, 3);
     const Welcome isImage = hasFormat("application/x-voxi-image");
     makeTarget(
         forImage.inside.panel, isImage,
-        [shown](const VXMimeData2& data) {
+        [shown, extent](const VXMimeData2& data) {
             const Pixmap image = data.image();
-            shown->setIcon(Icon::fromPixmap(image));
-            shown->setLabel(std::to_string(image.width()) + " x " + std::to_string(image.height()));
+            shown->setPixmap(image);
+            extent->setText(std::to_string(image.width()) + " x " + std::to_string(image.height()));
         },
         status, log);
 

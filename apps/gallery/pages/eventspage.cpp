@@ -66,7 +66,7 @@ VXPanel2* switches(VXObject2* parent, const std::string& title, const std::strin
         VXButton2* each = button(line.panel, kind.m_label, prefix + kind.m_label);
         each->setCheckable(true);
         each->setChecked(initially && kind.*initially);
-        each->setFocusPolicy(FocusPolicy::None); // the pad keeps the keyboard
+        each->setFocusPolicy(FocusPolicy::Tab); // a click leaves the pad the keyboard
         each->setSizePolicy(Policy::Ignored, Policy::Fixed);
         each->setMinimumSize({80, -1});
         each->toggled().connect(each, [turn, event = kind.m_event](const VXButtonToggleEvent2& e) {
@@ -111,6 +111,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     panel->setObjectName("pad");
     panel->setAccessibleName("Pad");
     panel->setFocusPolicy(FocusPolicy::Strong);
+    frameFocus(panel);
     panel->setAcceptDrops(true);
     panel->dragEntered().connect(panel, [](const VXDragEvent2& drag) { drag.acceptProposed(); });
 

@@ -60,6 +60,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const Box page = column(parent, 10);
     VXTreeModel2* const model = tasks(page.panel);
     auto* const bar = new VXExplorerBarView2(page.panel);
+    bar->setAccessibleName("Tasks");
     bar->setObjectName("bar");
     bar->setViewModel(model);
     watch(bar, model, log);
@@ -75,6 +76,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const Box beside = row(page, 6);
     bar->setMinimumSize({240, 300});
     beside.layout->addWidget(bar);
+    comesLast(page, bar);
     beside.layout->addStretch();
     page.layout->addStretch();
     return page.panel;

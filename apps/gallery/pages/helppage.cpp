@@ -72,9 +72,11 @@ public:
         addSearch();
         const Box both = row(m_page);
         m_browser = new VXTextBrowser2(both.panel);
+        m_browser->setAccessibleName("Page");
         m_browser->setObjectName("help");
         both.layout->addWidget(m_browser, 3);
         m_visits = new VXListBox2(both.panel);
+        m_visits->setAccessibleName("History");
         m_visits->setObjectName("history");
         both.layout->addWidget(m_visits, 1);
         connectBrowser();
@@ -92,6 +94,7 @@ private:
     {
         const Box line = row(m_page);
         m_search = new VXEdit2(line.panel);
+        m_search->setAccessibleName("Search");
         m_search->setObjectName("search");
         m_search->setPlaceholder("Find in page");
         m_search->setClearButtonVisible(true);

@@ -92,6 +92,7 @@ void addFlows(const Box& page)
     alternatives(page, "Flow", {s_directions[0], s_directions[1], s_directions[2], s_directions[3]},
                  0, [stack](std::size_t i) { stack->raiseWidgetWithID(static_cast<int>(i)); });
     page.layout->addWidget(stack, 1);
+    comesLast(page, stack);
 }
 
 VXWidget2* create(VXObject2* parent, EventLog&)

@@ -88,6 +88,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     for (int row = 1; row <= Rows; ++row)
         model->appendRow({"row " + std::to_string(row), row, 2 * row, 3 * row});
     auto* const table = new VXTableView2(page.panel);
+    table->setAccessibleName("Measurements");
     table->setObjectName("live-table");
     table->setViewModel(model);
     table->setSelectionMode(SelectionMode::Extended);

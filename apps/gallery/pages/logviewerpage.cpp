@@ -68,6 +68,7 @@ VXWidget2* create(VXObject2* parent, EventLog& events)
 {
     const Box page = column(parent);
     auto* log = new VXEditArea2(page.panel);
+    log->setAccessibleName("Log");
     log->setObjectName("log");
     log->setReadOnly(true);
     log->setUndoEnabled(false);
@@ -82,6 +83,7 @@ VXWidget2* create(VXObject2* parent, EventLog& events)
     events.keep(server);
     const Box line = row(page);
     auto* what = new VXEdit2(line.panel);
+    what->setAccessibleName("Search");
     what->setPlaceholder("find");
     line.layout->addWidget(what);
     const auto find = [=, &events](bool isBackward) {

@@ -21,17 +21,21 @@ VXWidget2* addControls(const Box& line, EventLog& log)
     area.inside.layout->setMargins({10, 10, 10, 10});
     VXPanel2* const panel = area.inside.panel;
     auto* const dial = new VXDial2(panel);
+    dial->setAccessibleName("Dial");
     auto* const slider = new VXSlider2(panel);
+    slider->setAccessibleName("Slider");
     slider->valueChanged().connect(dial, [dial](const VXSliderValueChangedEvent2& event) {
         dial->setValue(event.newValue());
     });
     dial->valueChanged().connect(slider, [slider](const VXDialValueChangedEvent2& event) {
         slider->setValue(event.newValue());
     });
+    auto* const edit = new VXEdit2("type here", panel);
+    edit->setAccessibleName("Text");
     VXButton2* const press = button(panel, "&Press me", "mimic-press");
     press->clicked().connect(&log, [&log] { log.add("pressed, here or there"); });
-    for (VXWidget2* each : std::initializer_list<VXWidget2*>{
-             heading(panel, "The source"), dial, slider, new VXEdit2("type here", panel), press})
+    for (VXWidget2* each :
+         std::initializer_list<VXWidget2*>{heading(panel, "The source"), dial, slider, edit, press})
         area.inside.layout->addWidget(each);
     area.inside.layout->addStretch();
     slider->setValue(30);

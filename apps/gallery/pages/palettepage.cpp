@@ -68,6 +68,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     VXTreeModel2* const model = tools(page.panel);
     auto* const palette = new VXPaletteView2(page.panel);
     palette->setObjectName("palette");
+    palette->setAccessibleName("Tools");
     palette->setViewModel(model);
     watch(palette, model, log);
     palette->setReorderable(true);
@@ -79,6 +80,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const Box beside = row(page, 6);
     palette->setMinimumSize({240, 300});
     beside.layout->addWidget(palette);
+    comesLast(page, palette);
     beside.layout->addStretch();
     page.layout->addStretch();
     return page.panel;
@@ -88,9 +90,11 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
 
 Page palettePage()
 {
-    return {"palette", "Palette",
-            "Tools to choose from: look for one, drag it away as a text, or to another place.",
-            &create};
+    return {
+        "palette", "Palette",
+        "Tools to choose from: look for one, drag it away as a text, or to another place; Alt and "
+        "the arrow keys shift it.",
+        &create};
 }
 
 } // namespace gallery

@@ -169,6 +169,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     button->setObjectName("properties-button");
     auto* const edit = new VXEdit2("Type here", left.panel);
     edit->setObjectName("properties-edit");
+    edit->setAccessibleName("Edit");
     left.layout->addWidget(button);
     left.layout->addWidget(edit);
     left.layout->addStretch();

@@ -18,11 +18,13 @@ void addList(const Box& page, EventLog& log)
     const Box line = titledRow(page, "List box");
     auto* list = new VXListBox2(line.panel);
     list->setObjectName("list");
+    list->setAccessibleName("List box");
     list->setSelectionMode(SelectionMode::Extended);
     list->addItems(VXStringList{"Mercury", "Venus", "Earth", "Mars", "Jupiter", "Saturn"});
     list->setCurrentRow(2);
     list->setMaximumSize({200, 140});
     line.layout->addWidget(list);
+    line.title->setBuddy(list);
     line.layout->addStretch();
     list->selectionChanged().connect(&log, [&log](const VXListBoxSelectEvent2& event) {
         std::string chosen = "list:";
@@ -44,14 +46,17 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     slider->setTickPosition(TickPosition::Below);
     slider->setTickInterval(10);
     sliding.layout->addWidget(slider, 1);
+    sliding.title->setBuddy(slider);
 
     const Box turning = titledRow(page, "Dial and spin box");
     auto* dial = new VXDial2(turning.panel);
     dial->setObjectName("dial");
     dial->setNotchVisible(true);
+    dial->setAccessibleName("Dial");
     auto* spin = new VXSpinBox2(turning.panel);
     spin->setObjectName("spin");
     spin->setSuffix(" %");
+    spin->setAccessibleName("Spin box");
     turning.layout->addWidget(dial);
     turning.layout->addWidget(spin);
     turning.layout->addStretch();
@@ -60,6 +65,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     auto* bar = new VXProgressBar2(progressing.panel);
     bar->setObjectName("bar");
     progressing.layout->addWidget(bar, 1);
+    progressing.title->setBuddy(bar);
 
     // What the program sets is not reported, so they follow each other without going in circles.
     const auto showEverywhere = [=](int value) {

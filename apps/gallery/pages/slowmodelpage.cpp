@@ -51,6 +51,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     model->changeSize({SizeChange2::appendColumns({uids.begin(), uids.begin() + Columns}),
                        SizeChange2::appendRows(uids)});
     auto* const table = new VXTableView2(page.panel);
+    table->setAccessibleName("Slow data");
     table->setObjectName("slow-table");
     table->setViewModel(model);
     table->setSelectionMode(SelectionMode::Extended);

@@ -94,6 +94,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         new VXTableModel2({"Name", "Seen", "Moons", "Kind", "More", "Button"}, page.panel);
     fill(*model);
     auto* const table = new VXTableView2(page.panel);
+    table->setAccessibleName("Planets");
     table->setObjectName("table");
     table->setViewModel(model);
     table->setHeaderClickable(true);

@@ -111,6 +111,8 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     containers.layout->addWidget(left, 2);
     containers.layout->addWidget(right, 1);
     page.layout->addWidget(containers.panel, 1);
+    comesLast(page, left);
+    comesLast(page, right);
     return page.panel;
 }
 

@@ -115,7 +115,9 @@ void addSearch(const Box& page, VXEditArea2* area, EventLog& log)
     auto* expression = new VXCheckBox2("Expression", line.panel);
     what->setObjectName("what");
     what->setPlaceholder("find");
+    what->setAccessibleName("Find");
     with->setPlaceholder("replace with");
+    with->setAccessibleName("Replace with");
     for (VXWidget2* widget : std::initializer_list<VXWidget2*>{what, with, whole, expression})
         line.layout->addWidget(widget);
     const auto search = [=] {
@@ -141,6 +143,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const Box page = column(parent);
     auto* area = new VXEditArea2(Source, page.panel);
     area->setObjectName("source");
+    area->setAccessibleName("Source");
     area->setFont(VXFont("monospace"));
     area->setWrap(TextWrap::None);
     area->setTabWidth(4);

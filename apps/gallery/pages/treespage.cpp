@@ -40,6 +40,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     for (int digit = 1; digit < Digits; ++digit)
         append(*model, 0, std::to_string(digit));
     auto* const tree = new VXTreeView2(page.panel);
+    tree->setAccessibleName("Numbers and their divisors");
     tree->setObjectName("tree");
     tree->setViewModel(model);
     tree->setColumnWidth(Number, 200);

@@ -70,12 +70,15 @@ public:
         command(line, "Reload", [this] { m_browser->reload(); });
         command(line, "Stop", [this] { m_browser->stop(); });
         m_address = new VXEdit2(line.panel);
+        m_address->setAccessibleName("Address");
         m_address->setObjectName("address");
         line.layout->addWidget(m_address, 1);
         command(line, "Say", [this] { m_browser->postMessage("The program says hello."); });
         m_progress = new VXProgressBar2(this);
+        m_progress->setAccessibleName("Loaded");
         m_page.layout->addWidget(m_progress);
         m_browser = new VXWebBrowser2(this);
+        m_browser->setAccessibleName("Page");
         m_browser->setObjectName("web");
         m_page.layout->addWidget(m_browser, 1);
         connectBrowser();

@@ -29,7 +29,7 @@ std::string stateText(VXFlags<WindowState> state)
 VXCheckBox2* option(const Box& line, const std::string& text)
 {
     auto* box = new VXCheckBox2(text, line.panel);
-    box->setFocusPolicy(FocusPolicy::None);
+    box->setFocusPolicy(FocusPolicy::Tab);
     line.layout->addWidget(box);
     return box;
 }

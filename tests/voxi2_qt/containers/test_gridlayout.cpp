@@ -1,14 +1,17 @@
 #include "../kernel/toolkit.h"
 #include "support/qtwarnings.h"
+#include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxgridlayout2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtext2.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 
 #include <array>
 #include <gtest/gtest.h>
 #include <limits>
+#include <vector>
 
 namespace VOXI {
 namespace {
@@ -106,6 +109,30 @@ TEST_F(GridLayout, ignoresWhatIsNoCell)
     const ExpectedQtWarning warning("null widget");
     m_layout->addWidget(m_layout, 0, 0); // is no widget
     EXPECT_EQ(qtLayout()->count(), 0);
+}
+
+TEST_F(GridLayout, isReadAsItIsSeen)
+{
+    m_layout->addWidget(m_third, 0, 1);
+    m_layout->addWidget(m_first, 1, 1);
+    auto* const box = new VXPanel2(&m_panel);
+    m_layout->addWidget(box, 1, 0);
+    auto* const reversed = new VXBoxLayout2(box, Direction::RightToLeft);
+    for (const char* const text : {"right", "left"})
+        reversed->addWidget(new VXText2(text, box));
+    const auto childrenOf = [](const VXWidget2& widget) {
+        QAccessibleInterface* const all = QAccessible::queryAccessibleInterface(qt(widget));
+        std::vector<const QObject*> children;
+        for (int i = 0; i < all->childCount(); ++i) {
+            children.push_back(all->child(i)->object());
+            EXPECT_EQ(all->indexOfChild(all->child(i)), i);
+        }
+        return children;
+    };
+    EXPECT_EQ(childrenOf(m_panel),
+              (std::vector<const QObject*>{qt(*m_third), qt(*box), qt(*m_first), qt(*m_second)}));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(qt(*box))->child(0)->text(QAccessible::Name),
+              QStringLiteral("left"));
 }
 
 } // namespace

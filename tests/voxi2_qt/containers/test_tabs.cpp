@@ -359,6 +359,29 @@ TEST_F(Tabs, aDragThatLeadsElsewhereIsReportedOnceItIsOver)
     EXPECT_EQ(moves.count(), 1) << "of that tab nothing was dragged";
 }
 
+TEST_F(Tabs, areMovedAndClosedByKeysAsByThePointer)
+{
+    show();
+    m_container->setCurrentTab(m_first);
+    Log moves(m_container->tabMoved());
+    Log closings(m_container->tabCloseRequested());
+    bar()->setFocus();
+    QTest::keyClick(bar(), Qt::Key_Right, Qt::AltModifier);
+    QTest::keyClick(bar(), Qt::Key_Delete);
+    EXPECT_TRUE(moves.isEmpty());
+    EXPECT_TRUE(closings.isEmpty());
+    m_container->setMovable(true);
+    m_container->setTabsClosable(true);
+    QTest::keyClick(bar(), Qt::Key_Left, Qt::AltModifier); // it is the first
+    EXPECT_TRUE(moves.isEmpty());
+    QTest::keyClick(bar(), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(moves.only().tab(), m_first);
+    EXPECT_EQ(moves.only().to(), 1);
+    EXPECT_EQ(m_container->indexOf(m_first), 1);
+    QTest::keyClick(bar(), Qt::Key_Delete);
+    EXPECT_EQ(closings.only().tab(), m_first);
+}
+
 TEST_F(Tabs, mayGoWhileTheyAreDragged)
 {
     show();

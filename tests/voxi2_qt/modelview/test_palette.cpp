@@ -299,5 +299,30 @@ TEST_F(PaletteDrags, tellsWhereAnEntryIsToGo)
     EXPECT_TRUE(entered.takeOne());
 }
 
+TEST_F(PaletteDrags, shiftsAnEntryByKeys)
+{
+    const auto shift = [&](Qt::Key key) {
+        m_moved.clear();
+        QTest::keyClick(&entries(), key, Qt::AltModifier);
+        turn();
+        return m_moved.isEmpty() ? std::vector<unsigned>()
+                                 : std::vector{m_moved.last().group(), m_moved.last().before()};
+    };
+    using Move = std::vector<unsigned>;
+    entries().setFocus();
+    m_view.setCurrentRow(m_ball);
+    EXPECT_EQ(shift(Qt::Key_Right), Move()) << "not unless it is reorderable";
+    m_view.setReorderable(true);
+    EXPECT_EQ(shift(Qt::Key_Left), (Move{m_shapes, m_box}));
+    EXPECT_EQ(shift(Qt::Key_Down), (Move{m_shapes, 0}));
+    m_view.setCurrentRow(m_cone);
+    EXPECT_EQ(shift(Qt::Key_Right), (Move{m_lines, m_arc})) << "into the next category";
+    m_view.setCurrentRow(m_arc);
+    EXPECT_EQ(shift(Qt::Key_Up), (Move{m_shapes, 0})) << "into the one before";
+    EXPECT_EQ(shift(Qt::Key_Right), Move()) << "there is nothing behind";
+    m_view.setCurrentRow(m_lines);
+    EXPECT_EQ(shift(Qt::Key_Up), Move());
+}
+
 } // namespace
 } // namespace VOXI

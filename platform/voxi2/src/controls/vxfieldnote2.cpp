@@ -2,6 +2,7 @@
 
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/controls/vxtext2.h"
+#include "voxi2/kernel/translation.h"
 
 #include <iterator>
 
@@ -12,16 +13,17 @@ namespace {
 struct Looks
 {
     const wchar_t* m_sign;
-    Color m_color; ///< to be told from light and from dark grounds
+    const char* m_spoken; ///< the sign for those who do not see it
+    Color m_color;        ///< to be told from light and from dark grounds
 };
 
 /// What is none looks like the first.
 const Looks& looksOf(ValidationState state)
 {
-    static const Looks all[] = {{L"", Color()},
-                                {L"\u2713", Color(36, 150, 72)},
-                                {L"!", Color(214, 130, 20)},
-                                {L"\u00d7", Color(210, 60, 60)}};
+    static const Looks all[] = {{L"", "", Color()},
+                                {L"\u2713", "Success", Color(36, 150, 72)},
+                                {L"!", "Warning", Color(214, 130, 20)},
+                                {L"\u00d7", "Error", Color(210, 60, 60)}};
     const auto index = static_cast<std::size_t>(state);
     return all[index < std::size(all) ? index : 0];
 }
@@ -59,6 +61,7 @@ void VXFieldNote2::setValidationState(ValidationState state, const AnyText& mess
     m_state = isShown ? state : ValidationState::None;
     m_message = message.toWide();
     m_sign->setText(looks.m_sign);
+    m_sign->setAccessibleName(isShown ? translated(looks.m_spoken) : std::wstring());
     m_sign->setColor(ColorRole::Foreground, looks.m_color);
     m_text->setText(m_message);
     const std::wstring& description = isShown && !m_message.empty() ? m_message : m_description;

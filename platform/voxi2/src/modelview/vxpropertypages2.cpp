@@ -90,6 +90,7 @@ VXSimplePropertyBrowser2* VXPropertyPages2::addPage(const AnyText& title)
     auto* const column = new VXBoxLayout2(tab, Direction::TopToBottom);
     column->setMargins({0, 0, 0, 0});
     auto* const browser = new VXSimplePropertyBrowser2(tab);
+    browser->setAccessibleName(title);
     browser->setEditorFactory(VXStandardPropertyEditors2::shared());
     column->addWidget(browser);
     browser->setFilter(m_searched);

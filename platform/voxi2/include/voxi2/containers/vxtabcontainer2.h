@@ -81,10 +81,10 @@ public:
     /// At the top by default, and for a value that is none.
     void setTabPosition(TabPosition position);
     TabPosition tabPosition() const;
-    /// Whether each tab has a button that asks to close it; off by default.
+    /// Whether each tab has a button that asks to close it, as the Delete key does; off by default.
     void setTabsClosable(bool closable);
     bool areTabsClosable() const;
-    /// Whether the user can drag the tabs to other places; off by default.
+    /// Whether the user can drag the tabs to other places, or by Alt and an arrow; off by default.
     void setMovable(bool movable);
     bool isMovable() const;
     /// Without a frame around the page, as for documents that fill a window; off by default.

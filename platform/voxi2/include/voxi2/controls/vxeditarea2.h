@@ -98,7 +98,8 @@ struct VXEditArea2Emitters : TROV::EmittersTable<VXAbstractEdit2Emitters>
 /// the nearest one.
 ///
 /// A plain area, as it is at first, is as fast with a million lines as with one. A rich one, whose
-/// text may have formats, pictures, lists and tables, is meant for some hundred.
+/// text may have formats, pictures, lists and tables, is meant for some hundred. Tab is a letter;
+/// with Ctrl it goes on to the next widget, as in a table.
 class VOXI2_EXPORT VXEditArea2 : public VXAbstractEdit2
 {
 public:

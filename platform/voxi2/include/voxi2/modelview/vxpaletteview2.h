@@ -77,7 +77,8 @@ public:
     void setFiltering(bool filtering);
     bool isFiltering() const;
 
-    /// Whether the user can drag entries to other places; off by default.
+    /// Whether the user can drag entries to other places, or shift them by Alt and the arrow keys;
+    /// off by default.
     void setReorderable(bool reorderable);
     bool isReorderable() const;
 

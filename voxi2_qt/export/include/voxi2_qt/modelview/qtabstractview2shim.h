@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2_qt/kernel/qtleavingkey.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
@@ -83,6 +84,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override
     {
         this->handleInput(Base::Input::Key, *event, [&] {
+            const int way = leavingWay(*event);
+            if (way != 0 && this->QWidget::focusNextPrevChild(way > 0))
+                return;
             if (!this->handleKey(*event))
                 Shim::keyPressEvent(event);
         });
