@@ -142,21 +142,28 @@ function(voxi_add_library name)
         FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 endfunction()
 
-# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [TIMEOUT <seconds>] [NO_GLIB <filter>])
+# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11] [WAYLAND] [TIMEOUT <seconds>]
+#               [NO_GLIB <filter>])
 # One GoogleTest program. Each of its tests is a ctest test of label unit; with X11 the program as
-# a whole is one ctest test of label x11, on a virtual display with a window manager of its own.
+# a whole is one ctest test of label x11, on a virtual display with a window manager of its own,
+# with WAYLAND one of label wayland, under a compositor of its own.
 # QT: runs inside the test support's QApplication, where an unexpected Qt warning fails the test.
 # NO_GLIB: those of its tests that match run once more, together, in Qt's own event loop.
 function(voxi_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11" "TIMEOUT;NO_GLIB" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11;WAYLAND" "TIMEOUT;NO_GLIB" "SOURCES;LIBS")
     voxi_require_all_parsed(voxi_add_test)
-    if((arg_QT OR arg_X11) AND NOT VOXI_WITH_QT)
+    if(arg_X11)
+        set(display x11 xvfb-run.sh xcb)
+    elseif(arg_WAYLAND)
+        set(display wayland wayland-run.sh wayland)
+    endif()
+    if((arg_QT OR display) AND NOT VOXI_WITH_QT)
         return()
     endif()
 
     add_executable(${name} ${arg_SOURCES})
     voxi_house_settings(${name})
-    if(arg_QT OR arg_X11)
+    if(arg_QT OR display)
         voxi_qt_settings(${name})
         target_link_libraries(${name} PRIVATE ${arg_LIBS} test_support_qt)
         target_precompile_headers(${name} REUSE_FROM test_support_qt)
@@ -164,13 +171,14 @@ function(voxi_add_test name)
         target_link_libraries(${name} PRIVATE ${arg_LIBS} test_support)
     endif()
 
-    if(arg_X11)
+    if(display)
+        list(POP_FRONT display label runner platform)
         if(NOT arg_TIMEOUT)
             set(arg_TIMEOUT 180)
         endif()
-        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/xvfb-run.sh" $<TARGET_FILE:${name}>)
-        set_tests_properties(${name} PROPERTIES LABELS x11 TIMEOUT ${arg_TIMEOUT}
-                                                ENVIRONMENT QT_QPA_PLATFORM=xcb)
+        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/${runner}" $<TARGET_FILE:${name}>)
+        set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT}
+                                                ENVIRONMENT QT_QPA_PLATFORM=${platform})
     else()
         if(NOT arg_TIMEOUT)
             set(arg_TIMEOUT 60)

@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtmenu2.h"
 
+#include "../kernel/qtcompositor.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -8,6 +9,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -105,6 +107,8 @@ public:
         if (m_outer && m_outer->m_isHideOpen)
             QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
     }
+    const QtMenu2* outer() const { return m_outer; }
+
     Coming(const Coming&) = delete;
     Coming& operator=(const Coming&) = delete;
 
@@ -280,6 +284,8 @@ bool QtMenu2::event(QEvent* event)
 
 void QtMenu2::hideEvent(QHideEvent* event)
 {
+    if (m_isMoving)
+        return;
     const QAction* const active = activeAction();
     const auto* const inner = qobject_cast<QtMenu2*>(active ? active->menu() : nullptr);
     m_isHideOpen = inner && inner->m_isComing;
@@ -354,9 +360,34 @@ void QtMenu2::removeItems()
 void QtMenu2::setVisible(bool visible)
 {
     std::optional<Coming> coming;
-    if (visible)
+    if (visible && !m_isMoving) {
         coming.emplace(*this);
+        layOver(coming->outer());
+    }
     QtWidget2Shim::setVisible(visible);
+}
+
+/// The window system shows a menu over the one that it opens from, whoever owns it.
+void QtMenu2::layOver(const QWidget* outer)
+{
+    QWindow* const own = windowHandle();
+    const QWidget* const below = outer ? outer : nativeParentWidget();
+    if (own)
+        own->setTransientParent(below ? below->window()->windowHandle() : nullptr);
+}
+
+/// A compositor would leave the menu's corner where it is, and has its end beyond the screen.
+void QtMenu2::moveWithSize(const QRect& geometry)
+{
+    if (!isUnderCompositor()) {
+        setGeometry(geometry);
+        return;
+    }
+    const QPointer<QtMenu2> self(this);
+    m_isMoving = true;
+    showAnew(this, [&] { setGeometry(geometry); });
+    if (self)
+        m_isMoving = false;
 }
 
 void QtMenu2::completeHide()
@@ -425,7 +456,10 @@ void QtMenu2::popupDigMenu(QtMenu2* parent)
     const QSize hint = sizeHint().expandedTo(minimumSize()).boundedTo(maximumSize());
     const QSize size(std::min(hint.width(), area.width()), hint.height());
     const QPoint wanted = parent ? placeBeside(*parent, size) : mapToGlobal(QPoint(0, 0));
-    setGeometry(QRect(keepOnScreen(wanted, size, area), size));
+    const QPointer<QtMenu2> self(this);
+    moveWithSize(QRect(keepOnScreen(wanted, size, area), size));
+    if (!self)
+        return;
     setUpdatesEnabled(true);
     repaint();
     if (parent) {
