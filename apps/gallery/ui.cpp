@@ -22,8 +22,8 @@ Box box(VXObject2* parent, Direction direction, int spacing)
 VXText2* addTitle(const Box& line, const std::string& title)
 {
     auto* text = new VXText2(title, line.panel);
-    text->setMinimumSize({TitleWidth, -1});
-    text->setMaximumSize({TitleWidth, -1});
+    // With larger letters more, and what is longer all the same is not cut.
+    text->setMinimumSize({TitleWidth * std::max(text->font().pointSize(), 9) / 9, -1});
     line.layout->addWidget(text);
     return text;
 }

@@ -15,17 +15,19 @@
 
 namespace gallery {
 
-// The gallery's colours.
+// The gallery's colours. Ink is for what has a fill of the gallery's below it; the three that
+// follow can be read on light and dark backgrounds.
 inline constexpr VOXI::Color FrameColor{168, 174, 184};
 inline constexpr VOXI::Color PaperColor{252, 252, 250};
 inline constexpr VOXI::Color PadColor{214, 228, 244};
 inline constexpr VOXI::Color InkColor{32, 36, 44};
 inline constexpr VOXI::Color GoodColor{36, 150, 72};
-inline constexpr VOXI::Color BadColor{200, 48, 48};
+inline constexpr VOXI::Color BadColor{216, 64, 64};
+inline constexpr VOXI::Color NoteColor{58, 124, 214};
 
 /// Eight rows of eight dots each, drawn four times as large.
 using Dots = std::array<std::uint8_t, 8>;
-VOXI::Icon icon(const Dots& dots, std::uint32_t rgba = 0x20242cff);
+VOXI::Icon icon(const Dots& dots, std::uint32_t rgba = 0x687484ff);
 
 /// A layout without margins, and the panel that its widgets are in.
 struct Box
@@ -69,7 +71,8 @@ void alternatives(const Box& outer, const std::string& title,
                   const std::vector<std::string>& labels, std::size_t chosen,
                   std::function<void(std::size_t)> choose);
 
-/// The width of the titles in front of rows, so that what follows is aligned.
+/// The width of the titles in front of rows, so that what follows is aligned, with letters of 9
+/// points.
 inline constexpr int TitleWidth = 130;
 /// A row at the end of the layout that begins with a title. What is in front of one field is to be
 /// its buddy, so that the field is read by that name.

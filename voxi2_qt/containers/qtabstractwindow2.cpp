@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
 #include "../kernel/qtcomposedwindows.h"
+#include "../kernel/qtcompositor.h"
 #include "../kernel/qtsavedtext.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -11,6 +12,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
 
 #include <chrono>
 
@@ -47,11 +49,6 @@ const auto s_requests = TROV::operations<E>(
 
 constexpr char GeometryKind[] = "voxi-geometry";
 constexpr std::chrono::milliseconds StateSettles(500);
-
-VXFlags<WindowState> shownState(const QWidget& window)
-{
-    return Qt2VX(window.windowState() & ~Qt::WindowActive);
-}
 
 } // namespace
 
@@ -108,7 +105,13 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    changeState([&] { asQWidget()->setWindowState(VX2Qt(state)); });
+    const bool comesBack = m_isPutAway && !state.testFlag(WindowState::Minimized);
+    changeState([&] {
+        asQWidget()->setWindowState(VX2Qt(state));
+        noteMinimized(state.testFlag(WindowState::Minimized));
+        if (comesBack && asQWidget()->isVisible())
+            showAnew(asQWidget(), [] {});
+    });
 }
 
 void QtAbstractWindow2::doSetModified(bool modified) { asQWidget()->setWindowModified(modified); }
@@ -119,8 +122,11 @@ unsigned QtAbstractWindow2::doGetWindowFlags() { return QtFlagToVoxi(asQWidget()
 
 VXFlags<WindowState> QtAbstractWindow2::doGetWindowState()
 {
-    return Qt2VX(asQWidget()->windowState());
+    const VXFlags<WindowState> state = Qt2VX(asQWidget()->windowState());
+    return m_isPutAway ? state | WindowState::Minimized : state;
 }
+
+bool QtAbstractWindow2::doIsVisible() { return !m_isPutAway && QtWidget2::doIsVisible(); }
 
 bool QtAbstractWindow2::doIsModified() { return asQWidget()->isWindowModified(); }
 bool QtAbstractWindow2::doClose()
@@ -163,7 +169,7 @@ bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
     if (nativeWindow == 0 || widget->internalWinId() != nativeWindow || !widget->isVisible())
         return false;
     const QPointer<const QWidget> self(widget);
-    if (widget->isMinimized())
+    if (widget->isMinimized() || m_isPutAway)
         doSetWindowState(doGetWindowState() & ~VXFlags(WindowState::Minimized));
     if (self && !isDeletionScheduled())
         doSetActiveWindow();
@@ -174,13 +180,22 @@ bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
 
 void QtAbstractWindow2::passStateChange(const QEvent& event)
 {
-    if (event.type() == QEvent::WindowStateChange)
+    const QWidget* const window = asQWidget();
+    if (event.type() == QEvent::WindowStateChange) {
+        // A compositor takes the state back at once.
+        if (window->isMinimized())
+            noteMinimized(true);
         reportState();
+    } else if (m_isPutAway && event.type() == QEvent::ActivationChange
+               && window->isActiveWindow()) {
+        noteMinimized(false);
+        reportState();
+    }
 }
 
 void QtAbstractWindow2::reportState()
 {
-    const VXFlags<WindowState> state = shownState(*asQWidget());
+    const VXFlags<WindowState> state = shownState();
     if (m_settling > 0 || state == m_knownState)
         return;
     m_knownState = state;
@@ -188,6 +203,29 @@ void QtAbstractWindow2::reportState()
 }
 
 // Helpers -----------------------------------------------------------------------------------------
+
+/// The state without whether the window is active.
+VXFlags<WindowState> QtAbstractWindow2::shownState() const
+{
+    const VXFlags<WindowState> state = Qt2VX(asQWidget()->windowState() & ~Qt::WindowActive);
+    return m_isPutAway ? state | WindowState::Minimized : state;
+}
+
+/// Keeps what a compositor is told and does not tell: minimised is what was, until it is activated
+/// or comes anew.
+void QtAbstractWindow2::noteMinimized(bool minimized)
+{
+    if (minimized == m_isPutAway || !isUnderCompositor())
+        return;
+    m_isPutAway = minimized;
+    if (!minimized)
+        return;
+    noteRefusal(CompositorRefusal::TellingMinimized);
+    if (const QWindow* const shown = asQWidget()->windowHandle(); shown && shown->isVisible())
+        QObject::connect(
+            shown, &QWindow::visibleChanged, asQObject(), [this] { m_isPutAway = false; },
+            Qt::SingleShotConnection);
+}
 
 /// Shows the window in a state. Each step may run handlers that end it.
 void QtAbstractWindow2::showInState(VXFlags<WindowState> state)
@@ -208,7 +246,7 @@ void QtAbstractWindow2::changeState(Function&& change)
     change();
     if (!self)
         return;
-    m_knownState = shownState(*asQWidget());
+    m_knownState = shownState();
     QTimer::singleShot(StateSettles, asQObject(), [this] {
         if (--m_settling == 0)
             reportState();

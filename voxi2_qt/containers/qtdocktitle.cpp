@@ -1,7 +1,12 @@
 #include "qtdocktitle.h"
 
+#include "../kernel/qtcompositor.h"
+
+#include <QApplication>
 #include <QBoxLayout>
 #include <QChildEvent>
+#include <QMouseEvent>
+#include <QWindow>
 
 namespace VOXI {
 
@@ -22,6 +27,33 @@ void QtDockTitle::childEvent(QChildEvent* event)
         deleteLater();
     }
     QWidget::childEvent(event);
+}
+
+void QtDockTitle::mousePressEvent(QMouseEvent* event)
+{
+    // Qt would begin a drag, and not see its end.
+    event->setAccepted(movesWindow() && event->button() == Qt::LeftButton);
+    m_pressedAt = event->position().toPoint();
+}
+
+void QtDockTitle::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint way = event->position().toPoint() - m_pressedAt;
+    event->setAccepted(movesWindow() && event->buttons() == Qt::LeftButton);
+    if (event->isAccepted() && way.manhattanLength() >= QApplication::startDragDistance())
+        window()->windowHandle()->startSystemMove();
+}
+
+void QtDockTitle::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    event->ignore(); // the dock widget docks
+}
+
+bool QtDockTitle::movesWindow() const
+{
+    const auto* const dock = static_cast<const QDockWidget*>(parentWidget());
+    return isUnderCompositor() && dock->isFloating()
+           && dock->features().testFlag(QDockWidget::DockWidgetMovable);
 }
 
 QWidget* dockTitleIn(const QDockWidget& dock)

@@ -1,8 +1,10 @@
 #include "voxi2_qt/containers/qtdockwidget2.h"
 
 #include "../kernel/qtaccessiblename.h"
+#include "../kernel/qtcompositor.h"
 #include "../kernel/qttakeout.h"
 #include "qtdocktitle.h"
+#include "qtfloattitle.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -63,7 +65,7 @@ QtDockWidget2::QtDockWidget2(VXDockWidget2* object, VXDockWidget2Emitters* emitt
     readTextAsName<QtDockWidget2, QAccessible::Window, &QWidget::windowTitle>();
     hide(); // it would lie on top of its parent until it is docked
     m_known = state();
-    connect(this, &QDockWidget::topLevelChanged, this, [this] { noteChange(); });
+    connect(this, &QDockWidget::topLevelChanged, this, &QtDockWidget2::slotFloats);
     connect(this, &QDockWidget::dockLocationChanged, this, &QtDockWidget2::slotAreaChanged);
     connect(this, &QDockWidget::visibilityChanged, this, &QtDockWidget2::slotVisibilityChanged);
 }
@@ -155,19 +157,16 @@ VXWidget2* QtDockWidget2::doGetWidget()
 void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
-        QWidget* former = dockTitleIn(*this);
+        QWidget* former = m_floatTitle ? nullptr : dockTitleIn(*this);
         if (child && (child == former || isWithin(child, this)))
             return;
         keepHidden(former, this); // its holder goes
         if (child) {
+            takeFloatTitle();
             takeOut(child);
-            // Qt hides and shows what floats, for another frame.
-            const ProgramScope scope(parentWidget());
-            const std::initializer_list<WidgetEvent> events = {
-                WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize};
-            const QtEventBlocker blocker(*this, events);
-            const QtEventBlocker childBlocker(child, events);
-            setTitleBarWidget(new QtDockTitle(this, child));
+            giveTitle(child);
+        } else {
+            updateFloatTitle();
         }
     });
 }
@@ -236,6 +235,9 @@ bool QtDockWidget2::event(QEvent* event)
             m_comesOrGoes = before;
         return done;
     }
+    case QEvent::UngrabMouse: // its user has let go
+        QMetaObject::invokeMethod(this, &QtDockWidget2::updateFloatTitle, Qt::QueuedConnection);
+        break;
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
         updateViewAction();
@@ -245,6 +247,13 @@ bool QtDockWidget2::event(QEvent* event)
         break;
     }
     return QtWidget2Shim::event(event);
+}
+
+void QtDockWidget2::slotFloats()
+{
+    noteChange();
+    // Later: Qt is in the middle of it.
+    QMetaObject::invokeMethod(this, &QtDockWidget2::updateFloatTitle, Qt::QueuedConnection);
 }
 
 void QtDockWidget2::slotVisibilityChanged(bool visible)
@@ -307,6 +316,55 @@ bool QtDockWidget2::isDocked() const
     const auto* window = qobject_cast<QMainWindow*>(parentWidget());
     return window
            && window->dockWidgetArea(const_cast<QtDockWidget2*>(this)) != Qt::NoDockWidgetArea;
+}
+
+/// Under a compositor what floats has no frame, or one that does not dock it.
+void QtDockWidget2::updateFloatTitle()
+{
+    if (!isUnderCompositor() || QWidget::mouseGrabber() == this)
+        return;
+    if (!isFloating()) {
+        takeFloatTitle();
+    } else if (!titleBarWidget()) {
+        m_floatTitle = new QtFloatTitle(this);
+        giveTitle(m_floatTitle);
+    }
+}
+
+/// Qt hides and shows what floats, for another frame.
+class QtDockWidget2::TitleChange
+{
+public:
+    TitleChange(QtDockWidget2& dock, const QWidget* title)
+        : m_scope(dock.parentWidget()),
+          m_dockBlocker(dock, Events),
+          m_titleBlocker(title, Events)
+    {}
+
+private:
+    static constexpr std::initializer_list<WidgetEvent> Events = {
+        WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize};
+
+    const ProgramScope m_scope;
+    const QtEventBlocker m_dockBlocker;
+    const QtEventBlocker m_titleBlocker;
+};
+
+void QtDockWidget2::giveTitle(QWidget* title)
+{
+    const TitleChange change(*this, title);
+    setTitleBarWidget(new QtDockTitle(this, title));
+}
+
+void QtDockWidget2::takeFloatTitle()
+{
+    QtFloatTitle* const title = m_floatTitle;
+    if (!title)
+        return;
+    m_floatTitle = nullptr;
+    const TitleChange change(*this, nullptr);
+    title->setParent(nullptr); // its holder goes
+    title->deleteLater();
 }
 
 QtDockWidget2::State QtDockWidget2::state() const

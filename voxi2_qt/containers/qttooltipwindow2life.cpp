@@ -1,5 +1,6 @@
 // The part of QtToolTipWindow2 that is about coming, following the anchor and going.
 
+#include "../kernel/qtcompositor.h"
 #include "voxi2_qt/containers/qttooltipwindow2.h"
 #include "voxi2_qt/kernel/qtclock.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -7,6 +8,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QStyle>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -74,6 +76,8 @@ void QtToolTipWindow2::doSetActiveWindow() { raise(); }
 void QtToolTipWindow2::showEvent(QShowEvent* event)
 {
     QtWidget2Shim::showEvent(event);
+    if (m_isMoving)
+        return;
     m_isVanishing = false;
     m_isPressed = false;
     m_anchor.watch();
@@ -86,6 +90,8 @@ void QtToolTipWindow2::showEvent(QShowEvent* event)
 
 void QtToolTipWindow2::hideEvent(QHideEvent* event)
 {
+    if (m_isMoving)
+        return QtWidget2Shim::hideEvent(event);
     m_anchor.unwatch();
     m_timer.reset();
     m_fading.stop();
@@ -115,7 +121,35 @@ void QtToolTipWindow2::place()
     const QScreen* screen = QGuiApplication::screenAt(anchor.center());
     if (!screen)
         screen = m_anchor.widget()->screen();
-    move(placeBeside(anchor, size(), m_side, screen->availableGeometry(), layoutDirection()));
+    moveBeside(*m_anchor.widget(),
+               placeBeside(anchor, size(), m_side, screen->availableGeometry(), layoutDirection()));
+}
+
+/// A compositor takes the position within the anchor's window, when the tool tip comes.
+void QtToolTipWindow2::moveBeside(const QWidget& anchor, QPoint position)
+{
+    QWindow* const own = windowHandle();
+    QWindow* const below = anchor.window()->windowHandle();
+    if (!isUnderCompositor() || !own) {
+        move(position);
+        return;
+    }
+    const bool isSame = position == pos() && own->transientParent() == below;
+    if (m_isMoving || isSame)
+        return;
+    const auto change = [&] {
+        own->setTransientParent(below);
+        move(position);
+    };
+    if (!own->isVisible()) { // it is about to be shown
+        change();
+        return;
+    }
+    const QPointer<QtToolTipWindow2> self(this);
+    m_isMoving = true;
+    showAnew(this, change);
+    if (self)
+        m_isMoving = false;
 }
 
 void QtToolTipWindow2::startTimer()

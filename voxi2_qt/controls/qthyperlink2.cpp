@@ -50,6 +50,7 @@ std::wstring QtHyperLink2::doGetTextU() { return m_textEventFilter.textU(); }
 void QtHyperLink2::doSetLinkColor(LinkMode mode, Color color)
 {
     m_linkColors[mode] = VX2Qt(color);
+    m_chosen.insert(mode);
     if (mode == m_mode)
         showMode(mode);
 }
@@ -59,6 +60,15 @@ void QtHyperLink2::doimClick() { handleClick(); }
 bool QtHyperLink2::doIsVisited() { return m_visited; }
 
 // Reports -----------------------------------------------------------------------------------------
+
+void QtHyperLink2::changeEvent(QEvent* event)
+{
+    QtWidget2Shim::changeEvent(event);
+    // Of the widget's own colour there is nothing to follow.
+    if (event->type() == QEvent::PaletteChange
+        && palette().color(foregroundRole()).rgb() != shownColor().rgb())
+        showMode(m_mode);
+}
 
 void QtHyperLink2::enterEvent(QEnterEvent* event)
 {
@@ -122,7 +132,19 @@ void QtHyperLink2::handleClick()
 void QtHyperLink2::showMode(LinkMode mode)
 {
     m_mode = mode;
-    doSetColor(ColorRole::Foreground, Qt2VX(m_linkColors[mode]));
+    doSetColor(ColorRole::Foreground, Qt2VX(shownColor()));
+}
+
+/// The first colours are for light backgrounds; on a dark one nobody could read them.
+QColor QtHyperLink2::shownColor() const
+{
+    const auto found = m_linkColors.find(m_mode);
+    const QColor own = found == m_linkColors.end() ? QColor() : found->second;
+    if (m_chosen.contains(m_mode) || palette().color(backgroundRole()).lightness() > 128)
+        return own;
+    const QColor link = palette().color(QPalette::Link);
+    const QColor readable = link.lightness() < 110 ? QColor(96, 160, 255) : link;
+    return m_mode == LinkMode::Hovered ? readable.lighter(120) : readable;
 }
 
 } // namespace VOXI

@@ -5,8 +5,6 @@
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QScopeGuard>
-#include <QScreen>
-#include <QStyle>
 #include <QTimer>
 
 #include <algorithm>
@@ -105,6 +103,8 @@ public:
         if (m_outer && m_outer->m_isHideOpen)
             QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
     }
+    const QtMenu2* outer() const { return m_outer; }
+
     Coming(const Coming&) = delete;
     Coming& operator=(const Coming&) = delete;
 
@@ -280,6 +280,8 @@ bool QtMenu2::event(QEvent* event)
 
 void QtMenu2::hideEvent(QHideEvent* event)
 {
+    if (m_isMoving)
+        return;
     const QAction* const active = activeAction();
     const auto* const inner = qobject_cast<QtMenu2*>(active ? active->menu() : nullptr);
     m_isHideOpen = inner && inner->m_isComing;
@@ -354,8 +356,10 @@ void QtMenu2::removeItems()
 void QtMenu2::setVisible(bool visible)
 {
     std::optional<Coming> coming;
-    if (visible)
+    if (visible && !m_isMoving) {
         coming.emplace(*this);
+        layOver(coming->outer());
+    }
     QtWidget2Shim::setVisible(visible);
 }
 
@@ -399,80 +403,6 @@ void QtMenu2::closeQuietly()
     const QtEventBlocker blocker(*this, {WidgetEvent::Hide});
     hide();
     setUpdatesEnabled(true);
-}
-
-void QtMenu2::popupDigMenu(QtMenu2* parent)
-{
-    restoreSize();
-    if (!isVisible()) {
-        setUpdatesEnabled(true);
-        return;
-    }
-    // It did not open from a menu that is not there.
-    if (parent && !parent->isVisible())
-        parent = nullptr;
-    // The user has gone on to another entry; Qt leaves the menu of the one before open for a
-    // second.
-    if (parent && parent->activeAction() != menuAction()) {
-        closeQuietly();
-        return;
-    }
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
-    // The whole screen, also what task bars cover.
-    const QRect area = (parent ? parent->screen() : screen())->geometry();
-    // Thousands of entries stand in columns; those beyond the screen would all be painted, though
-    // nobody can reach them.
-    const QSize hint = sizeHint().expandedTo(minimumSize()).boundedTo(maximumSize());
-    const QSize size(std::min(hint.width(), area.width()), hint.height());
-    const QPoint wanted = parent ? placeBeside(*parent, size) : mapToGlobal(QPoint(0, 0));
-    setGeometry(QRect(keepOnScreen(wanted, size, area), size));
-    setUpdatesEnabled(true);
-    repaint();
-    if (parent) {
-        m_parentDigMenu = parent;
-        parent->setFrozenPopup(this);
-    }
-}
-
-/// Beside the parent's active entry, where Qt would have put a sub-menu of that size.
-QPoint QtMenu2::placeBeside(const QtMenu2& parent, QSize size) const
-{
-    const int overlap = parent.style()->pixelMetric(QStyle::PM_SubMenuOverlap, nullptr, &parent);
-    const QRect entry = parent.actionGeometry(parent.activeAction());
-    const QRect area = parent.screen()->geometry();
-    const QPoint right = parent.mapToGlobal(QPoint(entry.right() + overlap + 1, entry.top()));
-    const QPoint left =
-        parent.mapToGlobal(QPoint(entry.left() - size.width() - overlap, entry.top()));
-    if (parent.isLeftToRight()) {
-        // Once Qt has opened a menu to the left, those that follow go there as well.
-        if (parent.x() <= x() && right.x() + size.width() <= area.right())
-            return right;
-        return left.x() < area.left() ? QPoint(area.right() - size.width(), right.y()) : left;
-    }
-    if (parent.x() >= x() && left.x() >= area.left())
-        return left;
-    return right.x() + size.width() >= area.right() ? QPoint(area.left(), left.y()) : right;
-}
-
-QPoint QtMenu2::keepOnScreen(QPoint position, QSize size, const QRect& area) const
-{
-    const auto rightOf = [&] { return position.x() + size.width() - 1; };
-    const int rightmost = area.right() - size.width() + 1;
-    const int lowest = area.bottom() - size.height() + 1;
-    if (isLeftToRight()) {
-        if (rightOf() > area.right())
-            position.setX(rightmost);
-        if (position.x() < area.left())
-            position.setX(area.left());
-    } else {
-        position.setX(std::max(position.x(), area.left()));
-        if (rightOf() > area.right())
-            position.setX(std::max(position.x() - size.width(), rightmost));
-    }
-    position.setY(std::max(position.y(), area.top()));
-    // Last: of a menu taller than the screen the end is what can be reached.
-    position.setY(std::min(position.y(), lowest));
-    return position;
 }
 
 } // namespace VOXI

@@ -149,8 +149,11 @@ void TextMargin::paintEvent(QPaintEvent* event)
         if (!m_hasNumbers)
             continue;
         line.setHeight(metrics().height());
-        painter.setPen(palette().color(
-            group, block.blockNumber() == current ? QPalette::Text : QPalette::PlaceholderText));
+        // Themes do not always have a colour of their own for texts that stand back.
+        QColor ink = palette().color(group, QPalette::Text);
+        if (block.blockNumber() != current)
+            ink.setAlpha(ink.alpha() / 2);
+        painter.setPen(ink);
         painter.drawText(line.adjusted(Room, 0, -Room, 0),
                          (isRightToLeft() ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignTop,
                          QString::number(block.blockNumber() + 1));

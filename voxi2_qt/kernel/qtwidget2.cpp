@@ -1,6 +1,7 @@
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include "qtcomposedwindows.h"
+#include "qtcompositor.h"
 #include "qttakeout.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtbaritem.h"
@@ -172,14 +173,22 @@ void QtWidget2::doHide()
 void QtWidget2::doRaise()
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    if (asQWidget()->isWindow())
+        noteRefusal(CompositorRefusal::Raising);
     asQWidget()->raise();
 }
 
-void QtWidget2::doLower() { asQWidget()->lower(); }
+void QtWidget2::doLower()
+{
+    if (asQWidget()->isWindow())
+        noteRefusal(CompositorRefusal::Raising);
+    asQWidget()->lower();
+}
 
 void QtWidget2::doSetActiveWindow()
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::FocusIn});
+    noteRefusal(CompositorRefusal::Raising);
     QtGlobalFocusBlocker::instance().awaitActivation(asQWidget()->window());
     asQWidget()->activateWindow();
     asQWidget()->raise();

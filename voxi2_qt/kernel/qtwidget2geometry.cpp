@@ -1,5 +1,6 @@
 // The part of QtWidget2 that is about positions and sizes.
 
+#include "qtcompositor.h"
 #include "qtsavedstate.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -64,6 +65,8 @@ void QtWidget2::doSetPosition(VXRect<int> geometry)
 void QtWidget2::doMoveTo(VXPoint<int> position)
 {
     const QtEventBlocker blocker(*this, {WidgetEvent::Move});
+    if (asQWidget()->isWindow())
+        noteRefusal(CompositorRefusal::Placing);
     asQWidget()->move(VX2Qt(position));
     keepDelayedBack(WidgetEvent::Move);
 }

@@ -199,9 +199,11 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         diagram->key(event.key(), event.modifiers().testFlag(Modifier::Shift));
         log.add(diagram->place());
     });
-    page.layout->addWidget(new VXText2("Drag a box, or take one by the space bar and move it by "
-                                       "the arrow keys; with Shift it goes further.",
-                                       page.panel));
+    auto* const help = new VXText2("Drag a box, or take one by the space bar and move it by the "
+                                   "arrow keys; with Shift it goes further.",
+                                   page.panel);
+    help->setWordWrap(true);
+    page.layout->addWidget(help);
     return page.panel;
 }
 

@@ -53,7 +53,9 @@ Frame card(const Box& parent, const std::string& title, const std::string& hint,
     const Frame result = frame(parent.panel, fill);
     result.outside->setMinimumSize({CardWidth, 78});
     result.inside.layout->addWidget(heading(result.inside.panel, title));
-    result.inside.layout->addWidget(new VXText2(hint, result.inside.panel));
+    auto* const text = new VXText2(hint, result.inside.panel);
+    text->setWordWrap(true);
+    result.inside.layout->addWidget(text);
     result.inside.panel->setObjectName(title);
     result.inside.layout->addStretch();
     parent.layout->addWidget(result.outside, 1);

@@ -2,6 +2,7 @@
 #include "../page.h"
 #include "../ui.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -68,7 +69,7 @@ VXPanel2* switches(VXObject2* parent, const std::string& title, const std::strin
         each->setChecked(initially && kind.*initially);
         each->setFocusPolicy(FocusPolicy::Tab); // a click leaves the pad the keyboard
         each->setSizePolicy(Policy::Ignored, Policy::Fixed);
-        each->setMinimumSize({80, -1});
+        each->setMinimumSize({90 * std::max(each->font().pointSize(), 9) / 9, -1});
         each->toggled().connect(each, [turn, event = kind.m_event](const VXButtonToggleEvent2& e) {
             turn(event, e.isChecked());
         });

@@ -39,7 +39,7 @@ const std::map<std::wstring, std::string>& pages()
                              "<p><img src='wave.png'></p><p><a href='index.html'>Contents</a></p>"},
         {L"help:/notes.md", "# Notes\n\n- *Markdown* by the name of the page\n- a "
                             "[link](index.html) to the contents\n"},
-        {L"help:/look.css", "h2 { color: #24508c } p { margin-top: 4px }"},
+        {L"help:/look.css", "h2 { color: #3a7cd6 } p { margin-top: 4px }"},
     };
     return all;
 }

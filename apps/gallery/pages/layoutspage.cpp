@@ -74,6 +74,7 @@ void addFlows(const Box& page)
     for (int direction = 0; direction < 4; ++direction) {
         auto* flow = new VXPanel2(stack);
         flow->setColor(ColorRole::Background, PaperColor);
+        flow->setColor(ColorRole::Foreground, InkColor);
         flow->setContentsMargins(VXRect<int>::margins(6, 6, 6, 6));
         // A flow asks for the room that it used last, so the page would never shrink.
         flow->setSizePolicy(Policy::Ignored, Policy::Ignored);

@@ -29,7 +29,7 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     page.layout->addWidget(heading(page.panel, "With colours of its own"));
     VXHyperLink2* const green = addLink(page, "Turns grey when it was followed", log);
     green->setLinkColor(LinkMode::Normal, GoodColor);
-    green->setLinkColor(LinkMode::Hovered, Color(20, 90, 40));
+    green->setLinkColor(LinkMode::Hovered, Color(52, 180, 96));
     green->setLinkColor(LinkMode::Visited, Color(120, 120, 120));
     const Box line = row(page);
     command(line, "Follow it", [green] { green->imitateClick(); });

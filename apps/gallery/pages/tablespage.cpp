@@ -28,13 +28,14 @@ void fill(VXTableModel2& model)
         const int moons[] = {0, 0, 1, 2, 95, 146, 28, 16};
         CellUIData name(planets[i]);
         if (i == 2)
-            name.setBold().setBackground(PadColor).setToolTip("That is here");
+            name.setBold().setBackground(PadColor).setForeground(InkColor).setToolTip(
+                "That is here");
         model.appendRow({name, CellUIData(done).setValue(i % 2 == 0),
                          CellUIData(count).setValue(moons[i]),
                          CellUIData(kind).setValue(i < 4 ? "rock" : "gas"),
                          CellUIData("about " + planets[i])
                              .setRenderer(CellRenderer::HyperLink)
-                             .setForeground(Color(40, 80, 180)),
+                             .setForeground(NoteColor),
                          open});
     }
     const unsigned last = model.appendRow({"Pluto", done, count, kind, "no planet", open});

@@ -63,9 +63,9 @@ std::vector<TextSpan> spansOf(const std::wstring& text)
             end = endOf(at, isWordPart);
             const std::wstring word = text.substr(at, end - at);
             if (std::find(words.begin(), words.end(), word) != words.end())
-                style = {.color = Color(40, 80, 180), .isBold = true};
+                style = {.color = NoteColor, .isBold = true};
             else if (std::iswdigit(std::wint_t(text[at])))
-                style = {.color = Color(150, 80, 0)};
+                style = {.color = Color(190, 110, 20)};
         } else {
             end = at + 1;
         }

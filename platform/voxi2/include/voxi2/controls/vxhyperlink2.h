@@ -45,7 +45,8 @@ public:
     std::wstring textU() const;
 
     /// The colour of the text in a mode; its opacity is kept but not shown. Takes effect at once if
-    /// the link is in that mode. At first blue under the pointer and dark blue otherwise.
+    /// the link is in that mode. At first blue under the pointer and dark blue otherwise; on a
+    /// dark background a colour that was not set gives way to that of the desktop's links.
     void setLinkColor(LinkMode mode, Color color);
     Color linkColor(LinkMode mode) const;
 

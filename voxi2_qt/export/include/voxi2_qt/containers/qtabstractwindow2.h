@@ -16,6 +16,7 @@ class VOXI2_QT_EXPORT QtAbstractWindow2
 {
 public:
     void doSetParent(VXObject* parent) override;
+    bool doIsVisible() override;
 
     // Requests, in the order of the emitters table
     virtual void doSetTitle(const std::string& title);
@@ -49,13 +50,16 @@ protected:
     void passStateChange(const QEvent& event);
 
 private:
+    VXFlags<WindowState> shownState() const;
+    void noteMinimized(bool minimized);
     void showInState(VXFlags<WindowState> state);
     template <class Function>
     void changeState(Function&& change);
     void reportState();
 
     VXFlags<WindowState> m_knownState;
-    int m_settling = 0; // requests that the window manager may still be carrying out
+    bool m_isPutAway = false; // minimised under a compositor, as far as one can know
+    int m_settling = 0;       // requests that the window manager may still be carrying out
 };
 
 } // namespace VOXI

@@ -10,6 +10,7 @@
 namespace VOXI {
 
 class QtAction2;
+class QtFloatTitle;
 
 /// The peer of the dock widget.
 ///
@@ -76,6 +77,7 @@ protected:
     bool event(QEvent* event) override;
 
 private Q_SLOTS:
+    void slotFloats();
     void slotVisibilityChanged(bool visible);
     void slotAreaChanged(Qt::DockWidgetArea area);
     void slotReport();
@@ -90,13 +92,19 @@ private:
         DockArea m_area = DockArea::None;
     };
 
+    class TitleChange;
+
     bool isDocked() const;
+    void updateFloatTitle();
+    void giveTitle(QWidget* title);
+    void takeFloatTitle();
     State state() const;
     void noteChange();
     void changeTitle(const QString& title);
     void updateViewAction();
 
     QPointer<QtAction2> m_viewAction;
+    QPointer<QtFloatTitle> m_floatTitle;
     State m_known;
     DockArea m_area = DockArea::None;
     bool m_inFront = true; // of the others in its tabs

@@ -71,6 +71,7 @@ private:
     void adoptStyle();
     void setShownText(const QString& text);
     void refit();
+    void moveBeside(const QWidget& anchor, QPoint position);
     void startTimer();
     int fadeDuration() const;
     void fadeTo(double opacity);
@@ -87,6 +88,7 @@ private:
     bool m_isVanishing = false;
     bool m_byProgram = false; // the vanishing
     bool m_isPressed = false;
+    bool m_isMoving = false; // hidden and shown again for it
 };
 
 } // namespace VOXI

@@ -9,6 +9,7 @@
 #include <QLabel>
 
 #include <map>
+#include <set>
 
 namespace VOXI {
 
@@ -32,6 +33,7 @@ public:
     bool doIsVisited();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -44,9 +46,11 @@ protected:
 private:
     void handleClick();
     void showMode(LinkMode mode);
+    QColor shownColor() const;
 
     QtTextEventFilter2<QtHyperLink2, VXHyperLink2Emitters> m_textEventFilter;
     std::map<LinkMode, QColor> m_linkColors;
+    std::set<LinkMode> m_chosen; // modes whose colour the program has set
     LinkMode m_mode = LinkMode::Normal;
     bool m_visited = false;
 };

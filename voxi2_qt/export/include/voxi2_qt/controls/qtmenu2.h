@@ -81,6 +81,8 @@ private:
     void restoreSize();
     template <class Function>
     void changeLimits(Function&& change);
+    void layOver(const QWidget* outer);
+    void moveWithSize(const QRect& geometry);
     void closeQuietly();
     void popupDigMenu(QtMenu2* parent);
     QPoint placeBeside(const QtMenu2& parent, QSize size) const;
@@ -98,6 +100,7 @@ private:
     bool m_isComing = false;      // Qt is showing the menu
     int m_innerComing = 0;        // menus that Qt is showing for an entry of this one
     bool m_isHideOpen = false;    // hidden, but Qt does not know yet
+    bool m_isMoving = false;      // hidden and shown again for it
     bool m_isShrunk = false;      // to one pixel; its limits are the saved ones
     QSize m_savedMaximumSize;
     QSize m_savedMinimumSize;
