@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtdockwidget2.h"
 
 #include "../kernel/qtaccessiblename.h"
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "qtdocktitle.h"
 #include "voxi2_qt/kernel/qtaction2.h"
@@ -135,7 +136,7 @@ void QtDockWidget2::doSetWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
         QWidget* former = QDockWidget::widget();
-        if (child && (child == former || isWithin(child, this)))
+        if (child && (child == former || !canHold(*this, this, child)))
             return;
         // Out of the layout before Qt takes it out and hides it in its own way.
         if (former)
@@ -156,7 +157,7 @@ void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
         QWidget* former = dockTitleIn(*this);
-        if (child && (child == former || isWithin(child, this)))
+        if (child && (child == former || !canHold(*this, this, child)))
             return;
         keepHidden(former, this); // its holder goes
         if (child) {

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtlayout2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -84,6 +85,16 @@ private:
     QHash<QObject*, QWidget*> m_items;
 };
 
+QWidget* QtLayout2::freeWidget(const VXObject* layout, QWidget* parent)
+{
+    if (!parent || !parent->layout())
+        return parent;
+    ignored(layout, [] {
+        return std::string(Reason::HasLayout) + "; this one lies nowhere until addLayout takes it";
+    });
+    return nullptr;
+}
+
 QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
     : QtPeerLevel(object, emitters, s_requests)
 {}
@@ -92,8 +103,10 @@ QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
 
 void QtLayout2::doSetParent(VXObject* widget)
 {
-    if (doRefuses(widget))
+    if (doRefuses(widget)) {
+        ignored(*this, Reason::HasLayout);
         return;
+    }
     withWidgetOf(widget, [this](QWidget* target) {
         if (!target->layout()) {
             for (int i = 0; i < layout()->count(); ++i) {
@@ -167,10 +180,10 @@ bool QtLayout2::doRefuses(VXObject* widget)
 QLayout* QtLayout2::layout() const noexcept { return static_cast<QLayout*>(asQObject()); }
 QLayout* QtLayout2::asQLayout(GuiObject* peer) { return qobject_cast<QLayout*>(qObjectOf(peer)); }
 
-bool QtLayout2::prepareFor(QWidget* child)
+bool QtLayout2::prepareFor(QWidget* child, CallPlace where)
 {
     QLayout* const self = layout();
-    if (!child || isWithin(child, self->parentWidget()))
+    if (!canHold(*this, self->parentWidget(), child, where))
         return false;
     takeOutFor(self->parentWidget(), child);
     if (!self->parentWidget()) {

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtscrollview2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -64,7 +65,7 @@ QtScrollView2::QtScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitt
 void QtScrollView2::doSetWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [this](QWidget* child) {
-        if (!child || isWithin(child, this))
+        if (!canHold(*this, this, child))
             return;
         if (child != QScrollArea::widget()) {
             // Qt would delete the former one, which has an owner of its own.
@@ -97,6 +98,8 @@ void QtScrollView2::doEnsureWidgetVisible(VXWidget2* widget, int xMargin, int yM
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && QScrollArea::widget()) // Qt does not check that there is one
             ensureWidgetVisible(child, xMargin, yMargin);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

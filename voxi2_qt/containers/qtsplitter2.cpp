@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -52,7 +53,7 @@ void QtSplitter2::doAddWidget(VXWidget2* widget, int stretch)
 void QtSplitter2::doInsertWidget(VXWidget2* widget, int index, int stretch)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child || isWithin(child, this))
+        if (!canHold(*this, this, child))
             return;
         takeOutFor(this, child);
         insertWidget(index, child);          // appends where there is no such position
@@ -70,6 +71,8 @@ void QtSplitter2::doRemoveWidget(VXWidget2* widget)
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && indexOf(child) >= 0)
             keepHidden(child, nullptr);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 
@@ -95,6 +98,8 @@ void QtSplitter2::doSetCollapsible(VXWidget2* widget, bool collapsible)
     withWidgetOf(widget, [&](QWidget* child) {
         if (const int index = child ? indexOf(child) : -1; index >= 0)
             setCollapsible(index, collapsible);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

@@ -1,12 +1,14 @@
 #include "voxi2/containers/vxboxlayout2.h"
 
+#include "voxi2/kernel/ignored.h"
+
 namespace VOXI {
 
 VXBoxLayout2::VXBoxLayout2(VXObject2* parent, Direction direction)
     : VXLayout2(parent),
       m_emitters(VXLayout2::m_emitters)
 {
-    createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, parent, direction);
+    createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, this->parent(), direction);
 }
 
 VXBoxLayout2::~VXBoxLayout2() { retire(); }
@@ -26,8 +28,13 @@ void VXBoxLayout2::addLayout(VXLayout2* layout, int stretch)
     VXObjectDataLocker lock;
     const unsigned self = id();
     // While a worker waits for the answer, either may end.
-    if (m_emitters.refusesLayout(layout) || !isObjectValid(self) || !takeLayout(layout))
+    const bool refuses = m_emitters.refusesLayout(layout);
+    if (!isObjectValid(self))
         return;
+    if (refuses || !takeLayout(layout)) {
+        ignored(this, "that is no layout, lies in a widget or a layout already, or holds this one");
+        return;
+    }
     m_emitters.addLayout(layout, stretch);
 }
 

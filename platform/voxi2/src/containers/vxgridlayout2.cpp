@@ -6,7 +6,7 @@ VXGridLayout2::VXGridLayout2(VXObject2* parent)
     : VXLayout2(parent),
       m_emitters(VXLayout2::m_emitters)
 {
-    createPeer(&VXFactory2::createGridLayout2, this, &m_emitters, parent);
+    createPeer(&VXFactory2::createGridLayout2, this, &m_emitters, this->parent());
 }
 
 VXGridLayout2::~VXGridLayout2() { retire(); }

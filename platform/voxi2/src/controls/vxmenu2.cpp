@@ -1,5 +1,6 @@
 #include "voxi2/controls/vxmenu2.h"
 
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxaction2.h"
 
 namespace VOXI {
@@ -72,8 +73,10 @@ void VXMenu2::popup(const VXPoint<int>& globalPosition)
 void VXMenu2::setContextMenuOf(VXWidget2* widget)
 {
     VXObjectDataLocker lock;
-    if (!isObjectValid(widget) || !widget->servingThread())
+    if (!isObjectValid(widget) || !widget->servingThread()) {
+        ignored(this, "that is no widget that is shown by a back end");
         return;
+    }
     std::erase_if(m_contextMenus, [](const auto& entry) { return !isObjectValid(entry.first); });
     TROV::ConnectionHandle& connection = m_contextMenus[widget->id()];
     connection.disconnect();
