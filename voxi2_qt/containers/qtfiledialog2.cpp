@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtfiledialog2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2/kernel/translation.h"
 #include "voxi2_qt/kernel/qttext.h"
 
@@ -170,6 +171,8 @@ void QtFileDialog2::doSetDirectory(const Path& directory)
     const QString name = toQFileName(directory);
     if (!name.isEmpty() && QFileInfo(name).isDir())
         setDirectory(name);
+    else
+        ignored(*this, "there is no such directory");
 }
 
 void QtFileDialog2::doSetFilters(const std::vector<FileFilter>& filters)
@@ -192,6 +195,8 @@ void QtFileDialog2::doSetSelectedFilter(int index)
 {
     if (index >= 0 && index < static_cast<int>(m_filters.size()))
         selectNameFilter(nameFilters().at(index));
+    else
+        ignored(*this, Reason::NoIndex);
 }
 
 void QtFileDialog2::doSetDefaultSuffix(const std::wstring& suffix)

@@ -66,6 +66,8 @@ TEST_F(Ignored, saysWhichObjectWasAskedForWhatAndWhy)
     EXPECT_EQ(lineOf(page, [&] { page.setParent(button); }),
               ": setParent: the object owns that one");
 
+    EXPECT_EQ(lineOf(first, [&] { first.addWidget(nullptr); }),
+              std::string(": addWidget: ") + Reason::Null);
     VXComboBox2 box;
     EXPECT_EQ(lineOf(box, [&] { box.setCurrentIndex(3); }),
               std::string(": setCurrentIndex: ") + Reason::NoIndex);

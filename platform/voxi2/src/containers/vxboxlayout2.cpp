@@ -1,5 +1,6 @@
 #include "voxi2/containers/vxboxlayout2.h"
 
+#include "../kernel/notnull.h"
 #include "voxi2/kernel/ignored.h"
 
 namespace VOXI {
@@ -15,12 +16,12 @@ VXBoxLayout2::~VXBoxLayout2() { retire(); }
 
 void VXBoxLayout2::addWidget(VXObject* widget, int stretch, Alignment alignment)
 {
-    m_emitters.boxAddWidget(widget, stretch, alignment);
+    m_emitters.boxAddWidget(notNull(this, widget), stretch, alignment);
 }
 
 void VXBoxLayout2::insertWidget(VXObject* widget, int index, int stretch, Alignment alignment)
 {
-    m_emitters.insertWidget(widget, index, stretch, alignment);
+    m_emitters.insertWidget(notNull(this, widget), index, stretch, alignment);
 }
 
 void VXBoxLayout2::addLayout(VXLayout2* layout, int stretch)

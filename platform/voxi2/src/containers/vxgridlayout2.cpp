@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxgridlayout2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXGridLayout2::VXGridLayout2(VXObject2* parent)
@@ -13,12 +15,12 @@ VXGridLayout2::~VXGridLayout2() { retire(); }
 
 void VXGridLayout2::addWidget(VXObject* widget, const VXRect<int>& cell, Alignment alignment)
 {
-    m_emitters.gridAddWidget(widget, cell, alignment);
+    m_emitters.gridAddWidget(notNull(this, widget), cell, alignment);
 }
 
 void VXGridLayout2::addWidget(VXObject* widget, int row, int column, Alignment alignment)
 {
-    m_emitters.gridAddWidget(widget, VXRect<int>::cell(row, column), alignment);
+    m_emitters.gridAddWidget(notNull(this, widget), VXRect<int>::cell(row, column), alignment);
 }
 
 void VXGridLayout2::addSpacer(const VXRect<int>& cell, const Size<int>& size)

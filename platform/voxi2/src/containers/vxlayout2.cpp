@@ -1,5 +1,6 @@
 #include "voxi2/containers/vxlayout2.h"
 
+#include "../kernel/notnull.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/kernel/ignored.h"
@@ -65,10 +66,10 @@ bool VXLayout2::takeLayout(VXLayout2* layout)
 
 void VXLayout2::addWidget(VXObject* widget, Alignment alignment)
 {
-    m_emitters.addWidget(widget, alignment);
+    m_emitters.addWidget(notNull(this, widget), alignment);
 }
 
-void VXLayout2::removeWidget(VXObject* widget) { m_emitters.removeWidget(widget); }
+void VXLayout2::removeWidget(VXObject* widget) { m_emitters.removeWidget(notNull(this, widget)); }
 
 void VXLayout2::addSpacer(const Size<int>& size, bool expanding)
 {

@@ -39,19 +39,18 @@ bool isUpper(char letter) { return letter >= 'A' && letter <= 'Z'; }
 /// VOXI::QtText2::doSetText(const std::string&)"; nothing for a constructor.
 std::string requestOf(std::string_view function)
 {
+    for (const std::string_view prefix : {"::doim", "::do"}) {
+        const std::size_t begin = function.find(prefix) + prefix.size();
+        if (begin < prefix.size() || begin >= function.size() || !isUpper(function[begin]))
+            continue;
+        std::string request(function.substr(begin, function.find('(', begin) - begin));
+        request[0] = static_cast<char>(request[0] - 'A' + 'a');
+        return request;
+    }
     function = function.substr(0, function.find('('));
     function.remove_prefix(function.find_last_of(": ") + 1); // or nothing
-    if (function.starts_with("VX") || function.starts_with("Qt"))
-        return {};
-    for (const std::string_view prefix : {"doim", "do"}) {
-        if (function.starts_with(prefix) && function.size() > prefix.size()
-            && isUpper(function[prefix.size()])) {
-            std::string request(function.substr(prefix.size()));
-            request[0] = static_cast<char>(request[0] - 'A' + 'a');
-            return request;
-        }
-    }
-    return std::string(function);
+    const bool isConstructor = function.starts_with("VX") || function.starts_with("Qt");
+    return isConstructor ? std::string() : std::string(function);
 }
 
 std::string lineFor(const VXObject* object, std::string_view why, std::string_view function)
@@ -91,7 +90,8 @@ void detail::tellIgnored(const VXObject* object, std::string_view why, CallPlace
         return;
     t_isTelling = true;
     try {
-        const std::string line = lineFor(object, why, where.function_name());
+        const char* const function = where.function_name();
+        const std::string line = lineFor(object, why, function ? function : "");
         std::shared_ptr<const IgnoredHandler> handler;
         {
             const std::lock_guard lock(hearer().m_mutex);

@@ -53,7 +53,8 @@ VXFactory2* VXObject2::factoryForNewObject() const
         return nullptr;
     VXFactory2* const factory = VXFactory2::current();
     if (!factory)
-        ignored(this, "no back end is up: it gets no peer, and requests to it do nothing");
+        ignored(this, "no back end is up: it gets no peer, and requests to it do nothing",
+                CallPlace()); // it is being made
     return factory;
 }
 
