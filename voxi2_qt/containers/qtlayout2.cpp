@@ -89,9 +89,10 @@ QWidget* QtLayout2::freeWidget(const VXObject* layout, QWidget* parent)
 {
     if (!parent || !parent->layout())
         return parent;
-    ignored(layout, [] {
+    const auto why = [] {
         return std::string(Reason::HasLayout) + "; this one lies nowhere until addLayout takes it";
-    });
+    };
+    ignored(layout, why, CallPlace()); // it is being made
     return nullptr;
 }
 

@@ -62,7 +62,7 @@ TEST_F(Ignored, saysWhichObjectWasAskedForWhatAndWhy)
     EXPECT_EQ(lineOf(*second, [&] { second->addWidget(button, -3, 0); }),
               ": gridAddWidget: there is no such cell");
     EXPECT_EQ(lineOf(first, [&] { first.addWidget(&page); }),
-              std::string(": insertWidget: ") + Reason::HoldsThis);
+              std::string(": addWidget: ") + Reason::HoldsThis);
     EXPECT_EQ(lineOf(page, [&] { page.setParent(button); }),
               ": setParent: the object owns that one");
 
