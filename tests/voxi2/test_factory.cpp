@@ -124,7 +124,7 @@ TEST_F(CreationRequests, carryObjectEmittersParentAndExtra)
     auto* delegate = new VXDragDelegate2(&window);
     EXPECT_EQ(seen, (std::vector<Seen>{{&window, window.objectEmitters(), nullptr, -1},
                                        {owned, owned->objectEmitters(), &window, -1},
-                                       {layout, layout->objectEmitters(), &window,
+                                       {layout, layout->objectEmitters(), layout->parent(),
                                         static_cast<int>(Direction::BottomToTop)},
                                        {delegate, delegate->objectEmitters(), nullptr, -1}}));
 }

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtabstractdialog2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2/controls/vxabstractbutton2.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -124,8 +125,10 @@ void QtAbstractDialog2::doSetButtonResult(VXAbstractButton2* button, int result)
 {
     withPeerOf<QtWidget2>(button, [this, result](QtWidget2* peer) {
         auto* const qtButton = qobject_cast<QAbstractButton*>(peer ? peer->asQWidget() : nullptr);
-        if (!qtButton)
+        if (!qtButton) {
+            ignored(*this, "that is no button of this back end's");
             return;
+        }
         unsetButtonResult(qtButton);
         peer->becomeHeard(); // its own report comes first
         m_buttonResults.push_back(

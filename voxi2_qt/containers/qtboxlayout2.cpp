@@ -70,9 +70,7 @@ void takeOutWidgetsFor(QWidget* target, const QLayout& layout)
 
 QtBoxLayout2::QtBoxLayout2(VXBoxLayout2* object, VXBoxLayout2Emitters* emitters, QWidget* parent,
                            VOXI::Direction direction)
-    // A widget that has a layout keeps it; Qt would warn.
-    : QtObject2Shim(object, emitters, s_requests, VX2Qt(direction),
-                    parent && !parent->layout() ? parent : nullptr)
+    : QtObject2Shim(object, emitters, s_requests, VX2Qt(direction), freeWidget(object, parent))
 {}
 
 // Requests ----------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include "../kernel/qtaccessiblename.h"
 #include "../kernel/qtcompositor.h"
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "qtdocktitle.h"
 #include "qtfloattitle.h"
@@ -137,7 +138,7 @@ void QtDockWidget2::doSetWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
         QWidget* former = QDockWidget::widget();
-        if (child && (child == former || isWithin(child, this)))
+        if (child && (child == former || !canHold(*this, this, child)))
             return;
         // Out of the layout before Qt takes it out and hides it in its own way.
         if (former)
@@ -158,7 +159,7 @@ void QtDockWidget2::doSetTitleBarWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
         QWidget* former = m_floatTitle ? nullptr : dockTitleIn(*this);
-        if (child && (child == former || isWithin(child, this)))
+        if (child && (child == former || !canHold(*this, this, child)))
             return;
         keepHidden(former, this); // its holder goes
         if (child) {

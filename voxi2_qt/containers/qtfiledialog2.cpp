@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtfiledialog2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2/kernel/translation.h"
 #include "voxi2_qt/kernel/qttext.h"
 
@@ -65,13 +66,13 @@ QString toQtFilter(const FileFilter& filter)
     return toQString(filter.name) + QStringLiteral(" (") + patterns.join(u' ') + u')';
 }
 
-QString inUsersLanguage(const char* english) { return toQString(translated(english)); }
+QString inUsersLanguage(LibraryText english) { return toQString(translated(english)); }
 
 struct Label
 {
     FileDialogLabel m_label;
     QFileDialog::DialogLabel m_qtLabel;
-    const char* m_english;
+    LibraryText m_english;
 };
 
 constexpr Label s_labels[] = {
@@ -83,7 +84,7 @@ constexpr Label s_labels[] = {
 };
 
 /// What Qt says by itself.
-const char* englishOf(const Label& label, FileDialogMode mode)
+LibraryText englishOf(const Label& label, FileDialogMode mode)
 {
     const bool isDirectory = mode == FileDialogMode::Directory;
     if (label.m_label == FileDialogLabel::FileName && isDirectory)
@@ -170,6 +171,8 @@ void QtFileDialog2::doSetDirectory(const Path& directory)
     const QString name = toQFileName(directory);
     if (!name.isEmpty() && QFileInfo(name).isDir())
         setDirectory(name);
+    else
+        ignored(*this, "there is no such directory");
 }
 
 void QtFileDialog2::doSetFilters(const std::vector<FileFilter>& filters)
@@ -192,6 +195,8 @@ void QtFileDialog2::doSetSelectedFilter(int index)
 {
     if (index >= 0 && index < static_cast<int>(m_filters.size()))
         selectNameFilter(nameFilters().at(index));
+    else
+        ignored(*this, Reason::NoIndex);
 }
 
 void QtFileDialog2::doSetDefaultSuffix(const std::wstring& suffix)
@@ -297,11 +302,11 @@ void QtFileDialog2::applySuffix()
 void QtFileDialog2::applyLabels()
 {
     for (const Label& each : s_labels) {
-        const char* const english = englishOf(each, m_mode);
+        const LibraryText english = englishOf(each, m_mode);
         QString text = toQString(translationOf(english));
         if (const auto own = m_labels.find(each.m_label); own != m_labels.end())
             text = !own->second.isEmpty() ? own->second
-                   : text.isEmpty()       ? QFileDialog::tr(english)
+                   : text.isEmpty()       ? QFileDialog::tr(english.english())
                                           : text;
         if (!text.isEmpty())
             setLabelText(each.m_qtLabel, text);
@@ -350,9 +355,9 @@ void QtFileDialog2::ask(QMessageBox::StandardButtons buttons, const QString& tex
 {
     m_question = new QMessageBox(QMessageBox::Warning, windowTitle(), text, buttons, this);
     m_question->setTextFormat(Qt::PlainText);
-    for (const auto& [button, english] : {std::pair(QMessageBox::Ok, "&OK"),
-                                          {QMessageBox::Yes, "&Yes"},
-                                          {QMessageBox::No, "&No"}}) {
+    for (const auto& [button, english] : {std::pair(QMessageBox::Ok, LibraryText("&OK")),
+                                          {QMessageBox::Yes, LibraryText("&Yes")},
+                                          {QMessageBox::No, LibraryText("&No")}}) {
         const std::wstring label = translationOf(english);
         if (QAbstractButton* const shown = m_question->button(button); shown && !label.empty())
             shown->setText(toQString(label));

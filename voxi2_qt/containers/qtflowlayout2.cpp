@@ -161,8 +161,7 @@ QSize Pass::backward()
 
 QtFlowLayout2::QtFlowLayout2(VXFlowLayout2* object, VXFlowLayout2Emitters* emitters,
                              QWidget* parent, VOXI::Direction direction)
-    // A widget that has a layout keeps it; Qt would warn.
-    : QtObject2Shim(object, emitters, s_requests, parent && !parent->layout() ? parent : nullptr),
+    : QtObject2Shim(object, emitters, s_requests, freeWidget(object, parent)),
       m_cachedSize(Nothing),
       m_direction(direction)
 {}

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtgridlayout2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QSpacerItem>
@@ -56,8 +57,7 @@ bool isCell(const VXRect<int>& cell)
 
 QtGridLayout2::QtGridLayout2(VXGridLayout2* object, VXGridLayout2Emitters* emitters,
                              QWidget* parent)
-    // A widget that has a layout keeps it; Qt would warn.
-    : QtObject2Shim(object, emitters, s_requests, parent && !parent->layout() ? parent : nullptr)
+    : QtObject2Shim(object, emitters, s_requests, freeWidget(object, parent))
 {}
 
 // Requests ----------------------------------------------------------------------------------------
@@ -167,13 +167,18 @@ int QtGridLayout2::doGetColCount() { return columnCount(); }
 
 // Helpers -----------------------------------------------------------------------------------------
 
-bool QtGridLayout2::hasRoomFor(const VXRect<int>& cell) const
+bool QtGridLayout2::hasRoomFor(const VXRect<int>& cell, CallPlace where) const
 {
-    if (!isCell(cell))
+    if (!isCell(cell)) {
+        ignored(*this, "there is no such cell", where);
         return false;
+    }
     const qint64 rows = std::max(rowCount(), cell.row() + std::max(cell.rowSpan(), 1));
     const qint64 columns = std::max(columnCount(), cell.column() + std::max(cell.columnSpan(), 1));
-    return rows * columns <= MaxCells;
+    if (rows * columns <= MaxCells)
+        return true;
+    ignored(*this, "these were too many cells", where);
+    return false;
 }
 
 } // namespace VOXI

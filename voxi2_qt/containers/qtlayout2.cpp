@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtlayout2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -89,6 +90,17 @@ private:
     QHash<QObject*, QWidget*> m_items;
 };
 
+QWidget* QtLayout2::freeWidget(const VXObject* layout, QWidget* parent)
+{
+    if (!parent || !parent->layout())
+        return parent;
+    const auto why = [] {
+        return std::string(Reason::HasLayout) + "; this one lies nowhere until addLayout takes it";
+    };
+    ignored(layout, why, CallPlace()); // it is being made
+    return nullptr;
+}
+
 QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
     : QtPeerLevel(object, emitters, s_requests)
 {}
@@ -97,8 +109,10 @@ QtLayout2::QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters)
 
 void QtLayout2::doSetParent(VXObject* widget)
 {
-    if (doRefuses(widget))
+    if (doRefuses(widget)) {
+        ignored(*this, Reason::HasLayout);
         return;
+    }
     withWidgetOf(widget, [this](QWidget* target) {
         if (!target->layout()) {
             for (int i = 0; i < layout()->count(); ++i) {
@@ -217,10 +231,10 @@ QLayoutItem* QtLayout2::itemOf(VXObject* item)
     return index < 0 ? nullptr : layout()->itemAt(index);
 }
 
-bool QtLayout2::prepareFor(QWidget* child)
+bool QtLayout2::prepareFor(QWidget* child, CallPlace where)
 {
     QLayout* const self = layout();
-    if (!child || isWithin(child, self->parentWidget()))
+    if (!canHold(*this, self->parentWidget(), child, where))
         return false;
     takeOutFor(self->parentWidget(), child);
     if (!self->parentWidget()) {

@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtscrollview2.h"
 
 #include "../kernel/enumtable.h"
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -79,7 +80,7 @@ QtScrollView2::QtScrollView2(VXScrollView2* object, VXScrollView2Emitters* emitt
 void QtScrollView2::doSetWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [this](QWidget* child) {
-        if (!child || isWithin(child, this))
+        if (!canHold(*this, this, child))
             return;
         const QScopedValueRollback setting(m_isSetting, true);
         if (child != QScrollArea::widget()) {
@@ -113,6 +114,8 @@ void QtScrollView2::doEnsureWidgetVisible(VXWidget2* widget, int xMargin, int yM
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && QScrollArea::widget()) // Qt does not check that there is one
             ensureWidgetVisible(child, xMargin, yMargin);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 
 #include "../kernel/qtsavedtext.h"
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -56,7 +57,7 @@ void QtSplitter2::doAddWidget(VXWidget2* widget, int stretch)
 void QtSplitter2::doInsertWidget(VXWidget2* widget, int index, int stretch)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child || isWithin(child, this))
+        if (!canHold(*this, this, child))
             return;
         takeOutFor(this, child);
         insertWidget(index, child);          // appends where there is no such position
@@ -74,6 +75,8 @@ void QtSplitter2::doRemoveWidget(VXWidget2* widget)
     withWidgetOf(widget, [&](QWidget* child) {
         if (child && indexOf(child) >= 0)
             keepHidden(child, nullptr);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 
@@ -99,6 +102,8 @@ void QtSplitter2::doSetCollapsible(VXWidget2* widget, bool collapsible)
     withWidgetOf(widget, [&](QWidget* child) {
         if (const int index = child ? indexOf(child) : -1; index >= 0)
             setCollapsible(index, collapsible);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qttabcontainer2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qttab2.h"
 #include "voxi2_qt/containers/qttabbar.h"
@@ -134,8 +135,10 @@ VXTab2* QtTabContainer2::doGetTabAt(int index) { return tabOf(index); }
 void QtTabContainer2::doSetCurrentTab(VXTab2* tab)
 {
     withPeerOf<QtTab2>(tab, [this](QtTab2* page) {
-        if (!page || indexOf(page) < 0)
+        if (!page || indexOf(page) < 0) {
+            ignored(*this, Reason::NotInThis);
             return;
+        }
         const Quiet quiet(*this);
         const QtEventBlocker shown(*page, {WidgetEvent::Show});
         const QtEventBlocker hidden(currentWidget(), {WidgetEvent::Hide});

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtwidgetstack2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
@@ -35,7 +36,7 @@ QtWidgetStack2::QtWidgetStack2(VXWidgetStack2* object, VXWidgetStack2Emitters* e
 void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child || isWithin(child, this))
+        if (!canHold(*this, this, child))
             return;
         takeOut(child);
         const QtSignalBlocker signals(this);
@@ -53,21 +54,27 @@ void QtWidgetStack2::doRaiseWidget(VXWidget2* widget)
 
 void QtWidgetStack2::doRaiseWidgetWithID(int id)
 {
+    if (!widget(id)) {
+        ignored(*this, Reason::NoIndex);
+        return;
+    }
     // Qt moves the focus from a page that it hides to the next one.
     const QtEventBlocker focus(*this, {WidgetEvent::FocusIn});
     const QtEventBlocker shown(widget(id), {WidgetEvent::Show});
     const QtEventBlocker hidden(currentWidget(), {WidgetEvent::Hide});
     const QtSignalBlocker signals(this);
-    setCurrentIndex(id); // ignores what is no position
+    setCurrentIndex(id);
 }
 
 void QtWidgetStack2::doRemoveWidget(VXWidget2* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child || indexOf(child) < 0)
-            return;
-        const QtSignalBlocker signals(this);
-        keepHidden(child, this);
+        if (child && indexOf(child) >= 0) {
+            const QtSignalBlocker signals(this);
+            keepHidden(child, this);
+        } else {
+            ignored(*this, Reason::NotInThis);
+        }
     });
 }
 

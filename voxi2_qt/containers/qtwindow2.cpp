@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtwindow2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2/controls/vxmenubar2.h"
 #include "voxi2/controls/vxtoolbar2.h"
@@ -75,7 +76,7 @@ QtWindow2::~QtWindow2()
 void QtWindow2::doSetCentralWidget(VXWidget2* widget)
 {
     withWidgetOrNone(widget, [this](QWidget* child) {
-        if (child && (child == centralWidget() || isWithin(child, this)))
+        if (child && (child == centralWidget() || !canHold(*this, this, child)))
             return;
         // Qt would delete the former one, which has an owner of its own.
         if (QWidget* former = centralWidget()) {
@@ -111,7 +112,7 @@ void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
 {
     withWidgetOrNone(bar, [this](QWidget* widget) {
         auto* wanted = qobject_cast<QMenuBar*>(widget);
-        if (wanted && (wanted == menuWidget() || isWithin(wanted, this)))
+        if (wanted && (wanted == menuWidget() || !canHold(*this, this, wanted)))
             return;
         const QtEventBlocker blocker(wanted, {WidgetEvent::Show});
         // Qt would delete the former one, which has an owner of its own.
@@ -130,7 +131,7 @@ void QtWindow2::doSetMenuBar(VXMenuBar2* bar)
 void QtWindow2::doAddToolBar(VXToolBar2* bar, ToolBarArea area)
 {
     withToolBarOf(bar, [&](QToolBar* widget) {
-        if (isWithin(widget, this))
+        if (!canHold(*this, this, widget))
             return;
         const QtEventBlocker blocker(widget, {WidgetEvent::Show});
         takeOutFor(this, widget);
@@ -154,6 +155,8 @@ void QtWindow2::doInsertToolBarBreak(VXToolBar2* before)
     withToolBarOf(before, [&](QToolBar* widget) {
         if (isDocked(*widget))
             insertToolBarBreak(widget);
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

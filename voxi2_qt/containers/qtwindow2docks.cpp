@@ -1,5 +1,6 @@
 // The part of QtWindow2 that is about dock widgets, and about saving where they and tool bars are.
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qtsavedstate.h"
 #include "../kernel/qtsavedtext.h"
 #include "../kernel/qttakeout.h"
@@ -113,8 +114,10 @@ void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
 void QtWindow2::doRemoveDockWidget(VXDockWidget2* dock)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {
-        if (!isDocked(peer))
+        if (!isDocked(peer)) {
+            ignored(*this, Reason::NotInThis);
             return;
+        }
         const QtDockWidget2::ProgramScope scope(this);
         const QtEventBlocker blocker(peer, PlacingEvents);
         peer.undock();
@@ -146,8 +149,10 @@ void QtWindow2::doSplitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
 void QtWindow2::doRaiseDockWidget(VXDockWidget2* dock)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {
-        if (!isDocked(peer))
+        if (!isDocked(peer)) {
+            ignored(*this, Reason::NotInThis);
             return;
+        }
         const QtDockWidget2::ProgramScope scope(this);
         const QtEventBlocker blocker(peer, PlacingEvents);
         peer.show();

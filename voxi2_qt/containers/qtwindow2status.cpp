@@ -1,5 +1,6 @@
 // The part of QtWindow2 that is about the status bar.
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtwindow2.h"
 #include "voxi2_qt/kernel/qtclock.h"
@@ -48,7 +49,7 @@ bool QtWindow2::doIsStatusBarVisible()
 void QtWindow2::doAddStatusWidget(VXWidget2* widget, int stretch)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child || isWithin(child, this))
+        if (!canHold(*this, this, child))
             return;
         QStatusBar* bar = ensuredStatusBar();
         if (child->parentWidget() == bar)

@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtcombobox2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -106,7 +107,7 @@ QtComboBox2::QtComboBox2(VXComboBox2* object, VXComboBox2Emitters* emitters, QWi
 
 void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
 {
-    if (m_model)
+    if (!hasOwnItems())
         return;
     const QtProgramScope scope;
     QList<QStandardItem*> made;
@@ -121,7 +122,7 @@ void QtComboBox2::doInsertItems(int index, const std::vector<ComboItem>& items)
 
 void QtComboBox2::doInsertSeparator(int index)
 {
-    if (m_model)
+    if (!hasOwnItems())
         return;
     const QtProgramScope scope;
     insertSeparator(itemAt(index) ? index : count());
@@ -133,6 +134,8 @@ void QtComboBox2::doSetItem(int index, const ComboItem& item)
     if (QStandardItem* const at = itemAt(index)) {
         at->setText(toQString(item.text));
         fill(*at, item, false);
+    } else {
+        ignored(*this, Reason::NoIndex);
     }
 }
 
@@ -149,15 +152,17 @@ ComboItem QtComboBox2::doGetItem(int index)
 
 void QtComboBox2::doRemoveItem(int index)
 {
-    if (m_model)
+    if (!hasOwnItems())
         return;
+    if (index < 0 || index >= count())
+        ignored(*this, Reason::NoIndex);
     const QtProgramScope scope;
     removeItem(index);
 }
 
 void QtComboBox2::doClear()
 {
-    if (m_model)
+    if (!hasOwnItems())
         return;
     const QtProgramScope scope;
     clear();
@@ -179,8 +184,10 @@ int QtComboBox2::doFindText(const std::wstring& text)
 
 void QtComboBox2::doSetCurrentIndex(int index)
 {
-    if (index < -1 || index >= count())
+    if (index < -1 || index >= count()) {
+        ignored(*this, Reason::NoIndex);
         return;
+    }
     const QtProgramScope scope;
     setCurrentIndex(index);
 }
@@ -272,6 +279,13 @@ void QtComboBox2::slotEditTextChanged(const QString& text)
 QStandardItemModel& QtComboBox2::items() const
 {
     return static_cast<QStandardItemModel&>(*model());
+}
+
+bool QtComboBox2::hasOwnItems(CallPlace where) const
+{
+    if (m_model)
+        ignored(*this, "it shows a model", where);
+    return !m_model;
 }
 
 QStandardItem* QtComboBox2::itemAt(int index) const

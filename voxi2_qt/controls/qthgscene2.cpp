@@ -1,6 +1,7 @@
 #include "voxi2_qt/controls/qthgscene2.h"
 
 #include "../kernel/qtaccessiblename.h"
+#include "../kernel/qtignored.h"
 #include "../kernel/sidelibrary.h"
 #include "scenecontent.h"
 #include "scenepicker.h"
@@ -136,8 +137,10 @@ std::vector<unsigned> QtHGScene2::doGetNodes() { return m_content->m_graph.uids(
 
 void QtHGScene2::doSetTransform(unsigned uid, const Matrix4& transform)
 {
-    if (!transform.isFinite())
+    if (!transform.isFinite()) {
+        ignored(*this, Reason::NoNumber);
         return;
+    }
     if (SceneGraph::Node* const node = m_content->m_graph.change(uid)) {
         node->m_value.transform = transform;
         redraw();

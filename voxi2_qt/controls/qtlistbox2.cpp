@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtlistbox2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qtunitsinto.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -161,6 +162,8 @@ void QtListBox2::doRemoveItems(int row)
         clear();
     else if (QListWidgetItem* at = item(row))
         setItemWidget(at, nullptr);
+    else
+        ignored(*this, Reason::NoIndex);
 }
 
 void QtListBox2::doSetSelection(int row, bool selected)
@@ -168,6 +171,8 @@ void QtListBox2::doSetSelection(int row, bool selected)
     const QtSignalBlocker blocker(this);
     if (QListWidgetItem* at = item(row))
         at->setSelected(selected);
+    else
+        ignored(*this, Reason::NoIndex);
 }
 
 void QtListBox2::doClearSelection()
@@ -179,6 +184,8 @@ void QtListBox2::doClearSelection()
 void QtListBox2::doSetCurrentRow(int row)
 {
     const QtSignalBlocker blocker(this);
+    if (row < -1 || row >= count())
+        ignored(*this, Reason::NoIndex);
     setCurrentRow(row);
 }
 
@@ -237,6 +244,8 @@ int QtListBox2::doCount() { return count(); }
 void QtListBox2::doEraseItem(int row)
 {
     const QtSignalBlocker blocker(this);
+    if (row < 0 || row >= count())
+        ignored(*this, Reason::NoIndex);
     delete takeItem(row);
 }
 

@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtmimicsource2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/controls/qtmimicview2.h"
 #include "voxi2_qt/kernel/qtclock.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -92,8 +93,10 @@ void QtMimicSource2::doSetWidget(VXWidget2* widget)
     withWidgetOrNone(widget, [this](QWidget* qtWidget) {
         forget();
         m_widget = qtWidget;
-        if (!qtWidget)
+        if (!qtWidget) {
+            ignored(*this, Reason::NoWidget);
             return;
+        }
         QObject::connect(qtWidget, &QObject::destroyed, this, &QtMimicSource2::slotWidgetDestroyed);
         for (QWidget* each : inside(*qtWidget))
             each->installEventFilter(this);

@@ -20,7 +20,7 @@ struct Looks
 {
     QStyle::StandardPixmap m_icon;
     QRgb m_color;
-    const char* m_name;
+    LibraryText m_name;
 };
 
 /// What is none looks like the first.

@@ -378,7 +378,7 @@ void QtTextBrowser2::setupButtons()
 }
 
 HoverButton* QtTextBrowser2::addButton(const char* image, const char* disabledImage,
-                                       const char* toolTip)
+                                       LibraryText toolTip)
 {
     const QString folder = QStringLiteral("toolbox/shared/brisvale/resources/tidings/");
     auto* const button = new HoverButton(folder + QLatin1String(image),

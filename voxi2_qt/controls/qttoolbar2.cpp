@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qttoolbar2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtbaritem.h"
@@ -72,8 +73,7 @@ void QtToolBar2::doAddAction(VXAction2* action)
 void QtToolBar2::doAddWidget(VXWidget2* widget)
 {
     withPeerOf<QtWidget2>(widget, [this](QtWidget2* peer) {
-        // What holds the bar cannot lie in it.
-        if (!peer || isWithin(peer->asQWidget(), this))
+        if (!canHold(*this, this, peer ? peer->asQWidget() : nullptr))
             return;
         const QtEventBlocker blocker(
             *peer, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});

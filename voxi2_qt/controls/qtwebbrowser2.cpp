@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtwebbrowser2.h"
 
+#include "../kernel/qtignored.h"
 #include "qtwebnews.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -199,8 +200,10 @@ bool QtWebBrowser2::doAreScriptsEnabled() { return m_news->m_settings.areScripts
 void QtWebBrowser2::doSetProfile(const std::wstring& name)
 {
     const QString profile = toQString(name);
-    if (!isProfileName(profile))
+    if (!isProfileName(profile)) {
+        ignored(*this, "a profile cannot be called so");
         return;
+    }
     m_news->m_settings.profile = profile;
     settingsChanged();
 }

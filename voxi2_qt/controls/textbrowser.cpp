@@ -2,6 +2,8 @@
 
 #include "browserurls.h"
 #include "pageresources.h"
+#include "voxi2/kernel/translation.h"
+#include "voxi2_qt/kernel/qttext.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
 #include <QScopedValueRollback>
@@ -24,7 +26,7 @@ PageContent missing(const QUrl& page)
 {
     constexpr qsizetype Most = 1000;
     return {PageContent::Kind::Plain,
-            QStringLiteral("No document: ") + browserText(page).left(Most)};
+            toQString(translated("No document: %1", {toStdWString(browserText(page).left(Most))}))};
 }
 
 PageContent plain(const QString& text) { return {PageContent::Kind::Plain, text}; }
@@ -193,11 +195,11 @@ PageContent TextBrowser::bufferContent(const QString& text, bool isNamed)
 {
     const auto number = bufferNumber(text);
     if (!number)
-        return plain(QStringLiteral("Invalid buffer format: ") + text);
+        return plain(toQString(translated("Invalid buffer format: %1", {toStdWString(text)})));
     const bool exists = *number >= 1 && *number <= m_buffers.size();
     assert((exists || !isNamed) && "index out of range");
     if (!exists)
-        return plain(QStringLiteral("No such buffer: ") + text);
+        return plain(toQString(translated("No such buffer: %1", {toStdWString(text)})));
     if (isNamed)
         m_currentBuffer = *number;
     const QString& content = m_buffers.at(*number - 1);

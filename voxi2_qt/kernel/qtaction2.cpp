@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qtaction2.h"
 
+#include "qtignored.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -67,10 +68,15 @@ std::string portableText(const QKeySequence& keys)
     return toStdString(keys.toString(QKeySequence::PortableText));
 }
 
-QKeySequence parse(const std::string& accelerator)
+QKeySequence parse(const QtAction2& action, const std::string& accelerator,
+                   CallPlace where = CallPlace::current())
 {
     const QKeySequence keys(toQString(accelerator), QKeySequence::PortableText);
-    return keys.toString(QKeySequence::PortableText).isEmpty() ? QKeySequence() : keys;
+    if (!keys.toString(QKeySequence::PortableText).isEmpty())
+        return keys;
+    ignored(
+        action, [&] { return "nobody understands \"" + accelerator + '"'; }, where);
+    return {};
 }
 
 /// The Qt groups by the ids of the abstract ones; each lives while it has actions.
@@ -92,7 +98,7 @@ QtAction2::~QtAction2() { leaveGroup(); }
 
 void QtAction2::doSetAccelerator(const std::string& accelerator)
 {
-    const QKeySequence keys = parse(accelerator);
+    const QKeySequence keys = parse(*this, accelerator);
     if (!keys.isEmpty())
         setShortcut(keys);
 }
@@ -101,7 +107,7 @@ void QtAction2::doSetAccelerators(const VXStringList& accelerators)
 {
     QList<QKeySequence> all;
     for (const std::string& accelerator : accelerators) {
-        const QKeySequence keys = parse(accelerator);
+        const QKeySequence keys = parse(*this, accelerator);
         if (!keys.isEmpty())
             all.append(keys);
     }

@@ -1,5 +1,6 @@
 // The part of QtAbstractView2 that is about columns and their header.
 
+#include "../kernel/qtignored.h"
 #include "qtcolumnheader.h"
 #include "qtsavedcolumns.h"
 #include "qtviewmodel2.h"
@@ -13,6 +14,8 @@
 namespace VOXI {
 
 namespace {
+
+constexpr const char* NoColumn = "the model shown has no such column";
 
 using E = VXAbstractView2Emitters;
 
@@ -28,8 +31,10 @@ const QtColumnHeader& own(const QHeaderView& header)
 void QtAbstractView2::doSetColumnWidth(unsigned column, int width)
 {
     const int section = columnSection(column);
-    if (section < 0)
+    if (section < 0) {
+        ignored(*this, NoColumn);
         return;
+    }
     const int bounded = std::clamp(width, 0, columnHeader().maximumSectionSize());
     if (const auto hidden = m_hiddenWidths.find(column); hidden != m_hiddenWidths.end())
         hidden->second = bounded;
@@ -45,6 +50,8 @@ int QtAbstractView2::doColumnWidth(unsigned column)
 void QtAbstractView2::doSetColumnVisible(unsigned column, bool visible)
 {
     const int section = columnSection(column);
+    if (section < 0)
+        ignored(*this, NoColumn);
     if (section < 0 || visible == !columnHeader().isSectionHidden(section))
         return;
     if (visible)
@@ -73,8 +80,10 @@ bool QtAbstractView2::doIsColumnMovable() { return columnHeader().sectionsMovabl
 
 void QtAbstractView2::doSetSortIndicator(SortIndicator indicator)
 {
-    if (indicator.column != 0 && columnSection(indicator.column) < 0)
+    if (indicator.column != 0 && columnSection(indicator.column) < 0) {
+        ignored(*this, NoColumn);
         return;
+    }
     m_sort = indicator.column != 0 ? indicator : SortIndicator();
     showSortIndicator();
 }
@@ -124,8 +133,10 @@ std::string QtAbstractView2::doSaveHeaderState()
 void QtAbstractView2::doRestoreHeaderState(const std::string& state)
 {
     const auto saved = QtSavedColumns::fromText(state);
-    if (!saved)
+    if (!saved) {
+        ignored(*this, "that is no text of saveHeaderState, or not all of it");
         return;
+    }
     std::vector<unsigned> order;
     for (const QtSavedColumns::Column& column : saved->columns) {
         order.push_back(column.uid);

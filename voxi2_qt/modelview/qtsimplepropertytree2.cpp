@@ -1,6 +1,7 @@
 #include "qtsimplepropertytree2.h"
 
 #include "qtsimpleitemdelegate2.h"
+#include "voxi2/kernel/translation.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/modelview/qtsimplepropertybrowser2.h"
 
@@ -51,7 +52,7 @@ QtSimplePropertyTree2::QtSimplePropertyTree2(QtSimplePropertyBrowser2& browser)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setColumnCount(2);
-    setHeaderLabels({QStringLiteral("Property"), QStringLiteral("Value")});
+    setHeaderLabels({toQString(translated("Property")), toQString(translated("Value"))});
     setRootIsDecorated(true);
     setAlternatingRowColors(true);
     setIndentation(TREE_INDENTATION);

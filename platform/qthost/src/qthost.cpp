@@ -1,5 +1,6 @@
 #include "qthost/qthost.h"
 
+#include "applicationlanguage.h"
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
 
@@ -73,8 +74,10 @@ void quitLoops()
 
 QtHost::QtHost(int& argc, char** argv, NarrowTextEncoding encoding, const std::string& library)
 {
-    if (!QCoreApplication::instance())
+    if (!QCoreApplication::instance()) {
         m_application = std::make_unique<QApplication>(argc, argv);
+        m_language = std::make_unique<ApplicationLanguage>();
+    }
     bringUp(encoding, library);
 }
 

@@ -11,6 +11,7 @@ class QApplication;
 
 namespace VOXI {
 
+class ApplicationLanguage;
 class VXObject;
 
 /// Makes a program a host of the toolkit, in its `main`:
@@ -22,7 +23,10 @@ class VXObject;
 ///         return host.exec();
 ///     }
 ///
-/// Uses the `QApplication` that exists, or makes one. The toolkit is taken down by the destructor;
+/// Uses the `QApplication` that exists, or makes one. One that it makes speaks the user's language
+/// as far as Qt's and the library's translations go: the system's locale says which that is, and
+/// what is missing stays English. Nothing is installed in one that exists; its program calls
+/// `setLanguage` if it likes. The toolkit is taken down by the destructor;
 /// it cannot be brought up again in the process.
 class QTHOST_EXPORT QtHost
 {
@@ -58,7 +62,8 @@ public:
 private:
     void bringUp(NarrowTextEncoding encoding, const std::string& library);
 
-    std::unique_ptr<QApplication> m_application; // null: it is somebody else's
+    std::unique_ptr<QApplication> m_application;     // null: it is somebody else's
+    std::unique_ptr<ApplicationLanguage> m_language; // of that
     std::unique_ptr<EventLoopBinding> m_binding;
     void (*m_terminate)() = nullptr;
 };

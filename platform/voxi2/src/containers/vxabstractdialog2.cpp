@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxabstractdialog2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXAbstractDialog2::VXAbstractDialog2(VXObject2* parent)
@@ -19,7 +21,7 @@ int VXAbstractDialog2::result() const { return m_emitters.getResult(); }
 
 void VXAbstractDialog2::setButtonResult(VXAbstractButton2* button, int result)
 {
-    m_emitters.setButtonResult(button, result);
+    m_emitters.setButtonResult(notNull(this, button), result);
 }
 
 void VXAbstractDialog2::unsetButtonResult(VXAbstractButton2* button)

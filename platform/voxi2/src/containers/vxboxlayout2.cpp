@@ -1,12 +1,15 @@
 #include "voxi2/containers/vxboxlayout2.h"
 
+#include "../kernel/notnull.h"
+#include "voxi2/kernel/ignored.h"
+
 namespace VOXI {
 
 VXBoxLayout2::VXBoxLayout2(VXObject2* parent, Direction direction)
     : VXLayout2(parent),
       m_emitters(VXLayout2::m_emitters)
 {
-    createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, parent, direction);
+    createPeer(&VXFactory2::createBoxLayout2, this, &m_emitters, this->parent(), direction);
 }
 
 VXBoxLayout2::~VXBoxLayout2() { retire(); }
@@ -16,12 +19,12 @@ Direction VXBoxLayout2::direction() const { return m_emitters.getDirection(); }
 
 void VXBoxLayout2::addWidget(VXObject* widget, int stretch, Alignment alignment)
 {
-    m_emitters.boxAddWidget(widget, stretch, alignment);
+    m_emitters.boxAddWidget(notNull(this, widget), stretch, alignment);
 }
 
 void VXBoxLayout2::insertWidget(VXObject* widget, int index, int stretch, Alignment alignment)
 {
-    m_emitters.insertWidget(widget, index, stretch, alignment);
+    m_emitters.insertWidget(notNull(this, widget), index, stretch, alignment);
 }
 
 void VXBoxLayout2::addLayout(VXLayout2* layout, int stretch)
@@ -29,8 +32,13 @@ void VXBoxLayout2::addLayout(VXLayout2* layout, int stretch)
     VXObjectDataLocker lock;
     const unsigned self = id();
     // While a worker waits for the answer, either may end.
-    if (m_emitters.refusesLayout(layout) || !isObjectValid(self) || !takeLayout(layout))
+    const bool refuses = m_emitters.refusesLayout(layout);
+    if (!isObjectValid(self))
         return;
+    if (refuses || !takeLayout(layout)) {
+        ignored(this, "that is no layout, lies in a widget or a layout already, or holds this one");
+        return;
+    }
     m_emitters.addLayout(layout, stretch);
 }
 

@@ -6,7 +6,7 @@ VXFlowLayout2::VXFlowLayout2(VXObject2* parent, Direction direction)
     : VXLayout2(parent),
       m_emitters(VXLayout2::m_emitters)
 {
-    createPeer(&VXFactory2::createFlowLayout2, this, &m_emitters, parent, direction);
+    createPeer(&VXFactory2::createFlowLayout2, this, &m_emitters, this->parent(), direction);
 }
 
 VXFlowLayout2::~VXFlowLayout2() { retire(); }

@@ -1,24 +1,26 @@
 #include "voxi2/containers/vxgridlayout2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXGridLayout2::VXGridLayout2(VXObject2* parent)
     : VXLayout2(parent),
       m_emitters(VXLayout2::m_emitters)
 {
-    createPeer(&VXFactory2::createGridLayout2, this, &m_emitters, parent);
+    createPeer(&VXFactory2::createGridLayout2, this, &m_emitters, this->parent());
 }
 
 VXGridLayout2::~VXGridLayout2() { retire(); }
 
 void VXGridLayout2::addWidget(VXObject* widget, const VXRect<int>& cell, Alignment alignment)
 {
-    m_emitters.gridAddWidget(widget, cell, alignment);
+    m_emitters.gridAddWidget(notNull(this, widget), cell, alignment);
 }
 
 void VXGridLayout2::addWidget(VXObject* widget, int row, int column, Alignment alignment)
 {
-    m_emitters.gridAddWidget(widget, VXRect<int>::cell(row, column), alignment);
+    m_emitters.gridAddWidget(notNull(this, widget), VXRect<int>::cell(row, column), alignment);
 }
 
 void VXGridLayout2::addSpacer(const VXRect<int>& cell, const Size<int>& size)

@@ -1,21 +1,58 @@
 #include "voxi2/containers/vxlayout2.h"
 
 #include "voxi2/kernel/vxwidget2.h"
+#include "../kernel/notnull.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/ignored.h"
+#include "voxi2/kernel/vxhandle.h"
 
 namespace VOXI {
 
-VXLayout2::VXLayout2(VXObject2* parent) : VXObject2(parent), m_emitters(VXObject2::m_emitters) {}
+namespace {
+
+/// What a layout of that parent fills: a window's central widget, which is made if there is none.
+VXObject2* filledBy(VXObject2* parent)
+{
+    const VXObjectDataLocker lock;
+    if (!VXObject::isObjectValid(parent))
+        return parent;
+    const VXHandle<VXWindow2> window(dynamic_cast<VXWindow2*>(parent));
+    if (window.id() == 0)
+        return parent;
+    // While a worker waits for the answer the window may end.
+    VXWidget2* const central = window->centralWidget();
+    if (central || !window.isValid())
+        return central;
+    const VXObject2::BuildScope scope;
+    auto* const panel = new VXPanel2(window.get());
+    window->setCentralWidget(panel);
+    return panel;
+}
+
+} // namespace
+
+VXLayout2::VXLayout2(VXObject2* parent)
+    : VXObject2(filledBy(parent)),
+      m_emitters(VXObject2::m_emitters)
+{}
+
 VXLayout2::~VXLayout2() { retire(); }
 
 void VXLayout2::setParent(VXObject2* parent)
 {
     {
         VXObjectDataLocker lock;
-        if (m_isNested)
+        if (m_isNested) {
+            ignored(this, "a layout inside another one stays there");
             return;
+        }
     }
+    parent = filledBy(parent);
     if (parent && !m_emitters.refuses(parent))
         VXObject2::setParent(parent);
+    else
+        ignored(this, "that is no widget, has another layout, or lies in this one");
 }
 
 bool VXLayout2::takeLayout(VXLayout2* layout)
@@ -30,10 +67,10 @@ bool VXLayout2::takeLayout(VXLayout2* layout)
 
 void VXLayout2::addWidget(VXObject* widget, Alignment alignment)
 {
-    m_emitters.addWidget(widget, alignment);
+    m_emitters.addWidget(notNull(this, widget), alignment);
 }
 
-void VXLayout2::removeWidget(VXObject* widget) { m_emitters.removeWidget(widget); }
+void VXLayout2::removeWidget(VXObject* widget) { m_emitters.removeWidget(notNull(this, widget)); }
 
 void VXLayout2::addSpacer(const Size<int>& size, bool expanding)
 {

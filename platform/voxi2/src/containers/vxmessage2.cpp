@@ -20,7 +20,7 @@ namespace {
 struct Answer
 {
     MessageAnswer m_answer;
-    const char* m_label;
+    LibraryText m_label;
 };
 
 /// In the order of the buttons.
@@ -42,7 +42,7 @@ constexpr Answer s_answers[] = {
 
 struct Sign
 {
-    const char* m_title;
+    LibraryText m_title;
     const wchar_t* m_sign;
     Color m_color;
 };

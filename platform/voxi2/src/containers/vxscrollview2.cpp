@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxscrollview2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXScrollView2::VXScrollView2(VXObject2* parent)
@@ -10,7 +12,7 @@ VXScrollView2::VXScrollView2(VXObject2* parent)
 }
 
 VXScrollView2::~VXScrollView2() { retire(); }
-void VXScrollView2::setWidget(VXWidget2* widget) { m_emitters.setWidget(widget); }
+void VXScrollView2::setWidget(VXWidget2* widget) { m_emitters.setWidget(notNull(this, widget)); }
 VXWidget2* VXScrollView2::widget() const { return m_emitters.getWidget(); }
 void VXScrollView2::setWidgetResizable(bool resizable) { m_emitters.setWidgetResizable(resizable); }
 bool VXScrollView2::isWidgetResizable() const { return m_emitters.isWidgetResizable(); }

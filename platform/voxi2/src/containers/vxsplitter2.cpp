@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxsplitter2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXSplitter2::VXSplitter2(VXObject2* parent, Orientation orientation)
@@ -13,15 +15,18 @@ VXSplitter2::~VXSplitter2() { retire(); }
 
 void VXSplitter2::addWidget(VXWidget2* widget, int stretch)
 {
-    m_emitters.addWidget(widget, stretch);
+    m_emitters.addWidget(notNull(this, widget), stretch);
 }
 
 void VXSplitter2::insertWidget(VXWidget2* widget, int index, int stretch)
 {
-    m_emitters.insertWidget(widget, index, stretch);
+    m_emitters.insertWidget(notNull(this, widget), index, stretch);
 }
 
-void VXSplitter2::removeWidget(VXWidget2* widget) { m_emitters.removeWidget(widget); }
+void VXSplitter2::removeWidget(VXWidget2* widget)
+{
+    m_emitters.removeWidget(notNull(this, widget));
+}
 int VXSplitter2::widgetIndex(VXWidget2* widget) const { return m_emitters.getWidgetIndex(widget); }
 int VXSplitter2::count() const { return m_emitters.count(); }
 

@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxtabcontainer2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXTabContainer2::VXTabContainer2(VXObject2* parent)
@@ -16,7 +18,7 @@ std::vector<VXTab2*> VXTabContainer2::tabs() const { return m_emitters.getTabs()
 int VXTabContainer2::count() const { return m_emitters.count(); }
 int VXTabContainer2::indexOf(VXTab2* tab) const { return m_emitters.getTabIndex(tab); }
 VXTab2* VXTabContainer2::tabAt(int index) const { return m_emitters.getTabAt(index); }
-void VXTabContainer2::setCurrentTab(VXTab2* tab) { m_emitters.setCurrentTab(tab); }
+void VXTabContainer2::setCurrentTab(VXTab2* tab) { m_emitters.setCurrentTab(notNull(this, tab)); }
 VXTab2* VXTabContainer2::currentTab() const { return m_emitters.getCurrentTab(); }
 void VXTabContainer2::setTabPosition(TabPosition position) { m_emitters.setTabPosition(position); }
 TabPosition VXTabContainer2::tabPosition() const { return m_emitters.getTabPosition(); }

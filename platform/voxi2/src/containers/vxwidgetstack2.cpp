@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxwidgetstack2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXWidgetStack2::VXWidgetStack2(VXObject2* parent)
@@ -13,11 +15,17 @@ VXWidgetStack2::~VXWidgetStack2() { retire(); }
 
 void VXWidgetStack2::addWidget(VXWidget2* widget, int index)
 {
-    m_emitters.addWidget(widget, index);
+    m_emitters.addWidget(notNull(this, widget), index);
 }
 
-void VXWidgetStack2::removeWidget(VXWidget2* widget) { m_emitters.removeWidget(widget); }
-void VXWidgetStack2::raiseWidget(VXWidget2* widget) { m_emitters.raiseWidget(widget); }
+void VXWidgetStack2::removeWidget(VXWidget2* widget)
+{
+    m_emitters.removeWidget(notNull(this, widget));
+}
+void VXWidgetStack2::raiseWidget(VXWidget2* widget)
+{
+    m_emitters.raiseWidget(notNull(this, widget));
+}
 void VXWidgetStack2::raiseWidgetWithID(int id) { m_emitters.raiseWidgetWithID(id); }
 VXWidget2* VXWidgetStack2::currentWidget() const { return m_emitters.getCurrentWidget(); }
 int VXWidgetStack2::currentID() const { return m_emitters.getCurrentID(); }

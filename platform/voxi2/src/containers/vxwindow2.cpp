@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxwindow2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXWindow2::VXWindow2(VXObject2* parent) : VXWindow2(AnyText(), parent) {}
@@ -27,9 +29,15 @@ bool VXWindow2::supportsGlobalFocusBlocker() const
 
 void VXWindow2::setMenuBar(VXMenuBar2* bar) { m_emitters.setMenuBar(bar); }
 VXMenuBar2* VXWindow2::menuBar() const { return m_emitters.getMenuBar(); }
-void VXWindow2::addToolBar(VXToolBar2* bar, ToolBarArea area) { m_emitters.addToolBar(bar, area); }
-void VXWindow2::removeToolBar(VXToolBar2* bar) { m_emitters.removeToolBar(bar); }
-void VXWindow2::insertToolBarBreak(VXToolBar2* before) { m_emitters.insertToolBarBreak(before); }
+void VXWindow2::addToolBar(VXToolBar2* bar, ToolBarArea area)
+{
+    m_emitters.addToolBar(notNull(this, bar), area);
+}
+void VXWindow2::removeToolBar(VXToolBar2* bar) { m_emitters.removeToolBar(notNull(this, bar)); }
+void VXWindow2::insertToolBarBreak(VXToolBar2* before)
+{
+    m_emitters.insertToolBarBreak(notNull(this, before));
+}
 ToolBarArea VXWindow2::toolBarArea(VXToolBar2* bar) const { return m_emitters.getToolBarArea(bar); }
 
 void VXWindow2::setStatusText(const AnyText& text, int timeout)
@@ -44,31 +52,37 @@ bool VXWindow2::isStatusBarVisible() const { return m_emitters.isStatusBarVisibl
 
 void VXWindow2::addStatusWidget(VXWidget2* widget, int stretch)
 {
-    m_emitters.addStatusWidget(widget, stretch);
+    m_emitters.addStatusWidget(notNull(this, widget), stretch);
 }
 
 void VXWindow2::removeStatusWidget(VXWidget2* widget) { m_emitters.removeStatusWidget(widget); }
 
 void VXWindow2::addDockWidget(VXDockWidget2* dock, DockArea area)
 {
-    m_emitters.addDockWidget(dock, area);
+    m_emitters.addDockWidget(notNull(this, dock), area);
 }
 
-void VXWindow2::removeDockWidget(VXDockWidget2* dock) { m_emitters.removeDockWidget(dock); }
+void VXWindow2::removeDockWidget(VXDockWidget2* dock)
+{
+    m_emitters.removeDockWidget(notNull(this, dock));
+}
 DockArea VXWindow2::dockArea(VXDockWidget2* dock) const { return m_emitters.getDockArea(dock); }
 
 void VXWindow2::tabifyDockWidget(VXDockWidget2* first, VXDockWidget2* second)
 {
-    m_emitters.tabifyDockWidget(first, second);
+    m_emitters.tabifyDockWidget(notNull(this, first), second);
 }
 
 void VXWindow2::splitDockWidget(VXDockWidget2* first, VXDockWidget2* second,
                                 Orientation orientation)
 {
-    m_emitters.splitDockWidget(first, second, orientation);
+    m_emitters.splitDockWidget(notNull(this, first), second, orientation);
 }
 
-void VXWindow2::raiseDockWidget(VXDockWidget2* dock) { m_emitters.raiseDockWidget(dock); }
+void VXWindow2::raiseDockWidget(VXDockWidget2* dock)
+{
+    m_emitters.raiseDockWidget(notNull(this, dock));
+}
 std::string VXWindow2::saveLayout() const { return m_emitters.saveLayout(); }
 
 bool VXWindow2::restoreLayout(const std::string& layout)

@@ -1,5 +1,7 @@
 #include "voxi2/controls/vxedit2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXEdit2::VXEdit2(VXObject2* parent) : VXEdit2(AnyText(), parent) {}
@@ -24,7 +26,7 @@ bool VXEdit2::isClearButtonVisible() const { return m_emitters.isClearButtonVisi
 
 void VXEdit2::addSideAction(VXAction2* action, EditSide side)
 {
-    m_emitters.addSideAction(action, side);
+    m_emitters.addSideAction(notNull(this, action), side);
 }
 
 void VXEdit2::removeSideAction(VXAction2* action) { m_emitters.removeSideAction(action); }

@@ -1,5 +1,6 @@
 #include "voxi2/controls/vxmenu2.h"
 
+#include "../kernel/notnull.h"
 #include "voxi2/kernel/vxaction2.h"
 
 namespace VOXI {
@@ -13,7 +14,7 @@ VXMenu2::~VXMenu2() { retire(); }
 
 // Content -----------------------------------------------------------------------------------------
 
-void VXMenu2::addAction(VXAction2* action) { m_emitters.addMenuItem(action); }
+void VXMenu2::addAction(VXAction2* action) { m_emitters.addMenuItem(notNull(this, action)); }
 
 VXAction2* VXMenu2::addAction(const AnyText& label)
 {
@@ -35,7 +36,7 @@ VXAction2* VXMenu2::addAction(const AnyText& label)
 
 void VXMenu2::addMenu(const AnyText& title, VXMenu2* menu)
 {
-    title.passTo(m_emitters.addSubMenu, m_emitters.addSubMenuU, menu);
+    title.passTo(m_emitters.addSubMenu, m_emitters.addSubMenuU, notNull(this, menu));
 }
 
 void VXMenu2::addSeparator() { m_emitters.addSeparator(); }
@@ -72,8 +73,10 @@ void VXMenu2::popup(const VXPoint<int>& globalPosition)
 void VXMenu2::setContextMenuOf(VXWidget2* widget)
 {
     VXObjectDataLocker lock;
-    if (!isObjectValid(widget) || !widget->servingThread())
+    if (!isObjectValid(widget) || !widget->servingThread()) {
+        ignored(this, "that is no widget that is shown by a back end");
         return;
+    }
     std::erase_if(m_contextMenus, [](const auto& entry) { return !isObjectValid(entry.first); });
     TROV::ConnectionHandle& connection = m_contextMenus[widget->id()];
     connection.disconnect();

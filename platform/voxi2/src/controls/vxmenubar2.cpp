@@ -1,5 +1,7 @@
 #include "voxi2/controls/vxmenubar2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXMenuBar2::VXMenuBar2(VXObject2* parent) : VXWidget2(parent), m_emitters(VXWidget2::m_emitters)
@@ -11,7 +13,7 @@ VXMenuBar2::~VXMenuBar2() { retire(); }
 
 void VXMenuBar2::addMenu(const AnyText& title, VXMenu2* menu)
 {
-    title.passTo(m_emitters.glAddMenu, m_emitters.addMenuU, menu);
+    title.passTo(m_emitters.glAddMenu, m_emitters.addMenuU, notNull(this, menu));
 }
 
 void VXMenuBar2::removeMenu(VXMenu2* menu) { m_emitters.removeMenu(menu); }

@@ -1,5 +1,7 @@
 #include "voxi2/controls/vxtoolbar2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXToolBar2::VXToolBar2(VXObject2* parent) : VXToolBar2(AnyText(), parent) {}
@@ -13,11 +15,11 @@ VXToolBar2::VXToolBar2(const AnyText& label, VXObject2* parent)
 }
 
 VXToolBar2::~VXToolBar2() { retire(); }
-void VXToolBar2::addAction(VXAction2* action) { m_emitters.addAction(action); }
-void VXToolBar2::addWidget(VXWidget2* widget) { m_emitters.addWidget(widget); }
+void VXToolBar2::addAction(VXAction2* action) { m_emitters.addAction(notNull(this, action)); }
+void VXToolBar2::addWidget(VXWidget2* widget) { m_emitters.addWidget(notNull(this, widget)); }
 void VXToolBar2::addSeparator() { m_emitters.addSeparator(); }
-void VXToolBar2::removeAction(VXAction2* action) { m_emitters.removeAction(action); }
-void VXToolBar2::removeWidget(VXWidget2* widget) { m_emitters.removeWidget(widget); }
+void VXToolBar2::removeAction(VXAction2* action) { m_emitters.removeAction(notNull(this, action)); }
+void VXToolBar2::removeWidget(VXWidget2* widget) { m_emitters.removeWidget(notNull(this, widget)); }
 void VXToolBar2::setMinimumVisibleItems(int count) { m_emitters.setMinimumVisibleItems(count); }
 int VXToolBar2::minimumVisibleItems() const { return m_emitters.getMinimumVisibleItems(); }
 void VXToolBar2::setFloatable(bool floatable) { m_emitters.setFloatable(floatable); }

@@ -2,6 +2,7 @@
 
 #include "trov/thread.h"
 #include "voxi/guiobject.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxfactory2.h"
 
 namespace VOXI {
@@ -48,7 +49,13 @@ void VXObject2::releaseAllPeers()
 
 VXFactory2* VXObject2::factoryForNewObject() const
 {
-    return id() != 0 ? VXFactory2::current() : nullptr;
+    if (id() == 0)
+        return nullptr;
+    VXFactory2* const factory = VXFactory2::current();
+    if (!factory)
+        ignored(this, "no back end is up: it gets no peer, and requests to it do nothing",
+                CallPlace()); // it is being made
+    return factory;
 }
 
 void VXObject2::setObjectName(const std::string& name)
@@ -123,9 +130,12 @@ void VXObject2::setParent(VXObject2* parent)
 {
     {
         VXObjectDataLocker lock;
-        if (id() == 0 || m_life != Life::Alive
-            || (parent && (!isObjectValid(parent) || isAncestorOf(parent))))
+        if (id() == 0 || m_life != Life::Alive || (parent && !isObjectValid(parent)))
             return;
+        if (parent && isAncestorOf(parent)) {
+            ignored(this, "the object owns that one");
+            return;
+        }
         unlink();
         if (parent)
             link(parent);

@@ -2,6 +2,7 @@
 
 #include "propertytexts.h"
 #include "propertytypedata.h"
+#include "voxi2/kernel/translation.h"
 #include "voxi_util/color.h"
 #include "voxi_util/textencoding.h"
 #include "voxi_util/vxfont.h"
@@ -289,24 +290,25 @@ std::wstring PropertyType::wish() const
     const Data& d = *m_data;
     switch (d.kind) {
     case PropertyKind::Integer:
-        return L"A whole number from " + std::to_wstring(d.leastInteger) + L" to "
-               + std::to_wstring(d.greatestInteger) + L" is wanted.";
+        return translated("A whole number from %1 to %2 is wanted.",
+                          {std::to_wstring(d.leastInteger), std::to_wstring(d.greatestInteger)});
     case PropertyKind::Double:
-        return L"A number from " + PropertyTexts::ofDouble(d.leastDouble, -1) + L" to "
-               + PropertyTexts::ofDouble(d.greatestDouble, -1) + L" is wanted.";
+        return translated("A number from %1 to %2 is wanted.",
+                          {PropertyTexts::ofDouble(d.leastDouble, -1),
+                           PropertyTexts::ofDouble(d.greatestDouble, -1)});
     case PropertyKind::Bool:
-        return L"\"true\" or \"false\" is wanted.";
+        return translated("\"true\" or \"false\" is wanted.");
     case PropertyKind::Enumeration:
     case PropertyKind::Flags:
-        return L"That is no choice.";
+        return translated("That is no choice.");
     case PropertyKind::Color:
-        return L"A colour is wanted, as \"#ff8000\" or \"#ff8000ff\".";
+        return translated("A colour is wanted, as \"#ff8000\" or \"#ff8000ff\".");
     case PropertyKind::Font:
-        return L"A font is wanted, as \"Sans Serif, 9, bold, italic, underline\".";
+        return translated("A font is wanted, as \"Sans Serif, 9, bold, italic, underline\".");
     case PropertyKind::Date:
-        return L"A date is wanted, as \"2026-11-22\".";
+        return translated("A date is wanted, as \"2026-11-22\".");
     case PropertyKind::User:
-        return L"This is no " + wideFromUtf8(d.type.name()) + L".";
+        return translated("This is no %1.", {wideFromUtf8(d.type.name())});
     default:
         return {};
     }

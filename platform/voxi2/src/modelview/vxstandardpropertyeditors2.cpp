@@ -114,7 +114,7 @@ Made line(VXSimplePropertyBrowser2& browser, VXSimpleProperty2& property)
             }};
 }
 
-void addButton(VXEdit2& edit, const Icon& icon, const char* tip, std::function<void()> act)
+void addButton(VXEdit2& edit, const Icon& icon, LibraryText tip, std::function<void()> act)
 {
     auto* const action = new VXAction2(&edit);
     action->setIcon(icon);
@@ -308,8 +308,8 @@ void editLines(VXHandle<VXSimplePropertyBrowser2> browser, Property property)
     auto* const buttons = new VXBoxLayout2(rows, Direction::LeftToRight);
     rows->addLayout(buttons);
     buttons->addStretch();
-    for (const auto& [text, result] :
-         {std::pair("&OK", VXDialog2::Accepted), std::pair("&Cancel", VXDialog2::Rejected)}) {
+    for (const auto& [text, result] : {std::pair(LibraryText("&OK"), VXDialog2::Accepted),
+                                       std::pair(LibraryText("&Cancel"), VXDialog2::Rejected)}) {
         auto* const button = new VXButton2(translated(text), dialog);
         dialog->setButtonResult(button, result);
         buttons->addWidget(button);

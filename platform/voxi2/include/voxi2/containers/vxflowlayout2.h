@@ -18,7 +18,9 @@ struct VXFlowLayout2Emitters : TROV::EmittersTable<VXLayout2Emitters>
 /// Places widgets in lines, like words: what does not fit begins the next line.
 ///
 /// Each widget gets the size that it would like. Lines go in the direction and follow each other
-/// downwards, those of the two vertical directions to the right. The layout asks for as much room
+/// downwards, those of the two vertical directions to the right. Directions are what they are
+/// called: other than a box or a grid it is not mirrored where the user reads from right to left;
+/// `RightToLeft` is for that. The layout asks for as much room
 /// as it used when it last laid out, and for none before. It places widgets up to the edges of its
 /// widget: margins are set there, by `VXWidget2::setContentsMargins`.
 class VOXI2_EXPORT VXFlowLayout2 : public VXLayout2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/containers/vxgridlayout2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2_qt/containers/qtlayout2.h"
 #include "voxi2_qt/kernel/qtobject2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -40,7 +41,7 @@ public:
     virtual int doGetColCount();
 
 private:
-    bool hasRoomFor(const VXRect<int>& cell) const;
+    bool hasRoomFor(const VXRect<int>& cell, CallPlace where = CallPlace::current()) const;
 };
 
 } // namespace VOXI

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/containers/vxlayout2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2_qt/kernel/qtpeerlevel.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
@@ -41,6 +42,9 @@ public:
     static QLayout* asQLayout(GuiObject* peer);
 
 protected:
+    /// The widget that a new layout fills: none if it has a layout, which it keeps; Qt would warn.
+    static QWidget* freeWidget(const VXObject* layout, QWidget* parent);
+
     QtLayout2(VXLayout2* object, VXLayout2Emitters* emitters);
 
     /// The Qt layout that this peer is.
@@ -48,7 +52,7 @@ protected:
 
     /// To be called before a widget is added: takes it out of where it is. False when it cannot be
     /// laid out: null cannot, nor one that the layout itself lies in.
-    bool prepareFor(QWidget* child);
+    bool prepareFor(QWidget* child, CallPlace where = CallPlace::current());
     /// To be called once it is in: a handler may have moved it elsewhere on the way, and the layout
     /// would not see it end there.
     void forgetStray(QWidget* child);

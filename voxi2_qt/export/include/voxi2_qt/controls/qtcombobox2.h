@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxcombobox2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
@@ -70,6 +71,8 @@ private:
     /// Its own, which it has unless a model is set.
     QStandardItemModel& items() const;
     /// Null where there is none, and where a model is set.
+    /// Whether it shows items of its own; a request for these is else ignored.
+    bool hasOwnItems(CallPlace where = CallPlace::current()) const;
     QStandardItem* itemAt(int index) const;
     void adjustWidth();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxtextbrowser2.h"
+#include "voxi2/kernel/librarytext.h"
 #include "voxi2_qt/controls/textbrowser.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -105,7 +106,7 @@ private Q_SLOTS:
 
 private:
     void setupButtons();
-    HoverButton* addButton(const char* image, const char* disabledImage, const char* toolTip);
+    HoverButton* addButton(const char* image, const char* disabledImage, LibraryText toolTip);
 
     bool m_isBackAvailable = false;
     bool m_isForwardAvailable = false;
