@@ -374,10 +374,13 @@ std::vector<Kind> kernelKinds()
 
 std::vector<Kind> containerKinds()
 {
+    using Box = VXBoxLayout2;
     using Dialog = VXDialog2;
     using Dock = VXDockWidget2;
     using File = VXFileDialog2;
     using Frame = VXFrame2;
+    using Flow = VXFlowLayout2;
+    using Grid = VXGridLayout2;
     using Group = VXGroupBox2;
     using Scroll = VXScrollView2;
     using Splitter = VXSplitter2;
@@ -386,7 +389,8 @@ std::vector<Kind> containerKinds()
     using Tip = VXToolTipWindow2;
     using Window = VXWindow2;
     return {
-        kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
+        kind<Box, QBoxLayout, &F::createBoxLayout2>("BoxLayout")
+            .has("direction", &Box::setDirection, &Box::direction, Direction::BottomToTop),
         kind<Dialog, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog)
             .has("sizeGrip", &Dialog::setSizeGripEnabled, &Dialog::isSizeGripEnabled, true)
             .refersTo("defaultButton", &Dialog::setDefaultButton, &Dialog::defaultButton),
@@ -404,7 +408,8 @@ std::vector<Kind> containerKinds()
             .has("mode", &File::setMode, &File::mode, FileDialogMode::SaveFile)
             .has("defaultSuffix", &File::setDefaultSuffix, &File::defaultSuffix, L"txt")
             .reports("filesChosen", &File::filesChosen),
-        kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
+        kind<Flow, QLayout, &F::createFlowLayout2>("FlowLayout")
+            .has("direction", &Flow::setDirection, &Flow::direction, Direction::BottomToTop),
         kind<Frame, QFrame, &F::createFrame2>("Frame", QAccessible::Border)
             .has("shadow", &Frame::setShadow, &Frame::shadow, FrameShadow::Raised)
             .has("shape", &Frame::setShape, &Frame::shape, FrameShape::Box)
@@ -417,14 +422,30 @@ std::vector<Kind> containerKinds()
                     });
                 },
                 &Frame::hasPainter, true),
-        kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
+        kind<Grid, QGridLayout, &F::createGridLayout2>("GridLayout")
+            .has("horizontalSpacing", &Grid::setHorizontalSpacing, &Grid::horizontalSpacing, 17),
         kind<Group, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping)
             .has("title", &Group::setTitle, &Group::titleU, L"title")
-            .has("flat", &Group::setFlat, &Group::isFlat, true),
+            .has("flat", &Group::setFlat, &Group::isFlat, true)
+            .has("checkable", &Group::setCheckable, &Group::isCheckable, true)
+            .has(
+                "checked",
+                [](Group& group, bool checked) {
+                    group.setCheckable(true);
+                    group.setChecked(!checked);
+                    group.setChecked(checked);
+                },
+                &Group::isChecked, true)
+            .reports("toggled", &Group::toggled,
+                     [](Group& group) {
+                         group.setCheckable(true);
+                         group.imitateToggle();
+                     }),
         kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
         kind<Scroll, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client)
             .has("widgetResizable", &Scroll::setWidgetResizable, &Scroll::isWidgetResizable, true)
-            .refersTo("widget", &Scroll::setWidget, &Scroll::widget),
+            .refersTo("widget", &Scroll::setWidget, &Scroll::widget)
+            .reports("scrolled", &Scroll::scrolled),
         kind<Splitter, QSplitter, &F::createSplitter2>("Splitter", QAccessible::Splitter)
             .has("handleWidth", &Splitter::setHandleWidth, &Splitter::handleWidth, 9)
             .has("orientation", &Splitter::setOrientation, &Splitter::orientation,
@@ -452,7 +473,8 @@ std::vector<Kind> containerKinds()
             .has("timeout", &Tip::setTimeout, &Tip::timeout, 600000)
             .reports("clicked", &Tip::clicked),
         kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
-                                                                     QAccessible::LayeredPane),
+                                                                     QAccessible::LayeredPane)
+            .reports("currentGone", &VXWidgetStack2::currentGone),
         kind<Window, QMainWindow, &F::createWindow2>("Window", QAccessible::Window)
             .has(
                 "statusText", [](Window& w, const std::wstring& text) { w.setStatusText(text); },
