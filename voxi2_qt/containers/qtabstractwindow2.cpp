@@ -5,12 +5,15 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QIcon>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <chrono>
 
 namespace VOXI {
@@ -41,7 +44,15 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::showMaximized, &P::doShowMaximized>(),
     TROV::row<&E::showFullScreen, &P::doShowFullScreen>(),
     TROV::row<&E::showNormal, &P::doShowNormal>(),
-    TROV::row<&E::raiseNativeWindow, &P::doRaiseNativeWindow>());
+    TROV::row<&E::raiseNativeWindow, &P::doRaiseNativeWindow>(),
+    TROV::row<&E::setOpacity, &P::doSetOpacity>(),
+    TROV::row<&E::getOpacity, &P::doGetOpacity>(),
+    TROV::row<&E::getFrameGeometry, &P::doGetFrameGeometry>(),
+    TROV::row<&E::getScreens, &P::doGetScreens>(),
+    TROV::row<&E::getScreen, &P::doGetScreen>(),
+    TROV::row<&E::alert, &P::doAlert>(),
+    TROV::row<&E::setCloseButtonVisible, &P::doSetCloseButtonVisible>(),
+    TROV::row<&E::isCloseButtonVisible, &P::doIsCloseButtonVisible>());
 // clang-format on
 
 constexpr char GeometryKind[] = "voxi-geometry";
@@ -64,6 +75,31 @@ void QtAbstractWindow2::doSetParent(VXObject* parent)
 {
     // With its flags: without them it would become a part of the parent's surface.
     changeParent(parent, asQWidget()->windowFlags());
+}
+
+void QtAbstractWindow2::doShow()
+{
+    expectActivation();
+    QtPeerLevel::doShow();
+}
+
+void QtAbstractWindow2::doSetVisible(bool visible)
+{
+    if (visible)
+        expectActivation();
+    QtPeerLevel::doSetVisible(visible);
+}
+
+void QtAbstractWindow2::doRaise()
+{
+    expectActivation();
+    QtPeerLevel::doRaise();
+}
+
+void QtAbstractWindow2::doSetActiveWindow()
+{
+    expectActivation();
+    QtPeerLevel::doSetActiveWindow();
 }
 
 void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
@@ -92,15 +128,8 @@ void QtAbstractWindow2::doSetIcon(const Icon& icon)
 
 void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 {
-    QWidget* widget = asQWidget();
-    const bool visible = widget->isVisible();
-    const bool embedded = flags == 0 && widget->parentWidget();
-    // Qt hides a window whose flags change.
-    const QtEventBlocker blocker(*this,
-                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
-    widget->setWindowFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
-    if (visible)
-        widget->show();
+    const bool embedded = flags == 0 && asQWidget()->parentWidget();
+    applyFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
 }
 
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
@@ -168,12 +197,67 @@ bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
     return true;
 }
 
+void QtAbstractWindow2::doSetOpacity(double opacity)
+{
+    asQWidget()->setWindowOpacity(opacity >= 0 ? std::min(opacity, 1.0) : 0.0);
+}
+
+double QtAbstractWindow2::doGetOpacity() { return asQWidget()->windowOpacity(); }
+VXRect<int> QtAbstractWindow2::doGetFrameGeometry() { return Qt2VX(asQWidget()->frameGeometry()); }
+
+std::vector<Screen> QtAbstractWindow2::doGetScreens()
+{
+    std::vector<Screen> screens;
+    for (const QScreen* each : QGuiApplication::screens()) {
+        screens.push_back({toStdWString(each->name()), Qt2VX(each->geometry()),
+                           Qt2VX(each->availableGeometry()), each->devicePixelRatio()});
+    }
+    return screens;
+}
+
+int QtAbstractWindow2::doGetScreen()
+{
+    return static_cast<int>(QGuiApplication::screens().indexOf(asQWidget()->screen()));
+}
+
+void QtAbstractWindow2::doAlert(int duration)
+{
+    QApplication::alert(asQWidget(), std::max(duration, 0));
+}
+
+void QtAbstractWindow2::doSetCloseButtonVisible(bool visible)
+{
+    m_closeButton = visible;
+    applyFlags(asQWidget()->windowFlags());
+}
+
+bool QtAbstractWindow2::doIsCloseButtonVisible()
+{
+    return asQWidget()->windowFlags().testFlag(Qt::WindowCloseButtonHint);
+}
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtAbstractWindow2::passStateChange(const QEvent& event)
 {
     if (event.type() == QEvent::WindowStateChange)
         reportState();
+    else if (event.type() == QEvent::ActivationChange)
+        reportActivation();
+}
+
+void QtAbstractWindow2::reportActivation()
+{
+    const QWidget& window = *asQWidget();
+    const bool isActive = window.isActiveWindow();
+    if (!window.isWindow() || isActive == m_isKnownActive)
+        return;
+    m_isKnownActive = isActive;
+    const bool isAsked = isActive && !m_activating.hasExpired();
+    if (isActive)
+        m_activating.setRemainingTime(0);
+    if (!isAsked && window.isVisible())
+        report(&E::activationChanged, isActive);
 }
 
 void QtAbstractWindow2::reportState()
@@ -186,6 +270,30 @@ void QtAbstractWindow2::reportState()
 }
 
 // Helpers -----------------------------------------------------------------------------------------
+
+/// The program asks for something that makes the window the active one, now or soon.
+void QtAbstractWindow2::expectActivation()
+{
+    if (!m_isKnownActive)
+        m_activating.setRemainingTime(StateSettles);
+}
+
+void QtAbstractWindow2::applyFlags(Qt::WindowFlags flags)
+{
+    if (m_closeButton && flags.testFlag(Qt::Window)) {
+        flags.setFlag(Qt::WindowCloseButtonHint, *m_closeButton);
+        if (!*m_closeButton) // or Qt would add the usual ones
+            flags |= Qt::CustomizeWindowHint;
+    }
+    // Qt hides a window whose flags change.
+    QWidget* const widget = asQWidget();
+    const bool visible = widget->isVisible();
+    const QtEventBlocker blocker(*this,
+                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
+    widget->setWindowFlags(flags);
+    if (visible)
+        widget->show();
+}
 
 /// Shows the window in a state. Each step may run handlers that end it.
 void QtAbstractWindow2::showInState(VXFlags<WindowState> state)

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qttabbar.h"
 
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 
 #include <utility>
@@ -36,6 +37,17 @@ void QtTabBar::mouseReleaseEvent(QMouseEvent* event)
     const int to = m_container.indexOf(page);
     if (from >= 0 && to >= 0 && to != from)
         Q_EMIT pageDragged(page, from, to);
+}
+
+void QtTabBar::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const int index = isByKey ? currentIndex() : tabAt(event->pos());
+    const QPoint global = isByKey ? mapToGlobal(tabRect(index).center()) : event->globalPos();
+    bool taken = false;
+    if (index >= 0)
+        Q_EMIT menuRequested(index, global, &taken);
+    event->setAccepted(taken);
 }
 
 } // namespace VOXI

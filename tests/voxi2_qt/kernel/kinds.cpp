@@ -6,10 +6,12 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDial>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -120,7 +122,9 @@ void addWindow(Kind& kind)
         .has("icon", &W::setIcon, &W::icon, s_icon)
         .has("modified", &W::setModified, &W::isModified, true)
         .has("windowState", &W::setWindowState, &W::windowState, WindowState::Maximized)
-        .reports("stateChanged", &W::stateChanged);
+        .has("opacity", &W::setOpacity, &W::opacity, 0.2) // 51 / 255
+        .reports("stateChanged", &W::stateChanged)
+        .reports("activationChanged", &W::activationChanged);
     // Others are added for the window's kind.
     kind.m_settings.push_back(
         {"windowFlags",
@@ -375,6 +379,8 @@ std::vector<Kind> kernelKinds()
 std::vector<Kind> containerKinds()
 {
     using Box = VXBoxLayout2;
+    using ColorChooser = VXColorDialog2;
+    using FontChooser = VXFontDialog2;
     using Dialog = VXDialog2;
     using Dock = VXDockWidget2;
     using File = VXFileDialog2;
@@ -391,6 +397,12 @@ std::vector<Kind> containerKinds()
     return {
         kind<Box, QBoxLayout, &F::createBoxLayout2>("BoxLayout")
             .has("direction", &Box::setDirection, &Box::direction, Direction::BottomToTop),
+        kind<ColorChooser, QColorDialog, &F::createColorDialog2>("ColorDialog", QAccessible::Dialog)
+            .has("currentColor", &ColorChooser::setCurrentColor, &ColorChooser::currentColor,
+                 Color(1, 2, 3))
+            .has("alphaEnabled", &ColorChooser::setAlphaEnabled, &ColorChooser::isAlphaEnabled,
+                 true)
+            .reports("currentColorChanged", &ColorChooser::currentColorChanged),
         kind<Dialog, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog)
             .has("sizeGrip", &Dialog::setSizeGripEnabled, &Dialog::isSizeGripEnabled, true)
             .refersTo("defaultButton", &Dialog::setDefaultButton, &Dialog::defaultButton),
@@ -407,9 +419,13 @@ std::vector<Kind> containerKinds()
         kind<File, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog)
             .has("mode", &File::setMode, &File::mode, FileDialogMode::SaveFile)
             .has("defaultSuffix", &File::setDefaultSuffix, &File::defaultSuffix, L"txt")
-            .reports("filesChosen", &File::filesChosen),
+            .reports("filesChosen", &File::filesChosen)
+            .reports("currentChanged", &File::currentChanged)
+            .reports("directoryEntered", &File::directoryEntered),
         kind<Flow, QLayout, &F::createFlowLayout2>("FlowLayout")
             .has("direction", &Flow::setDirection, &Flow::direction, Direction::BottomToTop),
+        kind<FontChooser, QFontDialog, &F::createFontDialog2>("FontDialog", QAccessible::Dialog)
+            .reports("currentFontChanged", &FontChooser::currentFontChanged),
         kind<Frame, QFrame, &F::createFrame2>("Frame", QAccessible::Border)
             .has("shadow", &Frame::setShadow, &Frame::shadow, FrameShadow::Raised)
             .has("shape", &Frame::setShape, &Frame::shape, FrameShape::Box)
@@ -465,7 +481,8 @@ std::vector<Kind> containerKinds()
             .reports("currentTabChanged", &Tabs::currentTabChanged)
             .reports("tabCloseRequested", &Tabs::tabCloseRequested)
             .reports("tabMoved", &Tabs::tabMoved)
-            .reports("tabDoubleClicked", &Tabs::tabDoubleClicked),
+            .reports("tabDoubleClicked", &Tabs::tabDoubleClicked)
+            .reports("tabMenuRequested", &Tabs::tabMenuRequested),
         kind<Tip, QWidget, &F::createToolTipWindow2>("ToolTipWindow", QAccessible::ToolTip)
             .has("text", &Tip::setText, &Tip::textU, L"text")
             .has("richText", &Tip::setRichText, &Tip::isRichText, true)
@@ -481,6 +498,7 @@ std::vector<Kind> containerKinds()
                 &Window::statusTextU, L"status")
             .has("statusBarVisible", &Window::setStatusBarVisible, &Window::isStatusBarVisible,
                  true)
+            .has("dockNesting", &Window::setDockNesting, &Window::isDockNesting, true)
             .refersTo("centralWidget", &Window::setCentralWidget, &Window::centralWidget)
             .refersTo("menuBar", &Window::setMenuBar, &Window::menuBar),
     };

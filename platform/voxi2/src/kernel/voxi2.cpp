@@ -1,6 +1,6 @@
 #include "voxi2/voxi2.h"
 
-#include "../containers/openmessages.h"
+#include "../containers/opendialogs.h"
 #include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
 #include "voxi2/kernel/vxfactory2.h"
@@ -25,7 +25,7 @@ void terminate_voxi2()
     delete VXDragManager2::instance();
     delete VXClipboard2::instance();
     VXFactory2::unregisterAll();
-    OpenMessage::answerAll();
+    endOpenDialogs();
 }
 
 } // namespace VOXI

@@ -20,11 +20,14 @@ public:
 Q_SIGNALS:
     /// The user has let a tab go that was dragged to another place.
     void pageDragged(QWidget* page, int from, int to);
+    /// The user wants the menu of a tab; whoever has one for it says that it is taken.
+    void menuRequested(int index, QPoint global, bool* taken);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     QTabWidget& m_container;
