@@ -38,7 +38,10 @@ protected:
         return nullptr;
     }
     static void press(Qt::Key key) { QTest::keyClick(shown()->focusWidget(), key); }
-    static void type(const char* text) { QTest::keyClicks(shown()->focusWidget(), QString::fromLatin1(text)); }
+    static void type(const char* text)
+    {
+        QTest::keyClicks(shown()->focusWidget(), QString::fromLatin1(text));
+    }
     static bool canAccept()
     {
         return shown()->findChildren<QPushButton*>().first()->isEnabled()

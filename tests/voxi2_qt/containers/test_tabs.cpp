@@ -433,6 +433,7 @@ TEST(TabCorners, holdWhatMayGo)
     tabs.resize({400, 200});
     tabs.setCornerWidget(first);
     tabs.setCornerWidget(&tabs);
+    turn();
     EXPECT_EQ(tabs.cornerWidget(), first);
     EXPECT_TRUE(first->isVisible());
     tabs.setCornerWidget(nullptr);
