@@ -1,14 +1,19 @@
 #include "qthost/qthost.h"
+#include "qthost/qtwidgets.h"
 #include "support/watchdog.h"
 #include "voxi/guiobject.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/vxfactory2.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QImage>
+#include <QLineEdit>
+#include <QPointer>
+#include <QStyle>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -18,6 +23,36 @@
 
 namespace VOXI {
 namespace {
+
+void tryEmbedding()
+{
+    VXWindow2 window;
+    auto* const page = new VXPanel2(&window);
+    auto* const row = new VXBoxLayout2(page);
+    auto* const panel = new VXPanel2(page);
+    const QPointer<QLineEdit> own = new QLineEdit;
+    EXPECT_FALSE(embedQtWidget(nullptr, panel));
+    EXPECT_FALSE(embedQtWidget(own, row));
+    EXPECT_FALSE(embedQtWidget(own, page)) << "it has a layout";
+    EXPECT_FALSE(embedQtWidget(qtWidgetOf(&window), panel)) << "that it lies in";
+    ASSERT_TRUE(embedQtWidget(own, panel));
+    row->addWidget(panel);
+    window.setCentralWidget(page);
+    window.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(own->size(), qtWidgetOf(panel)->size());
+    EXPECT_EQ(panel->position().width,
+              page->position().width - row->margins().marginLeft() - row->margins().marginRight());
+    EXPECT_LE(own->minimumSizeHint().height(), panel->position().height);
+    panel->setFocus();
+    EXPECT_EQ(qtWidgetOf(&window)->focusWidget(), own);
+    EXPECT_EQ(objectOf(qtWidgetOf(panel)), panel);
+    EXPECT_EQ(objectOf(own), nullptr);
+    EXPECT_EQ(qtWidgetOf(row), nullptr);
+    delete panel;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(own.isNull());
+}
 
 // One test, because the toolkit comes up once in a process.
 TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
@@ -29,7 +64,15 @@ TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
 
     VXText2* survivor = nullptr;
     {
+        // The program's own matters stay its own.
+        qApp->setStyleSheet(QStringLiteral("QLabel { padding: 3px }"));
+        const QString style = qApp->style()->objectName();
         QtHost host;
+        EXPECT_EQ(qApp->styleSheet(), QStringLiteral("QLabel { padding: 3px }"));
+        EXPECT_EQ(qApp->style()->objectName(), style);
+        EXPECT_TRUE(QGuiApplication::quitOnLastWindowClosed());
+        tryEmbedding();
+        qApp->setStyleSheet(QString());
         ASSERT_NE(VXFactory2::current(), nullptr);
         VXWindow2 window;
         window.resize({120, 80});

@@ -1,6 +1,7 @@
 #include "voxi2_qt/containers/qtabstractdialog2.h"
 
 #include "../kernel/qtignored.h"
+#include "../kernel/enumtable.h"
 #include "voxi2/controls/vxabstractbutton2.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -8,7 +9,9 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QEventLoop>
+#include <QLayout>
 
 #include <algorithm>
 #include <utility>
@@ -31,8 +34,31 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::unsetButtonResult, &P::doUnsetButtonResult>(),
     TROV::row<&E::exec, &P::doExec, RunsLoop>(),
     TROV::row<&E::isModal, &P::doIsModal>(),
-    TROV::row<&E::getResult, &P::doGetResult>());
+    TROV::row<&E::getResult, &P::doGetResult>(),
+    TROV::row<&E::getButtonOrder, &P::doGetButtonOrder>());
 // clang-format on
+
+constexpr auto s_buttons = enumTable<MessageAnswer, QDialogButtonBox::StandardButton>({
+    {MessageAnswer::None, QDialogButtonBox::NoButton},
+    {MessageAnswer::Yes, QDialogButtonBox::Yes},
+    {MessageAnswer::YesToAll, QDialogButtonBox::YesToAll},
+    {MessageAnswer::Ok, QDialogButtonBox::Ok},
+    {MessageAnswer::Save, QDialogButtonBox::Save},
+    {MessageAnswer::SaveAll, QDialogButtonBox::SaveAll},
+    {MessageAnswer::Retry, QDialogButtonBox::Retry},
+    {MessageAnswer::Ignore, QDialogButtonBox::Ignore},
+    {MessageAnswer::Discard, QDialogButtonBox::Discard},
+    {MessageAnswer::No, QDialogButtonBox::No},
+    {MessageAnswer::NoToAll, QDialogButtonBox::NoToAll},
+    {MessageAnswer::Abort, QDialogButtonBox::Abort},
+    {MessageAnswer::Close, QDialogButtonBox::Close},
+    {MessageAnswer::Cancel, QDialogButtonBox::Cancel},
+    {MessageAnswer::Open, QDialogButtonBox::Open},
+    {MessageAnswer::Apply, QDialogButtonBox::Apply},
+    {MessageAnswer::Reset, QDialogButtonBox::Reset},
+    {MessageAnswer::RestoreDefaults, QDialogButtonBox::RestoreDefaults},
+    {MessageAnswer::Help, QDialogButtonBox::Help},
+});
 
 static_assert(VXAbstractDialog2::Rejected == int(QDialog::Rejected)
               && VXAbstractDialog2::Accepted == int(QDialog::Accepted));
@@ -95,7 +121,6 @@ void QtAbstractDialog2::doSetVisible(bool visible)
 
 void QtAbstractDialog2::doSetWindowFlags(unsigned flags)
 {
-    const ScopedFlagToggler shownAnew(m_isShownAnew, true);
     QtAbstractWindow2::doSetWindowFlags(flags | WindowFlagDialog);
 }
 
@@ -163,6 +188,23 @@ int QtAbstractDialog2::doExec()
 bool QtAbstractDialog2::doIsModal() { return m_modal; }
 int QtAbstractDialog2::doGetResult() { return asQDialog()->result(); }
 
+std::vector<MessageAnswer> QtAbstractDialog2::doGetButtonOrder(VXFlags<MessageAnswer> answers)
+{
+    // Qt knows many platforms, and tells nobody but its own row of buttons.
+    const QDialogButtonBox box(s_buttons.toQtFlags<QDialogButtonBox::StandardButtons>(answers));
+    const QLayout& row = *box.layout();
+    std::vector<MessageAnswer> order;
+    for (int i = 0; i < row.count(); ++i) {
+        QLayoutItem* const item = row.itemAt(i);
+        auto* const button = qobject_cast<QAbstractButton*>(item->widget());
+        if (button)
+            order.push_back(s_buttons.toVx(box.standardButton(button)));
+        else if (item->expandingDirections().testFlag(Qt::Horizontal))
+            order.push_back(MessageAnswer::None);
+    }
+    return order;
+}
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtAbstractDialog2::reportEnd(int result) { report(&E::finished, result); }
@@ -172,6 +214,12 @@ void QtAbstractDialog2::reportEnd(int result) { report(&E::finished, result); }
 QDialog* QtAbstractDialog2::asQDialog() const noexcept
 {
     return static_cast<QDialog*>(asQWidget());
+}
+
+void QtAbstractDialog2::applyFlags(Qt::WindowFlags flags)
+{
+    const ScopedFlagToggler shownAnew(m_isShownAnew, true);
+    QtAbstractWindow2::applyFlags(flags);
 }
 
 void QtAbstractDialog2::hideUnlessShownAs(Qt::WindowModality modality)

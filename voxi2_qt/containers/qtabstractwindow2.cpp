@@ -7,13 +7,16 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QIcon>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
+#include <algorithm>
 #include <chrono>
 
 namespace VOXI {
@@ -44,7 +47,15 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::showMaximized, &P::doShowMaximized>(),
     TROV::row<&E::showFullScreen, &P::doShowFullScreen>(),
     TROV::row<&E::showNormal, &P::doShowNormal>(),
-    TROV::row<&E::raiseNativeWindow, &P::doRaiseNativeWindow>());
+    TROV::row<&E::raiseNativeWindow, &P::doRaiseNativeWindow>(),
+    TROV::row<&E::setOpacity, &P::doSetOpacity>(),
+    TROV::row<&E::getOpacity, &P::doGetOpacity>(),
+    TROV::row<&E::getFrameGeometry, &P::doGetFrameGeometry>(),
+    TROV::row<&E::getScreens, &P::doGetScreens>(),
+    TROV::row<&E::getScreen, &P::doGetScreen>(),
+    TROV::row<&E::alert, &P::doAlert>(),
+    TROV::row<&E::setCloseButtonVisible, &P::doSetCloseButtonVisible>(),
+    TROV::row<&E::isCloseButtonVisible, &P::doIsCloseButtonVisible>());
 // clang-format on
 
 constexpr char GeometryKind[] = "voxi-geometry";
@@ -62,6 +73,31 @@ void QtAbstractWindow2::doSetParent(VXObject* parent)
 {
     // With its flags: without them it would become a part of the parent's surface.
     changeParent(parent, asQWidget()->windowFlags());
+}
+
+void QtAbstractWindow2::doShow()
+{
+    expectActivation();
+    QtPeerLevel::doShow();
+}
+
+void QtAbstractWindow2::doSetVisible(bool visible)
+{
+    if (visible)
+        expectActivation();
+    QtPeerLevel::doSetVisible(visible);
+}
+
+void QtAbstractWindow2::doRaise()
+{
+    expectActivation();
+    QtPeerLevel::doRaise();
+}
+
+void QtAbstractWindow2::doSetActiveWindow()
+{
+    expectActivation();
+    QtPeerLevel::doSetActiveWindow();
 }
 
 void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
@@ -90,16 +126,8 @@ void QtAbstractWindow2::doSetIcon(const Icon& icon)
 
 void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 {
-    QWidget* widget = asQWidget();
-    const bool visible = widget->isVisible();
-    const bool embedded = flags == 0 && widget->parentWidget();
-    // Qt hides a window whose flags change.
-    const QtEventBlocker blocker(*this,
-                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
-    widget->setWindowFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
-    QtComposedWindows::settle(*widget);
-    if (visible)
-        widget->show();
+    const bool embedded = flags == 0 && asQWidget()->parentWidget();
+    applyFlags(embedded ? Qt::Widget : voxiFlagToQt(flags) | Qt::Window);
 }
 
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
@@ -176,6 +204,45 @@ bool QtAbstractWindow2::doRaiseNativeWindow(unsigned long long nativeWindow)
     return true;
 }
 
+void QtAbstractWindow2::doSetOpacity(double opacity)
+{
+    asQWidget()->setWindowOpacity(opacity >= 0 ? std::min(opacity, 1.0) : 0.0);
+}
+
+double QtAbstractWindow2::doGetOpacity() { return asQWidget()->windowOpacity(); }
+VXRect<int> QtAbstractWindow2::doGetFrameGeometry() { return Qt2VX(asQWidget()->frameGeometry()); }
+
+std::vector<Screen> QtAbstractWindow2::doGetScreens()
+{
+    std::vector<Screen> screens;
+    for (const QScreen* each : QGuiApplication::screens()) {
+        screens.push_back({toStdWString(each->name()), Qt2VX(each->geometry()),
+                           Qt2VX(each->availableGeometry()), each->devicePixelRatio()});
+    }
+    return screens;
+}
+
+int QtAbstractWindow2::doGetScreen()
+{
+    return static_cast<int>(QGuiApplication::screens().indexOf(asQWidget()->screen()));
+}
+
+void QtAbstractWindow2::doAlert(int duration)
+{
+    QApplication::alert(asQWidget(), std::max(duration, 0));
+}
+
+void QtAbstractWindow2::doSetCloseButtonVisible(bool visible)
+{
+    m_closeButton = visible;
+    applyFlags(asQWidget()->windowFlags());
+}
+
+bool QtAbstractWindow2::doIsCloseButtonVisible()
+{
+    return asQWidget()->windowFlags().testFlag(Qt::WindowCloseButtonHint);
+}
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtAbstractWindow2::passStateChange(const QEvent& event)
@@ -186,11 +253,27 @@ void QtAbstractWindow2::passStateChange(const QEvent& event)
         if (window->isMinimized())
             noteMinimized(true);
         reportState();
-    } else if (m_isPutAway && event.type() == QEvent::ActivationChange
-               && window->isActiveWindow()) {
-        noteMinimized(false);
-        reportState();
+    } else if (event.type() == QEvent::ActivationChange) {
+        if (m_isPutAway && window->isActiveWindow()) {
+            noteMinimized(false);
+            reportState();
+        }
+        reportActivation();
     }
+}
+
+void QtAbstractWindow2::reportActivation()
+{
+    const QWidget& window = *asQWidget();
+    const bool isActive = window.isActiveWindow();
+    if (!window.isWindow() || isActive == m_isKnownActive)
+        return;
+    m_isKnownActive = isActive;
+    const bool isAsked = isActive && !m_activating.hasExpired();
+    if (isActive)
+        m_activating.setRemainingTime(0);
+    if (!isAsked && window.isVisible())
+        report(&E::activationChanged, isActive);
 }
 
 void QtAbstractWindow2::reportState()
@@ -225,6 +308,31 @@ void QtAbstractWindow2::noteMinimized(bool minimized)
         QObject::connect(
             shown, &QWindow::visibleChanged, asQObject(), [this] { m_isPutAway = false; },
             Qt::SingleShotConnection);
+}
+
+/// The program asks for something that makes the window the active one, now or soon.
+void QtAbstractWindow2::expectActivation()
+{
+    if (!m_isKnownActive)
+        m_activating.setRemainingTime(StateSettles);
+}
+
+void QtAbstractWindow2::applyFlags(Qt::WindowFlags flags)
+{
+    if (m_closeButton && flags.testFlag(Qt::Window)) {
+        flags.setFlag(Qt::WindowCloseButtonHint, *m_closeButton);
+        if (!*m_closeButton) // or Qt would add the usual ones
+            flags |= Qt::CustomizeWindowHint;
+    }
+    // Qt hides a window whose flags change.
+    QWidget* const widget = asQWidget();
+    const bool visible = widget->isVisible();
+    const QtEventBlocker blocker(*this,
+                                 {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::FocusIn});
+    widget->setWindowFlags(flags);
+    QtComposedWindows::settle(*widget);
+    if (visible)
+        widget->show();
 }
 
 /// Shows the window in a state. Each step may run handlers that end it.

@@ -1,13 +1,16 @@
 #include "voxi2_qt/containers/qtfiledialog2.h"
 
 #include "../kernel/qtignored.h"
+#include "../kernel/qtsavedtext.h"
 #include "voxi2/kernel/translation.h"
+#include "voxi2_qt/kernel/qtsignalblocker.h"
 #include "voxi2_qt/kernel/qttext.h"
 
 #include <QAbstractButton>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
+#include <QUrl>
 
 #include <algorithm>
 #include <utility>
@@ -35,8 +38,14 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getDefaultSuffix, &P::doGetDefaultSuffix>(),
     TROV::row<&E::confirmsOverwrite, &P::doConfirmsOverwrite>(),
     TROV::row<&E::getSelectedFiles, &P::doGetSelectedFiles>(),
-    TROV::row<&E::setLabel, &P::doSetLabel>());
+    TROV::row<&E::setLabel, &P::doSetLabel>(),
+    TROV::row<&E::setPlaces, &P::doSetPlaces>(),
+    TROV::row<&E::getPlaces, &P::doGetPlaces>(),
+    TROV::row<&E::saveState, &P::doSaveState>(),
+    TROV::row<&E::restoreState, &P::doRestoreState>());
 // clang-format on
+
+constexpr char StateKind[] = "voxi-files";
 
 /// A pattern as it may stand between the brackets of Qt's filters, where few characters can: what
 /// Qt would not take for a pattern becomes the wild card for any one character.
@@ -168,6 +177,7 @@ void QtFileDialog2::doSetMode(FileDialogMode mode)
 
 void QtFileDialog2::doSetDirectory(const Path& directory)
 {
+    const QtSignalBlocker signals(this);
     const QString name = toQFileName(directory);
     if (!name.isEmpty() && QFileInfo(name).isDir())
         setDirectory(name);
@@ -213,6 +223,7 @@ void QtFileDialog2::doSelectFile(const Path& file)
 {
     if (file.empty())
         return;
+    const QtSignalBlocker signals(this);
     const QFileInfo info(directory().absoluteFilePath(toQFileName(file)));
     if (info.absoluteDir().exists())
         setDirectory(info.absolutePath());
@@ -253,7 +264,53 @@ void QtFileDialog2::doSetLabel(FileDialogLabel label, const std::wstring& text)
     applyLabels();
 }
 
+void QtFileDialog2::doSetPlaces(const std::vector<Path>& places)
+{
+    QList<QUrl> urls;
+    for (const Path& each : places) {
+        const QFileInfo place(toQFileName(each));
+        if (place.isDir())
+            urls.append(QUrl::fromLocalFile(place.absoluteFilePath()));
+    }
+    setSidebarUrls(urls);
+}
+
+std::vector<QtFileDialog2::Path> QtFileDialog2::doGetPlaces()
+{
+    std::vector<Path> places;
+    for (const QUrl& each : sidebarUrls()) {
+        if (const QString file = each.toLocalFile(); !file.isEmpty())
+            places.push_back(toFilePath(file));
+    }
+    return places;
+}
+
+std::string QtFileDialog2::doSaveState() { return toSavedText(StateKind, saveState()); }
+
+bool QtFileDialog2::doRestoreState(const std::string& state)
+{
+    const auto bytes = fromSavedText(StateKind, state);
+    const QtSignalBlocker signals(this);
+    return bytes && restoreState(*bytes);
+}
+
 // Reports -----------------------------------------------------------------------------------------
+
+void QtFileDialog2::connectSignals()
+{
+    connect(this, &QFileDialog::currentChanged, this, &QtFileDialog2::slotCurrentChanged);
+    connect(this, &QFileDialog::directoryEntered, this, &QtFileDialog2::slotDirectoryEntered);
+}
+
+void QtFileDialog2::slotCurrentChanged(const QString& path)
+{
+    report(&E::currentChanged, toFilePath(path));
+}
+
+void QtFileDialog2::slotDirectoryEntered(const QString& path)
+{
+    report(&E::directoryEntered, toFilePath(path));
+}
 
 void QtFileDialog2::accept()
 {

@@ -35,7 +35,7 @@ const auto s_requests = TROV::operations<E>(
 // clang-format on
 
 constexpr int FirstHandleWidth = 6;
-constexpr char StateKind[] = "splitter";
+constexpr char StateKind[] = "voxi-splitter";
 
 } // namespace
 

@@ -7,6 +7,7 @@
 #include <QTabBar>
 
 #include <optional>
+#include <utility>
 
 namespace VOXI {
 
@@ -32,7 +33,9 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::getTabToolTipU, &P::doGetTabToolTipU>(),
     TROV::row<&E::isTabEnabled, &P::doIsTabEnabled>(),
     TROV::row<&E::getTextColor, &P::doGetTextColor>(),
-    TROV::row<&E::getContainer, &P::doGetContainer>());
+    TROV::row<&E::getContainer, &P::doGetContainer>(),
+    TROV::row<&E::setClosable, &P::doSetClosable>(),
+    TROV::row<&E::isClosable, &P::doIsClosable>());
 // clang-format on
 
 } // namespace
@@ -149,6 +152,16 @@ Color QtTab2::doGetTextColor()
 }
 
 VXTabContainer2* QtTab2::doGetContainer() { return abstractObjectOf<VXTabContainer2>(container()); }
+
+void QtTab2::doSetClosable(bool closable)
+{
+    if (std::exchange(m_isClosable, closable) == closable)
+        return;
+    if (QtTabContainer2* const holder = container())
+        holder->applyClosable();
+}
+
+bool QtTab2::doIsClosable() { return m_isClosable; }
 
 // Helpers -----------------------------------------------------------------------------------------
 

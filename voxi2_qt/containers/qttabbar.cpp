@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qttabbar.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -68,6 +69,17 @@ bool QtTabBar::moveCurrent(int key)
     if (page)
         Q_EMIT pageDragged(page, from, to);
     return true;
+}
+
+void QtTabBar::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const int index = isByKey ? currentIndex() : tabAt(event->pos());
+    const QPoint global = isByKey ? mapToGlobal(tabRect(index).center()) : event->globalPos();
+    bool taken = false;
+    if (index >= 0)
+        Q_EMIT menuRequested(index, global, &taken);
+    event->setAccepted(taken);
 }
 
 } // namespace VOXI

@@ -7,6 +7,9 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QHBoxLayout>
+#include <QStyle>
+
 #include <utility>
 
 namespace VOXI {
@@ -37,7 +40,14 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setElideMode, &P::doSetElideMode>(),
     TROV::row<&E::getElideMode, &P::doGetElideMode>(),
     TROV::row<&E::setScrollButtons, &P::doSetScrollButtons>(),
-    TROV::row<&E::hasScrollButtons, &P::doHasScrollButtons>());
+    TROV::row<&E::hasScrollButtons, &P::doHasScrollButtons>(),
+    TROV::row<&E::setCornerWidget, &P::doSetCornerWidget>(),
+    TROV::row<&E::getCornerWidget, &P::doGetCornerWidget>());
+
+Qt::Corner qtCorner(TabCorner corner)
+{
+    return corner == TabCorner::Leading ? Qt::TopLeftCorner : Qt::TopRightCorner;
+}
 // clang-format on
 
 } // namespace
@@ -154,7 +164,13 @@ void QtTabContainer2::doSetTabPosition(VOXI::TabPosition position)
 }
 
 VOXI::TabPosition QtTabContainer2::doGetTabPosition() { return Qt2VX(tabPosition()); }
-void QtTabContainer2::doSetTabsClosable(bool closable) { setTabsClosable(closable); }
+
+void QtTabContainer2::doSetTabsClosable(bool closable)
+{
+    setTabsClosable(closable);
+    applyClosable();
+}
+
 bool QtTabContainer2::doAreTabsClosable() { return tabsClosable(); }
 void QtTabContainer2::doSetMovable(bool movable) { setMovable(movable); }
 bool QtTabContainer2::doIsMovable() { return isMovable(); }
@@ -165,12 +181,45 @@ TextElideMode QtTabContainer2::doGetElideMode() { return Qt2VX(elideMode()); }
 void QtTabContainer2::doSetScrollButtons(bool on) { setUsesScrollButtons(on); }
 bool QtTabContainer2::doHasScrollButtons() { return usesScrollButtons(); }
 
+void QtTabContainer2::doSetCornerWidget(VXWidget2* widget, TabCorner corner)
+{
+    withWidgetOrNone(widget, [&](QWidget* child) {
+        const Qt::Corner place = qtCorner(corner);
+        QWidget* const former = shownIn(place);
+        if (child == former || (child && isWithin(child, this)))
+            return;
+        keepHidden(former, nullptr);
+        if (!child)
+            return;
+        QWidget* holder = cornerWidget(place);
+        if (!holder) {
+            // Qt never looks whether what lies in a corner is still there.
+            holder = new QWidget(this);
+            auto* const row = new QHBoxLayout(holder);
+            row->setContentsMargins({});
+            setCornerWidget(holder, place);
+            holder->show();
+        }
+        takeOutFor(holder, child);
+        const QtEventBlocker shown(child, {WidgetEvent::Show});
+        holder->layout()->addWidget(child);
+        endAside(child, true);
+    });
+}
+
+VXWidget2* QtTabContainer2::doGetCornerWidget(TabCorner corner)
+{
+    return abstractObjectOf<VXWidget2>(shownIn(qtCorner(corner)));
+}
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtTabContainer2::connectSignals()
 {
     connect(static_cast<QtTabBar*>(tabBar()), &QtTabBar::pageDragged, this,
             &QtTabContainer2::slotPageDragged);
+    connect(static_cast<QtTabBar*>(tabBar()), &QtTabBar::menuRequested, this,
+            &QtTabContainer2::slotMenuRequested);
     connect(this, &QTabWidget::tabCloseRequested, this, &QtTabContainer2::slotTabCloseRequested);
     connect(this, &QTabWidget::tabBarDoubleClicked, this, &QtTabContainer2::slotTabDoubleClicked);
 }
@@ -199,6 +248,15 @@ void QtTabContainer2::slotPageDragged(QWidget* page, int from, int to)
         report(&E::tabMoved, tab, from, to);
 }
 
+void QtTabContainer2::slotMenuRequested(int index, QPoint global, bool* taken)
+{
+    VXObjectDataLocker lock;
+    VXTab2* const tab = tabOf(index);
+    *taken = tab && isHeard(&E::tabMenuRequested);
+    if (*taken)
+        report(&E::tabMenuRequested, tab, Qt2VX(global));
+}
+
 void QtTabContainer2::reportTab(TROV::Event<void(const VXTabEvent2&)> E::*event, int index)
 {
     VXObjectDataLocker lock;
@@ -219,6 +277,38 @@ void QtTabContainer2::insertPage(QtTab2& page, int index)
     const PageBlocker blocker(&page);
     const int place = insertTab(index, &page, VX2Qt(page.icon()), page.text());
     page.decorate(*tabBar(), place);
+    if (tabsClosable() && !page.isClosable())
+        removeCloseButton(place);
+}
+
+void QtTabContainer2::applyClosable()
+{
+    if (!tabsClosable())
+        return;
+    setTabsClosable(false); // Qt makes new buttons for those that have none
+    setTabsClosable(true);
+    for (int i = 0; i < count(); ++i) {
+        if (const auto* page = dynamic_cast<const QtTab2*>(widget(i)); page && !page->isClosable())
+            removeCloseButton(i);
+    }
+}
+
+void QtTabContainer2::removeCloseButton(int index)
+{
+    const auto side = static_cast<QTabBar::ButtonPosition>(
+        style()->styleHint(QStyle::SH_TabBar_CloseButtonPosition, nullptr, tabBar()));
+    if (QWidget* const button = tabBar()->tabButton(index, side)) {
+        tabBar()->setTabButton(index, side, nullptr);
+        button->deleteLater();
+    }
+}
+
+QWidget* QtTabContainer2::shownIn(Qt::Corner corner) const
+{
+    const QWidget* const holder = cornerWidget(corner);
+    const QLayoutItem* const item =
+        holder && holder->layout() ? holder->layout()->itemAt(0) : nullptr;
+    return item ? const_cast<QLayoutItem*>(item)->widget() : nullptr;
 }
 
 void QtTabContainer2::movePage(int from, int index)

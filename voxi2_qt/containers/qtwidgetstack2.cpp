@@ -38,8 +38,8 @@ void QtWidgetStack2::doAddWidget(VXWidget2* widget, int index)
     withWidgetOf(widget, [&](QWidget* child) {
         if (!canHold(*this, this, child))
             return;
-        takeOut(child);
         const QtSignalBlocker signals(this);
+        takeOut(child);
         const QtEventBlocker shown(child, {WidgetEvent::Show}); // the first of all
         insertWidget(index, child);
         if (child->parentWidget() != this) // a handler has moved it on

@@ -46,7 +46,15 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::splitDockWidget, &P::doSplitDockWidget>(),
     TROV::row<&E::raiseDockWidget, &P::doRaiseDockWidget>(),
     TROV::row<&E::saveLayout, &P::doSaveLayout>(),
-    TROV::row<&E::restoreLayout, &P::doRestoreLayout>());
+    TROV::row<&E::restoreLayout, &P::doRestoreLayout>(),
+    TROV::row<&E::setDockSize, &P::doSetDockSize>(),
+    TROV::row<&E::setDockCorner, &P::doSetDockCorner>(),
+    TROV::row<&E::getDockCorner, &P::doGetDockCorner>(),
+    TROV::row<&E::setDockNesting, &P::doSetDockNesting>(),
+    TROV::row<&E::isDockNesting, &P::doIsDockNesting>(),
+    TROV::row<&E::setDockTabPosition, &P::doSetDockTabPosition>(),
+    TROV::row<&E::getDockTabPosition, &P::doGetDockTabPosition>(),
+    TROV::row<&E::getDockTabs, &P::doGetDockTabs>());
 // clang-format on
 
 /// Calls `function` with the Qt tool bar of a live one.

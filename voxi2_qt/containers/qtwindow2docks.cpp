@@ -26,6 +26,21 @@ constexpr char LayoutKind[] = "voxi-layout";
 constexpr std::initializer_list<WidgetEvent> PlacingEvents = {
     WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize};
 
+struct Corner
+{
+    DockCorner m_corner;
+    Qt::Corner m_qtCorner;
+    DockArea m_side;
+    DockArea m_end;
+};
+
+constexpr Corner s_corners[] = {
+    {DockCorner::TopLeft, Qt::TopLeftCorner, DockArea::Left, DockArea::Top},
+    {DockCorner::TopRight, Qt::TopRightCorner, DockArea::Right, DockArea::Top},
+    {DockCorner::BottomLeft, Qt::BottomLeftCorner, DockArea::Left, DockArea::Bottom},
+    {DockCorner::BottomRight, Qt::BottomRightCorner, DockArea::Right, DockArea::Bottom},
+};
+
 } // namespace
 
 /// Gives the docked tool bars and dock widgets different object names while Qt saves or restores
@@ -180,7 +195,81 @@ bool QtWindow2::doRestoreLayout(const std::string& layout)
     }
     endDrags();
     const LayoutNames namesForQt(*this, *names);
-    return restoreState(*bytes);
+    m_wantedSizes.clear();
+    if (!restoreState(*bytes))
+        return false;
+    m_waitingPanes.clear();
+    // Qt shows what stands alone at once; there it would be before its window, and in its way.
+    for (QWidget* widget : Docked(m_dockedPanes)) {
+        auto* const pane = qobject_cast<QDockWidget*>(widget);
+        if (!isVisible() && pane && pane->isFloating() && !pane->isHidden()) {
+            pane->hide();
+            m_waitingPanes.emplace_back(pane);
+        }
+    }
+    return true;
+}
+
+void QtWindow2::doSetDockSize(VXDockWidget2* dock, int size, Orientation orientation)
+{
+    withDockOf(dock, [&](QtDockWidget2& peer) {
+        if (!isDocked(peer))
+            return;
+        const Qt::Orientation along = VX2Qt(orientation);
+        const int pixels = std::clamp(size, 0, Farthest);
+        if (m_wasShown)
+            resizeDocks({&peer}, {pixels}, along);
+        else
+            m_wantedSizes.push_back({&peer, pixels, along});
+    });
+}
+
+void QtWindow2::doSetDockCorner(DockCorner corner, DockArea area)
+{
+    for (const Corner& each : s_corners) {
+        if (each.m_corner == corner && (area == each.m_side || area == each.m_end))
+            setCorner(each.m_qtCorner, VX2Qt(area));
+    }
+}
+
+DockArea QtWindow2::doGetDockCorner(DockCorner corner)
+{
+    for (const Corner& each : s_corners) {
+        if (each.m_corner == corner)
+            return Qt2VX(this->corner(each.m_qtCorner));
+    }
+    return DockArea::None;
+}
+
+void QtWindow2::doSetDockNesting(bool nesting) { setDockNestingEnabled(nesting); }
+bool QtWindow2::doIsDockNesting() { return isDockNestingEnabled(); }
+
+void QtWindow2::doSetDockTabPosition(DockArea area, VOXI::TabPosition position)
+{
+    if (const Qt::DockWidgetArea side = VX2Qt(area); side != Qt::NoDockWidgetArea)
+        setTabPosition(side, VX2Qt(position));
+}
+
+VOXI::TabPosition QtWindow2::doGetDockTabPosition(DockArea area)
+{
+    const Qt::DockWidgetArea side = VX2Qt(area);
+    return side == Qt::NoDockWidgetArea ? VOXI::TabPosition::South : Qt2VX(tabPosition(side));
+}
+
+std::vector<VXDockWidget2*> QtWindow2::doGetDockTabs(VXDockWidget2* dock)
+{
+    std::vector<VXDockWidget2*> tabs;
+    withDockOf(dock, [&](QtDockWidget2& peer) {
+        const QList<QDockWidget*> others =
+            isDocked(peer) ? tabifiedDockWidgets(&peer) : QList<QDockWidget*>();
+        if (!others.isEmpty())
+            tabs.push_back(dock);
+        for (const QDockWidget* each : others) {
+            if (auto* const other = abstractObjectOf<VXDockWidget2>(each))
+                tabs.push_back(other);
+        }
+    });
+    return tabs;
 }
 
 // Helpers -----------------------------------------------------------------------------------------
@@ -219,6 +308,23 @@ void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
     function();
     dock.show();
     remember(m_dockedPanes, &dock);
+}
+
+/// The window has come to the screen: what waited for that is done.
+void QtWindow2::finishFirstShow()
+{
+    m_wasShown = true;
+    for (const WantedSize& each : std::exchange(m_wantedSizes, {})) {
+        if (each.m_dock && isDocked(*each.m_dock))
+            resizeDocks({each.m_dock}, {each.m_size}, each.m_orientation);
+    }
+    const QtDockWidget2::ProgramScope scope(this);
+    for (const QPointer<QDockWidget>& each : std::exchange(m_waitingPanes, {})) {
+        if (!each || !isDocked(*each) || !each->isFloating())
+            continue;
+        const QtEventBlocker blocker(each, PlacingEvents);
+        each->show();
+    }
 }
 
 bool QtWindow2::isDocked(const QWidget& widget) const

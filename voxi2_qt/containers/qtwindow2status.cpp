@@ -83,6 +83,7 @@ void QtWindow2::showEvent(QShowEvent* event)
     if (QStatusBar* bar = knownStatusBar())
         bar->setSizeGripEnabled(isWindow());
     QMainWindow::showEvent(event);
+    finishFirstShow();
 }
 
 // Helpers -----------------------------------------------------------------------------------------

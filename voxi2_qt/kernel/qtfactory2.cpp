@@ -7,10 +7,12 @@
 #include "voxi2/controls/vxhgscene2.h"
 #include "voxi2/controls/vxsvgimage2.h"
 #include "voxi2_qt/containers/qtboxlayout2.h"
+#include "voxi2_qt/containers/qtcolordialog2.h"
 #include "voxi2_qt/containers/qtdialog2.h"
 #include "voxi2_qt/containers/qtdockwidget2.h"
 #include "voxi2_qt/containers/qtfiledialog2.h"
 #include "voxi2_qt/containers/qtflowlayout2.h"
+#include "voxi2_qt/containers/qtfontdialog2.h"
 #include "voxi2_qt/containers/qtframe2.h"
 #include "voxi2_qt/containers/qtgridlayout2.h"
 #include "voxi2_qt/containers/qtgroupbox2.h"
@@ -198,6 +200,8 @@ QtFactory2::QtFactory2(VXFactory2& factory) : m_thread(factory.getBridge()->thre
     serve<QtNotificationBar2>(factory.createNotificationBar2);
     serve<QtSlider2>(factory.createSlider2);
     serve<QtDial2>(factory.createDial2);
+    serve<QtColorDialog2>(factory.createColorDialog2);
+    serve<QtFontDialog2>(factory.createFontDialog2);
     factory.destroyObject.connect(this, &QtFactory2::destroyObject, m_thread);
 }
 

@@ -26,9 +26,14 @@ Box group(VXSplitter2* splitter, const std::string& title, int stretch)
     return inside;
 }
 
-void addFrames(VXSplitter2* splitter)
+void addFrames(VXSplitter2* splitter, EventLog& log)
 {
     const Box box = group(splitter, "Frames", 0);
+    auto* const frames = static_cast<VXGroupBox2*>(box.panel->parent());
+    frames->setCheckable(true);
+    frames->toggled().connect(&log, [&log](const VXGroupBoxEvent2& event) {
+        log.add(event.isChecked() ? "frames: on" : "frames: off");
+    });
     auto* panel = new VXPanel2(box.panel);
     auto* grid = new VXGridLayout2(panel);
     grid->setMargins({});
@@ -84,7 +89,7 @@ void addStack(VXSplitter2* splitter, EventLog& log)
     line.layout->addStretch();
 }
 
-void addScrollView(VXSplitter2* splitter)
+void addScrollView(VXSplitter2* splitter, EventLog& log)
 {
     const Box box = group(splitter, "Scroll view", 1);
     auto* view = new VXScrollView2(box.panel);
@@ -97,6 +102,10 @@ void addScrollView(VXSplitter2* splitter)
         content.layout->addWidget(last);
     }
     view->setWidget(content.panel);
+    view->scrolled().connect(&log, [&log](const VXScrollEvent2& event) {
+        log.add("scroll view: " + std::to_string(event.scrollPosition().y) + " of "
+                + std::to_string(event.view()->scrollEnd().y));
+    });
     box.layout->addWidget(view, 1);
     const Box line = row(box);
     command(line, "Down", [view] { view->scrollBy({0, 50}); });
@@ -109,9 +118,9 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
 {
     auto* splitter = new VXSplitter2(parent);
     splitter->setObjectName("splitter");
-    addFrames(splitter);
+    addFrames(splitter, log);
     addStack(splitter, log);
-    addScrollView(splitter);
+    addScrollView(splitter, log);
     splitter->setCollapsible(nullptr, false);
     splitter->handleMoved().connect(&log, [&log](const VXSplitterMoveEvent2& event) {
         log.add("splitter: handle " + std::to_string(event.index()) + " at "

@@ -1,13 +1,19 @@
 #include "../eventlog.h"
 #include "../page.h"
 #include "../ui.h"
+#include "voxi2/containers/vxcolordialog2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxfiledialog2.h"
+#include "voxi2/containers/vxfontdialog2.h"
+#include "voxi2/containers/vxinput2.h"
 #include "voxi2/containers/vxmessage2.h"
+#include "voxi2/containers/vxprogressdialog2.h"
 #include "voxi2/controls/vxcheckbox2.h"
 #include "voxi2/kernel/vxhandle.h"
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <thread>
 
 namespace gallery {
@@ -142,6 +148,82 @@ void addMessages(const Box& page, EventLog& log)
     });
 }
 
+/// What has been chosen, or that nothing has.
+template <class Value, class Say>
+void tell(EventLog& log, const std::optional<Value>& value, Say say)
+{
+    log.add(value ? "chosen: " + say(*value) : std::string("cancelled"));
+}
+
+void addMoreMessages(const Box& page, EventLog& log)
+{
+    VXPanel2* const parent = page.panel;
+    Buttons buttons(page, "More messages");
+    buttons.add("Error", [parent] {
+        std::string lines;
+        for (int line = 1; line <= 60; ++line)
+            lines += "Page " + std::to_string(line) + " could not be printed.\n";
+        VXMessage2::error(parent, "Printing has failed.", lines);
+    });
+    const auto again = std::make_shared<bool>(true);
+    buttons.add("With a box to check", [&log, parent, again] {
+        if (!*again)
+            return log.add("not shown again");
+        VXMessage2{.text = "Pages are printed on both sides.",
+                   .kind = MessageKind::Information,
+                   .option = "Do not show this again",
+                   .optionTold = [again](bool isChecked) { *again = !isChecked; }}
+            .exec(parent);
+    });
+    buttons.add("About", [parent] {
+        VXMessage2::about(parent, "Gallery", "Shows what the toolkit can do.");
+    });
+    buttons.add("Progress", [&log, parent] {
+        const auto task = TROV::Task::run(
+            &log,
+            [](TROV::TaskContext& context) {
+                constexpr int Steps = 300;
+                for (int step = 0; step < Steps; ++step) {
+                    context.throwIfCancelled();
+                    context.setProgress(double(step) / Steps, "Page " + std::to_string(step + 1));
+                    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+                }
+            },
+            [&log](TROV::TaskOutcome<void>& outcome) {
+                log.add(outcome.isCancelled() ? "printing was cancelled" : "printed");
+            });
+        VXProgressDialog2::follow(task, parent, "Printing", std::chrono::milliseconds(100));
+    });
+}
+
+void addChoices(const Box& page, EventLog& log)
+{
+    VXPanel2* const parent = page.panel;
+    const auto wide = [](const std::wstring& text) { return narrowFromWide(text); };
+    Buttons buttons(page, "Choosing");
+    buttons.add("A text", [&log, parent, wide] {
+        tell(log, VXInput2::askText(parent, "&Name of the page:", "Page 1"), wide);
+    });
+    buttons.add("One of a list", [&log, parent, wide] {
+        tell(log, VXInput2::askChoice(parent, "&Sort by:", {L"name", L"date", L"size"}, "date"),
+             wide);
+    });
+    buttons.add("A number", [&log, parent] {
+        tell(log, VXInput2::askNumber(parent, "&Copies:", 1, 1, 99),
+             [](int copies) { return std::to_string(copies); });
+    });
+    buttons.add("A colour", [&log, parent] {
+        tell(log, VXColorDialog2::ask(parent, PadColor, true), [](const Color& color) {
+            return std::to_string(color.red()) + ", " + std::to_string(color.green()) + ", "
+                   + std::to_string(color.blue());
+        });
+    });
+    buttons.add("A font", [&log, parent] {
+        tell(log, VXFontDialog2::ask(parent, parent->font()),
+             [](const VXFont& font) { return font.family(); });
+    });
+}
+
 void addFiles(const Box& page, EventLog& log)
 {
     VXPanel2* const parent = page.panel;
@@ -174,6 +256,8 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     const Box page = column(parent, 10);
     addDialogs(page, log);
     addMessages(page, log);
+    addMoreMessages(page, log);
+    addChoices(page, log);
     addFiles(page, log);
 
     page.layout->addWidget(new VXText2("A dialog may also be a part of a page:", page.panel));

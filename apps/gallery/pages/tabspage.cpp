@@ -3,6 +3,7 @@
 #include "../ui.h"
 #include "voxi2/containers/vxtabcontainer2.h"
 #include "voxi2/controls/vxcheckbox2.h"
+#include "voxi2/controls/vxtoolbutton2.h"
 
 #include <utility>
 
@@ -48,6 +49,9 @@ void follow(EventLog& log, const VXTabContainer2* container)
         log.add("tabs: " + event.tab()->text() + " dragged from " + std::to_string(event.from())
                 + " to " + std::to_string(event.to()));
     });
+    container->tabMenuRequested().connect(&log, [&log](const VXTabMenuEvent2& event) {
+        log.add("tabs: a menu for " + event.tab()->text());
+    });
     container->tabDoubleClicked().connect(&log, [&log](const VXTabEvent2& event) {
         log.add("tabs: double click on " + event.tab()->text());
     });
@@ -82,6 +86,12 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
     left->tabAt(3)->setTabEnabled(false);
     left->setCurrentTab(left->tabAt(1));
     addDocument(right, 5);
+    left->tabAt(0)->setClosable(false);
+    auto* const corner = new VXToolButton2(left);
+    corner->setLabel("+");
+    corner->setToolTip("Another page");
+    corner->clicked().connect(left, [left, number = 5]() mutable { addDocument(left, ++number); });
+    left->setCornerWidget(corner);
     for (VXTabContainer2* container : {left, right})
         follow(log, container);
 

@@ -10,6 +10,7 @@
 #include <QPointer>
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace VOXI {
 namespace {
@@ -232,6 +233,46 @@ TEST_F(BoxLayout, refusesLayoutsThatCannotLieInIt)
     deeper.addLayout(&around);
     EXPECT_EQ(around.parent(), nullptr);
     m_panel.setParent(nullptr);
+}
+
+TEST_F(BoxLayout, isChangedAndAskedAfterwards)
+{
+    VXPanel2 page;
+    auto* const row = new VXBoxLayout2(&page);
+    auto* const first = new VXText2("first", &page);
+    auto* const second = new VXText2("second", &page);
+    auto* const inner = new VXBoxLayout2;
+    row->addWidget(first);
+    row->addStretch();
+    row->addLayout(inner);
+    row->addWidget(second);
+    EXPECT_EQ(row->count(), 4);
+    EXPECT_EQ(row->widgetAt(0), first);
+    EXPECT_EQ(row->itemAt(1), nullptr);
+    EXPECT_EQ(row->itemAt(2), inner);
+    EXPECT_EQ(row->widgetAt(2), nullptr);
+    for (const int nowhere : {-1, 4, std::numeric_limits<int>::max()})
+        EXPECT_EQ(row->itemAt(nowhere), nullptr);
+    EXPECT_EQ(row->indexOf(second), 3);
+    EXPECT_EQ(row->indexOf(inner), 2);
+    for (VXObject* other : {static_cast<VXObject*>(nullptr), static_cast<VXObject*>(&page)})
+        EXPECT_EQ(row->indexOf(other), -1);
+
+    page.resize({400, 300});
+    page.show();
+    turn();
+    ASSERT_EQ(qt(*second)->height(), page.contentsRect().height - 2 * row->margins().marginTop());
+    row->setAlignment(second, AlignmentFlag::Bottom | AlignmentFlag::Right);
+    EXPECT_EQ(row->alignment(second), AlignmentFlag::Bottom | AlignmentFlag::Right);
+    row->setAlignment(&page, AlignmentFlag::Top);
+    EXPECT_EQ(row->alignment(&page), Alignment());
+    row->refresh();
+    EXPECT_EQ(qt(*second)->height(), qt(*second)->sizeHint().height());
+    row->setDirection(Direction::BottomToTop);
+    row->refresh();
+    EXPECT_GT(qt(*first)->y(), qt(*second)->y());
+    row->setDirection(static_cast<Direction>(77));
+    EXPECT_EQ(row->direction(), Direction::LeftToRight);
 }
 
 } // namespace

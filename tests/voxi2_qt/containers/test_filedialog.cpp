@@ -375,5 +375,29 @@ TEST_F(FileDialog, oneCallAsksAndAnswers)
     EXPECT_TRUE(VXFileDialog2::openFile(m_window, L"Open", m_directory).empty());
 }
 
+TEST_F(FileDialog, remembersPlacesAndTellsWhereItsUserIs)
+{
+    VXFileDialog2 dialog(m_window);
+    const Log entered(dialog.directoryEntered());
+    const Log current(dialog.currentChanged());
+    const QTemporaryDir folder;
+    const std::filesystem::path path(folder.path().toStdString());
+    dialog.setPlaces({path, "/no such directory", "/"});
+    EXPECT_EQ(dialog.places(), (std::vector<std::filesystem::path>{path, "/"}));
+    dialog.setDirectory(path);
+    const std::string state = dialog.saveState();
+    EXPECT_TRUE(entered.isEmpty());
+
+    VXFileDialog2 next(m_window);
+    EXPECT_FALSE(next.restoreState("voxi-files:1:"));
+    EXPECT_TRUE(next.restoreState(state));
+    EXPECT_EQ(next.places(), dialog.places());
+    EXPECT_EQ(next.directory(), path);
+
+    auto* const shown = static_cast<QFileDialog*>(qt(dialog));
+    Q_EMIT shown->directoryEntered(folder.path());
+    EXPECT_EQ(entered.only().path(), path);
+}
+
 } // namespace
 } // namespace VOXI

@@ -3,9 +3,14 @@
 #include "voxi2/containers/vxframe2.h"
 #include "voxi2/containers/vxgroupbox2.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxcheckbox2.h"
 
+#include <QApplication>
+#include <QGroupBox>
 #include <QImage>
 #include <QPainter>
+#include <QStyleOptionGroupBox>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -96,6 +101,48 @@ TEST(GroupBox, showsItsTitleAndNoBackground)
     box.setColor(ColorRole::Background, Color(1, 2, 3));
     EXPECT_EQ(box.color(ColorRole::Background), Color(1, 2, 3));
     EXPECT_FALSE(qt(box)->autoFillBackground()) << "other than a panel";
+}
+
+TEST(GroupBox, switchesWhatIsInIt)
+{
+    VXGroupBox2 group("&Group");
+    auto* const inside = new VXCheckBox2("inside", &group);
+    auto* const other = new VXCheckBox2("other", &group);
+    auto* const off = new VXCheckBox2("off", &group);
+    off->setEnabled(false);
+    auto* const box = static_cast<QGroupBox*>(qt(group));
+    group.show();
+    box->resize(200, 200);
+    Log toggled(group.toggled());
+    group.setChecked(true);
+    EXPECT_FALSE(group.isChecked()) << "it is not checkable";
+    group.setFocusPolicy(FocusPolicy::Click);
+    group.setCheckable(true);
+    EXPECT_TRUE(group.isChecked());
+    EXPECT_EQ(group.focusPolicy(), FocusPolicy::Click) << "the program's";
+    group.setChecked(false);
+    EXPECT_FALSE(inside->isEnabled());
+    group.setChecked(true);
+    EXPECT_TRUE(inside->isEnabled());
+    EXPECT_FALSE(off->isEnabled());
+    EXPECT_TRUE(toggled.isEmpty());
+
+    QApplication::setActiveWindow(box);
+    inside->setFocus();
+    inside->focusLost().connect(&group, [other](const VXFocusEvent2&) { delete qt(*other); });
+    QStyleOptionGroupBox option;
+    option.initFrom(box);
+    option.text = box->title();
+    option.subControls = QStyle::SC_All;
+    const QRect check = box->style()->subControlRect(QStyle::CC_GroupBox, &option,
+                                                     QStyle::SC_GroupBoxCheckBox, box);
+    QTest::mouseClick(box, Qt::LeftButton, {}, check.center());
+    EXPECT_FALSE(toggled.only().isChecked());
+    EXPECT_FALSE(inside->isEnabled());
+    EXPECT_EQ(lookup(other), nullptr) << "while Qt went through the group";
+    group.setEnabled(false);
+    group.imitateToggle();
+    EXPECT_EQ(toggled.count(), 1);
 }
 
 } // namespace

@@ -135,5 +135,36 @@ TEST_F(GridLayout, isReadAsItIsSeen)
               QStringLiteral("left"));
 }
 
+TEST_F(GridLayout, keepsRoomAndMovesWhatIsInIt)
+{
+    m_layout->addWidget(m_first, 0, 0);
+    m_layout->addWidget(m_second, Cell::cell(1, 1), AlignmentFlag::Right);
+    m_layout->setRowMinimum(0, 90);
+    m_layout->setColMinimum(1, 80);
+    m_layout->setRowMinimum(-1, 5);
+    m_layout->setColMinimum(std::numeric_limits<int>::max(), 5);
+    EXPECT_EQ(m_layout->rowMinimum(0), 90);
+    EXPECT_EQ(m_layout->colMinimum(1), 80);
+    EXPECT_EQ(m_layout->rowMinimum(7) + m_layout->colMinimum(-7), 0);
+    m_layout->setSpacing(5);
+    m_layout->setVerticalSpacing(40);
+    EXPECT_EQ(m_layout->horizontalSpacing(), 5);
+    EXPECT_EQ(m_layout->spacing(), -1);
+    m_panel.show();
+    turn();
+    EXPECT_EQ(qt(*m_second)->y() - qt(*m_first)->y(), 90 + 40);
+
+    m_layout->setCell(m_second, Cell::cell(3, 2, 1, 2));
+    m_layout->setCell(m_third, Cell::cell(4, 4));
+    m_layout->setCell(m_first, Cell::cell(-1, 4));
+    EXPECT_EQ(m_layout->cell(m_second), Cell::cell(3, 2, 1, 2));
+    EXPECT_EQ(m_layout->alignment(m_second), AlignmentFlag::Right);
+    EXPECT_EQ(m_layout->cell(m_third), Cell());
+    EXPECT_EQ(m_layout->cell(m_first), Cell::cell(0, 0));
+    EXPECT_EQ(m_layout->count(), 2);
+    EXPECT_EQ(m_layout->rowCount(), 4);
+    EXPECT_EQ(m_layout->colCount(), 4);
+}
+
 } // namespace
 } // namespace VOXI

@@ -5,6 +5,7 @@
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/translation.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -221,6 +222,50 @@ TEST_F(Message, withoutABackEndIsAnsweredAtOnce)
     EXPECT_EQ(answered, A::Cancel);
     VXFactory2::registerFactory(key, factory);
     EXPECT_EQ(VXFactory2::current(), factory);
+}
+
+TEST_F(Message, asksWhetherToAskAgainAndShowsAPicture)
+{
+    std::vector<bool> told;
+    const VXMessage2 message{.text = "?",
+                             .picture = Pixmap(4, 4, std::vector<std::uint32_t>(16, 0xff0000ff)),
+                             .option = "Do not show this again",
+                             .isOptionChecked = true,
+                             .optionTold = [&](bool isChecked) { told.push_back(isChecked); }};
+    soon([&] {
+        EXPECT_EQ(shown()->findChildren<QLabel*>().size(), 2) << "the picture and the text";
+        EXPECT_TRUE(shown()->findChild<QCheckBox*>()->isChecked());
+        press(Qt::Key_Return);
+    });
+    message.exec(m_window);
+    message.open(m_window, [&](A) { EXPECT_EQ(told.size(), 2U) << "before the answer"; });
+    turn();
+    shown()->findChild<QCheckBox*>()->click();
+    press(Qt::Key_Return);
+    message.open(m_window, {[](A) {}});
+    delete std::exchange(m_window, nullptr);
+    turn();
+    EXPECT_EQ(told, (std::vector<bool>{true, false})) << "the user has not answered the last one";
+}
+
+TEST_F(Message, tellsOfErrorsAndOfTheProgram)
+{
+    std::string lines;
+    for (int i = 0; i < 40; ++i)
+        lines += "line\n";
+    soon([&] {
+        EXPECT_EQ(shown()->windowTitle(), QStringLiteral("Error"));
+        const auto* const view = shown()->findChild<QScrollArea*>();
+        EXPECT_FALSE(view->isAncestorOf(shown()->findChild<QLabel*>(QStringLiteral("text"))));
+        EXPECT_TRUE(view->isAncestorOf(shown()->findChild<QLabel*>(QStringLiteral("details"))));
+        press(Qt::Key_Return);
+    });
+    VXMessage2::error(m_window, "It failed.", lines);
+    soon([&] {
+        EXPECT_EQ(shown()->windowTitle(), QStringLiteral("Program"));
+        press(Qt::Key_Escape);
+    });
+    VXMessage2::about(m_window, "Program", "Version 1");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTest>
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -125,6 +126,52 @@ TEST_F(ScrollView, bringsPointsAndWidgetsIntoView)
     m_view.ensureWidgetVisible(&other);
     m_view.ensureWidgetVisible(nullptr);
     EXPECT_EQ(offset(), before);
+}
+
+TEST_F(ScrollView, tellsWhereItsUserHasScrolled)
+{
+    const Log scrolled(m_view.scrolled());
+    showPage();
+    EXPECT_EQ(m_view.scrollEnd(), (VXPoint<int>{qtView()->horizontalScrollBar()->maximum(),
+                                                qtView()->verticalScrollBar()->maximum()}));
+    m_view.setScrollPosition({30, std::numeric_limits<int>::max()});
+    EXPECT_EQ(m_view.scrollPosition(), (VXPoint<int>{30, m_view.scrollEnd().y}));
+    m_view.scrollBy({5, -5});
+    m_view.ensurePointVisible({0, 0});
+    m_view.setScrollPosition({400, 300});
+    m_page->setMinimumSize({200, 150});
+    m_view.resize({150, 120});
+    turn();
+    EXPECT_LT(m_view.scrollPosition().x, 400) << "there is less to scroll";
+    m_view.setWidgetResizable(false);
+    m_view.setScrollPosition({0, 0});
+    EXPECT_TRUE(scrolled.isEmpty());
+
+    QTest::keyClick(qtView()->verticalScrollBar(), Qt::Key_Down);
+    EXPECT_EQ(scrolled.only().scrollPosition(), m_view.scrollPosition());
+    EXPECT_GT(m_view.scrollPosition().y, 0);
+}
+
+TEST_F(ScrollView, hasItsBarsAsItIsToldAndGivesItsWidgetBack)
+{
+    showPage();
+    m_view.setScrollBarPolicy(Orientation::Horizontal, ScrollBarPolicy::Never);
+    m_view.setScrollBarPolicy(Orientation::Vertical, static_cast<ScrollBarPolicy>(77));
+    turn();
+    EXPECT_EQ(m_view.scrollBarPolicy(Orientation::Horizontal), ScrollBarPolicy::Never);
+    EXPECT_EQ(m_view.scrollBarPolicy(Orientation::Vertical), ScrollBarPolicy::AsNeeded);
+    EXPECT_FALSE(qtView()->horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(qtView()->verticalScrollBar()->isVisible());
+    m_view.setScrollBarPolicy(Orientation::Horizontal, ScrollBarPolicy::Always);
+
+    const Comings comings({m_page});
+    m_view.removeWidget();
+    m_view.removeWidget();
+    EXPECT_EQ(m_view.widget(), nullptr);
+    EXPECT_EQ(qt(*m_page)->parentWidget(), nullptr);
+    EXPECT_FALSE(m_page->isVisible());
+    m_view.setWidget(m_page);
+    EXPECT_TRUE(m_page->isVisible());
 }
 
 } // namespace

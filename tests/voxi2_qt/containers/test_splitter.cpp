@@ -188,5 +188,36 @@ TEST_F(Splitter, handlesShowAGripInBothOrientations)
     qtSplitter()->handle(1)->grab();
 }
 
+TEST_F(Splitter, takesItsSizesBack)
+{
+    show();
+    m_splitter->setSizes({50, 150});
+    const std::string state = m_splitter->saveState();
+    const std::list<int> sizes = m_splitter->sizes();
+    const Log moved(m_splitter->handleMoved());
+    m_splitter->setOrientation(Orientation::Vertical);
+    m_splitter->setSizes({0, 100});
+    m_splitter->setHandleWidth(6);
+    m_splitter->setCollapsible(nullptr, false);
+    EXPECT_TRUE(m_splitter->restoreState(state));
+    turn();
+    EXPECT_EQ(m_splitter->sizes(), sizes);
+    EXPECT_EQ(m_splitter->orientation(), Orientation::Horizontal);
+    EXPECT_FALSE(m_splitter->isCollapsible(nullptr)) << "that is the program's";
+    EXPECT_TRUE(moved.isEmpty());
+
+    std::string damaged = state;
+    damaged[damaged.size() - 3] ^= 1;
+    for (const std::string& wrong :
+         {std::string(), damaged, state.substr(0, 20), m_splitter->saveGeometry()}) {
+        EXPECT_FALSE(m_splitter->restoreState(wrong));
+        EXPECT_EQ(m_splitter->sizes(), sizes);
+    }
+    VXSplitter2 fuller; // gives the first two what they had
+    for (int i = 0; i < 3; ++i)
+        new VXPanel2(&fuller);
+    EXPECT_TRUE(fuller.restoreState(state));
+}
+
 } // namespace
 } // namespace VOXI

@@ -2,7 +2,10 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxtabcontainer2.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxi2_qt/kernel/qtgeometry.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -426,6 +429,75 @@ TEST_F(Tabs, thousandsAreNoTrouble)
         delete tabs[i];
     EXPECT_EQ(m_container->count(), 333);
     EXPECT_TRUE(changes.isEmpty());
+}
+
+TEST(TabCorners, holdWhatMayGo)
+{
+    VXPanel2 owner;
+    VXTabContainer2 tabs;
+    new VXTab2("one", &tabs);
+    auto* const first = new VXButton2("first", &owner);
+    auto* const second = new VXButton2("second", &owner);
+    tabs.setCornerWidget(first);
+    tabs.setCornerWidget(second, TabCorner::Leading);
+    tabs.resize({300, 200});
+    tabs.show();
+    turn();
+    EXPECT_EQ(tabs.cornerWidget(), first);
+    EXPECT_TRUE(first->isVisible());
+    EXPECT_LT(second->globalPosition().x, first->globalPosition().x);
+    tabs.setCornerWidget(second);
+    EXPECT_EQ(tabs.cornerWidget(), second);
+    EXPECT_EQ(tabs.cornerWidget(TabCorner::Leading), nullptr);
+    EXPECT_FALSE(first->isVisible());
+    delete second;
+    runDeletions();
+    EXPECT_EQ(tabs.cornerWidget(), nullptr);
+    tabs.resize({400, 200});
+    tabs.setCornerWidget(first);
+    tabs.setCornerWidget(&tabs);
+    turn();
+    EXPECT_EQ(tabs.cornerWidget(), first);
+    EXPECT_TRUE(first->isVisible());
+    tabs.setCornerWidget(nullptr);
+    EXPECT_EQ(tabs.cornerWidget(), nullptr);
+}
+
+TEST(TabMenus, areThoseOfTheTabUnderThePointerAsAreItsCloseButtons)
+{
+    VXTabContainer2 tabs;
+    auto* const one = new VXTab2("one", &tabs);
+    auto* const two = new VXTab2("two", &tabs);
+    two->setClosable(false);
+    tabs.setTabsClosable(true);
+    auto* const three = new VXTab2("three");
+    three->setClosable(false);
+    tabs.addTab(three);
+    tabs.resize({400, 200});
+    tabs.show();
+    turn();
+    QTabBar& bar = *static_cast<QTabWidget*>(qt(tabs))->tabBar();
+    const auto hasButton = [&](int index) { return bar.tabButton(index, QTabBar::RightSide); };
+    EXPECT_TRUE(hasButton(0) && !hasButton(1) && !hasButton(2));
+    two->setClosable(true);
+    EXPECT_TRUE(hasButton(0) && hasButton(1) && !hasButton(2));
+    one->setClosable(false);
+    EXPECT_FALSE(hasButton(0));
+
+    const Log menus(tabs.contextMenuRequested());
+    const QPoint place = bar.tabRect(1).center();
+    const auto ask = [&] {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, bar.mapToGlobal(place));
+        QApplication::sendEvent(&bar, &event);
+    };
+    ask();
+    EXPECT_EQ(menus.count(), 1) << "nobody has one for the tab";
+    const Log tabMenus(tabs.tabMenuRequested());
+    ask();
+    EXPECT_EQ(tabMenus.only().tab(), two);
+    EXPECT_EQ(tabMenus.only().globalPosition(), Qt2VX(bar.mapToGlobal(place)));
+    EXPECT_EQ(menus.count(), 1);
+    EXPECT_EQ(tabs.currentTab(), one);
 }
 
 } // namespace

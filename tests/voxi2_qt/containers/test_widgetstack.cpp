@@ -104,5 +104,34 @@ TEST_F(WidgetStack, theFocusThatRaisingMovesIsNotReported)
     EXPECT_TRUE(gained.isEmpty());
 }
 
+TEST_F(WidgetStack, tellsWhenItsPageGoes)
+{
+    VXPanel2 owner;
+    VXWidgetStack2 stack;
+    const Log gone(stack.currentGone());
+    std::vector<VXPanel2*> pages;
+    for (int i = 0; i < 4; ++i) {
+        pages.push_back(new VXPanel2(&owner));
+        stack.addWidget(pages.back());
+    }
+    stack.addWidget(pages[0], 2); // it is the one shown
+    stack.raiseWidget(pages[1]);
+    stack.removeWidget(pages[1]);
+    delete pages[3];
+    runDeletions();
+    EXPECT_TRUE(gone.isEmpty()) << "asked for, or not shown";
+    VXWidget2* const shown = stack.currentWidget();
+    VXWidget2* const other = shown == pages[0] ? pages[2] : pages[0];
+    delete shown;
+    runDeletions();
+    EXPECT_EQ(gone.only().current(), other);
+    EXPECT_EQ(gone.only().currentID(), 0);
+    other->setParent(nullptr);
+    EXPECT_EQ(gone.count(), 2);
+    EXPECT_EQ(gone.last().current(), nullptr);
+    EXPECT_EQ(gone.last().currentID(), -1);
+    delete other;
+}
+
 } // namespace
 } // namespace VOXI

@@ -3,13 +3,17 @@
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
+#include "voxi2_qt/kernel/qtgeometry.h"
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QPointer>
+#include <QScreen>
 #include <QWindow>
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <limits>
 #include <utility>
 
 namespace VOXI {
@@ -261,6 +265,44 @@ TEST_F(Window, neverLieAboveEachOtherInACircle)
     EXPECT_EQ(qtWindow()->windowHandle()->transientParent(), handle);
     EXPECT_EQ(handle->transientParent(), qt(other)->windowHandle());
     m_window->setParent(nullptr);
+}
+
+TEST(WindowOnTheScreen, isAskedAndToldOfIt)
+{
+    VXWindow2 window;
+    VXWindow2 other;
+    window.setOpacity(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(window.opacity(), 0);
+    window.setOpacity(7);
+    EXPECT_EQ(window.opacity(), 1);
+    const std::vector<Screen> screens = window.screens();
+    ASSERT_EQ(screens.size(), static_cast<std::size_t>(QGuiApplication::screens().size()));
+    EXPECT_EQ(screens[0].geometry, Qt2VX(QGuiApplication::primaryScreen()->geometry()));
+    EXPECT_EQ(screens[0].scale, QGuiApplication::primaryScreen()->devicePixelRatio());
+    EXPECT_EQ(window.screen(), 0);
+
+    window.setCloseButtonVisible(false);
+    EXPECT_FALSE(window.isCloseButtonVisible());
+    window.setWindowFlags(WindowFlagTitle | WindowFlagSystemMenu);
+    EXPECT_FALSE(window.isCloseButtonVisible());
+    window.show();
+    window.setCloseButtonVisible(true);
+    EXPECT_TRUE(qt(window)->isVisible());
+    EXPECT_TRUE(window.isCloseButtonVisible());
+    EXPECT_EQ(window.frameGeometry(), Qt2VX(qt(window)->frameGeometry()));
+
+    const Log changed(window.activationChanged());
+    other.show();
+    window.setActiveWindow();
+    ASSERT_TRUE(waitFor([&] { return window.isActiveWindow(); }));
+    QApplication::setActiveWindow(qt(other));
+    ASSERT_TRUE(waitFor([&] { return other.isActiveWindow(); }));
+    ASSERT_FALSE(changed.isEmpty());
+    EXPECT_FALSE(changed.last().isActive());
+    QApplication::setActiveWindow(qt(window));
+    ASSERT_TRUE(waitFor([&] { return window.isActiveWindow(); }));
+    EXPECT_TRUE(changed.last().isActive()) << "by the user";
+    window.alert(-5);
 }
 
 } // namespace

@@ -269,5 +269,69 @@ TEST_F(WindowLayout, foreignTextsAreRefused)
     EXPECT_TRUE(moved.isEmpty() && resized.isEmpty() && hiddenResized.isEmpty());
 }
 
+TEST(WindowPanes, haveTheirSizesFromTheFirstShowing)
+{
+    VXWindow2 window;
+    auto* const left = new VXDockWidget2("left", &window);
+    auto* const below = new VXDockWidget2("below", &window);
+    auto* const tab = new VXDockWidget2("tab", &window);
+    VXDockWidget2 stranger;
+    window.setCentralWidget(new VXPanel2(&window));
+    for (VXDockWidget2* each : {left, below, tab})
+        each->setWidget(new VXPanel2(each));
+    window.addDockWidget(left, DockArea::Left);
+    window.addDockWidget(below, DockArea::Bottom);
+    window.setDockSize(left, 230, Orientation::Horizontal);
+    window.setDockSize(below, 120, Orientation::Vertical);
+    window.setDockSize(&stranger, 120, Orientation::Vertical);
+    window.setDockCorner(DockCorner::BottomLeft, DockArea::Left);
+    window.setDockCorner(DockCorner::BottomLeft, DockArea::Top);
+    EXPECT_EQ(window.dockCorner(DockCorner::BottomLeft), DockArea::Left);
+    EXPECT_EQ(window.dockCorner(DockCorner::TopRight), DockArea::Top);
+    window.resize({800, 600});
+    window.show();
+    turn();
+    EXPECT_EQ(qt(*left)->width(), 230);
+    EXPECT_EQ(qt(*below)->height(), 120);
+    EXPECT_GE(qt(*below)->x(), 230) << "the corner is the left side's";
+    window.setDockSize(left, 300, Orientation::Horizontal);
+    turn();
+    EXPECT_EQ(qt(*left)->width(), 300);
+
+    EXPECT_TRUE(window.dockTabs(left).empty());
+    window.tabifyDockWidget(left, tab);
+    EXPECT_EQ(window.dockTabs(tab), (std::vector<VXDockWidget2*>{tab, left}));
+    EXPECT_TRUE(window.dockTabs(&stranger).empty());
+    EXPECT_EQ(window.dockTabPosition(DockArea::Left), TabPosition::South);
+    window.setDockTabPosition(DockArea::Left, TabPosition::North);
+    EXPECT_EQ(window.dockTabPosition(DockArea::Left), TabPosition::North);
+    EXPECT_EQ(window.dockTabPosition(DockArea::Right), TabPosition::South);
+}
+
+TEST(WindowPanes, thatStandAloneWaitForTheirWindow)
+{
+    std::string layout;
+    for (const bool again : {false, true}) {
+        VXWindow2 window;
+        auto* const pane = new VXDockWidget2("pane", &window);
+        window.addDockWidget(pane);
+        if (!again) {
+            window.show();
+            pane->setFloating(true);
+            layout = window.saveLayout();
+            continue;
+        }
+        const Log visible(pane->visibilityChanged());
+        ASSERT_TRUE(window.restoreLayout(layout));
+        turn();
+        EXPECT_TRUE(pane->isFloating());
+        EXPECT_FALSE(pane->isVisible());
+        window.show();
+        turn();
+        EXPECT_TRUE(pane->isVisible());
+        EXPECT_TRUE(visible.isEmpty()) << "the user has done nothing";
+    }
+}
+
 } // namespace
 } // namespace VOXI

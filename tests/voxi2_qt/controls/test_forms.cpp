@@ -146,5 +146,90 @@ TEST_F(Form, isFilledByWorkersWhileOthersEndIt)
     EXPECT_FALSE(form.isValid());
 }
 
+TEST_F(Form, itsRowsComeAndGoAnywhere)
+{
+    auto* const wide = new VXText2("wide", m_page);
+    auto* const town = new VXEdit2(m_page);
+    m_form->insertRow(1, wide);
+    m_form->insertRow(0, "&Town", town, 3);
+    m_form->insertRow(1, "again", m_name);
+    EXPECT_EQ(m_form->rows(), (std::vector<VXWidget2*>{town, m_name, wide, m_age}));
+    EXPECT_EQ(m_form->rowOf(wide), 2);
+    EXPECT_EQ(m_form->rowOf(m_page), -1);
+    turn();
+    EXPECT_LT(y(town), y(m_name));
+    EXPECT_LT(y(m_name), y(wide));
+    EXPECT_LT(y(wide), y(m_age));
+    EXPECT_GT(qt(*m_page)->height(), 2 * y(m_name) / 3) << "room to spare is the first row's";
+
+    const int label = y(m_form->label(m_name));
+    m_form->setLabelsAbove(true);
+    m_form->setLabelAlignment(AlignmentFlag::Right);
+    m_form->setLabel(town, "A much longer text");
+    turn();
+    EXPECT_LT(y(m_form->label(m_name)), y(m_name));
+    EXPECT_EQ(m_name->globalPosition().x, wide->globalPosition().x);
+    EXPECT_EQ(right(m_form->label(m_name)), right(m_name));
+    m_form->setLabelsAbove(false);
+    m_form->removeRow(town);
+    EXPECT_TRUE(town->isVisible()) << "where it was";
+    town->setParent(nullptr);
+    turn();
+    EXPECT_LT(y(m_form->label(m_name)), label) << "those below have moved up";
+    EXPECT_EQ(m_form->label(town), nullptr);
+    m_form->addRow("Town", town);
+    EXPECT_EQ(m_form->rowOf(town), 3);
+    delete wide;
+    runDeletions();
+    EXPECT_EQ(m_form->rows(), (std::vector<VXWidget2*>{m_name, m_age, town}));
+}
+
+TEST_F(Form, hidesRowsWithAllThatBelongsToThem)
+{
+    m_form->setValidationState(m_name, ValidationState::Error, "wrong");
+    m_form->setRowVisible(m_name, false);
+    m_form->setValidationState(m_name, ValidationState::Warning, "still wrong");
+    m_form->setRowVisible(m_page, false);
+    turn();
+    EXPECT_FALSE(m_form->isRowVisible(m_name));
+    for (const VXWidget2* each :
+         std::initializer_list<VXWidget2*>{m_name, m_form->label(m_name), m_form->note(m_name)})
+        EXPECT_FALSE(each->isVisible());
+    m_form->setRowVisible(m_name, true);
+    EXPECT_TRUE(m_form->note(m_name)->isVisible());
+    m_form->setValidationState(m_name, ValidationState::None);
+    m_form->setRowVisible(m_name, true);
+    EXPECT_FALSE(m_form->note(m_name)->isVisible());
+}
+
+TEST_F(Form, isChangedByWhoHearsOfWhatIsMovedInIt)
+{
+    VXPanel2 elsewhere;
+    auto* const moved = new VXEdit2(&elsewhere);
+    elsewhere.show();
+    moved->hidden().connect(m_form, [this](const VXWidgetEvent2&) { m_form->removeRow(m_name); });
+    moved->focusLost().connect(m_form, [this](const VXFocusEvent2&) {
+        m_form->removeRow(m_name);
+        m_form->insertRow(0, new VXText2("another", m_page));
+    });
+    QApplication::setActiveWindow(qt(elsewhere));
+    moved->setFocus();
+    m_form->insertRow(0, "Moved", moved);
+    turn();
+    ASSERT_EQ(m_form->rows().size(), 3U);
+    EXPECT_EQ(m_form->rowOf(moved), 1);
+    EXPECT_LT(y(m_form->rows().front()), y(moved));
+    EXPECT_LT(y(moved), y(m_age));
+
+    auto* const last = new VXEdit2(&elsewhere);
+    last->show();
+    last->focusLost().connect(nullptr, [this](const VXFocusEvent2&) { delete m_form; });
+    QApplication::setActiveWindow(qt(elsewhere));
+    last->setFocus();
+    const VXHandle<VXFormLayout2> form(m_form);
+    m_form->insertRow(0, "Last", last);
+    EXPECT_FALSE(form.isValid());
+}
+
 } // namespace
 } // namespace VOXI

@@ -6,10 +6,12 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDial>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -120,7 +122,9 @@ void addWindow(Kind& kind)
         .has("icon", &W::setIcon, &W::icon, s_icon)
         .has("modified", &W::setModified, &W::isModified, true)
         .has("windowState", &W::setWindowState, &W::windowState, WindowState::Maximized)
-        .reports("stateChanged", &W::stateChanged);
+        .has("opacity", &W::setOpacity, &W::opacity, 0.2) // 51 / 255
+        .reports("stateChanged", &W::stateChanged)
+        .reports("activationChanged", &W::activationChanged);
     // Others are added for the window's kind.
     kind.m_settings.push_back(
         {"windowFlags",
@@ -374,10 +378,15 @@ std::vector<Kind> kernelKinds()
 
 std::vector<Kind> containerKinds()
 {
+    using Box = VXBoxLayout2;
+    using ColorChooser = VXColorDialog2;
+    using FontChooser = VXFontDialog2;
     using Dialog = VXDialog2;
     using Dock = VXDockWidget2;
     using File = VXFileDialog2;
     using Frame = VXFrame2;
+    using Flow = VXFlowLayout2;
+    using Grid = VXGridLayout2;
     using Group = VXGroupBox2;
     using Scroll = VXScrollView2;
     using Splitter = VXSplitter2;
@@ -386,7 +395,14 @@ std::vector<Kind> containerKinds()
     using Tip = VXToolTipWindow2;
     using Window = VXWindow2;
     return {
-        kind<VXBoxLayout2, QBoxLayout, &F::createBoxLayout2>("BoxLayout"),
+        kind<Box, QBoxLayout, &F::createBoxLayout2>("BoxLayout")
+            .has("direction", &Box::setDirection, &Box::direction, Direction::BottomToTop),
+        kind<ColorChooser, QColorDialog, &F::createColorDialog2>("ColorDialog", QAccessible::Dialog)
+            .has("currentColor", &ColorChooser::setCurrentColor, &ColorChooser::currentColor,
+                 Color(1, 2, 3))
+            .has("alphaEnabled", &ColorChooser::setAlphaEnabled, &ColorChooser::isAlphaEnabled,
+                 true)
+            .reports("currentColorChanged", &ColorChooser::currentColorChanged),
         kind<Dialog, QDialog, &F::createDialog2>("Dialog", QAccessible::Dialog)
             .has("sizeGrip", &Dialog::setSizeGripEnabled, &Dialog::isSizeGripEnabled, true)
             .refersTo("defaultButton", &Dialog::setDefaultButton, &Dialog::defaultButton),
@@ -403,8 +419,13 @@ std::vector<Kind> containerKinds()
         kind<File, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog)
             .has("mode", &File::setMode, &File::mode, FileDialogMode::SaveFile)
             .has("defaultSuffix", &File::setDefaultSuffix, &File::defaultSuffix, L"txt")
-            .reports("filesChosen", &File::filesChosen),
-        kind<VXFlowLayout2, QLayout, &F::createFlowLayout2>("FlowLayout"),
+            .reports("filesChosen", &File::filesChosen)
+            .reports("currentChanged", &File::currentChanged)
+            .reports("directoryEntered", &File::directoryEntered),
+        kind<Flow, QLayout, &F::createFlowLayout2>("FlowLayout")
+            .has("direction", &Flow::setDirection, &Flow::direction, Direction::BottomToTop),
+        kind<FontChooser, QFontDialog, &F::createFontDialog2>("FontDialog", QAccessible::Dialog)
+            .reports("currentFontChanged", &FontChooser::currentFontChanged),
         kind<Frame, QFrame, &F::createFrame2>("Frame", QAccessible::Border)
             .has("shadow", &Frame::setShadow, &Frame::shadow, FrameShadow::Raised)
             .has("shape", &Frame::setShape, &Frame::shape, FrameShape::Box)
@@ -417,14 +438,30 @@ std::vector<Kind> containerKinds()
                     });
                 },
                 &Frame::hasPainter, true),
-        kind<VXGridLayout2, QGridLayout, &F::createGridLayout2>("GridLayout"),
+        kind<Grid, QGridLayout, &F::createGridLayout2>("GridLayout")
+            .has("horizontalSpacing", &Grid::setHorizontalSpacing, &Grid::horizontalSpacing, 17),
         kind<Group, QGroupBox, &F::createGroupBox2>("GroupBox", QAccessible::Grouping)
             .has("title", &Group::setTitle, &Group::titleU, L"title")
-            .has("flat", &Group::setFlat, &Group::isFlat, true),
+            .has("flat", &Group::setFlat, &Group::isFlat, true)
+            .has("checkable", &Group::setCheckable, &Group::isCheckable, true)
+            .has(
+                "checked",
+                [](Group& group, bool checked) {
+                    group.setCheckable(true);
+                    group.setChecked(!checked);
+                    group.setChecked(checked);
+                },
+                &Group::isChecked, true)
+            .reports("toggled", &Group::toggled,
+                     [](Group& group) {
+                         group.setCheckable(true);
+                         group.imitateToggle();
+                     }),
         kind<VXPanel2, QWidget, &F::createPanel2>("Panel", QAccessible::Client),
         kind<Scroll, QScrollArea, &F::createScrollView2>("ScrollView", QAccessible::Client)
             .has("widgetResizable", &Scroll::setWidgetResizable, &Scroll::isWidgetResizable, true)
-            .refersTo("widget", &Scroll::setWidget, &Scroll::widget),
+            .refersTo("widget", &Scroll::setWidget, &Scroll::widget)
+            .reports("scrolled", &Scroll::scrolled),
         kind<Splitter, QSplitter, &F::createSplitter2>("Splitter", QAccessible::Splitter)
             .has("handleWidth", &Splitter::setHandleWidth, &Splitter::handleWidth, 9)
             .has("orientation", &Splitter::setOrientation, &Splitter::orientation,
@@ -444,7 +481,8 @@ std::vector<Kind> containerKinds()
             .reports("currentTabChanged", &Tabs::currentTabChanged)
             .reports("tabCloseRequested", &Tabs::tabCloseRequested)
             .reports("tabMoved", &Tabs::tabMoved)
-            .reports("tabDoubleClicked", &Tabs::tabDoubleClicked),
+            .reports("tabDoubleClicked", &Tabs::tabDoubleClicked)
+            .reports("tabMenuRequested", &Tabs::tabMenuRequested),
         kind<Tip, QWidget, &F::createToolTipWindow2>("ToolTipWindow", QAccessible::ToolTip)
             .has("text", &Tip::setText, &Tip::textU, L"text")
             .has("richText", &Tip::setRichText, &Tip::isRichText, true)
@@ -452,13 +490,15 @@ std::vector<Kind> containerKinds()
             .has("timeout", &Tip::setTimeout, &Tip::timeout, 600000)
             .reports("clicked", &Tip::clicked),
         kind<VXWidgetStack2, QStackedWidget, &F::createWidgetStack2>("WidgetStack",
-                                                                     QAccessible::LayeredPane),
+                                                                     QAccessible::LayeredPane)
+            .reports("currentGone", &VXWidgetStack2::currentGone),
         kind<Window, QMainWindow, &F::createWindow2>("Window", QAccessible::Window)
             .has(
                 "statusText", [](Window& w, const std::wstring& text) { w.setStatusText(text); },
                 &Window::statusTextU, L"status")
             .has("statusBarVisible", &Window::setStatusBarVisible, &Window::isStatusBarVisible,
                  true)
+            .has("dockNesting", &Window::setDockNesting, &Window::isDockNesting, true)
             .refersTo("centralWidget", &Window::setCentralWidget, &Window::centralWidget)
             .refersTo("menuBar", &Window::setMenuBar, &Window::menuBar),
     };

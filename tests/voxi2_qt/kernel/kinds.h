@@ -2,10 +2,12 @@
 
 #include "toolkit.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxcolordialog2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxfiledialog2.h"
 #include "voxi2/containers/vxflowlayout2.h"
+#include "voxi2/containers/vxfontdialog2.h"
 #include "voxi2/containers/vxframe2.h"
 #include "voxi2/containers/vxgridlayout2.h"
 #include "voxi2/containers/vxgroupbox2.h"

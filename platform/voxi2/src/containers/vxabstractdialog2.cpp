@@ -29,4 +29,9 @@ void VXAbstractDialog2::unsetButtonResult(VXAbstractButton2* button)
     m_emitters.unsetButtonResult(button);
 }
 
+std::vector<MessageAnswer> VXAbstractDialog2::buttonOrder(VXFlags<MessageAnswer> answers) const
+{
+    return m_emitters.getButtonOrder(answers);
+}
+
 } // namespace VOXI

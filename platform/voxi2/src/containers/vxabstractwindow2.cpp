@@ -95,5 +95,18 @@ bool VXAbstractWindow2::restorePlacement(const std::string& placement)
 void VXAbstractWindow2::setModified(bool modified) { m_emitters.setModified(modified); }
 bool VXAbstractWindow2::isModified() const { return m_emitters.isModified(); }
 bool VXAbstractWindow2::close() { return m_emitters.close(); }
+void VXAbstractWindow2::setOpacity(double opacity) { m_emitters.setOpacity(opacity); }
+double VXAbstractWindow2::opacity() const { return m_emitters.getOpacity(); }
+VXRect<int> VXAbstractWindow2::frameGeometry() const { return m_emitters.getFrameGeometry(); }
+std::vector<Screen> VXAbstractWindow2::screens() const { return m_emitters.getScreens(); }
+int VXAbstractWindow2::screen() const { return servingThread() ? m_emitters.getScreen() : -1; }
+void VXAbstractWindow2::alert(int duration) { m_emitters.alert(duration); }
+
+void VXAbstractWindow2::setCloseButtonVisible(bool visible)
+{
+    m_emitters.setCloseButtonVisible(visible);
+}
+
+bool VXAbstractWindow2::isCloseButtonVisible() const { return m_emitters.isCloseButtonVisible(); }
 
 } // namespace VOXI

@@ -135,4 +135,12 @@ std::vector<VXFileDialog2::Path> VXFileDialog2::selectedFiles() const
     return m_emitters.getSelectedFiles();
 }
 
+void VXFileDialog2::setPlaces(const std::vector<Path>& places) { m_emitters.setPlaces(places); }
+std::vector<VXFileDialog2::Path> VXFileDialog2::places() const { return m_emitters.getPlaces(); }
+std::string VXFileDialog2::saveState() const { return m_emitters.saveState(); }
+bool VXFileDialog2::restoreState(const std::string& state)
+{
+    return m_emitters.restoreState(state);
+}
+
 } // namespace VOXI

@@ -251,8 +251,8 @@ void VXFormLayout2::place(int index)
         put(placed.m_field, VXRect<int>::cell(first + 1, 0, 1, 2));
         return;
     }
-    put(placed.m_label, m_areLabelsAbove ? VXRect<int>::cell(first, 0, 1, 2)
-                                         : VXRect<int>::cell(first + 1, 0));
+    put(placed.m_label,
+        m_areLabelsAbove ? VXRect<int>::cell(first, 0, 1, 2) : VXRect<int>::cell(first + 1, 0));
     if (self.isValid())
         setAlignment(placed.m_label.get(), m_labelAlignment);
     const int column = m_areLabelsAbove ? 0 : 1;

@@ -1,44 +1,24 @@
 #include "voxi2/containers/vxmessage2.h"
 
-#include "openmessages.h"
+#include "opendialogs.h"
 #include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxbuttonrow2.h"
 #include "voxi2/containers/vxdialog2.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxscrollview2.h"
 #include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxcheckbox2.h"
+#include "voxi2/controls/vximage2.h"
 #include "voxi2/controls/vxtext2.h"
 #include "voxi2/kernel/translation.h"
 #include "voxi2/kernel/vxhandle.h"
 
 #include <algorithm>
-#include <memory>
+#include <utility>
 
 namespace VOXI {
 
 namespace {
-
-struct Answer
-{
-    MessageAnswer m_answer;
-    LibraryText m_label;
-};
-
-/// In the order of the buttons.
-constexpr Answer s_answers[] = {
-    {MessageAnswer::Yes, "&Yes"},
-    {MessageAnswer::YesToAll, "Yes to &All"},
-    {MessageAnswer::Ok, "&OK"},
-    {MessageAnswer::Save, "&Save"},
-    {MessageAnswer::SaveAll, "Save A&ll"},
-    {MessageAnswer::Retry, "&Retry"},
-    {MessageAnswer::Ignore, "&Ignore"},
-    {MessageAnswer::Discard, "&Discard"},
-    {MessageAnswer::No, "&No"},
-    {MessageAnswer::NoToAll, "No &to All"},
-    {MessageAnswer::Abort, "A&bort"},
-    {MessageAnswer::Close, "&Close"},
-    {MessageAnswer::Cancel, "Cancel"},
-};
 
 struct Sign
 {
@@ -115,61 +95,62 @@ struct Extent
     std::size_t m_longestWord = 0;
 };
 
-void addText(const Box& column, const std::wstring& text, const char* name, bool scrolls)
+void addText(const Box& column, const std::wstring& text, const char* name, std::size_t maxLines)
 {
-    // Short lines stay as they are; long ones are broken.
+    constexpr Size<int> ViewSize{480, 220};
     constexpr int Width = 420;
-    auto* const result = new VXText2(column.m_panel);
+    const Extent extent(text);
+    const bool isTall = extent.m_lines > maxLines;
+    const bool scrolls = isTall || extent.m_longestWord > LongLine;
+    auto* const view = scrolls ? new VXScrollView2(column.m_panel) : nullptr;
+    const Box room(view ? static_cast<VXWidget2*>(view) : column.m_panel, Direction::TopToBottom);
+    auto* const result = new VXText2(room.m_panel);
     result->setObjectName(name);
     result->setText(text);
     result->setSelectable(true);
-    const bool isLong = Extent(text).m_longestLine > LongLine;
+    // Short lines stay as they are; long ones are broken.
+    const bool isLong = extent.m_longestLine > LongLine;
     result->setWordWrap(isLong || scrolls);
-    if (isLong && !scrolls)
-        result->setMinimumSize({Width, -1});
-    column.m_layout->addWidget(result);
-}
-
-/// The texts; in a view that scrolls if they might not find room on a small screen.
-void addTexts(const Box& row, const std::wstring& text, const std::wstring& details)
-{
-    constexpr std::size_t ManyLines = 20;
-    constexpr Size<int> ViewSize{480, 300};
-    const Extent extent(text);
-    const Extent more(details);
-    const bool isTall = extent.m_lines + more.m_lines > ManyLines;
-    const bool scrolls = isTall || std::max(extent.m_longestWord, more.m_longestWord) > LongLine;
-    auto* const view = scrolls ? new VXScrollView2(row.m_panel) : nullptr;
-    const Box texts(view ? static_cast<VXWidget2*>(view) : row.m_panel, Direction::TopToBottom);
-    addText(texts, text, "text", scrolls);
-    if (!details.empty())
-        addText(texts, details, "details", scrolls);
+    room.m_layout->addWidget(result);
     if (!view) {
-        row.m_layout->addWidget(texts.m_panel, 1, AlignmentFlag::VCenter);
+        if (isLong)
+            result->setMinimumSize({Width, -1});
+        column.m_layout->addWidget(room.m_panel);
         return;
     }
-    view->setWidget(texts.m_panel);
+    view->setWidget(room.m_panel);
     // It may be as narrow as the view, which a bar on its right makes narrower.
-    texts.m_panel->setSizePolicy(Policy::Preferred, Policy::Preferred);
+    room.m_panel->setSizePolicy(Policy::Preferred, Policy::Preferred);
     view->setMinimumSize({ViewSize.width, isTall ? ViewSize.height : -1});
-    row.m_layout->addWidget(view, 1);
+    column.m_layout->addWidget(view, 1);
+}
+
+/// The texts; each in a view that scrolls if it might not find room on a small screen.
+void addTexts(const Box& column, const std::wstring& text, const std::wstring& details)
+{
+    constexpr std::size_t ManyLines = 20;
+    constexpr std::size_t FewLines = 12;
+    addText(column, text, "text", ManyLines);
+    if (!details.empty())
+        addText(column, details, "details", ManyLines - std::min(Extent(text).m_lines, FewLines));
 }
 
 /// Gives the dialog a button for each answer; returns the one of `wanted`, or else the first.
-VXButton2* addButtons(VXDialog2* dialog, const Box& row, VXFlags<MessageAnswer> answers,
+VXButton2* addButtons(VXDialog2* dialog, VXBoxLayout2& rows, VXFlags<MessageAnswer> answers,
                       MessageAnswer wanted, const std::map<MessageAnswer, KeptText>& labels)
 {
-    row.m_layout->addStretch();
-    VXButton2* chosen = nullptr;
-    for (const Answer& each : s_answers) {
-        if (!answers.testFlag(each.m_answer))
+    auto* const row = new VXButtonRow2(dialog, answers);
+    rows.addWidget(row);
+    VXButton2* chosen = row->button(wanted);
+    for (unsigned bit = 1; bit <= static_cast<unsigned>(MessageAnswer::Open); bit *= 2) {
+        const auto answer = static_cast<MessageAnswer>(bit);
+        VXButton2* const button = row->button(answer);
+        if (!button)
             continue;
-        auto* const button = new VXButton2(row.m_panel);
-        const auto own = labels.find(each.m_answer);
-        button->setLabel(own == labels.end() ? KeptText(translated(each.m_label)) : own->second);
-        dialog->setButtonResult(button, static_cast<int>(each.m_answer));
-        row.m_layout->addWidget(button);
-        if (!chosen || each.m_answer == wanted)
+        if (const auto own = labels.find(answer); own != labels.end())
+            button->setLabel(own->second);
+        dialog->setButtonResult(button, static_cast<int>(answer));
+        if (!chosen)
             chosen = button;
     }
     return chosen;
@@ -185,14 +166,25 @@ MessageAnswer execKind(MessageKind kind, VXObject2* parent, const AnyText& text,
 
 } // namespace
 
+/// What has been made for a message.
+struct BuiltMessage
+{
+    VXHandle<VXDialog2> m_dialog;
+    VXHandle<VXCheckBox2> m_option{};
+
+    /// The user has answered.
+    void tellOption(const std::function<void(bool)>& told) const
+    {
+        if (told && m_option.isValid())
+            told(m_option->isChecked());
+    }
+};
+
 VXFlags<MessageAnswer> VXMessage2::offered() const
 {
-    VXFlags<MessageAnswer> result;
-    for (const Answer& each : s_answers) {
-        if (answers.testFlag(each.m_answer))
-            result |= each.m_answer;
-    }
-    return result ? result : VXFlags<MessageAnswer>(MessageAnswer::Ok);
+    constexpr unsigned All = 2 * static_cast<unsigned>(MessageAnswer::Open) - 1;
+    const unsigned bits = answers.toInt() & All;
+    return bits ? VXFlags<MessageAnswer>::fromInt(bits) : VXFlags<MessageAnswer>(MessageAnswer::Ok);
 }
 
 MessageAnswer VXMessage2::answerOfEscape() const
@@ -213,7 +205,7 @@ MessageAnswer VXMessage2::answerOfEscape() const
     return MessageAnswer::None;
 }
 
-VXHandle<VXDialog2> VXMessage2::make(VXObject2* parent) const
+BuiltMessage VXMessage2::make(VXObject2* parent) const
 {
     // A worker waits for each part, and the parent may end meanwhile: then the dialog does, too.
     const VXObjectDataLocker lock;
@@ -223,7 +215,7 @@ VXHandle<VXDialog2> VXMessage2::make(VXObject2* parent) const
     return build(parent);
 }
 
-VXDialog2* VXMessage2::build(VXObject2* parent) const
+BuiltMessage VXMessage2::build(VXObject2* parent) const
 {
     constexpr int Gap = 14;
     const Sign& sign = signOf(kind);
@@ -234,62 +226,49 @@ VXDialog2* VXMessage2::build(VXObject2* parent) const
 
     const Box message(dialog);
     message.m_layout->setSpacing(Gap);
-    addSign(message, sign);
-    addTexts(message, AnyText(text).toWide(), AnyText(details).toWide());
+    if (picture.isNull())
+        addSign(message, sign);
+    else
+        message.m_layout->addWidget(new VXImage2(picture, message.m_panel), 0, AlignmentFlag::Top);
+    const Box texts(message.m_panel, Direction::TopToBottom);
+    addTexts(texts, AnyText(text).toWide(), AnyText(details).toWide());
+    VXCheckBox2* box = nullptr;
+    if (!AnyText(option).isEmpty()) {
+        box = new VXCheckBox2(option, texts.m_panel);
+        box->setChecked(isOptionChecked);
+        texts.m_layout->addWidget(box);
+    }
+    message.m_layout->addWidget(texts.m_panel, 1);
     rows->addWidget(message.m_panel, 1);
 
-    const Box buttons(dialog);
-    VXButton2* const chosen = addButtons(dialog, buttons, offered(), defaultAnswer, labels);
-    rows->addWidget(buttons.m_panel);
+    VXButton2* const chosen = addButtons(dialog, *rows, offered(), defaultAnswer, labels);
     if (answerOfEscape() == MessageAnswer::None) {
         dialog->closing().connect(
             dialog, [](const VXCloseEvent2& event) { event.refuse(); }, dialog->servingThread());
     }
     dialog->setDefaultButton(chosen);
     chosen->setFocus();
-    return dialog;
+    return {dialog, box};
 }
 
 MessageAnswer VXMessage2::exec(VXObject2* parent) const
 {
     const MessageAnswer escape = answerOfEscape();
-    const VXHandle<VXDialog2> dialog = make(parent);
-    const int result = dialog->exec();
-    dialog->destroy();
+    const BuiltMessage built = make(parent);
+    const int result = built.m_dialog->exec();
+    built.tellOption(optionTold);
+    built.m_dialog->destroy();
     return result == VXDialog2::Rejected ? escape : static_cast<MessageAnswer>(result);
 }
 
 void VXMessage2::open(VXObject2* parent, std::function<void(MessageAnswer)> answered) const
 {
-    const MessageAnswer escape = answerOfEscape();
-    const VXHandle<VXDialog2> handle = make(parent);
-    // The thread that calls need not run a loop.
-    TROV::Thread* const thread = handle->servingThread();
-    if (!thread) {
-        handle->destroy();
-        answered(escape);
-        return;
-    }
-    const auto open = std::make_shared<OpenMessage>(handle, std::move(answered), escape, thread);
-    handle.with([&](VXDialog2& dialog) {
-        dialog.finished().connect(
-            &dialog,
-            [handle, open](const VXDialogEvent2& event) {
-                // This closure goes with the dialog.
-                // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-                const auto question = open;
-                const int result = event.result();
-                handle->destroy();
-                question->answer(result);
-            },
-            thread);
-        dialog.open();
-    });
-    // It may have been taken down meanwhile by its own thread, which did not know of this one.
-    if (handle.with([](const VXDialog2& dialog) { return !dialog.servingThread(); })) {
-        handle->destroy();
-        open->answer(VXDialog2::Rejected);
-    }
+    const BuiltMessage built = make(parent);
+    openDialog(
+        built.m_dialog, [built, told = optionTold] { built.tellOption(told); },
+        [answered = std::move(answered), escape = answerOfEscape()](int result) {
+            answered(result == VXDialog2::Rejected ? escape : static_cast<MessageAnswer>(result));
+        });
 }
 
 void VXMessage2::inform(VXObject2* parent, const AnyText& text)
@@ -307,6 +286,17 @@ MessageAnswer VXMessage2::warn(VXObject2* parent, const AnyText& text,
                                VXFlags<MessageAnswer> answers, MessageAnswer defaultAnswer)
 {
     return execKind(MessageKind::Warning, parent, text, answers, defaultAnswer);
+}
+
+void VXMessage2::error(VXObject2* parent, const AnyText& text, const AnyText& details)
+{
+    VXMessage2{.text = text, .details = details, .kind = MessageKind::Error}.exec(parent);
+}
+
+void VXMessage2::about(VXObject2* parent, const AnyText& name, const AnyText& text,
+                       const Pixmap& picture)
+{
+    VXMessage2{.text = name, .details = text, .title = name, .picture = picture}.exec(parent);
 }
 
 } // namespace VOXI

@@ -32,5 +32,7 @@ void VXTab2::setTextColor(const Color& color) { m_emitters.setTextColor(color); 
 void VXTab2::unsetTextColor() { m_emitters.unsetTextColor(); }
 Color VXTab2::textColor() const { return m_emitters.getTextColor(); }
 VXTabContainer2* VXTab2::container() const { return m_emitters.getContainer(); }
+void VXTab2::setClosable(bool closable) { m_emitters.setClosable(closable); }
+bool VXTab2::isClosable() const { return m_emitters.isClosable(); }
 
 } // namespace VOXI

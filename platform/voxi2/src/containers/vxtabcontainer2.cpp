@@ -33,4 +33,14 @@ TextElideMode VXTabContainer2::elideMode() const { return m_emitters.getElideMod
 void VXTabContainer2::setScrollButtons(bool on) { m_emitters.setScrollButtons(on); }
 bool VXTabContainer2::hasScrollButtons() const { return m_emitters.hasScrollButtons(); }
 
+void VXTabContainer2::setCornerWidget(VXWidget2* widget, TabCorner corner)
+{
+    m_emitters.setCornerWidget(widget, corner);
+}
+
+VXWidget2* VXTabContainer2::cornerWidget(TabCorner corner) const
+{
+    return m_emitters.getCornerWidget(corner);
+}
+
 } // namespace VOXI

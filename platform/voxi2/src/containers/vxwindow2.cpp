@@ -90,4 +90,33 @@ bool VXWindow2::restoreLayout(const std::string& layout)
     return m_emitters.restoreLayout(layout);
 }
 
+void VXWindow2::setDockSize(VXDockWidget2* dock, int size, Orientation orientation)
+{
+    m_emitters.setDockSize(dock, size, orientation);
+}
+
+void VXWindow2::setDockCorner(DockCorner corner, DockArea area)
+{
+    m_emitters.setDockCorner(corner, area);
+}
+
+DockArea VXWindow2::dockCorner(DockCorner corner) const { return m_emitters.getDockCorner(corner); }
+void VXWindow2::setDockNesting(bool nesting) { m_emitters.setDockNesting(nesting); }
+bool VXWindow2::isDockNesting() const { return m_emitters.isDockNesting(); }
+
+void VXWindow2::setDockTabPosition(DockArea area, TabPosition position)
+{
+    m_emitters.setDockTabPosition(area, position);
+}
+
+TabPosition VXWindow2::dockTabPosition(DockArea area) const
+{
+    return m_emitters.getDockTabPosition(area);
+}
+
+std::vector<VXDockWidget2*> VXWindow2::dockTabs(VXDockWidget2* dock) const
+{
+    return m_emitters.getDockTabs(dock);
+}
+
 } // namespace VOXI

@@ -1,4 +1,4 @@
-#include "../containers/openmessages.h"
+#include "../containers/opendialogs.h"
 #include "voxi2/kernel/initialize.h"
 #include "voxi2/kernel/vxclipboard2.h"
 #include "voxi2/kernel/vxdragmanager2.h"
@@ -24,7 +24,7 @@ void terminate_voxi2()
     delete VXDragManager2::instance();
     delete VXClipboard2::instance();
     VXFactory2::unregisterAll();
-    OpenMessage::answerAll();
+    endOpenDialogs();
 }
 
 } // namespace VOXI

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "voxi2/containers/messageanswer.h"
 #include "voxi2/containers/vxabstractwindow2.h"
 #include "voxi2/containers/vxdialogevents2.h"
 #include "voxi2/voxi2_export.h"
+
+#include <vector>
 
 namespace VOXI {
 
@@ -22,6 +25,7 @@ struct VXAbstractDialog2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters
     TROV::Request<int()> exec{*this};
     TROV::Request<bool()> isModal{*this};
     TROV::Request<int()> getResult{*this};
+    TROV::Request<std::vector<MessageAnswer>(VXFlags<MessageAnswer>)> getButtonOrder{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXDialogEvent2&)> finished{*this};
@@ -75,6 +79,10 @@ public:
     void setButtonResult(VXAbstractButton2* button, int result);
     /// Ends what `setButtonResult` began.
     void unsetButtonResult(VXAbstractButton2* button);
+
+    /// In which order the platform's users expect such buttons; `None` stands for room to spare
+    /// between them. `VXButtonRow2` does the rest.
+    std::vector<MessageAnswer> buttonOrder(VXFlags<MessageAnswer> answers) const;
 
     // Events
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/containers/vxwindowevents2.h"
+#include "voxi2/kernel/screen.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/kernel/windowflags.h"
 #include "voxi2/voxi2_export.h"
@@ -37,9 +38,18 @@ struct VXAbstractWindow2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<void()> showFullScreen{*this};
     TROV::Request<void()> showNormal{*this};
     TROV::Request<bool(unsigned long long)> raiseNativeWindow{*this};
+    TROV::Request<void(double)> setOpacity{*this};
+    TROV::Request<double()> getOpacity{*this};
+    TROV::Request<VXRect<int>()> getFrameGeometry{*this};
+    TROV::Request<std::vector<Screen>()> getScreens{*this};
+    TROV::Request<int()> getScreen{*this};
+    TROV::Request<void(int)> alert{*this};
+    TROV::Request<void(bool)> setCloseButtonVisible{*this};
+    TROV::Request<bool()> isCloseButtonVisible{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXWindowStateEvent2&)> stateChanged{*this};
+    TROV::Event<void(const VXWindowActivationEvent2&)> activationChanged{*this};
 };
 
 /// What windows and dialogs have in common.
@@ -97,6 +107,27 @@ public:
     void setModified(bool modified);
     bool isModified() const;
 
+    /// How opaque the window is, from 0 to 1 in steps of 1/255; 1 at first. Where the window system
+    /// cannot it stays opaque.
+    void setOpacity(double opacity);
+    double opacity() const;
+
+    /// Place and size on the screen with the frame, which the window system tells once it is shown.
+    VXRect<int> frameGeometry() const;
+    /// All screens, the user's main one first.
+    std::vector<Screen> screens() const;
+    /// The place of the window's screen among them: that on which most of it lies. -1 for none.
+    int screen() const;
+
+    /// Asks for the user's attention, by a sign in the task bar for example, for so many
+    /// milliseconds or with 0 until the window becomes active; one that is active asks for nothing.
+    void alert(int duration = 0);
+
+    /// Whether the frame has a button to close the window, as far as the window system lets that be
+    /// chosen. It stays so whatever `setWindowFlags` says.
+    void setCloseButtonVisible(bool visible);
+    bool isCloseButtonVisible() const;
+
     /// Closes the window as its user would: it may be refused. False when it was.
     bool close();
 
@@ -107,6 +138,13 @@ public:
     TROV::Signal<void(const VXWindowStateEvent2&)> stateChanged() const
     {
         return m_emitters.stateChanged.signal();
+    }
+
+    /// The user went to the window, or to another one. Not sent for what the program asks for:
+    /// showing, hiding and `setActiveWindow`; but the window that is left by that says so.
+    TROV::Signal<void(const VXWindowActivationEvent2&)> activationChanged() const
+    {
+        return m_emitters.activationChanged.signal();
     }
 
 protected:

@@ -31,4 +31,14 @@ public:
     const std::vector<std::filesystem::path>& files() const noexcept { return value(); }
 };
 
+/// The user looks at a file or directory, or goes to one.
+class VXFilePathEvent2 : public VXEvent2<VXFileDialog2, std::filesystem::path>
+{
+public:
+    using VXEvent2::VXEvent2;
+    VXFileDialog2* dialog() const noexcept { return sender(); }
+    /// Absolute; empty when nothing is selected any more.
+    const std::filesystem::path& path() const noexcept { return value(); }
+};
+
 } // namespace VOXI

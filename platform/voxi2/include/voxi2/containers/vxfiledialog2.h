@@ -66,9 +66,15 @@ struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
     TROV::Request<bool()> confirmsOverwrite{*this};
     TROV::Request<std::vector<Path>()> getSelectedFiles{*this};
     TROV::Request<void(FileDialogLabel, std::wstring)> setLabel{*this};
+    TROV::Request<void(std::vector<Path>)> setPlaces{*this};
+    TROV::Request<std::vector<Path>()> getPlaces{*this};
+    TROV::Request<std::string()> saveState{*this};
+    TROV::Request<bool(std::string)> restoreState{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXFileDialogEvent2&)> filesChosen{*this};
+    TROV::Event<void(const VXFilePathEvent2&)> currentChanged{*this};
+    TROV::Event<void(const VXFilePathEvent2&)> directoryEntered{*this};
 };
 
 /// Lets the user choose files or a directory.
@@ -137,6 +143,18 @@ public:
     /// With `&` before the mnemonic; an empty text brings the usual one back.
     void setLabel(FileDialogLabel label, const AnyText& text);
 
+    /// The directories at the dialog's side, to go to with one click; the user's own and the root
+    /// at first. Those that do not exist are left out.
+    void setPlaces(const std::vector<Path>& places);
+    std::vector<Path> places() const;
+
+    /// How the user has arranged the dialog and where he was, as one line of printable text for
+    /// `restoreState` in a later run: directory, places, list or details, widths.
+    std::string saveState() const;
+    /// Text that did not come whole from `saveState` of a file dialog is refused: the answer is
+    /// false and nothing changes.
+    bool restoreState(const std::string& state);
+
     /// Proposes a file. With a directory in its name the dialog goes there.
     void selectFile(const Path& file);
     /// What is chosen, or would be if the user accepted now; absolute names.
@@ -148,6 +166,16 @@ public:
     TROV::Signal<void(const VXFileDialogEvent2&)> filesChosen() const
     {
         return m_emitters.filesChosen.signal();
+    }
+    /// The user has gone to a file or directory in the list, which may be shown elsewhere.
+    TROV::Signal<void(const VXFilePathEvent2&)> currentChanged() const
+    {
+        return m_emitters.currentChanged.signal();
+    }
+    /// The user has had the dialog show another directory.
+    TROV::Signal<void(const VXFilePathEvent2&)> directoryEntered() const
+    {
+        return m_emitters.directoryEntered.signal();
     }
 
 private:

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "voxi2/containers/messageanswer.h"
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
+#include "voxi_util/pixmap.h"
 #include "voxi_util/vxflags.h"
 
 #include <functional>
@@ -9,30 +11,8 @@
 
 namespace VOXI {
 
-class VXDialog2;
-template <class T>
-class VXHandle;
+struct BuiltMessage;
 class VXObject2;
-
-/// What the user may answer to a message.
-enum class MessageAnswer : unsigned {
-    None = 0,
-    Yes = 0x1,
-    YesToAll = 0x2,
-    Ok = 0x4,
-    Save = 0x8,
-    SaveAll = 0x10,
-    Retry = 0x20,
-    Ignore = 0x40,
-    Discard = 0x80,
-    No = 0x100,
-    NoToAll = 0x200,
-    Abort = 0x400,
-    Close = 0x800,
-    Cancel = 0x1000
-};
-template <>
-inline constexpr bool EnableFlags<MessageAnswer> = true;
 
 /// What a message's sign says of it.
 enum class MessageKind { Plain, Information, Question, Warning, Error };
@@ -49,10 +29,10 @@ enum class MessageKind { Plain, Information, Question, Warning, Error };
 ///                                    .kind = MessageKind::Warning}
 ///                             .exec(window);
 ///
-/// Each answer is a button. Texts that are long scroll. A message is a value: one may be shown many
-/// times. All functions may be called from any thread. With a parent the message stays above the
-/// parent's window. Without a back end, and for a parent that has ended, it is answered at once, as
-/// by Escape.
+/// Each answer is a button, in the order of `VXButtonRow2`. Texts that are long scroll. A message
+/// is a value: one may be shown many times. All functions may be called from any thread. With a
+/// parent the message stays above the parent's window. Without a back end, and for a parent that
+/// has ended, it is answered at once, as by Escape.
 struct VOXI2_EXPORT VXMessage2
 {
     /// Shown as it is, without markup.
@@ -63,7 +43,8 @@ struct VOXI2_EXPORT VXMessage2
     KeptText title{};
     /// None at all: `Ok`.
     VXFlags<MessageAnswer> answers = MessageAnswer::Ok;
-    /// What Return answers; `None`, or one that is not offered: the first button.
+    /// What Return answers; `None`, or one that is not offered: the first of `MessageAnswer` that
+    /// is.
     MessageAnswer defaultAnswer = MessageAnswer::None;
     /// What Escape and closing answer; `None`: see `answerOfEscape`.
     MessageAnswer escapeAnswer = MessageAnswer::None;
@@ -71,6 +52,15 @@ struct VOXI2_EXPORT VXMessage2
     /// What buttons say instead of the usual words, with `&` before the mnemonic:
     /// `{{MessageAnswer::Yes, "&Delete"}}`. See `setTranslation` for another language.
     std::map<MessageAnswer, KeptText> labels{};
+    /// Shown in place of the kind's sign; null: the sign.
+    Pixmap picture{};
+    /// What a box below the texts says that the user may check, "Do not show this again" for
+    /// example; empty: there is none.
+    KeptText option{};
+    bool isOptionChecked = false;
+    /// Called with the state of that box when the user has answered, before the answer is given:
+    /// by `exec` on the thread that waits.
+    std::function<void(bool isChecked)> optionTold{};
 
     /// What Escape answers: `escapeAnswer`, else `Cancel` if it is offered, else the only answer,
     /// else `No`, `Close` or `Abort`. When there is none of them it is `None`, and the message
@@ -99,10 +89,16 @@ struct VOXI2_EXPORT VXMessage2
                               VXFlags<MessageAnswer> answers = MessageAnswer::Ok,
                               MessageAnswer defaultAnswer = MessageAnswer::None);
 
+    /// Says that something has failed, and what is known of that.
+    static void error(VXObject2* parent, const AnyText& text, const AnyText& details = {});
+    /// What the program is: its name, and what there is to say of it.
+    static void about(VXObject2* parent, const AnyText& name, const AnyText& text,
+                      const Pixmap& picture = {});
+
 private:
     VXFlags<MessageAnswer> offered() const;
-    VXHandle<VXDialog2> make(VXObject2* parent) const;
-    VXDialog2* build(VXObject2* parent) const;
+    BuiltMessage make(VXObject2* parent) const;
+    BuiltMessage build(VXObject2* parent) const;
 };
 
 } // namespace VOXI

@@ -32,6 +32,8 @@ struct VXTab2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<bool()> isTabEnabled{*this};
     TROV::Request<Color()> getTextColor{*this};
     TROV::Request<VXTabContainer2*()> getContainer{*this};
+    TROV::Request<void(bool)> setClosable{*this};
+    TROV::Request<bool()> isClosable{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -78,6 +80,10 @@ public:
     /// Back to the colour of the other tabs.
     void unsetTextColor();
     Color textColor() const;
+
+    /// Whether the tab has a close button in containers whose tabs have one; on by default.
+    void setClosable(bool closable);
+    bool isClosable() const;
 
     /// The container that the tab is in; null for none.
     VXTabContainer2* container() const;

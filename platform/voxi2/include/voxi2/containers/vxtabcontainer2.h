@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/containers/tabcorner.h"
 #include "voxi2/containers/tabposition.h"
 #include "voxi2/containers/vxtab2.h"
 #include "voxi2/containers/vxtabevents2.h"
@@ -35,12 +36,15 @@ struct VXTabContainer2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<TextElideMode()> getElideMode{*this};
     TROV::Request<void(bool)> setScrollButtons{*this};
     TROV::Request<bool()> hasScrollButtons{*this};
+    TROV::Request<void(VXWidget2*, TabCorner)> setCornerWidget{*this};
+    TROV::Request<VXWidget2*(TabCorner)> getCornerWidget{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXTabEvent2&)> currentTabChanged{*this};
     TROV::Event<void(const VXTabEvent2&)> tabCloseRequested{*this};
     TROV::Event<void(const VXTabMoveEvent2&)> tabMoved{*this};
     TROV::Event<void(const VXTabEvent2&)> tabDoubleClicked{*this};
+    TROV::Event<void(const VXTabMenuEvent2&)> tabMenuRequested{*this};
 };
 
 /// Shows one of its tabs' pages at a time, the first one added to begin with; the user chooses by
@@ -99,6 +103,12 @@ public:
     void setScrollButtons(bool on);
     bool hasScrollButtons() const;
 
+    /// Shows a widget beside the tabs, which the container does not own. The former one stays
+    /// alive, alone and hidden; null takes it away; a dead one is ignored. It is seen where there
+    /// are tabs.
+    void setCornerWidget(VXWidget2* widget, TabCorner corner = TabCorner::Trailing);
+    VXWidget2* cornerWidget(TabCorner corner = TabCorner::Trailing) const;
+
     // Events
 
     /// The user chose another tab. Not sent when the program chooses one, nor when another becomes
@@ -122,6 +132,12 @@ public:
     TROV::Signal<void(const VXTabEvent2&)> tabDoubleClicked() const
     {
         return m_emitters.tabDoubleClicked.signal();
+    }
+    /// The user asked for a menu with the pointer on the tab, whichever is current. Where there is
+    /// no tab `contextMenuRequested` is sent.
+    TROV::Signal<void(const VXTabMenuEvent2&)> tabMenuRequested() const
+    {
+        return m_emitters.tabMenuRequested.signal();
     }
 
 private:

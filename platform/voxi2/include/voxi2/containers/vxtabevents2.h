@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/kernel/vxevent2.h"
+#include "voxi_util/geometry.h"
 
 namespace VOXI {
 
@@ -33,6 +34,22 @@ public:
 private:
     int m_from;
     int m_to;
+};
+
+/// The user asked for the menu of a tab.
+class VXTabMenuEvent2 : public VXTabEvent2
+{
+public:
+    VXTabMenuEvent2(VXTabContainer2* container, VXTab2* tab, VXPoint<int> globalPosition) noexcept
+        : VXTabEvent2(container, tab),
+          m_globalPosition(globalPosition)
+    {}
+
+    /// On the screen, where the menu is expected.
+    const VXPoint<int>& globalPosition() const noexcept { return m_globalPosition; }
+
+private:
+    VXPoint<int> m_globalPosition;
 };
 
 } // namespace VOXI

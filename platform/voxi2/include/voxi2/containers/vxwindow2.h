@@ -1,6 +1,8 @@
 #pragma once
 
 #include "voxi2/containers/dockarea.h"
+#include "voxi2/containers/dockcorner.h"
+#include "voxi2/containers/tabposition.h"
 #include "voxi2/containers/toolbararea.h"
 #include "voxi2/containers/vxabstractwindow2.h"
 #include "voxi2/kernel/direction.h"
@@ -8,6 +10,7 @@
 #include "voxi_util/anytext.h"
 
 #include <string>
+#include <vector>
 
 namespace VOXI {
 
@@ -43,6 +46,14 @@ struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters>
     TROV::Request<void(VXDockWidget2*)> raiseDockWidget{*this};
     TROV::Request<std::string()> saveLayout{*this};
     TROV::Request<bool(std::string)> restoreLayout{*this};
+    TROV::Request<void(VXDockWidget2*, int, Orientation)> setDockSize{*this};
+    TROV::Request<void(DockCorner, DockArea)> setDockCorner{*this};
+    TROV::Request<DockArea(DockCorner)> getDockCorner{*this};
+    TROV::Request<void(bool)> setDockNesting{*this};
+    TROV::Request<bool()> isDockNesting{*this};
+    TROV::Request<void(DockArea, TabPosition)> setDockTabPosition{*this};
+    TROV::Request<TabPosition(DockArea)> getDockTabPosition{*this};
+    TROV::Request<std::vector<VXDockWidget2*>(VXDockWidget2*)> getDockTabs{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -117,13 +128,32 @@ public:
     /// Shows the pane in front of those that it shares its place with.
     void raiseDockWidget(VXDockWidget2* dock);
 
+    /// The width (`Horizontal`) or height of a docked pane in pixels, and of those that share it,
+    /// as far as there is room. Before the window is shown first it counts from then on; it then
+    /// takes the place of what the pane would like. Panes that are not docked here are ignored.
+    void setDockSize(VXDockWidget2* dock, int size, Orientation orientation);
+    /// To which side's panes a corner belongs: one of the two sides that meet there, others are
+    /// ignored. To the top and the bottom at first.
+    void setDockCorner(DockCorner corner, DockArea area);
+    DockArea dockCorner(DockCorner corner) const;
+    /// Whether the user may put panes beside each other at any side, in rows of rows; off by
+    /// default.
+    void setDockNesting(bool nesting);
+    bool isDockNesting() const;
+    /// Where panes that share a place at that side have their tabs; at the bottom by default.
+    void setDockTabPosition(DockArea area, TabPosition position);
+    TabPosition dockTabPosition(DockArea area) const;
+    /// The panes that share a place with that one, itself included; none when it is alone.
+    std::vector<VXDockWidget2*> dockTabs(VXDockWidget2* dock) const;
+
     /// Where tool bars and panes are, and which of them are shown, as one line of printable text
     /// for `restoreLayout` in a later run. It knows them by their object names; those without are
     /// numbered in the order in which they were docked, so that a program that always docks the
     /// same ones needs no names.
     std::string saveLayout() const;
     /// Puts the docked tool bars and panes where they were; the others stay. Text that did not come
-    /// whole from `saveLayout` is refused: the answer is false and nothing changes.
+    /// whole from `saveLayout` is refused: the answer is false and nothing changes. While the
+    /// window is hidden panes that stand alone wait for it to be shown.
     bool restoreLayout(const std::string& layout);
 
 private:

@@ -18,4 +18,13 @@ public:
     VXFlags<WindowState> state() const noexcept { return value(); }
 };
 
+/// A window became the one with the keyboard, or is it no more.
+class VXWindowActivationEvent2 : public VXEvent2<VXAbstractWindow2, bool>
+{
+public:
+    using VXEvent2::VXEvent2;
+    VXAbstractWindow2* window() const noexcept { return sender(); }
+    bool isActive() const noexcept { return value(); }
+};
+
 } // namespace VOXI

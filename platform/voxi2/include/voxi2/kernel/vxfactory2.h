@@ -14,6 +14,7 @@ class VXBoxLayout2;
 class VXBridge;
 class VXButton2;
 class VXCheckBox2;
+class VXColorDialog2;
 class VXComboBox2;
 class VXDial2;
 class VXDialog2;
@@ -24,6 +25,7 @@ class VXEditArea2;
 class VXExplorerBarView2;
 class VXFileDialog2;
 class VXFlowLayout2;
+class VXFontDialog2;
 class VXFrame2;
 class VXGridLayout2;
 class VXGroupBox2;
@@ -68,6 +70,7 @@ struct VXBoxLayout2Emitters;
 struct VXButton2Emitters;
 struct VXCheckBox2Emitters;
 struct VXClipboard2Emitters;
+struct VXColorDialog2Emitters;
 struct VXComboBox2Emitters;
 struct VXDial2Emitters;
 struct VXDialog2Emitters;
@@ -79,6 +82,7 @@ struct VXEditArea2Emitters;
 struct VXExplorerBarView2Emitters;
 struct VXFileDialog2Emitters;
 struct VXFlowLayout2Emitters;
+struct VXFontDialog2Emitters;
 struct VXFrame2Emitters;
 struct VXGridLayout2Emitters;
 struct VXGroupBox2Emitters;
@@ -228,6 +232,10 @@ public:
         createNotificationBar2;
     TROV::Emitter3<void, VXSlider2*, VXSlider2Emitters*, VXObject*> createSlider2;
     TROV::Emitter3<void, VXDial2*, VXDial2Emitters*, VXObject*> createDial2;
+    TROV::Emitter4<void, VXColorDialog2*, VXColorDialog2Emitters*, VXObject*, unsigned>
+        createColorDialog2;
+    TROV::Emitter4<void, VXFontDialog2*, VXFontDialog2Emitters*, VXObject*, unsigned>
+        createFontDialog2;
 
     /// Has the peer of the object with that id destroyed; unknown ids are ignored.
     TROV::Emitter1<void, unsigned> destroyObject;

@@ -40,6 +40,7 @@ public:
     virtual int doExec();
     virtual bool doIsModal();
     virtual int doGetResult();
+    virtual std::vector<MessageAnswer> doGetButtonOrder(VXFlags<MessageAnswer> answers);
 
 protected:
     QtAbstractDialog2(VXAbstractDialog2* dialog, VXAbstractDialog2Emitters* emitters);
@@ -52,6 +53,7 @@ protected:
     // What the shim passes on
     void prepareToShow();
     void endWhenHidden();
+    void applyFlags(Qt::WindowFlags flags) override;
     /// Reports that the user ended the dialog. The peer may be gone when it returns.
     virtual void reportEnd(int result);
 

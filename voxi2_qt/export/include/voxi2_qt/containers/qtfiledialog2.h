@@ -52,11 +52,20 @@ public:
     virtual bool doConfirmsOverwrite();
     virtual std::vector<Path> doGetSelectedFiles();
     virtual void doSetLabel(FileDialogLabel label, const std::wstring& text);
+    virtual void doSetPlaces(const std::vector<Path>& places);
+    virtual std::vector<Path> doGetPlaces();
+    virtual std::string doSaveState();
+    virtual bool doRestoreState(const std::string& state);
 
 protected:
+    void connectSignals() override;
     void reportEnd(int result) override;
     void deferDelete() override;
     void endAlone() override;
+
+private Q_SLOTS:
+    void slotCurrentChanged(const QString& path);
+    void slotDirectoryEntered(const QString& path);
 
 private:
     QLineEdit* nameEdit() const;

@@ -40,7 +40,7 @@ private Q_SLOTS:
     void slotScrolled();
 
 private:
-    VXPoint<int> m_known{}; // the last position that a bar told, once somebody listens
+    VXPoint<int> m_known{};   // the last position that a bar told, once somebody listens
     bool m_isSetting = false; // the program moves the view
 };
 

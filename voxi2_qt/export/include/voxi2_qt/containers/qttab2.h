@@ -51,9 +51,12 @@ public:
     virtual bool doIsTabEnabled();
     virtual Color doGetTextColor();
     virtual VXTabContainer2* doGetContainer();
+    virtual void doSetClosable(bool closable);
+    virtual bool doIsClosable();
 
     const QString& text() const noexcept { return m_text; }
     Icon icon() const { return keptIcon(); }
+    bool isClosable() const noexcept { return m_isClosable; }
 
     /// Shows on a tab new in a bar what text and icon do not say.
     void decorate(QTabBar& bar, int index) const;
@@ -69,6 +72,7 @@ private:
     QString m_tip;
     QColor m_textColor; // invalid while it is that of the other tabs
     bool m_tabEnabled = true;
+    bool m_isClosable = true;
 };
 
 } // namespace VOXI

@@ -21,12 +21,15 @@ public:
 Q_SIGNALS:
     /// The user has let a tab go that was dragged to another place, or moved it there by keys.
     void pageDragged(QWidget* page, int from, int to);
+    /// The user wants the menu of a tab; whoever has one for it says that it is taken.
+    void menuRequested(int index, QPoint global, bool* taken);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     bool moveCurrent(int key);

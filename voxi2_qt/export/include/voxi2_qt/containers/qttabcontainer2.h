@@ -45,6 +45,8 @@ public:
     virtual TextElideMode doGetElideMode();
     virtual void doSetScrollButtons(bool on);
     virtual bool doHasScrollButtons();
+    virtual void doSetCornerWidget(VXWidget2* widget, TabCorner corner);
+    virtual VXWidget2* doGetCornerWidget(TabCorner corner);
 
     // For the pages; none of it is reported.
 
@@ -54,6 +56,8 @@ public:
     void setPageVisible(QtTab2& page, bool visible);
     /// Whether the user can choose the page's tab.
     void setPageChoosable(QtTab2& page, bool choosable);
+    /// Gives the tabs the close buttons that they are to have.
+    void applyClosable();
     /// Whether the container is to be deleted, and its pages with it.
     bool isGoing() const noexcept { return isDeletionScheduled(); }
 
@@ -67,11 +71,15 @@ private Q_SLOTS:
     void slotTabCloseRequested(int index);
     void slotTabDoubleClicked(int index);
     void slotPageDragged(QWidget* page, int from, int to);
+    void slotMenuRequested(int index, QPoint global, bool* taken);
 
 private:
     class Quiet;
 
     void movePage(int from, int index);
+    void removeCloseButton(int index);
+    /// The program's widget in a corner; null for none.
+    QWidget* shownIn(Qt::Corner corner) const;
     VXTab2* tabOf(int index) const;
     void reportTab(TROV::Event<void(const VXTabEvent2&)> VXTabContainer2Emitters::*event,
                    int index);

@@ -6,6 +6,7 @@
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QDockWidget>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -58,6 +59,14 @@ public:
     virtual void doRaiseDockWidget(VXDockWidget2* dock);
     virtual std::string doSaveLayout();
     virtual bool doRestoreLayout(const std::string& layout);
+    virtual void doSetDockSize(VXDockWidget2* dock, int size, Orientation orientation);
+    virtual void doSetDockCorner(DockCorner corner, DockArea area);
+    virtual DockArea doGetDockCorner(DockCorner corner);
+    virtual void doSetDockNesting(bool nesting);
+    virtual bool doIsDockNesting();
+    virtual void doSetDockTabPosition(DockArea area, VOXI::TabPosition position);
+    virtual VOXI::TabPosition doGetDockTabPosition(DockArea area);
+    virtual std::vector<VXDockWidget2*> doGetDockTabs(VXDockWidget2* dock);
 
     bool supportsGlobalFocusBlocker() const override { return m_supportsFocusBlocker; }
 
@@ -89,11 +98,22 @@ private:
     template <class Function>
     void placeDock(QtDockWidget2& dock, Function&& function);
     static void remember(Docked& docked, QWidget* widget);
+    void finishFirstShow();
+
+    struct WantedSize
+    {
+        QPointer<QDockWidget> m_dock;
+        int m_size;
+        Qt::Orientation m_orientation;
+    };
 
     QString m_statusText;                           // the one that is shown for good
     std::unique_ptr<VXClock2::Timer> m_statusTimer; // of one that is not
     Docked m_dockedBars;
     Docked m_dockedPanes;
+    std::vector<WantedSize> m_wantedSizes;             // until the window is shown first
+    std::vector<QPointer<QDockWidget>> m_waitingPanes; // that stand alone, for it to be shown
+    bool m_wasShown = false;
     bool m_supportsFocusBlocker = true;
 };
 
