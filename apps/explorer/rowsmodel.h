@@ -1,0 +1,51 @@
+#pragma once
+
+#include "document.h"
+#include "voxi2/modelview/vxabstractviewmodel2.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace explorer {
+
+/// Rows of a table, a view or a result, for a table view: the view's numbers of rows are the
+/// reader's, its columns are counted from 1. Cells are read by the worker as they come into sight.
+class RowsModel : public VOXI::VXAbstractViewModel2
+{
+public:
+    RowsModel(Document& document, std::shared_ptr<SQL::RowReader> reader, VOXI::VXObject2* parent);
+
+    const SQL::RowReader& reader() const noexcept { return *m_reader; }
+
+    /// Shows more rows, at once.
+    void append(std::vector<unsigned> rows);
+    void remove(const std::vector<unsigned>& rows);
+    /// Reads cells anew.
+    void reread(unsigned row);
+    void reread() { clearCachedUIData(); }
+
+    /// A text that the database did not take, shown in its cell with what was said of it.
+    struct Rejected
+    {
+        std::string text;
+        std::string message;
+    };
+    using Place = std::pair<unsigned, unsigned>; ///< row and column
+    void reject(Place place, Rejected rejected);
+    void forgetRejected(Place place);
+    const std::map<Place, Rejected>& rejected() const noexcept { return m_rejected; }
+
+protected:
+    void query(const VOXI::ViewQuery2& query) override;
+    void queryHeader(const VOXI::HeaderQuery2& query) override;
+
+private:
+    Document& m_document;
+    const std::shared_ptr<SQL::RowReader> m_reader;
+    std::map<Place, Rejected> m_rejected;
+};
+
+} // namespace explorer
