@@ -37,6 +37,8 @@ public:
     /// An empty one in memory.
     Database();
     explicit Database(const std::filesystem::path& file, Mode mode = Mode::ReadWrite);
+    /// An empty one on disk that nobody else sees and that is gone with the object.
+    static std::unique_ptr<Database> scratch();
     /// Rolls back what is not committed. Readers and editors of it must be gone.
     ~Database();
     Database(const Database&) = delete;
@@ -73,10 +75,10 @@ public:
     /// transaction.
     void commit();
     void rollBack();
-    /// How often a transaction has ended; by which editors know that theirs is over.
-    std::uint64_t endedTransactions() const noexcept { return m_endedTransactions; }
-    /// Whether that which ended last was committed.
-    bool wasCommitted() const noexcept { return m_wasCommitted; }
+    /// How many transactions have ended; by which editors know that theirs is over.
+    std::size_t endedTransactions() const noexcept { return m_endings.size(); }
+    /// Whether one of them was committed, by number from 0.
+    bool wasCommitted(std::size_t transaction) const { return m_endings.at(transaction); }
 
     /// Whether another connection has committed something to the main file since the last call (the
     /// first time: since the opening). Asks the file; cheap.
@@ -90,24 +92,32 @@ public:
     /// The first cell of the first row of a statement; NULL without one.
     Value scalar(const std::string& sql, const CancelToken& token = {});
 
+    /// Whether texts are kept in the main file as they are given here; others are converted.
+    bool hasUtf8() const noexcept { return m_hasUtf8; }
     /// For this library.
     sqlite3* handle() const noexcept { return m_handle; }
 
 private:
     friend class CancelScope;
+    friend class Statement;
 
-    void open(const std::string& uri, Mode mode);
+    void open(const std::string& name, int flags);
     void configure();
+    void noteTransaction();
     static int onProgress(void* self);
     static int onBusy(void* self, int count);
+    static void onRollBack(void* self);
 
     std::filesystem::path m_file;
     sqlite3* m_handle = nullptr;
     std::chrono::milliseconds m_busyTimeout{2000};
+    std::chrono::steady_clock::time_point m_busySince;
     const CancelToken* m_token = nullptr; // of what runs
-    std::uint64_t m_endedTransactions = 0;
-    bool m_wasCommitted = false;
+    bool m_isOpen = false;                // a transaction, when it was last looked at
+    bool m_isRolledBack = false;          // that one, or one of a single statement
+    std::vector<bool> m_endings;          // of transactions: whether by a commit
     std::int64_t m_dataVersion = 0;
+    bool m_hasUtf8 = true;
 };
 
 } // namespace SQL

@@ -123,6 +123,9 @@ protected:
     RowReader(Database& database, ObjectName name) : m_database(&database), m_name(std::move(name))
     {}
 
+    /// Of a text's or blob's bytes.
+    static std::string partOf(const Value& value, std::int64_t offset, std::size_t size);
+
     Database* m_database;
     ObjectName m_name;
     std::vector<ColumnInfo> m_columns;

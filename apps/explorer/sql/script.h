@@ -34,7 +34,9 @@ struct ScriptOptions
 /// Runs all statements of a text, up to the first that fails, and returns what became of each. Rows
 /// are copied into a scratch database on disk. The observer, if any, is called after each
 /// statement, on this thread. A token that is cancelled ends the script with that error in the last
-/// result, and leaves what the statements before have done.
+/// result, and leaves what the statements before have done; but when the statement that it stops
+/// has begun to change something, the database rolls back all of the transaction, and the error's
+/// message says so.
 std::vector<StatementResult> runScript(
     Database& database, const std::string& sql, const ScriptOptions& options = {},
     const CancelToken& token = {},

@@ -7,11 +7,12 @@
 
 namespace SQL {
 
-/// Makes a database of a shop: customers, articles with pictures (PNG) and long texts, orders and
-/// their lines, with views, indexes, triggers and a table without row ids; about so many rows in
-/// all, always the same for the same number. The file must not be there yet; half a one is removed.
-/// Returns the number of rows.
-std::uint64_t makeShop(const std::filesystem::path& file, std::uint64_t rows = 100000,
+/// Makes a database of a shop: so many lines of orders (`order_lines`, with ids without gaps), a
+/// fifth as many orders, a twentieth as many customers, articles with pictures (PNG) and long
+/// texts, and a table without row ids, with views, indexes and a trigger; always the same for the
+/// same number. The file must not be there yet; half a one is removed. Returns the number of all
+/// rows.
+std::uint64_t makeShop(const std::filesystem::path& file, std::uint64_t lines = 80000,
                        const Progress& progress = {}, const CancelToken& token = {});
 
 } // namespace SQL

@@ -1,0 +1,219 @@
+#include "sql/rowidreader.h"
+
+#include "sql/quoting.h"
+#include "sql/rowidlistings.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <sqlite3.h>
+
+namespace SQL {
+
+namespace {
+
+/// The database has a limit for columns of a result, and each takes two here.
+constexpr std::size_t ColumnsAtOnce = 500;
+
+std::vector<std::string> quotedNames(const std::vector<std::string>& names)
+{
+    std::vector<std::string> quoted;
+    quoted.reserve(names.size());
+    std::transform(names.begin(), names.end(), std::back_inserter(quoted),
+                   [](const std::string& name) { return quoteName(name); });
+    return quoted;
+}
+
+bool isSameName(const std::string& a, const char* b) { return sqlite3_stricmp(a.c_str(), b) == 0; }
+
+} // namespace
+
+RowIdReader::RowIdReader(Database& database, ObjectName name, Source source)
+    : RowReader(database, std::move(name)),
+      m_table(quoteName(m_name.database) + "." + quoteName(m_name.name)),
+      m_names(std::move(source.names)),
+      m_quotedNames(quotedNames(m_names)),
+      m_keyNames{std::move(source.id)},
+      m_isEditable(source.isEditable),
+      m_isSeekable(source.isSeekable)
+{
+    m_columns = std::move(source.columns);
+}
+
+std::optional<std::string> RowIdReader::idName(Database& database, const ObjectName& table,
+                                               const std::vector<ColumnInfo>& columns)
+{
+    const std::string from = " FROM " + quoteName(table.database) + "." + quoteName(table.name);
+    for (const char* name : {"rowid", "_rowid_", "oid"}) {
+        if (std::any_of(columns.begin(), columns.end(),
+                        [&](const ColumnInfo& column) { return isSameName(column.name, name); }))
+            continue;
+        try {
+            Statement(database, std::string("SELECT ") + name + from);
+            return name;
+        } catch (const Error&) {
+            return {}; // the table has none, or is one that cannot be read at all
+        }
+    }
+    return {};
+}
+
+std::unique_ptr<RowListing> RowIdReader::list(const RowOrder& order, const CancelToken& token)
+{
+    const bool isSorted = order.column < m_columns.size() || order.isDescending;
+    const OrderSql sql =
+        orderSql(order, m_columns, m_quotedNames,
+                 isSorted || m_isSeekable ? m_keyNames : std::vector<std::string>());
+    const std::string& id = m_keyNames.front();
+    if (!isSorted && !sql.hasFilter && m_isSeekable)
+        return std::make_unique<GrowingRowIds>(*m_database, m_table, id, m_numbers, token);
+    Statement statement(*m_database, "SELECT " + id + " FROM " + m_table + sql.clauses);
+    return std::make_unique<SelectedRowIds>(*m_database, std::move(statement), sql, m_numbers,
+                                            token);
+}
+
+std::uint64_t RowIdReader::count(const CancelToken& token)
+{
+    const Value count = m_database->scalar("SELECT count(*) FROM " + m_table, token);
+    return static_cast<std::uint64_t>(std::get<std::int64_t>(count));
+}
+
+/// For each column its value, unless it is a blob over the limit; and the size of such a blob. Both
+/// are told without reading the blob.
+Statement& RowIdReader::statementFor(const std::vector<std::size_t>& columns)
+{
+    if (!m_last.isNull() && columns == m_lastColumns)
+        return m_last;
+    std::vector<std::string> cells;
+    for (std::size_t column : columns) {
+        if (column >= m_columns.size()) {
+            cells.insert(cells.end(), {"NULL", "NULL"});
+            continue;
+        }
+        const std::string& name = m_quotedNames[column];
+        const std::string isLarge = "typeof(" + name + ") = 'blob' AND length(" + name + ") > ?2";
+        cells.push_back("CASE WHEN " + isLarge + " THEN NULL ELSE " + name + " END");
+        cells.push_back("CASE WHEN " + isLarge + " THEN length(" + name + ") END");
+    }
+    m_last = Statement(*m_database, "SELECT " + (cells.empty() ? "1" : joined(cells)) + " FROM "
+                                        + m_table + " WHERE " + m_keyNames.front()
+                                        + " = ?1 AND ?2 >= 0");
+    m_lastColumns = columns;
+    return m_last;
+}
+
+void RowIdReader::readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
+                            std::size_t limit)
+{
+    Statement& statement = statementFor(columns);
+    for (Row& row : rows) {
+        const std::optional<std::int64_t> id = m_numbers.idOf(row.number);
+        if (!id)
+            continue;
+        statement.bind(1, *id).bind(2, static_cast<std::int64_t>(limit));
+        row.isThere = statement.step();
+        for (std::size_t i = 0; row.isThere && i < columns.size(); ++i) {
+            const int at = static_cast<int>(2 * i);
+            Cell& cell = row.cells.emplace_back(statement.cell(at, limit));
+            if (statement.isNullAt(at + 1))
+                continue;
+            cell.size = statement.integer(at + 1);
+            cell.isCut = true;
+            cell.value = Blob{bytes(row.number, columns[i], 0, limit)};
+        }
+        statement.reset();
+    }
+}
+
+std::vector<RowReader::Row> RowIdReader::read(const std::vector<unsigned>& numbers,
+                                              const std::vector<std::size_t>& columns,
+                                              std::size_t limit, const CancelToken& token)
+{
+    const CancelScope scope(*m_database, token);
+    std::vector<Row> rows;
+    rows.reserve(numbers.size());
+    for (unsigned number : numbers)
+        rows.push_back({number, false, {}});
+    for (std::size_t at = 0; at == 0 || at < columns.size(); at += ColumnsAtOnce) {
+        const auto begin = columns.begin() + static_cast<std::ptrdiff_t>(at);
+        const auto size = std::min(columns.size() - at, ColumnsAtOnce);
+        readBlock(rows, {begin, begin + static_cast<std::ptrdiff_t>(size)}, limit);
+    }
+    return rows;
+}
+
+Value RowIdReader::cell(unsigned row, std::size_t column, const CancelToken& token)
+{
+    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    if (!id || column >= m_columns.size())
+        return {};
+    const CancelScope scope(*m_database, token);
+    Statement statement(*m_database, "SELECT " + m_quotedNames[column] + " FROM " + m_table
+                                         + " WHERE " + m_keyNames.front() + " = ?1");
+    return statement.bind(1, *id).step() ? statement.value(0) : Value();
+}
+
+std::optional<std::string> RowIdReader::seekBytes(std::int64_t id, std::size_t column,
+                                                  std::int64_t offset, std::size_t size)
+{
+    sqlite3_blob* opened = nullptr;
+    const int code =
+        sqlite3_blob_open(m_database->handle(), m_name.database.c_str(), m_name.name.c_str(),
+                          m_names[column].c_str(), id, 0, &opened);
+    const std::unique_ptr<sqlite3_blob, decltype(&sqlite3_blob_close)> blob(opened,
+                                                                            &sqlite3_blob_close);
+    if (code != SQLITE_OK)
+        return {}; // a number, a generated column, a virtual table ...
+    const std::int64_t all = sqlite3_blob_bytes(blob.get());
+    const std::int64_t begin = std::clamp<std::int64_t>(offset, 0, all);
+    std::string bytes(std::min(size, static_cast<std::size_t>(all - begin)), '\0');
+    const int read = sqlite3_blob_read(blob.get(), bytes.data(), static_cast<int>(bytes.size()),
+                                       static_cast<int>(begin));
+    if (read != SQLITE_OK)
+        throw errorOf(m_database->handle(), read);
+    return bytes;
+}
+
+std::string RowIdReader::bytes(unsigned row, std::size_t column, std::int64_t offset,
+                               std::size_t size)
+{
+    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    if (!id || column >= m_columns.size())
+        return {};
+    // A text of a file in UTF-16 is not kept as we give it.
+    if (m_database->hasUtf8())
+        if (auto bytes = seekBytes(*id, column, offset, size))
+            return *bytes;
+    return partOf(cell(row, column, {}), offset, size);
+}
+
+void RowIdReader::forEach(const RowOrder& order,
+                          const std::function<bool(const std::vector<Value>&)>& sink,
+                          const CancelToken& token)
+{
+    const CancelScope scope(*m_database, token);
+    const OrderSql sql = orderSql(order, m_columns, m_quotedNames, m_keyNames);
+    Statement statement(*m_database,
+                        "SELECT " + joined(m_quotedNames) + " FROM " + m_table + sql.clauses);
+    sql.bindTo(statement);
+    while (statement.step() && sink(statement.values())) {
+    }
+}
+
+std::optional<EditableRows::Key> RowIdReader::keyOf(unsigned row)
+{
+    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    return id ? std::optional(Key{*id}) : std::nullopt;
+}
+
+unsigned RowIdReader::rowOf(const Key& key)
+{
+    return m_numbers.numberOf(std::get<std::int64_t>(key.front()));
+}
+
+void RowIdReader::changeKey(const Key& from, const Key& to)
+{
+    m_numbers.rename(std::get<std::int64_t>(from.front()), std::get<std::int64_t>(to.front()));
+}
+
+} // namespace SQL

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "sql/editablerows.h"
+#include "sql/ordersql.h"
+#include "sql/rownumbers.h"
+#include "sql/rowreader.h"
+#include "sql/statement.h"
+
+#include <optional>
+
+namespace SQL {
+
+/// Rows of a table with row ids.
+class RowIdReader : public RowReader, public EditableRows
+{
+public:
+    /// How a table is read.
+    struct Source
+    {
+        std::vector<ColumnInfo> columns;
+        std::vector<std::string> names; ///< of the columns in the table, not quoted
+        std::string id;                 ///< the column of the row ids, quoted
+        bool isEditable = true;
+        bool isSeekable = true; ///< rows after an id are found quickly
+    };
+
+    RowIdReader(Database& database, ObjectName name, Source source);
+
+    /// The name by which a table's row ids go, quoted; none when they cannot be got at.
+    static std::optional<std::string> idName(Database& database, const ObjectName& table,
+                                             const std::vector<ColumnInfo>& columns);
+
+    bool isEditable() const override { return m_isEditable; }
+    std::unique_ptr<RowListing> list(const RowOrder& order, const CancelToken& token) override;
+    std::uint64_t count(const CancelToken& token) override;
+    std::vector<Row> read(const std::vector<unsigned>& rows,
+                          const std::vector<std::size_t>& columns, std::size_t limit,
+                          const CancelToken& token) override;
+    Value cell(unsigned row, std::size_t column, const CancelToken& token) override;
+    std::string bytes(unsigned row, std::size_t column, std::int64_t offset,
+                      std::size_t size) override;
+    void forEach(const RowOrder& order, const std::function<bool(const std::vector<Value>&)>& sink,
+                 const CancelToken& token) override;
+
+    std::string tableSql() const override { return m_table; }
+    const std::vector<std::string>& keyNames() const override { return m_keyNames; }
+    std::optional<Key> keyOf(unsigned row) override;
+    unsigned rowOf(const Key& key) override;
+    void changeKey(const Key& from, const Key& to) override;
+
+private:
+    void readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
+                   std::size_t limit);
+    Statement& statementFor(const std::vector<std::size_t>& columns);
+    std::optional<std::string> seekBytes(std::int64_t id, std::size_t column, std::int64_t offset,
+                                         std::size_t size);
+
+    std::string m_table;
+    std::vector<std::string> m_names; // as the database has them
+    std::vector<std::string> m_quotedNames;
+    std::vector<std::string> m_keyNames;
+    bool m_isEditable;
+    bool m_isSeekable;
+    RowNumbers m_numbers;
+    // What a view asks for is mostly the same again.
+    std::vector<std::size_t> m_lastColumns;
+    Statement m_last;
+};
+
+} // namespace SQL
