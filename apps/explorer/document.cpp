@@ -6,13 +6,10 @@ namespace explorer {
 
 Document::Document(const VOXI::VXObject2& home, Path file)
     : m_file(std::move(file)),
-      m_worker(std::make_shared<Worker>(home))
+      m_worker(home)
 {
-    m_worker->setIdleJob([this] { lookForChanges(); });
+    m_worker.setIdleJob([this] { lookForChanges(); });
 }
-
-/// The worker first: then nobody uses the others any more.
-Document::~Document() { m_worker.reset(); }
 
 void Document::readContents(Answer<FileContents> answer)
 {
@@ -70,7 +67,7 @@ void Document::lookForChanges()
     } catch (const SQL::Error&) {
         return; // whoever needs the file is told
     }
-    m_worker->deliver([this] {
+    m_worker.deliver([this] {
         if (onChangedElsewhere)
             onChangedElsewhere();
     });

@@ -50,7 +50,6 @@ public:
     using Answer = std::function<void(Outcome<T>)>;
 
     Document(const VOXI::VXObject2& home, Path file);
-    ~Document();
 
     const Path& file() const noexcept { return m_file; }
 
@@ -58,7 +57,7 @@ public:
     template <class T>
     void ask(std::function<T(SQL::Database&)> work, Answer<T> answer)
     {
-        m_worker->post([this, work = std::move(work), answer = std::move(answer)] {
+        m_worker.post([this, work = std::move(work), answer = std::move(answer)] {
             deliver(outcomeOf<T>(work), answer);
         });
     }
@@ -66,12 +65,12 @@ public:
     template <class T>
     void askFirst(std::function<T(SQL::Database&)> work, Answer<T> answer)
     {
-        m_worker->postFirst([this, work = std::move(work), answer = std::move(answer)] {
+        m_worker.postFirst([this, work = std::move(work), answer = std::move(answer)] {
             deliver(outcomeOf<T>(work), answer);
         });
     }
     /// For jobs that answer more than once.
-    Worker& worker() noexcept { return *m_worker; }
+    Worker& worker() noexcept { return m_worker; }
 
     /// What belongs to the worker, held by whomever: the last who lets go of it has the worker
     /// destroy it, before the database. On the worker.
@@ -79,14 +78,13 @@ public:
     std::shared_ptr<T> lend(std::shared_ptr<T> object)
     {
         T* const raw = object.get();
-        auto end = [object = std::move(object), database = m_database,
-                    worker = std::weak_ptr(m_worker)](T*) mutable {
-            const Worker::Job drop = [database = std::move(database),
-                                      last = std::exchange(object, nullptr)] {};
-            if (const std::shared_ptr<Worker> alive = worker.lock())
-                alive->post(drop);
-        };
-        return std::shared_ptr<T>(raw, std::move(end));
+        // The object first.
+        auto held = std::make_shared<std::pair<std::shared_ptr<const void>, std::shared_ptr<T>>>(
+            m_database, std::move(object));
+        return std::shared_ptr<T>(raw, [held = std::move(held),
+                                        queue = m_worker.queue()](T*) mutable {
+            Worker::release(*queue, std::move(held));
+        });
     }
 
     void readContents(Answer<FileContents> answer);
@@ -129,7 +127,7 @@ private:
     void deliver(Outcome<T> outcome, const Answer<T>& answer)
     {
         const bool hasChanges = m_database && m_database->isInTransaction();
-        m_worker->deliver([this, outcome = std::move(outcome), answer, hasChanges]() mutable {
+        m_worker.deliver([this, outcome = std::move(outcome), answer, hasChanges]() mutable {
             noteChanges(hasChanges);
             if (answer)
                 answer(std::move(outcome));
@@ -144,7 +142,7 @@ private:
     // The worker's
     std::shared_ptr<SQL::Database> m_database;
     std::map<const SQL::RowReader*, std::unique_ptr<SQL::TableEditor>> m_editors;
-    std::shared_ptr<Worker> m_worker;
+    Worker m_worker; ///< the last: it uses the others
 };
 
 } // namespace explorer

@@ -4,6 +4,8 @@
 #include "sql/text.h"
 #include "voxi2/containers/vxmessage2.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace explorer {
@@ -154,7 +156,10 @@ void ExplorerWindow::reload()
             return fail(*contents.error);
         showContents(*contents.value);
         m_schema.select(m_table);
-        m_rows.refresh();
+        if (isAsShown(*contents.value))
+            m_rows.refresh();
+        else
+            showTable(m_table);
     });
 }
 
@@ -162,6 +167,27 @@ void ExplorerWindow::showContents(const FileContents& contents)
 {
     m_schema.show(contents);
     m_query.setCatalog(contents.catalog);
+}
+
+/// Whether the table that is shown still has its columns.
+bool ExplorerWindow::isAsShown(const FileContents& contents) const
+{
+    if (!m_rows.reader())
+        return m_table.name.empty();
+    const auto& shown = m_rows.reader()->columns();
+    const auto isSame = [](const SQL::ColumnInfo& a, const SQL::ColumnInfo& b) {
+        return a.name == b.name && a.type == b.type;
+    };
+    for (const auto& [_, tables] : contents.databases) {
+        for (const TableDetails& table : tables) {
+            if (table.object.name != m_table)
+                continue;
+            auto columns = table.columns;
+            std::erase_if(columns, [](const SQL::ColumnInfo& each) { return each.isHidden; });
+            return std::equal(shown.begin(), shown.end(), columns.begin(), columns.end(), isSame);
+        }
+    }
+    return false;
 }
 
 void ExplorerWindow::showTable(const SQL::ObjectName& table)
@@ -186,10 +212,16 @@ void ExplorerWindow::showTable(const SQL::ObjectName& table)
         });
 }
 
-/// Whose right it is to write is the only one who changes the file: nothing of ours is at stake.
+/// Who has changes of his own keeps others from writing: at stake is only what is being typed.
 void ExplorerWindow::noteForeignChange()
 {
     m_bar->withdraw(ForeignChangeUid);
+    if (m_rows.isEdited()) {
+        m_bar->notify({.text = L"Another program has changed the file.",
+                       .buttons = {{.text = L"&Reload", .id = ReloadButton}},
+                       .uid = ForeignChangeUid});
+        return;
+    }
     m_bar->notify({.text = L"Another program has changed the file; this is how it is now.",
                    .timeout = 8000,
                    .uid = ForeignChangeUid});
@@ -212,7 +244,7 @@ void ExplorerWindow::fail(const SQL::Error& error)
     notification.kind = NotificationKind::Error;
     notification.uid = FailureUid;
     if (error.isBusy() && m_rows.model() && !m_rows.model()->rejected().empty())
-        notification.buttons = {{.text = L"&Try again", .id = 1}};
+        notification.buttons = {{.text = L"&Try again", .id = TryAgainButton}};
     m_bar->withdraw(FailureUid);
     m_bar->notify(notification, NotificationArrival::Replaces);
 }

@@ -79,6 +79,7 @@ private:
     void closeFile();
     void reload();
     void showContents(const FileContents& contents);
+    bool isAsShown(const FileContents& contents) const;
     void showTable(const SQL::ObjectName& table);
     void noteForeignChange();
     bool isQueryShown() const;
@@ -87,6 +88,9 @@ private:
     void tell(const std::string& text,
               VOXI::NotificationKind kind = VOXI::NotificationKind::Information);
     void fail(const SQL::Error& error);
+
+    static constexpr int TryAgainButton = 1; ///< in the bar, as the next
+    static constexpr int ReloadButton = 2;
 
     Settings m_settings;
     VOXI::VXWindow2* const m_window;

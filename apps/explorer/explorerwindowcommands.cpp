@@ -116,8 +116,12 @@ void ExplorerWindow::connectPanes()
                        .finished = [this](const std::vector<SQL::StatementResult>& results) {
                            for (const SQL::StatementResult& each : results)
                                m_log.add(each);
-                           // What was run may have changed anything.
-                           reload();
+                           const auto reads = [](const SQL::StatementResult& each) {
+                               return each.rows && each.changes == 0;
+                           };
+                           // What is no question may have changed anything.
+                           if (!std::all_of(results.begin(), results.end(), reads))
+                               reload();
                        }});
     m_log.onStatementChosen = [this](const std::string& sql) {
         m_tabs->setCurrentTab(m_queryTab);
@@ -129,7 +133,12 @@ void ExplorerWindow::connectPanes()
     };
     m_tabs->currentTabChanged().connect(m_window, [this](const VXTabEvent2&) { showState(); });
     m_bar->buttonClicked().connect(
-        m_window, [this](const VXNotificationButtonEvent2&) { m_editing.retry(); });
+        m_window, [this](const VXNotificationButtonEvent2& event) {
+            if (event.buttonId() == TryAgainButton)
+                m_editing.retry();
+            else
+                reload();
+        });
 }
 
 void ExplorerWindow::connectDrops()
@@ -156,7 +165,7 @@ void ExplorerWindow::noteRows(const RowsPane& pane, const std::string& status)
     showState();
     if (pane.isListing() || !m_document || !m_settled)
         return;
-    // Behind the cells that are being read.
+    pane.table()->refresh(); // which asks for the cells in sight; the answer comes behind them
     m_document->ask<bool>([](SQL::Database&) { return true; },
                           [then = std::exchange(m_settled, nullptr)](Outcome<bool>) { then(); });
 }
@@ -248,6 +257,8 @@ void ExplorerWindow::rollBack(std::function<void()> then)
             return fail(*done.error);
         if (then)
             return then();
+        if (RowsModel* const model = m_rows.model())
+            model->forgetRejected();
         reload();
         tell("Everything is as it was.");
     });

@@ -4,6 +4,8 @@
 #include "voxi2/kernel/vxhandle.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace explorer {
 
@@ -62,16 +64,21 @@ RowsModel::RowsModel(Document& document, std::shared_ptr<SQL::RowReader> reader,
     changeSize(SizeChange2::appendColumns(numbers(m_reader->columns().size())));
 }
 
-void RowsModel::append(std::vector<unsigned> rows)
+void RowsModel::append(const std::vector<unsigned>& rows)
 {
-    changeSize(SizeChange2::appendRows(std::move(rows)));
+    m_rows.insert(m_rows.end(), rows.begin(), rows.end());
+    changeSize(SizeChange2::appendRows(rows));
     flushChanges();
 }
 
 void RowsModel::remove(const std::vector<unsigned>& rows)
 {
+    const std::set<unsigned> gone(rows.begin(), rows.end());
+    std::erase_if(m_rows, [&gone](unsigned row) { return gone.contains(row); });
     changeSize(SizeChange2::removeRows(rows));
 }
+
+void RowsModel::removeAll() { changeSize(SizeChange2::removeRows(std::exchange(m_rows, {}))); }
 
 void RowsModel::reread(unsigned row)
 {
@@ -88,6 +95,12 @@ void RowsModel::reject(Place place, Rejected rejected)
 void RowsModel::forgetRejected(Place place)
 {
     if (m_rejected.erase(place) > 0)
+        changeData(place.first, place.second);
+}
+
+void RowsModel::forgetRejected()
+{
+    for (const auto& [place, rejected] : std::exchange(m_rejected, {}))
         changeData(place.first, place.second);
 }
 

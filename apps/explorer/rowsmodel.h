@@ -21,8 +21,10 @@ public:
     const SQL::RowReader& reader() const noexcept { return *m_reader; }
 
     /// Shows more rows, at once.
-    void append(std::vector<unsigned> rows);
+    void append(const std::vector<unsigned>& rows);
     void remove(const std::vector<unsigned>& rows);
+    void removeAll();
+    std::size_t rowCount() const noexcept { return m_rows.size(); }
     /// Reads cells anew.
     void reread(unsigned row);
     void reread() { clearCachedUIData(); }
@@ -36,6 +38,9 @@ public:
     using Place = std::pair<unsigned, unsigned>; ///< row and column
     void reject(Place place, Rejected rejected);
     void forgetRejected(Place place);
+    void forgetRejected();
+    /// Those of a model of the same rows.
+    void adoptRejected(const RowsModel& other) { m_rejected = other.m_rejected; }
     const std::map<Place, Rejected>& rejected() const noexcept { return m_rejected; }
 
 protected:
@@ -45,6 +50,7 @@ protected:
 private:
     Document& m_document;
     const std::shared_ptr<SQL::RowReader> m_reader;
+    std::vector<unsigned> m_rows;
     std::map<Place, Rejected> m_rejected;
 };
 

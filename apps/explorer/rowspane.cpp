@@ -15,6 +15,8 @@ namespace {
 
 /// Of more columns only the first get a width of their own at once.
 constexpr std::size_t MeasuredColumns = 100;
+/// To take more out of a model takes longer than to begin a new one.
+constexpr std::size_t MostRemoved = 200'000;
 
 int wantedCharacters(const SQL::ColumnInfo& column)
 {
@@ -96,17 +98,22 @@ void RowsPane::focusFilter()
     m_filters.focus(current.isNull() ? 1 : current.column);
 }
 
+bool RowsPane::isEdited() const
+{
+    const ModelCell2 current = m_table->activeCell();
+    return !current.isNull() && m_table->editor(current.row, current.column);
+}
+
 void RowsPane::addToCount(int rows)
 {
     m_count += static_cast<std::uint64_t>(static_cast<std::int64_t>(rows));
     tellStatus();
 }
 
-/// A third click on a header ends the sorting.
 void RowsPane::sortBy(unsigned column, SortOrder order)
 {
     const bool wasDescending = m_order.column == column - 1 && m_order.isDescending;
-    m_order.column = wasDescending ? SQL::RowOrder::Natural : column - 1;
+    m_order.column = wasDescending || column == 0 ? SQL::RowOrder::Natural : column - 1;
     m_order.isDescending = !wasDescending && order == SortOrder::Descending;
     list();
 }
@@ -139,41 +146,59 @@ void RowsPane::take(Outcome<Listing::Piece> piece)
             m_events.failed(*piece.error);
         return;
     }
-    if (std::exchange(m_isFirstPiece, false))
+    const bool isFirst = std::exchange(m_isFirstPiece, false);
+    if (isFirst)
         beginModel();
     const std::vector<unsigned>& rows = piece.value->rows;
     m_count += rows.size();
     m_isListing = !piece.value->isLast;
     const bool isWantedHere =
         m_wantedRow != 0 && std::find(rows.begin(), rows.end(), m_wantedRow) != rows.end();
-    m_model.get()->append(std::move(piece.value->rows));
-    if (isWantedHere) {
-        const ModelCell2 cell{std::exchange(m_wantedRow, 0), m_wantedColumn, nullptr};
-        m_table->setActiveCell(cell);
-        m_table->scrollTo(cell);
-    }
+    const unsigned first = rows.empty() ? 0 : rows.front();
+    m_model.get()->append(rows);
+    if (isWantedHere)
+        choose(std::exchange(m_wantedRow, 0), m_wantedColumn);
+    else if (isFirst && m_wantedRow == 0 && first != 0)
+        choose(first, 1);
     tellStatus();
 }
 
-/// A new one: to take millions of rows out of a model costs more than to leave it.
+void RowsPane::choose(unsigned row, unsigned column)
+{
+    m_table->setActiveCell({row, column, nullptr});
+    m_table->scrollTo({row, column, nullptr});
+    if (m_events.cellChosen)
+        m_events.cellChosen(row, column);
+}
+
 void RowsPane::beginModel()
 {
     RowsModel* const former = m_model.get();
-    const std::string header = former ? m_table->saveHeaderState() : std::string();
-    auto* const model = new RowsModel(*m_document, m_reader, m_panel);
-    m_model = model;
     m_count = 0;
-    m_table->setViewModel(model);
-    if (former) {
+    if (!former) {
+        showNewModel();
+        setFirstWidths();
+    } else if (former->rowCount() > MostRemoved) {
+        const std::string header = m_table->saveHeaderState();
+        showNewModel().adoptRejected(*former);
         m_table->restoreHeaderState(header);
         former->destroy();
     } else {
-        setFirstWidths();
+        former->removeAll();
+        former->reread();
     }
     const bool isSorted = m_order.column != SQL::RowOrder::Natural;
     m_table->setSortIndicator(isSorted ? static_cast<unsigned>(m_order.column) + 1 : 0,
                               m_order.isDescending ? SortOrder::Descending : SortOrder::Ascending);
     m_filters.place();
+}
+
+RowsModel& RowsPane::showNewModel()
+{
+    auto* const model = new RowsModel(*m_document, m_reader, m_panel);
+    m_model = model;
+    m_table->setViewModel(model);
+    return *model;
 }
 
 void RowsPane::setFirstWidths()

@@ -42,6 +42,9 @@ public:
     void stop();
     void focusFilter();
 
+    /// Column 0, or the same one for the third time: as they stand in the file.
+    void sortBy(unsigned column, VOXI::SortOrder order);
+
     bool isListing() const noexcept { return m_isListing; }
     /// How many rows are shown so far.
     std::uint64_t count() const noexcept { return m_count; }
@@ -49,14 +52,17 @@ public:
     RowsModel* model() const { return m_model.get(); }
     const std::shared_ptr<SQL::RowReader>& reader() const noexcept { return m_reader; }
     const SQL::RowOrder& order() const noexcept { return m_order; }
+    /// Whether the user types in a cell just now.
+    bool isEdited() const;
     /// Rows that have come or gone by the editor.
     void addToCount(int rows);
 
 private:
-    void sortBy(unsigned column, VOXI::SortOrder order);
     void list();
     void take(Outcome<Listing::Piece> piece);
     void beginModel();
+    RowsModel& showNewModel();
+    void choose(unsigned row, unsigned column);
     void setFirstWidths();
     void tellStatus();
 

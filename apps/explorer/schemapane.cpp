@@ -134,7 +134,7 @@ void SchemaPane::addTable(unsigned group, const TableDetails& table)
                       table.failure.empty() ? object.sql : table.failure),
                 detail(!table.failure.empty()  ? "fails"
                        : object.isVirtual      ? "virtual"
-                       : object.isWithoutRowId ? "without row id"
+                       : object.isWithoutRowId ? "no row ids"
                                                : "")});
     m_tables[row] = object.name;
     if (m_firstTable.name.empty() && !object.isSystem)

@@ -2,11 +2,8 @@
 
 #include "voxi2/kernel/vxobject2.h"
 
-#include <condition_variable>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -31,7 +28,6 @@ public:
     void post(Job job);
     /// Before all others: what somebody looks at right now.
     void postFirst(Job job);
-
     /// Done about once a second while there is nothing else to do.
     void setIdleJob(Job job);
 
@@ -45,18 +41,19 @@ public:
         });
     }
 
+    struct Queue;
+    /// The jobs; may outlive the worker.
+    const std::shared_ptr<Queue>& queue() const noexcept { return m_queue; }
+    /// Has the worker let go of what belongs to it, from any thread; one that is over has it done
+    /// at once.
+    static void release(Queue& queue, std::shared_ptr<void> what);
+
 private:
     using Home = std::remove_pointer_t<decltype(std::declval<VOXI::VXObject2>().servingThread())>;
 
-    void run();
-
     Home* const m_home;
     const std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // of the home thread's
-    std::mutex m_mutex;
-    std::condition_variable m_arrival;
-    std::deque<Job> m_jobs; // guarded, as the next two are
-    Job m_idleJob;
-    bool m_ends = false;
+    const std::shared_ptr<Queue> m_queue;
     std::thread m_thread; // the last: it uses the others
 };
 
