@@ -41,9 +41,11 @@ void makeFile(const std::string& file)
         made.execute("CREATE TABLE readings (id INTEGER PRIMARY KEY, station TEXT NOT NULL, "
                      "value REAL, note TEXT)");
         made.execute("INSERT INTO readings WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
-                     "FROM n WHERE i < " + std::to_string(Rows) + ") SELECT i, 'station ' || "
-                     "(i * 7919 % 10007), i * 31 % 100003 / 7.0, CASE WHEN i % 5 = 0 THEN "
-                     "'a remark about reading ' || i END FROM n");
+                     "FROM n WHERE i < "
+                     + std::to_string(Rows)
+                     + ") SELECT i, 'station ' || "
+                       "(i * 7919 % 10007), i * 31 % 100003 / 7.0, CASE WHEN i % 5 = 0 THEN "
+                       "'a remark about reading ' || i END FROM n");
     }
     std::filesystem::rename(file + ".new", file);
 }
@@ -124,45 +126,57 @@ void travel(explorer::ExplorerWindow& window, const std::string& file)
     };
     const auto trigger = [&](const char* name) { tour.find<VXAction2>(name)->imitateTrigger(); };
 
-    tour.step("open: the first rows", [&] { window.open(file); },
-              [&] { return pane.model() && isSeen(1)(); });
-    tour.step("open: all rows", [] {}, isListed);
+    tour.step(
+        "open: the first rows", [&] { window.open(file); },
+        [&] { return pane.model() && isSeen(1)(); });
+    tour.step(
+        "open: all rows", [] {}, isListed);
     for (unsigned i = 1; i <= 20; ++i)
-        tour.step(i == 20 ? "scroll to the end" : "scroll on",
-                  [&] { table.scrollTo({Rows / 20 * i, 1, nullptr}); }, isSeen(Rows / 20 * i));
-    tour.step("sort by a column without an index",
-              [&] { pane.sortBy(2, SortOrder::Ascending); }, isListed);
-    tour.step("back to the order of the table", [&] { pane.sortBy(0, SortOrder::Ascending); },
-              isListed);
+        tour.step(
+            i == 20 ? "scroll to the end" : "scroll on",
+            [&] {
+                table.scrollTo({Rows / 20 * i, 1, nullptr});
+            },
+            isSeen(Rows / 20 * i));
+    tour.step(
+        "sort by a column without an index", [&] { pane.sortBy(2, SortOrder::Ascending); },
+        isListed);
+    tour.step(
+        "back to the order of the table", [&] { pane.sortBy(0, SortOrder::Ascending); }, isListed);
     auto* const filter = tour.find<VXEdit2>("filter-2");
     for (const char* key : {"n", " ", "9", "9", "9"})
-        tour.step("filter: a key, while it searches", [&] { filter->imitateTyping(key); },
-                  [&, until = Clock::now() + std::chrono::milliseconds(100)] {
-                      return Clock::now() > until;
-                  });
-    tour.step("filter: the rest", [] {}, isListed);
+        tour.step(
+            "filter: a key, while it searches", [&] { filter->imitateTyping(key); },
+            [&, until = Clock::now() + std::chrono::milliseconds(100)] {
+                return Clock::now() > until;
+            });
+    tour.step(
+        "filter: the rest", [] {}, isListed);
     const unsigned row = table.cellAt(5, 5).row;
-    tour.step("edit: open the editor",
-              [&] { table.imitateEdit(row, 2, EditTrigger::EditKeyPressed); },
-              [&] { return table.editor(row, 2) != nullptr; });
-    tour.step("edit: change the cell",
-              [&] {
-                  auto* const edit = tour.find<VXEdit2>("cell-edit");
-                  edit->imitateTyping("elsewhere");
-                  edit->imitateKey(WidgetEvent::KeyPress,
-                                   VXKeyEvent2(edit, WidgetEvent::KeyPress, Key::Return));
-              },
-              [&] { return window.document()->hasChanges(); });
-    tour.step("roll back", [&] { trigger("rollback"); },
-              [&] { return !window.document()->hasChanges() && isListed(); });
+    tour.step(
+        "edit: open the editor", [&] { table.imitateEdit(row, 2, EditTrigger::EditKeyPressed); },
+        [&] { return table.editor(row, 2) != nullptr; });
+    tour.step(
+        "edit: change the cell",
+        [&] {
+            auto* const edit = tour.find<VXEdit2>("cell-edit");
+            edit->imitateTyping("elsewhere");
+            edit->imitateKey(WidgetEvent::KeyPress,
+                             VXKeyEvent2(edit, WidgetEvent::KeyPress, Key::Return));
+        },
+        [&] { return window.document()->hasChanges(); });
+    tour.step(
+        "roll back", [&] { trigger("rollback"); },
+        [&] { return !window.document()->hasChanges() && isListed(); });
     const std::string target = file + ".csv";
-    tour.step("export what was found",
-              [&] {
-                  trigger("export");
-                  tour.find<VXEdit2>("file")->setText(target);
-                  tour.find<VXButton2>("accept")->imitateClick();
-              },
-              [&] { return tour.find<VXDialog2>("export-dialog") == nullptr; });
+    tour.step(
+        "export what was found",
+        [&] {
+            trigger("export");
+            tour.find<VXEdit2>("file")->setText(target);
+            tour.find<VXButton2>("accept")->imitateClick();
+        },
+        [&] { return tour.find<VXDialog2>("export-dialog") == nullptr; });
     std::filesystem::remove(target);
     std::printf("ExplorerTour: longest pause %.1f ms; the goal is 50 ms\n", tour.longest());
 }

@@ -4,9 +4,7 @@
 
 namespace explorer {
 
-Document::Document(const VOXI::VXObject2& home, Path file)
-    : m_file(std::move(file)),
-      m_worker(home)
+Document::Document(const VOXI::VXObject2& home, Path file) : m_file(std::move(file)), m_worker(home)
 {
     m_worker.setIdleJob([this] { lookForChanges(); });
 }

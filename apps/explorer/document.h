@@ -81,10 +81,10 @@ public:
         // The object first.
         auto held = std::make_shared<std::pair<std::shared_ptr<const void>, std::shared_ptr<T>>>(
             m_database, std::move(object));
-        return std::shared_ptr<T>(raw, [held = std::move(held),
-                                        queue = m_worker.queue()](T*) mutable {
-            Worker::release(*queue, std::move(held));
-        });
+        return std::shared_ptr<T>(raw,
+                                  [held = std::move(held), queue = m_worker.queue()](T*) mutable {
+                                      Worker::release(*queue, std::move(held));
+                                  });
     }
 
     void readContents(Answer<FileContents> answer);

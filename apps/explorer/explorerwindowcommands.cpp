@@ -1,7 +1,6 @@
 // The part of ExplorerWindow that is about what its user can have done.
 
 #include "explorerwindow.h"
-
 #include "exportdialog.h"
 #include "importdialog.h"
 #include "sql/text.h"
@@ -103,26 +102,28 @@ void ExplorerWindow::connectPanes()
         return RowsPane::Events{
             .status = [this, &pane](const std::string& text) { noteRows(pane, text); },
             .failed = [this](const SQL::Error& error) { fail(error); },
-            .cellChosen = [this, &pane](unsigned row, unsigned column) {
-                if (m_document)
-                    m_cell.show(*m_document, pane.reader(), row, column);
-            }};
+            .cellChosen =
+                [this, &pane](unsigned row, unsigned column) {
+                    if (m_document)
+                        m_cell.show(*m_document, pane.reader(), row, column);
+                }};
     };
     m_rows.setEvents(eventsOf(m_rows));
     m_query.rows().setEvents(eventsOf(m_query.rows()));
     m_editing.setEvents({.told = [this](const std::string& text) { tell(text); },
                          .failed = [this](const SQL::Error& error) { fail(error); }});
     m_query.setEvents({.runningChanged = [this] { showState(); },
-                       .finished = [this](const std::vector<SQL::StatementResult>& results) {
-                           for (const SQL::StatementResult& each : results)
-                               m_log.add(each);
-                           const auto reads = [](const SQL::StatementResult& each) {
-                               return each.rows && each.changes == 0;
-                           };
-                           // What is no question may have changed anything.
-                           if (!std::all_of(results.begin(), results.end(), reads))
-                               reload();
-                       }});
+                       .finished =
+                           [this](const std::vector<SQL::StatementResult>& results) {
+                               for (const SQL::StatementResult& each : results)
+                                   m_log.add(each);
+                               const auto reads = [](const SQL::StatementResult& each) {
+                                   return each.rows && each.changes == 0;
+                               };
+                               // What is no question may have changed anything.
+                               if (!std::all_of(results.begin(), results.end(), reads))
+                                   reload();
+                           }});
     m_log.onStatementChosen = [this](const std::string& sql) {
         m_tabs->setCurrentTab(m_queryTab);
         m_query.setText(sql);
@@ -132,13 +133,12 @@ void ExplorerWindow::connectPanes()
             showTable(table);
     };
     m_tabs->currentTabChanged().connect(m_window, [this](const VXTabEvent2&) { showState(); });
-    m_bar->buttonClicked().connect(
-        m_window, [this](const VXNotificationButtonEvent2& event) {
-            if (event.buttonId() == TryAgainButton)
-                m_editing.retry();
-            else
-                reload();
-        });
+    m_bar->buttonClicked().connect(m_window, [this](const VXNotificationButtonEvent2& event) {
+        if (event.buttonId() == TryAgainButton)
+            m_editing.retry();
+        else
+            reload();
+    });
 }
 
 void ExplorerWindow::connectDrops()
@@ -176,8 +176,7 @@ void ExplorerWindow::showState()
     const bool hasFile = m_document != nullptr;
     const bool hasChanges = hasFile && m_document->hasChanges();
     const bool mayEdit = !isQueryShown() && m_editing.isPossible();
-    for (VXAction2* const action :
-         {m_commands.reload, m_commands.close, m_commands.exportRows})
+    for (VXAction2* const action : {m_commands.reload, m_commands.close, m_commands.exportRows})
         action->setEnabled(hasFile);
     m_commands.importRows->setEnabled(hasFile && !m_isReadOnly);
     for (VXAction2* const action : {m_commands.commit, m_commands.rollBack})
@@ -225,12 +224,13 @@ void ExplorerWindow::exportShown()
     if (!m_document || !shown.reader())
         return;
     const std::string name = shown.reader()->name().name;
-    ExportDialog::open(m_window, *m_document,
-                       {.reader = shown.reader(),
-                        .order = shown.order(),
-                        .expectedRows = shown.count(),
-                        .file = m_document->file().parent_path() / (name.empty() ? "result" : name)},
-                       [this](const std::string& text) { tell(text); });
+    ExportDialog::open(
+        m_window, *m_document,
+        {.reader = shown.reader(),
+         .order = shown.order(),
+         .expectedRows = shown.count(),
+         .file = m_document->file().parent_path() / (name.empty() ? "result" : name)},
+        [this](const std::string& text) { tell(text); });
 }
 
 void ExplorerWindow::commit(std::function<void()> then)

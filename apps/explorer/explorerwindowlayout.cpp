@@ -1,7 +1,6 @@
 // The part of ExplorerWindow that is about what it is made of.
 
 #include "explorerwindow.h"
-
 #include "icons.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/controls/vxmenu2.h"
@@ -126,7 +125,8 @@ void ExplorerWindow::fillRecent(VXMenu2* menu)
     menu->destroyItems();
     for (const Path& file : m_settings.recentFiles()) {
         VXAction2* const action = menu->addAction(file.string());
-        action->triggered().connect(action, [this, file](const VXActionTriggerEvent2&) { open(file); });
+        action->triggered().connect(action,
+                                    [this, file](const VXActionTriggerEvent2&) { open(file); });
     }
     if (menu->count() == 0)
         menu->addAction("No files yet")->setEnabled(false);

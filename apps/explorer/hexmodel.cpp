@@ -1,6 +1,7 @@
 #include "hexmodel.h"
 
 #include "voxi2/kernel/vxhandle.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <limits>
@@ -32,8 +33,8 @@ std::string digitsOf(std::string_view bytes)
 std::string charactersOf(std::string_view bytes)
 {
     std::string text(bytes);
-    std::replace_if(text.begin(), text.end(), [](char byte) { return byte < ' ' || byte > '~'; },
-                    '.');
+    std::replace_if(
+        text.begin(), text.end(), [](char byte) { return byte < ' ' || byte > '~'; }, '.');
     return text;
 }
 
@@ -85,8 +86,8 @@ HexModel::HexModel(Document& document, std::shared_ptr<SQL::RowReader> reader, u
       m_reader(std::move(reader)),
       m_row(row),
       m_column(column),
-      m_rows(static_cast<unsigned>(std::min<std::int64_t>(
-          (size + BytesInRow - 1) / BytesInRow, std::numeric_limits<int>::max())))
+      m_rows(static_cast<unsigned>(std::min<std::int64_t>((size + BytesInRow - 1) / BytesInRow,
+                                                          std::numeric_limits<int>::max())))
 {
     finishBuilding();
     changeSize(SizeChange2::appendColumns({Place, Digits, Characters}));

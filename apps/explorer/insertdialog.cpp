@@ -61,9 +61,9 @@ struct Form
         message->setText(text);
         for (const auto& [column, field] : fields) {
             const auto& named = error.columns();
-            const bool isNamed = std::find(named.begin(), named.end(),
-                                           reader->columns()[column].name)
-                                 != named.end();
+            const bool isNamed =
+                std::find(named.begin(), named.end(), reader->columns()[column].name)
+                != named.end();
             layout->setValidationState(field,
                                        isNamed ? ValidationState::Error : ValidationState::None,
                                        isNamed ? text : std::wstring());
@@ -116,9 +116,8 @@ void InsertDialog::open(VXObject2* parent, Document& document,
     rows->addWidget(form->message);
     const DialogButtons buttons = addButtons(*form->dialog, *rows, "&Insert", false);
     buttons.accept->clicked().connect(form->dialog, [form] { insert(form); });
-    form->dialog->finished().connect(form->dialog, [dialog = form->dialog](const VXDialogEvent2&) {
-        dialog->destroy();
-    });
+    form->dialog->finished().connect(
+        form->dialog, [dialog = form->dialog](const VXDialogEvent2&) { dialog->destroy(); });
     form->dialog->resize({460, std::min(140 + 44 * static_cast<int>(form->fields.size()), 560)});
     form->dialog->open();
 }

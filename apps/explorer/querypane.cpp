@@ -72,8 +72,8 @@ QueryPane::QueryPane(VXObject2* parent)
     m_choice->currentChanged().connect(m_split, [this](const VXComboBoxSelectEvent2&) {
         showResult(static_cast<std::size_t>(m_choice->currentIndex()));
     });
-    m_editor->textEdited().connect(
-        m_split, [this](const VXEditAreaTextEvent2&) { m_editor->clearMarks(); });
+    m_editor->textEdited().connect(m_split,
+                                   [this](const VXEditAreaTextEvent2&) { m_editor->clearMarks(); });
 }
 
 void QueryPane::setDocument(Document* document)
@@ -162,9 +162,8 @@ void QueryPane::showError(const SQL::Error& error)
     const auto before = m_sql.substr(0, static_cast<std::size_t>(error.position()));
     const int position = m_start + static_cast<int>(SQL::wideFromUtf8(before).size());
     m_editor->setCursorPosition(position);
-    m_editor->setMark({.uid = ErrorMark,
-                       .line = m_editor->placeOf(position).line,
-                       .toolTip = message});
+    m_editor->setMark(
+        {.uid = ErrorMark, .line = m_editor->placeOf(position).line, .toolTip = message});
 }
 
 void QueryPane::showResult(std::size_t which)
@@ -173,8 +172,8 @@ void QueryPane::showResult(std::size_t which)
         return;
     const SQL::StatementResult& result = m_results[which];
     const auto milliseconds = result.duration.count() / 1000;
-    m_summary->setText(grouped(result.rowCount) + (result.isLimited ? " rows, and more, in "
-                                                                    : " rows in ")
+    m_summary->setText(grouped(result.rowCount)
+                       + (result.isLimited ? " rows, and more, in " : " rows in ")
                        + std::to_string(milliseconds) + " ms");
     m_rows.show(*m_document, result.rows);
 }
@@ -190,8 +189,9 @@ void QueryPane::complete()
         const SQL::Candidate& each = found.candidates[i];
         const std::string detail = each.detail.empty() ? "" : "\t" + each.detail;
         VXAction2* const action = m_menu->addAction(plainLabel(each.text + detail));
-        action->triggered().connect(
-            action, [this, found, each](const VXActionTriggerEvent2&) { replaceWord(found, each); });
+        action->triggered().connect(action, [this, found, each](const VXActionTriggerEvent2&) {
+            replaceWord(found, each);
+        });
     }
     if (found.candidates.empty())
         return;

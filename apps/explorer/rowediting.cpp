@@ -47,8 +47,9 @@ RowEditing::RowEditing(RowsPane& rows)
     for (VXWidget2* const editor : std::initializer_list<VXWidget2*>{m_edit, m_spin, m_check})
         editor->hide();
     m_spin->setRange({std::numeric_limits<int>::min(), std::numeric_limits<int>::max()});
-    m_rows.table()->editRequested().connect(
-        m_edit, [this](const VXEditRequestEvent2& event) { beginEdit({event.row(), event.column()}); });
+    m_rows.table()->editRequested().connect(m_edit, [this](const VXEditRequestEvent2& event) {
+        beginEdit({event.row(), event.column()});
+    });
     m_rows.table()->editCompleted().connect(m_edit, [this](const VXEditCompleteEvent2& event) {
         if (event.isCommitted())
             commit({event.row(), event.column()}, textIn(event.editor()));
@@ -75,16 +76,14 @@ void RowEditing::insertRow()
         InsertDialog::open(m_rows.table(), *m_document, m_rows.reader(), inserted);
         return;
     }
-    m_document->ask<unsigned>(
-        [document = m_document, reader = m_rows.reader()](SQL::Database&) {
-            return document->editor(reader).insertRow();
-        },
-        [this, inserted](Outcome<unsigned> row) {
-            if (row.value)
-                inserted(*row.value);
-            else
-                m_events.failed(*row.error);
-        });
+    m_document->ask<unsigned>([document = m_document, reader = m_rows.reader()](
+                                  SQL::Database&) { return document->editor(reader).insertRow(); },
+                              [this, inserted](Outcome<unsigned> row) {
+                                  if (row.value)
+                                      inserted(*row.value);
+                                  else
+                                      m_events.failed(*row.error);
+                              });
 }
 
 void RowEditing::deleteRows()

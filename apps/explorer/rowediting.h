@@ -12,8 +12,8 @@
 
 namespace explorer {
 
-/// Has the user change the rows of a pane: cells in place, by an editor for the column's type, whole
-/// rows by insertion and deletion. All of it stays in the file's transaction until that ends.
+/// Has the user change the rows of a pane: cells in place, by an editor for the column's type,
+/// whole rows by insertion and deletion. All of it stays in the file's transaction until that ends.
 class RowEditing
 {
 public:

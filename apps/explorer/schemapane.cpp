@@ -92,14 +92,14 @@ void SchemaPane::select(const SQL::ObjectName& table)
     }
 }
 
-void SchemaPane::addDatabase(const SQL::DatabaseInfo& info,
-                             const std::vector<TableDetails>& tables)
+void SchemaPane::addDatabase(const SQL::DatabaseInfo& info, const std::vector<TableDetails>& tables)
 {
     const unsigned top = m_model->appendRow(0, {entry(info.name, Picture::Sample, info.file)});
-    const std::pair<SQL::ObjectKind, const char*> kinds[] = {{SQL::ObjectKind::Table, "Tables"},
-                                                             {SQL::ObjectKind::View, "Views"},
-                                                             {SQL::ObjectKind::Index, "Indexes"},
-                                                             {SQL::ObjectKind::Trigger, "Triggers"}};
+    const std::pair<SQL::ObjectKind, const char*> kinds[] = {
+        {SQL::ObjectKind::Table, "Tables"},
+        {SQL::ObjectKind::View, "Views"},
+        {SQL::ObjectKind::Index, "Indexes"},
+        {SQL::ObjectKind::Trigger, "Triggers"}};
     for (const auto& [kind, title] : kinds) {
         const auto isOfKind = [kind = kind](const TableDetails& each) {
             return each.object.kind == kind;
@@ -129,22 +129,22 @@ void SchemaPane::addTable(unsigned group, const TableDetails& table)
         return;
     }
     const bool isView = object.kind == SQL::ObjectKind::View;
-    const unsigned row = m_model->appendRow(
-        group, {entry(object.name.name, isView ? Picture::View : Picture::Table,
-                      table.failure.empty() ? object.sql : table.failure),
-                detail(!table.failure.empty()  ? "fails"
-                       : object.isVirtual      ? "virtual"
-                       : object.isWithoutRowId ? "no row ids"
-                                               : "")});
+    const unsigned row =
+        m_model->appendRow(group, {entry(object.name.name, isView ? Picture::View : Picture::Table,
+                                         table.failure.empty() ? object.sql : table.failure),
+                                   detail(!table.failure.empty()  ? "fails"
+                                          : object.isVirtual      ? "virtual"
+                                          : object.isWithoutRowId ? "no row ids"
+                                                                  : "")});
     m_tables[row] = object.name;
     if (m_firstTable.name.empty() && !object.isSystem)
         m_firstTable = object.name;
     const std::size_t shown = std::min(table.columns.size(), MostColumns);
     for (std::size_t i = 0; i < shown; ++i) {
         const SQL::ColumnInfo& column = table.columns[i];
-        m_model->appendRow(row, {entry(column.name, column.primaryKey > 0 ? Picture::Key
-                                                                          : Picture::Column),
-                                 detail(column.type + (column.isNotNull ? " not null" : ""))});
+        m_model->appendRow(
+            row, {entry(column.name, column.primaryKey > 0 ? Picture::Key : Picture::Column),
+                  detail(column.type + (column.isNotNull ? " not null" : ""))});
     }
     if (shown < table.columns.size())
         m_model->appendRow(row, {"and " + std::to_string(table.columns.size() - shown) + " more"});
@@ -152,8 +152,7 @@ void SchemaPane::addTable(unsigned group, const TableDetails& table)
 
 unsigned SchemaPane::addGroup(unsigned parent, const char* title, std::size_t count)
 {
-    return m_model->appendRow(
-        parent, {CellUIData(title).setBold(), detail(std::to_string(count))});
+    return m_model->appendRow(parent, {CellUIData(title).setBold(), detail(std::to_string(count))});
 }
 
 } // namespace explorer

@@ -49,8 +49,8 @@ void colorAsSql(VXEditArea2* area)
              SQL::tokenize(std::wstring_view(event.text()), before).tokens) {
             const TextStyle style = styleOf(token.kind);
             if (style != TextStyle())
-                spans.push_back({{static_cast<int>(token.begin), static_cast<int>(token.length)},
-                                 style});
+                spans.push_back(
+                    {{static_cast<int>(token.begin), static_cast<int>(token.length)}, style});
         }
         event.answer(spans);
     });

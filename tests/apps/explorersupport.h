@@ -6,9 +6,9 @@
 #include "support/watchdog.h"
 #include "voxi2/controls/vxedit2.h"
 
-#include <gtest/gtest.h>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <unistd.h>

@@ -32,8 +32,7 @@ protected:
     }
     static void press(VXWidget2& widget, Key key)
     {
-        widget.imitateKey(WidgetEvent::KeyPress,
-                          VXKeyEvent2(&widget, WidgetEvent::KeyPress, key));
+        widget.imitateKey(WidgetEvent::KeyPress, VXKeyEvent2(&widget, WidgetEvent::KeyPress, key));
     }
     /// Clicks a button of the dialog that asks something.
     void answer(const std::wstring& label)
@@ -206,8 +205,11 @@ TEST_F(Explorer, saysWhatIsWrongWithFilesAndLeavesThemAlone)
     pages[16] = 3; // no power of two
     const std::vector<Path> files{
         write("text.db", "this is no database at all, but it is long enough to be looked at"),
-        write("noise.db", noise), write("short.db", good.substr(0, good.size() / 2 + 100)),
-        write("pages.db", pages), m_folder, m_folder / "missing.db"};
+        write("noise.db", noise),
+        write("short.db", good.substr(0, good.size() / 2 + 100)),
+        write("pages.db", pages),
+        m_folder,
+        m_folder / "missing.db"};
     for (const Path& file : files) {
         const bool isFile = std::filesystem::is_regular_file(file);
         const std::string bytes = isFile ? read(file) : std::string();
@@ -256,7 +258,8 @@ TEST_F(Explorer, showsTablesOfAnyKind)
     const unsigned views = model.childRows(model.childRows(0).front())[1];
     const unsigned fails = model.childRows(views).front();
     tree->imitateSetSelection({{fails, 1, nullptr}, {fails, 1, nullptr}});
-    EXPECT_TRUE(waitFor([&] { return message().find(L"missing") != std::wstring::npos; }, Patience));
+    EXPECT_TRUE(
+        waitFor([&] { return message().find(L"missing") != std::wstring::npos; }, Patience));
 }
 
 TEST_F(Explorer, exportsAndImportsRows)
