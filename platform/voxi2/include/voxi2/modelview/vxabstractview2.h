@@ -214,9 +214,9 @@ public:
     /// Does nothing with a text that is not whole, and passes over columns that are not there.
     void restoreHeaderState(const std::string& state);
 
-    /// Where the section of a column is in the widget, which may be out of sight; empty for a column
-    /// that is hidden or not there. With `scrolled`, `columnResized` and `columnMoved` for what is
-    /// to stand over the columns.
+    /// Where the section of a column is in the widget, which may be out of sight; empty for a
+    /// column that is hidden or not there. With `scrolled`, `columnResized` and `columnMoved` for
+    /// what is to stand over the columns.
     VXRect<int> columnHeaderRect(unsigned column) const;
 
     /// How many cells the view remembers, about; what is in sight always is.
