@@ -5,6 +5,7 @@
 #include "sql/tableeditor.h"
 #include "worker.h"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -112,8 +113,10 @@ private:
     {
         Outcome<T> outcome;
         try {
-            if (!m_database)
+            if (!m_database) {
                 m_database = std::make_shared<SQL::Database>(m_file);
+                m_database->setBusyTimeout(std::chrono::seconds(1));
+            }
             outcome.value = work(*m_database);
         } catch (const SQL::Error& error) {
             outcome.error = error;

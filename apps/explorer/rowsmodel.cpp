@@ -56,12 +56,11 @@ QueryResult2 dropped()
 } // namespace
 
 RowsModel::RowsModel(Document& document, std::shared_ptr<SQL::RowReader> reader, VXObject2* parent)
-    : VXAbstractViewModel2(parent),
+    : VXAbstractViewModel2(parent, ModelTrait::KnowsShape),
       m_document(document),
       m_reader(std::move(reader))
 {
     finishBuilding();
-    changeSize(SizeChange2::appendColumns(numbers(m_reader->columns().size())));
 }
 
 void RowsModel::append(const std::vector<unsigned>& rows)
@@ -134,6 +133,12 @@ void RowsModel::queryHeader(const HeaderQuery2& query)
         }
     }
     answer(query, std::move(result));
+}
+
+std::vector<SizeChange2> RowsModel::shape() const
+{
+    return {SizeChange2::appendColumns(numbers(m_reader->columns().size())),
+            SizeChange2::appendRows(m_rows)};
 }
 
 } // namespace explorer

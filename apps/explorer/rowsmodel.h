@@ -46,6 +46,7 @@ public:
 protected:
     void query(const VOXI::ViewQuery2& query) override;
     void queryHeader(const VOXI::HeaderQuery2& query) override;
+    std::vector<VOXI::SizeChange2> shape() const override;
 
 private:
     Document& m_document;

@@ -156,14 +156,10 @@ TEST_F(Explorer, noticesWhatAnotherProgramChanges)
     const Path file = shop();
     open(file);
     show("customers");
-    const auto before = explorer().rows().count();
-    SQL::Database(file).execute("DELETE FROM customers WHERE id > 5 AND id NOT IN "
-                                "(SELECT customer FROM orders)");
     SQL::Database(file).execute("CREATE TABLE brand_new (a)");
     EXPECT_TRUE(waitFor([&] { return !message().empty(); }, Patience));
     show("brand_new");
     EXPECT_EQ(explorer().rows().count(), 0U);
-    EXPECT_GE(before, 5U);
 }
 
 TEST_F(Explorer, runsAndStopsWhatIsTyped)
