@@ -212,8 +212,9 @@ TEST_F(Explorer, saysWhatIsWrongWithFilesAndLeavesThemAlone)
         explorer().open(file);
         EXPECT_TRUE(waitFor([&] { return !message().empty(); }, Patience)) << file;
         EXPECT_EQ(explorer().document(), nullptr) << file;
-        if (isFile)
+        if (isFile) {
             EXPECT_EQ(read(file), bytes) << file;
+        }
         find<VXNotificationBar2>("messages")->clear();
     }
     EXPECT_FALSE(std::filesystem::exists(m_folder / "missing.db"));
