@@ -40,6 +40,7 @@ SchemaPane::SchemaPane(VXObject2* parent)
     m_tree->setUniformRowHeights(true);
     m_tree->setColumnWidth(1, 170);
     m_tree->setSelectionBehavior(SelectionBehavior::Rows);
+    m_tree->setSelectionMode(SelectionMode::Single);
     auto* const search = new VXEdit2(m_panel);
     search->setObjectName("schema-search");
     search->setPlaceholder("Search");

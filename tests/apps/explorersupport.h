@@ -72,6 +72,7 @@ protected:
     {
         auto* const tree = find<VXTreeView2>("schema");
         const auto& model = static_cast<VXTreeModel2&>(*tree->viewModel());
+        tree->clearSelection();
         for (const unsigned database : model.childRows(0)) {
             for (const unsigned group : model.childRows(database)) {
                 for (const unsigned row : model.childRows(group)) {

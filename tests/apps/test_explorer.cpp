@@ -247,6 +247,7 @@ TEST_F(Explorer, showsTablesOfAnyKind)
     auto& model = static_cast<VXTreeModel2&>(*tree->viewModel());
     const unsigned tables = model.childRows(model.childRows(0).front()).front();
     const unsigned strange = model.childRows(tables).front();
+    tree->clearSelection();
     tree->imitateSetSelection({{strange, 1, nullptr}, {strange, 1, nullptr}});
     auto* const bytes = find<VXTableView2>("cell-bytes");
     ASSERT_TRUE(waitFor([&] { return bytes->cellInfo(1, 2).isKnown; }, Patience));
@@ -254,6 +255,7 @@ TEST_F(Explorer, showsTablesOfAnyKind)
     EXPECT_EQ(text(1, 1), L"bytes, 95 MB");
     const unsigned views = model.childRows(model.childRows(0).front())[1];
     const unsigned fails = model.childRows(views).front();
+    tree->clearSelection();
     tree->imitateSetSelection({{fails, 1, nullptr}, {fails, 1, nullptr}});
     EXPECT_TRUE(
         waitFor([&] { return message().find(L"missing") != std::wstring::npos; }, Patience));
