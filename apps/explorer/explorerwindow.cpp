@@ -65,9 +65,10 @@ void ExplorerWindow::open(const Path& file)
         m_opening->readContents([this](Outcome<FileContents> contents) {
             m_window->setStatusText("");
             std::unique_ptr<Document> document = std::move(m_opening);
-            if (contents.error)
-                return fail(*contents.error);
-            take(std::move(document), std::move(*contents.value));
+            if (contents.value)
+                return take(std::move(document), std::move(*contents.value));
+            fail(*contents.error);
+            settle();
         });
     });
 }
@@ -130,8 +131,16 @@ void ExplorerWindow::take(std::unique_ptr<Document> document, FileContents conte
     if (const SQL::ObjectName first = m_schema.firstTable(); !first.name.empty()) {
         m_schema.select(first);
         showTable(first);
+    } else {
+        settle();
     }
     showState();
+}
+
+void ExplorerWindow::settle()
+{
+    if (const auto then = std::exchange(m_settled, nullptr))
+        then();
 }
 
 /// What belongs to the file first.

@@ -40,7 +40,8 @@ public:
     /// Makes a sample file first. One that is there is only opened.
     void openSample(const Path& file);
 
-    /// Calls back once, when the rows that are being opened are all there and can be seen.
+    /// Calls back once, when the file that is being opened can be seen with all of its rows, or
+    /// what is wrong with it.
     void whenSettled(std::function<void()> then) { m_settled = std::move(then); }
 
     VOXI::VXWindow2* window() const noexcept { return m_window; }
@@ -76,6 +77,7 @@ private:
     // explorerwindow.cpp: the file
     void whenChangesAreDone(std::function<void()> then);
     void take(std::unique_ptr<Document> document, FileContents contents);
+    void settle();
     void closeFile();
     void reload();
     void showContents(const FileContents& contents);
