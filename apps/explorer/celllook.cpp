@@ -52,9 +52,9 @@ CellUIData lookOf(const SQL::Cell& cell)
 void markChanged(CellUIData& cell) { cell.setBackground(ChangedPaper); }
 void markInserted(CellUIData& cell) { cell.setBackground(InsertedPaper); }
 
-CellUIData lookOfRejected(const std::string& text, const std::string& message)
+CellUIData lookOfRejected(const SQL::Value& value, const std::string& message)
 {
-    return CellUIData(onOneLine(SQL::wideFromUtf8(text)))
+    return lookOf({.value = value})
         .setBackground(RejectedPaper)
         .setToolTip(SQL::wideFromUtf8(message));
 }

@@ -18,7 +18,7 @@ VOXI::CellUIData lookOf(const SQL::Cell& cell);
 void markChanged(VOXI::CellUIData& cell);
 void markInserted(VOXI::CellUIData& cell);
 /// Not taken by the database, which says why.
-VOXI::CellUIData lookOfRejected(const std::string& text, const std::string& message);
+VOXI::CellUIData lookOfRejected(const SQL::Value& value, const std::string& message);
 VOXI::CellUIData lookOfHeader(const SQL::ColumnInfo& column);
 
 /// "1 234 567"

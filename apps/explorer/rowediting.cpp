@@ -117,7 +117,7 @@ void RowEditing::setNull()
         cells.push_back(m_rows.table()->activeCell());
     for (const ModelCell2& cell : cells) {
         if (!cell.isNull())
-            change({cell.row, cell.column}, SQL::Value(), "");
+            change({cell.row, cell.column}, SQL::Value());
     }
 }
 
@@ -127,7 +127,7 @@ void RowEditing::retry()
         return;
     const auto rejected = m_rows.model()->rejected();
     for (const auto& [place, what] : rejected)
-        commit(place, SQL::wideFromUtf8(what.text));
+        change(place, what.value);
 }
 
 /// The whole of it: what the table shows may be cut.
@@ -137,7 +137,7 @@ void RowEditing::beginEdit(Place place)
         return m_rows.table()->setEditor(place.first, place.second, nullptr);
     const auto& rejected = m_rows.model()->rejected();
     if (const auto found = rejected.find(place); found != rejected.end())
-        return openEditor(place, found->second.text);
+        return openEditor(place, found->second.value);
     m_document->askFirst<SQL::Value>(
         [reader = m_rows.reader(), place](SQL::Database&) {
             return reader->cell(place.first, place.second - 1);
@@ -211,24 +211,24 @@ void RowEditing::commit(Place place, const std::wstring& text)
         return;
     const std::string typed = SQL::utf8FromWide(text);
     const SQL::ColumnInfo& column = m_rows.reader()->columns()[place.second - 1];
-    change(place, SQL::valueFromText(typed, column.type), typed);
+    change(place, SQL::valueFromText(typed, column.type));
 }
 
-void RowEditing::change(Place place, const SQL::Value& value, const std::string& text)
+void RowEditing::change(Place place, const SQL::Value& value)
 {
     m_document->ask<bool>(
         [document = m_document, reader = m_rows.reader(), place, value](SQL::Database&) {
             document->editor(reader).setCell(place.first, place.second - 1, value);
             return true;
         },
-        [this, place, text, model = VXHandle<RowsModel>(m_rows.model())](Outcome<bool> done) {
+        [this, place, value, model = VXHandle<RowsModel>(m_rows.model())](Outcome<bool> done) {
             RowsModel* const shown = model.get();
             if (done.value && shown) {
                 shown->forgetRejected(place);
                 shown->reread(place.first);
             } else if (done.error) {
                 if (shown)
-                    shown->reject(place, {text, done.error->what()});
+                    shown->reject(place, {value, done.error->what()});
                 m_events.failed(*done.error);
             }
         });

@@ -47,7 +47,7 @@ private:
                                const std::wstring& text);
     std::wstring textIn(const VOXI::VXWidget2* editor) const;
     void commit(Place place, const std::wstring& text);
-    void change(Place place, const SQL::Value& value, const std::string& text);
+    void change(Place place, const SQL::Value& value);
     bool needsForm() const;
 
     RowsPane& m_rows;

@@ -118,7 +118,7 @@ void RowsModel::query(const ViewQuery2& query)
             QueryResult2 result = outcome.value ? std::move(*outcome.value) : QueryResult2();
             for (const auto& [place, rejected] : self->m_rejected)
                 result.set(place.first, place.second,
-                           lookOfRejected(rejected.text, rejected.message).setReadOnly(false));
+                           lookOfRejected(rejected.value, rejected.message).setReadOnly(false));
             answer(query, std::move(result));
         });
 }

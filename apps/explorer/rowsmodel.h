@@ -29,10 +29,10 @@ public:
     void reread(unsigned row);
     void reread() { clearCachedUIData(); }
 
-    /// A text that the database did not take, shown in its cell with what was said of it.
+    /// What the database did not take, shown in its cell with what was said of it.
     struct Rejected
     {
-        std::string text;
+        SQL::Value value;
         std::string message;
     };
     using Place = std::pair<unsigned, unsigned>; ///< row and column
