@@ -30,6 +30,7 @@ bool isSameName(const std::string& a, const char* b) { return sqlite3_stricmp(a.
 
 RowIdReader::RowIdReader(Database& database, ObjectName name, Source source)
     : RowReader(database, std::move(name)),
+      EditableRows(database),
       m_table(quoteName(m_name.database) + "." + quoteName(m_name.name)),
       m_names(std::move(source.names)),
       m_quotedNames(quotedNames(m_names)),
@@ -58,8 +59,15 @@ std::optional<std::string> RowIdReader::idName(Database& database, const ObjectN
     return {};
 }
 
+std::optional<std::int64_t> RowIdReader::idOf(unsigned row)
+{
+    updateKeys();
+    return m_numbers.idOf(row);
+}
+
 std::unique_ptr<RowListing> RowIdReader::list(const RowOrder& order, const CancelToken& token)
 {
+    updateKeys();
     const bool isSorted = order.column < m_columns.size() || order.isDescending;
     const OrderSql sql =
         orderSql(order, m_columns, m_quotedNames,
@@ -107,7 +115,7 @@ void RowIdReader::readBlock(std::vector<Row>& rows, const std::vector<std::size_
 {
     Statement& statement = statementFor(columns);
     for (Row& row : rows) {
-        const std::optional<std::int64_t> id = m_numbers.idOf(row.number);
+        const std::optional<std::int64_t> id = idOf(row.number);
         if (!id)
             continue;
         statement.bind(1, *id).bind(2, static_cast<std::int64_t>(limit));
@@ -144,7 +152,7 @@ std::vector<RowReader::Row> RowIdReader::read(const std::vector<unsigned>& numbe
 
 Value RowIdReader::cell(unsigned row, std::size_t column, const CancelToken& token)
 {
-    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    const std::optional<std::int64_t> id = idOf(row);
     if (!id || column >= m_columns.size())
         return {};
     const CancelScope scope(*m_database, token);
@@ -177,7 +185,7 @@ std::optional<std::string> RowIdReader::seekBytes(std::int64_t id, std::size_t c
 std::string RowIdReader::bytes(unsigned row, std::size_t column, std::int64_t offset,
                                std::size_t size)
 {
-    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    const std::optional<std::int64_t> id = idOf(row);
     if (!id || column >= m_columns.size())
         return {};
     // A text of a file in UTF-16 is not kept as we give it.
@@ -202,16 +210,17 @@ void RowIdReader::forEach(const RowOrder& order,
 
 std::optional<EditableRows::Key> RowIdReader::keyOf(unsigned row)
 {
-    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    const std::optional<std::int64_t> id = idOf(row);
     return id ? std::optional(Key{*id}) : std::nullopt;
 }
 
 unsigned RowIdReader::rowOf(const Key& key)
 {
+    updateKeys();
     return m_numbers.numberOf(std::get<std::int64_t>(key.front()));
 }
 
-void RowIdReader::changeKey(const Key& from, const Key& to)
+void RowIdReader::applyKey(const Key& from, const Key& to)
 {
     m_numbers.rename(std::get<std::int64_t>(from.front()), std::get<std::int64_t>(to.front()));
 }
