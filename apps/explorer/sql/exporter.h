@@ -17,9 +17,9 @@ struct ExportOptions
 {
     ExportFormat format = ExportFormat::Csv;
     char separator = ',';
-    bool hasHeader = true; ///< the names of the columns, in CSV
-    std::string tableName; ///< for SQL; by itself that of the reader, or "result"
-    RowOrder order;
+    bool hasHeader = true;      ///< the names of the columns, in CSV
+    std::string tableName = {}; ///< for SQL; by itself that of the reader, or "result"
+    RowOrder order = {};
 };
 
 /// Told how many rows are written, now and then, on the thread that exports.

@@ -52,6 +52,7 @@ private:
 
 KeyedReader::KeyedReader(Database& database, ObjectName name, std::vector<ColumnInfo> columns)
     : RowReader(database, std::move(name)),
+      EditableRows(database),
       m_table(quoteName(m_name.database) + "." + quoteName(m_name.name)),
       m_scratch(Database::scratch())
 {
@@ -97,6 +98,7 @@ unsigned KeyedReader::numberFrom(const Statement& row)
 
 std::unique_ptr<RowListing> KeyedReader::list(const RowOrder& order, const CancelToken& token)
 {
+    updateKeys();
     return std::make_unique<Listing>(*this, order, token);
 }
 
@@ -171,6 +173,7 @@ void KeyedReader::forEach(const RowOrder& order,
 
 std::optional<EditableRows::Key> KeyedReader::keyOf(unsigned row)
 {
+    updateKeys();
     m_find.bind(1, std::int64_t(row));
     std::optional<Key> key;
     if (m_find.step())
@@ -181,6 +184,12 @@ std::optional<EditableRows::Key> KeyedReader::keyOf(unsigned row)
 
 unsigned KeyedReader::rowOf(const Key& key)
 {
+    updateKeys();
+    return numberOf(key);
+}
+
+unsigned KeyedReader::numberOf(const Key& key)
+{
     for (std::size_t i = 0; i < key.size(); ++i)
         m_insert.bind(static_cast<int>(i + 1), key[i]);
     m_insert.step();
@@ -189,11 +198,9 @@ unsigned KeyedReader::rowOf(const Key& key)
     return number;
 }
 
-void KeyedReader::changeKey(const Key& from, const Key& to)
+void KeyedReader::applyKey(const Key& from, const Key& to)
 {
-    if (from == to)
-        return;
-    const unsigned number = rowOf(from);
+    const unsigned number = numberOf(from);
     // A row that had the key, as it was known, has gone.
     std::vector<std::string> names;
     std::vector<std::string> settings;
@@ -209,14 +216,6 @@ void KeyedReader::changeKey(const Key& from, const Key& to)
             statement->bind(static_cast<int>(i + 1), to[i]);
         statement->run();
     }
-}
-
-std::string keyCondition(const std::vector<std::string>& names, std::size_t firstParameter)
-{
-    std::vector<std::string> conditions;
-    for (const std::string& name : names)
-        conditions.push_back(name + " = ?" + std::to_string(firstParameter++));
-    return joined(conditions, " AND ");
 }
 
 } // namespace SQL

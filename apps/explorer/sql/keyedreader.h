@@ -30,12 +30,13 @@ public:
     const std::vector<std::string>& keyNames() const override { return m_keyNames; }
     std::optional<Key> keyOf(unsigned row) override;
     unsigned rowOf(const Key& key) override;
-    void changeKey(const Key& from, const Key& to) override;
 
 private:
+    void applyKey(const Key& from, const Key& to) override;
     class Listing;
 
     OrderSql sqlOf(const RowOrder& order) const;
+    unsigned numberOf(const Key& key);
     unsigned numberFrom(const Statement& row);
     void readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
                    std::size_t limit);

@@ -1,11 +1,11 @@
 #include "sql/rowidreader.h"
 
+#include "sql/numbersort.h"
 #include "sql/quoting.h"
 #include "sql/rowidlistings.h"
 
 #include <algorithm>
 #include <memory>
-#include <set>
 #include <sqlite3.h>
 
 namespace SQL {
@@ -24,12 +24,22 @@ std::vector<std::string> quotedNames(const std::vector<std::string>& names)
     return quoted;
 }
 
+/// Whether the declared type lets numbers be expected; others are found all the same.
+bool isOfNumbers(const std::string& type)
+{
+    for (const char* part : {"%INT%", "%REAL%", "%FLOA%", "%DOUB%", "%NUM%", "%DEC%"})
+        if (sqlite3_strlike(part, type.c_str(), 0) == 0)
+            return true;
+    return false;
+}
+
 bool isSameName(const std::string& a, const char* b) { return sqlite3_stricmp(a.c_str(), b) == 0; }
 
 } // namespace
 
 RowIdReader::RowIdReader(Database& database, ObjectName name, Source source)
     : RowReader(database, std::move(name)),
+      EditableRows(database),
       m_table(quoteName(m_name.database) + "." + quoteName(m_name.name)),
       m_names(std::move(source.names)),
       m_quotedNames(quotedNames(m_names)),
@@ -58,8 +68,15 @@ std::optional<std::string> RowIdReader::idName(Database& database, const ObjectN
     return {};
 }
 
+std::optional<std::int64_t> RowIdReader::idOf(unsigned row)
+{
+    updateKeys();
+    return m_numbers.idOf(row);
+}
+
 std::unique_ptr<RowListing> RowIdReader::list(const RowOrder& order, const CancelToken& token)
 {
+    updateKeys();
     const bool isSorted = order.column < m_columns.size() || order.isDescending;
     const OrderSql sql =
         orderSql(order, m_columns, m_quotedNames,
@@ -67,9 +84,30 @@ std::unique_ptr<RowListing> RowIdReader::list(const RowOrder& order, const Cance
     const std::string& id = m_keyNames.front();
     if (!isSorted && !sql.hasFilter && m_isSeekable)
         return std::make_unique<GrowingRowIds>(*m_database, m_table, id, m_numbers, token);
-    Statement statement(*m_database, "SELECT " + id + " FROM " + m_table + sql.clauses);
-    return std::make_unique<SelectedRowIds>(*m_database, std::move(statement), sql, m_numbers,
-                                            token);
+    const std::string sorted = "SELECT " + id + " FROM " + m_table + sql.clauses;
+    if (order.column < m_columns.size() && isOfNumbers(m_columns[order.column].type)
+        && isSortedByHand(sorted)) {
+        const OrderSql unsorted =
+            orderSql({RowOrder::Natural, false, order.filters}, m_columns, m_quotedNames, {});
+        return std::make_unique<NumberSortedRowIds>(
+            *m_database,
+            NumberSortedRowIds::Statements{"SELECT " + m_quotedNames[order.column] + ", " + id
+                                               + " FROM " + m_table + unsorted.clauses,
+                                           sorted},
+            order.isDescending, sql, m_numbers, token);
+    }
+    return std::make_unique<SelectedRowIds>(*m_database, Statement(*m_database, sorted), sql,
+                                            m_numbers, token);
+}
+
+/// Whether the database has no index that gives the rows in their order.
+bool RowIdReader::isSortedByHand(const std::string& sql)
+{
+    Statement plan(*m_database, "EXPLAIN QUERY PLAN " + sql);
+    bool isSorted = false;
+    while (plan.step())
+        isSorted |= plan.text(3).starts_with("USE TEMP B-TREE");
+    return isSorted;
 }
 
 std::uint64_t RowIdReader::count(const CancelToken& token)
@@ -107,7 +145,7 @@ void RowIdReader::readBlock(std::vector<Row>& rows, const std::vector<std::size_
 {
     Statement& statement = statementFor(columns);
     for (Row& row : rows) {
-        const std::optional<std::int64_t> id = m_numbers.idOf(row.number);
+        const std::optional<std::int64_t> id = idOf(row.number);
         if (!id)
             continue;
         statement.bind(1, *id).bind(2, static_cast<std::int64_t>(limit));
@@ -144,7 +182,7 @@ std::vector<RowReader::Row> RowIdReader::read(const std::vector<unsigned>& numbe
 
 Value RowIdReader::cell(unsigned row, std::size_t column, const CancelToken& token)
 {
-    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    const std::optional<std::int64_t> id = idOf(row);
     if (!id || column >= m_columns.size())
         return {};
     const CancelScope scope(*m_database, token);
@@ -177,7 +215,7 @@ std::optional<std::string> RowIdReader::seekBytes(std::int64_t id, std::size_t c
 std::string RowIdReader::bytes(unsigned row, std::size_t column, std::int64_t offset,
                                std::size_t size)
 {
-    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    const std::optional<std::int64_t> id = idOf(row);
     if (!id || column >= m_columns.size())
         return {};
     // A text of a file in UTF-16 is not kept as we give it.
@@ -202,16 +240,17 @@ void RowIdReader::forEach(const RowOrder& order,
 
 std::optional<EditableRows::Key> RowIdReader::keyOf(unsigned row)
 {
-    const std::optional<std::int64_t> id = m_numbers.idOf(row);
+    const std::optional<std::int64_t> id = idOf(row);
     return id ? std::optional(Key{*id}) : std::nullopt;
 }
 
 unsigned RowIdReader::rowOf(const Key& key)
 {
+    updateKeys();
     return m_numbers.numberOf(std::get<std::int64_t>(key.front()));
 }
 
-void RowIdReader::changeKey(const Key& from, const Key& to)
+void RowIdReader::applyKey(const Key& from, const Key& to)
 {
     m_numbers.rename(std::get<std::int64_t>(from.front()), std::get<std::int64_t>(to.front()));
 }

@@ -46,9 +46,11 @@ public:
     const std::vector<std::string>& keyNames() const override { return m_keyNames; }
     std::optional<Key> keyOf(unsigned row) override;
     unsigned rowOf(const Key& key) override;
-    void changeKey(const Key& from, const Key& to) override;
 
 private:
+    void applyKey(const Key& from, const Key& to) override;
+    std::optional<std::int64_t> idOf(unsigned row);
+    bool isSortedByHand(const std::string& sql);
     void readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
                    std::size_t limit);
     Statement& statementFor(const std::vector<std::size_t>& columns);

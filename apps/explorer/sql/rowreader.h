@@ -32,7 +32,7 @@ struct RowOrder
 
     std::size_t column = Natural; ///< by which; as they stand in the table with `Natural`
     bool isDescending = false;
-    std::vector<ColumnFilter> filters; ///< all must hold
+    std::vector<ColumnFilter> filters = {}; ///< all must hold
 };
 
 /// The rows of a reader in an order, taken piece by piece. Must not outlive its reader.

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
 #include <set>
 #include <utility>
 
@@ -30,12 +29,9 @@ public:
     {
         if (m_database.endedTransactions() == m_transaction)
             return;
-        if (!m_database.wasCommitted(m_transaction))
-            undoRenames(0);
         m_cells.clear();
         m_inserted.clear();
         m_deleted.clear();
-        m_renames.clear();
         m_transaction = m_database.endedTransactions();
     }
 
@@ -45,23 +41,15 @@ public:
         update();
         const bool isFirst = !m_database.isInTransaction();
         m_database.begin();
-        const std::size_t renames = m_renames.size();
+        const std::size_t keyChanges = m_rows.keyChanges();
         try {
             m_database.execute("SAVEPOINT explorer_edit");
             change();
             m_database.execute("RELEASE explorer_edit");
         } catch (...) {
-            undo(isFirst, renames);
+            undo(isFirst, keyChanges);
             throw;
         }
-    }
-
-    void rename(const EditableRows::Key& from, const EditableRows::Key& to)
-    {
-        if (from == to)
-            return;
-        m_rows.changeKey(from, to);
-        m_renames.emplace_back(from, to);
     }
 
     std::set<ChangedCell> m_cells;
@@ -70,13 +58,13 @@ public:
 
 private:
     /// Some faults have ended the transaction already, and all changes with it.
-    void undo(bool isFirst, std::size_t renames)
+    void undo(bool isFirst, std::size_t keyChanges)
     {
         if (!m_database.isInTransaction()) {
             update();
             return;
         }
-        undoRenames(renames);
+        m_rows.undoKeyChanges(keyChanges);
         if (isFirst)
             m_database.rollBack();
         else
@@ -84,16 +72,9 @@ private:
         update();
     }
 
-    void undoRenames(std::size_t left)
-    {
-        for (; m_renames.size() > left; m_renames.pop_back())
-            m_rows.changeKey(m_renames.back().second, m_renames.back().first);
-    }
-
     Database& m_database;
     EditableRows& m_rows;
     std::size_t m_transaction; // the number that ours has or will have
-    std::vector<std::pair<EditableRows::Key, EditableRows::Key>> m_renames;
 };
 
 namespace {
@@ -142,7 +123,7 @@ void TableEditor::setCell(unsigned row, std::size_t column, const Value& value)
                         "the row was not changed: it is not there any more, or a trigger kept it");
         const EditableRows::Key newKey = update.values();
         update.run();
-        m_changes->rename(*key, newKey);
+        rows.changeKey(*key, newKey);
     });
     if (!m_changes->m_inserted.contains(row))
         m_changes->m_cells.insert({row, column});
