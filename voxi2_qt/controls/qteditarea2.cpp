@@ -77,7 +77,8 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::recolor, &P::doRecolor>(),
     TROV::row<&E::answerColoring, &P::doAnswerColoring>(),
     asUserRow<&E::command, &P::doimCommand>(),
-    asUserRow<&E::clickMargin, &P::doimClickMargin>());
+    asUserRow<&E::clickMargin, &P::doimClickMargin>(),
+    TROV::row<&E::getPositionRect, &P::doGetPositionRect>());
 // clang-format on
 
 QString withPlainLineEnds(QString text)

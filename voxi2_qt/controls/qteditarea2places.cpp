@@ -213,4 +213,11 @@ void QtEditArea2::doimClickMargin(int line)
         slotMarginClicked(std::clamp(line, 0, last));
 }
 
+VXRect<int> QtEditArea2::doGetPositionRect(int position)
+{
+    settle();
+    const QRect place = QTextEdit::cursorRect(cursorOver({position, 0}));
+    return Qt2VX(place.translated(viewport()->pos()));
+}
+
 } // namespace VOXI

@@ -9,8 +9,10 @@
 #include "qtviewsight.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qthandlerframe.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -84,7 +86,8 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::saveHeaderState, &P::doSaveHeaderState>(),
     TROV::row<&E::restoreHeaderState, &P::doRestoreHeaderState>(),
     TROV::row<&E::setCacheLimit, &P::doSetCacheLimit>(),
-    TROV::row<&E::getCacheLimit, &P::doGetCacheLimit>());
+    TROV::row<&E::getCacheLimit, &P::doGetCacheLimit>(),
+    TROV::row<&E::getColumnHeaderRect, &P::doGetColumnHeaderRect>());
 // clang-format on
 
 } // namespace
@@ -221,6 +224,8 @@ void QtAbstractView2::connectSignals()
     QObject::connect(
         &header, &QHeaderView::sectionMoved, &view,
         [this](int section, int from, int to) { reportColumnMove(section, from, to); });
+    for (const QScrollBar* bar : {view.horizontalScrollBar(), view.verticalScrollBar()})
+        QObject::connect(bar, &QScrollBar::valueChanged, &view, [this] { reportScroll(); });
 }
 
 // Helpers -----------------------------------------------------------------------------------------

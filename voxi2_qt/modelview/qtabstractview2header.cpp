@@ -148,6 +148,18 @@ void QtAbstractView2::doRestoreHeaderState(const std::string& state)
     doSetSortIndicator(saved->sort);
 }
 
+VXRect<int> QtAbstractView2::doGetColumnHeaderRect(unsigned column)
+{
+    layOutNow();
+    const QHeaderView& header = columnHeader();
+    const int section = columnSection(column);
+    if (section < 0 || header.isSectionHidden(section))
+        return {};
+    const QPoint corner(header.sectionViewportPosition(section), 0);
+    return Qt2VX(QRect(header.viewport()->mapTo(&itemView(), corner),
+                       QSize(header.sectionSize(section), header.height())));
+}
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtAbstractView2::reportHeaderClick(int section)

@@ -6,6 +6,7 @@
 #include "qtviewmodel2.h"
 #include "qtviewsight.h"
 #include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qthandlerframe.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
 #include <QContextMenuEvent>
@@ -29,6 +30,7 @@ bool isAnyShown(const QScrollBar& bar)
 void QtAbstractView2::doScrollTo(ModelCell2 cell)
 {
     layOutNow();
+    const QtProgramScope scope;
     if (const QModelIndex index = indexOf(cell); index.isValid())
         itemView().scrollTo(index);
 }
@@ -111,6 +113,12 @@ void QtAbstractView2::noteContextMenu(QWidget* receiver, const QContextMenuEvent
                                        m_model->cellFromIndex(index),
                                        contextMenuEvent(target, WidgetEvent::ContextMenu, event));
     });
+}
+
+void QtAbstractView2::reportScroll()
+{
+    if (!QtProgramScope::isActive())
+        report(&E::scrolled);
 }
 
 // Helpers -----------------------------------------------------------------------------------------

@@ -1,11 +1,11 @@
 #include "sql/rowidreader.h"
 
+#include "sql/numbersort.h"
 #include "sql/quoting.h"
 #include "sql/rowidlistings.h"
 
 #include <algorithm>
 #include <memory>
-#include <set>
 #include <sqlite3.h>
 
 namespace SQL {
@@ -22,6 +22,15 @@ std::vector<std::string> quotedNames(const std::vector<std::string>& names)
     std::transform(names.begin(), names.end(), std::back_inserter(quoted),
                    [](const std::string& name) { return quoteName(name); });
     return quoted;
+}
+
+/// Whether the declared type lets numbers be expected; others are found all the same.
+bool isOfNumbers(const std::string& type)
+{
+    for (const char* part : {"%INT%", "%REAL%", "%FLOA%", "%DOUB%", "%NUM%", "%DEC%"})
+        if (sqlite3_strlike(part, type.c_str(), 0) == 0)
+            return true;
+    return false;
 }
 
 bool isSameName(const std::string& a, const char* b) { return sqlite3_stricmp(a.c_str(), b) == 0; }
@@ -75,9 +84,30 @@ std::unique_ptr<RowListing> RowIdReader::list(const RowOrder& order, const Cance
     const std::string& id = m_keyNames.front();
     if (!isSorted && !sql.hasFilter && m_isSeekable)
         return std::make_unique<GrowingRowIds>(*m_database, m_table, id, m_numbers, token);
-    Statement statement(*m_database, "SELECT " + id + " FROM " + m_table + sql.clauses);
-    return std::make_unique<SelectedRowIds>(*m_database, std::move(statement), sql, m_numbers,
-                                            token);
+    const std::string sorted = "SELECT " + id + " FROM " + m_table + sql.clauses;
+    if (order.column < m_columns.size() && isOfNumbers(m_columns[order.column].type)
+        && isSortedByHand(sorted)) {
+        const OrderSql unsorted =
+            orderSql({RowOrder::Natural, false, order.filters}, m_columns, m_quotedNames, {});
+        return std::make_unique<NumberSortedRowIds>(
+            *m_database,
+            NumberSortedRowIds::Statements{"SELECT " + m_quotedNames[order.column] + ", " + id
+                                               + " FROM " + m_table + unsorted.clauses,
+                                           sorted},
+            order.isDescending, sql, m_numbers, token);
+    }
+    return std::make_unique<SelectedRowIds>(*m_database, Statement(*m_database, sorted), sql,
+                                            m_numbers, token);
+}
+
+/// Whether the database has no index that gives the rows in their order.
+bool RowIdReader::isSortedByHand(const std::string& sql)
+{
+    Statement plan(*m_database, "EXPLAIN QUERY PLAN " + sql);
+    bool isSorted = false;
+    while (plan.step())
+        isSorted |= plan.text(3).starts_with("USE TEMP B-TREE");
+    return isSorted;
 }
 
 std::uint64_t RowIdReader::count(const CancelToken& token)

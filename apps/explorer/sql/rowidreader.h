@@ -50,6 +50,7 @@ public:
 private:
     void applyKey(const Key& from, const Key& to) override;
     std::optional<std::int64_t> idOf(unsigned row);
+    bool isSortedByHand(const std::string& sql);
     void readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
                    std::size_t limit);
     Statement& statementFor(const std::vector<std::size_t>& columns);

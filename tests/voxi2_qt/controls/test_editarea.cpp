@@ -135,6 +135,11 @@ TEST_F(EditArea, placesAreLinesAndColumns)
     EXPECT_EQ(m_area.selection(), (TextRange{4, 11}));
     EXPECT_EQ(m_area.textOf({3, 2}), L"\n\U0001f600");
     EXPECT_EQ(m_area.textOf({-10, 12}), L"on");
+    const VXRect<int> start = m_area.cursorRect(0);
+    EXPECT_GT(start.height, 0);
+    EXPECT_GT(m_area.cursorRect(2).x, start.x);
+    EXPECT_EQ(m_area.cursorRect(4).x, start.x);
+    EXPECT_GE(m_area.cursorRect(4).y, start.y + start.height);
 
     // Two halves of a character that come together where a piece of the text ends.
     m_area.setText(L"\U0001f600" + std::wstring(4092, L'a') + L"\xd83d" + L"x" + L"\xde00" + L"b");

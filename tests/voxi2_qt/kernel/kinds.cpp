@@ -212,7 +212,8 @@ void addView(Kind& kind)
                  })
         .reports("headerClicked", &V::headerClicked)
         .reports("columnResized", &V::columnResized)
-        .reports("columnMoved", &V::columnMoved);
+        .reports("columnMoved", &V::columnMoved)
+        .reports("scrolled", &V::scrolled);
 }
 
 /// Has the view show a group with two rows in it, and know them; gives the group, whose number

@@ -1,5 +1,7 @@
 #include "viewsupport.h"
 
+#include <QScrollBar>
+
 namespace VOXI {
 namespace {
 
@@ -103,6 +105,28 @@ TEST_F(ViewHeader, reportsSizesAndPlacesThatTheUserGives)
     });
     drag(149, 139);
     EXPECT_EQ(columns, std::set<unsigned>{1});
+}
+
+/// For what a program puts over the columns.
+TEST_F(ViewHeader, tellsWhereColumnsAreAndWhenTheUserScrolls)
+{
+    Log<VXViewScrollEvent2> scrolls{m_view.scrolled()};
+    m_view.setColumnWidth(1, 900);
+    settle();
+    const VXRect<int> before = m_view.columnHeaderRect(1);
+    EXPECT_EQ(before.width, 900);
+    EXPECT_EQ(m_view.columnHeaderRect(2).x, before.x + 900);
+    EXPECT_EQ(m_view.columnHeaderRect(9), VXRect<int>());
+    m_view.scrollTo({1, 3, nullptr});
+    EXPECT_LT(m_view.columnHeaderRect(1).x, before.x);
+    m_view.scrollTo({1, 1, nullptr});
+    m_view.setColumnVisible(2, false);
+    EXPECT_EQ(m_view.columnHeaderRect(2), VXRect<int>());
+    EXPECT_TRUE(scrolls.isEmpty());
+    const int start = m_view.columnHeaderRect(1).x;
+    qtView().horizontalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+    EXPECT_FALSE(scrolls.isEmpty());
+    EXPECT_LT(m_view.columnHeaderRect(1).x, start);
 }
 
 TEST_F(ViewHeader, isSavedAndRestoredAndNoOtherTextIsTrusted)

@@ -77,6 +77,11 @@ int VXEditArea2::positionOf(const TextPlace& place) const
 {
     return m_emitters.getPositionOf(place);
 }
+
+VXRect<int> VXEditArea2::cursorRect(int position) const
+{
+    return m_emitters.getPositionRect(position);
+}
 void VXEditArea2::setTopLine(int line) { m_emitters.setTopLine(line); }
 int VXEditArea2::topLine() const { return m_emitters.getTopLine(); }
 void VXEditArea2::scrollTo(int position) { m_emitters.scrollTo(position); }

@@ -252,6 +252,11 @@ void VXAbstractView2::restoreHeaderState(const std::string& state)
 }
 
 void VXAbstractView2::setCacheLimit(int cells) { m_emitters.setCacheLimit(cells); }
+VXRect<int> VXAbstractView2::columnHeaderRect(unsigned column) const
+{
+    return current(m_emitters).getColumnHeaderRect(column);
+}
+
 int VXAbstractView2::cacheLimit() const { return m_emitters.getCacheLimit(); }
 
 // As if the user had done it ----------------------------------------------------------------------

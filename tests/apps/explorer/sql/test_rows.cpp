@@ -1,4 +1,5 @@
 #include "apps/explorer/sql/testdatabase.h"
+#include "sql/statement.h"
 #include "sql/tableeditor.h"
 
 #include <numeric>
@@ -104,6 +105,35 @@ TEST_F(RowsOf, TablesWithAndWithoutGapsAreListedInPieces)
     };
     for (std::size_t piece : {7, 4999, 5000, 5001})
         EXPECT_TRUE(check(piece)) << piece << ": " << size;
+}
+
+TEST_F(RowsOf, NumbersAreSortedAsTheDatabaseDoes)
+{
+    Database database;
+    database.execute(
+        "CREATE TABLE n(i INTEGER, r REAL, mixed NUMERIC); WITH c(i) AS (VALUES(1) UNION"
+        " ALL SELECT i + 1 FROM c WHERE i < 3000) INSERT INTO n SELECT i * 7919 % 997,"
+        " CASE WHEN i % 5 THEN i * 7919 % 1013 / 8.0 END, i % 9 FROM c");
+    const auto reader = RowReader::open(database, {"main", "n"});
+    for (const char* change : {"INSERT INTO n VALUES(NULL, 9e999, NULL)", // sorted by hand
+                               "INSERT INTO n VALUES(9007199254740993, -9e999, 'text'),"
+                               " (9007199254740992, 1, 1), (NULL, -1.5, x'00')",
+                               "CREATE INDEX x ON n(r)"}) {
+        database.execute(change);
+        for (std::size_t column : {0, 1, 2})
+            for (const std::string way : {"", " DESC"}) {
+                std::string expected;
+                Statement statement(database, "SELECT rowid FROM n WHERE mixed IS NOT 3 ORDER BY "
+                                                  + reader->columns()[column].name + way + ", rowid"
+                                                  + way);
+                while (statement.step())
+                    expected += statement.text(0) + "/";
+                std::string listed;
+                for (unsigned row : all(*reader, {column, !way.empty(), {{2, "!=3"}}}))
+                    listed += std::to_string(row) + "/";
+                EXPECT_TRUE(listed == expected) << column << way;
+            }
+    }
 }
 
 TEST_F(RowsOf, IdsAreFoundUnderAnyName)

@@ -4,6 +4,7 @@
 #include "voxi2/controls/vxabstractedit2.h"
 #include "voxi2/controls/vxeditareaevents2.h"
 #include "voxi2/voxi2_export.h"
+#include "voxi_util/geometry.h"
 
 #include <optional>
 #include <string>
@@ -81,6 +82,7 @@ struct VXEditArea2Emitters : TROV::EmittersTable<VXAbstractEdit2Emitters>
 
     TROV::Request<void(TextCommand)> command{*this};
     TROV::Request<void(int)> clickMargin{*this};
+    TROV::Request<VXRect<int>(int)> getPositionRect{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXEditAreaTextEvent2&)> textEdited{*this};
@@ -173,6 +175,9 @@ public:
     TextPlace cursorPlace() const;
     TextPlace placeOf(int position) const;
     int positionOf(const TextPlace& place) const;
+    /// Where a cursor at that position stands in the widget, which may be out of sight: for what is
+    /// to be shown beside it.
+    VXRect<int> cursorRect(int position) const;
     /// The line at the upper edge, as far as there are enough below it.
     void setTopLine(int line);
     int topLine() const;

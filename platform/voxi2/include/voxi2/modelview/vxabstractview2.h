@@ -86,6 +86,7 @@ struct VXAbstractView2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<void(std::string)> restoreHeaderState{*this};
     TROV::Request<void(int)> setCacheLimit{*this};
     TROV::Request<int()> getCacheLimit{*this};
+    TROV::Request<VXRect<int>(unsigned)> getColumnHeaderRect{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXEditRequestEvent2&)> activeCellChanged{*this};
@@ -97,6 +98,7 @@ struct VXAbstractView2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Event<void(const VXHeaderClickEvent2&)> headerClicked{*this};
     TROV::Event<void(const VXColumnResizeEvent2&)> columnResized{*this};
     TROV::Event<void(const VXColumnMoveEvent2&)> columnMoved{*this};
+    TROV::Event<void(const VXViewScrollEvent2&)> scrolled{*this};
 };
 
 /// What shows the rows and columns of a model, which it does not own.
@@ -212,6 +214,11 @@ public:
     /// Does nothing with a text that is not whole, and passes over columns that are not there.
     void restoreHeaderState(const std::string& state);
 
+    /// Where the section of a column is in the widget, which may be out of sight; empty for a
+    /// column that is hidden or not there. With `scrolled`, `columnResized` and `columnMoved` for
+    /// what is to stand over the columns.
+    VXRect<int> columnHeaderRect(unsigned column) const;
+
     /// How many cells the view remembers, about; what is in sight always is.
     void setCacheLimit(int cells);
     int cacheLimit() const;
@@ -272,6 +279,12 @@ public:
     TROV::Signal<void(const VXColumnMoveEvent2&)> columnMoved() const
     {
         return m_emitters.columnMoved.signal();
+    }
+    /// Other cells are in sight: the user has scrolled, in either direction, or what there is to be
+    /// seen has become less. Not sent for `scrollTo` and `setActiveCell`.
+    TROV::Signal<void(const VXViewScrollEvent2&)> scrolled() const
+    {
+        return m_emitters.scrolled.signal();
     }
 
 protected:

@@ -115,6 +115,14 @@ public:
     int to() const noexcept { return value<2>(); }
 };
 
+/// Other cells of a view are in sight than before.
+class VXViewScrollEvent2 : public VXEvent2<VXAbstractView2>
+{
+public:
+    using VXEvent2::VXEvent2;
+    VXAbstractView2* view() const noexcept { return sender(); }
+};
+
 /// The user asks for the context menu of a cell, or of the room beside the cells.
 class VXCellContextMenuEvent2 : public VXEvent2<VXAbstractView2, ModelCell2, VXContextMenuEvent2>
 {

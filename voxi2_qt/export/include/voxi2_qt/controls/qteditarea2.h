@@ -93,6 +93,7 @@ public:
     virtual void doAnswerColoring(unsigned query, const std::vector<TextSpan>& spans);
     virtual void doimCommand(TextCommand command);
     virtual void doimClickMargin(int line);
+    virtual VXRect<int> doGetPositionRect(int position);
 
 protected:
     void connectSignals() override;

@@ -102,6 +102,7 @@ public:
     virtual void doRestoreHeaderState(const std::string& state);
     virtual void doSetCacheLimit(int cells);
     virtual int doGetCacheLimit();
+    virtual VXRect<int> doGetColumnHeaderRect(unsigned column);
 
     /// Never null; one that shows nothing while no abstract model is set.
     QtViewModel2& viewModel() const { return *m_model; }
@@ -187,6 +188,7 @@ private:
     void reportHeaderClick(int section);
     void reportColumnWidth(int section, int width);
     void reportColumnMove(int section, int from, int to);
+    void reportScroll();
     void showSortIndicator();
     int columnSection(unsigned column) const;
 

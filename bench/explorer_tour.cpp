@@ -1,0 +1,204 @@
+// ExplorerTour: the explorer over a table of five million rows, from its opening to an export; how
+// long each part takes, and the longest time for which the toolkit's thread had no ear for anybody.
+//
+// explorer_tour FILE.db: the file is made if it is not there.
+
+#include "explorerwindow.h"
+#include "qthost/qthost.h"
+#include "voxi2/controls/vxbutton2.h"
+#include "voxi2/controls/vxedit2.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace {
+
+using namespace VOXI;
+using Clock = std::chrono::steady_clock;
+
+constexpr unsigned Rows = 5'000'000;
+
+double millisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+void makeFile(const std::string& file)
+{
+    std::printf("making %s, once\n", file.c_str());
+    std::filesystem::remove(file + ".new");
+    {
+        SQL::Database made(file + ".new", SQL::Database::Mode::Create);
+        made.execute("CREATE TABLE readings (id INTEGER PRIMARY KEY, station TEXT NOT NULL, "
+                     "value REAL, note TEXT)");
+        made.execute("INSERT INTO readings WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+                     "FROM n WHERE i < "
+                     + std::to_string(Rows)
+                     + ") SELECT i, 'station ' || "
+                       "(i * 7919 % 10007), i * 31 % 100003 / 7.0, CASE WHEN i % 5 = 0 THEN "
+                       "'a remark about reading ' || i END FROM n");
+    }
+    std::filesystem::rename(file + ".new", file);
+}
+
+/// Ticks each millisecond; what lies between two ticks was somebody else's.
+class Pulse
+{
+public:
+    Pulse()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { note(); });
+        m_timer.start(1);
+    }
+    double takeLongest() { return std::exchange(m_longest, 0); }
+
+private:
+    void note()
+    {
+        m_longest = std::max(m_longest, millisecondsSince(m_last));
+        m_last = Clock::now();
+    }
+
+    QTimer m_timer;
+    Clock::time_point m_last = Clock::now();
+    double m_longest = 0;
+};
+
+class Tour
+{
+public:
+    explicit Tour(explorer::ExplorerWindow& window) : m_window(window) {}
+
+    /// Does it, and waits until it is done.
+    void step(const char* name, const std::function<void()>& begin,
+              const std::function<bool()>& isDone)
+    {
+        m_pulse.takeLongest();
+        const Clock::time_point start = Clock::now();
+        begin();
+        waitUntil(isDone);
+        const double pause = m_pulse.takeLongest();
+        m_longest = std::max(m_longest, pause);
+        std::printf("  %-34s %9.0f ms   longest pause %6.1f ms\n", name, millisecondsSince(start),
+                    pause);
+    }
+    static void waitUntil(const std::function<bool()>& isDone)
+    {
+        while (!isDone())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    template <class T>
+    T* find(const std::string& name) const
+    {
+        for (VXObject2* object : m_window.window()->children(true)) {
+            auto* const found = dynamic_cast<T*>(object);
+            if (found && found->objectName() == name)
+                return found;
+        }
+        return nullptr;
+    }
+    double longest() const { return m_longest; }
+
+private:
+    explorer::ExplorerWindow& m_window;
+    Pulse m_pulse;
+    double m_longest = 0;
+};
+
+void travel(explorer::ExplorerWindow& window, const std::string& file)
+{
+    Tour tour(window);
+    explorer::RowsPane& pane = window.rows();
+    VXTableView2& table = *pane.table();
+    const auto isListed = [&] { return pane.model() && !pane.isListing(); };
+    const auto isSeen = [&](unsigned row) {
+        return [&table, row] { return table.cellInfo(row, 1).isKnown; };
+    };
+    const auto trigger = [&](const char* name) { tour.find<VXAction2>(name)->imitateTrigger(); };
+
+    tour.step(
+        "open: the first rows", [&] { window.open(file); },
+        [&] { return pane.model() && isSeen(1)(); });
+    tour.step(
+        "open: all rows", [] {}, isListed);
+    for (unsigned i = 1; i <= 20; ++i)
+        tour.step(
+            i == 20 ? "scroll to the end" : "scroll on",
+            [&] {
+                table.scrollTo({Rows / 20 * i, 1, nullptr});
+            },
+            isSeen(Rows / 20 * i));
+    tour.step(
+        "sort by a column without an index", [&] { pane.sortBy(2, SortOrder::Ascending); },
+        isListed);
+    tour.step(
+        "back to the order of the table", [&] { pane.sortBy(0, SortOrder::Ascending); }, isListed);
+    auto* const filter = tour.find<VXEdit2>("filter-2");
+    for (const char* key : {"n", " ", "9", "9", "9"})
+        tour.step(
+            "filter: a key, while it searches", [&] { filter->imitateTyping(key); },
+            [&, until = Clock::now() + std::chrono::milliseconds(100)] {
+                return Clock::now() > until;
+            });
+    tour.step(
+        "filter: the rest", [] {}, isListed);
+    const unsigned row = table.cellAt(5, 5).row;
+    tour.step(
+        "edit: open the editor", [&] { table.imitateEdit(row, 2, EditTrigger::EditKeyPressed); },
+        [&] { return table.editor(row, 2) != nullptr; });
+    tour.step(
+        "edit: change the cell",
+        [&] {
+            auto* const edit = tour.find<VXEdit2>("cell-edit");
+            edit->imitateTyping("elsewhere");
+            edit->imitateKey(WidgetEvent::KeyPress,
+                             VXKeyEvent2(edit, WidgetEvent::KeyPress, Key::Return));
+        },
+        [&] { return window.document()->hasChanges(); });
+    tour.step(
+        "roll back", [&] { trigger("rollback"); },
+        [&] { return !window.document()->hasChanges() && isListed(); });
+    const std::string target = file + ".csv";
+    tour.step(
+        "export what was found",
+        [&] {
+            trigger("export");
+            tour.find<VXEdit2>("file")->setText(target);
+            tour.find<VXButton2>("accept")->imitateClick();
+        },
+        [&] { return tour.find<VXDialog2>("export-dialog") == nullptr; });
+    std::filesystem::remove(target);
+    std::printf("ExplorerTour: longest pause %.1f ms; the goal is 50 ms\n", tour.longest());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        if (argc != 2) {
+            std::fprintf(stderr, "usage: explorer_tour FILE.db\n");
+            return 2;
+        }
+        const std::string file = std::filesystem::absolute(argv[1]).string();
+        if (!std::filesystem::exists(file))
+            makeFile(file);
+        QtHost host(argc, argv);
+        explorer::ExplorerWindow window{explorer::Settings(file + ".settings")};
+        travel(window, file);
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "explorer_tour: %s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "explorerwindow.h"
+#include "sql/shopsample.h"
+#include "support/waitfor.h"
+#include "support/watchdog.h"
+#include "voxi2/controls/vxedit2.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace VOXI {
+
+/// A window of the explorer over a small shop, in a folder of its own.
+class ExplorerTest : public testing::Test
+{
+protected:
+    using Path = std::filesystem::path;
+    static constexpr auto Patience = std::chrono::seconds(20);
+
+    ExplorerTest()
+        : m_folder(std::filesystem::temp_directory_path()
+                   / ("voxi-explorer-" + std::to_string(getpid())))
+    {
+        std::filesystem::create_directories(m_folder);
+    }
+    ~ExplorerTest() override
+    {
+        m_explorer.reset();
+        std::filesystem::remove_all(m_folder);
+    }
+
+    Path shop()
+    {
+        const Path file = m_folder / "shop.db";
+        if (!std::filesystem::exists(file))
+            SQL::makeShop(file, 2'000);
+        return file;
+    }
+    Path write(const std::string& name, const std::string& bytes)
+    {
+        std::ofstream(m_folder / name, std::ios::binary) << bytes;
+        return m_folder / name;
+    }
+    static std::string read(const Path& file)
+    {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    explorer::ExplorerWindow& explorer()
+    {
+        if (!m_explorer)
+            m_explorer = std::make_unique<explorer::ExplorerWindow>(
+                explorer::Settings(m_folder / "settings"));
+        return *m_explorer;
+    }
+    /// Opens it and waits until its first table is there.
+    void open(const Path& file)
+    {
+        bool isSettled = false;
+        explorer().whenSettled([&] { isSettled = true; });
+        explorer().open(file);
+        ASSERT_TRUE(waitFor([&] { return isSettled; }, Patience)) << message();
+    }
+    void show(const std::string& table)
+    {
+        auto* const tree = find<VXTreeView2>("schema");
+        const auto& model = static_cast<VXTreeModel2&>(*tree->viewModel());
+        tree->clearSelection();
+        for (const unsigned database : model.childRows(0)) {
+            for (const unsigned group : model.childRows(database)) {
+                for (const unsigned row : model.childRows(group)) {
+                    if (model.value(row, 1).textU() == std::wstring(table.begin(), table.end()))
+                        tree->imitateSetSelection({{row, 1, nullptr}, {row, 1, nullptr}});
+                }
+            }
+        }
+        ASSERT_TRUE(waitFor(
+            [&] {
+                const auto& reader = explorer().rows().reader();
+                return reader && reader->name().name == table && !explorer().rows().isListing();
+            },
+            Patience));
+    }
+
+    template <class T>
+    T* find(const std::string& name)
+    {
+        for (VXObject2* object : explorer().window()->children(true)) {
+            auto* const found = dynamic_cast<T*>(object);
+            if (found && found->objectName() == name)
+                return found;
+        }
+        return nullptr;
+    }
+    void trigger(const std::string& action) { find<VXAction2>(action)->imitateTrigger(); }
+    VXTableView2& rows() { return *explorer().rows().table(); }
+    /// What the cell shows, when it is known.
+    std::wstring text(unsigned row, unsigned column)
+    {
+        waitFor([&] { return rows().cellInfo(row, column).isKnown; }, Patience);
+        return rows().cellInfo(row, column).text;
+    }
+    std::wstring message() { return find<VXNotificationBar2>("messages")->notification().text; }
+
+    const Path m_folder;
+    const Watchdog m_watchdog{std::chrono::seconds(120), "explorer"};
+
+private:
+    std::unique_ptr<explorer::ExplorerWindow> m_explorer;
+};
+
+} // namespace VOXI

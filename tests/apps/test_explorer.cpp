@@ -1,0 +1,278 @@
+// The explorer's window, worked through the abstract side as its user would.
+
+#include "explorersupport.h"
+#include "qthost/qthost.h"
+#include "voxi2/containers/vxdialog2.h"
+#include "voxi2/controls/vxbutton2.h"
+
+#include <algorithm>
+#include <random>
+
+namespace VOXI {
+namespace {
+
+/// A process has one host.
+class Explorer : public ExplorerTest
+{
+protected:
+    static void SetUpTestSuite() { s_host = std::make_unique<QtHost>(); }
+    static void TearDownTestSuite() { s_host.reset(); }
+
+    /// Has the user type into a cell and press Return.
+    void type(unsigned row, unsigned column, const std::string& text)
+    {
+        rows().imitateEdit(row, column, EditTrigger::EditKeyPressed);
+        ASSERT_TRUE(waitFor([&] { return rows().editor(row, column) != nullptr; }, Patience));
+        auto* const edit = dynamic_cast<VXEdit2*>(rows().editor(row, column));
+        ASSERT_NE(edit, nullptr);
+        edit->selectAll();
+        edit->imitateTyping(text);
+        press(*edit, Key::Return);
+        ASSERT_TRUE(waitFor([&] { return rows().editor(row, column) == nullptr; }, Patience));
+    }
+    static void press(VXWidget2& widget, Key key)
+    {
+        widget.imitateKey(WidgetEvent::KeyPress, VXKeyEvent2(&widget, WidgetEvent::KeyPress, key));
+    }
+    /// Clicks a button of the dialog that asks something.
+    void answer(const std::wstring& label)
+    {
+        VXAbstractButton2* found = nullptr;
+        ASSERT_TRUE(waitFor(
+            [&] {
+                for (VXObject2* object : explorer().window()->children(true)) {
+                    auto* const button = dynamic_cast<VXAbstractButton2*>(object);
+                    if (button && button->isVisible() && button->labelU() == label)
+                        found = button;
+                }
+                return found != nullptr;
+            },
+            Patience));
+        found->imitateClick();
+    }
+    bool hasChanges() { return explorer().document() && explorer().document()->hasChanges(); }
+    static SQL::Value stored(const Path& file, const std::string& sql)
+    {
+        return SQL::Database(file, SQL::Database::Mode::ReadOnly).scalar(sql);
+    }
+
+private:
+    static inline std::unique_ptr<QtHost> s_host;
+};
+
+TEST_F(Explorer, showsSortsAndFiltersTables)
+{
+    open(shop());
+    show("customers");
+    const auto all = explorer().rows().count();
+    EXPECT_GT(all, 10U);
+    EXPECT_EQ(text(1, 1), L"1");
+    // Down from the greatest: the row keeps its number.
+    explorer().rows().sortBy(1, SortOrder::Descending);
+    ASSERT_TRUE(waitFor([&] { return !explorer().rows().isListing(); }, Patience));
+    EXPECT_EQ(rows().cellAt(5, 5).row, static_cast<unsigned>(all));
+    EXPECT_EQ(rows().sortIndicator(), (SortIndicator{1, SortOrder::Descending}));
+    // Each key begins a new search.
+    auto* const filter = find<VXEdit2>("filter-1");
+    ASSERT_NE(filter, nullptr);
+    EXPECT_EQ(filter->position().width, rows().columnWidth(1));
+    filter->imitateTyping("=1");
+    filter->imitateTyping("2");
+    ASSERT_TRUE(waitFor([&] { return !explorer().rows().isListing(); }, Patience));
+    EXPECT_EQ(explorer().rows().count(), 1U);
+    EXPECT_EQ(text(12, 1), L"12");
+    filter->selectAll();
+    filter->imitateTyping("nothing like it");
+    ASSERT_TRUE(waitFor([&] { return explorer().rows().count() == 0; }, Patience));
+    EXPECT_TRUE(filter->isVisible()) << "where there are no rows, too";
+    show("low_stock"); // a view
+    EXPECT_TRUE(filter->text().empty());
+}
+
+TEST_F(Explorer, keepsChangesUntilTheyAreCommittedOrRolledBack)
+{
+    const Path file = shop();
+    open(file);
+    show("customers");
+    const std::string name = "SELECT name FROM customers WHERE id = 1";
+    const SQL::Value before = stored(file, name);
+    const Color paper = rows().cellInfo(2, 2).background;
+    type(1, 2, "Somebody Else");
+    ASSERT_TRUE(waitFor([&] { return hasChanges(); }, Patience)) << message();
+    EXPECT_TRUE(waitFor([&] { return text(1, 2) == L"Somebody Else"; }, Patience));
+    EXPECT_NE(rows().cellInfo(1, 2).background, paper);
+    EXPECT_EQ(stored(file, name), before);
+    EXPECT_TRUE(explorer().window()->isModified());
+    trigger("rollback");
+    ASSERT_TRUE(waitFor([&] { return !hasChanges() && !explorer().rows().isListing(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return text(1, 2) != L"Somebody Else"; }, Patience));
+
+    type(1, 2, "Another");
+    ASSERT_TRUE(waitFor([&] { return hasChanges(); }, Patience));
+    trigger("commit");
+    ASSERT_TRUE(waitFor([&] { return !hasChanges(); }, Patience));
+    EXPECT_EQ(stored(file, name), SQL::Value(std::string("Another")));
+    EXPECT_TRUE(waitFor([&] { return rows().cellInfo(1, 2).background == paper; }, Patience));
+
+    // What the table does not let in is said at the cell, and stays there.
+    rows().imitateSetActiveCell({2, 2, nullptr});
+    rows().imitateSetSelection({{2, 2, nullptr}, {2, 2, nullptr}});
+    trigger("null");
+    ASSERT_TRUE(waitFor([&] { return !rows().cellInfo(2, 2).toolTip.empty(); }, Patience));
+    EXPECT_NE(rows().cellInfo(2, 2).toolTip.find(L"NOT NULL"), std::wstring::npos);
+    EXPECT_NE(message().find(L"NOT NULL"), std::wstring::npos);
+}
+
+TEST_F(Explorer, losesNothingToOthersAndAsksBeforeItCloses)
+{
+    const Path file = shop();
+    open(file);
+    show("customers");
+    {
+        SQL::Database other(file);
+        other.begin();
+        type(1, 2, "In the way");
+        ASSERT_TRUE(waitFor([&] { return !message().empty(); }, Patience));
+        EXPECT_TRUE(waitFor([&] { return text(1, 2) == L"In the way"; }, Patience));
+        EXPECT_FALSE(hasChanges());
+        other.rollBack();
+    }
+    find<VXNotificationBar2>("messages")->imitateButton(1);
+    ASSERT_TRUE(waitFor([&] { return hasChanges(); }, Patience)) << "tried again";
+
+    EXPECT_FALSE(explorer().window()->close());
+    answer(L"&Cancel");
+    EXPECT_TRUE(explorer().window()->isVisible());
+    EXPECT_TRUE(hasChanges());
+    EXPECT_FALSE(explorer().window()->close());
+    answer(L"&Commit");
+    EXPECT_TRUE(waitFor([&] { return !explorer().window()->isVisible(); }, Patience));
+    EXPECT_EQ(stored(file, "SELECT name FROM customers WHERE id = 1"),
+              SQL::Value(std::string("In the way")));
+}
+
+TEST_F(Explorer, noticesWhatAnotherProgramChanges)
+{
+    const Path file = shop();
+    open(file);
+    show("customers");
+    SQL::Database(file).execute("CREATE TABLE brand_new (a)");
+    EXPECT_TRUE(waitFor([&] { return !message().empty(); }, Patience));
+    show("brand_new");
+    EXPECT_EQ(explorer().rows().count(), 0U);
+}
+
+TEST_F(Explorer, runsAndStopsWhatIsTyped)
+{
+    open(shop());
+    auto* const sql = find<VXEditArea2>("sql");
+    auto* const summary = find<VXText2>("query-summary");
+    const auto run = [&](const std::string& text) {
+        explorer().query().setText(text);
+        trigger("run");
+    };
+    const auto isDone = [&] { return !explorer().query().isRunning(); };
+    run("SELECT 1 AS one; SELECT 'b' AS letter UNION SELECT 'a'");
+    ASSERT_TRUE(waitFor(isDone, Patience));
+    ASSERT_TRUE(waitFor([&] { return explorer().query().rows().count() == 2; }, Patience));
+    EXPECT_EQ(find<VXComboBox2>("results")->count(), 2);
+    run("SELECT\n  nonsense FROM nowhere");
+    ASSERT_TRUE(waitFor(isDone, Patience));
+    EXPECT_NE(summary->text().find("nowhere"), std::string::npos);
+    run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n");
+    EXPECT_TRUE(explorer().query().isRunning());
+    trigger("stop");
+    ASSERT_TRUE(waitFor(isDone, Patience));
+    EXPECT_EQ(summary->text(), "Stopped.");
+    // Only one name begins so.
+    explorer().query().setText("SELECT * FROM custom");
+    trigger("complete");
+    EXPECT_EQ(sql->text(), "SELECT * FROM customers");
+    EXPECT_EQ(static_cast<VXTableModel2*>(find<VXTableView2>("log")->viewModel())->rowCount(), 4U);
+}
+
+TEST_F(Explorer, saysWhatIsWrongWithFilesAndLeavesThemAlone)
+{
+    const std::string good = read(shop());
+    std::string noise(8192, '\0');
+    std::mt19937 random(7);
+    std::generate(noise.begin(), noise.end(), [&] { return static_cast<char>(random()); });
+    std::string pages = good;
+    pages[16] = 3; // no power of two
+    const std::vector<Path> files{
+        write("text.db", "this is no database at all, but it is long enough to be looked at"),
+        write("noise.db", noise),
+        write("short.db", good.substr(0, good.size() / 2 + 100)),
+        write("pages.db", pages),
+        m_folder,
+        m_folder / "missing.db"};
+    for (const Path& file : files) {
+        const bool isFile = std::filesystem::is_regular_file(file);
+        const std::string bytes = isFile ? read(file) : std::string();
+        explorer().open(file);
+        EXPECT_TRUE(waitFor([&] { return !message().empty(); }, Patience)) << file;
+        EXPECT_EQ(explorer().document(), nullptr) << file;
+        if (isFile) {
+            EXPECT_EQ(read(file), bytes) << file;
+        }
+        find<VXNotificationBar2>("messages")->clear();
+    }
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "missing.db"));
+}
+
+TEST_F(Explorer, showsTablesOfAnyKind)
+{
+    const Path file = m_folder / "odd.db";
+    {
+        SQL::Database odd(file, SQL::Database::Mode::Create);
+        std::string wide = "CREATE TABLE wide (c0";
+        for (int i = 1; i < 2'000; ++i)
+            wide += ", c" + std::to_string(i);
+        odd.execute(wide + ")");
+        odd.execute("INSERT INTO wide (c0, c1999) VALUES ('first', 'last')");
+        odd.execute("CREATE TABLE \"a \"\"b\"\" \U0001f600\" (\"x'y\" BLOB); "
+                    "INSERT INTO \"a \"\"b\"\" \U0001f600\" VALUES (zeroblob(100000000)); "
+                    "CREATE TABLE keyed (k TEXT PRIMARY KEY, v) WITHOUT ROWID; "
+                    "INSERT INTO keyed VALUES ('\xff', 1), (x'00', char(0, 65)); "
+                    "CREATE VIEW fails AS SELECT missing FROM keyed;");
+    }
+    open(file);
+    show("wide");
+    EXPECT_EQ(text(1, 1), L"first");
+    rows().scrollTo({1, 2000, nullptr});
+    EXPECT_EQ(text(1, 2000), L"last");
+    show("keyed");
+    EXPECT_EQ(explorer().rows().count(), 2U);
+    auto* const tree = find<VXTreeView2>("schema");
+    auto& model = static_cast<VXTreeModel2&>(*tree->viewModel());
+    const unsigned tables = model.childRows(model.childRows(0).front()).front();
+    const unsigned strange = model.childRows(tables).front();
+    tree->clearSelection();
+    tree->imitateSetSelection({{strange, 1, nullptr}, {strange, 1, nullptr}});
+    auto* const bytes = find<VXTableView2>("cell-bytes");
+    ASSERT_TRUE(waitFor([&] { return bytes->cellInfo(1, 2).isKnown; }, Patience));
+    EXPECT_EQ(bytes->cellInfo(1, 2).text.substr(0, 6), L"00 00 ");
+    EXPECT_EQ(text(1, 1), L"bytes, 95 MB");
+    const unsigned views = model.childRows(model.childRows(0).front())[1];
+    const unsigned fails = model.childRows(views).front();
+    tree->clearSelection();
+    tree->imitateSetSelection({{fails, 1, nullptr}, {fails, 1, nullptr}});
+    EXPECT_TRUE(
+        waitFor([&] { return message().find(L"missing") != std::wstring::npos; }, Patience));
+}
+
+TEST_F(Explorer, exportsAndImportsRows)
+{
+    open(shop());
+    show("customers");
+    trigger("export");
+    const Path file = m_folder / "customers.csv";
+    EXPECT_EQ(find<VXEdit2>("file")->text(), file.string());
+    find<VXButton2>("accept")->imitateClick();
+    ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(file); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return !find<VXDialog2>("export-dialog"); }, Patience));
+    EXPECT_NE(message().find(L"rows written"), std::wstring::npos);
+}
+
+} // namespace
+} // namespace VOXI
