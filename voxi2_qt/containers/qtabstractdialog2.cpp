@@ -1,7 +1,7 @@
 #include "voxi2_qt/containers/qtabstractdialog2.h"
 
-#include "../kernel/qtignored.h"
 #include "../kernel/enumtable.h"
+#include "../kernel/qtignored.h"
 #include "voxi2/controls/vxabstractbutton2.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qteventblocker.h"

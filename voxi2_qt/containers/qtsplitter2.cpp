@@ -1,7 +1,7 @@
 #include "voxi2_qt/containers/qtsplitter2.h"
 
-#include "../kernel/qtsavedtext.h"
 #include "../kernel/qtignored.h"
+#include "../kernel/qtsavedtext.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/containers/qtsplitterhandle.h"
 #include "voxi2_qt/kernel/qtconvert.h"

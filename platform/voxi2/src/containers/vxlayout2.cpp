@@ -1,11 +1,11 @@
 #include "voxi2/containers/vxlayout2.h"
 
-#include "voxi2/kernel/vxwidget2.h"
 #include "../kernel/notnull.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxhandle.h"
+#include "voxi2/kernel/vxwidget2.h"
 
 namespace VOXI {
 
