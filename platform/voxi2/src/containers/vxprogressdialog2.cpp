@@ -34,6 +34,7 @@ VXProgressDialog2::VXProgressDialog2(const AnyText& title, VXObject2* parent)
     rows->addWidget(m_bar.get());
     rows->addStretch();
     rows->addWidget(m_cancel->parent());
+    m_cancel->setFocus();
     closing().connect(
         this,
         [this](const VXCloseEvent2& event) {
