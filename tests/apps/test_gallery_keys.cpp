@@ -9,6 +9,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QPushButton>
 #include <QWindow>
 
@@ -20,12 +21,34 @@ namespace {
 constexpr int MostLinks = 30;
 constexpr int MostRead = 200;
 
+/// Sees a window get the release of a key.
+class Arrival : public QObject
+{
+public:
+    Arrival() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        m_isThere =
+            m_isThere || (event->type() == QEvent::KeyRelease && qobject_cast<QWindow*>(object));
+        return false;
+    }
+
+    bool m_isThere = false;
+};
+
 class GalleryKeys : public GalleryTest
 {
 protected:
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    static void press(Qt::Key key) { QTest::keyClick(window().windowHandle(), key); }
+
+    /// Waits until it has arrived, which takes more than a turn of the loop on a busy machine. Not
+    /// for what opens a dialog, which keeps it from the window.
+    static void go(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
+        Arrival arrival;
         QTest::keyClick(window().windowHandle(), key, modifiers);
+        EXPECT_TRUE(waitFor([&] { return arrival.m_isThere; }, Patience));
     }
 
     /// To the next one. Where Tab means something else, as in a text or between links, it takes
@@ -33,11 +56,11 @@ protected:
     static void goOn()
     {
         const QWidget* const former = QApplication::focusWidget();
-        press(Qt::Key_Tab);
+        go(Qt::Key_Tab);
         if (QApplication::focusWidget() == former)
-            press(Qt::Key_Tab, Qt::ControlModifier);
+            go(Qt::Key_Tab, Qt::ControlModifier);
         for (int i = 0; i < MostLinks && QApplication::focusWidget() == former; ++i)
-            press(Qt::Key_Tab);
+            go(Qt::Key_Tab);
     }
 
     /// What Tab comes by on its way through the page, each once. At each it must be seen.
@@ -74,7 +97,7 @@ protected:
             return view ? view->currentIndex().isValid()
                         : widget.property("readOnly").isValid()
                               && !widget.property("readOnly").toBool();
-        return !(button && button->isDefault()) && !widget.inherits("QOpenGLWidget")
+        return !(button && button->isDefault()) && !widget.inherits("VOXI::QtHGScene2")
                && !widget.inherits("QQuickWidget");
     }
 
@@ -106,7 +129,7 @@ protected:
             for (const QWidget* last = nullptr; last != QApplication::focusWidget();) {
                 last = QApplication::focusWidget();
                 reached.insert(last);
-                press(key);
+                go(key);
             }
         }
     }
@@ -129,8 +152,10 @@ TEST_F(GalleryKeys, reachAllThatTheMouseCanUse)
             if (!stop)
                 continue;
             const auto place = std::ranges::find(order, controlOf(stop));
-            EXPECT_GE(place, last) << nameOf(stop) << " comes too late";
-            last = place;
+            if (controlOf(stop) == stop) { // and no part of one
+                EXPECT_GE(place, last) << nameOf(stop) << " comes too late";
+                last = place;
+            }
             reached.insert(controlOf(stop));
             stop->setFocus();
             addGroup(reached);
@@ -160,7 +185,10 @@ TEST_F(GalleryKeys, operateWhatTheyReach)
             each->setFocus(Qt::TabFocusReason);
             EXPECT_TRUE(each->hasFocus()) << nameOf(each);
             closing.hasClosed();
-            press(Qt::Key_Menu);
+            // As the platform sends it for the key, which not each one knows.
+            QContextMenuEvent asked(QContextMenuEvent::Keyboard, each->rect().center(),
+                                    each->mapToGlobal(each->rect().center()));
+            QCoreApplication::sendEvent(QApplication::focusWidget(), &asked);
             EXPECT_TRUE(waitFor([&] { return closing.hasClosed(); })) << nameOf(each);
         }
         for (const auto& each : controls()) {

@@ -375,6 +375,7 @@ TEST_F(Tabs, areMovedAndClosedByKeysAsByThePointer)
     EXPECT_TRUE(closings.isEmpty());
     m_container->setMovable(true);
     m_container->setTabsClosable(true);
+    m_container->setCurrentTab(m_first);
     QTest::keyClick(bar(), Qt::Key_Left, Qt::AltModifier); // it is the first
     EXPECT_TRUE(moves.isEmpty());
     QTest::keyClick(bar(), Qt::Key_Right, Qt::AltModifier);
