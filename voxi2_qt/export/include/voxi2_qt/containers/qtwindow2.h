@@ -73,6 +73,7 @@ private:
     /// has gone is null.
     using Docked = std::vector<QPointer<QWidget>>;
     class LayoutNames;
+    class LaidOut;
 
     QStatusBar* knownStatusBar() const;
     QStatusBar* ensuredStatusBar();
