@@ -236,7 +236,7 @@ bool QtDockWidget2::event(QEvent* event)
             m_comesOrGoes = before;
         return done;
     }
-    case QEvent::UngrabMouse: // its user has let go
+    case QEvent::MouseButtonRelease: // the end of a drag
         QMetaObject::invokeMethod(this, &QtDockWidget2::updateFloatTitle, Qt::QueuedConnection);
         break;
     case QEvent::ShowToParent:

@@ -9,6 +9,7 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
 
+#include <QLayout>
 #include <QSet>
 #include <QToolBar>
 
@@ -114,6 +115,45 @@ private:
     std::vector<std::pair<QPointer<QWidget>, QString>> m_renamed; // some of them twice
 };
 
+/// Lays a window out that nobody has seen yet, for as long as one lives: until then panes have no
+/// sizes, and would come back one on top of the other.
+class QtWindow2::LaidOut
+{
+public:
+    explicit LaidOut(QtWindow2& window)
+        : m_window(window),
+          m_scope(&window),
+          m_before(window.size()),
+          m_isSized(window.testAttribute(Qt::WA_Resized))
+    {
+        // Qt's mark of what has not been told its size.
+        if (!window.testAttribute(Qt::WA_PendingResizeEvent))
+            return;
+        for (QWidget* each : window.findChildren<QWidget*>())
+            m_blockers.emplace_back(each, PlacingEvents);
+        m_blockers.emplace_back(&window, PlacingEvents);
+        if (!m_isSized)
+            window.resize(window.sizeHint().expandedTo(m_before));
+        window.layout()->invalidate();
+        window.layout()->activate();
+    }
+    ~LaidOut()
+    {
+        if (m_window.size() != m_before)
+            m_window.resize(m_before);
+        m_window.setAttribute(Qt::WA_Resized, m_isSized);
+    }
+    LaidOut(const LaidOut&) = delete;
+    LaidOut& operator=(const LaidOut&) = delete;
+
+private:
+    QtWindow2& m_window;
+    const QtDockWidget2::ProgramScope m_scope;
+    std::list<QtEventBlocker> m_blockers;
+    const QSize m_before;
+    const bool m_isSized;
+};
+
 // Requests ----------------------------------------------------------------------------------------
 
 void QtWindow2::doAddDockWidget(VXDockWidget2* dock, DockArea area)
@@ -178,6 +218,7 @@ void QtWindow2::doRaiseDockWidget(VXDockWidget2* dock)
 std::string QtWindow2::doSaveLayout()
 {
     const LayoutNames names(*this);
+    const LaidOut laidOut(*this);
     return toSavedText(LayoutKind, saveState());
 }
 

@@ -151,16 +151,22 @@ protected:
     QPoint title() const { return qt(*m_dock)->mapToGlobal(QPoint(40, 8)); }
 
     /// Presses on the title and moves step by step towards the goal, and there until `arrived`.
-    /// Then it lets go. Each step is another place, so that the pointer really moves.
+    /// Then it lets go. Each step is another place, so that the pointer really moves. After a while
+    /// it tries again: the window manager may have moved the title away just before the press.
     bool drag(const QPoint& goal, const std::function<bool()>& arrived)
     {
-        const QPoint start = title();
-        xdotool(at(start) + QStringLiteral(" mousedown 1"));
         constexpr int Steps = 12;
+        constexpr int StepsOfATry = 5 * Steps;
+        QPoint start;
         int step = 0;
         const bool done = waitFor(
             [&] {
-                const int part = std::min(++step, Steps);
+                if (step % StepsOfATry == 0) {
+                    xdotool(QStringLiteral("mouseup 1"));
+                    start = title();
+                    xdotool(at(start) + QStringLiteral(" mousedown 1"));
+                }
+                const int part = std::min(++step % StepsOfATry, Steps);
                 const QPoint wobble(step % 3, step % 2);
                 xdotool(at(start + (goal - start) * part / Steps + wobble));
                 return part == Steps && arrived();

@@ -222,6 +222,43 @@ TEST_F(WindowLayout, isSavedAndRestored)
     EXPECT_TRUE(docks[4]->isVisible());
 }
 
+TEST_F(WindowLayout, isSavedBeforeItWasSeen)
+{
+    const auto fill = [](VXWindow2& window, std::vector<VXDockWidget2*>& panes) {
+        window.setCentralWidget(new VXPanel2(&window));
+        for (int i = 0; i < 3; ++i) {
+            auto* const pane = new VXDockWidget2(&window);
+            auto* const content = new VXPanel2(pane);
+            content->setMinimumSize({90, 60});
+            pane->setWidget(content);
+            window.addDockWidget(pane, i == 2 ? DockArea::Bottom : DockArea::Left);
+            panes.push_back(pane);
+        }
+    };
+    VXWindow2 unseen;
+    std::vector<VXDockWidget2*> panes;
+    fill(unseen, panes);
+    const Log resized(unseen.resized());
+    const VXRect<int> before = unseen.position();
+    const std::string saved = unseen.saveLayout();
+    turn();
+    EXPECT_TRUE(resized.isEmpty());
+    EXPECT_EQ(unseen.position(), before);
+
+    VXWindow2 window;
+    panes.clear();
+    fill(window, panes);
+    window.resize({900, 700});
+    window.show();
+    EXPECT_TRUE(window.restoreLayout(saved));
+    turn();
+    for (std::size_t i = 0; i < panes.size(); ++i) {
+        EXPECT_GE(pane(panes[i])->widget()->height(), 60) << i;
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(pane(panes[i])->geometry().intersects(pane(panes[j])->geometry()));
+    }
+}
+
 TEST_F(WindowLayout, foreignTextsAreRefused)
 {
     Docks docks(2);

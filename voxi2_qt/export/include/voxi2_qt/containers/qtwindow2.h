@@ -82,6 +82,7 @@ private:
     /// has gone is null.
     using Docked = std::vector<QPointer<QWidget>>;
     class LayoutNames;
+    class LaidOut;
 
     QStatusBar* knownStatusBar() const;
     QStatusBar* ensuredStatusBar();
