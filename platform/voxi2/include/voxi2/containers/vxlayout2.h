@@ -32,8 +32,8 @@ struct VXLayout2Emitters : TROV::EmittersTable<VXObject2Emitters>
 /// layout fills. Null and dead widgets are ignored. A window that was made with that widget as its
 /// parent remains a window, and takes no room.
 ///
-/// A `VXWindow2` is filled by its central widget, which is the layout's parent then; a window without
-/// one gets a panel.
+/// A `VXWindow2` is filled by its central widget, which is the layout's parent then; a window
+/// without one gets a panel.
 ///
 /// A layout may lie in another one, which owns it then; see `VXBoxLayout2::addLayout`. It is made
 /// without a parent, with that layout as its parent, or with a widget that has a layout.
