@@ -59,6 +59,21 @@ private:
     std::uint8_t m_index;
 };
 
+namespace detail {
+
+/// Fails to compile, with a message, for what is no listener.
+template <class Object>
+consteval bool checkListener()
+{
+    static_assert(std::is_convertible_v<Object*, Listener*>,
+                  "who listens must be a TROV::Listener, by whose life the connection is bounded: "
+                  "an object of the toolkit, or a class that derives from Listener publicly. If it "
+                  "does, its header is not included here");
+    return std::is_convertible_v<Object*, Listener*>;
+}
+
+} // namespace detail
+
 /// The application's side of an emitter: others listen, only the owner emits.
 template <class Signature>
 class Signal;
@@ -92,8 +107,18 @@ public:
     ConnectionHandle connect(Object* listener, Member member, Thread* thread = nullptr)
         const requires std::is_member_function_pointer_v<Member>
     {
-        return connect(static_cast<Listener*>(listener),
-                       detail::MemberHandler<Object, Member>{listener, member}, thread);
+        if constexpr (detail::checkListener<Object>())
+            return connect(static_cast<Listener*>(listener),
+                           detail::MemberHandler<Object, Member>{listener, member}, thread);
+    }
+
+    /// What is no listener cannot bound the life of a connection; this one only says so.
+    template <class Object, class Handler>
+    ConnectionHandle connect(Object*, Handler, Thread* = nullptr) const
+        requires(!std::is_convertible_v<Object*, Listener*> && !std::is_member_pointer_v<Handler>)
+    {
+        [[maybe_unused]] constexpr bool isListener = detail::checkListener<Object>();
+        return {};
     }
 
     int numberOfConnections() const noexcept { return m_emitter->numberOfConnections(); }

@@ -337,6 +337,8 @@ Task Task::run(ListenerPointer listener, Work work, Then then, Thread* thread)
                   "the work must take a TROV::TaskContext&, or nothing");
     using R = std::decay_t<typename detail::ResultOfWork<Work>::type>;
     Thread* const home = thread ? thread : Thread::getCurrentThread();
+    if constexpr (std::is_pointer_v<ListenerPointer>)
+        static_assert(detail::checkListener<std::remove_pointer_t<ListenerPointer>>());
     const auto state = std::make_shared<detail::TaskStateWith<R, Work>>(home, std::move(work));
     if constexpr (std::is_member_function_pointer_v<Then>) {
         using Object = std::remove_pointer_t<ListenerPointer>;

@@ -9,7 +9,6 @@
 
 #include <chrono>
 #include <memory>
-#include <type_traits>
 #include <utility>
 
 namespace TROV {
@@ -94,11 +93,7 @@ public:
                          Handler handler, Thread* thread)
     {
         Thread* const home = thread ? thread : Thread::getCurrentThread();
-        ConnectionHandle handle;
-        if constexpr (std::is_member_function_pointer_v<Handler>)
-            handle = elapsed().connect(listener, handler, home);
-        else
-            handle = elapsed().connect(static_cast<Listener*>(listener), std::move(handler), home);
+        ConnectionHandle handle = elapsed().connect(listener, std::move(handler), home);
         begin(time, repeats, home);
         return handle;
     }
