@@ -75,6 +75,9 @@ Error errorOf(sqlite3* handle, int code)
     std::string message = isOfHandle ? sqlite3_errmsg(handle) : sqlite3_errstr(code);
     if (kind == Error::Kind::Busy)
         message += ": somebody else uses the file, try again";
+    if (code == SQLITE_READONLY_ROLLBACK || code == SQLITE_READONLY_RECOVERY)
+        message += ": a crash has left changes half made, which are undone when it is opened for"
+                   " writing";
     Error error(kind, message);
     if (isOfHandle)
         error.setPosition(sqlite3_error_offset(handle));

@@ -180,6 +180,14 @@ TEST_F(Edits, AreGoneWhenTheProgramIsKilled)
     close(ends[0]);
     close(ends[1]);
 
+    // Who may only look cannot put it right, and is told so.
+    for (const std::string ending : {"", "-journal"})
+        std::filesystem::copy_file(path("stock.db" + ending), path("copy.db" + ending));
+    const auto look = [&] { Database(path("copy.db"), Database::Mode::ReadOnly); };
+    EXPECT_EQ(errorOfCall(look).kind(), Error::Kind::ReadOnly);
+    Database copy(path("copy.db"));
+    EXPECT_EQ(copy.scalar("SELECT count(a) FROM many"), Value(600));
+
     EXPECT_EQ(pieces(), "10/20/30/");
     EXPECT_EQ(database.scalar("SELECT count(a) FROM many"), Value(600));
     EXPECT_EQ(database.scalar("PRAGMA integrity_check"), Value("ok"));
