@@ -5,6 +5,7 @@
 
 #include "explorerwindow.h"
 #include "qthost/qthost.h"
+#include "voxi2/containers/vxdialog2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxedit2.h"
 
