@@ -18,7 +18,7 @@ using A = MessageAnswer;
 struct Answer
 {
     MessageAnswer m_answer;
-    const char* m_label;
+    LibraryText m_label;
     std::optional<int> m_result; ///< nothing: the dialog stays
 };
 

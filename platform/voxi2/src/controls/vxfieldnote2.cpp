@@ -13,7 +13,7 @@ namespace {
 struct Looks
 {
     const wchar_t* m_sign;
-    const char* m_spoken; ///< the sign for those who do not see it
+    LibraryText m_spoken; ///< the sign for those who do not see it
     Color m_color;        ///< to be told from light and from dark grounds
 };
 

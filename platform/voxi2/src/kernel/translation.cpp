@@ -29,7 +29,7 @@ constexpr bool areTextsComplete()
     for (const detail::LibraryTextRow& row : detail::LibraryTexts) {
         const std::string_view english = row.m_english;
         const std::wstring_view german = row.m_german;
-        if (german.empty() || countOf(english, '&') != countOf(german, L'&')
+        if (german.empty() != english.empty() || countOf(english, '&') != countOf(german, L'&')
             || countOf(english, '%') != countOf(german, L'%'))
             return false;
     }

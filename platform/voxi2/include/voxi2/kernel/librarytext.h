@@ -19,6 +19,8 @@ struct LibraryTextRow
 /// a new language a column. `&` stands before the mnemonic, which is another one for each of the
 /// answers that may stand beside each other.
 inline constexpr LibraryTextRow LibraryTexts[] = {
+    {"", L""}, // nothing said
+
     // Answers, and what else stands on buttons.
     {"&Yes", L"&Ja"},
     {"Yes to &All", L"Ja, &alle"},
@@ -43,6 +45,7 @@ inline constexpr LibraryTextRow LibraryTexts[] = {
 
     // Titles of messages, and what their signs and those of notifications mean.
     {"Message", L"Meldung"},
+    {"Input", L"Eingabe"},
     {"Information", L"Information"},
     {"Question", L"Frage"},
     {"Warning", L"Warnung"},
