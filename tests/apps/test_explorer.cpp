@@ -158,8 +158,11 @@ TEST_F(Explorer, noticesWhatAnotherProgramChanges)
     const Path file = shop();
     open(file);
     show("customers");
+    const auto& tree = static_cast<VXTreeModel2&>(*find<VXTreeView2>("schema")->viewModel());
+    const std::size_t before = tree.rowCount();
     SQL::Database(file).execute("CREATE TABLE brand_new (a)");
-    EXPECT_TRUE(waitFor([&] { return !message().empty(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return tree.rowCount() > before; }, Patience));
+    EXPECT_FALSE(message().empty());
     show("brand_new");
     EXPECT_EQ(explorer().rows().count(), 0U);
 }
