@@ -21,6 +21,7 @@ protected:
     /// Has the user type into a cell and press Return.
     void type(unsigned row, unsigned column, const std::string& text)
     {
+        text(row, column); // a cell that is not known cannot be edited
         rows().imitateEdit(row, column, EditTrigger::EditKeyPressed);
         ASSERT_TRUE(waitFor([&] { return rows().editor(row, column) != nullptr; }, Patience));
         auto* const edit = dynamic_cast<VXEdit2*>(rows().editor(row, column));
@@ -70,6 +71,7 @@ TEST_F(Explorer, showsSortsAndFiltersTables)
     // Down from the greatest: the row keeps its number.
     explorer().rows().sortBy(1, SortOrder::Descending);
     ASSERT_TRUE(waitFor([&] { return !explorer().rows().isListing(); }, Patience));
+    rows().scrollTo({static_cast<unsigned>(all), 1, nullptr});
     EXPECT_EQ(rows().cellAt(5, 5).row, static_cast<unsigned>(all));
     EXPECT_EQ(rows().sortIndicator(), (SortIndicator{1, SortOrder::Descending}));
     // Each key begins a new search.
@@ -156,8 +158,11 @@ TEST_F(Explorer, noticesWhatAnotherProgramChanges)
     const Path file = shop();
     open(file);
     show("customers");
+    const auto& tree = static_cast<VXTreeModel2&>(*find<VXTreeView2>("schema")->viewModel());
+    const std::size_t before = tree.rowCount();
     SQL::Database(file).execute("CREATE TABLE brand_new (a)");
-    EXPECT_TRUE(waitFor([&] { return !message().empty(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return tree.rowCount() > before; }, Patience));
+    EXPECT_FALSE(message().empty());
     show("brand_new");
     EXPECT_EQ(explorer().rows().count(), 0U);
 }
