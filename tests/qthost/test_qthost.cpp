@@ -67,10 +67,11 @@ TEST(QtHostTest, bringsTheToolkitUpRunsItAndTakesItDown)
         // The program's own matters stay its own.
         qApp->setStyleSheet(QStringLiteral("QLabel { padding: 3px }"));
         const QString style = qApp->style()->objectName();
+        const bool quits = QGuiApplication::quitOnLastWindowClosed();
         QtHost host;
         EXPECT_EQ(qApp->styleSheet(), QStringLiteral("QLabel { padding: 3px }"));
         EXPECT_EQ(qApp->style()->objectName(), style);
-        EXPECT_TRUE(QGuiApplication::quitOnLastWindowClosed());
+        EXPECT_EQ(QGuiApplication::quitOnLastWindowClosed(), quits);
         tryEmbedding();
         qApp->setStyleSheet(QString());
         ASSERT_NE(VXFactory2::current(), nullptr);

@@ -272,7 +272,9 @@ void QtAbstractWindow2::reportActivation()
     const bool isAsked = isActive && !m_activating.hasExpired();
     if (isActive)
         m_activating.setRemainingTime(0);
-    if (!isAsked && window.isVisible())
+    // A hold stands around what the program asks for, hiding for example.
+    const bool isLeftByProgram = !isActive && QtReportHold::isActive();
+    if (!isAsked && !isLeftByProgram && window.isVisible())
         report(&E::activationChanged, isActive);
 }
 

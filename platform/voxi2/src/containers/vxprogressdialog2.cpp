@@ -65,6 +65,10 @@ void VXProgressDialog2::follow(const TROV::Task& task, VXObject2* parent, const 
                 shown->setText(progress.text);
             },
             thread);
+        // It may have said something before anybody listened.
+        const TROV::TaskProgress now = task.progress();
+        dialog.setFraction(now.fraction);
+        dialog.setText(now.text);
         task.ended().connect(
             &dialog, [shown] { shown->destroy(); }, thread);
         dialog.finished().connect(
