@@ -19,7 +19,7 @@ protected:
     static void TearDownTestSuite() { s_host.reset(); }
 
     /// Has the user type into a cell and press Return.
-    void type(unsigned row, unsigned column, const std::string& text)
+    void type(unsigned row, unsigned column, const std::string& typed)
     {
         text(row, column); // a cell that is not known cannot be edited
         rows().imitateEdit(row, column, EditTrigger::EditKeyPressed);
@@ -27,7 +27,7 @@ protected:
         auto* const edit = dynamic_cast<VXEdit2*>(rows().editor(row, column));
         ASSERT_NE(edit, nullptr);
         edit->selectAll();
-        edit->imitateTyping(text);
+        edit->imitateTyping(typed);
         press(*edit, Key::Return);
         ASSERT_TRUE(waitFor([&] { return rows().editor(row, column) == nullptr; }, Patience));
     }

@@ -3,6 +3,7 @@
 // What the examples of the documents talk about without making it. It is compiled, never run.
 
 #include "qthost/qthost.h"
+#include "qthost/qtwidgets.h"
 #include "voxi/guiobject.h"
 #include "voxi/reentrancyprotector.h"
 #include "voxi2/voxi2.h"
@@ -50,6 +51,28 @@ struct Database
               const std::function<void(QueryResult2)>& done) const;
 };
 
+struct Layer
+{
+    Color color() const;
+    void setColor(const Color& color);
+    std::wstring name() const;
+    void rename(const std::wstring& name);
+};
+
+struct Letters
+{
+    VXFont font() const;
+    void setFont(const VXFont& font);
+};
+
+struct Catalog
+{
+    std::wstring find(const std::string& english) const;
+};
+
+struct ChartView : QWidget
+{};
+
 struct Report
 {
     VXMimeData2 print() const;
@@ -69,12 +92,17 @@ extern int argc;
 extern char** argv;
 extern QHBoxLayout* qtLayout;
 extern Database m_database;
+extern Catalog catalog;
+extern Layer layer;
+extern Letters* editor;
 extern bool m_inUpdate;
 
 extern VXWindow2* window;
 extern Page* page;
 extern VXFrame2* frame;
 extern VXObject2* owner;
+extern VXDialog2* dialog;
+extern VXBoxLayout2* layout;
 extern VXEdit2* edit;
 extern VXText2* text;
 extern VXText2* count;
@@ -97,6 +125,10 @@ extern const Icon copyIcon;
 
 std::vector<std::string> recentFiles();
 Hits search(const Words& words, TROV::TaskContext& context);
+Hits work(TROV::TaskContext& context);
+std::string nameOf(int file);
+extern const int files;
+extern const Hits hits;
 void showRows(const Rows& rows);
 void save();
 void load(const std::filesystem::path& file);

@@ -24,7 +24,7 @@ QTHOST_EXPORT VXObject* objectOf(const QWidget* widget);
 ///
 ///     auto* chart = new VOXI::VXPanel2(page);
 ///     VOXI::embedQtWidget(new ChartView, chart);
-///     row->addWidget(chart);
+///     layout->addWidget(chart);
 ///
 /// The panel asks for as much room as the Qt widget, and has its size policy; focus given to the
 /// panel goes to it. From now on the Qt widget belongs to the panel's, and ends with it at the

@@ -17,9 +17,10 @@ class VXDialog2;
 ///
 ///     auto* buttons = new VXButtonRow2(dialog, MessageAnswer::Ok | MessageAnswer::Cancel
 ///                                                  | MessageAnswer::Apply);
-///     buttons->button(MessageAnswer::Apply)->clicked().connect(...);
-///     rows->addWidget(buttons);
-///     if (dialog->exec() == VXDialog2::Accepted) ...
+///     buttons->button(MessageAnswer::Apply)->clicked().connect(page, &Page::refresh);
+///     layout->addWidget(buttons);
+///     if (dialog->exec() == VXDialog2::Accepted)
+///         save();
 ///
 /// `Ok`, `Open`, `Save`, `SaveAll`, `Yes`, `YesToAll`, `Retry` and `Ignore` end the dialog with
 /// `Accepted`; `Cancel`, `Close`, `Abort`, `No`, `NoToAll` and `Discard` with `Rejected`: then

@@ -15,9 +15,8 @@ namespace VOXI {
 class VXObject;
 
 /// Gets a line for each request that is ignored because it cannot be meant: which object was asked
-/// for what, and why nothing happens.
-///
-///     ignored: Action 7 "save": setAccelerator: nobody understands "Ctrl-S"
+/// for what, and why nothing happens: `ignored: Action 7 "save": setAccelerator: nobody understands
+/// "Ctrl-S"`.
 ///
 /// Requests to objects that have ended, or by handles of such, are no mistakes and not told.
 using IgnoredHandler = std::function<void(const std::string& line)>;

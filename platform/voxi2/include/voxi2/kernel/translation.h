@@ -25,8 +25,8 @@ VOXI2_EXPORT bool setLanguage(std::string_view locale);
 VOXI2_EXPORT std::string language();
 
 /// Sets what turns these texts into the user's language before the library's own translation is
-/// looked for, or in place of one: "&Yes", "Question", "%1 exists already.\nDo you want to replace
-/// it?" and so on; `librarytext.h` lists them. In a program whose `QtHost` makes the application it
+/// looked for, or in place of one: "&Yes", "Question"
+/// and so on; `librarytext.h` lists them. In a program whose `QtHost` makes the application it
 /// is asked for Qt's own texts as well, for instance those of the menus of edits. Counts for what
 /// is made from now on; an empty function ends it. Any thread; the function itself may be called on
 /// any thread, also on several at once. What it throws is reported as that of a queue is, and the
