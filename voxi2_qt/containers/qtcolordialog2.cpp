@@ -3,6 +3,8 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 
+#include <QLayout>
+
 namespace VOXI {
 
 namespace {
@@ -26,6 +28,7 @@ QtColorDialog2::QtColorDialog2(VXColorDialog2* object, VXColorDialog2Emitters* e
 {
     setWindowFlags(flags | Qt::Dialog);
     setOption(DontUseNativeDialog);
+    layout()->setSizeConstraint(QLayout::SetDefaultConstraint); // Qt's has one size
 }
 
 // Requests ----------------------------------------------------------------------------------------

@@ -73,19 +73,17 @@ void QtFrame2::doUpdateArea(VXRect<int> area) { update(VX2Qt(area)); }
 
 void QtFrame2::paintEvent(QPaintEvent* event)
 {
-    if (!isPainted()) {
-        QtWidget2Shim::paintEvent(event);
-        return;
-    }
-    const QtDeletionHold hold(this);
     if (m_painter) {
+        const QtDeletionHold hold(this);
         runPainter(event->rect());
-    } else {
+        if (hold.isAlive() && isWidgetHighlighted())
+            paintHighlight();
+    } else if (m_paintCallback) { // which paints alone: neither the frame nor the highlight is seen
         QPainter painter(this);
         m_paintCallback(&painter, rect());
+    } else {
+        QtWidget2Shim::paintEvent(event);
     }
-    if (hold.isAlive() && isWidgetHighlighted())
-        paintHighlight();
 }
 
 // Helpers -----------------------------------------------------------------------------------------

@@ -93,7 +93,7 @@ void addWidget(Kind& kind)
                  })
         .reports("resized", &W::resized,
                  [](W& w) {
-                     w.imitateResize({77, 66});
+                     w.imitateResize({777, 666}); // more than the least that dialogs of Qt have
                  })
         .reports("dragDetected", &W::dragDetected);
 }

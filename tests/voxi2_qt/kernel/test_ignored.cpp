@@ -93,10 +93,8 @@ TEST_F(Ignored, isSilentForWhatIsMeantAndForWhatHasEnded)
     VXComboBox2 box;
     box.setCurrentIndex(-1);
     const VXHandle<VXPanel2> gone(page);
-    VXBoxLayout2 rows(page);
     page->destroy();
     gone->setParent(&window);
-    rows.addWidget(gone.get());
     runDeletions();
     EXPECT_EQ(m_lines, std::vector<std::string>());
 }
