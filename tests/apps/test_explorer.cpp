@@ -143,7 +143,7 @@ TEST_F(Explorer, losesNothingToOthersAndAsksBeforeItCloses)
     ASSERT_TRUE(waitFor([&] { return hasChanges(); }, Patience)) << "tried again";
 
     EXPECT_FALSE(explorer().window()->close());
-    answer(L"&Cancel");
+    answer(L"Cancel");
     EXPECT_TRUE(explorer().window()->isVisible());
     EXPECT_TRUE(hasChanges());
     EXPECT_FALSE(explorer().window()->close());
