@@ -97,9 +97,12 @@ void ExplorerWindow::openSample(const Path& file)
     });
 }
 
-/// Asks what shall become of changes that are not committed; goes on unless the user cancels.
+/// Asks what shall become of changes that are not committed, and of values that are in no file;
+/// goes on unless the user cancels.
 void ExplorerWindow::whenChangesAreDone(std::function<void()> then)
 {
+    if (m_rows.hasRejected())
+        return whenNothingIsRejected([this, then] { whenChangesAreDone(then); });
     if (!m_document || !m_document->hasChanges())
         return then();
     VXMessage2{.text = "There are changes that are not committed.",
@@ -112,6 +115,27 @@ void ExplorerWindow::whenChangesAreDone(std::function<void()> then)
                 commit(then);
             else if (answer == MessageAnswer::Discard)
                 rollBack(then);
+        });
+}
+
+/// What the database did not take is kept by what shows it, and by nothing else.
+void ExplorerWindow::whenNothingIsRejected(std::function<void()> then,
+                                           std::function<void()> otherwise)
+{
+    if (!m_rows.hasRejected())
+        return then();
+    VXMessage2{.text = "The database has not accepted all that you have typed.",
+               .details = "What is shown in red is in no file. Do you want to go on without it?",
+               .answers = MessageAnswer::Discard | MessageAnswer::Cancel,
+               .defaultAnswer = MessageAnswer::Cancel,
+               .kind = MessageKind::Warning}
+        .open(m_window, [this, then = std::move(then),
+                         otherwise = std::move(otherwise)](MessageAnswer answer) {
+            if (answer != MessageAnswer::Discard)
+                return otherwise ? otherwise() : void();
+            if (RowsModel* const model = m_rows.model())
+                model->forgetRejected();
+            then();
         });
 }
 
@@ -200,6 +224,12 @@ bool ExplorerWindow::isAsShown(const FileContents& contents) const
     return false;
 }
 
+void ExplorerWindow::chooseTable(const SQL::ObjectName& table)
+{
+    whenNothingIsRejected([this, table] { showTable(table); },
+                          [this] { m_schema.select(m_table); });
+}
+
 void ExplorerWindow::showTable(const SQL::ObjectName& table)
 {
     if (!m_document)
@@ -253,7 +283,7 @@ void ExplorerWindow::fail(const SQL::Error& error)
     notification.text = SQL::wideFromUtf8(error.what());
     notification.kind = NotificationKind::Error;
     notification.uid = FailureUid;
-    if (error.isBusy() && m_rows.model() && !m_rows.model()->rejected().empty())
+    if (error.isBusy() && m_rows.hasRejected())
         notification.buttons = {{.text = L"&Try again", .id = TryAgainButton}};
     m_bar->withdraw(FailureUid);
     m_bar->notify(notification, NotificationArrival::Replaces);

@@ -76,12 +76,14 @@ private:
 
     // explorerwindow.cpp: the file
     void whenChangesAreDone(std::function<void()> then);
+    void whenNothingIsRejected(std::function<void()> then, std::function<void()> otherwise = {});
     void take(std::unique_ptr<Document> document, FileContents contents);
     void settle();
     void closeFile();
     void reload();
     void showContents(const FileContents& contents);
     bool isAsShown(const FileContents& contents) const;
+    void chooseTable(const SQL::ObjectName& table);
     void showTable(const SQL::ObjectName& table);
     void noteForeignChange();
     bool isQueryShown() const;

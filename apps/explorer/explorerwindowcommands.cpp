@@ -86,7 +86,8 @@ void ExplorerWindow::connectCommands()
     when(m_commands.about, [this] { about(); });
 
     m_window->closing().connect(m_window, [this](const VXCloseEvent2& event) {
-        if (m_mayClose || !m_document || !m_document->hasChanges())
+        const bool hasChanges = m_document && m_document->hasChanges();
+        if (m_mayClose || !(hasChanges || m_rows.hasRejected()))
             return;
         event.refuse();
         whenChangesAreDone([this] {
@@ -130,7 +131,7 @@ void ExplorerWindow::connectPanes()
     };
     m_schema.onTableChosen = [this](const SQL::ObjectName& table) {
         if (table != m_table)
-            showTable(table);
+            chooseTable(table);
     };
     m_tabs->currentTabChanged().connect(m_window, [this](const VXTabEvent2&) { showState(); });
     m_bar->buttonClicked().connect(m_window, [this](const VXNotificationButtonEvent2& event) {
@@ -213,7 +214,7 @@ void ExplorerWindow::chooseImport()
         return;
     ImportDialog::open(m_window, *m_document, file, [this](const std::string& table) {
         reload();
-        showTable({"main", table});
+        chooseTable({"main", table});
     });
 }
 

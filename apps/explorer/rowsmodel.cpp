@@ -74,6 +74,8 @@ void RowsModel::remove(const std::vector<unsigned>& rows)
 {
     const std::set<unsigned> gone(rows.begin(), rows.end());
     std::erase_if(m_rows, [&gone](unsigned row) { return gone.contains(row); });
+    std::erase_if(m_rejected,
+                  [&gone](const auto& each) { return gone.contains(each.first.first); });
     changeSize(SizeChange2::removeRows(rows));
 }
 

@@ -54,6 +54,8 @@ public:
     const SQL::RowOrder& order() const noexcept { return m_order; }
     /// Whether the user types in a cell just now.
     bool isEdited() const;
+    /// Whether it shows what the database did not take.
+    bool hasRejected() const { return model() && !model()->rejected().empty(); }
     /// Rows that have come or gone by the editor.
     void addToCount(int rows);
 

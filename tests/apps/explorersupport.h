@@ -68,7 +68,8 @@ protected:
         explorer().open(file);
         ASSERT_TRUE(waitFor([&] { return isSettled; }, Patience)) << message();
     }
-    void show(const std::string& table)
+    /// Chooses it in the tree.
+    void choose(const std::string& table)
     {
         auto* const tree = find<VXTreeView2>("schema");
         const auto& model = static_cast<VXTreeModel2&>(*tree->viewModel());
@@ -81,6 +82,14 @@ protected:
                 }
             }
         }
+    }
+    void show(const std::string& table)
+    {
+        choose(table);
+        waitUntilShown(table);
+    }
+    void waitUntilShown(const std::string& table)
+    {
         ASSERT_TRUE(waitFor(
             [&] {
                 const auto& reader = explorer().rows().reader();

@@ -123,6 +123,16 @@ TEST_F(Explorer, keepsChangesUntilTheyAreCommittedOrRolledBack)
     ASSERT_TRUE(waitFor([&] { return !rows().cellInfo(2, 2).toolTip.empty(); }, Patience));
     EXPECT_NE(rows().cellInfo(2, 2).toolTip.find(L"NOT NULL"), std::wstring::npos);
     EXPECT_NE(message().find(L"NOT NULL"), std::wstring::npos);
+    // Nothing takes it away without a question.
+    choose("articles");
+    answer(L"Cancel");
+    EXPECT_FALSE(explorer().window()->close());
+    answer(L"Cancel");
+    EXPECT_FALSE(rows().cellInfo(2, 2).toolTip.empty());
+    choose("articles");
+    answer(L"&Discard");
+    waitUntilShown("articles");
+    EXPECT_TRUE(explorer().window()->close());
 }
 
 TEST_F(Explorer, losesNothingToOthersAndAsksBeforeItCloses)
