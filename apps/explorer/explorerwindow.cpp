@@ -135,6 +135,7 @@ void ExplorerWindow::whenNothingIsRejected(std::function<void()> then,
                 return otherwise ? otherwise() : void();
             if (RowsModel* const model = m_rows.model())
                 model->forgetRejected();
+            m_bar->withdraw(FailureUid); // with its offer to try again
             then();
         });
 }

@@ -132,6 +132,7 @@ TEST_F(Explorer, keepsChangesUntilTheyAreCommittedOrRolledBack)
     choose("articles");
     answer(L"&Discard");
     waitUntilShown("articles");
+    EXPECT_TRUE(message().empty());
     EXPECT_TRUE(explorer().window()->close());
 }
 
