@@ -2,16 +2,15 @@
 
 #include "explorerwindow.h"
 #include "sql/shopsample.h"
+#include "support/temporaryfolder.h"
 #include "support/waitfor.h"
 #include "support/watchdog.h"
 #include "voxi2/controls/vxedit2.h"
 
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace VOXI {
@@ -23,17 +22,7 @@ protected:
     using Path = std::filesystem::path;
     static constexpr auto Patience = std::chrono::seconds(20);
 
-    ExplorerTest()
-        : m_folder(std::filesystem::temp_directory_path()
-                   / ("voxi-explorer-" + std::to_string(getpid())))
-    {
-        std::filesystem::create_directories(m_folder);
-    }
-    ~ExplorerTest() override
-    {
-        m_explorer.reset();
-        std::filesystem::remove_all(m_folder);
-    }
+    ~ExplorerTest() override { m_explorer.reset(); } // before its folder
 
     Path shop()
     {
@@ -44,14 +33,9 @@ protected:
     }
     Path write(const std::string& name, const std::string& bytes)
     {
-        std::ofstream(m_folder / name, std::ios::binary) << bytes;
-        return m_folder / name;
+        return TemporaryFolder::write(m_folder / name, bytes);
     }
-    static std::string read(const Path& file)
-    {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    static std::string read(const Path& file) { return TemporaryFolder::read(file); }
 
     explorer::ExplorerWindow& explorer()
     {
@@ -118,7 +102,7 @@ protected:
     }
     std::wstring message() { return find<VXNotificationBar2>("messages")->notification().text; }
 
-    const Path m_folder;
+    const TemporaryFolder m_folder;
     const Watchdog m_watchdog{std::chrono::seconds(120), "explorer"};
 
 private:

@@ -220,7 +220,7 @@ TEST_F(Explorer, saysWhatIsWrongWithFilesAndLeavesThemAlone)
         write("noise.db", noise),
         write("short.db", good.substr(0, good.size() / 2 + 100)),
         write("pages.db", pages),
-        m_folder,
+        m_folder.path(),
         m_folder / "missing.db"};
     for (const Path& file : files) {
         const bool isFile = std::filesystem::is_regular_file(file);

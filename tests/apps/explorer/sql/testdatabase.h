@@ -1,11 +1,10 @@
 #pragma once
 
 #include "sql/rowreader.h"
+#include "support/temporaryfolder.h"
 
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -15,13 +14,6 @@ namespace SQL {
 class DatabaseTest : public testing::Test
 {
 protected:
-    DatabaseTest()
-    {
-        std::string name = (std::filesystem::temp_directory_path() / "explorerXXXXXX").string();
-        m_folder = mkdtemp(name.data());
-    }
-    ~DatabaseTest() override { std::filesystem::remove_all(m_folder); }
-
     std::filesystem::path path(const std::string& name) const { return m_folder / name; }
 
     /// A database that was made by the SQL, and closed.
@@ -34,22 +26,20 @@ protected:
     std::vector<std::string> files() const
     {
         std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(m_folder))
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.path()))
             names.push_back(entry.path().filename());
         return names;
     }
 
     static std::string contentOf(const std::filesystem::path& file)
     {
-        std::ifstream stream(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
+        return TemporaryFolder::read(file);
     }
 
     static std::filesystem::path write(const std::filesystem::path& file,
                                        const std::string& content)
     {
-        std::ofstream(file, std::ios::binary) << content;
-        return file;
+        return TemporaryFolder::write(file, content);
     }
 
     static std::vector<unsigned> all(RowReader& reader, const RowOrder& order = {},
@@ -87,7 +77,7 @@ protected:
     }
 
 private:
-    std::filesystem::path m_folder;
+    TemporaryFolder m_folder;
 };
 
 } // namespace SQL
