@@ -1,5 +1,6 @@
 #include "qtaccessiblepanel.h"
 
+#include "../kernel/qtaccessfactory.h"
 #include "../kernel/qtaccesskey.h"
 #include "voxi2_qt/containers/qtcontainer2.h"
 #include "voxi2_qt/containers/qtframe2.h"
@@ -20,36 +21,25 @@ namespace VOXI {
 
 namespace {
 
-class Installed
+/// Asked for the object's own class first, then for each that this derives from: where Qt knows
+/// more of one that lies between, it has been asked before.
+QAccessibleInterface* create(const QString& name, QObject* object)
 {
-public:
-    Installed() { QAccessible::installFactory(&create); }
-    /// Not for longer than this library is loaded.
-    ~Installed() { QAccessible::removeFactory(&create); }
-    Installed(const Installed&) = delete;
-    Installed& operator=(const Installed&) = delete;
-
-private:
-    /// Asked for the object's own class first, then for each that this derives from: where Qt knows
-    /// more of one that lies between, it has been asked before.
-    static QAccessibleInterface* create(const QString& name, QObject* object)
-    {
-        auto* const widget = qobject_cast<QWidget*>(object);
-        const auto* const peer = peerOf(object);
-        if (peer && name == QLatin1String("QDialog"))
-            return new QtAccessiblePanel(widget, QAccessible::Dialog);
-        if (peer && name == QLatin1String("QSplitter"))
-            return new QtAccessiblePanel(widget, QAccessible::Splitter);
-        if (!widget || !dynamic_cast<const QtContainer2*>(peer))
-            return nullptr;
-        if (name == QLatin1String("QGroupBox"))
-            return new QtAccessibleGroupBox(static_cast<QGroupBox*>(widget));
-        if (name == QLatin1String("QFrame"))
-            return new QtAccessiblePanel(widget, QAccessible::Border);
-        return name == QLatin1String("QWidget") ? new QtAccessiblePanel(widget, QAccessible::Client)
-                                                : nullptr;
-    }
-};
+    auto* const widget = qobject_cast<QWidget*>(object);
+    const auto* const peer = peerOf(object);
+    if (peer && name == QLatin1String("QDialog"))
+        return new QtAccessiblePanel(widget, QAccessible::Dialog);
+    if (peer && name == QLatin1String("QSplitter"))
+        return new QtAccessiblePanel(widget, QAccessible::Splitter);
+    if (!widget || !dynamic_cast<const QtContainer2*>(peer))
+        return nullptr;
+    if (name == QLatin1String("QGroupBox"))
+        return new QtAccessibleGroupBox(static_cast<QGroupBox*>(widget));
+    if (name == QLatin1String("QFrame"))
+        return new QtAccessiblePanel(widget, QAccessible::Border);
+    return name == QLatin1String("QWidget") ? new QtAccessiblePanel(widget, QAccessible::Client)
+                                            : nullptr;
+}
 
 /// As it is read: row by row, or from the end that the direction of a box begins with.
 QList<QLayoutItem*> itemsOf(const QLayout& layout)
@@ -103,7 +93,7 @@ QtAccessiblePanel::QtAccessiblePanel(QWidget* panel, QAccessible::Role role)
     : QAccessibleWidget(panel, role)
 {}
 
-void QtAccessiblePanel::install() { static const Installed s_installed; }
+void QtAccessiblePanel::install() { static const QtAccessFactory<&create> s_installed; }
 
 /// A frame that the program paints is more than a border.
 QAccessible::Role QtAccessiblePanel::role() const

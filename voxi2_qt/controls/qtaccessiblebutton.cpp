@@ -1,5 +1,6 @@
 #include "qtaccessiblebutton.h"
 
+#include "../kernel/qtaccessfactory.h"
 #include "../kernel/qtaccesskey.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
@@ -16,22 +17,11 @@ namespace VOXI {
 
 namespace {
 
-class Installed
+QAccessibleInterface* create(const QString&, QObject* object)
 {
-public:
-    Installed() { QAccessible::installFactory(&create); }
-    /// Not for longer than this library is loaded.
-    ~Installed() { QAccessible::removeFactory(&create); }
-    Installed(const Installed&) = delete;
-    Installed& operator=(const Installed&) = delete;
-
-private:
-    static QAccessibleInterface* create(const QString&, QObject* object)
-    {
-        auto* const button = qobject_cast<QAbstractButton*>(object);
-        return button && peerOf(button) ? new QtAccessibleButton(button) : nullptr;
-    }
-};
+    auto* const button = qobject_cast<QAbstractButton*>(object);
+    return button && peerOf(button) ? new QtAccessibleButton(button) : nullptr;
+}
 
 QMenu* menuOf(const QAbstractButton& button)
 {
@@ -51,7 +41,7 @@ bool opensAtOnce(const QAbstractButton& button)
 
 QtAccessibleButton::QtAccessibleButton(QAbstractButton* button) : QAccessibleWidget(button) {}
 
-void QtAccessibleButton::install() { static const Installed s_installed; }
+void QtAccessibleButton::install() { static const QtAccessFactory<&create> s_installed; }
 
 QString QtAccessibleButton::text(QAccessible::Text kind) const
 {

@@ -1,5 +1,6 @@
 #include "qtaccessibletext.h"
 
+#include "../kernel/qtaccessfactory.h"
 #include "../kernel/qtaccesskey.h"
 #include "voxi2_qt/controls/qttext2.h"
 
@@ -12,22 +13,11 @@ namespace VOXI {
 
 namespace {
 
-class Installed
+QAccessibleInterface* create(const QString&, QObject* object)
 {
-public:
-    Installed() { QAccessible::installFactory(&create); }
-    /// Not for longer than this library is loaded.
-    ~Installed() { QAccessible::removeFactory(&create); }
-    Installed(const Installed&) = delete;
-    Installed& operator=(const Installed&) = delete;
-
-private:
-    static QAccessibleInterface* create(const QString&, QObject* object)
-    {
-        auto* const text = qobject_cast<QtText2*>(object);
-        return text ? new QtAccessibleText(text) : nullptr;
-    }
-};
+    auto* const text = qobject_cast<QtText2*>(object);
+    return text ? new QtAccessibleText(text) : nullptr;
+}
 
 QString readable(const QLabel& label)
 {
@@ -48,7 +38,7 @@ QtAccessibleText::QtAccessibleText(QLabel* label)
     : QAccessibleWidget(label, QAccessible::StaticText)
 {}
 
-void QtAccessibleText::install() { static const Installed s_installed; }
+void QtAccessibleText::install() { static const QtAccessFactory<&create> s_installed; }
 
 QString QtAccessibleText::heard(const QLabel& label)
 {

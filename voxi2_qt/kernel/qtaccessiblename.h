@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qtaccessfactory.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 
@@ -11,11 +13,11 @@ template <class Widget, QAccessible::Role Role, auto Text>
 class QtAccessibleName
 {
 public:
-    QtAccessibleName() { QAccessible::installFactory(&create); }
-    /// Not for longer than this library is loaded.
-    ~QtAccessibleName() { QAccessible::removeFactory(&create); }
-    QtAccessibleName(const QtAccessibleName&) = delete;
-    QtAccessibleName& operator=(const QtAccessibleName&) = delete;
+    static QAccessibleInterface* create(const QString&, QObject* object)
+    {
+        auto* const widget = qobject_cast<Widget*>(object);
+        return widget ? new Interface(widget) : nullptr;
+    }
 
 private:
     class Interface : public QAccessibleWidget
@@ -57,19 +59,13 @@ private:
 
         Widget& self() const { return *static_cast<Widget*>(widget()); }
     };
-
-    static QAccessibleInterface* create(const QString&, QObject* object)
-    {
-        auto* const widget = qobject_cast<Widget*>(object);
-        return widget ? new Interface(widget) : nullptr;
-    }
 };
 
 /// To be called by the constructors of such widgets.
 template <class Widget, QAccessible::Role Role, auto Text>
 void readTextAsName()
 {
-    static const QtAccessibleName<Widget, Role, Text> s_installed;
+    static const QtAccessFactory<&QtAccessibleName<Widget, Role, Text>::create> s_installed;
 }
 
 } // namespace VOXI

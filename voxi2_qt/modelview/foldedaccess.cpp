@@ -1,5 +1,6 @@
 #include "foldedaccess.h"
 
+#include "../kernel/qtaccessfactory.h"
 #include "qtviewmodel2.h"
 #include "voxi2_qt/modelview/foldedview.h"
 
@@ -204,17 +205,7 @@ QAccessibleInterface* makeViewAccess(const QString&, QObject* object)
 
 } // namespace
 
-void makeFoldedAccessible()
-{
-    static const struct Installed
-    {
-        Installed() { QAccessible::installFactory(&makeViewAccess); }
-        /// Not for longer than this library is loaded.
-        ~Installed() { QAccessible::removeFactory(&makeViewAccess); }
-        Installed(const Installed&) = delete;
-        Installed& operator=(const Installed&) = delete;
-    } s_installed;
-}
+void makeFoldedAccessible() { static const QtAccessFactory<&makeViewAccess> s_installed; }
 
 QAccessibleInterface* makeRowAccess(FoldedView& view, unsigned row)
 {
