@@ -50,6 +50,9 @@ function(voxi_house_settings target)
     target_compile_options(
         ${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual
                           -Wnon-virtual-dtor $<$<BOOL:${VOXI_WERROR}>:-Werror>)
+    # At -O3 GCC 12 sees overlaps where strings are added.
+    target_compile_options(
+        ${target} PRIVATE $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>)
     if(VOXI_SANITIZE_FLAGS)
         target_compile_options(${target} PRIVATE ${VOXI_SANITIZE_FLAGS})
         target_link_options(${target} PRIVATE ${VOXI_SANITIZE_FLAGS})
