@@ -3,11 +3,22 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 
+#include <QByteArrayView>
 #include <QLayout>
 
 namespace VOXI {
 
 namespace {
+
+/// Qt's pickers divide by their sides, without what they leave at the edges.
+void keepPickersWide(const QColorDialog& dialog)
+{
+    constexpr int Least = 16;
+    for (QWidget* const each : dialog.findChildren<QWidget*>()) {
+        if (QByteArrayView(each->metaObject()->className()).contains("Picker"))
+            each->setMinimumSize(Least, Least);
+    }
+}
 
 using E = VXColorDialog2Emitters;
 using P = QtColorDialog2;
@@ -29,6 +40,7 @@ QtColorDialog2::QtColorDialog2(VXColorDialog2* object, VXColorDialog2Emitters* e
     setWindowFlags(flags | Qt::Dialog);
     setOption(DontUseNativeDialog);
     layout()->setSizeConstraint(QLayout::SetDefaultConstraint); // Qt's has one size
+    keepPickersWide(*this);
 }
 
 // Requests ----------------------------------------------------------------------------------------

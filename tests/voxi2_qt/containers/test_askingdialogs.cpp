@@ -7,6 +7,7 @@
 #include "voxi2/containers/vxprogressdialog2.h"
 #include "voxi2/controls/vxbutton2.h"
 
+#include <QAbstractButton>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -16,6 +17,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTest>
 
 #include <atomic>
 #include <optional>
@@ -191,6 +193,21 @@ TEST_F(Asking, forAColorOrAFont)
     EXPECT_EQ(changed.only().font().pointSize(), 23);
     soon([this] { delete std::exchange(m_window, nullptr); });
     EXPECT_EQ(VXColorDialog2::ask(m_window), std::nullopt);
+}
+
+TEST_F(Asking, mayBeMadeAsSmallAsOneLikes)
+{
+    VXColorDialog2 dialog(m_window);
+    dialog.setMinimumSize({1, 1});
+    dialog.show();
+    for (int side = 400; side > 0; side -= side > 60 ? 20 : 1) {
+        dialog.resize({side, side});
+        turn();
+        for (QWidget* const part : qt(dialog)->findChildren<QWidget*>()) {
+            if (part->isVisible() && !qobject_cast<QAbstractButton*>(part))
+                QTest::mouseClick(part, Qt::LeftButton, Qt::NoModifier, part->rect().center());
+        }
+    }
 }
 
 TEST_F(Asking, showsHowFarATaskIsAndCancelsIt)
