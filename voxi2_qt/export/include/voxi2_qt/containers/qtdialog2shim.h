@@ -4,6 +4,7 @@
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QPointer>
 
@@ -48,6 +49,9 @@ protected:
         Q::changeEvent(event);
         this->passStateChange(*event);
     }
+
+    /// Qt's offers a help that no widget here has, and waits until the user has chosen.
+    void contextMenuEvent(QContextMenuEvent* event) override { event->ignore(); }
 
     void closeEvent(QCloseEvent* event) override
     {
