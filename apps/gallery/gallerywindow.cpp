@@ -15,8 +15,21 @@ using namespace VOXI;
 
 namespace {
 
-constexpr int ListWidth = 200;
-constexpr int PageWidth = 790;
+constexpr int ListWidth = 200; // with letters of 9 points
+constexpr Size<int> WantedSize{990, 760};
+constexpr Size<int> FrameSize{20, 50}; // more than window managers add
+
+/// What is wanted, or as much of it as the screen has room for.
+Size<int> sizeOn(const VXWindow2& window)
+{
+    const std::vector<Screen> screens = window.screens();
+    const auto place = static_cast<std::size_t>(window.screen());
+    if (place >= screens.size())
+        return WantedSize;
+    const VXRect<int>& room = screens[place].available;
+    return {std::min(WantedSize.width, room.width - FrameSize.width),
+            std::min(WantedSize.height, room.height - FrameSize.height)};
+}
 
 } // namespace
 
@@ -40,8 +53,10 @@ GalleryWindow::GalleryWindow() : m_window(new VXWindow2)
 
     m_window->setCentralWidget(split);
     makeMenus();
-    m_window->resize({ListWidth + PageWidth, 760});
-    split->setSizes({ListWidth, PageWidth});
+    const Size<int> size = sizeOn(*m_window);
+    m_window->resize(size);
+    const int list = ListWidth * std::max(m_tree->font().pointSize(), 9) / 9;
+    split->setSizes({list, size.width - list});
     showPage(m_rows.front());
     m_window->show();
 }

@@ -215,6 +215,11 @@ void AccessClient::setText(const QString& path, const QString& text)
     ask({call(path, "org.a11y.atspi.EditableText", "SetTextContents", {text})});
 }
 
+void AccessClient::selectRow(const QString& path, int row)
+{
+    ask({call(path, "org.a11y.atspi.Table", "AddRowSelection", {row})});
+}
+
 QString AccessClient::textOf(const QString& path)
 {
     return valueOf(ask({call(path, "org.a11y.atspi.Text", "GetText", {0, -1})}).front()).toString();

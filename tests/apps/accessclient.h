@@ -23,7 +23,14 @@ struct Spoken
     int childCount = 0;
 
     /// Numbers of the protocol.
-    enum State { Editable = 7, Enabled = 8, Focusable = 11, Focused = 12, Showing = 25 };
+    enum State {
+        Editable = 7,
+        Enabled = 8,
+        Focusable = 11,
+        Focused = 12,
+        Selected = 23,
+        Showing = 25
+    };
     bool is(State state) const { return states >> state & 1; }
     /// One line, indented by its depth.
     QString line() const;
@@ -53,6 +60,7 @@ public:
     void act(const Spoken& what, const QString& action);
     void setValue(const QString& path, double value);
     void setText(const QString& path, const QString& text);
+    void selectRow(const QString& path, int row);
     /// All that can be read of a text by its own interface.
     QString textOf(const QString& path);
 

@@ -1,17 +1,23 @@
 #include "gallerysupport.h"
 
 #include "support/waitfor.h"
+#include "voxi2/containers/vxgroupbox2.h"
 #include "voxi2/controls/vxabstractbutton2.h"
+#include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxdial2.h"
 #include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxeditarea2.h"
 #include "voxi2/controls/vxhyperlink2.h"
+#include "voxi2/controls/vxlistbox2.h"
 #include "voxi2/controls/vxslider2.h"
 #include "voxi2/controls/vxspinbox2.h"
+#include "voxi2/modelview/vxabstractview2.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QPointer>
 #include <QScrollArea>
@@ -90,6 +96,16 @@ QWidget* controlOf(QWidget* widget)
     return widget;
 }
 
+/// Whether there is more than one to choose from.
+bool hasChoice(const QWidget& control)
+{
+    if (const auto* const box = qobject_cast<const QComboBox*>(&control))
+        return box->count() > 1;
+    const auto* const view = qobject_cast<const QAbstractItemView*>(&control);
+    return view && view->selectionMode() != QAbstractItemView::NoSelection
+           && view->model()->rowCount(view->rootIndex()) > 1;
+}
+
 Uses::Uses(QWidget* control)
 {
     auto* const widget = abstractObjectOf<VXWidget2>(control);
@@ -103,6 +119,16 @@ Uses::Uses(QWidget* control)
     } else if (auto* const area = dynamic_cast<VXEditArea2*>(widget)) {
         m_isText = true;
         listen(area->textEdited());
+    } else if (auto* const group = dynamic_cast<VXGroupBox2*>(widget)) {
+        listen(group->toggled());
+    } else if (hasChoice(*control)) {
+        m_isChoice = true;
+        if (auto* const box = dynamic_cast<VXComboBox2*>(widget))
+            listen(box->currentChanged());
+        else if (auto* const list = dynamic_cast<VXListBox2*>(widget))
+            listen(list->selectionChanged());
+        else if (auto* const view = dynamic_cast<VXAbstractView2*>(widget))
+            listen(view->selectionChanged());
     } else {
         m_isRange = listenTo<VXSlider2>(widget) || listenTo<VXDial2>(widget)
                     || listenTo<VXSpinBox2>(widget);

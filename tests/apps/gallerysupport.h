@@ -55,6 +55,8 @@ public:
     bool isKnown() const { return m_isKnown; }
     bool isText() const { return m_isText; }
     bool isRange() const { return m_isRange; }
+    /// One of a list, or some.
+    bool isChoice() const { return m_isChoice; }
     /// Of a range: not what it has.
     double otherValue() const { return m_otherValue; }
 
@@ -72,6 +74,7 @@ private:
     bool m_isKnown = false;
     bool m_isText = false;
     bool m_isRange = false;
+    bool m_isChoice = false;
     double m_otherValue = 0;
 };
 

@@ -66,8 +66,24 @@ protected:
             Patience);
     }
 
+    /// One that is not chosen yet, wherever it is in the list; in a long one, whose rows have not
+    /// been read, by its place.
+    static void choose(const std::vector<Spoken>& all, const Spoken& from)
+    {
+        const auto begin = std::ranges::find(all, from.path, &Spoken::path);
+        for (auto each = begin + 1; each != all.end() && each->depth > from.depth; ++each) {
+            if (each->actions.contains(QStringLiteral("Toggle")) && !each->is(Spoken::Selected)) {
+                client().act(*each, QStringLiteral("Toggle"));
+                return;
+            }
+        }
+        for (const int row : {1, 0})
+            client().selectRow(from.path, row);
+    }
+
     /// The abstract event has to come, or a menu.
-    static void operate(QWidget& control, const Spoken& spoken, Closing& closing)
+    static void operate(QWidget& control, const Spoken& spoken, const std::vector<Spoken>& all,
+                        Closing& closing)
     {
         const Uses uses(&control);
         if (!uses.isKnown() || (uses.isText() && !spoken.is(Spoken::Editable)))
@@ -76,13 +92,15 @@ protected:
         closing.hasClosed();
         if (uses.isText()) {
             client().setText(spoken.path, QStringLiteral("2020-01-02"));
+        } else if (uses.isChoice()) {
+            choose(all, spoken);
         } else if (uses.isRange()) {
             client().setValue(spoken.path, uses.otherValue());
         } else {
-            const QStringList& all = spoken.actions;
+            const QStringList& actions = spoken.actions;
             for (const QString& action :
                  {QStringLiteral("Press"), QStringLiteral("Toggle"), QStringLiteral("ShowMenu")}) {
-                if (all.contains(action)) {
+                if (actions.contains(action)) {
                     client().act(spoken, action);
                     break;
                 }
@@ -117,7 +135,7 @@ TEST_F(GalleryAccess, showsAndDoesAllThatTheMouseCan)
             const Spoken* const spoken = each ? find(all, AccessClient::pathOf(each)) : nullptr;
             EXPECT_TRUE(spoken || !each) << nameOf(each) << " is not there";
             if (spoken && each->isVisible() && each->isEnabled())
-                operate(*each, *spoken, closing);
+                operate(*each, *spoken, all, closing);
         }
         closeOthers();
     }

@@ -61,6 +61,10 @@ protected:
             go(Qt::Key_Tab, Qt::ControlModifier);
         for (int i = 0; i < MostLinks && QApplication::focusWidget() == former; ++i)
             go(Qt::Key_Tab);
+        // The engine of web pages gives the focus back when it likes.
+        if (former && former->inherits("QQuickWidget")) {
+            EXPECT_TRUE(waitFor([&] { return QApplication::focusWidget() != former; }, Patience));
+        }
     }
 
     /// What Tab comes by on its way through the page, each once. At each it must be seen.
@@ -135,9 +139,7 @@ protected:
     }
 };
 
-/// Not run with the others: now and then one step of the walk goes two places on, which is not
-/// understood yet.
-TEST_F(GalleryKeys, DISABLED_reachAllThatTheMouseCanUse)
+TEST_F(GalleryKeys, reachAllThatTheMouseCanUse)
 {
     const Watchdog watchdog(std::chrono::seconds(120), "keys");
     const Closing closing;
@@ -205,6 +207,9 @@ TEST_F(GalleryKeys, operateWhatTheyReach)
             if (uses.isText()) {
                 press(Qt::Key_Home);
                 press(Qt::Key_2);
+            } else if (uses.isChoice()) {
+                press(Qt::Key_Down);
+                press(Qt::Key_Up);
             } else if (uses.isRange()) {
                 press(Qt::Key_Up);
                 press(Qt::Key_Down);

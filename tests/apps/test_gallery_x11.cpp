@@ -9,6 +9,8 @@
 #include "voxi2/controls/vxmimicview2.h"
 #include "voxi2/controls/vxtext2.h"
 
+#include <QApplication>
+
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -115,6 +117,33 @@ TEST_F(GalleryOnDisplay, movesWhatIsPaintedAndWorksInPictures)
                 area.y + picture.y + scaled(button.y - shown.y + button.height / 2)})
             + QStringLiteral(" click 1"));
     EXPECT_TRUE(says("pressed, here or there")) << log->text();
+}
+
+TEST_F(GalleryOnDisplay, opensContextMenusByRealKeys)
+{
+    const Watchdog watchdog(std::chrono::seconds(120), "gallery");
+    gallery::GalleryWindow gallery;
+    const auto isOpen = [] { return QApplication::activePopupWidget() != nullptr; };
+    int menus = 0;
+    for (const char* const page : {"actions", "digmenus"}) {
+        ASSERT_TRUE(gallery.select(page));
+        ASSERT_TRUE(isPlaced(gallery, *gallery.window()));
+        for (VXObject2* const object : gallery.window()->children(true)) {
+            auto* const widget = dynamic_cast<VXWidget2*>(object);
+            if (!widget || !widget->isVisible()
+                || !widget->isEventConsumed(WidgetEvent::ContextMenu))
+                continue;
+            widget->setFocus();
+            for (const char* const key : {"Menu", "shift+F10"}) {
+                ++menus;
+                xdotool({QStringLiteral("key"), QLatin1String(key)});
+                EXPECT_TRUE(waitFor(isOpen, Patience)) << key << " on " << page;
+                xdotool({QStringLiteral("key"), QStringLiteral("Escape")});
+                EXPECT_TRUE(waitFor([&] { return !isOpen(); }, Patience));
+            }
+        }
+    }
+    EXPECT_GE(menus, 4);
 }
 
 } // namespace

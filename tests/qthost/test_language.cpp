@@ -1,9 +1,10 @@
 #include "qthost/qthost.h"
 #include "voxi2/kernel/translation.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 #include <QLibraryInfo>
+#include <QPalette>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ namespace VOXI {
 namespace {
 
 // One test: a process has one host.
-TEST(LanguageTest, AnApplicationOfTheHostsOwnSpeaksTheUsersLanguage)
+TEST(LanguageTest, AnApplicationOfTheHostsOwnSpeaksTheUsersLanguageAndIsReadable)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("LANGUAGE", "x-nobody:de_AT:fr");
@@ -32,6 +33,18 @@ TEST(LanguageTest, AnApplicationOfTheHostsOwnSpeaksTheUsersLanguage)
             return english == "&Undo" ? L"&Annuler" : L"";
         });
         EXPECT_EQ(undo(), QLatin1String("&Annuler"));
+
+        // Themes may forget the hints in empty fields.
+        for (const auto& [base, text] : {std::pair(Qt::black, Qt::white), {Qt::white, Qt::black}}) {
+            QPalette palette;
+            palette.setColor(QPalette::Base, base);
+            palette.setColor(QPalette::Text, text);
+            palette.setColor(QPalette::PlaceholderText, base);
+            QApplication::setPalette(palette);
+            const QColor hint = QApplication::palette().color(QPalette::PlaceholderText);
+            EXPECT_EQ(hint.rgb(), QColor(text).rgb());
+            EXPECT_LT(hint.alpha(), 255);
+        }
     }
     EXPECT_EQ(undo(), QLatin1String("&Undo"));
 }

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 
+#include "../kernel/qtapplicationwatch.h"
 #include "../kernel/qtcomposedwindows.h"
 #include "../kernel/qtcompositor.h"
 #include "../kernel/qtsavedtext.h"
@@ -132,7 +133,9 @@ void QtAbstractWindow2::doSetWindowFlags(unsigned flags)
 
 void QtAbstractWindow2::doSetWindowState(VXFlags<WindowState> state)
 {
-    const QtEventBlocker blocker(*this, {WidgetEvent::Move, WidgetEvent::Resize});
+    // What is minimised is told to be hidden, and shown when it comes back.
+    const QtEventBlocker blocker(
+        *this, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
     const bool comesBack = m_isPutAway && !state.testFlag(WindowState::Minimized);
     changeState([&] {
         asQWidget()->setWindowState(VX2Qt(state));
@@ -353,11 +356,13 @@ void QtAbstractWindow2::changeState(Function&& change)
 {
     const QPointer<QWidget> self(asQWidget());
     ++m_settling;
+    awaitState(*self);
     change();
     if (!self)
         return;
     m_knownState = shownState();
     QTimer::singleShot(StateSettles, asQObject(), [this] {
+        stateSettled(*asQWidget());
         if (--m_settling == 0)
             reportState();
     });

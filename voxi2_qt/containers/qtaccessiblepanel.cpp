@@ -4,11 +4,11 @@
 #include "../kernel/qtaccesskey.h"
 #include "voxi2_qt/containers/qtcontainer2.h"
 #include "voxi2_qt/containers/qtframe2.h"
+#include "voxi2_qt/containers/qtgroupbox2.h"
 
 #include <QBoxLayout>
 #include <QFocusFrame>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QMenu>
 #include <QSet>
 #include <QSplitter>
@@ -33,8 +33,9 @@ QAccessibleInterface* create(const QString& name, QObject* object)
         return new QtAccessiblePanel(widget, QAccessible::Splitter);
     if (!widget || !dynamic_cast<const QtContainer2*>(peer))
         return nullptr;
-    if (name == QLatin1String("QGroupBox"))
-        return new QtAccessibleGroupBox(static_cast<QGroupBox*>(widget));
+    if (auto* const box = qobject_cast<QtGroupBox2*>(widget);
+        box && name == QLatin1String("QGroupBox"))
+        return new QtAccessibleGroupBox(box);
     if (name == QLatin1String("QFrame"))
         return new QtAccessiblePanel(widget, QAccessible::Border);
     return name == QLatin1String("QWidget") ? new QtAccessiblePanel(widget, QAccessible::Client)
@@ -140,14 +141,47 @@ QWidgetList QtAccessiblePanel::children() const
 
 // Group boxes -------------------------------------------------------------------------------------
 
-QtAccessibleGroupBox::QtAccessibleGroupBox(QGroupBox* box)
+QtAccessibleGroupBox::QtAccessibleGroupBox(QtGroupBox2* box)
     : QtAccessiblePanel(box, QAccessible::Grouping)
 {}
+
+QAccessible::Role QtAccessibleGroupBox::role() const
+{
+    return box().isCheckable() ? QAccessible::CheckBox : QAccessible::Grouping;
+}
+
+QAccessible::State QtAccessibleGroupBox::state() const
+{
+    QAccessible::State state = QtAccessiblePanel::state();
+    state.checkable = box().isCheckable();
+    state.checked = state.checkable && box().isChecked();
+    return state;
+}
+
+QStringList QtAccessibleGroupBox::actionNames() const
+{
+    QStringList names = QtAccessiblePanel::actionNames();
+    if (box().isCheckable() && box().isEnabled())
+        names.prepend(toggleAction());
+    return names;
+}
+
+void QtAccessibleGroupBox::doAction(const QString& name)
+{
+    if (name != toggleAction()) {
+        QtAccessiblePanel::doAction(name);
+        return;
+    }
+    // As for a click: Qt goes through what is in the group.
+    const QtReportHold hold;
+    if (box().isCheckable())
+        box().doimToggle();
+}
 
 QString QtAccessibleGroupBox::text(QAccessible::Text kind) const
 {
     const QString own = QtAccessiblePanel::text(kind);
-    const QString title = static_cast<QGroupBox*>(widget())->title();
+    const QString title = box().title();
     if (own.isEmpty() && kind == QAccessible::Name)
         return withoutAccessKey(title);
     return own.isEmpty() && kind == QAccessible::Accelerator ? accessKeyOf(title) : own;
@@ -157,11 +191,13 @@ QList<QPair<QAccessibleInterface*, QAccessible::Relation>> QtAccessibleGroupBox:
     QAccessible::Relation match) const
 {
     auto all = QtAccessiblePanel::relations(match);
-    if ((match & QAccessible::Labelled) && !static_cast<QGroupBox*>(widget())->title().isEmpty()) {
+    if ((match & QAccessible::Labelled) && !box().title().isEmpty()) {
         for (int i = 0; i < childCount(); ++i)
             all.append({child(i), QAccessible::Labelled});
     }
     return all;
 }
+
+QtGroupBox2& QtAccessibleGroupBox::box() const { return *static_cast<QtGroupBox2*>(object()); }
 
 } // namespace VOXI

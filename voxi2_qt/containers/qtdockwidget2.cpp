@@ -4,6 +4,7 @@
 #include "../kernel/qtcompositor.h"
 #include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
+#include "qtdockmenu.h"
 #include "qtdocktitle.h"
 #include "qtfloattitle.h"
 #include "voxi2_qt/kernel/qtaction2.h"
@@ -11,8 +12,11 @@
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QLayout>
 #include <QMainWindow>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 #include <utility>
 
@@ -248,6 +252,28 @@ bool QtDockWidget2::event(QEvent* event)
         break;
     }
     return QtWidget2Shim::event(event);
+}
+
+void QtDockWidget2::contextMenuEvent(QContextMenuEvent* event)
+{
+    // What is in it has menus of its own.
+    const bool isOnTitle = !widget() || !widget()->geometry().contains(event->pos());
+    event->setAccepted(isOnTitle && isDocked());
+    if (event->isAccepted())
+        openDockMenu(*this, event->globalPos());
+}
+
+/// Keys get to a pane in which nothing takes them, for its menu.
+void QtDockWidget2::paintEvent(QPaintEvent* event)
+{
+    QtWidget2Shim::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStylePainter painter(this);
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect.adjust(1, 1, -1, -1);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
 }
 
 void QtDockWidget2::slotFloats()

@@ -1,9 +1,11 @@
 #include "voxi2_qt/controls/qtcombobox2.h"
 
 #include "../kernel/qtignored.h"
+#include "qtaccessiblecombobox.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
+#include <QAbstractItemView>
 #include <QStandardItemModel>
 
 #include <algorithm>
@@ -101,7 +103,9 @@ void fill(QStandardItem& item, const ComboItem& data, bool isNew)
 
 QtComboBox2::QtComboBox2(VXComboBox2* object, VXComboBox2Emitters* emitters, QWidget* parent)
     : QtWidget2Shim(object, emitters, s_requests, parent)
-{}
+{
+    QtAccessibleComboBox::install();
+}
 
 // Requests ----------------------------------------------------------------------------------------
 
@@ -272,6 +276,38 @@ void QtComboBox2::slotEditTextChanged(const QString& text)
 {
     if (!QtProgramScope::isActive() && !isModelTalking())
         report(&E::textEdited, toStdWString(text));
+}
+
+void QtComboBox2::hearList()
+{
+    QItemSelectionModel* const list = view()->selectionModel();
+    if (!list || list == m_heardList)
+        return;
+    connect(this, &QComboBox::currentIndexChanged, this, &QtComboBox2::slotSelectChosen,
+            Qt::UniqueConnection);
+    m_heardList = list;
+    slotSelectChosen();
+    // Later: the user's row is selected first, and then made the current one.
+    connect(list, &QItemSelectionModel::selectionChanged, this, &QtComboBox2::slotChooseSelected,
+            Qt::QueuedConnection);
+}
+
+void QtComboBox2::slotSelectChosen()
+{
+    if (!view()->isVisible())
+        view()->setCurrentIndex(model()->index(currentIndex(), modelColumn(), rootModelIndex()));
+}
+
+void QtComboBox2::slotChooseSelected()
+{
+    const QModelIndexList selected = view()->selectionModel()->selectedIndexes();
+    if (selected.size() != 1 || selected.front() == view()->currentIndex())
+        return;
+    const QPointer<QtComboBox2> self(this);
+    const int row = selected.front().row();
+    hidePopup();
+    if (self)
+        doimChoose(row);
 }
 
 // Helpers -----------------------------------------------------------------------------------------

@@ -8,7 +8,9 @@
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QLayout>
+#include <QMainWindow>
 #include <QTimer>
+#include <QToolButton>
 
 #include <chrono>
 
@@ -65,8 +67,12 @@ QtToolBar2::QtToolBar2(VXToolBar2* object, VXToolBar2Emitters* emitters, QWidget
 void QtToolBar2::doAddAction(VXAction2* action)
 {
     withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
-        if (peer)
-            barForNextItem().addAction(peer);
+        if (!peer)
+            return;
+        QToolBar& bar = barForNextItem();
+        bar.addAction(peer);
+        if (QWidget* const button = bar.widgetForAction(peer))
+            button->setFocusPolicy(buttonFocusPolicy());
     });
 }
 
@@ -165,6 +171,8 @@ bool QtToolBar2::event(QEvent* event)
         m_layoutFixPending = true;
         QTimer::singleShot(LayoutFixDelay, this, &QtToolBar2::slotFixLayout);
     }
+    if (event->type() == QEvent::ParentChange)
+        updateFocusPolicies();
     return QtWidget2Shim::event(event);
 }
 
@@ -188,6 +196,22 @@ QToolBar& QtToolBar2::barForNextItem()
     if (m_innerToolBar && m_innerToolBar->actions().count() < m_minimumVisibleItems)
         return *m_innerToolBar;
     return *this;
+}
+
+/// Tab passes by what is docked in a window, where F6 goes to. Elsewhere they are buttons as
+/// others.
+Qt::FocusPolicy QtToolBar2::buttonFocusPolicy() const
+{
+    return qobject_cast<QMainWindow*>(parentWidget()) ? Qt::NoFocus : Qt::TabFocus;
+}
+
+void QtToolBar2::updateFocusPolicies()
+{
+    for (QToolButton* const each : findChildren<QToolButton*>()) {
+        const QWidget* const bar = each->parentWidget();
+        if (!peerOf(each) && (bar == this || qobject_cast<const InnerToolBar*>(bar)))
+            each->setFocusPolicy(buttonFocusPolicy());
+    }
 }
 
 QList<InnerToolBar*> QtToolBar2::innerToolBars() const

@@ -1,12 +1,15 @@
 #include "qtapplicationwatch.h"
 
 #include "qtcomposedwindows.h"
+#include "qtwindowkeys.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
+#include "voxi2_qt/kernel/qteventblocker.h"
 #include "voxi2_qt/kernel/qthandlerframe.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QWindow>
 
@@ -47,6 +50,12 @@ public:
             if (object->isWindowType() && !QtReportHold::isActive())
                 new Activation; // ends by itself
             return false;
+        case QEvent::KeyPress:
+            return object->isWidgetType()
+                   && passKey(static_cast<QWidget&>(*object), static_cast<QKeyEvent&>(*event));
+        case QEvent::Expose:
+        case QEvent::WindowStateChange:
+            return object->isWindowType() && settle(static_cast<QWindow&>(*object), *event);
         case QEvent::Close:
             return object->isWindowType() && close(static_cast<QWindow&>(*object), *event);
         default:
@@ -55,6 +64,7 @@ public:
     }
 
     static bool s_watches;
+    static inline QList<QPointer<QWidget>> s_awaited; // once for each change that is awaited
 
 private:
     /// Closes a window. Handlers run when Qt has taken it to pieces.
@@ -67,6 +77,19 @@ private:
         if (widget)
             QtComposedWindows::settle(*widget);
         closing.setClosed();
+        return true;
+    }
+
+    /// The window system says what has become of a state that the program has changed.
+    static bool settle(QWindow& window, QEvent& event)
+    {
+        if (s_awaited.isEmpty())
+            return false;
+        QWidget* const widget = QWidget::find(window.winId());
+        if (!widget || !s_awaited.contains(widget))
+            return false;
+        const QtEventBlocker blocker(widget, {WidgetEvent::Show, WidgetEvent::Hide});
+        static_cast<QObject&>(window).event(&event);
         return true;
     }
 
@@ -91,5 +114,13 @@ void watchApplication()
     if (!ApplicationWatch::s_watches && qApp)
         qApp->installEventFilter(new ApplicationWatch(qApp));
 }
+
+void awaitState(QWidget& window)
+{
+    ApplicationWatch::s_awaited.removeAll(QPointer<QWidget>());
+    ApplicationWatch::s_awaited.append(&window);
+}
+
+void stateSettled(QWidget& window) { ApplicationWatch::s_awaited.removeOne(&window); }
 
 } // namespace VOXI

@@ -3,6 +3,7 @@
 #include "engineview.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
+#include <QApplication>
 #include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QWebEngineUrlRequestInfo>
@@ -121,6 +122,14 @@ void EngineWidget::contextMenuEvent(QContextMenuEvent* event)
 {
     m_view.wantMenu(event->pos());
     event->accept();
+}
+
+/// The engine hands the focus on when its page has seen the key, which takes a while. By then the
+/// user may have left, and would be taken from where he is.
+bool EngineWidget::focusNextPrevChild(bool next)
+{
+    QWidget* const focus = QApplication::focusWidget();
+    return (focus == this || isAncestorOf(focus)) && QWebEngineView::focusNextPrevChild(next);
 }
 
 } // namespace VOXI

@@ -1,6 +1,7 @@
 #include "qthost/qthost.h"
 
 #include "applicationlanguage.h"
+#include "hostapplication.h"
 #include "voxi/guiobject.h"
 #include "voxi/vxobject.h"
 
@@ -75,7 +76,7 @@ void quitLoops()
 QtHost::QtHost(int& argc, char** argv, NarrowTextEncoding encoding, const std::string& library)
 {
     if (!QCoreApplication::instance()) {
-        m_application = std::make_unique<QApplication>(argc, argv);
+        m_application = std::make_unique<HostApplication>(argc, argv);
         m_language = std::make_unique<ApplicationLanguage>();
     }
     bringUp(encoding, library);

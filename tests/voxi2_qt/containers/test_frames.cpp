@@ -5,6 +5,7 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxcheckbox2.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QGroupBox>
 #include <QImage>
@@ -107,7 +108,7 @@ TEST(GroupBox, switchesWhatIsInIt)
 {
     VXGroupBox2 group("&Group");
     auto* const inside = new VXCheckBox2("inside", &group);
-    auto* const other = new VXCheckBox2("other", &group);
+    auto* other = new VXCheckBox2("other", &group);
     auto* const off = new VXCheckBox2("off", &group);
     off->setEnabled(false);
     auto* const box = static_cast<QGroupBox*>(qt(group));
@@ -129,7 +130,7 @@ TEST(GroupBox, switchesWhatIsInIt)
 
     QApplication::setActiveWindow(box);
     inside->setFocus();
-    inside->focusLost().connect(&group, [other](const VXFocusEvent2&) { delete qt(*other); });
+    inside->focusLost().connect(&group, [&](const VXFocusEvent2&) { delete qt(*other); });
     QStyleOptionGroupBox option;
     option.initFrom(box);
     option.text = box->title();
@@ -139,6 +140,18 @@ TEST(GroupBox, switchesWhatIsInIt)
     QTest::mouseClick(box, Qt::LeftButton, {}, check.center());
     EXPECT_FALSE(toggled.only().isChecked());
     EXPECT_FALSE(inside->isEnabled());
+    EXPECT_EQ(lookup(other), nullptr) << "while Qt went through the group";
+    // An assistive program does it in the same way.
+    toggled.clear();
+    group.setChecked(true);
+    other = new VXCheckBox2("other", &group);
+    inside->setFocus();
+    QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(box);
+    EXPECT_EQ(spoken->role(), QAccessible::CheckBox);
+    EXPECT_TRUE(spoken->state().checked);
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(toggled.only().isChecked());
+    EXPECT_FALSE(spoken->state().checked);
     EXPECT_EQ(lookup(other), nullptr) << "while Qt went through the group";
     group.setEnabled(false);
     group.imitateToggle();

@@ -70,6 +70,7 @@ TEST_F(Window, aStateThatIsNotGrantedIsReported)
 TEST_F(Window, statesAreSetAndTold)
 {
     m_window->show();
+    Comings comings({m_window});
     m_window->setWindowState(WindowState::Minimized);
     EXPECT_TRUE(m_window->windowState().testFlag(WindowState::Minimized));
     EXPECT_FALSE(m_window->isVisible()) << "minimised is not visible";
@@ -87,6 +88,7 @@ TEST_F(Window, statesAreSetAndTold)
     m_window->showNormal();
     EXPECT_TRUE(m_window->isVisible());
     EXPECT_FALSE(m_window->isMinimized() || m_window->isMaximized());
+    EXPECT_FALSE(comings.areReported());
 }
 
 /// Calls a function when the window's state changes, amid the change.

@@ -1,11 +1,17 @@
 // Pages and the program: what is shown, gone to, said and run. Each test starts the engine, so that
 // they are few.
 
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxdockwidget2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/controls/vxedit2.h"
 #include "voxi2_qt/controls/qtwebbrowser2.h"
 #include "websupport.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 #include <atomic>
@@ -256,6 +262,32 @@ TEST_F(WebTest, findsSelectsAndStyles)
     m_browser->printToPdf(pdf, {-1, 5});
     EXPECT_TRUE(waitFor([&] { return printed.count() == 3; }));
     EXPECT_FALSE(printed[1].isWritten() || printed[2].isWritten());
+}
+
+TEST_F(WebTest, takesTheFocusFromNobody)
+{
+    auto* const pane = new VXDockWidget2(&m_window);
+    auto* const panel = new VXPanel2(pane);
+    auto* const row = new VXBoxLayout2(panel);
+    auto* const field = new VXEdit2(panel);
+    row->addWidget(field);
+    row->addWidget(new VXEdit2(panel));
+    pane->setWidget(panel);
+    m_window.addDockWidget(pane);
+    EXPECT_TRUE(shows("<script>var tabs = 0; onkeydown = () => ++tabs</script>"));
+    m_window.setActiveWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(qt(m_window)));
+    m_browser->setFocus();
+    const QPointer<QWidget> engine = QApplication::focusWidget();
+    ASSERT_TRUE(engine && isWithin(qt(*m_browser), engine));
+    // The page sees them later, and then hands the focus on.
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(engine, Qt::Key_Tab);
+    field->setFocus();
+    EXPECT_TRUE(comesToGive("tabs", L"3"));
+    for (int i = 0; i < 10; ++i)
+        EXPECT_EQ(value("tabs"), L"3");
+    EXPECT_TRUE(field->hasFocus());
 }
 
 TEST_F(WebTest, mayEndInItsHandlers)

@@ -49,6 +49,8 @@ struct VXDockWidget2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 ///
 /// It is hidden until it is docked. `closing()` asks before the user's request to close is carried
 /// out, and a handler may refuse. A closed dock widget is hidden, not destroyed.
+///
+/// Its title has a menu of what its user may do with it, which Ctrl+Shift+F10 opens from within.
 class VOXI2_EXPORT VXDockWidget2 : public VXWidget2
 {
 public:

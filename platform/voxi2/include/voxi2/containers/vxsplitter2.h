@@ -38,6 +38,9 @@ struct VXSplitter2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 ///
 /// A splitter does not own the widgets that are added, but what is made with it as the parent
 /// is added as well, at the end. Null and dead widgets are ignored where nothing else is said.
+///
+/// By keys F8 comes to the next handle around, the arrows, Home and End move it, Return leaves it
+/// there and Escape puts it back; `handleMoved` says so.
 class VOXI2_EXPORT VXSplitter2 : public VXWidget2
 {
 public:

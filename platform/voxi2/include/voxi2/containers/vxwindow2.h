@@ -57,7 +57,9 @@ struct VXWindow2Emitters : TROV::EmittersTable<VXAbstractWindow2Emitters>
     TROV::RequestsEnd requestsEnd{*this};
 };
 
-/// A window of its own on the screen. It is hidden until `show()`.
+/// A window of its own on the screen. It is hidden until `show()`. F6 goes from one tool bar, dock
+/// widget and the central widget to the next, F10 to the menu bar; other keys are in
+/// docs/keyboard.md.
 class VOXI2_EXPORT VXWindow2 : public VXAbstractWindow2
 {
 public:

@@ -39,6 +39,10 @@ struct VXToolBar2Emitters : TROV::EmittersTable<VXWidget2Emitters>
 
 /// A row of buttons for actions, and of other widgets, docked in a window: see
 /// `VXWindow2::addToolBar`. What does not fit goes into a menu behind an arrow at its end.
+///
+/// By keys F6 comes to a docked bar, the arrows go from item to item, and Escape goes back; Tab
+/// passes by. In a bar elsewhere each button is reached by Tab as well. A button's menu opens by an
+/// arrow across the bar, or Alt and the arrow down.
 class VOXI2_EXPORT VXToolBar2 : public VXWidget2
 {
 public:

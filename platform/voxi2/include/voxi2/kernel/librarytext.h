@@ -84,6 +84,14 @@ inline constexpr LibraryTextRow LibraryTexts[] = {
     {"A date is wanted, as \"2026-11-22\".", L"Ein Datum wird erwartet, etwa „2026-11-22“."},
     {"This is no %1.", L"Das ist kein Wert der Art %1."},
 
+    // The menu of a pane.
+    {"&Dock", L"&Andocken"},
+    {"&Float", L"A&bdocken"},
+    {"To the &Left", L"Nach &links"},
+    {"To the &Right", L"Nach &rechts"},
+    {"To the &Top", L"Nach &oben"},
+    {"To the &Bottom", L"Nach &unten"},
+
     // Pages and scenes.
     {"Back", L"Zurück"},
     {"Forward", L"Vorwärts"},

@@ -6,6 +6,8 @@
 #include "voxi2_qt/voxi2_qt_export.h"
 
 #include <QComboBox>
+#include <QItemSelectionModel>
+#include <QPointer>
 
 QT_BEGIN_NAMESPACE
 class QStandardItem;
@@ -59,6 +61,10 @@ public:
 
     void showPopup() override;
 
+    /// Has what is chosen be selected in the list, also while it is closed, and what others than
+    /// its user, who makes it current, select there be chosen.
+    void hearList();
+
 protected:
     void connectSignals() override;
     void initStyleOption(QStyleOptionComboBox* option) const override;
@@ -66,6 +72,8 @@ protected:
 private Q_SLOTS:
     void slotCurrentIndexChanged(int index);
     void slotEditTextChanged(const QString& text);
+    void slotChooseSelected();
+    void slotSelectChosen();
 
 private:
     /// Its own, which it has unless a model is set.
@@ -87,6 +95,7 @@ private:
     int modelRow(unsigned uid) const;
 
     QtComboModel* m_model = nullptr;
+    QPointer<QItemSelectionModel> m_heardList;
     unsigned m_column = 0; // its number; 0 for the first one
     int m_minimumCharacters = 0;
     int m_formerRow = -1; // that was the current one before rows come and go

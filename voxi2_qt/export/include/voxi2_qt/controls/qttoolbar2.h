@@ -61,6 +61,8 @@ private Q_SLOTS:
 
 private:
     QToolBar& barForNextItem();
+    Qt::FocusPolicy buttonFocusPolicy() const;
+    void updateFocusPolicies();
     QList<InnerToolBar*> innerToolBars() const;
 
     InnerToolBar* m_innerToolBar = nullptr; // the newest; a Qt child
