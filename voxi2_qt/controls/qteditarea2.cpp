@@ -78,7 +78,14 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::answerColoring, &P::doAnswerColoring>(),
     asUserRow<&E::command, &P::doimCommand>(),
     asUserRow<&E::clickMargin, &P::doimClickMargin>(),
-    TROV::row<&E::getPositionRect, &P::doGetPositionRect>());
+    TROV::row<&E::getPositionRect, &P::doGetPositionRect>(),
+    TROV::row<&E::setSuggestionLength, &P::doSetSuggestionLength>(),
+    TROV::row<&E::getSuggestionLength, &P::doGetSuggestionLength>(),
+    TROV::row<&E::suggest, &P::doSuggest>(),
+    TROV::row<&E::getSuggestions, &P::doGetSuggestions>(),
+    TROV::row<&E::answerSuggestions, &P::doAnswerSuggestions>(),
+    asUserRow<&E::askForSuggestions, &P::doimAskForSuggestions>(),
+    asUserRow<&E::takeSuggestion, &P::doimTakeSuggestion>());
 // clang-format on
 
 QString withPlainLineEnds(QString text)
@@ -408,6 +415,7 @@ void QtEditArea2::change(const QString& text)
 void QtEditArea2::setContent(const QString& text, bool isMarkup)
 {
     m_pasting.reset();
+    withdrawSuggestions();
     m_margin->clearMarks();
     m_isGroupBegun = false;
     if (isMarkup)
@@ -434,6 +442,7 @@ void QtEditArea2::adopt(QTextDocument* document)
     const bool isOwn = former->parent() == this; // else it is Qt's, and deleted by that
     former->disconnect(this);
     m_pasting.reset();
+    withdrawSuggestions();
     m_margin->clearMarks();
     setExtraSelections({});
     document->documentLayout()->setPaintDevice(viewport());

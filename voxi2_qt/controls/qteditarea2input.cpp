@@ -52,6 +52,7 @@ void QtEditArea2::slotContentsChange(int from, int removed, int added)
     trim(from, removed, added);
     if (removed == 0 && added == 0)
         return;
+    ++m_edits;
     const bool isUsers = !QtProgramScope::isActive();
     if (m_groupDepth > 0)
         m_isGroupBegun = !isUsers;
@@ -127,19 +128,30 @@ void QtEditArea2::keyPressEvent(QKeyEvent* event)
     const int way = leavingWay(*event);
     if (way != 0 && QWidget::focusNextPrevChild(way > 0))
         return;
+    if (passToSuggestions(*event))
+        return;
     const UserAct act(*this);
     const int position = textCursor().position();
+    const int edits = m_edits;
     QtAbstractEdit2Shim::keyPressEvent(event);
     if (textCursor().position() != position)
         ensureCursorVisible(); // see `show`
+    const bool isWritten = !event->text().isEmpty() && event->text().front().isPrint();
+    suggestBehind(edits, isWritten || event->key() == Qt::Key_Backspace, isWritten);
 }
 
 void QtEditArea2::inputMethodEvent(QInputMethodEvent* event)
 {
     const UserAct act(*this);
     compose(*event);
+    const int edits = m_edits;
     QtAbstractEdit2Shim::inputMethodEvent(event);
     m_composed = {};
+    const bool isWritten = !event->commitString().isEmpty();
+    if (!event->preeditString().isEmpty())
+        withdrawSuggestions();
+    else
+        suggestBehind(edits, isWritten, isWritten);
 }
 
 void QtEditArea2::mousePressEvent(QMouseEvent* event)

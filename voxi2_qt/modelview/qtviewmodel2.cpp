@@ -102,6 +102,8 @@ QVariant QtViewModel2::headerData(int section, Qt::Orientation orientation, int 
 {
     switch (role) {
     case Qt::DisplayRole:
+    case Qt::DecorationRole:
+    case Qt::ToolTipRole:
     case Qt::FontRole:
     case Qt::TextAlignmentRole:
     case Qt::BackgroundRole:

@@ -41,12 +41,12 @@ Pixmap rings()
     return Pixmap(Side, Side, std::move(pixels));
 }
 
-VXImage2* addImage(const Box& line, const char* name, Size<int> size, bool scaled)
+VXImage2* addImage(const Box& line, const char* name, Size<int> size, ImageScaling scaling)
 {
     auto* const image = new VXImage2(rings(), line.panel);
     image->setObjectName(name);
     image->setAccessibleName("Rings");
-    image->setScaleEnabled(scaled);
+    image->setScaling(scaling);
     image->setFixedSize(size);
     line.layout->addWidget(image);
     return image;
@@ -55,8 +55,9 @@ VXImage2* addImage(const Box& line, const char* name, Size<int> size, bool scale
 void addPixels(const Box& page)
 {
     const Box line = titledRow(page, "Pixels");
-    addImage(line, "image", {48, 48}, false);
-    VXImage2* const scaled = addImage(line, "scaled", {160, 96}, true);
+    addImage(line, "image", {48, 48}, ImageScaling::None);
+    VXImage2* const scaled = addImage(line, "scaled", {160, 96}, ImageScaling::Stretch);
+    addImage(line, "fitted", {160, 96}, ImageScaling::Fit);
     line.layout->addStretch();
     alternatives(page, "Mask colour", {"none", "half a green", "red"}, 0, [scaled](std::size_t i) {
         const Color colors[] = {Color(0, 0, 0, 0), Color(36, 150, 72, 128), BadColor};

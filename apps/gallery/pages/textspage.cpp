@@ -9,6 +9,7 @@
 #include <array>
 #include <cwctype>
 #include <future>
+#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -106,6 +107,25 @@ private:
 };
 
 /// A line to search and replace by.
+/// The words of the text that go on as the one at the cursor begins.
+void suggestWords(const VXEditAreaSuggestEvent2& event)
+{
+    const std::wstring text = event.area()->textU();
+    const std::wstring begun = event.area()->textOf(event.word());
+    const auto isWordPart = [](wchar_t c) { return std::iswalnum(std::wint_t(c)) || c == L'_'; };
+    std::map<std::wstring, int> words;
+    for (auto at = text.begin(); at != text.end();) {
+        const auto end = std::find_if_not(at, text.end(), isWordPart);
+        if (const std::wstring word(at, end); word.size() > begun.size() && word.starts_with(begun))
+            ++words[word];
+        at = std::find_if(end, text.end(), isWordPart);
+    }
+    std::vector<TextSuggestion> suggestions;
+    for (const auto& [word, times] : words)
+        suggestions.push_back({.text = word, .detail = std::to_wstring(times) + L" times"});
+    event.answer(suggestions);
+}
+
 void addSearch(const Box& page, VXEditArea2* area, EventLog& log)
 {
     const Box line = row(page);
@@ -164,6 +184,11 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
         log.add("at " + std::to_string(event.position()) + ": " + std::to_string(event.removed())
                 + " removed, " + std::to_string(event.added().size()) + " added");
     });
+    area->setSuggestionLength(2);
+    area->suggestionsWanted().connect(area, &suggestWords);
+    area->suggestionTaken().connect(&log, [&log](const VXEditAreaSuggestionEvent2& event) {
+        log.add("suggestion " + std::to_string(event.index()) + " taken");
+    });
     log.keep(std::make_shared<Painter>(*area));
     return page.panel;
 }
@@ -172,9 +197,11 @@ VXWidget2* create(VXObject2* parent, EventLog& log)
 
 Page textsPage()
 {
-    return {"texts", "Texts",
-            "A program's text, coloured by a thread of its own. Click beside a line to mark it.",
-            &create};
+    return {
+        "texts", "Texts",
+        "A program's text, coloured by a thread of its own. Click beside a line to mark it. Words "
+        "that are begun are completed; Ctrl+Space offers all of them.",
+        &create};
 }
 
 } // namespace gallery

@@ -7,7 +7,7 @@
 #include "voxi2/containers/vxtooltipwindow2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/controls/vxbutton2.h"
-#include "voxi2_qt/containers/qtanchor.h"
+#include "voxi2_qt/kernel/qtanchor.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -94,6 +94,36 @@ TEST(Image, readsFilesInAnyEncodingAndLeavesOutTheirBackground)
     EXPECT_EQ(qt(image)->grab().toImage().pixelColor(120, 120), QColor(Qt::red));
 }
 
+TEST(Image, isFittedInItsProportions)
+{
+    VXImage2 image(filled(40, 20, 0xff0000ff));
+    qt(image)->resize(100, 100);
+    const auto shown = [&] {
+        const QImage all = qt(image)->grab().toImage();
+        QRect red;
+        for (int y = 0; y < all.height(); ++y) {
+            for (int x = 0; x < all.width(); ++x) {
+                if (all.pixelColor(x, y) == QColor(Qt::red))
+                    red |= QRect(x, y, 1, 1);
+            }
+        }
+        return red;
+    };
+    image.setScaling(ImageScaling::Fit);
+    EXPECT_EQ(shown(), QRect(0, 25, 100, 50));
+    image.setScaling(ImageScaling::Shrink);
+    EXPECT_EQ(shown(), QRect(30, 40, 40, 20));
+    EXPECT_EQ(qt(image)->sizeHint(), QSize(40, 20));
+    EXPECT_EQ(qt(image)->minimumSizeHint(), QSize(1, 1));
+    qt(image)->resize(30, 10);
+    EXPECT_EQ(shown(), QRect(5, 0, 20, 10));
+    image.setPixmap(filled(10, 40, 0xff0000ff));
+    EXPECT_EQ(shown().height(), 10);
+    image.setScaleEnabled(true);
+    EXPECT_EQ(image.scaling(), ImageScaling::Stretch);
+    EXPECT_EQ(shown(), QRect(0, 0, 30, 10));
+}
+
 // Drawings ----------------------------------------------------------------------------------------
 
 TEST(SvgImage, keepsItsProportionsAndGivesPixmaps)

@@ -599,7 +599,11 @@ std::vector<Kind> controlKinds()
                          area.setMarksVisible(true);
                          area.imitateMarginClick(0);
                      })
+            .has("suggestionLength", &Area::setSuggestionLength, &Area::suggestionLength, 3)
             .reports("scrolled", &Area::scrolled)
+            .reports("suggestionsWanted", &Area::suggestionsWanted,
+                     [](Area& area) { loosened(area).imitateSuggestionKey(); })
+            .reports("suggestionTaken", &Area::suggestionTaken)
             .reports("zoomed", &Area::zoomed),
         kind<Scene, QWidget, &F::createHGScene2>("HGScene", QAccessible::Graphic)
             .has("nodes",
@@ -634,7 +638,8 @@ std::vector<Kind> controlKinds()
                      image.setPixmap(Pixmap(2, 1, {0xff0000ff, 0x0000ffff}));
                  },
                  &Image::imageSize, {2, 1})
-            .has("scaleEnabled", &Image::setScaleEnabled, &Image::isScaleEnabled, true),
+            .has("scaleEnabled", &Image::setScaleEnabled, &Image::isScaleEnabled, true)
+            .has("scaling", &Image::setScaling, &Image::scaling, ImageScaling::Fit),
         kind<List, QListWidget, &F::createListBox2>("ListBox", QAccessible::List)
             .has("selectionMode", &List::setSelectionMode, &List::selectionMode,
                  SelectionMode::Extended)

@@ -102,13 +102,16 @@ TEST_F(QtViewModelAnswers, askForHeadersByTheHundred)
     ASSERT_EQ(model.m_headerQueries.size(), 2u);
     EXPECT_EQ(model.m_headerQueries[0].sections(), ascending(201, 50));
     HeaderQueryResult2 named;
-    named.set(8, CellUIData("Name").setBold());
+    named.set(8, CellUIData("Name").setBold().setToolTip("whose").setIcon(
+                     Icon::fromPixmap(Pixmap(1, 1, {0xff0000ff}))));
     named.set(99, "nobody");
     Model::answer(model.m_headerQueries[1], named);
     model.changeHeader({8});
     settle();
     ASSERT_EQ(changed.size(), 1);
     EXPECT_EQ(item.headerData(1, Qt::Horizontal), QStringLiteral("Name"));
+    EXPECT_EQ(item.headerData(1, Qt::Horizontal, Qt::ToolTipRole), QStringLiteral("whose"));
+    EXPECT_FALSE(item.headerData(1, Qt::Horizontal, Qt::DecorationRole).value<QIcon>().isNull());
     EXPECT_EQ(item.headerData(0, Qt::Horizontal), 1);
     ASSERT_EQ(model.m_headerQueries.size(), 3u) << "asked for anew since it has changed";
     EXPECT_EQ(model.m_headerQueries[2].sections(), Uids{8});

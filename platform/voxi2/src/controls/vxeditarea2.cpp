@@ -122,6 +122,24 @@ void VXEditArea2::answerColoring(unsigned query, const std::vector<TextSpan>& sp
     m_emitters.answerColoring(query, spans);
 }
 
+void VXEditArea2::setSuggestionLength(int letters) { m_emitters.setSuggestionLength(letters); }
+int VXEditArea2::suggestionLength() const { return m_emitters.getSuggestionLength(); }
+
+void VXEditArea2::suggest(const TextRange& range, const std::vector<TextSuggestion>& suggestions)
+{
+    m_emitters.suggest(range, suggestions);
+}
+
+std::vector<TextSuggestion> VXEditArea2::suggestions() const { return m_emitters.getSuggestions(); }
+
+void VXEditArea2::answerSuggestions(unsigned query, const TextRange& range,
+                                    const std::vector<TextSuggestion>& suggestions)
+{
+    m_emitters.answerSuggestions(query, range, suggestions);
+}
+
+void VXEditArea2::imitateSuggestionKey() { m_emitters.askForSuggestions(); }
+void VXEditArea2::imitateSuggestion(int index) { m_emitters.takeSuggestion(index); }
 void VXEditArea2::imitateCommand(TextCommand command) { m_emitters.command(command); }
 void VXEditArea2::imitateMarginClick(int line) { m_emitters.clickMargin(line); }
 
@@ -134,6 +152,29 @@ void VXEditAreaColoringEvent2::answer(const std::vector<TextSpan>& spans) const
     const VXObjectDataLocker lock;
     if (auto* const area = dynamic_cast<VXEditArea2*>(VXObject::objectById(m_body->area)))
         area->answerColoring(m_body->query, spans);
+}
+
+VXEditAreaSuggestEvent2::VXEditAreaSuggestEvent2(Body body)
+    : m_body(std::make_shared<const Body>(std::move(body)))
+{}
+
+VXEditArea2* VXEditAreaSuggestEvent2::area() const
+{
+    const VXObjectDataLocker lock;
+    return dynamic_cast<VXEditArea2*>(VXObject::objectById(m_body->area));
+}
+
+void VXEditAreaSuggestEvent2::answer(const std::vector<TextSuggestion>& suggestions) const
+{
+    answer(word(), suggestions);
+}
+
+void VXEditAreaSuggestEvent2::answer(const TextRange& range,
+                                     const std::vector<TextSuggestion>& suggestions) const
+{
+    const VXObjectDataLocker lock;
+    if (auto* const asked = area())
+        asked->answerSuggestions(m_body->query, range, suggestions);
 }
 
 } // namespace VOXI

@@ -24,6 +24,8 @@ void VXImage2::setPixmap(const Pixmap& pixmap) { m_emitters.setPixmap(pixmap); }
 Size<int> VXImage2::imageSize() const { return m_emitters.getImageSize(); }
 void VXImage2::setMaskColor(Color color) { m_emitters.setMaskColor(color); }
 Color VXImage2::maskColor() const { return m_emitters.getMaskColor(); }
+void VXImage2::setScaling(ImageScaling scaling) { m_emitters.setScaling(scaling); }
+ImageScaling VXImage2::scaling() const { return m_emitters.getScaling(); }
 void VXImage2::setScaleEnabled(bool enabled) { m_emitters.setScaleEnable(enabled); }
 bool VXImage2::isScaleEnabled() const { return m_emitters.isScaleEnabled(); }
 

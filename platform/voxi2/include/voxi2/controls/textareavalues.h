@@ -58,6 +58,16 @@ struct TextMark
     friend bool operator==(const TextMark&, const TextMark&) = default;
 };
 
+/// What an edit area offers its user to go on with.
+struct TextSuggestion
+{
+    std::wstring text{};
+    std::wstring detail{}; ///< what that is, shown beside it
+    Icon icon{};
+
+    friend bool operator==(const TextSuggestion&, const TextSuggestion&) = default;
+};
+
 /// What a user can have done by a key or by the context menu.
 enum class TextCommand : int { Undo, Redo, Cut, Copy, Paste, Delete, SelectAll };
 

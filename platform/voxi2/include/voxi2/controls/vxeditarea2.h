@@ -83,6 +83,15 @@ struct VXEditArea2Emitters : TROV::EmittersTable<VXAbstractEdit2Emitters>
     TROV::Request<void(TextCommand)> command{*this};
     TROV::Request<void(int)> clickMargin{*this};
     TROV::Request<VXRect<int>(int)> getPositionRect{*this};
+
+    // Suggestions
+    TROV::Request<void(int)> setSuggestionLength{*this};
+    TROV::Request<int()> getSuggestionLength{*this};
+    TROV::Request<void(TextRange, std::vector<TextSuggestion>)> suggest{*this};
+    TROV::Request<std::vector<TextSuggestion>()> getSuggestions{*this};
+    TROV::Request<void(unsigned, TextRange, std::vector<TextSuggestion>)> answerSuggestions{*this};
+    TROV::Request<void()> askForSuggestions{*this};
+    TROV::Request<void(int)> takeSuggestion{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXEditAreaTextEvent2&)> textEdited{*this};
@@ -91,6 +100,8 @@ struct VXEditArea2Emitters : TROV::EmittersTable<VXAbstractEdit2Emitters>
     TROV::Event<void(const VXEditAreaScrollEvent2&)> scrolled{*this};
     TROV::Event<void(const VXEditAreaZoomEvent2&)> zoomed{*this};
     TROV::Event<void(const VXEditAreaColoringEvent2&)> coloringWanted{*this};
+    TROV::Event<void(const VXEditAreaSuggestEvent2&)> suggestionsWanted{*this};
+    TROV::Event<void(const VXEditAreaSuggestionEvent2&)> suggestionTaken{*this};
 };
 
 /// Lines of text that the user edits: a letter, a program's source, a log.
@@ -226,8 +237,26 @@ public:
     /// Asks for the colours of all lines again, as when the rules are others.
     void recolor();
 
+    // Suggestions: a list beside the cursor, which the user walks through by the arrow keys, takes
+    // from by Enter, Tab or a click, and leaves by Escape or by going elsewhere.
+
+    /// How many letters of a word the user must have typed for `suggestionsWanted` to be sent; 0,
+    /// as at first: only when he presses Ctrl+Space.
+    void setSuggestionLength(int letters);
+    int suggestionLength() const;
+    /// Offers texts for a part of the text that the cursor is in, or at either end of; with what is
+    /// typed there afterwards. None takes the list away. One that is the only one, and stands there
+    /// already, is not offered, and nothing is while the area has not the focus or is read-only.
+    void suggest(const TextRange& range, const std::vector<TextSuggestion>& suggestions);
+    /// What is offered now.
+    std::vector<TextSuggestion> suggestions() const;
+
     // As if the user had done it: reported
 
+    /// As if Ctrl+Space had been pressed.
+    void imitateSuggestionKey();
+    /// Takes the one of that index among those that are offered.
+    void imitateSuggestion(int index);
     /// Does nothing where it is disabled for the user.
     void imitateCommand(TextCommand command);
     void imitateMarginClick(int line);
@@ -267,11 +296,25 @@ public:
     {
         return m_emitters.coloringWanted.signal();
     }
+    /// The user wants to know what may stand at the cursor; while he types as well, if
+    /// `setSuggestionLength` says so, and then at each letter. Nobody waits for the answer.
+    TROV::Signal<void(const VXEditAreaSuggestEvent2&)> suggestionsWanted() const
+    {
+        return m_emitters.suggestionsWanted.signal();
+    }
+    /// Sent behind `textEdited`.
+    TROV::Signal<void(const VXEditAreaSuggestionEvent2&)> suggestionTaken() const
+    {
+        return m_emitters.suggestionTaken.signal();
+    }
 
 private:
     friend class VXEditAreaColoringEvent2;
+    friend class VXEditAreaSuggestEvent2;
 
     void answerColoring(unsigned query, const std::vector<TextSpan>& spans);
+    void answerSuggestions(unsigned query, const TextRange& range,
+                           const std::vector<TextSuggestion>& suggestions);
 
     VXEditArea2Emitters m_emitters;
 };

@@ -99,4 +99,52 @@ private:
     std::shared_ptr<const Body> m_body;
 };
 
+/// The user has taken what was suggested. That the text has changed is told by `textEdited`.
+class VXEditAreaSuggestionEvent2 : public VXEditAreaEventOf2<int, std::wstring>
+{
+public:
+    using VXEditAreaEventOf2::VXEditAreaEventOf2;
+    /// Which one, as they were given.
+    int index() const noexcept { return value<0>(); }
+    const std::wstring& text() const noexcept { return value<1>(); }
+};
+
+/// What may stand here? A value, copied cheaply: answer when you know, on any thread.
+class VOXI2_EXPORT VXEditAreaSuggestEvent2
+{
+public:
+    struct Body
+    {
+        unsigned area = 0;  ///< the id of who asks
+        unsigned query = 0; ///< its number for that
+        int position = 0;
+        TextRange word{};
+        bool isTyping = false;
+    };
+
+    explicit VXEditAreaSuggestEvent2(Body body);
+
+    /// The area, as long as it lives; its text is that of the question only in a handler on the
+    /// toolkit's thread.
+    VXEditArea2* area() const;
+    /// Of the cursor.
+    int position() const noexcept { return m_body->position; }
+    /// The letters, digits and underscores before the cursor, which may be none.
+    const TextRange& word() const noexcept { return m_body->word; }
+    /// Whether the user just goes on typing; otherwise he has asked for suggestions by a key.
+    bool isTyping() const noexcept { return m_body->isTyping; }
+
+    /// Offers these in the place of `word()`; see `VXEditArea2::suggest`. Without any, nothing is
+    /// offered any more. Only the first answer counts, and none when the user has typed or gone
+    /// elsewhere meanwhile.
+    void answer(const std::vector<TextSuggestion>& suggestions) const;
+    /// The same in the place of another part, such as a name with quotes.
+    void answer(const TextRange& range, const std::vector<TextSuggestion>& suggestions) const;
+
+    const Body& body() const noexcept { return *m_body; }
+
+private:
+    std::shared_ptr<const Body> m_body;
+};
+
 } // namespace VOXI

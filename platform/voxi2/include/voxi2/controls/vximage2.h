@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/controls/imagescaling.h"
 #include "voxi2/kernel/vxwidget2.h"
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
@@ -22,6 +23,8 @@ struct VXImage2Emitters : TROV::EmittersTable<VXWidget2Emitters>
     TROV::Request<Size<int>()> getImageSize{*this};
     TROV::Request<Color()> getMaskColor{*this};
     TROV::Request<bool()> isScaleEnabled{*this};
+    TROV::Request<void(ImageScaling)> setScaling{*this};
+    TROV::Request<ImageScaling()> getScaling{*this};
     TROV::RequestsEnd requestsEnd{*this};
 };
 
@@ -52,8 +55,11 @@ public:
     void setMaskColor(Color color);
     Color maskColor() const;
 
-    /// Whether the picture is made as large as the widget, which changes its proportions; off at
-    /// first.
+    /// `None` at first. A layout may make a widget smaller than its picture if that is then shown
+    /// in its proportions.
+    void setScaling(ImageScaling scaling);
+    ImageScaling scaling() const;
+    /// Short for `Stretch` and `None`.
     void setScaleEnabled(bool enabled);
     bool isScaleEnabled() const;
 

@@ -66,6 +66,7 @@ inline constexpr LibraryTextRow LibraryTexts[] = {
 
     // Views, palettes and properties.
     {"Search", L"Suchen"},
+    {"Suggestions", L"Vorschläge"},
     {"Search properties", L"Eigenschaften suchen"},
     {"Property", L"Eigenschaft"},
     {"Value", L"Wert"},

@@ -112,6 +112,10 @@ public:
     ~VXAbstractView2() override;
 
     /// Null for none, as at first. A model may be shown by several views.
+    ///
+    /// Columns of another model are others, whatever their numbers: widths, order, hidden columns
+    /// and the sort indicator are forgotten. A text of `saveHeaderState` from before brings them
+    /// back where columns have the same numbers.
     void setViewModel(VXAbstractViewModel2* model);
     /// Null also when the model has been destroyed.
     VXAbstractViewModel2* viewModel() const;

@@ -2,8 +2,8 @@
 
 #include "voxi2/containers/vxtooltipwindow2.h"
 #include "voxi2/kernel/vxclock2.h"
-#include "voxi2_qt/containers/qtanchor.h"
 #include "voxi2_qt/containers/qtcontainer2.h"
+#include "voxi2_qt/kernel/qtanchor.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 

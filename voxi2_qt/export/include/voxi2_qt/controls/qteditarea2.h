@@ -15,6 +15,7 @@ namespace VOXI {
 class PlainTextLayout;
 class TextColoring;
 class TextMargin;
+class TextSuggestions;
 class WidePositions;
 
 /// The peer of the edit area. Of a plain one the text is laid out by `PlainTextLayout`.
@@ -94,6 +95,14 @@ public:
     virtual void doimCommand(TextCommand command);
     virtual void doimClickMargin(int line);
     virtual VXRect<int> doGetPositionRect(int position);
+    virtual void doSetSuggestionLength(int letters);
+    virtual int doGetSuggestionLength();
+    virtual void doSuggest(TextRange range, const std::vector<TextSuggestion>& suggestions);
+    virtual std::vector<TextSuggestion> doGetSuggestions();
+    virtual void doAnswerSuggestions(unsigned query, TextRange range,
+                                     const std::vector<TextSuggestion>& suggestions);
+    virtual void doimAskForSuggestions();
+    virtual void doimTakeSuggestion(int index);
 
 protected:
     void connectSignals() override;
@@ -102,6 +111,7 @@ protected:
     void change(const QString& text) override;
     QString wholeText() const override;
 
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -127,6 +137,7 @@ private Q_SLOTS:
     void slotScrollAction();
     void slotScrolled();
     void slotMarginClicked(int line);
+    void slotSuggestionTaken(int index);
 
 private:
     /// Of the user's, in characters.
@@ -148,6 +159,13 @@ private:
         QString m_text;
         qsizetype m_done = 0;
         QTextCursor m_at;
+    };
+    /// Suggestions that have been asked for.
+    struct Wanted
+    {
+        unsigned m_query = 0;
+        int m_edits = 0;
+        int m_position = 0;
     };
     class ProgramEdit;
     class UserAct;
@@ -177,11 +195,17 @@ private:
     void zoomBy(int steps);
     void askForColors(unsigned query, int firstLine, const QString& text);
     void pasteMore();
+    bool passToSuggestions(QKeyEvent& event);
+    void suggestBehind(int edits, bool isTyped, bool isWritten);
+    void withdrawSuggestions();
+    void askForSuggestions(bool isTyping);
+    TextRange wordBeforeCursor() const;
 
     std::unique_ptr<WidePositions> m_positions;
     TextMargin* m_margin;
     TextColoring* m_coloring;
-    QString m_appended; // in this turn
+    TextSuggestions* m_suggestions = nullptr; // made when there are some
+    QString m_appended;                       // in this turn
     bool m_isAppendWaiting = false;
     std::vector<Change> m_changes; // yet to be reported
     Composed m_composed;
@@ -198,6 +222,11 @@ private:
     int m_tabWidth = 8;
     int m_zoom = 100;
     int m_topLine = 0; // that was reported last
+    int m_edits = 0;   // changes so far
+    int m_suggestionLength = 0;
+    bool m_isDeclined = false; // the user has sent suggestions away, for this word
+    unsigned m_lastWanted = 0;
+    Wanted m_wanted;
 };
 
 } // namespace VOXI

@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QLabel>
+#include <QPixmap>
 
 namespace VOXI {
 
@@ -26,14 +27,23 @@ public:
     virtual Size<int> doGetImageSize();
     virtual Color doGetMaskColor();
     virtual bool doIsScaleEnabled();
+    virtual void doSetScaling(ImageScaling scaling);
+    virtual ImageScaling doGetScaling();
+
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void load(const QString& path, bool mask);
+    bool isProportional() const;
+    void paintPicture();
 
     QColor m_maskColor; // invalid: none
+    ImageScaling m_scaling = ImageScaling::None;
+    QPixmap m_scaled; // as it was painted last
+    qint64 m_scaledFrom = 0;
 };
 
 } // namespace VOXI

@@ -1,4 +1,4 @@
-#include "voxi2_qt/containers/qtanchor.h"
+#include "voxi2_qt/kernel/qtanchor.h"
 
 #include <QEvent>
 #include <QScopeGuard>
