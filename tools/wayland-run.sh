@@ -76,4 +76,5 @@ export WAYLAND_DISPLAY=voxi
 child=$!
 status=0
 wait "$child" || status=$?
+child="" # its number may be another's by now
 exit "$status"
