@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # wayland-run.sh COMMAND...: runs the command under a Wayland compositor of its own and ends all of
-# it afterwards. The compositor shows its screen in a window that fills a virtual X display, so what
-# xdotool does there (DISPLAY) is real input for the command, which sees only Wayland.
+# it afterwards. The compositor shows its screen, 1280 x 960, in a window on the left of a virtual X
+# display, so what xdotool does there (DISPLAY) is real input for the command, which sees only
+# Wayland.
 set -euo pipefail
 
 [ $# -gt 0 ] || { echo "usage: wayland-run.sh COMMAND..." >&2; exit 2; }
@@ -25,9 +26,11 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# The server writes the number of its display into the pipe once it accepts clients.
+# The server writes the number of its display into the pipe once it accepts clients. Its pointer is in
+# the middle at first, beside the compositor's window: one that is in it before the compositor has
+# painted for the first time is taken to be at no number, and stays off by as much from then on.
 mkfifo "$runtime/display"
-Xvfb -displayfd 3 -screen 0 1280x960x24 -dpi 96 -nolisten tcp -noreset \
+Xvfb -displayfd 3 -screen 0 2600x960x24 -dpi 96 -nolisten tcp -noreset \
     3<>"$runtime/display" >"$runtime/xvfb.log" 2>&1 &
 server=$!
 if ! read -r -t 30 number <>"$runtime/display"; then
@@ -73,4 +76,5 @@ export WAYLAND_DISPLAY=voxi
 child=$!
 status=0
 wait "$child" || status=$?
+child="" # its number may be another's by now
 exit "$status"

@@ -67,4 +67,5 @@ fi
 child=$!
 status=0
 wait "$child" || status=$?
+child="" # its number may be another's by now
 exit "$status"

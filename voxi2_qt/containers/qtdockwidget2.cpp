@@ -6,6 +6,7 @@
 #include "../kernel/qttakeout.h"
 #include "qtdockmenu.h"
 #include "qtdocktitle.h"
+#include "qtdragpicture.h"
 #include "qtfloattitle.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -240,6 +241,13 @@ bool QtDockWidget2::event(QEvent* event)
             m_comesOrGoes = before;
         return done;
     }
+    case QEvent::MouseMove: {
+        const QtDeletionHold hold(this);
+        const bool done = QtWidget2Shim::event(event);
+        if (hold.isAlive())
+            updateDragPicture();
+        return done;
+    }
     case QEvent::MouseButtonRelease: // the end of a drag
         QMetaObject::invokeMethod(this, &QtDockWidget2::updateFloatTitle, Qt::QueuedConnection);
         break;
@@ -348,6 +356,7 @@ bool QtDockWidget2::isDocked() const
 /// Under a compositor what floats has no frame, or one that does not dock it.
 void QtDockWidget2::updateFloatTitle()
 {
+    updateDragPicture();
     if (!isUnderCompositor() || QWidget::mouseGrabber() == this)
         return;
     if (!isFloating()) {
@@ -356,6 +365,16 @@ void QtDockWidget2::updateFloatTitle()
         m_floatTitle = new QtFloatTitle(this);
         giveTitle(m_floatTitle);
     }
+}
+
+void QtDockWidget2::updateDragPicture()
+{
+    if (!QtDragPicture::isMeant(*this))
+        delete m_dragPicture;
+    else if (m_dragPicture)
+        m_dragPicture->follow();
+    else
+        m_dragPicture = new QtDragPicture(*this);
 }
 
 /// Qt hides and shows what floats, for another frame.

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace VOXI {
 
@@ -62,8 +63,40 @@ double ratioFor(const QWidget& widget)
     return std::min(widget.devicePixelRatioF(), std::sqrt(ImageCompositor::MaxPixels / area));
 }
 
+/// Keeps Qt from laying out what is hidden for the sake of a picture: it sends the sizes that are
+/// still untold to all that a window has, and hidden widgets are to hear of them when they come.
+class UntoldSizes
+{
+public:
+    explicit UntoldSizes(const QWidget& window)
+    {
+        for (QWidget* const each : window.findChildren<QWidget*>()) {
+            for (const Qt::WidgetAttribute kept :
+                 {Qt::WA_PendingMoveEvent, Qt::WA_PendingResizeEvent}) {
+                if (each->isVisible() || !each->testAttribute(kept))
+                    continue;
+                each->setAttribute(kept, false);
+                m_kept.emplace_back(each, kept);
+            }
+        }
+    }
+    ~UntoldSizes()
+    {
+        for (const auto& [widget, kept] : m_kept) {
+            if (widget)
+                widget->setAttribute(kept);
+        }
+    }
+    UntoldSizes(const UntoldSizes&) = delete;
+    UntoldSizes& operator=(const UntoldSizes&) = delete;
+
+private:
+    std::vector<std::pair<QPointer<QWidget>, Qt::WidgetAttribute>> m_kept;
+};
+
 QImage pictureOf(QWidget& widget)
 {
+    const UntoldSizes untold(*widget.window());
     const double ratio = ratioFor(widget);
     const QSize pixels = (QSizeF(widget.size()) * ratio).toSize().expandedTo({1, 1});
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);

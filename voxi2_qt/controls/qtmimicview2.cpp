@@ -61,8 +61,7 @@ void QtMimicView2::doSetSource(VXMimicSource2* source)
         m_source = peer;
         if (peer)
             QObject::connect(peer, &QObject::destroyed, this, &QtMimicView2::slotSourceDestroyed);
-        m_held = nullptr;
-        m_typed = nullptr;
+        letGo();
         watch();
         slotImageChanged();
     };
@@ -83,8 +82,8 @@ void QtMimicView2::doSetAspectKept(bool kept)
 void QtMimicView2::doSetForwarding(bool forwarding)
 {
     m_isForwarding = forwarding;
-    m_held = nullptr;
-    m_typed = nullptr;
+    letGo();
+    setAttribute(Qt::WA_Hover, forwarding); // it hears of the pointer without a button, too
     if (forwarding && focusPolicy() == Qt::NoFocus)
         setFocusPolicy(Qt::StrongFocus);
 }
@@ -102,6 +101,7 @@ void QtMimicView2::slotImageChanged() { update(); }
 void QtMimicView2::slotSourceDestroyed()
 {
     m_source = nullptr;
+    letGo();
     slotImageChanged();
 }
 

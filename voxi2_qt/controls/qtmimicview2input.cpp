@@ -3,13 +3,17 @@
 #include "foreigninput.h"
 #include "voxi2_qt/controls/qtmimicsource2.h"
 #include "voxi2_qt/controls/qtmimicview2.h"
-#include "voxi_util/scopedflagtoggler.h"
+#include "voxi2_qt/kernel/qtcursorregistry.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QHoverEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace VOXI {
 
@@ -20,6 +24,13 @@ bool isBehindDialog(const QWidget& widget)
 {
     const QWidget* const modal = QApplication::activeModalWidget();
     return modal && !isWithin(modal, &widget);
+}
+
+/// Whether Qt would take the key for the focus to go on, or this for the way out.
+bool leadsOn(const QKeyEvent& key)
+{
+    return (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab)
+           && (key.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) == 0;
 }
 
 /// What takes the focus by a click there.
@@ -36,7 +47,60 @@ QWidget* focusFor(QWidget* pressed, const QWidget& source)
 
 } // namespace
 
+// Requests ----------------------------------------------------------------------------------------
+
+void QtMimicView2::doSetCursor(const Cursor& cursor)
+{
+    borrowCursor(nullptr);
+    QtWidget2Shim::doSetCursor(cursor);
+}
+
+void QtMimicView2::doUnsetCursor()
+{
+    borrowCursor(nullptr);
+    QtWidget2Shim::doUnsetCursor();
+}
+
+Cursor QtMimicView2::doGetCursor()
+{
+    if (!m_isCursorBorrowed)
+        return QtWidget2Shim::doGetCursor();
+    const QWidget* const parent = isWindow() ? nullptr : parentWidget();
+    return QtCursorRegistry::toCursor(m_ownCursor.value_or(parent ? parent->cursor() : QCursor()));
+}
+
 // Reports -----------------------------------------------------------------------------------------
+
+bool QtMimicView2::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove: {
+        const QtDeletionHold hold(this);
+        const QPointF point = static_cast<QHoverEvent*>(event)->position();
+        const bool isDone = QtWidget2Shim::event(event);
+        if (hold.isAlive())
+            hover(point);
+        return isDone;
+    }
+    case QEvent::HoverLeave:
+        borrowCursor(nullptr);
+        break;
+    case QEvent::ToolTip:
+        if (forwardToolTip(*static_cast<QHelpEvent*>(event)))
+            return true;
+        break;
+    case QEvent::KeyPress: {
+        auto& key = *static_cast<QKeyEvent*>(event);
+        if (leadsOn(key) && (isForeign() || inputWidget()))
+            return showToPeer(this, event) || forwardTab(key) || QWidget::event(event);
+        break;
+    }
+    default:
+        break;
+    }
+    return QtWidget2Shim::event(event);
+}
 
 void QtMimicView2::mousePressEvent(QMouseEvent* event)
 {
@@ -100,19 +164,15 @@ void QtMimicView2::contextMenuEvent(QContextMenuEvent* event)
     }
 }
 
-void QtMimicView2::keyPressEvent(QKeyEvent* event)
-{
-    if (!forwardKey(*event))
-        QtWidget2Shim::keyPressEvent(event);
-}
-
-void QtMimicView2::keyReleaseEvent(QKeyEvent* event)
-{
-    if (!forwardKey(*event))
-        QtWidget2Shim::keyReleaseEvent(event);
-}
-
 // Helpers -----------------------------------------------------------------------------------------
+
+/// What was pressed counts no more.
+void QtMimicView2::letGo()
+{
+    m_held = nullptr;
+    setTyped(nullptr);
+    borrowCursor(nullptr);
+}
 
 /// What input goes to now; null for nothing.
 QWidget* QtMimicView2::inputWidget() const
@@ -181,7 +241,7 @@ void QtMimicView2::forwardPointer(QMouseEvent& event)
     // As Qt does, the first button that is pressed says where the others go.
     if (isPress && !m_held && pictureRect().contains(event.position())) {
         m_held = widgetAt(*source, point);
-        m_typed = focusFor(m_held, *source);
+        setTyped(focusFor(m_held, *source));
     }
     QWidget* target = m_held;
     if (!target && event.type() == QEvent::MouseMove && event.buttons() == Qt::NoButton
@@ -202,23 +262,52 @@ void QtMimicView2::forwardPointer(QMouseEvent& event)
     send(*target, made, event);
 }
 
-bool QtMimicView2::forwardKey(QKeyEvent& event)
+/// Widgets that say how they look and what they do as the pointer passes hear of it. Handlers may
+/// do anything.
+void QtMimicView2::hover(const QPointF& point)
 {
-    if (isForeign()) {
-        m_foreign->sendKey(event);
-        return true;
+    if (QGuiApplication::mouseButtons() == Qt::NoButton && !hasMouseTracking()) {
+        const QtDeletionHold hold(this);
+        QMouseEvent moved(QEvent::MouseMove, point, window()->mapFromGlobal(mapToGlobal(point)),
+                          mapToGlobal(point), Qt::NoButton, Qt::NoButton,
+                          QGuiApplication::keyboardModifiers());
+        forwardPointer(moved);
+        if (!hold.isAlive())
+            return;
     }
     QWidget* const source = inputWidget();
-    if (!source)
+    const bool isThere = source && pictureRect().contains(point);
+    borrowCursor(m_held ? m_held.data() : isThere ? widgetAt(*source, toSource(point)) : nullptr);
+}
+
+/// The view's own goes before the source's.
+bool QtMimicView2::forwardToolTip(QHelpEvent& event)
+{
+    QWidget* const source = toolTip().isEmpty() ? inputWidget() : nullptr;
+    if (!source || !pictureRect().contains(event.pos()))
         return false;
-    // It may have moved elsewhere since it was pressed.
-    QWidget* const target = m_typed && source->isAncestorOf(m_typed) ? m_typed.data() : source;
-    if (target == this)
+    const QPointF point = toSource(event.pos());
+    QWidget* const target = widgetAt(*source, point);
+    if (!target)
         return false;
-    QKeyEvent made(event.type(), event.key(), event.modifiers(), event.text(), event.isAutoRepeat(),
-                   static_cast<quint16>(event.count()));
+    QHelpEvent made(event.type(), target->mapFrom(source, point.toPoint()), event.globalPos());
     send(*target, made, event);
-    return event.isAccepted();
+    return true;
+}
+
+/// Shows the widget's cursor, or with null what the program has set.
+void QtMimicView2::borrowCursor(const QWidget* widget)
+{
+    if (widget) {
+        if (!std::exchange(m_isCursorBorrowed, true))
+            m_ownCursor = testAttribute(Qt::WA_SetCursor) ? std::optional(cursor()) : std::nullopt;
+        setCursor(widget->cursor());
+    } else if (std::exchange(m_isCursorBorrowed, false)) {
+        if (m_ownCursor)
+            setCursor(*m_ownCursor);
+        else
+            unsetCursor();
+    }
 }
 
 /// What the target makes of the event becomes of the original. Handlers may do anything.

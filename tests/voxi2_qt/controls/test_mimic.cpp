@@ -5,15 +5,20 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxedit2.h"
+#include "voxi2/controls/vxeditarea2.h"
 #include "voxi2/controls/vxmimicsource2.h"
 #include "voxi2/controls/vxmimicview2.h"
 #include "voxi2/controls/vxslider2.h"
 #include "voxi2/kernel/vxdragdelegate2.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QHelpEvent>
+#include <QHoverEvent>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QPointer>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -224,6 +229,123 @@ TEST_F(Mimic, letsItsUserWorkInIt)
     QTest::keyClicks(view, QStringLiteral("more"));
     EXPECT_TRUE(clicked.isEmpty());
     EXPECT_EQ(edit->text(), "text");
+}
+
+TEST_F(Mimic, isWorkedInByKeysAlone)
+{
+    auto* const edit = new VXEdit2(&m_panel);
+    edit->setPosition({2, 2, 46, 20});
+    auto* const area = new VXEditArea2(&m_panel);
+    area->setPosition({2, 24, 46, 24});
+    auto* const last = new VXEdit2(&m_panel);
+    last->setPosition({52, 2, 46, 20});
+    VXButton2 outside(&m_view);
+    showBoth();
+    m_view.setForwarding(true);
+    m_view.setActiveWindow();
+    QWidget* const view = qt(m_view);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view->window()));
+    m_view.setFocus();
+    Log pressed(m_view.keyPressed());
+    QTest::keyClick(view, Qt::Key_Tab);
+    turn();
+    EXPECT_FALSE(pressed.isEmpty());
+    EXPECT_TRUE(view->testAttribute(Qt::WA_InputMethodEnabled));
+    QTest::keyClicks(view, QStringLiteral("a"));
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("\u732b"));
+    QCoreApplication::sendEvent(view, &composed);
+    EXPECT_EQ(edit->textU(), L"a\u732b");
+    // Where it is composed: in the picture, twice as large.
+    const QRect place = view->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    const QRect there = qt(*edit)->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    EXPECT_EQ(place.x(), 2 * (2 + there.x()));
+    EXPECT_EQ(place.y(), 50 + 2 * (2 + there.y()));
+
+    QTest::keyClick(view, Qt::Key_Tab);
+    QTest::keyClick(view, Qt::Key_Tab);
+    EXPECT_EQ(area->text(), "\t") << "it has a use of its own for the key";
+    QTest::mouseClick(view, Qt::LeftButton, {}, inView(m_view, *last, m_panel));
+    QTest::keyClick(view, Qt::Key_Backtab, Qt::ShiftModifier);
+    QTest::keyClicks(view, QStringLiteral("b"));
+    EXPECT_EQ(area->text(), "\tb");
+    QTest::mouseClick(view, Qt::LeftButton, {}, inView(m_view, *last, m_panel));
+    QTest::keyClick(view, Qt::Key_Tab);
+    QTest::keyClicks(view, QStringLiteral("c"));
+    EXPECT_EQ(edit->textU(), L"a\u732bc") << "round";
+    EXPECT_TRUE(view->hasFocus());
+    QTest::keyClick(view, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(qt(outside)->hasFocus());
+    m_view.setForwarding(false);
+    EXPECT_FALSE(view->testAttribute(Qt::WA_InputMethodEnabled));
+}
+
+TEST_F(Mimic, looksAsItsSourceUnderThePointer)
+{
+    auto* const inside = new VXPanel2(&m_panel);
+    inside->setPosition({0, 0, 50, 50});
+    inside->setCursor(Cursor(CursorShape::Cross));
+    inside->setToolTip("of the source");
+    inside->setMouseTracking(true);
+    showBoth();
+    m_view.setCursor(Cursor(CursorShape::Busy));
+    m_view.setForwarding(true);
+    QWidget* const view = qt(m_view);
+    Log moved(inside->mouseMoved());
+    const auto hover = [&](QEvent::Type type, const QPoint& at) {
+        QHoverEvent event(type, at, view->mapToGlobal(at), {-1, -1});
+        QCoreApplication::sendEvent(view, &event);
+        turn();
+    };
+    hover(QEvent::HoverMove, {50, 100});
+    EXPECT_EQ(view->cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(m_view.cursor(), Cursor(CursorShape::Busy)) << "what the program has set";
+    EXPECT_EQ(moved.count(), 1);
+    hover(QEvent::HoverMove, {150, 100});
+    EXPECT_EQ(view->cursor().shape(), qt(m_panel)->cursor().shape());
+    hover(QEvent::HoverMove, {50, 20});
+    EXPECT_EQ(view->cursor().shape(), Qt::BusyCursor) << "beside the picture";
+    hover(QEvent::HoverMove, {50, 100});
+    hover(QEvent::HoverLeave, {-1, -1});
+    EXPECT_EQ(view->cursor().shape(), Qt::BusyCursor);
+    hover(QEvent::HoverMove, {50, 100});
+    m_view.unsetCursor();
+    EXPECT_EQ(view->cursor().shape(), Qt::ArrowCursor);
+    hover(QEvent::HoverMove, {50, 100});
+    m_view.setForwarding(false);
+    EXPECT_EQ(view->cursor().shape(), Qt::ArrowCursor);
+
+    const auto askForTip = [&] {
+        QHelpEvent help(QEvent::ToolTip, {50, 100}, view->mapToGlobal(QPoint(50, 100)));
+        QCoreApplication::sendEvent(view, &help);
+    };
+    askForTip();
+    EXPECT_FALSE(QToolTip::isVisible());
+    m_view.setForwarding(true);
+    askForTip();
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("of the source"));
+    m_view.setToolTip("its own");
+    askForTip();
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("its own"));
+    QToolTip::hideText();
+}
+
+/// Hidden pages are laid out when they are shown, not for a picture of what is beside them.
+TEST_F(Mimic, leavesWhatIsHiddenAlone)
+{
+    auto* const page = new VXPanel2(&m_panel);
+    auto* const inside = new VXPanel2(page);
+    showBoth();
+    page->hide();
+    Log pageSizes(page->resized());
+    Log insideSizes(inside->resized());
+    page->setPosition({0, 0, 40, 40});
+    inside->setPosition({0, 0, 20, 20});
+    m_panel.setColor(ColorRole::Background, Blue);
+    settle();
+    EXPECT_EQ(shown({100, 100}), QColor(Qt::blue));
+    EXPECT_TRUE(pageSizes.isEmpty() && insideSizes.isEmpty());
+    EXPECT_TRUE(qt(*page)->testAttribute(Qt::WA_PendingResizeEvent)) << "it hears of it later";
 }
 
 TEST_F(Mimic, standsHandlersThatDestroyAll)

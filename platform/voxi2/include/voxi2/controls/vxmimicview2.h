@@ -45,10 +45,13 @@ public:
     bool isAspectKept() const;
 
     /// Whether what the user does to the view, by the pointer, the wheel and keys, goes to the
-    /// source's widget as well; off at first. What is below the pointer there gets it, and what was
-    /// pressed keeps it until the buttons are released; keys go to what was pressed last, but for
-    /// those that lead to another widget. It is the user's doing, and reported by both. A view that
-    /// takes no focus takes it from then on by a click and the Tab key.
+    /// source's widget as well; off at first. What is below the pointer there gets it, says what
+    /// the pointer looks like, and shows its tool tip where the view has none; what was pressed
+    /// keeps it until the buttons are released. Keys go to what was pressed last, and so does what
+    /// an input method composes. Tab and Shift+Tab lead to the next widget in the source, unless
+    /// the one there has another use for them; Ctrl+Tab and Ctrl+Shift+Tab lead out of the view. It
+    /// is the user's doing, and reported by both. A view that takes no focus takes it from then on
+    /// by a click and the Tab key.
     ///
     /// Nothing is forwarded to hidden widgets, and to those behind a modal dialog. A window of
     /// another program gets what the user does on X11 alone, and by the X server, which tells it

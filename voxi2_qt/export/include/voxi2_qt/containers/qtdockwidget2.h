@@ -10,6 +10,7 @@
 namespace VOXI {
 
 class QtAction2;
+class QtDragPicture;
 class QtFloatTitle;
 
 /// The peer of the dock widget.
@@ -98,6 +99,7 @@ private:
 
     bool isDocked() const;
     void updateFloatTitle();
+    void updateDragPicture();
     void giveTitle(QWidget* title);
     void takeFloatTitle();
     State state() const;
@@ -107,6 +109,7 @@ private:
 
     QPointer<QtAction2> m_viewAction;
     QPointer<QtFloatTitle> m_floatTitle;
+    QPointer<QtDragPicture> m_dragPicture;
     State m_known;
     DockArea m_area = DockArea::None;
     bool m_inFront = true; // of the others in its tabs

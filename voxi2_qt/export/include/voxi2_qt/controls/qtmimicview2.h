@@ -4,10 +4,12 @@
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
 
+#include <QCursor>
 #include <QPointer>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace VOXI {
 
@@ -33,10 +35,16 @@ public:
     virtual bool doIsForwarding();
     virtual VXRect<int> doGetPictureRect();
 
+    void doSetCursor(const Cursor& cursor) override;
+    void doUnsetCursor() override;
+    Cursor doGetCursor() override;
+
     bool shows(const QtMimicSource2& source) const;
     QSize sizeHint() const override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -48,6 +56,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
     void slotImageChanged();
@@ -57,19 +66,28 @@ private:
     QSizeF imageSize() const;
     QRectF pictureRect() const;
 
+    void letGo();
     QWidget* inputWidget() const;
     QPointF toSource(const QPointF& point) const;
     QWidget* widgetAt(QWidget& source, const QPointF& point) const;
     bool isForeign();
     QPointF toPixels(const QPointF& point) const;
     void forwardPointer(QMouseEvent& event);
+    void hover(const QPointF& point);
+    bool forwardToolTip(QHelpEvent& event);
+    void borrowCursor(const QWidget* widget);
     bool forwardKey(QKeyEvent& event);
+    bool forwardTab(QKeyEvent& event);
+    QWidget* typedWidget() const;
+    void setTyped(QWidget* widget);
     void send(QWidget& target, QEvent& event, QEvent& original);
 
     QPointer<QtMimicSource2> m_source;
     QPointer<QWidget> m_held;                ///< what was pressed, until the buttons are released
     QPointer<QWidget> m_typed;               ///< what keys go to
     std::unique_ptr<ForeignInput> m_foreign; ///< while another program is forwarded to
+    std::optional<QCursor> m_ownCursor;      ///< that the program has set
+    bool m_isCursorBorrowed = false;         ///< the one that is seen is the source's
     bool m_isAspectKept = true;
     bool m_isForwarding = false;
     bool m_isSending = false; ///< views may lie in what they show
