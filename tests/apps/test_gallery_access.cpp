@@ -8,6 +8,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QWindow>
 
@@ -67,7 +68,7 @@ protected:
     }
 
     /// One that is not chosen yet, wherever it is in the list; in a long one, whose rows have not
-    /// been read, by its place.
+    /// been read, by its place, or the list is opened.
     static void choose(const std::vector<Spoken>& all, const Spoken& from)
     {
         const auto begin = std::ranges::find(all, from.path, &Spoken::path);
@@ -76,6 +77,10 @@ protected:
                 client().act(*each, QStringLiteral("Toggle"));
                 return;
             }
+        }
+        if (from.actions.contains(QStringLiteral("Press"))) {
+            client().act(from, QStringLiteral("Press"));
+            return;
         }
         for (const int row : {1, 0})
             client().selectRow(from.path, row);
@@ -89,6 +94,8 @@ protected:
         if (!uses.isKnown() || (uses.isText() && !spoken.is(Spoken::Editable)))
             return;
         const std::string name = nameOf(&control);
+        auto* const box = qobject_cast<QComboBox*>(&control);
+        const int former = box ? box->currentIndex() : 0;
         closing.hasClosed();
         if (uses.isText()) {
             client().setText(spoken.path, QStringLiteral("2020-01-02"));
@@ -108,6 +115,8 @@ protected:
         }
         EXPECT_TRUE(waitFor([&] { return uses.count() > 0 || closing.hasClosed(); }, Patience))
             << name << " is not operated: " << spoken.line().toStdString();
+        if (box)
+            box->setCurrentIndex(former); // for the comparison with plain Qt's
     }
 
 private:

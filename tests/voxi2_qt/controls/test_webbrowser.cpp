@@ -264,14 +264,13 @@ TEST_F(WebTest, findsSelectsAndStyles)
     EXPECT_FALSE(printed[1].isWritten() || printed[2].isWritten());
 }
 
-TEST_F(WebTest, takesTheFocusFromNobody)
+TEST_F(WebTest, handsTheFocusOnOnce)
 {
     auto* const pane = new VXDockWidget2(&m_window);
     auto* const panel = new VXPanel2(pane);
     auto* const row = new VXBoxLayout2(panel);
-    auto* const field = new VXEdit2(panel);
-    row->addWidget(field);
-    row->addWidget(new VXEdit2(panel));
+    for (int i = 0; i < 4; ++i)
+        row->addWidget(new VXEdit2(panel));
     pane->setWidget(panel);
     m_window.addDockWidget(pane);
     EXPECT_TRUE(shows("<script>var tabs = 0; onkeydown = () => ++tabs</script>"));
@@ -280,14 +279,17 @@ TEST_F(WebTest, takesTheFocusFromNobody)
     m_browser->setFocus();
     const QPointer<QWidget> engine = QApplication::focusWidget();
     ASSERT_TRUE(engine && isWithin(qt(*m_browser), engine));
-    // The page sees them later, and then hands the focus on.
+    int changes = 0;
+    const QObject context;
+    QObject::connect(qApp, &QApplication::focusChanged, &context, [&] { ++changes; });
+    // The page sees them later, and hands the focus on for each.
     for (int i = 0; i < 3; ++i)
         QTest::keyClick(engine, Qt::Key_Tab);
-    field->setFocus();
     EXPECT_TRUE(comesToGive("tabs", L"3"));
+    EXPECT_TRUE(waitFor([&] { return changes > 0; }));
     for (int i = 0; i < 10; ++i)
         EXPECT_EQ(value("tabs"), L"3");
-    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(WebTest, mayEndInItsHandlers)
