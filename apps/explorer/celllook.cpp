@@ -52,10 +52,13 @@ CellUIData lookOf(const SQL::Cell& cell)
 void markChanged(CellUIData& cell) { cell.setBackground(ChangedPaper); }
 void markInserted(CellUIData& cell) { cell.setBackground(InsertedPaper); }
 
+/// With a sign, for a selection hides the colour.
 CellUIData lookOfRejected(const SQL::Value& value, const std::string& message)
 {
+    static const Icon sign = icon(Picture::Refused);
     return lookOf({.value = value})
         .setBackground(RejectedPaper)
+        .setIcon(sign)
         .setToolTip(SQL::wideFromUtf8(message));
 }
 

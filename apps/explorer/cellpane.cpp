@@ -5,7 +5,6 @@
 #include "pictures.h"
 #include "sql/text.h"
 #include "voxi2/containers/vxboxlayout2.h"
-#include "voxi2/containers/vxscrollview2.h"
 #include "voxi2/containers/vxtab2.h"
 
 #include <utility>
@@ -79,7 +78,7 @@ CellPane::CellPane(VXObject2* parent)
       m_pictureTab(tab(m_tabs, "&Picture")),
       m_bytesTab(tab(m_tabs, "B&ytes")),
       m_text(new VXEditArea2(m_textTab)),
-      m_picture(new VXImage2),
+      m_picture(new VXImage2(m_pictureTab)),
       m_bytes(new VXTableView2(m_bytesTab))
 {
     m_summary->setObjectName("cell-summary");
@@ -91,12 +90,10 @@ CellPane::CellPane(VXObject2* parent)
     m_bytes->setFont(VXFont("monospace", 9));
     m_bytes->setRowHeaderVisible(false);
     m_bytes->setGridVisible(false);
-    auto* const scroll = new VXScrollView2(m_pictureTab);
-    m_picture->setParent(scroll);
     m_picture->setObjectName("cell-picture");
-    scroll->setWidget(m_picture);
+    m_picture->setScaling(ImageScaling::Shrink);
     fill(m_textTab, m_text);
-    fill(m_pictureTab, scroll);
+    fill(m_pictureTab, m_picture);
     fill(m_bytesTab, m_bytes);
     auto* const rows = new VXBoxLayout2(m_panel, Direction::TopToBottom);
     rows->setMargins({4, 4, 4, 4});

@@ -101,6 +101,8 @@ void ExplorerWindow::openSample(const Path& file)
 /// goes on unless the user cancels.
 void ExplorerWindow::whenChangesAreDone(std::function<void()> then)
 {
+    if (m_editing.isUnfinished())
+        return m_editing.finish([this, then] { whenChangesAreDone(then); });
     if (m_rows.hasRejected())
         return whenNothingIsRejected([this, then] { whenChangesAreDone(then); });
     if (!m_document || !m_document->hasChanges())
@@ -227,8 +229,10 @@ bool ExplorerWindow::isAsShown(const FileContents& contents) const
 
 void ExplorerWindow::chooseTable(const SQL::ObjectName& table)
 {
-    whenNothingIsRejected([this, table] { showTable(table); },
-                          [this] { m_schema.select(m_table); });
+    m_editing.finish([this, table] {
+        whenNothingIsRejected([this, table] { showTable(table); },
+                              [this] { m_schema.select(m_table); });
+    });
 }
 
 void ExplorerWindow::showTable(const SQL::ObjectName& table)

@@ -43,6 +43,13 @@ std::filesystem::path localFile(const std::string& uri)
     return path;
 }
 
+/// What a file may be called that holds the rows of a table.
+std::string fileNameFor(std::string table)
+{
+    std::replace(table.begin(), table.end(), '/', '_');
+    return table.empty() || table == "." || table == ".." ? "result" : table;
+}
+
 } // namespace
 
 void ExplorerWindow::connectCommands()
@@ -53,13 +60,13 @@ void ExplorerWindow::connectCommands()
     };
     when(m_commands.open, [this] { chooseFile(); });
     when(m_commands.sample, [this] { chooseSample(); });
-    when(m_commands.reload, [this] { reload(); });
+    when(m_commands.reload, [this] { m_editing.finish([this] { reload(); }); });
     when(m_commands.exportRows, [this] { exportShown(); });
     when(m_commands.importRows, [this] { chooseImport(); });
     when(m_commands.close, [this] { whenChangesAreDone([this] { closeFile(); }); });
     when(m_commands.quit, [this] { m_window->close(); });
-    when(m_commands.commit, [this] { commit(); });
-    when(m_commands.rollBack, [this] { rollBack(); });
+    when(m_commands.commit, [this] { m_editing.finish([this] { commit(); }); });
+    when(m_commands.rollBack, [this] { m_editing.finish([this] { rollBack(); }); });
     when(m_commands.insertRow, [this] { m_editing.insertRow(); });
     when(m_commands.deleteRows, [this] { m_editing.deleteRows(); });
     when(m_commands.setNull, [this] { m_editing.setNull(); });
@@ -87,7 +94,7 @@ void ExplorerWindow::connectCommands()
 
     m_window->closing().connect(m_window, [this](const VXCloseEvent2& event) {
         const bool hasChanges = m_document && m_document->hasChanges();
-        if (m_mayClose || !(hasChanges || m_rows.hasRejected()))
+        if (m_mayClose || !(hasChanges || m_rows.hasRejected() || m_editing.isUnfinished()))
             return;
         event.refuse();
         whenChangesAreDone([this] {
@@ -138,7 +145,7 @@ void ExplorerWindow::connectPanes()
         if (event.buttonId() == TryAgainButton)
             m_editing.retry();
         else
-            reload();
+            m_editing.finish([this] { reload(); });
     });
 }
 
@@ -223,13 +230,12 @@ void ExplorerWindow::exportShown()
     RowsPane& shown = shownRows();
     if (!m_document || !shown.reader())
         return;
-    const std::string name = shown.reader()->name().name;
     ExportDialog::open(
         m_window, *m_document,
         {.reader = shown.reader(),
          .order = shown.order(),
          .expectedRows = shown.count(),
-         .file = m_document->file().parent_path() / (name.empty() ? "result" : name)},
+         .file = m_document->file().parent_path() / fileNameFor(shown.reader()->name().name)},
         [this](const std::string& text) { tell(text); });
 }
 

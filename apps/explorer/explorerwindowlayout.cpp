@@ -2,6 +2,7 @@
 
 #include "explorerwindow.h"
 #include "icons.h"
+#include "sql/text.h"
 #include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxmenubar2.h"
@@ -15,6 +16,15 @@ namespace {
 
 constexpr const char* GeometryName = "window.geometry";
 constexpr const char* LayoutName = "window.layout";
+
+/// What begins with an ampersand in a label is a key.
+std::wstring labelOf(const std::filesystem::path& file)
+{
+    std::wstring label;
+    for (const wchar_t each : SQL::wideFromUtf8(file.string()))
+        label += each == L'&' ? std::wstring(L"&&") : std::wstring(1, each);
+    return label;
+}
 
 void fill(VXTab2* tab, VXWidget2* widget)
 {
@@ -124,7 +134,7 @@ void ExplorerWindow::fillRecent(VXMenu2* menu)
 {
     menu->destroyItems();
     for (const Path& file : m_settings.recentFiles()) {
-        VXAction2* const action = menu->addAction(file.string());
+        VXAction2* const action = menu->addAction(labelOf(file));
         action->triggered().connect(action,
                                     [this, file](const VXActionTriggerEvent2&) { open(file); });
     }

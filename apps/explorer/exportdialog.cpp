@@ -55,9 +55,17 @@ struct Export
     }
     std::filesystem::path path() const { return SQL::utf8FromWide(file->textU()); }
 
+    /// The name of a table may have a point in it.
     void followFormat() const
     {
-        file->setText(path().replace_extension(chosen().ending).string());
+        const auto isOurs = [ending = path().extension()](const Format& each) {
+            return ending == each.ending;
+        };
+        std::filesystem::path named = path();
+        if (std::any_of(Formats.begin(), Formats.end(), isOurs))
+            named.replace_extension();
+        named += chosen().ending;
+        file->setText(SQL::wideFromUtf8(named.string()));
         header->setEnabled(chosen().format == SQL::ExportFormat::Csv);
     }
     void browse() const

@@ -43,7 +43,10 @@ constexpr std::array Drawings{
     Drawing{Picture::Stop, "<path $red d='M6 6h12v12H6z'/>"},
     Drawing{Picture::Export, "$tray<path $blue d='M12 15V3M7.5 7L12 2.8 16.5 7'/>"},
     Drawing{Picture::Import, "$tray<path $blue d='M12 3v12M7.5 10.8L12 15l4.5-4.2'/>"},
-    Drawing{Picture::Reload, "<path $blue d='M20 11a8 8 0 1 0-1.5 6M20 4v7h-7'/>"}};
+    Drawing{Picture::Reload, "<path $blue d='M20 11a8 8 0 1 0-1.5 6M20 4v7h-7'/>"},
+    Drawing{Picture::Refused, "<circle cx='12' cy='12' r='10' fill='#c0392b'/>"
+                              "<path d='M12 6v7.5M12 17v.5' fill='none' stroke='#fff' "
+                              "stroke-width='3' stroke-linecap='round'/>"}};
 
 std::string pen(const char* color)
 {

@@ -24,7 +24,8 @@ enum class Picture {
     Stop,
     Export,
     Import,
-    Reload
+    Reload,
+    Refused
 };
 
 VOXI::Icon icon(Picture picture);

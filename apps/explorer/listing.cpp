@@ -8,6 +8,8 @@ namespace {
 
 constexpr std::size_t FirstRows = 500; ///< more than a window shows
 constexpr std::size_t MoreRows = 50'000;
+/// Of numbers in no order, which a view keeps at other places of its memory each.
+constexpr std::size_t MoreSortedRows = 20'000;
 
 } // namespace
 
@@ -26,7 +28,8 @@ struct Listing::Run
         if (isFirst)
             listing = document.lend(std::shared_ptr<SQL::RowListing>(reader->list(order, token)));
         Piece piece;
-        piece.rows = listing->next(isFirst ? FirstRows : MoreRows);
+        const bool isSorted = order.column != SQL::RowOrder::Natural;
+        piece.rows = listing->next(isFirst ? FirstRows : isSorted ? MoreSortedRows : MoreRows);
         piece.isLast = listing->isDone();
         return piece;
     }

@@ -1,8 +1,8 @@
+#include "../runprogram.h"
 #include "explorerwindow.h"
 #include "qthost/qthost.h"
 
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <string>
 
@@ -40,8 +40,7 @@ void takeScreenshot(VOXI::QtHost& host, explorer::ExplorerWindow& window, const 
 
 int main(int argc, char** argv)
 {
-    try {
-        VOXI::QtHost host(argc, argv);
+    return apps::runProgram("explorer", argc, argv, [&](VOXI::QtHost& host) {
         Options options;
         if (!parse(argc, argv, options)) {
             std::fprintf(stderr, "usage: explorer [FILE.db] [--screenshot FILE.png]\n");
@@ -55,8 +54,5 @@ int main(int argc, char** argv)
         else
             window.openSample(std::filesystem::temp_directory_path() / "voxi-shop.db");
         return host.exec();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "explorer: %s\n", error.what());
-        return 1;
-    }
+    });
 }

@@ -1,10 +1,10 @@
 #include "querypane.h"
 
 #include "celllook.h"
+#include "icons.h"
 #include "sql/text.h"
 #include "sqlcolors.h"
 #include "voxi2/containers/vxboxlayout2.h"
-#include "voxi2/kernel/vxaction2.h"
 
 #include <utility>
 
@@ -15,15 +15,7 @@ using namespace VOXI;
 namespace {
 
 constexpr unsigned ErrorMark = 1;
-constexpr std::size_t MostOffered = 24;
-
-std::wstring plainLabel(const std::string& text)
-{
-    std::wstring label;
-    for (const wchar_t each : SQL::wideFromUtf8(text))
-        label += each == L'&' ? std::wstring(L"&&") : std::wstring(1, each);
-    return label;
-}
+constexpr int MostLookedThrough = 100'000; ///< characters
 
 std::string titleOf(std::size_t which, const SQL::StatementResult& result)
 {
@@ -43,8 +35,11 @@ QueryPane::QueryPane(VXObject2* parent)
       m_lower(new VXPanel2(m_split)),
       m_choice(new VXComboBox2(m_lower)),
       m_summary(new VXText2(m_lower)),
-      m_menu(new VXMenu2(m_split)),
-      m_rows(m_lower, "result")
+      m_rows(m_lower, "result"),
+      m_icons{{SQL::CandidateKind::Column, icon(Picture::Column)},
+              {SQL::CandidateKind::Table, icon(Picture::Table)},
+              {SQL::CandidateKind::Database, icon(Picture::Sample)},
+              {SQL::CandidateKind::Keyword, Icon()}}
 {
     m_split->setCollapsible(nullptr, false);
     m_split->setSizes({220, 320});
@@ -56,6 +51,7 @@ QueryPane::QueryPane(VXObject2* parent)
     m_editor->setTabWidth(4);
     m_editor->setPlaceholder("SELECT …   Ctrl+Return runs it, Ctrl+Space completes a name");
     colorAsSql(m_editor);
+    m_editor->setSuggestionLength(2);
     m_choice->setObjectName("results");
     m_choice->setMinimumCharacters(30);
     m_choice->hide();
@@ -74,6 +70,8 @@ QueryPane::QueryPane(VXObject2* parent)
     });
     m_editor->textEdited().connect(m_split,
                                    [this](const VXEditAreaTextEvent2&) { m_editor->clearMarks(); });
+    m_editor->suggestionsWanted().connect(
+        m_split, [this](const VXEditAreaSuggestEvent2& event) { suggest(event); });
 }
 
 void QueryPane::setDocument(Document* document)
@@ -180,31 +178,24 @@ void QueryPane::showResult(std::size_t which)
 
 void QueryPane::complete()
 {
-    const auto position = static_cast<std::size_t>(m_editor->cursorPosition());
-    const SQL::Completions found = SQL::complete(m_editor->textU(), position, m_catalog);
-    if (found.candidates.size() == 1)
-        return replaceWord(found, found.candidates.front());
-    m_menu->destroyItems();
-    for (std::size_t i = 0; i < std::min(found.candidates.size(), MostOffered); ++i) {
-        const SQL::Candidate& each = found.candidates[i];
-        const std::string detail = each.detail.empty() ? "" : "\t" + each.detail;
-        VXAction2* const action = m_menu->addAction(plainLabel(each.text + detail));
-        action->triggered().connect(action, [this, found, each](const VXActionTriggerEvent2&) {
-            replaceWord(found, each);
-        });
-    }
-    if (found.candidates.empty())
-        return;
-    const VXRect<int> cursor = m_editor->cursorRect(m_editor->cursorPosition());
-    m_menu->popup(m_editor->mapToGlobal({cursor.x, cursor.y + cursor.height}));
+    m_editor->setFocus();
+    m_editor->imitateSuggestionKey();
 }
 
-void QueryPane::replaceWord(const SQL::Completions& found, const SQL::Candidate& candidate)
+/// While somebody types not in what is so long that he would notice.
+void QueryPane::suggest(const VXEditAreaSuggestEvent2& event) const
 {
+    if (event.isTyping() && m_editor->length() > MostLookedThrough)
+        return event.answer({});
+    const auto position = static_cast<std::size_t>(event.position());
+    const SQL::Completions found = SQL::complete(m_editor->textU(), position, m_catalog);
+    std::vector<TextSuggestion> suggestions;
+    for (const SQL::Candidate& each : found.candidates)
+        suggestions.push_back({.text = SQL::wideFromUtf8(each.text),
+                               .detail = SQL::wideFromUtf8(each.detail),
+                               .icon = m_icons.at(each.kind)});
     const int begin = static_cast<int>(found.begin);
-    const std::wstring text = SQL::wideFromUtf8(candidate.text);
-    m_editor->replace({begin, m_editor->cursorPosition() - begin}, text);
-    m_editor->setCursorPosition(begin + static_cast<int>(text.size()));
+    event.answer({begin, event.position() - begin}, suggestions);
 }
 
 void QueryPane::setText(const std::string& sql)

@@ -7,10 +7,10 @@
 #include "voxi2/containers/vxsplitter2.h"
 #include "voxi2/controls/vxcombobox2.h"
 #include "voxi2/controls/vxeditarea2.h"
-#include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxtext2.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,7 +42,7 @@ public:
     void run();
     void stop();
     bool isRunning() const noexcept { return m_isRunning; }
-    /// Completes the word at the cursor, or offers what it may become.
+    /// Offers what the word at the cursor may become, as it does while somebody types.
     void complete();
     void setText(const std::string& sql);
 
@@ -52,15 +52,15 @@ private:
     void take(Outcome<Results> outcome);
     void showError(const SQL::Error& error);
     void showResult(std::size_t which);
-    void replaceWord(const SQL::Completions& found, const SQL::Candidate& candidate);
+    void suggest(const VOXI::VXEditAreaSuggestEvent2& event) const;
 
     VOXI::VXSplitter2* const m_split;
     VOXI::VXEditArea2* const m_editor;
     VOXI::VXPanel2* const m_lower;
     VOXI::VXComboBox2* const m_choice; ///< of several results
     VOXI::VXText2* const m_summary;
-    VOXI::VXMenu2* const m_menu;
     RowsPane m_rows;
+    const std::map<SQL::CandidateKind, VOXI::Icon> m_icons;
     Events m_events;
     Document* m_document = nullptr;
     SQL::Catalog m_catalog;

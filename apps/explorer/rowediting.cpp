@@ -56,6 +56,31 @@ RowEditing::RowEditing(RowsPane& rows)
     });
 }
 
+void RowEditing::setDocument(Document* document) noexcept
+{
+    m_document = document;
+    m_unanswered = 0; // a document that ends takes its answers along
+}
+
+void RowEditing::finish(std::function<void()> then)
+{
+    m_rows.endEditing();
+    if (m_unanswered == 0)
+        return then();
+    m_document->ask<bool>([](SQL::Database&) { return true; },
+                          [then = std::move(then)](Outcome<bool>) { then(); });
+}
+
+template <class T>
+void RowEditing::write(std::function<T(SQL::Database&)> work, Document::Answer<T> answer)
+{
+    ++m_unanswered;
+    m_document->ask<T>(std::move(work), [this, answer = std::move(answer)](Outcome<T> outcome) {
+        --m_unanswered;
+        answer(std::move(outcome));
+    });
+}
+
 bool RowEditing::isPossible() const
 {
     return m_document && m_rows.model() && m_rows.reader()->isEditable();
@@ -76,14 +101,14 @@ void RowEditing::insertRow()
         InsertDialog::open(m_rows.table(), *m_document, m_rows.reader(), inserted);
         return;
     }
-    m_document->ask<unsigned>([document = m_document, reader = m_rows.reader()](
-                                  SQL::Database&) { return document->editor(reader).insertRow(); },
-                              [this, inserted](Outcome<unsigned> row) {
-                                  if (row.value)
-                                      inserted(*row.value);
-                                  else
-                                      m_events.failed(*row.error);
-                              });
+    write<unsigned>([document = m_document, reader = m_rows.reader()](
+                        SQL::Database&) { return document->editor(reader).insertRow(); },
+                    [this, inserted](Outcome<unsigned> row) {
+                        if (row.value)
+                            inserted(*row.value);
+                        else
+                            m_events.failed(*row.error);
+                    });
 }
 
 void RowEditing::deleteRows()
@@ -91,7 +116,7 @@ void RowEditing::deleteRows()
     const std::vector<unsigned> rows = m_rows.table()->selectedRows();
     if (!isPossible() || rows.empty())
         return;
-    m_document->ask<bool>(
+    write<bool>(
         [document = m_document, reader = m_rows.reader(), rows](SQL::Database&) {
             document->editor(reader).deleteRows(rows);
             return true;
@@ -216,7 +241,7 @@ void RowEditing::commit(Place place, const std::wstring& text)
 
 void RowEditing::change(Place place, const SQL::Value& value)
 {
-    m_document->ask<bool>(
+    write<bool>(
         [document = m_document, reader = m_rows.reader(), place, value](SQL::Database&) {
             document->editor(reader).setCell(place.first, place.second - 1, value);
             return true;

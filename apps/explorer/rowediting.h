@@ -28,7 +28,7 @@ public:
     void setEvents(Events events) { m_events = std::move(events); }
 
     /// Null: there is nothing to change.
-    void setDocument(Document* document) noexcept { m_document = document; }
+    void setDocument(Document* document) noexcept;
 
     bool isPossible() const;
     void insertRow();
@@ -36,6 +36,11 @@ public:
     void setNull();
     /// Tries once more what the database did not take.
     void retry();
+
+    /// Whether something is being typed, or on its way to the database.
+    bool isUnfinished() const { return m_unanswered > 0 || m_rows.isEdited(); }
+    /// Has what is being typed taken over, and goes on when the database has answered.
+    void finish(std::function<void()> then);
 
 private:
     using Place = RowsModel::Place;
@@ -49,6 +54,8 @@ private:
     void commit(Place place, const std::wstring& text);
     void change(Place place, const SQL::Value& value);
     bool needsForm() const;
+    template <class T>
+    void write(std::function<T(SQL::Database&)> work, Document::Answer<T> answer);
 
     RowsPane& m_rows;
     VOXI::VXEdit2* const m_edit;
@@ -57,6 +64,7 @@ private:
     Events m_events;
     Document* m_document = nullptr;
     std::wstring m_formerText; ///< of the cell that is edited
+    int m_unanswered = 0;      ///< changes
 };
 
 } // namespace explorer

@@ -25,6 +25,8 @@ public:
     void remove(const std::vector<unsigned>& rows);
     void removeAll();
     std::size_t rowCount() const noexcept { return m_rows.size(); }
+    /// 0 when there is none.
+    unsigned lastRow() const noexcept { return m_rows.empty() ? 0 : m_rows.back(); }
     /// Reads cells anew.
     void reread(unsigned row);
     void reread() { clearCachedUIData(); }

@@ -51,7 +51,17 @@ RowsPane::RowsPane(VXObject2* parent, const std::string& objectName)
     m_table->headerClicked().connect(m_panel, [this](const VXHeaderClickEvent2& event) {
         sortBy(event.column(), event.order());
     });
+    m_table->keyPressed().connect(m_panel, [this](const VXKeyEvent2& event) { noteKey(event); });
+    m_table->editCompleted().connect(m_panel, [this](const VXEditCompleteEvent2&) {
+        if (m_isRefreshWaiting) // behind what others make of it
+            m_document->ask<bool>([](SQL::Database&) { return true; },
+                                  [this](Outcome<bool>) {
+                                      if (std::exchange(m_isRefreshWaiting, false))
+                                          refresh();
+                                  });
+    });
     m_table->activeCellChanged().connect(m_panel, [this](const VXEditRequestEvent2& event) {
+        m_isLastWanted = false;
         if (m_events.cellChosen)
             m_events.cellChosen(event.row(), event.column());
     });
@@ -73,6 +83,7 @@ void RowsPane::clear()
     m_order = {};
     m_count = 0;
     m_wantedRow = 0;
+    m_isLastWanted = m_isRefreshWaiting = false;
     if (RowsModel* const model = m_model.get())
         model->destroy();
     m_filters.reset();
@@ -80,7 +91,8 @@ void RowsPane::clear()
 
 void RowsPane::refresh()
 {
-    if (m_reader)
+    m_isRefreshWaiting = isEdited();
+    if (!m_isRefreshWaiting)
         list();
 }
 
@@ -104,6 +116,12 @@ bool RowsPane::isEdited() const
     return !current.isNull() && m_table->editor(current.row, current.column);
 }
 
+void RowsPane::endEditing()
+{
+    if (isEdited())
+        m_table->setEditor(m_table->activeCell().row, m_table->activeCell().column, nullptr);
+}
+
 void RowsPane::addToCount(int rows)
 {
     m_count += static_cast<std::uint64_t>(static_cast<std::int64_t>(rows));
@@ -123,10 +141,8 @@ void RowsPane::list()
 {
     if (!m_reader)
         return;
-    if (const ModelCell2 current = m_table->activeCell(); !current.isNull()) {
-        m_wantedRow = current.row;
-        m_wantedColumn = current.column;
-    }
+    endEditing();
+    m_isLastWanted = false;
     m_order.filters = m_filters.filters();
     m_isListing = true;
     m_isFirstPiece = true;
@@ -156,7 +172,9 @@ void RowsPane::take(Outcome<Listing::Piece> piece)
         m_wantedRow != 0 && std::find(rows.begin(), rows.end(), m_wantedRow) != rows.end();
     const unsigned first = rows.empty() ? 0 : rows.front();
     m_model.get()->append(rows);
-    if (isWantedHere)
+    if (!m_isListing && m_isLastWanted && m_count > 0)
+        goToEnd();
+    else if (isWantedHere)
         choose(std::exchange(m_wantedRow, 0), m_wantedColumn);
     else if (isFirst && m_wantedRow == 0 && first != 0)
         choose(first, 1);
@@ -171,10 +189,33 @@ void RowsPane::choose(unsigned row, unsigned column)
         m_events.cellChosen(row, column);
 }
 
+/// The table goes to the last row whose cells it knows; the real one may not even be listed.
+void RowsPane::noteKey(const VXKeyEvent2& event)
+{
+    if (m_count == 0 || event.key() != Key::End || event.modifiers() != Modifier::Control)
+        return;
+    m_isLastWanted = m_isListing;
+    if (!m_isListing)
+        goToEnd();
+}
+
+void RowsPane::goToEnd()
+{
+    const ModelCell2 end{m_model.get()->lastRow(), m_table->activeCell().column, nullptr};
+    m_isLastWanted = false;
+    m_table->clearSelection();
+    m_table->setSelection({end, end});
+    choose(end.row, end.column);
+}
+
 void RowsPane::beginModel()
 {
     RowsModel* const former = m_model.get();
     m_count = 0;
+    if (const ModelCell2 current = m_table->activeCell(); !current.isNull()) {
+        m_wantedRow = current.row;
+        m_wantedColumn = current.column;
+    }
     if (!former) {
         showNewModel();
         setFirstWidths();

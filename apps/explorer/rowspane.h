@@ -36,7 +36,8 @@ public:
     void show(Document& document, std::shared_ptr<SQL::RowReader> reader);
     /// Shows nothing.
     void clear();
-    /// Lists all rows anew; the current cell stays where it is.
+    /// Lists all rows anew; the current cell stays where it is. While the user types in a cell, it
+    /// waits for the end of that.
     void refresh();
     /// Gives up what takes too long; what is shown stays.
     void stop();
@@ -54,6 +55,8 @@ public:
     const SQL::RowOrder& order() const noexcept { return m_order; }
     /// Whether the user types in a cell just now.
     bool isEdited() const;
+    /// As if he had pressed Return.
+    void endEditing();
     /// Whether it shows what the database did not take.
     bool hasRejected() const { return model() && !model()->rejected().empty(); }
     /// Rows that have come or gone by the editor.
@@ -65,6 +68,8 @@ private:
     void beginModel();
     RowsModel& showNewModel();
     void choose(unsigned row, unsigned column);
+    void goToEnd();
+    void noteKey(const VOXI::VXKeyEvent2& event);
     void setFirstWidths();
     void tellStatus();
 
@@ -82,6 +87,8 @@ private:
     unsigned m_wantedColumn = 0;
     bool m_isListing = false;
     bool m_isFirstPiece = false;
+    bool m_isLastWanted = false;     ///< the user has gone to the end, before that was known
+    bool m_isRefreshWaiting = false; ///< for the end of an edit
 };
 
 } // namespace explorer

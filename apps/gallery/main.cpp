@@ -1,8 +1,8 @@
+#include "../runprogram.h"
 #include "gallerywindow.h"
 #include "qthost/qthost.h"
 
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <string>
 
@@ -44,12 +44,19 @@ int takeScreenshots(VOXI::QtHost& host, gallery::GalleryWindow& window, const Op
     return 0;
 }
 
+void sayThereIsNo(const std::string& page)
+{
+    std::fprintf(stderr, "gallery: there is no page \"%s\"; pages are:", page.c_str());
+    for (const std::string& each : gallery::pageNames())
+        std::fprintf(stderr, " %s", each.c_str());
+    std::fprintf(stderr, "\n");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try {
-        VOXI::QtHost host(argc, argv);
+    return apps::runProgram("gallery", argc, argv, [&](VOXI::QtHost& host) {
         Options options;
         if (!parse(argc, argv, options)) {
             std::fprintf(stderr, "usage: gallery [--page NAME] [--screenshot DIR]\n");
@@ -57,18 +64,9 @@ int main(int argc, char** argv)
         }
         gallery::GalleryWindow window;
         if (!options.m_page.empty() && !window.select(options.m_page)) {
-            std::fprintf(stderr,
-                         "gallery: there is no page \"%s\"; pages are:", options.m_page.c_str());
-            for (const std::string& page : gallery::pageNames())
-                std::fprintf(stderr, " %s", page.c_str());
-            std::fprintf(stderr, "\n");
+            sayThereIsNo(options.m_page);
             return 2;
         }
-        if (!options.m_screenshots.empty())
-            return takeScreenshots(host, window, options);
-        return host.exec();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "gallery: %s\n", error.what());
-        return 1;
-    }
+        return options.m_screenshots.empty() ? host.exec() : takeScreenshots(host, window, options);
+    });
 }

@@ -18,22 +18,31 @@ protected:
     static void SetUpTestSuite() { s_host = std::make_unique<QtHost>(); }
     static void TearDownTestSuite() { s_host.reset(); }
 
-    /// Has the user type into a cell and press Return.
-    void type(unsigned row, unsigned column, const std::string& typed)
+    /// Has the user begin to type into a cell.
+    VXEdit2* edit(unsigned row, unsigned column, const std::string& typed)
     {
         text(row, column); // a cell that is not known cannot be edited
         rows().imitateEdit(row, column, EditTrigger::EditKeyPressed);
-        ASSERT_TRUE(waitFor([&] { return rows().editor(row, column) != nullptr; }, Patience));
+        waitFor([&] { return rows().editor(row, column) != nullptr; }, Patience);
         auto* const edit = dynamic_cast<VXEdit2*>(rows().editor(row, column));
-        ASSERT_NE(edit, nullptr);
-        edit->selectAll();
-        edit->imitateTyping(typed);
-        press(*edit, Key::Return);
+        if (edit) {
+            edit->selectAll();
+            edit->imitateTyping(typed);
+        }
+        return edit;
+    }
+    /// The same, and press Return.
+    void type(unsigned row, unsigned column, const std::string& typed)
+    {
+        VXEdit2* const editor = edit(row, column, typed);
+        ASSERT_NE(editor, nullptr);
+        press(*editor, Key::Return);
         ASSERT_TRUE(waitFor([&] { return rows().editor(row, column) == nullptr; }, Patience));
     }
-    static void press(VXWidget2& widget, Key key)
+    static void press(VXWidget2& widget, Key key, Modifier modifier = Modifier::None)
     {
-        widget.imitateKey(WidgetEvent::KeyPress, VXKeyEvent2(&widget, WidgetEvent::KeyPress, key));
+        const auto type = WidgetEvent::KeyPress;
+        widget.imitateKey(type, VXKeyEvent2(&widget, type, key, modifier));
     }
     /// Clicks a button of the dialog that asks something.
     void answer(const std::wstring& label)
@@ -164,6 +173,61 @@ TEST_F(Explorer, losesNothingToOthersAndAsksBeforeItCloses)
               SQL::Value(std::string("In the way")));
 }
 
+TEST_F(Explorer, takesOverWhatIsBeingTyped)
+{
+    const Path file = shop();
+    open(file);
+    show("customers");
+    const auto isEdited = [&] { return explorer().rows().isEdited(); };
+    // It is neither lost nor cut short by rows that are read anew.
+    ASSERT_NE(edit(1, 2, "Sorted"), nullptr);
+    explorer().rows().refresh();
+    EXPECT_TRUE(isEdited());
+    explorer().rows().sortBy(1, SortOrder::Descending);
+    EXPECT_FALSE(isEdited());
+    EXPECT_TRUE(waitFor([&] { return hasChanges(); }, Patience));
+    ASSERT_NE(edit(1, 2, "Committed"), nullptr);
+    trigger("commit");
+    ASSERT_TRUE(waitFor([&] { return !hasChanges(); }, Patience));
+    const std::string name = "SELECT name FROM customers WHERE id = 1";
+    EXPECT_EQ(stored(file, name), SQL::Value(std::string("Committed")));
+    ASSERT_NE(edit(1, 2, "Closed"), nullptr);
+    EXPECT_FALSE(explorer().window()->close());
+    answer(L"&Commit");
+    EXPECT_TRUE(waitFor([&] { return !explorer().window()->isVisible(); }, Patience));
+    EXPECT_EQ(stored(file, name), SQL::Value(std::string("Closed")));
+}
+
+TEST_F(Explorer, goesToTheEndBeforeItKnowsWhereThatIs)
+{
+    const Path file = m_folder / "long.db";
+    constexpr unsigned Count = 300'000;
+    SQL::Database(file, SQL::Database::Mode::Create)
+        .execute("CREATE TABLE long (a INTEGER PRIMARY KEY, b); WITH n(i) AS (VALUES(1) UNION ALL "
+                 "SELECT i + 1 FROM n WHERE i < "
+                 + std::to_string(Count) + ") INSERT INTO long SELECT i, i FROM n");
+    explorer().open(file);
+    ASSERT_TRUE(waitFor([&] { return explorer().rows().model() != nullptr; }, Patience));
+    const auto isListed = [&] { return !explorer().rows().isListing(); };
+    const auto isAtEnd = [&] {
+        return isListed() && rows().activeCell().row == Count && rows().isCellVisible(Count, 1);
+    };
+    press(rows(), Key::End, Modifier::Control);
+    ASSERT_TRUE(waitFor(isAtEnd, Patience));
+    EXPECT_TRUE(rows().isSelected(Count, rows().activeCell().column));
+    // And when it knows it, too; but not when its user goes elsewhere meanwhile.
+    press(rows(), Key::Home, Modifier::Control);
+    ASSERT_TRUE(waitFor([&] { return rows().activeCell().row < Count; }, Patience));
+    press(rows(), Key::End, Modifier::Control);
+    ASSERT_TRUE(waitFor(isAtEnd, Patience));
+    explorer().rows().refresh();
+    press(rows(), Key::End, Modifier::Control);
+    waitFor([turns = 0]() mutable { return ++turns > 3; }, Patience); // until that is reported
+    rows().imitateSetActiveCell({Count - 1, 1, nullptr});
+    ASSERT_TRUE(waitFor(isListed, Patience));
+    EXPECT_EQ(rows().activeCell().row, Count - 1);
+}
+
 TEST_F(Explorer, noticesWhatAnotherProgramChanges)
 {
     const Path file = shop();
@@ -200,10 +264,15 @@ TEST_F(Explorer, runsAndStopsWhatIsTyped)
     trigger("stop");
     ASSERT_TRUE(waitFor(isDone, Patience));
     EXPECT_EQ(summary->text(), "Stopped.");
-    // Only one name begins so.
-    explorer().query().setText("SELECT * FROM custom");
+    explorer().query().setText("SELECT * FROM cust");
     trigger("complete");
-    EXPECT_EQ(sql->text(), "SELECT * FROM customers");
+    ASSERT_TRUE(waitFor([&] { return !sql->suggestions().empty(); }, Patience));
+    EXPECT_EQ(sql->suggestions().front().text, L"customers");
+    sql->imitateTyping("omers WHERE nam");
+    ASSERT_TRUE(waitFor([&] { return sql->suggestions().size() == 1; }, Patience));
+    EXPECT_EQ(sql->suggestions().front().detail, L"customers");
+    sql->imitateSuggestion(0);
+    EXPECT_EQ(sql->text(), "SELECT * FROM customers WHERE name");
     EXPECT_EQ(static_cast<VXTableModel2*>(find<VXTableView2>("log")->viewModel())->rowCount(), 4U);
 }
 

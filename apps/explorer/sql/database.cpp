@@ -55,10 +55,30 @@ Database::Database(const std::filesystem::path& file, Mode mode)
     : m_file(std::filesystem::absolute(file))
 {
     checkUnlessMade(m_file, mode);
-    open(uriOf(m_file, mode),
-         mode == Mode::ReadOnly
-             ? SQLITE_OPEN_READONLY
-             : SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0));
+    try {
+        open(uriOf(m_file, mode),
+             mode == Mode::ReadOnly
+                 ? SQLITE_OPEN_READONLY
+                 : SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0));
+    } catch (const Error& error) {
+        const bool isRefused =
+            error.kind() == Error::Kind::ReadOnly || error.kind() == Error::Kind::NotReadable;
+        if (!isRefused || !isInLogMode(m_file))
+            throw;
+        openBesideNothing();
+    }
+}
+
+/// To read a file with a log takes two more beside it, where they cannot be made. Without a log the
+/// file is all there is.
+void Database::openBesideNothing()
+{
+    if (!isWithoutLogFile(m_file))
+        throw Error(Error::Kind::NotReadable,
+                    shownName(m_file) + " has a log beside it (" + m_file.filename().string()
+                        + "-wal), which cannot be read where nothing can be written; copy both to"
+                          " another folder");
+    open(uriOf(m_file, Mode::ReadOnly) + "&immutable=1", SQLITE_OPEN_READONLY);
 }
 
 std::unique_ptr<Database> Database::scratch()
@@ -72,7 +92,14 @@ std::unique_ptr<Database> Database::scratch()
     return database;
 }
 
-Database::~Database() { sqlite3_close_v2(m_handle); }
+/// Who has only looked leaves a log that others have left as it is, instead of putting what it says
+/// into the file.
+Database::~Database()
+{
+    if (m_handle && !m_hasWritten && !m_file.empty() && hasLog(m_file))
+        sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    sqlite3_close_v2(m_handle);
+}
 
 void Database::open(const std::string& name, int flags)
 {
@@ -96,6 +123,7 @@ void Database::configure()
     sqlite3_extended_result_codes(m_handle, 1);
     sqlite3_progress_handler(m_handle, 1000, &Database::onProgress, this);
     sqlite3_busy_handler(m_handle, &Database::onBusy, this);
+    sqlite3_commit_hook(m_handle, &Database::onCommit, this);
     sqlite3_rollback_hook(m_handle, &Database::onRollBack, this);
     // What stands in a file that somebody else has made is not trusted.
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -125,6 +153,12 @@ int Database::onBusy(void* self, int count)
         return 0;
     sqlite3_sleep(5);
     return 1;
+}
+
+int Database::onCommit(void* self)
+{
+    static_cast<Database*>(self)->m_hasWritten = true;
+    return 0;
 }
 
 void Database::onRollBack(void* self) { static_cast<Database*>(self)->m_isRolledBack = true; }

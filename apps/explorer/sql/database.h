@@ -102,10 +102,12 @@ private:
     friend class Statement;
 
     void open(const std::string& name, int flags);
+    void openBesideNothing();
     void configure();
     void noteTransaction();
     static int onProgress(void* self);
     static int onBusy(void* self, int count);
+    static int onCommit(void* self);
     static void onRollBack(void* self);
 
     std::filesystem::path m_file;
@@ -118,6 +120,7 @@ private:
     std::vector<bool> m_endings;          // of transactions: whether by a commit
     std::int64_t m_dataVersion = 0;
     bool m_hasUtf8 = true;
+    bool m_hasWritten = false; // and kept it
 };
 
 } // namespace SQL

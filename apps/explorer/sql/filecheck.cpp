@@ -54,18 +54,18 @@ bool looksEncrypted(std::string_view bytes)
     return different.size() > 190;
 }
 
-/// Whether the file is not all there is: then its length says nothing.
-bool hasLog(const std::filesystem::path& file)
+constexpr const char* LogEnding = "-wal";
+
+std::filesystem::path withEnding(std::filesystem::path file, const char* ending)
 {
-    std::error_code ignored;
-    for (const char* ending : {"-wal", "-journal"}) {
-        std::filesystem::path log = file;
-        log += ending;
-        const auto size = std::filesystem::file_size(log, ignored);
-        if (!ignored && size > 0)
-            return true;
-    }
-    return false;
+    return file += ending;
+}
+
+/// Whether there is such a file, with anything in it.
+bool isFilled(const std::filesystem::path& file)
+{
+    std::error_code fault;
+    return std::filesystem::file_size(file, fault) > 0 && !fault;
 }
 
 void checkHeader(const std::filesystem::path& file, std::string_view header, std::uintmax_t size)
@@ -88,7 +88,9 @@ void checkHeader(const std::filesystem::path& file, std::string_view header, std
                         + std::to_string(pageSize));
     const std::uintmax_t pages = bigEndian(header, 28, 4);
     const bool isCountValid = bigEndian(header, 24, 4) == bigEndian(header, 92, 4);
-    if (isCountValid && size < pages * pageSize && !hasLog(file))
+    // Where the file is not all there is, its length says nothing.
+    const bool isAll = !hasLog(file) && !isFilled(withEnding(file, "-journal"));
+    if (isCountValid && size < pages * pageSize && isAll)
         throw Error(Error::Kind::Truncated, name + " is truncated: it has " + std::to_string(size)
                                                 + " bytes, and its header says "
                                                 + std::to_string(pages * pageSize));
@@ -99,6 +101,23 @@ void checkHeader(const std::filesystem::path& file, std::string_view header, std
 std::string shownName(const std::filesystem::path& file)
 {
     return "\"" + file.filename().string() + "\"";
+}
+
+bool hasLog(const std::filesystem::path& file) { return isFilled(withEnding(file, LogEnding)); }
+
+bool isWithoutLogFile(const std::filesystem::path& file)
+{
+    std::error_code fault;
+    return !std::filesystem::exists(withEnding(file, LogEnding), fault) && !fault;
+}
+
+bool isInLogMode(const std::filesystem::path& file)
+{
+    constexpr std::size_t ReadVersion = 19;
+    std::ifstream stream(file, std::ios::binary);
+    std::string header(HeaderSize, '\0');
+    stream.read(header.data(), static_cast<std::streamsize>(header.size()));
+    return header.starts_with(Magic) && header[ReadVersion] == 2;
 }
 
 void checkDatabaseFile(const std::filesystem::path& file)

@@ -10,7 +10,27 @@ namespace SQL {
 
 namespace {
 
-constexpr std::size_t ColumnsAtOnce = 1000;
+std::vector<std::string> namesOf(const std::vector<ColumnInfo>& columns)
+{
+    std::vector<std::string> names;
+    for (const ColumnInfo& column : columns)
+        names.push_back(column.name);
+    return names;
+}
+
+/// Quoted, in the order of the key.
+std::vector<std::string> keyNamesOf(const std::vector<ColumnInfo>& columns)
+{
+    std::map<int, std::string> keys;
+    for (const ColumnInfo& column : columns) {
+        if (column.primaryKey > 0)
+            keys[column.primaryKey] = quoteName(column.name);
+    }
+    std::vector<std::string> names;
+    for (const auto& [place, quoted] : keys)
+        names.push_back(quoted);
+    return names;
+}
 
 } // namespace
 
@@ -50,25 +70,16 @@ private:
     bool m_isDone = false;
 };
 
-KeyedReader::KeyedReader(Database& database, ObjectName name, std::vector<ColumnInfo> columns)
-    : RowReader(database, std::move(name)),
-      EditableRows(database),
-      m_table(quoteName(m_name.database) + "." + quoteName(m_name.name)),
+KeyedReader::KeyedReader(Database& database, ObjectName name,
+                         const std::vector<ColumnInfo>& columns)
+    : TableReader(database, std::move(name), columns, namesOf(columns), keyNamesOf(columns)),
       m_scratch(Database::scratch())
 {
-    m_columns = std::move(columns);
-    std::map<int, std::string> keys; // by their place in the key
-    for (const ColumnInfo& column : m_columns) {
-        m_quotedNames.push_back(quoteName(column.name));
-        if (column.primaryKey > 0)
-            keys[column.primaryKey] = m_quotedNames.back();
-    }
     std::vector<std::string> copies;
     std::vector<std::string> parameters;
-    for (const auto& [place, quoted] : keys) {
-        m_keyNames.push_back(quoted);
-        copies.push_back("k" + std::to_string(copies.size()));
-        parameters.push_back("?" + std::to_string(copies.size()));
+    for (std::size_t i = 0; i < m_keyNames.size(); ++i) {
+        copies.push_back("k" + std::to_string(i));
+        parameters.push_back("?" + std::to_string(i + 1));
     }
     const std::string all = joined(copies);
     m_scratch->execute("CREATE TABLE keys(" + all + ", UNIQUE(" + all + "))");
@@ -102,12 +113,6 @@ std::unique_ptr<RowListing> KeyedReader::list(const RowOrder& order, const Cance
     return std::make_unique<Listing>(*this, order, token);
 }
 
-std::uint64_t KeyedReader::count(const CancelToken& token)
-{
-    const Value count = m_database->scalar("SELECT count(*) FROM " + m_table, token);
-    return static_cast<std::uint64_t>(std::get<std::int64_t>(count));
-}
-
 void KeyedReader::readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
                             std::size_t limit)
 {
@@ -129,23 +134,6 @@ void KeyedReader::readBlock(std::vector<Row>& rows, const std::vector<std::size_
     }
 }
 
-std::vector<RowReader::Row> KeyedReader::read(const std::vector<unsigned>& numbers,
-                                              const std::vector<std::size_t>& columns,
-                                              std::size_t limit, const CancelToken& token)
-{
-    const CancelScope scope(*m_database, token);
-    std::vector<Row> rows;
-    rows.reserve(numbers.size());
-    for (unsigned number : numbers)
-        rows.push_back({number, false, {}});
-    for (std::size_t at = 0; at == 0 || at < columns.size(); at += ColumnsAtOnce) {
-        const auto begin = columns.begin() + static_cast<std::ptrdiff_t>(at);
-        const auto size = std::min(columns.size() - at, ColumnsAtOnce);
-        readBlock(rows, {begin, begin + static_cast<std::ptrdiff_t>(size)}, limit);
-    }
-    return rows;
-}
-
 Value KeyedReader::cell(unsigned row, std::size_t column, const CancelToken& token)
 {
     auto rows = read({row}, {column}, static_cast<std::size_t>(-1), token);
@@ -156,19 +144,6 @@ std::string KeyedReader::bytes(unsigned row, std::size_t column, std::int64_t of
                                std::size_t size)
 {
     return partOf(cell(row, column, {}), offset, size);
-}
-
-void KeyedReader::forEach(const RowOrder& order,
-                          const std::function<bool(const std::vector<Value>&)>& sink,
-                          const CancelToken& token)
-{
-    const CancelScope scope(*m_database, token);
-    const OrderSql sql = sqlOf(order);
-    Statement statement(*m_database,
-                        "SELECT " + joined(m_quotedNames) + " FROM " + m_table + sql.clauses);
-    sql.bindTo(statement);
-    while (statement.step() && sink(statement.values())) {
-    }
 }
 
 std::optional<EditableRows::Key> KeyedReader::keyOf(unsigned row)

@@ -12,18 +12,6 @@ namespace SQL {
 
 namespace {
 
-/// The database has a limit for columns of a result, and each takes two here.
-constexpr std::size_t ColumnsAtOnce = 500;
-
-std::vector<std::string> quotedNames(const std::vector<std::string>& names)
-{
-    std::vector<std::string> quoted;
-    quoted.reserve(names.size());
-    std::transform(names.begin(), names.end(), std::back_inserter(quoted),
-                   [](const std::string& name) { return quoteName(name); });
-    return quoted;
-}
-
 /// Whether the declared type lets numbers be expected; others are found all the same.
 bool isOfNumbers(const std::string& type)
 {
@@ -38,17 +26,12 @@ bool isSameName(const std::string& a, const char* b) { return sqlite3_stricmp(a.
 } // namespace
 
 RowIdReader::RowIdReader(Database& database, ObjectName name, Source source)
-    : RowReader(database, std::move(name)),
-      EditableRows(database),
-      m_table(quoteName(m_name.database) + "." + quoteName(m_name.name)),
+    : TableReader(database, std::move(name), std::move(source.columns), source.names,
+                  {std::move(source.id)}),
       m_names(std::move(source.names)),
-      m_quotedNames(quotedNames(m_names)),
-      m_keyNames{std::move(source.id)},
       m_isEditable(source.isEditable),
       m_isSeekable(source.isSeekable)
-{
-    m_columns = std::move(source.columns);
-}
+{}
 
 std::optional<std::string> RowIdReader::idName(Database& database, const ObjectName& table,
                                                const std::vector<ColumnInfo>& columns)
@@ -110,12 +93,6 @@ bool RowIdReader::isSortedByHand(const std::string& sql)
     return isSorted;
 }
 
-std::uint64_t RowIdReader::count(const CancelToken& token)
-{
-    const Value count = m_database->scalar("SELECT count(*) FROM " + m_table, token);
-    return static_cast<std::uint64_t>(std::get<std::int64_t>(count));
-}
-
 /// For each column its value, unless it is a blob over the limit; and the size of such a blob. Both
 /// are told without reading the blob.
 Statement& RowIdReader::statementFor(const std::vector<std::size_t>& columns)
@@ -163,23 +140,6 @@ void RowIdReader::readBlock(std::vector<Row>& rows, const std::vector<std::size_
     }
 }
 
-std::vector<RowReader::Row> RowIdReader::read(const std::vector<unsigned>& numbers,
-                                              const std::vector<std::size_t>& columns,
-                                              std::size_t limit, const CancelToken& token)
-{
-    const CancelScope scope(*m_database, token);
-    std::vector<Row> rows;
-    rows.reserve(numbers.size());
-    for (unsigned number : numbers)
-        rows.push_back({number, false, {}});
-    for (std::size_t at = 0; at == 0 || at < columns.size(); at += ColumnsAtOnce) {
-        const auto begin = columns.begin() + static_cast<std::ptrdiff_t>(at);
-        const auto size = std::min(columns.size() - at, ColumnsAtOnce);
-        readBlock(rows, {begin, begin + static_cast<std::ptrdiff_t>(size)}, limit);
-    }
-    return rows;
-}
-
 Value RowIdReader::cell(unsigned row, std::size_t column, const CancelToken& token)
 {
     const std::optional<std::int64_t> id = idOf(row);
@@ -225,17 +185,9 @@ std::string RowIdReader::bytes(unsigned row, std::size_t column, std::int64_t of
     return partOf(cell(row, column, {}), offset, size);
 }
 
-void RowIdReader::forEach(const RowOrder& order,
-                          const std::function<bool(const std::vector<Value>&)>& sink,
-                          const CancelToken& token)
+OrderSql RowIdReader::sqlOf(const RowOrder& order) const
 {
-    const CancelScope scope(*m_database, token);
-    const OrderSql sql = orderSql(order, m_columns, m_quotedNames, m_keyNames);
-    Statement statement(*m_database,
-                        "SELECT " + joined(m_quotedNames) + " FROM " + m_table + sql.clauses);
-    sql.bindTo(statement);
-    while (statement.step() && sink(statement.values())) {
-    }
+    return orderSql(order, m_columns, m_quotedNames, m_keyNames);
 }
 
 std::optional<EditableRows::Key> RowIdReader::keyOf(unsigned row)

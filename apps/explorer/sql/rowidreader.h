@@ -1,17 +1,15 @@
 #pragma once
 
-#include "sql/editablerows.h"
-#include "sql/ordersql.h"
 #include "sql/rownumbers.h"
-#include "sql/rowreader.h"
 #include "sql/statement.h"
+#include "sql/tablereader.h"
 
 #include <optional>
 
 namespace SQL {
 
 /// Rows of a table with row ids.
-class RowIdReader : public RowReader, public EditableRows
+class RowIdReader : public TableReader
 {
 public:
     /// How a table is read.
@@ -32,18 +30,10 @@ public:
 
     bool isEditable() const override { return m_isEditable; }
     std::unique_ptr<RowListing> list(const RowOrder& order, const CancelToken& token) override;
-    std::uint64_t count(const CancelToken& token) override;
-    std::vector<Row> read(const std::vector<unsigned>& rows,
-                          const std::vector<std::size_t>& columns, std::size_t limit,
-                          const CancelToken& token) override;
     Value cell(unsigned row, std::size_t column, const CancelToken& token) override;
     std::string bytes(unsigned row, std::size_t column, std::int64_t offset,
                       std::size_t size) override;
-    void forEach(const RowOrder& order, const std::function<bool(const std::vector<Value>&)>& sink,
-                 const CancelToken& token) override;
 
-    std::string tableSql() const override { return m_table; }
-    const std::vector<std::string>& keyNames() const override { return m_keyNames; }
     std::optional<Key> keyOf(unsigned row) override;
     unsigned rowOf(const Key& key) override;
 
@@ -52,15 +42,13 @@ private:
     std::optional<std::int64_t> idOf(unsigned row);
     bool isSortedByHand(const std::string& sql);
     void readBlock(std::vector<Row>& rows, const std::vector<std::size_t>& columns,
-                   std::size_t limit);
+                   std::size_t limit) override;
+    OrderSql sqlOf(const RowOrder& order) const override;
     Statement& statementFor(const std::vector<std::size_t>& columns);
     std::optional<std::string> seekBytes(std::int64_t id, std::size_t column, std::int64_t offset,
                                          std::size_t size);
 
-    std::string m_table;
     std::vector<std::string> m_names; // as the database has them
-    std::vector<std::string> m_quotedNames;
-    std::vector<std::string> m_keyNames;
     bool m_isEditable;
     bool m_isSeekable;
     RowNumbers m_numbers;

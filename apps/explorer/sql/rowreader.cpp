@@ -15,7 +15,7 @@ std::shared_ptr<RowReader> RowReader::open(Database& database, const ObjectName&
     std::vector<ColumnInfo> columns = all;
     std::erase_if(columns, [](const ColumnInfo& column) { return column.isHidden; });
     if (object.isWithoutRowId && !object.isVirtual)
-        return std::make_shared<KeyedReader>(database, table, std::move(columns));
+        return std::make_shared<KeyedReader>(database, table, columns);
 
     if (object.kind == ObjectKind::Table)
         if (const auto id = RowIdReader::idName(database, table, all)) {

@@ -61,6 +61,37 @@ void applyTraits(SchemaObject& object, const std::map<std::string, TableTraits>&
     object.isSystem |= found->second.isShadow;
 }
 
+/// What a query answers for a table, or an index, of a database; one of each row.
+template <class Read>
+auto readRows(Database& database, const std::string& sql, const ObjectName& object, Read read)
+{
+    Statement list(database, sql);
+    list.bindText(1, object.name).bindText(2, object.database);
+    std::vector<decltype(read(list))> all;
+    while (list.step())
+        all.push_back(read(list));
+    return all;
+}
+
+ColumnInfo readColumn(const Statement& row)
+{
+    ColumnInfo column;
+    column.name = row.text(0);
+    column.type = row.text(1);
+    column.isNotNull = row.integer(2) != 0;
+    if (!row.isNullAt(3))
+        column.defaultValue = row.text(3);
+    column.primaryKey = static_cast<int>(row.integer(4));
+    column.isHidden = row.integer(5) == 1;
+    column.isGenerated = row.integer(5) >= 2;
+    return column;
+}
+
+IndexInfo readIndex(const Statement& row)
+{
+    return {row.text(0), row.integer(1) != 0, row.integer(3) != 0, row.text(2), {}};
+}
+
 } // namespace
 
 std::vector<DatabaseInfo> Database::databases()
@@ -114,22 +145,11 @@ std::string Database::sqlOf(const ObjectName& object)
 
 std::vector<ColumnInfo> Database::columns(const ObjectName& table)
 {
-    std::vector<ColumnInfo> columns;
     // Of a view that fails it says nothing; reading it does.
-    Statement list(*this, "SELECT name, type, \"notnull\", dflt_value, pk, hidden"
-                          " FROM pragma_table_xinfo(?1, ?2)");
-    list.bindText(1, table.name).bindText(2, table.database);
-    while (list.step()) {
-        ColumnInfo& column = columns.emplace_back();
-        column.name = list.text(0);
-        column.type = list.text(1);
-        column.isNotNull = list.integer(2) != 0;
-        if (!list.isNullAt(3))
-            column.defaultValue = list.text(3);
-        column.primaryKey = static_cast<int>(list.integer(4));
-        column.isHidden = list.integer(5) == 1;
-        column.isGenerated = list.integer(5) >= 2;
-    }
+    auto columns = readRows(*this,
+                            "SELECT name, type, \"notnull\", dflt_value, pk, hidden"
+                            " FROM pragma_table_xinfo(?1, ?2)",
+                            table, &readColumn);
     if (columns.empty())
         Statement(*this,
                   "SELECT * FROM " + quoteName(table.database) + "." + quoteName(table.name));
@@ -138,31 +158,25 @@ std::vector<ColumnInfo> Database::columns(const ObjectName& table)
 
 std::vector<IndexInfo> Database::indexes(const ObjectName& table)
 {
-    std::vector<IndexInfo> indexes;
-    Statement list(*this, "SELECT name, \"unique\", origin, partial FROM pragma_index_list(?1, ?2)"
-                          " ORDER BY name COLLATE NOCASE");
-    list.bindText(1, table.name).bindText(2, table.database);
-    while (list.step())
-        indexes.push_back(
-            {list.text(0), list.integer(1) != 0, list.integer(3) != 0, list.text(2), {}});
-    for (IndexInfo& index : indexes) {
-        Statement columns(*this, "SELECT name FROM pragma_index_info(?1, ?2) ORDER BY seqno");
-        columns.bindText(1, index.name).bindText(2, table.database);
-        while (columns.step())
-            index.columns.push_back(columns.text(0));
-    }
+    auto indexes = readRows(*this,
+                            "SELECT name, \"unique\", origin, partial"
+                            " FROM pragma_index_list(?1, ?2) ORDER BY name COLLATE NOCASE",
+                            table, &readIndex);
+    for (IndexInfo& index : indexes)
+        index.columns = readRows(*this, "SELECT name FROM pragma_index_info(?1, ?2) ORDER BY seqno",
+                                 {table.database, index.name},
+                                 [](const Statement& row) { return row.text(0); });
     return indexes;
 }
 
 std::vector<ForeignKeyInfo> Database::foreignKeys(const ObjectName& table)
 {
-    std::vector<ForeignKeyInfo> keys;
-    Statement list(*this, "SELECT \"from\", \"table\", \"to\" FROM pragma_foreign_key_list(?1, ?2)"
-                          " ORDER BY id, seq");
-    list.bindText(1, table.name).bindText(2, table.database);
-    while (list.step())
-        keys.push_back({list.text(0), list.text(1), list.text(2)});
-    return keys;
+    return readRows(*this,
+                    "SELECT \"from\", \"table\", \"to\" FROM pragma_foreign_key_list(?1, ?2)"
+                    " ORDER BY id, seq",
+                    table, [](const Statement& row) {
+                        return ForeignKeyInfo{row.text(0), row.text(1), row.text(2)};
+                    });
 }
 
 } // namespace SQL
