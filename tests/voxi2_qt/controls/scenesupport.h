@@ -36,14 +36,25 @@ protected:
         ASSERT_TRUE(waitFor([&] { return !m_frames.isEmpty(); }));
     }
 
-    /// What the scene looks like.
+    /// Pixels for each unit.
+    double ratio() const { return qt(*m_scene)->devicePixelRatioF(); }
+    QSize pixels() const { return qt(*m_scene)->size() * ratio(); }
+    /// The pixel in whose middle, or next to it, that of the unit lies.
+    QPoint pixelAt(QPoint unit) const
+    {
+        return {int((unit.x() + 0.5) * ratio()), int((unit.y() + 0.5) * ratio())};
+    }
+
+    /// What the scene looks like, with all its pixels.
     QImage picture() const
     {
         return qt(*m_scene)->grab().toImage().convertToFormat(QImage::Format_RGB32);
     }
-    QRgb middle() const { return picture().pixel(qt(*m_scene)->rect().center()); }
+    QRgb colorAt(QPoint unit) const { return picture().pixel(pixelAt(unit)); }
+    QRgb middle() const { return colorAt(qt(*m_scene)->rect().center()); }
 
-    QPoint onScreen(QPoint point) const { return qt(*m_scene)->mapToGlobal(point); }
+    /// In pixels.
+    QPoint onScreen(QPoint unit) const { return pixelAt(qt(*m_scene)->mapToGlobal(unit)); }
 
     VXWindow2 m_window;
     VXHGScene2* m_scene = new VXHGScene2(&m_window);

@@ -77,10 +77,10 @@ TEST_F(SceneHooks, drawOverTheNodesWhichGoOnAsBefore)
     EXPECT_EQ(m_size, (Size<int>{before.width(), before.height()}));
     EXPECT_TRUE(waitFor([&] { return middle() == qRgb(255, 0, 0); }));
     m_window.resize({400, 300});
-    ASSERT_TRUE(waitFor([&] { return m_size.width > 320; }));
+    ASSERT_TRUE(waitFor([&] { return m_size.width > before.width(); }));
 
     m_window.resize({320, 240});
-    ASSERT_TRUE(waitFor([&] { return qt(*m_scene)->width() == before.width(); }));
+    ASSERT_TRUE(waitFor([&] { return pixels() == before.size(); }));
     m_told.clear();
     m_scene->setHook({});
     EXPECT_EQ(m_told, "release ");
@@ -98,6 +98,8 @@ TEST_F(SceneHooks, comeIntoTheContextOfAnotherWindow)
 {
     m_scene->setNode({.uid = 1});
     m_scene->setGeometry(1, coloredBox(3));
+    m_scene->setNode({.uid = 2});
+    m_scene->setBillboard(2, {.text = L"label", .background = Color(0, 255, 0), .isOnTop = true});
     const QImage before = picture();
     m_scene->setHook({.initialize = [this](const SceneFrame&) { m_told += "initialize "; },
                       .draw = [this](const SceneFrame&) { ++m_drawn; },
@@ -113,8 +115,9 @@ TEST_F(SceneHooks, comeIntoTheContextOfAnotherWindow)
     EXPECT_EQ(m_told, "initialize release initialize ");
     EXPECT_EQ(picture(), before);
     // Alone, as a window.
+    const QSize size = qt(*m_scene)->size();
     m_scene->setParent(nullptr);
-    m_scene->resize({before.width(), before.height()});
+    m_scene->resize({size.width(), size.height()});
     m_drawn = 0;
     m_scene->show();
     EXPECT_TRUE(waitFor([&] { return m_drawn > 0; }));

@@ -87,6 +87,11 @@ TEST_F(Browser, propertiesMoveButNeverIntoThemselves)
     m_browser->addProperty(new VXSimpleProperty2("lost", &m_owner), &elsewhere);
     m_browser->addProperty(nullptr, a);
     EXPECT_EQ(shown(), "a= b= (c=1)");
+
+    m_browser->setCurrent(a);
+    m_browser->addProperty(b, a);
+    EXPECT_EQ(shown(), "a= (b= (c=1))");
+    EXPECT_TRUE(m_browser->isExpanded(b)) << "nothing in it is current";
 }
 
 TEST_F(Browser, whatIsRemovedOrEndsGoesWithWhatIsInIt)
@@ -305,6 +310,9 @@ TEST_F(Browser, reportsWhatItsUserDoesAndNothingElse)
     click("group", 0);
     EXPECT_EQ(current.only().property(), group);
     EXPECT_EQ(current.only().browser(), m_browser);
+    click("group", 1);
+    EXPECT_EQ(current.count(), 1) << "it is still the same";
+    click("group", 0);
     QTest::keyClick(&tree(), Qt::Key_Right);
     EXPECT_EQ(expanded.only().property(), group);
     QTest::keyClick(&tree(), Qt::Key_Left);

@@ -155,6 +155,16 @@ TEST_F(PropertyEditing, takesOverWhatIsTypedWhenItsUserIsDone)
     EXPECT_EQ(m_factory->m_committed, 2);
 }
 
+/// It says what it shows each time that it is asked, and nothing when that is another.
+TEST_F(PropertyEditing, whatAPropertyMakesOfACommitIsShown)
+{
+    std::wstring said = L"before";
+    m_browser->addProperty(new AskedProperty([&] { return said; }, &m_owner));
+    m_factory->m_commit = [&] { said = L"after"; };
+    QTest::keyClick(&open("asked"), Qt::Key_Return);
+    EXPECT_EQ(shown(), "text=one other=two asked=after");
+}
+
 TEST_F(PropertyEditing, tabGoesOnToTheNextValue)
 {
     QLineEdit& line = open();
