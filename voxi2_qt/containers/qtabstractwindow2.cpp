@@ -3,6 +3,7 @@
 #include "../kernel/qtapplicationwatch.h"
 #include "../kernel/qtcomposedwindows.h"
 #include "../kernel/qtcompositor.h"
+#include "../kernel/qtignored.h"
 #include "../kernel/qtsavedtext.h"
 #include "voxi2_qt/kernel/qtclosingwindow.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -103,10 +104,10 @@ void QtAbstractWindow2::doSetActiveWindow()
 
 void QtAbstractWindow2::doRestoreGeometry(const std::string& geometry)
 {
-    if (isSavedText(GeometryKind, geometry))
-        doRestoreWindowGeometry(geometry);
-    else
+    if (!isSavedText(GeometryKind, geometry))
         changeState([&] { QtWidget2::doRestoreGeometry(geometry); });
+    else if (!doRestoreWindowGeometry(geometry))
+        ignored(*this, "that is not all of a text of savePlacement");
 }
 
 void QtAbstractWindow2::doSetTitle(const std::string& title)

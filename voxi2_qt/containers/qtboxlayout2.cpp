@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtboxlayout2.h"
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -122,8 +123,8 @@ void QtBoxLayout2::doInsertSpacer(int index, int size, int stretch)
 void QtBoxLayout2::doSetStretchFactor(VXObject* widget, int stretch)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (child)
-            setStretchFactor(child, stretch);
+        if (!child || !setStretchFactor(child, stretch))
+            ignored(*this, Reason::NotInThis);
     });
 }
 

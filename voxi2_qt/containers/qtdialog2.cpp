@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtdialog2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2/controls/vxbutton2.h"
 
 #include <QKeyEvent>
@@ -45,6 +46,8 @@ void QtDialog2::doSetDefaultButton(VXButton2* button)
             widget ? qobject_cast<QPushButton*>(widget) : defaultButtonOf(*this);
         if (changed && changed->window() == this)
             changed->setDefault(widget != nullptr);
+        else if (widget)
+            ignored(*this, "that is no button in this dialog");
     });
 }
 

@@ -6,14 +6,9 @@
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 #include "voxi2_qt/kernel/qttext.h"
 
-#include <QAbstractButton>
 #include <QFileInfo>
 #include <QLineEdit>
-#include <QMenu>
 #include <QUrl>
-
-#include <algorithm>
-#include <utility>
 
 namespace VOXI {
 
@@ -42,7 +37,9 @@ const auto s_requests = TROV::operations<E>(
     TROV::row<&E::setPlaces, &P::doSetPlaces>(),
     TROV::row<&E::getPlaces, &P::doGetPlaces>(),
     TROV::row<&E::saveState, &P::doSaveState>(),
-    TROV::row<&E::restoreState, &P::doRestoreState>());
+    TROV::row<&E::restoreState, &P::doRestoreState>(),
+    TROV::row<&E::setNative, &P::doSetNative>(),
+    TROV::row<&E::isNative, &P::doIsNative>());
 // clang-format on
 
 constexpr char StateKind[] = "voxi-files";
@@ -74,8 +71,6 @@ QString toQtFilter(const FileFilter& filter)
         patterns.append(QStringLiteral("*"));
     return toQString(filter.name) + QStringLiteral(" (") + patterns.join(u' ') + u')';
 }
-
-QString inUsersLanguage(LibraryText english) { return toQString(translated(english)); }
 
 struct Label
 {
@@ -116,38 +111,13 @@ QtFileDialog2::QtFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitt
     doSetMode(FileDialogMode::OpenFile);
 }
 
-void QtFileDialog2::deferDelete()
+QtFileDialog2::~QtFileDialog2()
 {
-    // Qt runs the context menu and the questions of its commands on its stack, as children: the
-    // dialog must not go before they have ended.
-    bool isRunning = false;
-    for (QWidget* each : findChildren<QWidget*>()) {
-        const bool mayRun = qobject_cast<QMenu*>(each) || qobject_cast<QDialog*>(each);
-        // Dialogs and menus of the program's own go with this one.
-        if (!mayRun || !each->isVisible() || each == m_question || peerOf(each))
-            continue;
-        // Nothing waits for those, as the menu of a line edit, and hidden they would stay.
-        if (each->testAttribute(Qt::WA_DeleteOnClose)) {
-            each->close();
-            continue;
-        }
-        isRunning = true;
-        connect(each, &QObject::destroyed, this, &QObject::deleteLater);
-        each->hide(); // which ends its loop
-    }
-    if (!isRunning) {
-        QtDialog2Shim::deferDelete();
+    if (!m_platform)
         return;
-    }
-    hide();
-    m_isWaiting = true;
-    setParent(nullptr); // which may be going now
-}
-
-void QtFileDialog2::endAlone()
-{
-    if (!m_isWaiting)
-        QtDialog2Shim::endAlone();
+    m_platform->disconnect(this);
+    m_platform->hide();
+    m_platform->deleteLater(); // its signal may be on the stack
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -161,6 +131,7 @@ void QtFileDialog2::doAccept()
 void QtFileDialog2::doSetMode(FileDialogMode mode)
 {
     m_mode = mode;
+    m_platformFiles.reset();
     const bool saving = mode == FileDialogMode::SaveFile;
     const bool directory = mode == FileDialogMode::Directory;
     setAcceptMode(saving ? AcceptSave : AcceptOpen);
@@ -179,10 +150,14 @@ void QtFileDialog2::doSetDirectory(const Path& directory)
 {
     const QtSignalBlocker signals(this);
     const QString name = toQFileName(directory);
-    if (!name.isEmpty() && QFileInfo(name).isDir())
-        setDirectory(name);
-    else
+    if (name.isEmpty() || !QFileInfo(name).isDir()) {
         ignored(*this, "there is no such directory");
+        return;
+    }
+    setDirectory(name);
+    m_platformFiles.reset();
+    if (m_platform)
+        goToPlatformDirectory(name);
 }
 
 void QtFileDialog2::doSetFilters(const std::vector<FileFilter>& filters)
@@ -197,16 +172,19 @@ void QtFileDialog2::doSetFilters(const std::vector<FileFilter>& filters)
         names.append(name);
     }
     if (names.isEmpty())
-        names.append(inUsersLanguage("All files") + QStringLiteral(" (*)"));
+        names.append(toQString(translated("All files")) + QStringLiteral(" (*)"));
     setNameFilters(names);
 }
 
 void QtFileDialog2::doSetSelectedFilter(int index)
 {
-    if (index >= 0 && index < static_cast<int>(m_filters.size()))
-        selectNameFilter(nameFilters().at(index));
-    else
+    if (index < 0 || index >= static_cast<int>(m_filters.size())) {
         ignored(*this, Reason::NoIndex);
+        return;
+    }
+    selectNameFilter(nameFilters().at(index));
+    if (m_platform)
+        m_platform->selectNameFilter(nameFilters().at(index));
 }
 
 void QtFileDialog2::doSetDefaultSuffix(const std::wstring& suffix)
@@ -224,7 +202,10 @@ void QtFileDialog2::doSelectFile(const Path& file)
     if (file.empty())
         return;
     const QtSignalBlocker signals(this);
-    const QFileInfo info(directory().absoluteFilePath(toQFileName(file)));
+    const QFileInfo info(shownDialog().directory().absoluteFilePath(toQFileName(file)));
+    m_platformFiles.reset();
+    if (m_platform)
+        m_platform->selectFile(info.absoluteFilePath());
     if (info.absoluteDir().exists())
         setDirectory(info.absolutePath());
     selectFile(info.fileName());
@@ -237,14 +218,15 @@ FileDialogMode QtFileDialog2::doGetMode() { return m_mode; }
 
 QtFileDialog2::Path QtFileDialog2::doGetDirectory()
 {
-    return toFilePath(directory().absolutePath());
+    return toFilePath(shownDialog().directory().absolutePath());
 }
 
 std::vector<FileFilter> QtFileDialog2::doGetFilters() { return m_filters; }
 
 int QtFileDialog2::doGetSelectedFilter()
 {
-    return m_filters.empty() ? -1 : static_cast<int>(nameFilters().indexOf(selectedNameFilter()));
+    const QString chosen = shownDialog().selectedNameFilter();
+    return m_filters.empty() ? -1 : static_cast<int>(nameFilters().indexOf(chosen));
 }
 
 std::wstring QtFileDialog2::doGetDefaultSuffix() { return toStdWString(m_suffix); }
@@ -294,6 +276,9 @@ bool QtFileDialog2::doRestoreState(const std::string& state)
     return bytes && restoreState(*bytes);
 }
 
+void QtFileDialog2::doSetNative(bool native) { m_isNative = native; }
+bool QtFileDialog2::doIsNative() { return m_isNative; }
+
 // Reports -----------------------------------------------------------------------------------------
 
 void QtFileDialog2::connectSignals()
@@ -312,43 +297,7 @@ void QtFileDialog2::slotDirectoryEntered(const QString& path)
     report(&E::directoryEntered, toFilePath(path));
 }
 
-void QtFileDialog2::accept()
-{
-    if (m_question || enterTypedDirectory())
-        return;
-    if (const QString missing = missingFile(); !missing.isNull()) {
-        ask(QMessageBox::Ok,
-            inUsersLanguage("%1 does not exist.\nPlease check the name.").arg(missing));
-        return;
-    }
-    if (m_mode == FileDialogMode::SaveFile && m_confirmOverwrite) {
-        const QStringList files = chosenFiles();
-        if (!files.isEmpty() && QFileInfo::exists(files.first())) {
-            ask(QMessageBox::Yes | QMessageBox::No,
-                inUsersLanguage("%1 exists already.\nDo you want to replace it?")
-                    .arg(QFileInfo(files.first()).fileName()));
-            return;
-        }
-    }
-    QFileDialog::accept();
-}
-
-void QtFileDialog2::reportEnd(int result)
-{
-    const QPointer<QWidget> self(this);
-    if (result == QDialog::Accepted)
-        report(&E::filesChosen, doGetSelectedFiles());
-    if (self)
-        QtDialog2Shim::reportEnd(result);
-}
-
 // Helpers -----------------------------------------------------------------------------------------
-
-/// Where the user types.
-QLineEdit* QtFileDialog2::nameEdit() const
-{
-    return findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-}
 
 void QtFileDialog2::applySuffix()
 {
@@ -368,74 +317,6 @@ void QtFileDialog2::applyLabels()
         if (!text.isEmpty())
             setLabelText(each.m_qtLabel, text);
     }
-}
-
-/// Whether the user has typed the name of a directory; then the dialog goes there. Qt would see a
-/// name without a suffix.
-bool QtFileDialog2::enterTypedDirectory()
-{
-    QLineEdit* const edit = nameEdit();
-    if (m_mode != FileDialogMode::SaveFile || !edit || edit->text().isEmpty())
-        return false;
-    const QString name = directory().absoluteFilePath(edit->text());
-    if (!QFileInfo(name).isDir())
-        return false;
-    setDirectory(name);
-    edit->clear();
-    return true;
-}
-
-QStringList QtFileDialog2::chosenFiles() const
-{
-    QStringList files = selectedFiles();
-    // Where nothing is chosen Qt names the directory that is shown; and it goes into directories.
-    if (m_mode != FileDialogMode::Directory)
-        files.removeIf([](const QString& file) { return QFileInfo(file).isDir(); });
-    return files;
-}
-
-/// The first one of what is to exist and does not; null when all does.
-QString QtFileDialog2::missingFile() const
-{
-    if (m_mode == FileDialogMode::SaveFile)
-        return QString();
-    for (const QString& file : selectedFiles()) {
-        const QFileInfo info(file);
-        // Qt knows names of environment variables.
-        if (!info.exists() && !info.fileName().startsWith(u'$'))
-            return info.fileName();
-    }
-    return QString();
-}
-
-void QtFileDialog2::ask(QMessageBox::StandardButtons buttons, const QString& text)
-{
-    m_question = new QMessageBox(QMessageBox::Warning, windowTitle(), text, buttons, this);
-    m_question->setTextFormat(Qt::PlainText);
-    for (const auto& [button, english] : {std::pair(QMessageBox::Ok, LibraryText("&OK")),
-                                          {QMessageBox::Yes, LibraryText("&Yes")},
-                                          {QMessageBox::No, LibraryText("&No")}}) {
-        const std::wstring label = translationOf(english);
-        if (QAbstractButton* const shown = m_question->button(button); shown && !label.empty())
-            shown->setText(toQString(label));
-    }
-    m_question->setAttribute(Qt::WA_DeleteOnClose);
-    if (buttons.testFlag(QMessageBox::No))
-        m_question->setDefaultButton(QMessageBox::No);
-    connect(m_question, &QDialog::finished, this, [this](int answer) {
-        m_question = nullptr;
-        if (answer == QMessageBox::Yes)
-            QFileDialog::accept();
-    });
-    m_question->open();
-}
-
-void QtFileDialog2::setVisible(bool visible)
-{
-    const QPointer<QWidget> self(this);
-    QtDialog2Shim::setVisible(visible);
-    if (self && !visible && m_question)
-        delete m_question.data();
 }
 
 } // namespace VOXI

@@ -145,8 +145,12 @@ int QtGridLayout2::doGetVerticalSpacing() { return verticalSpacing(); }
 
 void QtGridLayout2::doSetCell(VXObject* widget, VXRect<int> cell)
 {
-    if (doGetItemIndex(widget) >= 0 && hasRoomFor(cell))
+    if (doGetItemIndex(widget) < 0) {
+        if (!widget || lookup(widget))
+            ignored(*this, Reason::NotInThis);
+    } else if (hasRoomFor(cell)) {
         doGridAddWidget(widget, cell, doGetAlignment(widget));
+    }
 }
 
 VXRect<int> QtGridLayout2::doGetCell(VXObject* widget)

@@ -1,5 +1,6 @@
 #include "voxi2_qt/containers/qtgroupbox2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qthandlerframe.h"
@@ -57,6 +58,10 @@ bool QtGroupBox2::doIsCheckable() { return isCheckable(); }
 
 void QtGroupBox2::doSetChecked(bool checked)
 {
+    if (!isCheckable()) {
+        ignored(*this, "the group is not checkable");
+        return;
+    }
     const QtProgramScope scope; // the focus may go on
     const QtSignalBlocker signals(this);
     setChecked(checked);

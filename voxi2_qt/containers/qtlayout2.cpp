@@ -152,8 +152,10 @@ void QtLayout2::doRefresh() { layout()->activate(); }
 void QtLayout2::doRemoveWidget(VXObject* widget)
 {
     withWidgetOf(widget, [&](QWidget* child) {
-        if (!child)
+        if (!child || layout()->indexOf(child) < 0) {
+            ignored(*this, Reason::NotInThis);
             return;
+        }
         layout()->removeWidget(child);
         layout()->invalidate();
     });
@@ -186,6 +188,8 @@ void QtLayout2::doSetAlignment(VXObject* item, Alignment alignment)
     if (QLayoutItem* const found = itemOf(item)) {
         found->setAlignment(VX2Qt(alignment));
         layout()->invalidate();
+    } else if (!item || lookup(item)) {
+        ignored(*this, Reason::NotInThis);
     }
 }
 

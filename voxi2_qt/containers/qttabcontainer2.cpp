@@ -107,7 +107,7 @@ std::vector<VXObject*> QtTabContainer2::doGetChildren(bool recursive)
 void QtTabContainer2::doInsertTab(VXTab2* tab, int index)
 {
     withPeerOf<QtTab2>(tab, [&](QtTab2* page) {
-        if (page && !isWithin(page, this))
+        if (canHold(*this, this, page))
             insertPage(*page, index);
     });
 }
@@ -117,6 +117,8 @@ void QtTabContainer2::doRemoveTab(VXTab2* tab)
     withPeerOf<QtTab2>(tab, [this](QtTab2* page) {
         if (page && indexOf(page) >= 0)
             page->leave();
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

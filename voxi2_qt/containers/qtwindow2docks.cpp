@@ -254,8 +254,10 @@ bool QtWindow2::doRestoreLayout(const std::string& layout)
 void QtWindow2::doSetDockSize(VXDockWidget2* dock, int size, Orientation orientation)
 {
     withDockOf(dock, [&](QtDockWidget2& peer) {
-        if (!isDocked(peer))
+        if (!isDocked(peer)) {
+            ignored(*this, Reason::NotInThis);
             return;
+        }
         const Qt::Orientation along = VX2Qt(orientation);
         const int pixels = std::clamp(size, 0, Farthest);
         if (m_wasShown)
@@ -268,9 +270,12 @@ void QtWindow2::doSetDockSize(VXDockWidget2* dock, int size, Orientation orienta
 void QtWindow2::doSetDockCorner(DockCorner corner, DockArea area)
 {
     for (const Corner& each : s_corners) {
-        if (each.m_corner == corner && (area == each.m_side || area == each.m_end))
+        if (each.m_corner == corner && (area == each.m_side || area == each.m_end)) {
             setCorner(each.m_qtCorner, VX2Qt(area));
+            return;
+        }
     }
+    ignored(*this, "that side has no such corner");
 }
 
 DockArea QtWindow2::doGetDockCorner(DockCorner corner)
@@ -326,11 +331,14 @@ void QtWindow2::withDockOf(VXDockWidget2* dock, Function&& function)
 }
 
 template <class Function>
-void QtWindow2::dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function)
+void QtWindow2::dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function,
+                           CallPlace where)
 {
     withDockOf(first, [&](QtDockWidget2& place) {
-        if (first == second || !isDocked(place))
+        if (first == second || !isDocked(place)) {
+            ignored(*this, first == second ? Reason::HoldsThis : Reason::NotInThis, where);
             return;
+        }
         withDockOf(second, [&](QtDockWidget2& newcomer) {
             placeDock(newcomer, [&] { function(place, newcomer); });
         });

@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qteditarea2.h"
 
+#include "../kernel/qtignored.h"
 #include "plaintextlayout.h"
 #include "qteditarea2scopes.h"
 #include "textcoloring.h"
@@ -283,8 +284,10 @@ std::wstring QtEditArea2::doGetMarkup()
 
 void QtEditArea2::doSetStyle(TextRange range, const TextStyle& style)
 {
-    if (!m_isRich)
+    if (!m_isRich) {
+        ignored(*this, "a plain area has no styles");
         return;
+    }
     settle();
     QTextCharFormat format = VX2Qt(style);
     format.setFontWeight(style.isBold ? QFont::Bold : QFont::Normal);

@@ -1,3 +1,4 @@
+#include "../kernel/qtignored.h"
 #include "plaintextlayout.h"
 #include "qteditarea2scopes.h"
 #include "textcoloring.h"
@@ -161,9 +162,16 @@ void QtEditArea2::doSetMark(const TextMark& mark)
     settle();
     if (mark.uid != 0)
         m_margin->setMark(mark);
+    else
+        ignored(*this, "0 is no mark's uid");
 }
 
-void QtEditArea2::doRemoveMark(unsigned uid) { m_margin->removeMark(uid); }
+void QtEditArea2::doRemoveMark(unsigned uid)
+{
+    if (!m_margin->removeMark(uid))
+        ignored(*this, "there is no such mark");
+}
+
 void QtEditArea2::doClearMarks() { m_margin->clearMarks(); }
 
 std::vector<TextMark> QtEditArea2::doGetMarks()

@@ -59,6 +59,7 @@ const auto s_requests = TROV::operations<E>(
 // clang-format on
 
 constexpr int MostSamples = 16;
+constexpr const char* NoNode = "there is no such node";
 
 /// The widths and sizes that are drawn, also in place of NaN.
 float drawable(float width) { return width > 1 ? std::min(width, 64.0f) : 1.0f; }
@@ -68,6 +69,16 @@ bool isUsable(const SceneLight& light)
     const bool isKind =
         light.kind == SceneLightKind::Directional || light.kind == SceneLightKind::Point;
     return isKind && isFinite(light.place);
+}
+
+/// What a request is about; null where that is not there, which is told.
+SceneGraph::Node* nodeOf(const QtHGScene2& peer, SceneContent& content, unsigned uid,
+                         CallPlace where = CallPlace::current())
+{
+    SceneGraph::Node* const node = content.m_graph.change(uid);
+    if (!node)
+        ignored(peer, NoNode, where);
+    return node;
 }
 
 } // namespace
@@ -113,6 +124,9 @@ void QtHGScene2::doSetNode(const SceneNode& node)
 {
     if (m_content->m_graph.set(node))
         redraw();
+    else
+        ignored(*this,
+                "its uid is 0, a number is not finite, or its parent is not there, or below it");
 }
 
 SceneNode QtHGScene2::doGetNode(unsigned uid)
@@ -125,6 +139,8 @@ void QtHGScene2::doRemoveNode(unsigned uid)
 {
     if (m_content->m_graph.remove(uid))
         redraw();
+    else
+        ignored(*this, NoNode);
 }
 
 void QtHGScene2::doClearNodes()
@@ -141,7 +157,7 @@ void QtHGScene2::doSetTransform(unsigned uid, const Matrix4& transform)
         ignored(*this, Reason::NoNumber);
         return;
     }
-    if (SceneGraph::Node* const node = m_content->m_graph.change(uid)) {
+    if (SceneGraph::Node* const node = nodeOf(*this, *m_content, uid)) {
         node->m_value.transform = transform;
         redraw();
     }
@@ -149,7 +165,7 @@ void QtHGScene2::doSetTransform(unsigned uid, const Matrix4& transform)
 
 void QtHGScene2::doSetNodeVisible(unsigned uid, bool visible)
 {
-    if (SceneGraph::Node* const node = m_content->m_graph.change(uid)) {
+    if (SceneGraph::Node* const node = nodeOf(*this, *m_content, uid)) {
         node->m_value.isVisible = visible;
         redraw();
     }
@@ -157,7 +173,7 @@ void QtHGScene2::doSetNodeVisible(unsigned uid, bool visible)
 
 void QtHGScene2::doSetGeometry(unsigned uid, const SceneGeometry& geometry)
 {
-    if (SceneGraph::Node* const node = m_content->m_graph.change(uid)) {
+    if (SceneGraph::Node* const node = nodeOf(*this, *m_content, uid)) {
         node->m_geometry = geometry;
         redraw();
     }
@@ -171,7 +187,7 @@ SceneGeometry QtHGScene2::doGetGeometry(unsigned uid)
 
 void QtHGScene2::doSetLook(unsigned uid, const SceneLook& look)
 {
-    if (SceneGraph::Node* const node = m_content->m_graph.change(uid)) {
+    if (SceneGraph::Node* const node = nodeOf(*this, *m_content, uid)) {
         node->m_look = look;
         node->m_look.lineWidth = drawable(look.lineWidth);
         node->m_look.pointSize = drawable(look.pointSize);
@@ -187,7 +203,7 @@ SceneLook QtHGScene2::doGetLook(unsigned uid)
 
 void QtHGScene2::doSetBillboard(unsigned uid, const SceneBillboard& billboard)
 {
-    if (SceneGraph::Node* const node = m_content->m_graph.change(uid)) {
+    if (SceneGraph::Node* const node = nodeOf(*this, *m_content, uid)) {
         node->m_billboard =
             billboard.isNull() ? nullptr : std::make_shared<const SceneBillboard>(billboard);
         redraw();
@@ -206,20 +222,38 @@ void QtHGScene2::doSetCamera(const SceneCamera& camera)
 {
     if (camera.isValid())
         setCamera(camera);
+    else
+        ignored(*this, "it could see nothing");
 }
 
 SceneCamera QtHGScene2::doGetCamera() { return m_content->m_camera; }
 
 void QtHGScene2::doOrbit(double right, double upwards)
 {
-    setCamera(m_content->m_camera.orbited(right, upwards));
+    if (areFinite(right, upwards))
+        setCamera(m_content->m_camera.orbited(right, upwards));
 }
 
-void QtHGScene2::doPan(double right, double upwards) { setCamera(panned(right, upwards)); }
-void QtHGScene2::doZoom(double factor) { setCamera(m_content->m_camera.zoomed(factor)); }
+void QtHGScene2::doPan(double right, double upwards)
+{
+    if (areFinite(right, upwards))
+        setCamera(panned(right, upwards));
+}
+
+void QtHGScene2::doZoom(double factor)
+{
+    if (std::isfinite(factor) && factor > 0)
+        setCamera(m_content->m_camera.zoomed(factor));
+    else
+        ignored(*this, "the factor is not beyond 0");
+}
 
 void QtHGScene2::doFit(unsigned uid)
 {
+    if (uid != 0 && !m_content->m_graph.find(uid)) {
+        ignored(*this, NoNode);
+        return;
+    }
     const Size<double> size = sightSize();
     setCamera(m_content->m_camera.fitted(doGetBounds(uid), size.width / size.height));
 }
@@ -233,6 +267,8 @@ void QtHGScene2::doSetLights(const std::vector<SceneLight>& lights)
     kept.clear();
     std::copy_if(lights.begin(), lights.end(), std::back_inserter(kept), &isUsable);
     kept.resize(std::min(kept.size(), VXHGScene2::MaxLights));
+    if (kept.size() != lights.size())
+        ignored(*this, "some of the lights: they are too many, or their numbers are not finite");
     redraw();
 }
 
@@ -354,6 +390,14 @@ SceneCamera QtHGScene2::panned(double right, double upwards) const
     const SceneCamera& camera = m_content->m_camera;
     const double unit = camera.unitsPerPixel(camera.distance(), sightSize().height);
     return camera.panned(right * unit, upwards * unit);
+}
+
+bool QtHGScene2::areFinite(double right, double upwards, CallPlace where) const
+{
+    const bool areFinite = std::isfinite(right) && std::isfinite(upwards);
+    if (!areFinite)
+        ignored(*this, Reason::NoNumber, where);
+    return areFinite;
 }
 
 void QtHGScene2::setCamera(const SceneCamera& camera)

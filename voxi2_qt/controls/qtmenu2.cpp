@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtmenu2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/kernel/qtaction2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -332,12 +333,14 @@ void QtMenu2::changeLimits(Function&& change)
     shrink();
 }
 
-void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu)
+void QtMenu2::addSubMenu(const QString& title, VXMenu2* menu, CallPlace where)
 {
     withPeerOf<QtMenu2>(menu, [&](QtMenu2* peer) {
         // Qt follows the entries down, and would not come to an end.
-        if (!peer || holds(peer, this))
+        if (!peer || holds(peer, this)) {
+            ignored(*this, Reason::HoldsThis, where);
             return;
+        }
         peer->setTitle(title);
         addMenu(peer);
     });

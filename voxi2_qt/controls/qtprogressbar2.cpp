@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtprogressbar2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
 #include <QStyleOptionProgressBar>
@@ -38,7 +39,16 @@ void QtProgressBar2::doSetMinimum(int minimum) { setMinimum(minimum); }
 int QtProgressBar2::doGetMinimum() { return minimum(); }
 void QtProgressBar2::doSetMaximum(int maximum) { setMaximum(maximum); }
 int QtProgressBar2::doGetMaximum() { return maximum(); }
-void QtProgressBar2::doSetValue(int value) { setValue(value); }
+
+void QtProgressBar2::doSetValue(int value)
+{
+    const bool isInRange = value >= minimum() && value <= maximum();
+    if (isInRange || (minimum() == 0 && maximum() == 0))
+        setValue(value);
+    else
+        ignored(*this, "it is out of the range");
+}
+
 int QtProgressBar2::doGetValue() { return value(); }
 void QtProgressBar2::doSetTextVisible(bool visible) { setTextVisible(visible); }
 bool QtProgressBar2::doIsTextVisible() { return isTextVisible(); }

@@ -51,10 +51,12 @@ void TextMargin::setMark(const TextMark& mark)
     update();
 }
 
-void TextMargin::removeMark(unsigned uid)
+bool TextMargin::removeMark(unsigned uid)
 {
-    std::erase_if(m_marks, [uid](const Mark& mark) { return mark.m_mark.uid == uid; });
+    const auto removed =
+        std::erase_if(m_marks, [uid](const Mark& mark) { return mark.m_mark.uid == uid; });
     update();
+    return removed != 0;
 }
 
 void TextMargin::clearMarks()

@@ -33,7 +33,7 @@ public:
 
     /// Adds one, or puts another in the place of the one with its uid.
     void setMark(const TextMark& mark);
-    void removeMark(unsigned uid);
+    bool removeMark(unsigned uid);
     void clearMarks();
     std::vector<TextMark> marks() const;
     /// The last one of those beside a line; null when there is none.

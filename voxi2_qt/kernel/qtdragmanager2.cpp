@@ -1,5 +1,6 @@
 #include "voxi2_qt/kernel/qtdragmanager2.h"
 
+#include "qtignored.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 
@@ -34,8 +35,10 @@ QtDragManager2::QtDragManager2(VXObject2* object, VXDragManager2Emitters* emitte
 void QtDragManager2::doStartDrag(const VXDrag2& drag)
 {
     VXObjectDataLocker lock;
-    if (m_dragging || drag.mimeData.isEmpty() || !qWidgetOf(lookup(drag.source)))
+    if (m_dragging || drag.mimeData.isEmpty() || !qWidgetOf(lookup(drag.source))) {
+        ignored(*this, m_dragging ? "another drag goes on" : "it has no data, or no source");
         return;
+    }
     m_dragging = true;
     // A drag runs an event loop of its own until it ends; the request returns before.
     const unsigned sourceId = drag.source->id();

@@ -1,6 +1,7 @@
 // The part of QtWidget2 that is about positions and sizes.
 
 #include "qtcompositor.h"
+#include "qtignored.h"
 #include "qtsavedstate.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qteventblocker.h"
@@ -73,7 +74,8 @@ void QtWidget2::doMoveTo(VXPoint<int> position)
 
 void QtWidget2::doRestoreGeometry(const std::string& geometry)
 {
-    restoreGeometryQuietly(QByteArray::fromBase64(QByteArray::fromStdString(geometry)));
+    if (!restoreGeometryQuietly(QByteArray::fromBase64(QByteArray::fromStdString(geometry))))
+        ignored(*this, "that is no text of saveGeometry, or not all of it");
 }
 
 void QtWidget2::doSetSizeConstraint(SizeConstraint constraint)

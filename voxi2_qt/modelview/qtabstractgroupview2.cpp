@@ -1,5 +1,6 @@
 #include "voxi2_qt/modelview/qtabstractgroupview2.h"
 
+#include "../kernel/qtignored.h"
 #include "describecell.h"
 #include "qtviewmodel2.h"
 #include "voxi2_qt/kernel/qtasuser.h"
@@ -57,7 +58,8 @@ VXAbstractViewModel2* QtAbstractGroupView2::doGetViewModel()
 void QtAbstractGroupView2::doSetGroupFolded(unsigned group, bool folded)
 {
     const QtProgramScope scope;
-    foldedView().setFolded(group, folded, FoldedView::By::Program);
+    if (isGroup(group))
+        foldedView().setFolded(group, folded, FoldedView::By::Program);
 }
 
 bool QtAbstractGroupView2::doIsGroupFolded(unsigned group)
@@ -80,23 +82,35 @@ void QtAbstractGroupView2::doUnfoldAll()
 
 void QtAbstractGroupView2::doimSetGroupFolded(unsigned group, bool folded)
 {
-    foldedView().setFolded(group, folded, FoldedView::By::User);
+    if (isGroup(group))
+        foldedView().setFolded(group, folded, FoldedView::By::User);
 }
 
 void QtAbstractGroupView2::doSetCurrentRow(unsigned row)
 {
     const QtProgramScope scope;
-    foldedView().setCurrent(row);
+    doimSetCurrentRow(row);
 }
 
-void QtAbstractGroupView2::doimSetCurrentRow(unsigned row) { foldedView().setCurrent(row); }
+void QtAbstractGroupView2::doimSetCurrentRow(unsigned row)
+{
+    if (row == 0 || isRow(row))
+        foldedView().setCurrent(row);
+}
+
 unsigned QtAbstractGroupView2::doGetCurrentRow() { return foldedView().currentRow(); }
-void QtAbstractGroupView2::doimActivate(unsigned row) { foldedView().activate(row); }
+
+void QtAbstractGroupView2::doimActivate(unsigned row)
+{
+    if (isRow(row))
+        foldedView().activate(row);
+}
 
 void QtAbstractGroupView2::doScrollTo(unsigned row)
 {
     const QtProgramScope scope;
-    foldedView().reveal(row);
+    if (isRow(row))
+        foldedView().reveal(row);
 }
 
 unsigned QtAbstractGroupView2::doGetRowAt(VXPoint<int> position)
@@ -165,6 +179,25 @@ void QtAbstractGroupView2::noteFolded(unsigned group, bool folded)
         report(&E::folded, group);
     else
         report(&E::unfolded, group);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+bool QtAbstractGroupView2::isRow(unsigned row, CallPlace where) const
+{
+    const bool isThere = foldedView().indexOf(row).isValid();
+    if (!isThere)
+        ignored(*this, "the model shown has no such row", where);
+    return isThere;
+}
+
+bool QtAbstractGroupView2::isGroup(unsigned row, CallPlace where) const
+{
+    const QModelIndex index = foldedView().indexOf(row);
+    const bool isGroup = index.isValid() && !index.parent().isValid();
+    if (!isGroup)
+        ignored(*this, "the model shown has no such group", where);
+    return isGroup;
 }
 
 } // namespace VOXI

@@ -1,5 +1,6 @@
 #include "voxi2_qt/modelview/qtabstractview2.h"
 
+#include "../kernel/qtignored.h"
 #include "qtcopyjob.h"
 #include "qtkeyboardsearch.h"
 #include "qtmodelswap.h"
@@ -23,6 +24,8 @@ namespace {
 
 using E = VXAbstractView2Emitters;
 using P = QtAbstractView2;
+
+constexpr const char* NoCell = "the model shown has no such cell";
 
 // clang-format off
 const auto s_requests = TROV::operations<E>(
@@ -185,7 +188,7 @@ void QtAbstractView2::doSetActiveCell(ModelCell2 cell)
 void QtAbstractView2::doimSetActiveCell(ModelCell2 cell)
 {
     const QtDeletionHold hold(this);
-    const QModelIndex index = indexOf(cell);
+    const QModelIndex index = cell.isNull() ? QModelIndex() : askedFor(cell);
     if (!index.isValid() && !cell.isNull())
         return;
     itemView().selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
@@ -271,6 +274,31 @@ QModelIndex QtAbstractView2::indexOf(const ModelCell2& cell) const
     const VXObjectDataLocker lock;
     return !cell.isNull() && cell.model == m_model->abstractModel() ? indexOf(cell.row, cell.column)
                                                                     : QModelIndex();
+}
+
+QModelIndex QtAbstractView2::askedFor(unsigned row, unsigned column, CallPlace where) const
+{
+    const QModelIndex index = indexOf(row, column);
+    if (!index.isValid())
+        ignored(*this, NoCell, where);
+    return index;
+}
+
+QModelIndex QtAbstractView2::askedFor(const ModelCell2& cell, CallPlace where) const
+{
+    const QModelIndex index = indexOf(cell);
+    if (!index.isValid())
+        ignored(*this, NoCell, where);
+    return index;
+}
+
+/// The section of a column; -1 where that is not there.
+int QtAbstractView2::askedForColumn(unsigned column, CallPlace where) const
+{
+    const int section = columnSection(column);
+    if (section < 0)
+        ignored(*this, "the model shown has no such column", where);
+    return section;
 }
 
 int QtAbstractView2::fixedRowHeight(const QModelIndex&) const { return -1; }

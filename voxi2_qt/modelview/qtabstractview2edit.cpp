@@ -74,7 +74,7 @@ VXFlags<EditTrigger> QtAbstractView2::doGetEditTriggers() { return m_editTrigger
 
 void QtAbstractView2::doSetEditor(unsigned row, unsigned column, VXWidget2* editor)
 {
-    const QModelIndex index = indexOf(row, column);
+    const QModelIndex index = askedFor(row, column);
     if (index.isValid())
         withWidgetOrNone(editor,
                          [&](QWidget* widget) { m_delegate->setIndexWidget(index, widget); });
@@ -88,7 +88,8 @@ VXWidget2* QtAbstractView2::doGetEditor(unsigned row, unsigned column)
 void QtAbstractView2::doimTriggerEdit(unsigned row, unsigned column, EditTrigger trigger,
                                       MouseButton button)
 {
-    imInternalTriggerEdit(*itemView().viewport(), row, column, trigger, button);
+    if (const QModelIndex index = askedFor(row, column); index.isValid())
+        imInternalTriggerEdit(*itemView().viewport(), index, trigger, button);
 }
 
 // Reports -----------------------------------------------------------------------------------------
@@ -220,12 +221,9 @@ bool QtAbstractView2::internalEdit(const QModelIndex& index, QAbstractItemView::
     return true;
 }
 
-void QtAbstractView2::imInternalTriggerEdit(QWidget& widget, unsigned row, unsigned column,
+void QtAbstractView2::imInternalTriggerEdit(QWidget& widget, const QModelIndex& index,
                                             EditTrigger trigger, MouseButton button)
 {
-    const QModelIndex index = indexOf(row, column);
-    if (!index.isValid())
-        return;
     if (trigger != EditTrigger::CurrentChanged && trigger != EditTrigger::SelectedClicked) {
         edit(index, QAbstractItemView::EditTrigger(VX2Qt(VXFlags<EditTrigger>(trigger)).toInt()),
              nullptr);

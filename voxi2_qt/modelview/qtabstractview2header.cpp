@@ -15,8 +15,6 @@ namespace VOXI {
 
 namespace {
 
-constexpr const char* NoColumn = "the model shown has no such column";
-
 using E = VXAbstractView2Emitters;
 
 const QtColumnHeader& own(const QHeaderView& header)
@@ -30,11 +28,9 @@ const QtColumnHeader& own(const QHeaderView& header)
 
 void QtAbstractView2::doSetColumnWidth(unsigned column, int width)
 {
-    const int section = columnSection(column);
-    if (section < 0) {
-        ignored(*this, NoColumn);
+    const int section = askedForColumn(column);
+    if (section < 0)
         return;
-    }
     const int bounded = std::clamp(width, 0, columnHeader().maximumSectionSize());
     if (const auto hidden = m_hiddenWidths.find(column); hidden != m_hiddenWidths.end())
         hidden->second = bounded;
@@ -49,9 +45,7 @@ int QtAbstractView2::doColumnWidth(unsigned column)
 
 void QtAbstractView2::doSetColumnVisible(unsigned column, bool visible)
 {
-    const int section = columnSection(column);
-    if (section < 0)
-        ignored(*this, NoColumn);
+    const int section = askedForColumn(column);
     if (section < 0 || visible == !columnHeader().isSectionHidden(section))
         return;
     if (visible)
@@ -80,10 +74,8 @@ bool QtAbstractView2::doIsColumnMovable() { return columnHeader().sectionsMovabl
 
 void QtAbstractView2::doSetSortIndicator(SortIndicator indicator)
 {
-    if (indicator.column != 0 && columnSection(indicator.column) < 0) {
-        ignored(*this, NoColumn);
+    if (indicator.column != 0 && askedForColumn(indicator.column) < 0)
         return;
-    }
     m_sort = indicator.column != 0 ? indicator : SortIndicator();
     showSortIndicator();
 }
@@ -101,7 +93,7 @@ void QtAbstractView2::doSetColumnOrder(const std::vector<unsigned>& columns)
 {
     int place = 0;
     for (const unsigned column : columns) {
-        const int section = columnSection(column);
+        const int section = askedForColumn(column);
         if (section >= 0 && columnHeader().visualIndex(section) >= place)
             columnHeader().moveSection(columnHeader().visualIndex(section), place++);
     }
@@ -139,13 +131,16 @@ void QtAbstractView2::doRestoreHeaderState(const std::string& state)
     }
     std::vector<unsigned> order;
     for (const QtSavedColumns::Column& column : saved->columns) {
+        if (columnSection(column.uid) < 0)
+            continue;
         order.push_back(column.uid);
         doSetColumnVisible(column.uid, true);
         doSetColumnWidth(column.uid, column.width);
         doSetColumnVisible(column.uid, !column.isHidden);
     }
     doSetColumnOrder(order);
-    doSetSortIndicator(saved->sort);
+    if (columnSection(saved->sort.column) >= 0 || saved->sort.column == 0)
+        doSetSortIndicator(saved->sort);
 }
 
 VXRect<int> QtAbstractView2::doGetColumnHeaderRect(unsigned column)

@@ -1,5 +1,6 @@
 // The part of QtAbstractView2 that is about what is selected.
 
+#include "../kernel/qtignored.h"
 #include "qtcopiedcells.h"
 #include "qtcopyjob.h"
 #include "qtviewmodel2.h"
@@ -34,12 +35,16 @@ std::vector<std::pair<int, int>> runsOf(std::vector<int> numbers)
 }
 
 /// Whole rows, of any parents.
-QItemSelection rowsOf(const QtViewModel2& model, const std::vector<unsigned>& rows)
+QItemSelection rowsOf(const QtAbstractView2& view, const std::vector<unsigned>& rows,
+                      CallPlace where = CallPlace::current())
 {
+    const QtViewModel2& model = view.viewModel();
     std::map<unsigned, std::vector<int>> places;
     for (const unsigned row : rows) {
         if (model.isValidRow(row))
             places[model.parentRow(row)].push_back(model.rowFromUID(row));
+        else
+            ignored(view, "the model shown has no such row", where);
     }
     QItemSelection selection;
     const int last = model.columnCount() - 1;
@@ -73,7 +78,7 @@ std::vector<ModelCell2> QtAbstractView2::doGetSelection()
 void QtAbstractView2::doSelectRows(const std::vector<unsigned>& rows)
 {
     if (m_model->headerUIDFromSection(0, Qt::Horizontal) != 0)
-        select(rowsOf(*m_model, rows));
+        select(rowsOf(*this, rows));
 }
 
 void QtAbstractView2::doSelectColumns(const std::vector<unsigned>& columns)
@@ -82,7 +87,7 @@ void QtAbstractView2::doSelectColumns(const std::vector<unsigned>& columns)
         return;
     std::vector<int> sections;
     for (const unsigned column : columns) {
-        if (const int section = columnSection(column); section >= 0)
+        if (const int section = askedForColumn(column); section >= 0)
             sections.push_back(section);
     }
     QItemSelection selection;
@@ -152,12 +157,14 @@ void QtAbstractView2::noteSelection()
 
 // Helpers -----------------------------------------------------------------------------------------
 
-void QtAbstractView2::internalSetSelection(const ModelRange& range)
+void QtAbstractView2::internalSetSelection(const ModelRange& range, CallPlace where)
 {
     const QModelIndex topLeft = indexOf(range.topLeft);
     const QModelIndex bottomRight = indexOf(range.bottomRight);
-    if (!topLeft.isValid() || !bottomRight.isValid() || topLeft.parent() != bottomRight.parent())
+    if (!topLeft.isValid() || !bottomRight.isValid() || topLeft.parent() != bottomRight.parent()) {
+        ignored(*this, "the model shown has no such range", where);
         return;
+    }
     QItemSelectionModel::SelectionFlags flags = QItemSelectionModel::Select;
     if (itemView().selectionBehavior() == QAbstractItemView::SelectRows)
         flags |= QItemSelectionModel::Rows;

@@ -31,7 +31,7 @@ void QtAbstractView2::doScrollTo(ModelCell2 cell)
 {
     layOutNow();
     const QtProgramScope scope;
-    if (const QModelIndex index = indexOf(cell); index.isValid())
+    if (const QModelIndex index = askedFor(cell); index.isValid())
         itemView().scrollTo(index);
 }
 

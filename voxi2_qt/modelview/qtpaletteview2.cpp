@@ -1,5 +1,6 @@
 #include "voxi2_qt/modelview/qtpaletteview2.h"
 
+#include "../kernel/qtignored.h"
 #include "paletteentries.h"
 #include "palettemove.h"
 #include "qtviewmodel2.h"
@@ -109,6 +110,8 @@ void QtPaletteView2::doimSetCurrentEntry(unsigned entry)
         noteCurrent(entry); // where it is, but it was not chosen
     else if (m_entries->canBeChosen(entry))
         m_entries->setCurrent(entry);
+    else
+        ignored(*this, "that is no entry that can be chosen");
 }
 
 unsigned QtPaletteView2::doGetCurrentEntry() { return m_entries->chosen(); }

@@ -1,5 +1,6 @@
 #include "voxi2_qt/modelview/qttableview2.h"
 
+#include "../kernel/qtignored.h"
 #include "qtcolumnheader.h"
 #include "qttableview2eventfilter.h"
 #include "qtviewmodel2.h"
@@ -75,7 +76,7 @@ int QtTableView2::doGetColumnWidth(unsigned column, bool inPixels)
 
 void QtTableView2::doSetColumnResizeMode(unsigned column, ColumnResizeMode mode)
 {
-    const int section = viewModel().columnFromUID(column);
+    const int section = askedForColumn(column);
     if (section >= 0)
         horizontalHeader()->setSectionResizeMode(section, VX2Qt(mode));
 }
@@ -89,16 +90,16 @@ ColumnResizeMode QtTableView2::doGetColumnResizeMode(unsigned column)
 
 void QtTableView2::doResizeColumnToContents(unsigned column)
 {
-    if (viewModel().isValidColumn(column))
-        resizeColumnToContents(viewModel().columnFromUID(column));
+    if (const int section = askedForColumn(column); section >= 0)
+        resizeColumnToContents(section);
 }
 
 void QtTableView2::doResizeColumnsToContents() { resizeColumnsToContents(); }
 
 void QtTableView2::doResizeRowToContents(unsigned row)
 {
-    if (rowSection(row) >= 0)
-        resizeRowToContents(rowSection(row));
+    if (const int section = askedForRow(row); section >= 0)
+        resizeRowToContents(section);
 }
 
 void QtTableView2::doResizeRowsToContents() { resizeRowsToContents(); }
@@ -111,9 +112,8 @@ bool QtTableView2::doIsGridVisible() { return showGrid(); }
 
 void QtTableView2::doSetRowHeight(unsigned row, int height)
 {
-    if (rowSection(row) >= 0)
-        setRowHeight(rowSection(row),
-                     std::clamp(height, 0, verticalHeader()->maximumSectionSize()));
+    if (const int section = askedForRow(row); section >= 0)
+        setRowHeight(section, std::clamp(height, 0, verticalHeader()->maximumSectionSize()));
 }
 
 int QtTableView2::doRowHeight(unsigned row)
@@ -123,8 +123,8 @@ int QtTableView2::doRowHeight(unsigned row)
 
 void QtTableView2::doSetRowVisible(unsigned row, bool visible)
 {
-    if (rowSection(row) >= 0)
-        setRowHidden(rowSection(row), !visible);
+    if (const int section = askedForRow(row); section >= 0)
+        setRowHidden(section, !visible);
 }
 
 bool QtTableView2::doIsRowVisible(unsigned row)
@@ -189,6 +189,15 @@ void QtTableView2::scaleRows(double factor)
         rows.setDefaultSectionSize(scaled(usual, factor));
     for (const auto& [section, size] : others)
         rows.resizeSection(section, size);
+}
+
+/// The same for a request, which is ignored where the row is not there.
+int QtTableView2::askedForRow(unsigned row, CallPlace where) const
+{
+    const int section = rowSection(row);
+    if (section < 0)
+        ignored(*this, "the model shown has no such row", where);
+    return section;
 }
 
 int QtTableView2::rowSection(unsigned row) const

@@ -45,12 +45,12 @@ QtTreeView2::QtTreeView2(VXTreeView2* object, VXTreeView2Emitters* emitters, QWi
 void QtTreeView2::doSetRowExpanded(unsigned row, bool expanded)
 {
     const QtSignalBlocker blocker(this);
-    setExpanded(indexOf(row, 0), expanded);
+    setExpanded(askedFor(row, 0), expanded);
 }
 
 bool QtTreeView2::doIsRowExpanded(unsigned row) { return isExpanded(indexOf(row, 0)); }
-void QtTreeView2::doimExpand(unsigned row) { expand(indexOf(row, 0)); }
-void QtTreeView2::doimCollapse(unsigned row) { collapse(indexOf(row, 0)); }
+void QtTreeView2::doimExpand(unsigned row) { expand(askedFor(row, 0)); }
+void QtTreeView2::doimCollapse(unsigned row) { collapse(askedFor(row, 0)); }
 
 void QtTreeView2::doExpandAll()
 {
@@ -71,7 +71,7 @@ bool QtTreeView2::doHasUniformRowHeights() { return uniformRowHeights(); }
 
 void QtTreeView2::doSetRowHeight(unsigned row, int height)
 {
-    const QModelIndex index = indexOf(row, 0);
+    const QModelIndex index = askedFor(row, 0);
     if (!index.isValid())
         return;
     m_rowHeights[row] = std::clamp(height, 0, QWIDGETSIZE_MAX);
@@ -87,7 +87,7 @@ int QtTreeView2::doRowHeight(unsigned row)
 
 void QtTreeView2::doSetRowVisible(unsigned row, bool visible)
 {
-    const QModelIndex index = indexOf(row, 0);
+    const QModelIndex index = askedFor(row, 0);
     if (index.isValid())
         setRowHidden(index.row(), index.parent(), !visible);
 }

@@ -420,6 +420,7 @@ std::vector<Kind> containerKinds()
         kind<File, QFileDialog, &F::createFileDialog2>("FileDialog", QAccessible::Dialog)
             .has("mode", &File::setMode, &File::mode, FileDialogMode::SaveFile)
             .has("defaultSuffix", &File::setDefaultSuffix, &File::defaultSuffix, L"txt")
+            .has("native", &File::setNative, &File::isNative, true)
             .reports("filesChosen", &File::filesChosen)
             .reports("currentChanged", &File::currentChanged)
             .reports("directoryEntered", &File::directoryEntered),

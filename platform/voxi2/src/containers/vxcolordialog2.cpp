@@ -1,6 +1,6 @@
 #include "voxi2/containers/vxcolordialog2.h"
 
-#include "voxi2/kernel/vxhandle.h"
+#include "askbydialog.h"
 
 namespace VOXI {
 
@@ -17,23 +17,13 @@ VXColorDialog2::~VXColorDialog2() { retire(); }
 std::optional<Color> VXColorDialog2::ask(VXObject2* parent, const Color& color, bool withAlpha,
                                          const AnyText& title)
 {
-    VXHandle<VXColorDialog2> dialog;
-    {
-        // While a worker waits for the peer the parent may end, and the dialog with it.
-        const VXObjectDataLocker lock;
-        const BuildScope scope;
-        if (!parent || isObjectValid(parent))
-            dialog = new VXColorDialog2(parent);
-    }
-    if (!title.isEmpty())
-        dialog->setTitle(title);
-    dialog->setAlphaEnabled(withAlpha);
-    dialog->setCurrentColor(color);
-    std::optional<Color> chosen;
-    if (dialog->exec() == Accepted)
-        chosen = dialog->currentColor();
-    dialog->destroy();
-    return chosen;
+    using Dialog = VXHandle<VXColorDialog2>;
+    const auto prepare = [&](const Dialog& dialog) {
+        dialog->setAlphaEnabled(withAlpha);
+        dialog->setCurrentColor(color);
+    };
+    return askByDialog<VXColorDialog2>(parent, title, prepare,
+                                       [](const Dialog& dialog) { return dialog->currentColor(); });
 }
 
 void VXColorDialog2::setCurrentColor(const Color& color) { m_emitters.setCurrentColor(color); }

@@ -1,10 +1,17 @@
 #include "voxi2/containers/vxfiledialog2.h"
 
-#include "voxi2/kernel/vxhandle.h"
+#include "askbydialog.h"
 
+#include <atomic>
 #include <system_error>
 
 namespace VOXI {
+
+namespace {
+
+std::atomic<bool> s_isNativeByDefault{false};
+
+} // namespace
 
 VXFileDialog2::VXFileDialog2(VXObject2* parent)
     : VXAbstractDialog2(parent),
@@ -12,6 +19,8 @@ VXFileDialog2::VXFileDialog2(VXObject2* parent)
 {
     // Back ends give all dialogs the same flags, whatever is asked for here.
     createPeer(&VXFactory2::createFileDialog2, this, &m_emitters, parent, 0u);
+    if (s_isNativeByDefault)
+        setNative(true);
 }
 
 VXFileDialog2::~VXFileDialog2() { retire(); }
@@ -22,30 +31,18 @@ namespace {
 
 using Dialog = VXHandle<VXFileDialog2>;
 
-/// A new dialog that ends with its parent, also if that ends while a worker waits for the peer.
-Dialog make(VXObject2* parent)
-{
-    const VXObjectDataLocker lock;
-    const VXObject2::BuildScope scope;
-    if (parent && !VXObject::isObjectValid(parent))
-        return {};
-    return new VXFileDialog2(parent);
-}
-
 /// Shows a new dialog that `prepare` has set up, and returns what was chosen.
 template <class Prepare>
 std::vector<VXFileDialog2::Path> choose(VXObject2* parent, FileDialogMode mode,
-                                        const AnyText& title, Prepare&& prepare)
+                                        const AnyText& title, const Prepare& prepare)
 {
-    const Dialog dialog = make(parent);
-    dialog->setMode(mode);
-    dialog->setTitle(title);
-    prepare(dialog);
-    std::vector<VXFileDialog2::Path> files;
-    if (dialog->exec() == VXFileDialog2::Accepted)
-        files = dialog->selectedFiles();
-    dialog->destroy();
-    return files;
+    const auto prepareAll = [&](const Dialog& dialog) {
+        dialog->setMode(mode);
+        prepare(dialog);
+    };
+    const auto files = askByDialog<VXFileDialog2>(
+        parent, title, prepareAll, [](const Dialog& dialog) { return dialog->selectedFiles(); });
+    return files.value_or(std::vector<VXFileDialog2::Path>());
 }
 
 VXFileDialog2::Path first(const std::vector<VXFileDialog2::Path>& files)
@@ -142,5 +139,9 @@ bool VXFileDialog2::restoreState(const std::string& state)
 {
     return m_emitters.restoreState(state);
 }
+
+void VXFileDialog2::setNative(bool native) { m_emitters.setNative(native); }
+bool VXFileDialog2::isNative() const { return m_emitters.isNative(); }
+void VXFileDialog2::setNativeByDefault(bool native) { s_isNativeByDefault = native; }
 
 } // namespace VOXI

@@ -1,6 +1,6 @@
 #include "voxi2/containers/vxfontdialog2.h"
 
-#include "voxi2/kernel/vxhandle.h"
+#include "askbydialog.h"
 
 namespace VOXI {
 
@@ -17,22 +17,10 @@ VXFontDialog2::~VXFontDialog2() { retire(); }
 std::optional<VXFont> VXFontDialog2::ask(VXObject2* parent, const VXFont& font,
                                          const AnyText& title)
 {
-    VXHandle<VXFontDialog2> dialog;
-    {
-        // While a worker waits for the peer the parent may end, and the dialog with it.
-        const VXObjectDataLocker lock;
-        const BuildScope scope;
-        if (!parent || isObjectValid(parent))
-            dialog = new VXFontDialog2(parent);
-    }
-    if (!title.isEmpty())
-        dialog->setTitle(title);
-    dialog->setCurrentFont(font);
-    std::optional<VXFont> chosen;
-    if (dialog->exec() == Accepted)
-        chosen = dialog->currentFont();
-    dialog->destroy();
-    return chosen;
+    using Dialog = VXHandle<VXFontDialog2>;
+    const auto prepare = [&](const Dialog& dialog) { dialog->setCurrentFont(font); };
+    return askByDialog<VXFontDialog2>(parent, title, prepare,
+                                      [](const Dialog& dialog) { return dialog->currentFont(); });
 }
 
 void VXFontDialog2::setCurrentFont(const VXFont& font) { m_emitters.setCurrentFont(font); }

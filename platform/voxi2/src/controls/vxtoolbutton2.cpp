@@ -1,5 +1,7 @@
 #include "voxi2/controls/vxtoolbutton2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXToolButton2::VXToolButton2(VXObject2* parent) : VXToolButton2(AnyText(), parent) {}
@@ -13,10 +15,13 @@ VXToolButton2::VXToolButton2(const AnyText& label, VXObject2* parent)
 }
 
 VXToolButton2::~VXToolButton2() { retire(); }
-void VXToolButton2::setMenu(VXMenu2* menu) { m_emitters.setMenu(menu); }
+void VXToolButton2::setMenu(VXMenu2* menu) { m_emitters.setMenu(notNull(this, menu)); }
 VXMenu2* VXToolButton2::menu() const { return m_emitters.getMenu(); }
 void VXToolButton2::clearMenu() { m_emitters.clearMenu(); }
-void VXToolButton2::setDefaultAction(VXAction2* action) { m_emitters.setDefaultAction(action); }
+void VXToolButton2::setDefaultAction(VXAction2* action)
+{
+    m_emitters.setDefaultAction(notNull(this, action));
+}
 VXAction2* VXToolButton2::defaultAction() const { return m_emitters.getDefaultAction(); }
 void VXToolButton2::clearDefaultAction() { m_emitters.clearDefaultAction(); }
 void VXToolButton2::setPopupMode(ToolButtonPopupMode mode) { m_emitters.setPopupMode(mode); }

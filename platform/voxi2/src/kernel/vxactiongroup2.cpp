@@ -1,5 +1,6 @@
 #include "voxi2/kernel/vxactiongroup2.h"
 
+#include "notnull.h"
 #include "voxi2/kernel/vxhandle.h"
 
 namespace VOXI {
@@ -44,7 +45,10 @@ void VXActionGroup2::addAction(VXAction2* action)
 void VXActionGroup2::removeAction(VXAction2* action)
 {
     VXObjectDataLocker lock;
-    if (!isObjectValid(action) || action->m_group != id())
+    const bool isAlive = isObjectValid(notNull(this, action));
+    if (isAlive && action->m_group != id())
+        ignored(this, Reason::NotInThis);
+    if (!isAlive || action->m_group != id())
         return;
     std::erase(m_actions, action->id());
     release(action);

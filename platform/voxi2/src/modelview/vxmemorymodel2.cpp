@@ -1,5 +1,6 @@
 #include "voxi2/modelview/vxmemorymodel2.h"
 
+#include "voxi2/kernel/ignored.h"
 #include "vxmemorymodel2data.h"
 
 #include <algorithm>
@@ -7,6 +8,23 @@
 #include <utility>
 
 namespace VOXI {
+
+namespace {
+
+constexpr const char* NoCell = "there is no such row or column";
+constexpr const char* NoRow = "there is no such row";
+constexpr const char* NoColumn = "there is no such column";
+
+} // namespace
+
+/// Tells, unless `isThere`, why a request is ignored; what stands for a model that is gone ignores
+/// them all.
+bool VXMemoryModel2::check(bool isThere, const char* why, CallPlace where) const
+{
+    if (!isThere && !isStandIn())
+        ignored(this, why, where);
+    return isThere;
+}
 
 VXMemoryModel2::VXMemoryModel2(VXObject2* parent, std::vector<CellUIData> headers)
     : VXAbstractViewModel2(parent, ModelTrait::QueriesUnderLock | ModelTrait::KnowsShape
@@ -30,14 +48,14 @@ unsigned VXMemoryModel2::insertColumn(unsigned before, CellUIData header)
 void VXMemoryModel2::removeColumn(unsigned column)
 {
     const VXObjectDataLocker lock;
-    if (m_data->hasColumn(column))
+    if (check(m_data->hasColumn(column), NoColumn))
         m_data->removeColumn(column);
 }
 
 void VXMemoryModel2::setColumnHeader(unsigned column, CellUIData header)
 {
     const VXObjectDataLocker lock;
-    if (m_data->hasColumn(column)) {
+    if (check(m_data->hasColumn(column), NoColumn)) {
         m_data->findColumn(column)->header = std::move(header);
         changeHeader({column});
     }
@@ -55,13 +73,15 @@ std::vector<unsigned> VXMemoryModel2::columns() const
 void VXMemoryModel2::setCell(unsigned row, unsigned column, CellUIData cell)
 {
     const VXObjectDataLocker lock;
-    m_data->changeCell(row, column, [&](CellUIData& old) { old = std::move(cell); });
+    const auto change = [&](CellUIData& old) { old = std::move(cell); };
+    check(m_data->changeCell(row, column, change), NoCell);
 }
 
 void VXMemoryModel2::setValue(unsigned row, unsigned column, CellValue value)
 {
     const VXObjectDataLocker lock;
-    m_data->changeCell(row, column, [&](CellUIData& old) { old.setValue(std::move(value)); });
+    const auto change = [&](CellUIData& old) { old.setValue(std::move(value)); };
+    check(m_data->changeCell(row, column, change), NoCell);
 }
 
 CellUIData VXMemoryModel2::cell(unsigned row, unsigned column) const
@@ -87,19 +107,24 @@ std::size_t VXMemoryModel2::rowCount() const
 unsigned VXMemoryModel2::addRow(unsigned parent, unsigned before, std::vector<CellUIData> cells)
 {
     const VXObjectDataLocker lock;
-    return isStandIn() ? 0 : m_data->add(parent, before, std::move(cells));
+    if (isStandIn())
+        return 0;
+    const unsigned row = m_data->add(parent, before, std::move(cells));
+    check(row != 0, "there is no such parent");
+    return row;
 }
 
 void VXMemoryModel2::moveRow(unsigned row, unsigned parent, unsigned before)
 {
     const VXObjectDataLocker lock;
-    m_data->move(row, parent, before);
+    check(m_data->move(row, parent, before),
+          "there is no such row or parent, or it lies in the row");
 }
 
 void VXMemoryModel2::removeRow(unsigned row)
 {
     const VXObjectDataLocker lock;
-    if (m_data->hasRow(row))
+    if (check(m_data->hasRow(row), NoRow))
         m_data->remove(row);
 }
 
@@ -124,7 +149,7 @@ unsigned VXMemoryModel2::parentOf(unsigned row) const
 void VXMemoryModel2::promiseChildren(unsigned row, bool has)
 {
     const VXObjectDataLocker lock;
-    if (m_data->hasRow(row))
+    if (check(m_data->hasRow(row), NoRow))
         m_data->promiseChildren(row, has);
 }
 
@@ -133,7 +158,7 @@ void VXMemoryModel2::promiseChildren(unsigned row, bool has)
 void VXMemoryModel2::setSorting(unsigned column, SortOrder order)
 {
     const VXObjectDataLocker lock;
-    if (!isStandIn() && (column == 0 || m_data->hasColumn(column)))
+    if (!isStandIn() && check(column == 0 || m_data->hasColumn(column), NoColumn))
         m_data->sort({column, order});
 }
 

@@ -76,10 +76,10 @@ public:
     }
 
     template <class Change>
-    void changeCell(unsigned uid, unsigned column, const Change& change)
+    bool changeCell(unsigned uid, unsigned column, const Change& change)
     {
         if (!hasRow(uid) || !hasColumn(column))
-            return;
+            return false;
         Row& row = m_rows[uid];
         if (row.cells.size() < column)
             row.cells.resize(column);
@@ -90,6 +90,7 @@ public:
         if (row.isShown)
             m_model->changeData(uid, column);
         update(uid);
+        return true;
     }
 
     // Rows ----------------------------------------------------------------------------------------
@@ -113,20 +114,24 @@ public:
         eraseSibling(m_rows, uid);
     }
 
-    void move(unsigned uid, unsigned parent, unsigned before)
+    /// False where there is none of them, or it would be below itself.
+    bool move(unsigned uid, unsigned parent, unsigned before)
     {
-        if (!hasRow(uid) || !m_rows.contains(parent) || before == uid)
-            return;
+        if (!hasRow(uid) || !m_rows.contains(parent))
+            return false;
         for (unsigned above = parent; above != 0; above = m_rows[above].parent) {
             if (above == uid)
-                return;
+                return false;
         }
+        if (before == uid)
+            return true;
         const bool isShown = m_rows[uid].isShown;
         conceal(uid);
         unlinkSibling(m_rows, uid);
         link(uid, parent, before);
         if (isShown)
             reveal(uid);
+        return true;
     }
 
     void clear()

@@ -70,6 +70,8 @@ struct VXFileDialog2Emitters : TROV::EmittersTable<VXAbstractDialog2Emitters>
     TROV::Request<std::vector<Path>()> getPlaces{*this};
     TROV::Request<std::string()> saveState{*this};
     TROV::Request<bool(std::string)> restoreState{*this};
+    TROV::Request<void(bool)> setNative{*this};
+    TROV::Request<bool()> isNative{*this};
     TROV::RequestsEnd requestsEnd{*this};
 
     TROV::Event<void(const VXFileDialogEvent2&)> filesChosen{*this};
@@ -154,6 +156,22 @@ public:
     /// Text that did not come whole from `saveState` of a file dialog is refused: the answer is
     /// false and nothing changes.
     bool restoreState(const std::string& state);
+
+    /// Whether the user gets the platform's own file dialog the next time that this one is shown;
+    /// off by default. Where the platform has none, or the back end cannot reach it, nothing
+    /// changes.
+    ///
+    /// The platform's dialog is no widget: size, place, look and key and mouse events are its own,
+    /// and nothing can be put into it. `setPlaces`, and what `saveState` keeps of the looks, do not
+    /// concern it; of the labels it knows `Accept` and `Cancel` at most; before a file is replaced
+    /// it asks in its own way. `currentChanged` and `directoryEntered` are sent if it tells. All
+    /// else is as usual: mode, directory, filters, what is proposed and chosen, `closing`,
+    /// `finished`.
+    void setNative(bool native);
+    bool isNative() const;
+    /// The same for all file dialogs that are made from now on, those of `openFile` and the like
+    /// among them. Any thread.
+    static void setNativeByDefault(bool native);
 
     /// Proposes a file. With a directory in its name the dialog goes there.
     void selectFile(const Path& file);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/modelview/celluidata.h"
 #include "voxi2/modelview/sortorder.h"
 #include "voxi2/modelview/vxabstractviewmodel2.h"
@@ -81,6 +82,8 @@ protected:
     std::vector<SizeChange2> shape() const override;
 
 private:
+    bool check(bool isThere, const char* why, CallPlace where = CallPlace::current()) const;
+
     class Data;
     std::unique_ptr<Data> m_data; // guarded by the object lock
 };

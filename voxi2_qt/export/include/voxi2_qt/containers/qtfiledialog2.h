@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <map>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QLineEdit;
@@ -16,8 +17,8 @@ QT_END_NAMESPACE
 
 namespace VOXI {
 
-/// The peer of the file dialog: always Qt's own dialog, never the desktop's, so that it is a widget
-/// like others.
+/// The peer of the file dialog: Qt's own dialog, so that it is a widget like others. If the program
+/// wants it, one of the platform's stands for it while it is shown.
 ///
 /// The questions that Qt's dialog asks on acceptance would run in a loop on its stack, and nobody
 /// could destroy it meanwhile; they are asked here, without one.
@@ -31,6 +32,7 @@ public:
 
     QtFileDialog2(VXFileDialog2* object, VXFileDialog2Emitters* emitters, QWidget* parent,
                   Qt::WindowFlags flags);
+    ~QtFileDialog2() override;
 
     void doAccept() override;
     void setVisible(bool visible) override;
@@ -56,6 +58,8 @@ public:
     virtual std::vector<Path> doGetPlaces();
     virtual std::string doSaveState();
     virtual bool doRestoreState(const std::string& state);
+    virtual void doSetNative(bool native);
+    virtual bool doIsNative();
 
 protected:
     void connectSignals() override;
@@ -66,14 +70,23 @@ protected:
 private Q_SLOTS:
     void slotCurrentChanged(const QString& path);
     void slotDirectoryEntered(const QString& path);
+    void slotPlatformFinished(int result);
+    void slotPlatformDirectoryEntered(const QString& path);
 
 private:
     QLineEdit* nameEdit() const;
     void applySuffix();
     void applyLabels();
+    void acceptUnasked();
     bool enterTypedDirectory();
+    QStringList namedFiles() const;
     QStringList chosenFiles() const;
     QString missingFile() const;
+    const QFileDialog& shownDialog() const;
+    void makePlatformDialog();
+    void goToPlatformDirectory(const QString& path);
+    void showPlatformDialog();
+    void dropPlatformDialog();
     void ask(QMessageBox::StandardButtons buttons, const QString& text);
 
     FileDialogMode m_mode = FileDialogMode::OpenFile;
@@ -81,6 +94,10 @@ private:
     QString m_suffix;
     std::map<FileDialogLabel, QString> m_labels; // those that the program gave
     QPointer<QMessageBox> m_question;
+    QPointer<QFileDialog> m_platform; // while it stands for this one
+    QString m_platformDirectory;      // that it was last in
+    std::optional<QStringList> m_platformFiles;
+    bool m_isNative = false;
     bool m_isWaiting = false; // for what Qt runs inside it, to be deleted
     bool m_confirmOverwrite = true;
 };

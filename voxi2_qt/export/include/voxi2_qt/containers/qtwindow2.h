@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/containers/vxwindow2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxclock2.h"
 #include "voxi2_qt/containers/qtabstractwindow2.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
@@ -95,7 +96,8 @@ private:
     template <class Function>
     void withDockOf(VXDockWidget2* dock, Function&& function);
     template <class Function>
-    void dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function);
+    void dockBeside(VXDockWidget2* first, VXDockWidget2* second, Function&& function,
+                    CallPlace where = CallPlace::current());
     template <class Function>
     void placeDock(QtDockWidget2& dock, Function&& function);
     static void remember(Docked& docked, QWidget* widget);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxhgscene2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt_scene/voxi2_qt_scene_export.h"
 
@@ -99,6 +100,7 @@ private:
     SceneSight sight() const;
     SceneCamera panned(double right, double upwards) const;
     SceneCamera movedBy(const QKeyEvent& key) const;
+    bool areFinite(double right, double upwards, CallPlace where = CallPlace::current()) const;
     void setCamera(const SceneCamera& camera);
     void moveAsUser(const SceneCamera& camera);
     void drag(const QMouseEvent& event);

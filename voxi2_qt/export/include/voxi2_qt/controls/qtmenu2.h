@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voxi2/controls/vxmenu2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxclock2.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -72,7 +73,7 @@ private Q_SLOTS:
     void onUnfreezeTimer();
 
 private:
-    void addSubMenu(const QString& title, VXMenu2* menu);
+    void addSubMenu(const QString& title, VXMenu2* menu, CallPlace where = CallPlace::current());
     void removeItems();
 
     class Coming;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/modelview/vxabstractgroupview2.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 #include "voxi2_qt/modelview/foldedview.h"
@@ -42,6 +43,11 @@ public:
 
 protected:
     QtAbstractGroupView2(VXAbstractGroupView2* view, VXAbstractGroupView2Emitters* emitters);
+
+private:
+    // Whether there is what a request is about; it is told where not.
+    bool isRow(unsigned row, CallPlace where = CallPlace::current()) const;
+    bool isGroup(unsigned row, CallPlace where = CallPlace::current()) const;
 };
 
 } // namespace VOXI

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/modelview/vxabstractview2.h"
 #include "voxi2_qt/kernel/qtwidget2.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -168,13 +169,18 @@ protected:
 
     QModelIndex indexOf(unsigned row, unsigned column) const;
     QModelIndex indexOf(const ModelCell2& cell) const;
+    /// What a request is about; invalid where that is not there, which is told.
+    QModelIndex askedFor(unsigned row, unsigned column,
+                         CallPlace where = CallPlace::current()) const;
+    QModelIndex askedFor(const ModelCell2& cell, CallPlace where = CallPlace::current()) const;
+    int askedForColumn(unsigned column, CallPlace where = CallPlace::current()) const;
 
 private:
     void installModel(VXAbstractViewModel2* model);
     void makeCurrent(const QModelIndex& index);
     void select(const QItemSelection& selection);
-    void internalSetSelection(const ModelRange& range);
-    void imInternalTriggerEdit(QWidget& widget, unsigned row, unsigned column, EditTrigger trigger,
+    void internalSetSelection(const ModelRange& range, CallPlace where = CallPlace::current());
+    void imInternalTriggerEdit(QWidget& widget, const QModelIndex& index, EditTrigger trigger,
                                MouseButton button);
     std::vector<ModelBlock> selectedBlocks() const;
     void copyDone();

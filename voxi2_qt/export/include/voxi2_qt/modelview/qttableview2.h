@@ -50,6 +50,7 @@ private:
     void scaleColumns(double factor);
     void scaleRows(double factor);
     int rowSection(unsigned row) const;
+    int askedForRow(unsigned row, CallPlace where = CallPlace::current()) const;
 
     int m_characterWidth = 0; ///< of the font that the sizes are for; 0 before the first
     int m_lineHeight = 0;
