@@ -187,13 +187,18 @@ QWidget* stopIn(QWidget& part)
 bool goToNextPart(QWidget& window, bool isBack)
 {
     QMainWindow* const main = mainWindowOf(window);
-    if (!main)
-        return false;
-    const QWidgetList parts = partsOf(*main);
+    QWidgetList parts = main ? partsOf(*main) : QWidgetList();
+    // Windows may be parts of others.
+    for (auto* const inner : (main ? main : &window)->findChildren<QMainWindow*>()) {
+        if (inner->isVisible() && peerOf(inner))
+            parts += partsOf(*inner);
+    }
     const QWidget* const focus = QApplication::focusWidget();
-    const auto around = std::ranges::find_if(
-        parts, [focus](const QWidget* part) { return focus && isWithin(part, focus); });
-    qsizetype place = around == parts.end() ? -1 : around - parts.begin();
+    qsizetype place = -1;
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        if (focus && isWithin(parts[i], focus)) // the innermost comes last
+            place = i;
+    }
     for (qsizetype i = 0; i < parts.size(); ++i) {
         place = nextPlace(place, parts.size(), isBack);
         if (QWidget* const stop = stopIn(*parts[place])) {

@@ -104,6 +104,22 @@ TEST_F(WindowKeys, goFromPartToPart)
     m_pane->setWidget(new VXPanel2(m_pane));
     press(Qt::Key_F6);
     EXPECT_EQ(focus(), qt(*m_pane));
+    // What lies in a window that is a part of this one comes behind.
+    auto* const inner = new VXWindow2(m_splitter);
+    inner->setWindowFlags(0);
+    auto* const innerPane = new VXDockWidget2("Inner", inner);
+    auto* const inInner = new VXEdit2(innerPane);
+    innerPane->setWidget(inInner);
+    inner->addDockWidget(innerPane);
+    m_splitter->addWidget(inner);
+    inner->show();
+    turn();
+    press(Qt::Key_F6);
+    EXPECT_EQ(focus(), qt(*inInner));
+    press(Qt::Key_F6);
+    EXPECT_EQ(focus(), buttonOf(m_save));
+    inner->destroy();
+    runDeletions();
     m_pane->hide();
     m_bar->hide();
     m_left->setFocus();
