@@ -182,6 +182,8 @@ TEST_F(WebUser, sharesAProfileAndNothingElse)
     Log offers(m_browser->downloadRequested());
     Log othersOffers(other.downloadRequested());
     Log othersLoads(other.loadEnded());
+    EXPECT_TRUE(goes("app://x/mine"));
+    m_asked.clear();
     other.setAddress("app://x/theirs"); // both at once
     EXPECT_TRUE(goes("app://x/mine"));
     EXPECT_TRUE(waitFor([&] { return !othersLoads.isEmpty(); }));
