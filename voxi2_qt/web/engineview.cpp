@@ -144,6 +144,8 @@ void EngineView::applySettings()
         former->disconnect(this);
         formerProfile->profile().disconnect(this);
         formerProfile->leave(*this);
+        for (auto& [id, download] : m_downloads)
+            download.m_number = 0; // the next one counts anew
         makePage();
         m_widget->setPage(m_page.get());
         former.reset(); // before its profile
@@ -187,6 +189,7 @@ void EngineView::goTo(const QUrl& url)
     constexpr qsizetype Most = 1'000'000; // of the engine's two
     ++m_moves;
     m_hasCrashed = false;
+    m_isText = false;
     const QUrl target = url.isEmpty() ? QUrl(QStringLiteral("about:blank")) : url;
     if (target.isValid() && mayLoad(target) && target.toEncoded().size() <= Most) {
         m_isStartAwaited = true;
@@ -207,6 +210,7 @@ void EngineView::showHtml(const QString& html, const QUrl& base)
         ++m_moves;
         m_hasCrashed = false;
         m_isStartAwaited = true;
+        m_isText = true;
         m_page->setHtml(html, base);
         return;
     }
@@ -286,7 +290,8 @@ void EngineView::slotUrl(const QUrl& url)
     QUrl address = url;
     if (!m_textPage.isEmpty() && url.adjusted(QUrl::RemoveFragment) == m_textPage)
         address = m_textBase;
-    else if (url.scheme() == QLatin1String("data") && m_page->requestedUrl().isEmpty())
+    else if (url.scheme() == QLatin1String("data")
+             && (m_isText || m_page->requestedUrl().isEmpty()))
         address.clear();
     later([this, address, moves = m_moves] {
         if (moves == m_moves)

@@ -88,6 +88,13 @@ private:
         std::shared_ptr<std::atomic<bool>> m_wanted;
     };
 
+    struct Download
+    {
+        QPointer<QWebEngineDownloadRequest> m_request;
+        quint32 m_number = 0; // of the engine's, from 1
+        QString m_place;
+    };
+
     void makePage();
     void connectPage();
     void dropPage();
@@ -102,6 +109,7 @@ private:
     void slotLoading(const QWebEngineLoadingInfo& info);
     void slotUrl(const QUrl& url);
     void slotDownload(QWebEngineDownloadRequest* download);
+    void accept(QWebEngineDownloadRequest* download, unsigned id, const QString& place);
     void slotDownloadState(unsigned id, QWebEngineDownloadRequest::DownloadState state);
     void slotNewWindow(QWebEngineNewWindowRequest& request);
 
@@ -114,10 +122,11 @@ private:
     std::unique_ptr<QWebChannel> m_channel;
 
     std::map<unsigned, Job> m_jobs;
-    std::map<unsigned, QPointer<QWebEngineDownloadRequest>> m_downloads;
+    std::map<unsigned, Download> m_downloads;
     unsigned m_tokens = 0;
     unsigned m_moves = 0;          // of the program; grows with each
     bool m_isStartAwaited = false; // of what the program has gone to last
+    bool m_isText = false;         // that is a text, which the engine makes an address of
     bool m_hasCrashed = false;
     QUrl m_textPage; // whose text the program has handed over
     QUrl m_textBase; // that it goes by

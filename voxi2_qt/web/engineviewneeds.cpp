@@ -101,6 +101,11 @@ void EngineView::slotDownload(QWebEngineDownloadRequest* download)
 {
     if (download->page() != m_page.get())
         return;
+    // One whose connection breaks the engine begins anew by itself, a few times.
+    for (const auto& [id, known] : m_downloads) {
+        if (known.m_number == download->id())
+            return accept(download, id, known.m_place);
+    }
     const WebDownload offered{.id = ++m_tokens,
                               .address = toStdWString(download->url().toString()),
                               .name = toStdWString(download->suggestedFileName()),
@@ -111,15 +116,18 @@ void EngineView::slotDownload(QWebEngineDownloadRequest* download)
     const QString place = m_host.placeFor(offered);
     if (!kept)
         return;
-    if (!hold.isAlive() || place.isEmpty()) {
+    if (hold.isAlive() && !place.isEmpty())
+        accept(download, offered.id, place);
+    else
         download->cancel();
-        return;
-    }
+}
+
+void EngineView::accept(QWebEngineDownloadRequest* download, unsigned id, const QString& place)
+{
+    m_downloads.insert_or_assign(id, Download{download, download->id(), place});
     const QFileInfo file(place);
     download->setDownloadDirectory(file.absolutePath());
     download->setDownloadFileName(file.fileName());
-    const unsigned id = offered.id;
-    m_downloads[id] = download;
     connect(download, &QWebEngineDownloadRequest::receivedBytesChanged, this, [this, id, download] {
         later([this, id, received = download->receivedBytes(), size = download->totalBytes()] {
             m_host.downloadIs(id, received, size);
@@ -148,8 +156,9 @@ void EngineView::slotDownloadState(unsigned id, QWebEngineDownloadRequest::Downl
 
 void EngineView::cancelDownload(unsigned id)
 {
-    if (const auto found = m_downloads.find(id); found != m_downloads.end() && found->second)
-        found->second->cancel();
+    if (const auto found = m_downloads.find(id);
+        found != m_downloads.end() && found->second.m_request)
+        found->second.m_request->cancel();
 }
 
 } // namespace VOXI
