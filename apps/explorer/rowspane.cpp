@@ -259,7 +259,7 @@ void RowsPane::tellStatus()
     if (m_isListing && m_isFirstPiece)
         text = m_order.column == SQL::RowOrder::Natural ? "Searching …" : "Sorting …";
     else
-        text = grouped(m_count) + (isFiltered ? " rows found" : " rows")
+        text = grouped(m_count) + (m_count == 1 ? " row" : " rows") + (isFiltered ? " found" : "")
                + (m_isListing ? " so far …" : "");
     m_events.status(text);
 }
