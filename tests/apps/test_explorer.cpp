@@ -186,6 +186,8 @@ TEST_F(Explorer, takesOverWhatIsBeingTyped)
     explorer().rows().sortBy(1, SortOrder::Descending);
     EXPECT_FALSE(isEdited());
     EXPECT_TRUE(waitFor([&] { return hasChanges(); }, Patience));
+    ASSERT_TRUE(waitFor([&] { return !explorer().rows().isListing(); }, Patience));
+    rows().scrollTo({1, 2, nullptr});
     ASSERT_NE(edit(1, 2, "Committed"), nullptr);
     trigger("commit");
     ASSERT_TRUE(waitFor([&] { return !hasChanges(); }, Patience));
