@@ -40,7 +40,7 @@ struct Import
     VXTableView2* view = nullptr; ///< the first rows, then the bad ones
     VXProgressBar2* progress = nullptr;
     VXText2* message = nullptr;
-    VXButton2* start = nullptr;
+    DialogButtons buttons{};
     SQL::CsvPreview preview{};
     SQL::CancelToken token{};
     bool isRunning = false;
@@ -78,12 +78,12 @@ void takePreview(Import& self, SQL::CsvPreview preview)
     }
     showTable(self, std::move(headers), self.preview.rows);
     self.hasHeader->setChecked(self.preview.format.hasHeader);
-    self.start->setEnabled(true);
+    self.buttons.accept->setEnabled(true);
 }
 
 void readPreview(const ImportPtr& self, std::optional<SQL::CsvFormat> format)
 {
-    self->start->setEnabled(false);
+    self->buttons.accept->setEnabled(false);
     self->document.ask<SQL::CsvPreview>(
         [file = self->file, format](SQL::Database&) {
             return SQL::previewCsv(file, PreviewRows, format);
@@ -113,6 +113,7 @@ void takeReport(Import& self, const SQL::CsvReport& report)
     for (const SQL::BadRow& bad : report.bad)
         rows.push_back({std::to_string(bad.line), bad.reason});
     showTable(self, {"Line", "Why it was left out"}, rows);
+    self.buttons.cancel->setLabel("&Close");
     self.view->setColumnResizeMode(2, ColumnResizeMode::Stretch);
 }
 
@@ -123,7 +124,7 @@ void begin(const ImportPtr& self)
     options.table.name = SQL::utf8FromWide(self->table->textU());
     options.isNewTable = self->isNew->isChecked();
     options.columns = self->preview.columns;
-    self->start->setEnabled(false);
+    self->buttons.accept->setEnabled(false);
     self->isRunning = true;
     self->progress->show();
     self->document.ask<SQL::CsvReport>(
@@ -145,9 +146,9 @@ void begin(const ImportPtr& self)
                 return takeReport(*self, *report.value);
             self->progress->hide();
             if (report.error->isCancelled())
-                self->dialog->destroy();
-            else
-                fail(*self, *report.error);
+                return self->dialog->destroy();
+            fail(*self, *report.error);
+            self->buttons.accept->setEnabled(true); // under another name, for example
         });
 }
 
@@ -179,13 +180,13 @@ void build(const ImportPtr& self)
     rows->addWidget(self->view, 1);
     rows->addWidget(self->progress);
     rows->addWidget(self->message);
-    self->start = addButtons(*dialog, *rows, "&Import", false).accept;
+    self->buttons = addButtons(*dialog, *rows, "&Import", false);
     self->hasHeader->clicked().connect(dialog, [self] {
         SQL::CsvFormat format = self->preview.format;
         format.hasHeader = self->hasHeader->isChecked();
         readPreview(self, format);
     });
-    self->start->clicked().connect(dialog, [self] { begin(self); });
+    self->buttons.accept->clicked().connect(dialog, [self] { begin(self); });
 }
 
 } // namespace

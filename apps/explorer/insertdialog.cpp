@@ -55,6 +55,18 @@ struct Form
         return result;
     }
 
+    /// To the first one that has to be filled in.
+    void focusFirst() const
+    {
+        const auto isNeeded = [this](const auto& field) {
+            const SQL::ColumnInfo& column = reader->columns()[field.first];
+            return column.isNotNull && !column.defaultValue;
+        };
+        const auto needed = std::find_if(fields.begin(), fields.end(), isNeeded);
+        if (!fields.empty())
+            (needed == fields.end() ? fields.begin() : needed)->second->setFocus();
+    }
+
     void show(const SQL::Error& error) const
     {
         const std::wstring text = SQL::wideFromUtf8(error.what());
@@ -120,6 +132,7 @@ void InsertDialog::open(VXObject2* parent, Document& document,
         form->dialog, [dialog = form->dialog](const VXDialogEvent2&) { dialog->destroy(); });
     form->dialog->resize({460, std::min(140 + 44 * static_cast<int>(form->fields.size()), 560)});
     form->dialog->open();
+    form->focusFirst();
 }
 
 } // namespace explorer

@@ -61,7 +61,10 @@ RowsPane::RowsPane(VXObject2* parent, const std::string& objectName)
                                   });
     });
     m_table->activeCellChanged().connect(m_panel, [this](const VXEditRequestEvent2& event) {
-        m_isLastWanted = false;
+        if (!m_isTaking) { // else rows have gone
+            m_isLastWanted = false;
+            m_wantedRow = 0;
+        }
         if (m_events.cellChosen)
             m_events.cellChosen(event.row(), event.column());
     });
@@ -163,6 +166,7 @@ void RowsPane::take(Outcome<Listing::Piece> piece)
         return;
     }
     const bool isFirst = std::exchange(m_isFirstPiece, false);
+    m_isTaking = true;
     if (isFirst)
         beginModel();
     const std::vector<unsigned>& rows = piece.value->rows;
@@ -172,6 +176,7 @@ void RowsPane::take(Outcome<Listing::Piece> piece)
         m_wantedRow != 0 && std::find(rows.begin(), rows.end(), m_wantedRow) != rows.end();
     const unsigned first = rows.empty() ? 0 : rows.front();
     m_model.get()->append(rows);
+    m_isTaking = false;
     if (!m_isListing && m_isLastWanted && m_count > 0)
         goToEnd();
     else if (isWantedHere)
@@ -259,7 +264,7 @@ void RowsPane::tellStatus()
     if (m_isListing && m_isFirstPiece)
         text = m_order.column == SQL::RowOrder::Natural ? "Searching …" : "Sorting …";
     else
-        text = grouped(m_count) + (isFiltered ? " rows found" : " rows")
+        text = grouped(m_count) + (m_count == 1 ? " row" : " rows") + (isFiltered ? " found" : "")
                + (m_isListing ? " so far …" : "");
     m_events.status(text);
 }

@@ -88,6 +88,7 @@ private:
     bool m_isListing = false;
     bool m_isFirstPiece = false;
     bool m_isLastWanted = false;     ///< the user has gone to the end, before that was known
+    bool m_isTaking = false;         ///< rows come and go, by no doing of the user
     bool m_isRefreshWaiting = false; ///< for the end of an edit
 };
 

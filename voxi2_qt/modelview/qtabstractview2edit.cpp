@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QThread>
 
 #include <utility>
@@ -42,6 +43,25 @@ private:
     int& m_level;
     int m_former;
     bool m_isFree;
+};
+
+/// While a key is handled, the model's cells that are not known may be gone to.
+class OpenWay
+{
+public:
+    OpenWay(QtViewModel2& model, bool isKey) : m_model(isKey ? &model : nullptr) { set(true); }
+    ~OpenWay() { set(false); }
+    OpenWay(const OpenWay&) = delete;
+    OpenWay& operator=(const OpenWay&) = delete;
+
+private:
+    void set(bool isOpen)
+    {
+        if (m_model)
+            m_model->setWayOpen(isOpen);
+    }
+
+    QPointer<QtViewModel2> m_model;
 };
 
 constexpr int NotRunning = -1;
@@ -104,7 +124,10 @@ void QtAbstractView2::handleInput(Input input, QInputEvent& event,
     const bool isEditors = m_host->comesFromEditor(event);
     if (input == Input::Press)
         notePress(static_cast<QMouseEvent&>(event));
-    handle();
+    {
+        const OpenWay way(*m_model, input == Input::Key);
+        handle();
+    }
     if (hold.isAlive() && input == Input::Release)
         editIfClicked(static_cast<QMouseEvent&>(event));
     if (hold.isAlive() && !isEditors)

@@ -134,6 +134,8 @@ Qt::ItemFlags QtViewModel2::flags(const QModelIndex& index) const
     if (const CellRecord* const record = peekCell(index)) {
         flags.setFlag(Qt::ItemIsEnabled, record->isEnabled());
         flags.setFlag(Qt::ItemIsEditable, !record->isReadOnly());
+    } else {
+        flags.setFlag(Qt::ItemIsEnabled, m_isWayOpen);
     }
     return flags;
 }

@@ -88,6 +88,9 @@ public:
     /// The null cell for an invalid index, or when the model has gone.
     ModelCell2 cellFromIndex(const QModelIndex& index) const;
     ModelCell2 createCell(Uid row, Uid column) const;
+    /// Whether cells that are not known count as enabled, as they mostly will be: a key then goes
+    /// to them instead of looking for one that is known.
+    void setWayOpen(bool isOpen) { m_isWayOpen = isOpen; }
     /// Its position among the rows of its parent; -1 if there is no such row.
     int rowFromUID(Uid row) const { return m_rows.placeOf(row).row; }
     int columnFromUID(Uid column) const { return m_columns.placeOf(column); }
@@ -237,6 +240,7 @@ private:
     Uids m_columnsInSight;
     bool m_isBlockingSelection = false;
     bool m_isMovingColumns = false;
+    bool m_isWayOpen = false;
     QPointer<QItemSelectionModel> m_selection;
     FloodLimits m_floodLimits;
 };

@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <numeric>
+
 namespace VOXI {
 namespace {
 
@@ -207,6 +209,35 @@ TEST_F(ViewSelection, isSearchedByKeysAmongWhatIsKnown)
     EXPECT_EQ(m_selected.last().rows(), Uids{7});
     settle();
     EXPECT_EQ(m_view.cellInfo(900, 1).isKnown, known);
+}
+
+/// A key goes where it means to, also where nothing is known yet.
+TEST_F(ViewSelection, keysGoToCellsThatAreNotKnown)
+{
+    class Silent : public VXAbstractViewModel2
+    {
+    public:
+        Silent()
+        {
+            std::vector<unsigned> rows(3000);
+            std::iota(rows.begin(), rows.end(), 1);
+            changeSize(SizeChange2::appendColumns({1, 2}));
+            changeSize(SizeChange2::appendRows(rows));
+        }
+        void query(const ViewQuery2&) override {}
+    };
+    Silent silent;
+    show(silent);
+    m_view.setActiveCell({1, 1, nullptr});
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&qtView(), key, modifiers);
+        return m_view.activeCell().row;
+    };
+    EXPECT_EQ(press(Qt::Key_Down), 2U);
+    EXPECT_EQ(press(Qt::Key_End, Qt::ControlModifier), 3000U);
+    EXPECT_EQ(press(Qt::Key_Up), 2999U);
+    EXPECT_EQ(press(Qt::Key_Home, Qt::ControlModifier), 1U);
+    EXPECT_FALSE(m_view.cellInfo(1, 1).isEnabled);
 }
 
 } // namespace
