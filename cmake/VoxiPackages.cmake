@@ -8,6 +8,23 @@ install(
     COMPONENT documentation
     OPTIONAL)
 
+# Who packs says who he is as Debian's own tools ask it.
+set(maintainer "The VOXI developers <voxi@localhost>")
+if("$ENV{DEBEMAIL}" MATCHES "<.+>")
+    set(maintainer "$ENV{DEBEMAIL}")
+elseif(NOT "$ENV{DEBEMAIL}" STREQUAL "")
+    string(STRIP "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>" maintainer)
+endif()
+
+# What each package has beside its files.
+string(TIMESTAMP packed "%a, %d %b %Y %H:%M:%S +0000" UTC)
+file(WRITE "${PROJECT_BINARY_DIR}/changelog"
+     "voxi (${PROJECT_VERSION}) unstable; urgency=medium\n\n"
+     "  * Version ${PROJECT_VERSION}; what is new stands in CHANGELOG.md of the sources.\n\n"
+     " -- ${maintainer}  ${packed}\n")
+file(ARCHIVE_CREATE OUTPUT "${PROJECT_BINARY_DIR}/changelog.gz"
+     PATHS "${PROJECT_BINARY_DIR}/changelog" FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9)
+
 # voxi_add_package(<component> <name> <description> [DEPENDS <component>...] [LIBRARIES])
 # DEPENDS: other packages of ours, of the same version. LIBRARIES: what others need its libraries
 # link is looked up.
@@ -18,6 +35,12 @@ macro(voxi_add_package component name description)
     set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
     set(CPACK_COMPONENT_${upper}_DESCRIPTION "${description}")
     set(CPACK_COMPONENT_${upper}_DEPENDS ${arg_DEPENDS})
+    # Not into the folder that somebody installs to without a package.
+    install(
+        FILES "${PROJECT_SOURCE_DIR}/cmake/copyright" "${PROJECT_BINARY_DIR}/changelog.gz"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${name}"
+        COMPONENT ${component}
+        EXCLUDE_FROM_ALL)
     if(arg_LIBRARIES)
         set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION libs)
         set(CPACK_DEBIAN_${upper}_PACKAGE_SHLIBDEPS ON)
@@ -46,7 +69,10 @@ set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_CONTACT "The VOXI developers <voxi@localhost>")
+set(CPACK_PACKAGE_CONTACT "${maintainer}")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)

@@ -40,9 +40,9 @@ void QtFileDialog2::slotPlatformFinished(int result)
         accept();
     else
         reject();
-    // The application may refuse, and show it anew.
+    // The application may have refused. Later: what closes a dialog of GTK's hides it after this.
     if (self)
-        showPlatformDialog();
+        QMetaObject::invokeMethod(this, &QtFileDialog2::showPlatformDialog, Qt::QueuedConnection);
 }
 
 void QtFileDialog2::slotPlatformDirectoryEntered(const QString& path)

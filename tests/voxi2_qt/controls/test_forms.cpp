@@ -1,5 +1,7 @@
 #include "../kernel/toolkit.h"
+#include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxformlayout2.h"
+#include "voxi2/controls/vxbutton2.h"
 #include "voxi2/controls/vxedit2.h"
 #include "voxi2/controls/vxspinbox2.h"
 #include "voxi2/controls/vxtext2.h"
@@ -56,7 +58,7 @@ TEST_F(Form, labelsStandBeforeTheirFieldsAndGiveThemTheFocus)
     EXPECT_TRUE(m_age->hasFocus());
 
     m_form->addRow("again", m_name);
-    m_form->addRow("nothing", nullptr);
+    m_form->addRow("nothing", static_cast<VXWidget2*>(nullptr));
     auto* const wide = new VXText2("over both columns", m_page);
     m_form->addRow(wide);
     turn();
@@ -64,6 +66,48 @@ TEST_F(Form, labelsStandBeforeTheirFieldsAndGiveThemTheFocus)
     EXPECT_EQ(wide->globalPosition().x, m_form->label(m_name)->globalPosition().x);
     EXPECT_GT(y(wide), y(m_age));
     EXPECT_EQ(m_form->label(wide), nullptr);
+}
+
+TEST_F(Form, aRowMayBeALayout)
+{
+    auto* const path = new VXEdit2(m_page);
+    auto* const button = new VXButton2("&Find", m_page);
+    auto* const inner = new VXBoxLayout2(m_form);
+    auto* const row = new VXBoxLayout2(m_form);
+    row->addLayout(inner, 1);
+    inner->addWidget(path);
+    row->addWidget(button);
+    VXWidget2* const first = m_form->insertRow(1, "&Path", row);
+    turn();
+    EXPECT_EQ(m_form->rows(), (std::vector<VXWidget2*>{m_name, first, m_age}));
+    EXPECT_EQ(path->globalPosition().x, m_name->globalPosition().x) << "without margins";
+    EXPECT_EQ(right(button), right(m_name));
+    EXPECT_LT(y(path), y(m_age));
+    EXPECT_EQ(spokenName(*first), QStringLiteral("Path"));
+    QApplication::setActiveWindow(qt(*m_page));
+    QTest::keyClick(qt(*m_page), Qt::Key_P, Qt::AltModifier);
+    EXPECT_TRUE(path->hasFocus());
+    m_form->setRowVisible(first, false);
+    EXPECT_FALSE(button->isVisible());
+    m_form->setRowVisible(first, true);
+    m_form->setValidationState(first, ValidationState::Error, "not there");
+    EXPECT_TRUE(m_form->note(first)->isVisible());
+
+    EXPECT_EQ(m_form->addRow("lies in the first", inner), nullptr);
+    EXPECT_EQ(m_form->addRow(m_form), nullptr);
+    EXPECT_EQ(m_form->addRow(static_cast<VXLayout2*>(nullptr)), nullptr);
+    auto* const wide = new VXBoxLayout2(m_form);
+    wide->addWidget(new VXText2("over both columns", m_page));
+    VXWidget2* const last = m_form->addRow(wide);
+    turn();
+    EXPECT_EQ(last->globalPosition().x, m_form->label(m_name)->globalPosition().x);
+
+    delete row; // and with it the label, and the message
+    runDeletions();
+    EXPECT_EQ(m_form->rows(), (std::vector<VXWidget2*>{m_name, m_age, last}));
+    EXPECT_TRUE(VXObject::isObjectValid(path)) << "it is its owner's";
+    m_form->removeRow(last);
+    EXPECT_EQ(wide->parent(), last);
 }
 
 TEST_F(Form, whatIsThoughtOfAFieldIsSeenBelowItAndSpoken)

@@ -1,5 +1,7 @@
 #include "voxi2/containers/vxformlayout2.h"
 
+#include "../kernel/notnull.h"
+#include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtext2.h"
 
 #include <algorithm>
@@ -11,6 +13,35 @@ namespace {
 
 /// The rows of the grid that a row of the form has: for a label above, the field, the message.
 constexpr int GridRows = 3;
+
+/// A label without the sign of its mnemonic.
+std::wstring spoken(const AnyText& label)
+{
+    std::wstring text = label.toWide();
+    for (auto at = text.find(L'&'); at != std::wstring::npos; at = text.find(L'&', at + 1))
+        text.erase(at, 1);
+    return text;
+}
+
+/// The first widget in a layout, or in those that lie in it; 0 when there is none.
+unsigned firstWidgetIn(const VXHandle<VXLayout2>& layout)
+{
+    const auto itemAt = [&layout](int index) {
+        return layout.with([index](const VXLayout2& alive) { return alive.itemAt(index); });
+    };
+    const int count = layout.with([](const VXLayout2& alive) { return alive.count(); });
+    for (int i = 0; i < count; ++i) {
+        VXObject2* const item = itemAt(i);
+        if (!VXObject::isObjectValid(item))
+            continue;
+        if (dynamic_cast<VXWidget2*>(item))
+            return item->id();
+        auto* const inner = dynamic_cast<VXLayout2*>(item);
+        if (const unsigned found = inner ? firstWidgetIn(inner) : 0)
+            return found;
+    }
+    return 0;
+}
 
 } // namespace
 
@@ -24,11 +55,28 @@ void VXFormLayout2::addRow(const AnyText& label, VXWidget2* field, int stretch)
 
 void VXFormLayout2::addRow(VXWidget2* widget, int stretch) { insertRow(-1, widget, stretch); }
 
+VXWidget2* VXFormLayout2::addRow(const AnyText& label, VXLayout2* layout, int stretch)
+{
+    return insertRow(-1, label, layout, stretch);
+}
+
+VXWidget2* VXFormLayout2::addRow(VXLayout2* layout, int stretch)
+{
+    return insertRow(-1, layout, stretch);
+}
+
 void VXFormLayout2::insertRow(int position, const AnyText& label, VXWidget2* field, int stretch)
 {
     const VXObjectDataLocker lock;
+    insertField(position, label, field, field, stretch);
+}
+
+void VXFormLayout2::insertField(int position, const AnyText& label, VXWidget2* field,
+                                const VXHandle<VXWidget2>& buddy, int stretch, CallPlace where)
+{
+    const VXObjectDataLocker lock;
     const BuildScope scope;
-    if (!isObjectValid(field) || find(field))
+    if (!canGetRow(field, where))
         return;
     const unsigned self = id();
     const VXHandle<VXWidget2> kept(field);
@@ -42,24 +90,51 @@ void VXFormLayout2::insertRow(int position, const AnyText& label, VXWidget2* fie
         note->destroy();
         return;
     }
-    text->setBuddy(field);
+    text->setBuddy(buddy.isValid() ? buddy.get() : field);
     insert(position, {.m_field = kept, .m_label = text, .m_note = note, .m_stretch = stretch});
 }
 
 void VXFormLayout2::insertRow(int position, VXWidget2* widget, int stretch)
 {
     const VXObjectDataLocker lock;
-    if (isObjectValid(widget) && !find(widget))
+    if (canGetRow(widget))
         insert(position, {.m_field = widget, .m_stretch = stretch});
+}
+
+VXWidget2* VXFormLayout2::insertRow(int position, const AnyText& label, VXLayout2* layout,
+                                    int stretch)
+{
+    const VXObjectDataLocker lock;
+    const VXHandle<VXFormLayout2> self(this);
+    const VXHandle<VXLayout2> kept(layout);
+    const VXHandle<VXWidget2> panel = panelOf(layout);
+    const unsigned first = panel.id() != 0 ? firstWidgetIn(kept) : 0;
+    if (!self.isValid() || !panel.isValid())
+        return nullptr;
+    const auto buddy = static_cast<VXWidget2*>(objectById(first));
+    insertField(position, label, panel.get(), buddy, stretch);
+    panel.with([&](VXWidget2& around) { around.setAccessibleName(spoken(label)); });
+    return panel.get();
+}
+
+VXWidget2* VXFormLayout2::insertRow(int position, VXLayout2* layout, int stretch)
+{
+    const VXObjectDataLocker lock;
+    const VXHandle<VXFormLayout2> self(this);
+    const VXHandle<VXWidget2> panel = panelOf(layout);
+    if (self.isValid() && panel.isValid())
+        insertRow(position, panel.get(), stretch);
+    return panel.get();
 }
 
 void VXFormLayout2::removeRow(const VXWidget2* widget)
 {
     const VXObjectDataLocker lock;
-    if (!find(widget))
+    const Row* const row = askedFor(widget);
+    if (!row)
         return;
     const VXHandle<VXFormLayout2> self(this);
-    const VXHandle<VXWidget2> kept = find(widget)->m_field;
+    const VXHandle<VXWidget2> kept = row->m_field;
     dropRow(kept.id());
     if (self.isValid() && kept.isValid())
         removeWidget(kept.get());
@@ -68,7 +143,7 @@ void VXFormLayout2::removeRow(const VXWidget2* widget)
 void VXFormLayout2::setRowVisible(const VXWidget2* widget, bool visible)
 {
     const VXObjectDataLocker lock;
-    Row* const row = find(widget);
+    Row* const row = askedFor(widget);
     if (!row)
         return;
     row->m_isVisible = visible;
@@ -134,17 +209,25 @@ Alignment VXFormLayout2::labelAlignment() const
 void VXFormLayout2::setLabel(const VXWidget2* field, const AnyText& label)
 {
     const VXObjectDataLocker lock;
+    if (!askedFor(field))
+        return;
     if (VXText2* const text = this->label(field))
         text->setText(label);
+    else
+        ignored(this, "that row has no label");
 }
 
 void VXFormLayout2::setValidationState(const VXWidget2* field, ValidationState state,
                                        const AnyText& message)
 {
     const VXObjectDataLocker lock;
-    VXFieldNote2* const own = note(field);
-    if (!own)
+    if (!askedFor(field))
         return;
+    VXFieldNote2* const own = note(field);
+    if (!own) {
+        ignored(this, "that row has no label");
+        return;
+    }
     const VXHandle<VXFieldNote2> kept(own);
     const bool isHidden = !isRowVisible(field);
     own->setValidationState(state, message);
@@ -195,6 +278,56 @@ const VXFormLayout2::Row* VXFormLayout2::find(const VXWidget2* widget) const
 VXFormLayout2::Row* VXFormLayout2::find(const VXWidget2* widget)
 {
     return const_cast<Row*>(std::as_const(*this).find(widget));
+}
+
+/// What a request is about; null where that has no row, which is told.
+VXFormLayout2::Row* VXFormLayout2::askedFor(const VXWidget2* widget, CallPlace where)
+{
+    Row* const row = find(widget);
+    if (!row && (!widget || isObjectValid(widget)))
+        ignored(this, widget ? "that has no row here" : Reason::Null, where);
+    return row;
+}
+
+bool VXFormLayout2::canGetRow(const VXWidget2* widget, CallPlace where) const
+{
+    if (isObjectValid(widget) && !find(widget))
+        return true;
+    if (!widget || isObjectValid(widget))
+        ignored(this, widget ? "that has a row already" : Reason::Null, where);
+    return false;
+}
+
+/// A new widget that the layout fills, and that ends with it; null where it cannot.
+VXWidget2* VXFormLayout2::panelOf(VXLayout2* layout, CallPlace where)
+{
+    const BuildScope scope;
+    if (!isObjectValid(layout)) {
+        if (!layout)
+            ignored(this, Reason::Null, where);
+        return nullptr;
+    }
+    for (const VXObject2* around = this; around; around = around->parent()) {
+        if (around == layout) {
+            ignored(this, Reason::HoldsThis, where);
+            return nullptr;
+        }
+    }
+    const VXHandle<VXLayout2> kept(layout);
+    const VXHandle<VXPanel2> panel(new VXPanel2(this));
+    // As if it lay in the form itself: a widget would give it margins of the style's.
+    const auto margins = kept.with([](const VXLayout2& alive) { return alive.margins(); });
+    kept.with([&](VXLayout2& alive) { alive.setParent(panel.get()); });
+    const bool isIn = panel.isValid() && kept.isValid() && kept.get()->parent() == panel.get();
+    if (!isIn) {
+        panel->destroy();
+        return nullptr;
+    }
+    kept.with([&](VXLayout2& alive) {
+        alive.setMargins(margins);
+        alive.destroyed().connect(panel.get(), &VXPanel2::destroy, servingThread());
+    });
+    return panel.get();
 }
 
 void VXFormLayout2::insert(int position, const Row& row)

@@ -2,6 +2,7 @@
 
 #include "voxi2/containers/vxgridlayout2.h"
 #include "voxi2/controls/vxfieldnote2.h"
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxhandle.h"
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
@@ -38,9 +39,18 @@ public:
     void addRow(const AnyText& label, VXWidget2* field, int stretch = 0);
     /// Appends a widget that takes the whole width, buttons for example.
     void addRow(VXWidget2* widget, int stretch = 0);
+    /// The same with a layout: a path with a button behind it, for example. It moves into a widget
+    /// of its own, which stands for it wherever a row is named, ends with it, and belongs to the
+    /// form. Null, and nothing happens, for null and dead layouts, those inside another one, and
+    /// those that the form lies in. The label's mnemonic goes to the first widget that is in it
+    /// then; what is read before all of them is the label's text at that time.
+    VXWidget2* addRow(const AnyText& label, VXLayout2* layout, int stretch = 0);
+    VXWidget2* addRow(VXLayout2* layout, int stretch = 0);
     /// The same before the row at a position; -1, and any beyond the end, appends.
     void insertRow(int position, const AnyText& label, VXWidget2* field, int stretch = 0);
     void insertRow(int position, VXWidget2* widget, int stretch = 0);
+    VXWidget2* insertRow(int position, const AnyText& label, VXLayout2* layout, int stretch = 0);
+    VXWidget2* insertRow(int position, VXLayout2* layout, int stretch = 0);
     /// Takes a row out. Its label and message end; the field, or wide widget, stays where it is
     /// until moved.
     void removeRow(const VXWidget2* widget);
@@ -93,6 +103,12 @@ private:
 
     const Row* find(const VXWidget2* widget) const;
     Row* find(const VXWidget2* widget);
+    Row* askedFor(const VXWidget2* widget, CallPlace where = CallPlace::current());
+    bool canGetRow(const VXWidget2* widget, CallPlace where = CallPlace::current()) const;
+    VXWidget2* panelOf(VXLayout2* layout, CallPlace where = CallPlace::current());
+    void insertField(int position, const AnyText& label, VXWidget2* field,
+                     const VXHandle<VXWidget2>& buddy, int stretch,
+                     CallPlace where = CallPlace::current());
     void insert(int position, const Row& row);
     void arrange(std::size_t from);
     void place(int index);
