@@ -276,8 +276,11 @@ void QtAbstractWindow2::reportActivation()
     const bool isAsked = isActive && !m_activating.hasExpired();
     if (isActive)
         m_activating.setRemainingTime(0);
-    // A hold stands around what the program asks for, hiding for example.
-    const bool isLeftByProgram = !isActive && QtReportHold::isActive();
+    // A hold stands around what the program asks for. It may have shown another window: then this
+    // one is left as by the user.
+    const bool isPutAside =
+        window.isHidden() || (window.isMinimized() && QtReportHold::isActive());
+    const bool isLeftByProgram = !isActive && isPutAside;
     if (!isAsked && !isLeftByProgram && window.isVisible())
         report(&E::activationChanged, isActive);
 }

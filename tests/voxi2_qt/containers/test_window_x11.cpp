@@ -1,5 +1,5 @@
 // What takes a window manager and a real pointer: states that the manager sets, windows that it
-// closes, and dock widgets that are dragged.
+// closes, activates and stacks, and dock widgets that are dragged.
 
 #include "../kernel/toolkit.h"
 #include "support/realinput.h"
@@ -7,15 +7,59 @@
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/containers/vxwindow2.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+#include <xcb/xcb.h>
 
 namespace VOXI {
 namespace {
+
+/// What the window manager, and all other programs, see of windows.
+class XServer
+{
+public:
+    xcb_atom_t atom(const char* name) const
+    {
+        const auto asked =
+            xcb_intern_atom(m_server, 0, static_cast<std::uint16_t>(std::strlen(name)), name);
+        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_server, asked, nullptr),
+                                                   &std::free);
+        return reply->atom;
+    }
+    /// A list of atoms or windows; of the screen as a whole for 0.
+    std::vector<std::uint32_t> property(const char* name, WId window = 0) const
+    {
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_server)).data->root;
+        const auto asked =
+            xcb_get_property(m_server, 0, window != 0 ? static_cast<xcb_window_t>(window) : root,
+                             atom(name), XCB_ATOM_ANY, 0, 1000);
+        const Reply<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(m_server, asked, nullptr), &std::free);
+        if (!reply)
+            return {};
+        const auto* const first =
+            static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+        return {first, first + reply->value_len};
+    }
+
+private:
+    template <class T>
+    using Reply = std::unique_ptr<T, decltype(&std::free)>;
+
+    xcb_connection_t* const m_server =
+        qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+};
 
 class WindowX11 : public testing::Test
 {
@@ -136,6 +180,41 @@ TEST_F(WindowX11, mayRefuseTheWindowManagersWishToClose)
     EXPECT_TRUE(waitFor([&] { return qt(m_window)->windowHandle()->isExposed(); }, Patience));
 }
 
+TEST_F(WindowX11, isLeftAndEnteredByItsUserAndAsksForHim)
+{
+    ASSERT_TRUE(show());
+    const Log changed(m_window.activationChanged());
+    VXWindow2 other;
+    other.setPosition({900, 200, 300, 200});
+    const Log others(other.activationChanged());
+    other.show();
+    ASSERT_TRUE(waitFor([&] { return qt(other)->isActiveWindow(); }, Patience));
+    EXPECT_TRUE(others.isEmpty()) << "the program has shown it";
+    ASSERT_TRUE(waitFor([&] { return !changed.isEmpty(); }, Patience));
+    EXPECT_FALSE(changed.last().isActive());
+
+    const XServer server;
+    const auto isAsking = [&] {
+        const auto states = server.property("_NET_WM_STATE", m_window.winId());
+        return std::ranges::count(states, server.atom("_NET_WM_STATE_DEMANDS_ATTENTION")) > 0;
+    };
+    EXPECT_FALSE(isAsking());
+    m_window.alert();
+    EXPECT_TRUE(waitFor(isAsking, Patience));
+    xdotool(QStringLiteral("windowactivate ") + id());
+    ASSERT_TRUE(waitFor([&] { return changed.last().isActive(); }, Patience));
+    EXPECT_TRUE(waitFor([&] { return !isAsking(); }, Patience));
+    ASSERT_TRUE(waitFor([&] { return others.count() == 1; }, Patience));
+    EXPECT_FALSE(others.last().isActive());
+
+    const VXRect<int> inside = m_window.globalPosition();
+    const VXRect<int> frame = m_window.frameGeometry();
+    EXPECT_LT(frame.y, inside.y);
+    EXPECT_GT(frame.height, inside.height);
+    EXPECT_EQ(m_window.screens()[static_cast<std::size_t>(m_window.screen())].geometry,
+              (VXRect<int>{0, 0, 1600, 1200}));
+}
+
 class DockX11 : public WindowX11
 {
 protected:
@@ -207,6 +286,29 @@ TEST_F(DockX11, isDraggedOutAndBackIn)
     EXPECT_EQ(m_moved.last().area(), DockArea::Right);
     EXPECT_EQ(m_window.dockArea(m_dock), DockArea::Right);
     EXPECT_TRUE(m_seen.isEmpty());
+}
+
+/// As a program does that shows its window as it was left.
+TEST_F(DockX11, standsBeforeAWindowThatGotItsLayoutFirst)
+{
+    ASSERT_TRUE(show());
+    m_dock->setFloating(true);
+    const std::string layout = m_window.saveLayout();
+    m_window.hide();
+    m_dock->setFloating(false);
+    ASSERT_TRUE(m_window.restoreLayout(layout));
+    ASSERT_TRUE(show());
+    ASSERT_TRUE(waitFor([&] { return qt(*m_dock)->windowHandle()->isExposed(); }, Patience));
+    EXPECT_TRUE(m_dock->isFloating());
+    const XServer server;
+    const auto isInFront = [&] {
+        const auto stacked = server.property("_NET_CLIENT_LIST_STACKING");
+        const auto window = std::ranges::find(stacked, m_window.winId());
+        const auto pane = std::ranges::find(stacked, m_dock->winId());
+        return window != stacked.end() && pane != stacked.end() && pane > window;
+    };
+    EXPECT_TRUE(waitFor(isInFront, Patience));
+    EXPECT_TRUE(m_floated.isEmpty());
 }
 
 TEST_F(DockX11, mayBeTakenFromTheHandThatDragsIt)
