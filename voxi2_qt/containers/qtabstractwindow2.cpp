@@ -278,8 +278,7 @@ void QtAbstractWindow2::reportActivation()
         m_activating.setRemainingTime(0);
     // A hold stands around what the program asks for. It may have shown another window: then this
     // one is left as by the user.
-    const bool isPutAside =
-        window.isHidden() || (window.isMinimized() && QtReportHold::isActive());
+    const bool isPutAside = window.isHidden() || (window.isMinimized() && QtReportHold::isActive());
     const bool isLeftByProgram = !isActive && isPutAside;
     if (!isAsked && !isLeftByProgram && window.isVisible())
         report(&E::activationChanged, isActive);

@@ -10,6 +10,7 @@
 
 #include <QLayout>
 #include <QMenuBar>
+#include <QPointer>
 #include <QToolBar>
 
 namespace VOXI {
@@ -183,6 +184,16 @@ void QtWindow2::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     passStateChange(*event);
+}
+
+/// What stands alone comes behind its window: a window manager leaves what came first below.
+void QtWindow2::setVisible(bool visible)
+{
+    const QtReportHold hold; // a handler may end the window
+    const QPointer<QtWindow2> self(this);
+    QtWidget2Shim::setVisible(visible);
+    if (self && isVisible())
+        showWaitingPanes();
 }
 
 // Helpers -----------------------------------------------------------------------------------------

@@ -10,8 +10,10 @@
 #include "voxi2_qt/kernel/qteventblocker.h"
 
 #include <QLayout>
+#include <QPointer>
 #include <QSet>
 #include <QToolBar>
+#include <QWindow>
 
 #include <algorithm>
 #include <list>
@@ -114,6 +116,22 @@ private:
     int m_lastUnused = 0;
     std::vector<std::pair<QPointer<QWidget>, QString>> m_renamed; // some of them twice
 };
+
+/// The window that it belongs to keeps the focus. Qt passes the attribute on when it makes the
+/// QWindow, which there may be already.
+void showWithoutActivating(QDockWidget& pane)
+{
+    const auto tell = [&pane](bool isWithout) {
+        pane.setAttribute(Qt::WA_ShowWithoutActivating, isWithout);
+        if (QWindow* const window = pane.windowHandle())
+            window->setProperty("_q_showWithoutActivating", isWithout);
+    };
+    tell(true);
+    const QPointer<QDockWidget> self(&pane);
+    pane.show();
+    if (self)
+        tell(false);
+}
 
 /// Lays a window out that nobody has seen yet, for as long as one lives: until then panes have no
 /// sizes, and would come back one on top of the other.
@@ -359,7 +377,7 @@ void QtWindow2::placeDock(QtDockWidget2& dock, Function&& function)
     remember(m_dockedPanes, &dock);
 }
 
-/// The window has come to the screen: what waited for that is done.
+/// The window comes to the screen: what waited for that is done.
 void QtWindow2::finishFirstShow()
 {
     m_wasShown = true;
@@ -367,12 +385,16 @@ void QtWindow2::finishFirstShow()
         if (each.m_dock && isDocked(*each.m_dock))
             resizeDocks({each.m_dock}, {each.m_size}, each.m_orientation);
     }
+}
+
+void QtWindow2::showWaitingPanes()
+{
     const QtDockWidget2::ProgramScope scope(this);
     for (const QPointer<QDockWidget>& each : std::exchange(m_waitingPanes, {})) {
         if (!each || !isDocked(*each) || !each->isFloating())
             continue;
         const QtEventBlocker blocker(each, PlacingEvents);
-        each->show();
+        showWithoutActivating(*each);
     }
 }
 

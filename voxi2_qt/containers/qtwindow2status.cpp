@@ -84,6 +84,8 @@ void QtWindow2::showEvent(QShowEvent* event)
         bar->setSizeGripEnabled(isWindow());
     QMainWindow::showEvent(event);
     finishFirstShow();
+    if (!isWindow())
+        showWaitingPanes();
 }
 
 // Helpers -----------------------------------------------------------------------------------------

@@ -296,6 +296,7 @@ TEST_F(DockX11, standsBeforeAWindowThatGotItsLayoutFirst)
     const std::string layout = m_window.saveLayout();
     m_window.hide();
     m_dock->setFloating(false);
+    ASSERT_TRUE(waitFor([] { return !QGuiApplication::focusWindow(); }, Patience));
     ASSERT_TRUE(m_window.restoreLayout(layout));
     ASSERT_TRUE(show());
     ASSERT_TRUE(waitFor([&] { return qt(*m_dock)->windowHandle()->isExposed(); }, Patience));

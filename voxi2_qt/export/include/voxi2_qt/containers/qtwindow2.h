@@ -71,6 +71,8 @@ public:
 
     bool supportsGlobalFocusBlocker() const override { return m_supportsFocusBlocker; }
 
+    void setVisible(bool visible) override;
+
 protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -102,6 +104,7 @@ private:
     void placeDock(QtDockWidget2& dock, Function&& function);
     static void remember(Docked& docked, QWidget* widget);
     void finishFirstShow();
+    void showWaitingPanes();
 
     struct WantedSize
     {
