@@ -151,9 +151,13 @@ void travel(explorer::ExplorerWindow& window, const std::string& file)
             [&, until = Clock::now() + std::chrono::milliseconds(100)] {
                 return Clock::now() > until;
             });
+    unsigned row = 0;
     tour.step(
-        "filter: the rest", [] {}, isListed);
-    const unsigned row = table.cellAt(5, 5).row;
+        "filter: the rest", [] {},
+        [&] {
+            row = table.cellAt(5, 5).row;
+            return isListed() && row != 0 && table.cellInfo(row, 2).isKnown;
+        });
     tour.step(
         "edit: open the editor", [&] { table.imitateEdit(row, 2, EditTrigger::EditKeyPressed); },
         [&] { return table.editor(row, 2) != nullptr; });
