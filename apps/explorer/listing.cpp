@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t FirstRows = 500; ///< more than a window shows
 constexpr std::size_t MoreRows = 50'000;
 /// Of numbers in no order, which a view keeps at other places of its memory each.
-constexpr std::size_t MoreSortedRows = 20'000;
+constexpr std::size_t MoreSortedRows = 10'000;
 
 } // namespace
 
