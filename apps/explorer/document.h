@@ -70,6 +70,12 @@ public:
             deliver(outcomeOf<T>(work), answer);
         });
     }
+    /// Runs `then` when all that was asked before has been answered.
+    void whenAnswered(std::function<void()> then)
+    {
+        ask<bool>([](SQL::Database&) { return true; },
+                  [then = std::move(then)](Outcome<bool>) { then(); });
+    }
     /// For jobs that answer more than once.
     Worker& worker() noexcept { return m_worker; }
 

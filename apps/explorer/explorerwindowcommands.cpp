@@ -174,7 +174,7 @@ void ExplorerWindow::noteRows(const RowsPane& pane, const std::string& status)
     if (pane.isListing() || !m_document || !m_settled)
         return;
     pane.table()->refresh(); // which asks for the cells in sight; the answer comes behind them
-    m_document->ask<bool>([](SQL::Database&) { return true; }, [this](Outcome<bool>) { settle(); });
+    m_document->whenAnswered([this] { settle(); });
 }
 
 /// What can be done now, and what the title says.

@@ -67,8 +67,7 @@ void RowEditing::finish(std::function<void()> then)
     m_rows.endEditing();
     if (m_unanswered == 0)
         return then();
-    m_document->ask<bool>([](SQL::Database&) { return true; },
-                          [then = std::move(then)](Outcome<bool>) { then(); });
+    m_document->whenAnswered(std::move(then));
 }
 
 template <class T>

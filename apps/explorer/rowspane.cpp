@@ -54,11 +54,10 @@ RowsPane::RowsPane(VXObject2* parent, const std::string& objectName)
     m_table->keyPressed().connect(m_panel, [this](const VXKeyEvent2& event) { noteKey(event); });
     m_table->editCompleted().connect(m_panel, [this](const VXEditCompleteEvent2&) {
         if (m_isRefreshWaiting) // behind what others make of it
-            m_document->ask<bool>([](SQL::Database&) { return true; },
-                                  [this](Outcome<bool>) {
-                                      if (std::exchange(m_isRefreshWaiting, false))
-                                          refresh();
-                                  });
+            m_document->whenAnswered([this] {
+                if (std::exchange(m_isRefreshWaiting, false))
+                    refresh();
+            });
     });
     m_table->activeCellChanged().connect(m_panel, [this](const VXEditRequestEvent2& event) {
         if (!m_isTaking) { // else rows have gone
@@ -194,14 +193,12 @@ void RowsPane::choose(unsigned row, unsigned column)
         m_events.cellChosen(row, column);
 }
 
-/// The table goes to the last row whose cells it knows; the real one may not even be listed.
+/// The table goes to the last row that it has; the real one may not be listed yet.
 void RowsPane::noteKey(const VXKeyEvent2& event)
 {
     if (m_count == 0 || event.key() != Key::End || event.modifiers() != Modifier::Control)
         return;
     m_isLastWanted = m_isListing;
-    if (!m_isListing)
-        goToEnd();
 }
 
 void RowsPane::goToEnd()
