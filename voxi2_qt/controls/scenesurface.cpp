@@ -123,7 +123,11 @@ bool SceneSurface::event(QEvent* event)
     default:
         break;
     }
-    return QOpenGLWidget::event(event);
+    const bool hadContext = context();
+    const bool isTaken = QOpenGLWidget::event(event);
+    if (hadContext && !context())
+        m_scene.slotContextLost();
+    return isTaken;
 }
 
 /// A loop that the program runs while it draws may paint; what is shown stays as it is.

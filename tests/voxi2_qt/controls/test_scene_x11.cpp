@@ -4,6 +4,7 @@
 #include "scenereference.h"
 #include "scenesupport.h"
 #include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxpanel2.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -359,6 +360,32 @@ TEST_F(ShownScene, drawsWhatWorkersMoveAllTheTime)
     changes.join();
     EXPECT_GE(m_frames.count(), 5);
     EXPECT_TRUE(waitFor([&] { return middle() == qRgb(0, 255, 0); }));
+}
+
+/// Its picture is made, and goes with the context before the window is put together of it.
+TEST_F(ShownScene, mayComeEmptyIntoAWindowOfScenes)
+{
+    VXWindow2 other;
+    auto* panel = new VXPanel2(&other);
+    other.setCentralWidget(panel);
+    auto* neighbour = new VXHGScene2(panel);
+    neighbour->resize({100, 100});
+    other.resize({320, 240});
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(qt(other)));
+
+    m_scene->setParent(&m_window);
+    m_scene->show();
+    m_scene->resize({60, 50});
+    m_scene->resize({0, 0});
+    m_scene->setParent(panel);
+    m_scene->show();
+    const Log frames(neighbour->frameDrawn());
+    neighbour->update();
+    EXPECT_TRUE(waitFor([&] { return !frames.isEmpty(); }));
+
+    m_scene->resize({100, 80});
+    EXPECT_TRUE(waitFor([&] { return middle() == qRgb(20, 30, 60); }));
 }
 
 } // namespace

@@ -77,6 +77,8 @@ public:
     SceneFrame frame(const QSize& pixels, void* (*functionAddress)(const char*)) const;
     /// A picture has been drawn.
     void slotFrameEnds();
+    /// The surface has none any more.
+    void slotContextLost();
 
     QSize sizeHint() const override;
 
