@@ -183,17 +183,19 @@ function(voxi_install_library name component)
         FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT ${development})
 endfunction()
 
-# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11 [SCALED <filter>]] [A11Y] [WAYLAND]
-#               [TIMEOUT <seconds>] [NO_GLIB <filter>])
+# voxi_add_test(<name> SOURCES ... LIBS ... [QT] [X11 [SCALED <filter>] [EMBEDDED_GL <filter>]]
+#               [A11Y] [WAYLAND] [TIMEOUT <seconds>] [NO_GLIB <filter>])
 # One GoogleTest program. Each of its tests is a ctest test of label unit; with X11 the program as
 # a whole is one ctest test of label x11, on a virtual display with a window manager of its own.
 # SCALED: those of its tests that match run once more with two pixels for each unit.
+# EMBEDDED_GL: and these with OpenGL ES.
 # A11Y: as X11, with label a11y, and with a session bus on which assistive programs find it.
 # WAYLAND: the same under a compositor of its own, with label wayland.
 # QT: runs inside the test support's QApplication, where an unexpected Qt warning fails the test.
 # NO_GLIB: those of its tests that match run once more, together, in Qt's own event loop.
 function(voxi_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11;A11Y;WAYLAND" "TIMEOUT;SCALED;NO_GLIB" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;X11;A11Y;WAYLAND" "TIMEOUT;SCALED;EMBEDDED_GL;NO_GLIB"
+                          "SOURCES;LIBS")
     voxi_require_all_parsed(voxi_add_test)
     set(label)
     set(display "${PROJECT_SOURCE_DIR}/tools/xvfb-run.sh")
@@ -230,13 +232,18 @@ function(voxi_add_test name)
         add_test(NAME ${name} COMMAND ${display} $<TARGET_FILE:${name}>)
         set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT}
                                                 ENVIRONMENT "${environment}")
-        if(arg_SCALED)
-            add_test(NAME ${name}_scaled COMMAND ${display} $<TARGET_FILE:${name}>
-                                                 "--gtest_filter=${arg_SCALED}")
-            set_tests_properties(
-                ${name}_scaled PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT}
-                                          ENVIRONMENT "${environment};QT_SCALE_FACTOR=2")
-        endif()
+        set(SCALED_environment QT_SCALE_FACTOR=2)
+        set(EMBEDDED_GL_environment VOXI_TEST_EMBEDDED_GL=1)
+        foreach(variant SCALED EMBEDDED_GL)
+            if(arg_${variant})
+                string(TOLOWER "${name}_${variant}" again)
+                add_test(NAME ${again} COMMAND ${display} $<TARGET_FILE:${name}>
+                                               "--gtest_filter=${arg_${variant}}")
+                set_tests_properties(
+                    ${again} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT}
+                                        ENVIRONMENT "${environment};${${variant}_environment}")
+            endif()
+        endforeach()
     else()
         if(NOT arg_TIMEOUT)
             set(arg_TIMEOUT 60)

@@ -4,6 +4,8 @@
 #include "support/reportederrors.h"
 #include "voxi2/containers/vxpanel2.h"
 
+#include <QSurfaceFormat>
+
 #include <functional>
 #include <stdexcept>
 
@@ -31,7 +33,8 @@ void paintRed(const SceneFrame& frame)
     named<void (*)(unsigned)>(frame, "glEnableVertexAttribArray")(5);
     named<void (*)(unsigned, int, unsigned, unsigned char, int, const void*)>(
         frame, "glVertexAttribPointer")(5, 3, 0x1406, 0, 0, few);
-    named<void (*)(unsigned, unsigned)>(frame, "glPolygonMode")(0x0408, 0x1B01);
+    if (QSurfaceFormat::defaultFormat().renderableType() != QSurfaceFormat::OpenGLES)
+        named<void (*)(unsigned, unsigned)>(frame, "glPolygonMode")(0x0408, 0x1B01);
 }
 
 class SceneHooks : public ShownScene
@@ -92,6 +95,18 @@ TEST_F(SceneHooks, drawOverTheNodesWhichGoOnAsBefore)
                       .release = [&] { m_told += "release "; }});
     EXPECT_TRUE(waitFor([&] { return m_told == "release "; }));
     EXPECT_EQ(picture(), before);
+}
+
+TEST_F(SceneHooks, areGivenTheOpenGLThatTheProgramChose)
+{
+    std::string version;
+    m_scene->setHook({.initialize = [&](const SceneFrame& frame) {
+        version = named<const char* (*)(unsigned)>(frame, "glGetString")(0x1F02);
+    }});
+    redraw();
+    EXPECT_EQ(version.starts_with("OpenGL ES"),
+              QSurfaceFormat::defaultFormat().renderableType() == QSurfaceFormat::OpenGLES)
+        << version;
 }
 
 TEST_F(SceneHooks, comeIntoTheContextOfAnotherWindow)
