@@ -15,8 +15,9 @@ namespace {
 
 /// Of more columns only the first get a width of their own at once.
 constexpr std::size_t MeasuredColumns = 100;
-/// To take more out of a model takes longer than to begin a new one.
-constexpr std::size_t MostRemoved = 200'000;
+/// To take more out of a model takes longer than to begin a new one, whose rows are given back
+/// elsewhere.
+constexpr std::size_t MostRemoved = 50'000;
 
 int wantedCharacters(const SQL::ColumnInfo& column)
 {

@@ -2,8 +2,11 @@
 
 #include "voxi_util/ascending.h"
 
+#include <QThreadPool>
+
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <numeric>
 #include <utility>
 
@@ -190,6 +193,7 @@ std::vector<RowForest::Uid> RowForest::remove(Uid parent, int first, int count)
 
 void RowForest::clear()
 {
+    giveBack();
     m_nodes.clear();
     m_freeNodes.clear();
     m_roots = {};
@@ -198,6 +202,18 @@ void RowForest::clear()
     m_runLimit = 64;
     m_greatest = 0;
     m_finger = {};
+}
+
+/// Whoever lets go of millions of rows would be held up for tens of milliseconds.
+void RowForest::giveBack()
+{
+    constexpr std::size_t Many = 2'000;
+    QThreadPool* const pool = m_nodes.size() > Many ? QThreadPool::globalInstance() : nullptr;
+    if (!pool)
+        return;
+    auto large = std::make_shared<std::pair<std::deque<Node>, UidTable>>(std::move(m_nodes),
+                                                                         std::move(m_leaves));
+    pool->start([kept = std::move(large)] {});
 }
 
 RowForest::HasChildren RowForest::hasChildren(Uid row) const

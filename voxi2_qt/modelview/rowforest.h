@@ -32,6 +32,7 @@ public:
     enum class HasChildren { Unknown, No, Yes };
 
     RowForest() = default;
+    ~RowForest() { giveBack(); }
     RowForest(const RowForest&) = delete;
     RowForest& operator=(const RowForest&) = delete;
 
@@ -126,6 +127,7 @@ private:
     bool merge(Number above, std::size_t place);
     void takeAll(Uid parent, std::vector<Uid>& rows);
     void dropRuns();
+    void giveBack();
     void setRoot(Uid parent, Number root);
     Number newNode();
     void freeNode(Number number);
