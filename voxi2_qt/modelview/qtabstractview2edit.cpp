@@ -10,9 +10,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QThread>
 
+#include <optional>
 #include <utility>
 
 namespace VOXI {
@@ -43,25 +43,6 @@ private:
     int& m_level;
     int m_former;
     bool m_isFree;
-};
-
-/// While a key is handled, the model's cells that are not known may be gone to.
-class OpenWay
-{
-public:
-    OpenWay(QtViewModel2& model, bool isKey) : m_model(isKey ? &model : nullptr) { set(true); }
-    ~OpenWay() { set(false); }
-    OpenWay(const OpenWay&) = delete;
-    OpenWay& operator=(const OpenWay&) = delete;
-
-private:
-    void set(bool isOpen)
-    {
-        if (m_model)
-            m_model->setWayOpen(isOpen);
-    }
-
-    QPointer<QtViewModel2> m_model;
 };
 
 constexpr int NotRunning = -1;
@@ -125,7 +106,9 @@ void QtAbstractView2::handleInput(Input input, QInputEvent& event,
     if (input == Input::Press)
         notePress(static_cast<QMouseEvent&>(event));
     {
-        const OpenWay way(*m_model, input == Input::Key);
+        std::optional<QtViewModel2::OpenWay> way;
+        if (input == Input::Key)
+            way.emplace(*m_model);
         handle();
     }
     if (hold.isAlive() && input == Input::Release)

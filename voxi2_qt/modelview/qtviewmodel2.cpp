@@ -3,6 +3,7 @@
 #include "voxi2_qt/kernel/qtenums.h"
 
 #include <QEvent>
+#include <QThread>
 
 #include <utility>
 
@@ -135,7 +136,7 @@ Qt::ItemFlags QtViewModel2::flags(const QModelIndex& index) const
         flags.setFlag(Qt::ItemIsEnabled, record->isEnabled());
         flags.setFlag(Qt::ItemIsEditable, !record->isReadOnly());
     } else {
-        flags.setFlag(Qt::ItemIsEnabled, m_isWayOpen);
+        flags.setFlag(Qt::ItemIsEnabled, isWayOpen());
     }
     return flags;
 }
@@ -188,6 +189,22 @@ const CellRecord* QtViewModel2::askFor(const QModelIndex& index) const
     if (index.isValid())
         m_queries.askAround(rowFromIndex(index), index.column());
     return nullptr;
+}
+
+QtViewModel2::OpenWay::OpenWay(QtViewModel2& model)
+    : m_model(&model),
+      m_former(std::exchange(model.m_wayLevel, QThread::currentThread()->loopLevel()))
+{}
+
+QtViewModel2::OpenWay::~OpenWay()
+{
+    if (m_model)
+        m_model->m_wayLevel = m_former;
+}
+
+bool QtViewModel2::isWayOpen() const
+{
+    return m_wayLevel >= 0 && m_wayLevel == QThread::currentThread()->loopLevel();
 }
 
 const CellRecord* QtViewModel2::peekCell(const QModelIndex& index) const
