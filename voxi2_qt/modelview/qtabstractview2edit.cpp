@@ -146,6 +146,7 @@ void QtAbstractView2::closeEditor(const QWidget* editor, QAbstractItemDelegate::
 void QtAbstractView2::changeCurrent(const QModelIndex& current, const std::function<void()>& handle)
 {
     m_host->clearQueuedEvents();
+    m_awaitedIndex = QPersistentModelIndex();
     // Qt's own would edit before anybody has heard that the cell is the current one.
     const bool was = std::exchange(m_isEditBarred, true);
     handle();
@@ -169,6 +170,10 @@ bool QtAbstractView2::isDraggingCells(const QMouseEvent& event) const
 
 bool QtAbstractView2::handleKey(const QKeyEvent& event)
 {
+    // For the editor that is to come, behind what is typed for it.
+    const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+    if (isTab && m_awaitedIndex.isValid())
+        return true;
     if (!event.matches(QKeySequence::Copy))
         return false;
     doCopySelection();
@@ -271,13 +276,48 @@ void QtAbstractView2::editIfClicked(QMouseEvent& event)
 
 void QtAbstractView2::editNext(bool forward)
 {
-    const QPersistentModelIndex next = cursorMoved(forward);
-    if (!next.isValid())
-        return;
     const QtDeletionHold hold(this);
-    itemView().setCurrentIndex(next);
-    if (hold.isAlive() && next.isValid())
+    QPersistentModelIndex next;
+    {
+        const QtViewModel2::OpenWay way(*m_model);
+        next = cursorMoved(forward);
+        if (!next.isValid())
+            return;
+        itemView().setCurrentIndex(next);
+    }
+    if (!hold.isAlive() || !next.isValid())
+        return;
+    if (m_model->cell(next)) {
         edit(next, QAbstractItemView::AllEditTriggers, nullptr);
+    } else if (itemView().currentIndex() == next) {
+        m_awaitedIndex = next;
+        m_awaitsForward = forward;
+    }
+}
+
+/// Later: the model is in the middle of telling.
+void QtAbstractView2::noteAnswers()
+{
+    if (m_awaitedIndex.isValid() && m_model->isKnown(m_awaitedIndex))
+        QMetaObject::invokeMethod(
+            &itemView(), [this] { editAwaited(); }, Qt::QueuedConnection);
+}
+
+void QtAbstractView2::editAwaited()
+{
+    if (!m_awaitedIndex.isValid())
+        return;
+    const QPersistentModelIndex index = std::exchange(m_awaitedIndex, QPersistentModelIndex());
+    const QtDeletionHold hold(this);
+    const CellRecord* const record = m_model->peekCell(index);
+    const bool isLeft =
+        m_delegate->isEditing() || itemView().window()->focusWidget() != &itemView();
+    if (!isLeft && record && !record->isEnabled())
+        editNext(m_awaitsForward); // as if that had been known before
+    else if (!isLeft)
+        edit(index, QAbstractItemView::AllEditTriggers, nullptr);
+    if (hold.isAlive() && !m_host->waitsForEditor())
+        m_host->clearQueuedEvents();
 }
 
 } // namespace VOXI
