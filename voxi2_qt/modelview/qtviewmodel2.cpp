@@ -101,10 +101,15 @@ void QtViewModel2::multiData(const QModelIndex& index, QModelRoleDataSpan roles)
 
 QVariant QtViewModel2::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    int recordsRole = role;
     switch (role) {
+    case HeaderIconRole:
+        recordsRole = Qt::DecorationRole;
+        break;
+    case HeaderToolTipRole:
+        recordsRole = Qt::ToolTipRole;
+        break;
     case Qt::DisplayRole:
-    case Qt::DecorationRole:
-    case Qt::ToolTipRole:
     case Qt::FontRole:
     case Qt::TextAlignmentRole:
     case Qt::BackgroundRole:
@@ -120,7 +125,7 @@ QVariant QtViewModel2::headerData(int section, Qt::Orientation orientation, int 
     if (!record)
         m_queries.askAroundSection(section, Qt2VX(orientation));
     return record && record->renderer() != NumberedSection
-               ? record->data(role)
+               ? record->data(recordsRole)
                : QAbstractItemModel::headerData(section, orientation, role);
 }
 
