@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # lint.sh [--full]: every check of the house, each with OK, FAIL or SKIP; fails when one fails.
 # clang-tidy looks at the sources that differ from origin; with --full at all of them, and each
-# public header is compiled alone.
+# public header is compiled alone, and read by moc.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -66,6 +66,7 @@ check_headers() {
     local output
     output=$(cmake --build $build --target all_verify_interface_header_sets -- -k 0 2>&1) ||
         { printf '%s\n' "$output" | grep -E 'error|FAILED'; return 1; }
+    tools/check_moc.py $build
 }
 
 check_kinds() {

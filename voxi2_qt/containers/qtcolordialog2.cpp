@@ -3,20 +3,20 @@
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
 
-#include <QByteArrayView>
 #include <QLayout>
 
 namespace VOXI {
 
 namespace {
 
-/// Qt's pickers divide by their sides, without what they leave at the edges.
+/// Qt's pickers divide by their sides, without what they leave at the edges. They are among those
+/// parts that ask for no room, and so might get none.
 void keepPickersWide(const QColorDialog& dialog)
 {
-    constexpr int Least = 16;
+    constexpr QSize Least(16, 16);
     for (QWidget* const each : dialog.findChildren<QWidget*>()) {
-        if (QByteArrayView(each->metaObject()->className()).contains("Picker"))
-            each->setMinimumSize(Least, Least);
+        if (!each->minimumSizeHint().isValid())
+            each->setMinimumSize(each->minimumSize().expandedTo(Least));
     }
 }
 

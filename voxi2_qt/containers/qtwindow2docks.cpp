@@ -117,8 +117,9 @@ private:
     std::vector<std::pair<QPointer<QWidget>, QString>> m_renamed; // some of them twice
 };
 
-/// The window that it belongs to keeps the focus. Qt passes the attribute on when it makes the
-/// QWindow, which there may be already.
+/// The window that it belongs to keeps the focus. Qt passes the attribute on, as a property of its
+/// own, when it makes the QWindow. One that there is already can be told by that property alone:
+/// flags of windows that take no focus would keep the user from typing into the pane, too.
 void showWithoutActivating(QDockWidget& pane)
 {
     const auto tell = [&pane](bool isWithout) {

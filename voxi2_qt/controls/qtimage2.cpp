@@ -5,6 +5,8 @@
 #include <QBitmap>
 #include <QIcon>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 
 namespace VOXI {
 
@@ -79,7 +81,8 @@ QSize QtImage2::minimumSizeHint() const
 
 void QtImage2::paintEvent(QPaintEvent* event)
 {
-    if (!isProportional()) {
+    // Where it is disabled, Qt makes the greyed picture anew each time.
+    if (isEnabled() && !isProportional()) {
         QtWidget2Shim::paintEvent(event);
     } else {
         paintPicture();
@@ -88,6 +91,20 @@ void QtImage2::paintEvent(QPaintEvent* event)
     }
     if (m_maskColor.isValid())
         QPainter(this).fillRect(rect(), m_maskColor);
+}
+
+void QtImage2::changeEvent(QEvent* event)
+{
+    QtWidget2Shim::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::EnabledChange:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+        m_greyed = {};
+        break;
+    default:
+        break;
+    }
 }
 
 // Helpers -----------------------------------------------------------------------------------------
@@ -105,7 +122,7 @@ bool QtImage2::isProportional() const
     return m_scaling == ImageScaling::Fit || m_scaling == ImageScaling::Shrink;
 }
 
-/// Scaled once for each size: that takes long.
+/// Scaled once for each size, and greyed once for each: both take long.
 void QtImage2::paintPicture()
 {
     const QPixmap picture = pixmap(Qt::ReturnByValue);
@@ -113,17 +130,27 @@ void QtImage2::paintPicture()
         return;
     QSizeF wanted = picture.deviceIndependentSize();
     const bool isTooLarge = wanted.width() > width() || wanted.height() > height();
-    if (isTooLarge || m_scaling == ImageScaling::Fit)
+    if (m_scaling == ImageScaling::Stretch)
+        wanted = size();
+    else if (m_scaling == ImageScaling::Fit || (m_scaling == ImageScaling::Shrink && isTooLarge))
         wanted.scale(size(), Qt::KeepAspectRatio);
-    const QSize pixels = (wanted * devicePixelRatioF()).toSize().expandedTo(QSize(1, 1));
+    QSize pixels = picture.size();
+    if (m_scaling != ImageScaling::None)
+        pixels = (wanted * devicePixelRatioF()).toSize().expandedTo(QSize(1, 1));
     if (m_scaled.size() != pixels || m_scaledFrom != picture.cacheKey()) {
         m_scaled = picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         m_scaledFrom = picture.cacheKey();
+        m_greyed = {};
     }
-    QRect place(QPoint(), wanted.toSize().expandedTo(QSize(1, 1)));
-    place.moveCenter(rect().center());
-    const QPixmap shown = isEnabled() ? m_scaled : QIcon(m_scaled).pixmap(pixels, QIcon::Disabled);
-    QPainter(this).drawPixmap(place, shown);
+    if (!isEnabled() && m_greyed.isNull()) {
+        QStyleOption option;
+        option.initFrom(this);
+        m_greyed = style()->generatedIconPixmap(QIcon::Disabled, m_scaled, &option);
+    }
+    const Qt::Alignment where = isProportional() ? Qt::AlignCenter : alignment();
+    const QSize size = wanted.toSize().expandedTo(QSize(1, 1));
+    QPainter(this).drawPixmap(QStyle::alignedRect(layoutDirection(), where, size, rect()),
+                              isEnabled() ? m_scaled : m_greyed);
 }
 
 } // namespace VOXI

@@ -242,17 +242,14 @@ void QtMenu2::doAddSubMenuU(const std::wstring& title, VXMenu2* menu)
 
 void QtMenu2::doRemoveMenuItem(VXAction2* action)
 {
-    withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
-        if (peer)
-            removeAction(peer);
-    });
+    withPeerOf<QtAction2>(action,
+                          [this](QtAction2* peer) { removeActionFrom(*this, {this}, peer); });
 }
 
 void QtMenu2::doRemoveSubMenu(VXMenu2* menu)
 {
     withPeerOf<QtMenu2>(menu, [this](QtMenu2* peer) {
-        if (peer)
-            removeAction(peer->menuAction());
+        removeActionFrom(*this, {this}, peer ? peer->menuAction() : nullptr);
     });
 }
 

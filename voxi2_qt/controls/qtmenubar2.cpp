@@ -1,5 +1,6 @@
 #include "voxi2_qt/controls/qtmenubar2.h"
 
+#include "../kernel/qtignored.h"
 #include "voxi2_qt/controls/qtmenu2.h"
 #include "voxi2_qt/kernel/qttext.h"
 
@@ -39,8 +40,7 @@ void QtMenuBar2::doAddMenuU(const std::wstring& title, VXMenu2* menu)
 void QtMenuBar2::doRemoveMenu(VXMenu2* menu)
 {
     withPeerOf<QtMenu2>(menu, [this](QtMenu2* peer) {
-        if (peer)
-            removeAction(peer->menuAction());
+        removeActionFrom(*this, {this}, peer ? peer->menuAction() : nullptr);
     });
 }
 

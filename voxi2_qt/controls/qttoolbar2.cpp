@@ -126,24 +126,23 @@ void QtToolBar2::doSetLabelU(const std::wstring& label) { setWindowTitle(toQStri
 void QtToolBar2::doRemoveAction(VXAction2* action)
 {
     withPeerOf<QtAction2>(action, [this](QtAction2* peer) {
-        if (!peer)
-            return;
+        QWidgetList bars{this};
         for (QToolBar* inner : innerToolBars())
-            inner->removeAction(peer);
-        removeAction(peer);
+            bars.append(inner);
+        removeActionFrom(*this, bars, peer);
     });
 }
 
 void QtToolBar2::doRemoveWidget(VXWidget2* widget)
 {
     withPeerOf<QtWidget2>(widget, [this](QtWidget2* peer) {
-        if (!peer)
-            return;
-        const QWidget* holder = peer->asQWidget()->parentWidget();
+        const QWidget* holder = peer ? peer->asQWidget()->parentWidget() : nullptr;
         if (qobject_cast<const InnerToolBar*>(holder))
             holder = holder->parentWidget();
         if (holder == this)
             peer->leaveBar();
+        else
+            ignored(*this, Reason::NotInThis);
     });
 }
 

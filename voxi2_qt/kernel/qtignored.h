@@ -3,6 +3,8 @@
 #include "voxi2/kernel/ignored.h"
 #include "voxi2_qt/kernel/qtobject2.h"
 
+#include <QWidget>
+
 #include <atomic>
 #include <utility>
 
@@ -24,6 +26,19 @@ inline bool canHold(const QtObject2& peer, const QWidget* holder, const QWidget*
     if (!child || isInside)
         ignored(peer, isInside ? Reason::HoldsThis : Reason::NoWidget, where);
     return child && !isInside;
+}
+
+/// Takes an action out of those of a peer's widgets that show it; tells where none does.
+inline void removeActionFrom(const QtObject2& peer, const QWidgetList& widgets, QAction* action,
+                             CallPlace where = CallPlace::current())
+{
+    bool isThere = false;
+    for (QWidget* const each : widgets) {
+        isThere = isThere || each->actions().contains(action);
+        each->removeAction(action);
+    }
+    if (!isThere)
+        ignored(peer, Reason::NotInThis, where);
 }
 
 } // namespace VOXI

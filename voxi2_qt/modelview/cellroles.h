@@ -8,7 +8,9 @@ enum CellRole {
     CellReadOnlyRole = 51,
     CellRendererRole = 52,
     CellRendererTextRole = 53,
-    CellWidgetRole = 54
+    CellWidgetRole = 54,
+    HeaderIconRole = 55, ///< of sections of headers, as the next
+    HeaderToolTipRole = 56
 };
 
 } // namespace VOXI

@@ -258,6 +258,7 @@ void QtAbstractView2::installModel(VXAbstractViewModel2* model)
     QObject::connect(m_model, &QtViewModel2::aboutToChangeSize, &view,
                      [this] { m_sight->remember(); });
     QObject::connect(m_model, &QtViewModel2::sizeChanged, &view, [this] { sizeChanged(); });
+    QObject::connect(m_model, &QtViewModel2::dataChanged, &view, [this] { noteAnswers(); });
     m_hiddenWidths.clear();
     m_sort = {};
     showSortIndicator();

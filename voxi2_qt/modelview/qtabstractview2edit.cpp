@@ -10,9 +10,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QThread>
 
+#include <optional>
 #include <utility>
 
 namespace VOXI {
@@ -43,25 +43,6 @@ private:
     int& m_level;
     int m_former;
     bool m_isFree;
-};
-
-/// While a key is handled, the model's cells that are not known may be gone to.
-class OpenWay
-{
-public:
-    OpenWay(QtViewModel2& model, bool isKey) : m_model(isKey ? &model : nullptr) { set(true); }
-    ~OpenWay() { set(false); }
-    OpenWay(const OpenWay&) = delete;
-    OpenWay& operator=(const OpenWay&) = delete;
-
-private:
-    void set(bool isOpen)
-    {
-        if (m_model)
-            m_model->setWayOpen(isOpen);
-    }
-
-    QPointer<QtViewModel2> m_model;
 };
 
 constexpr int NotRunning = -1;
@@ -125,7 +106,9 @@ void QtAbstractView2::handleInput(Input input, QInputEvent& event,
     if (input == Input::Press)
         notePress(static_cast<QMouseEvent&>(event));
     {
-        const OpenWay way(*m_model, input == Input::Key);
+        std::optional<QtViewModel2::OpenWay> way;
+        if (input == Input::Key)
+            way.emplace(*m_model);
         handle();
     }
     if (hold.isAlive() && input == Input::Release)
@@ -163,6 +146,7 @@ void QtAbstractView2::closeEditor(const QWidget* editor, QAbstractItemDelegate::
 void QtAbstractView2::changeCurrent(const QModelIndex& current, const std::function<void()>& handle)
 {
     m_host->clearQueuedEvents();
+    m_awaitedIndex = QPersistentModelIndex();
     // Qt's own would edit before anybody has heard that the cell is the current one.
     const bool was = std::exchange(m_isEditBarred, true);
     handle();
@@ -186,6 +170,10 @@ bool QtAbstractView2::isDraggingCells(const QMouseEvent& event) const
 
 bool QtAbstractView2::handleKey(const QKeyEvent& event)
 {
+    // For the editor that is to come, behind what is typed for it.
+    const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+    if (isTab && m_awaitedIndex.isValid())
+        return true;
     if (!event.matches(QKeySequence::Copy))
         return false;
     doCopySelection();
@@ -288,13 +276,48 @@ void QtAbstractView2::editIfClicked(QMouseEvent& event)
 
 void QtAbstractView2::editNext(bool forward)
 {
-    const QPersistentModelIndex next = cursorMoved(forward);
-    if (!next.isValid())
-        return;
     const QtDeletionHold hold(this);
-    itemView().setCurrentIndex(next);
-    if (hold.isAlive() && next.isValid())
+    QPersistentModelIndex next;
+    {
+        const QtViewModel2::OpenWay way(*m_model);
+        next = cursorMoved(forward);
+        if (!next.isValid())
+            return;
+        itemView().setCurrentIndex(next);
+    }
+    if (!hold.isAlive() || !next.isValid())
+        return;
+    if (m_model->cell(next)) {
         edit(next, QAbstractItemView::AllEditTriggers, nullptr);
+    } else if (itemView().currentIndex() == next) {
+        m_awaitedIndex = next;
+        m_awaitsForward = forward;
+    }
+}
+
+/// Later: the model is in the middle of telling.
+void QtAbstractView2::noteAnswers()
+{
+    if (m_awaitedIndex.isValid() && m_model->isKnown(m_awaitedIndex))
+        QMetaObject::invokeMethod(
+            &itemView(), [this] { editAwaited(); }, Qt::QueuedConnection);
+}
+
+void QtAbstractView2::editAwaited()
+{
+    if (!m_awaitedIndex.isValid())
+        return;
+    const QPersistentModelIndex index = std::exchange(m_awaitedIndex, QPersistentModelIndex());
+    const QtDeletionHold hold(this);
+    const CellRecord* const record = m_model->peekCell(index);
+    const bool isLeft =
+        m_delegate->isEditing() || itemView().window()->focusWidget() != &itemView();
+    if (!isLeft && record && !record->isEnabled())
+        editNext(m_awaitsForward); // as if that had been known before
+    else if (!isLeft)
+        edit(index, QAbstractItemView::AllEditTriggers, nullptr);
+    if (hold.isAlive() && !m_host->waitsForEditor())
+        m_host->clearQueuedEvents();
 }
 
 } // namespace VOXI

@@ -1,8 +1,8 @@
 // The part of QtAbstractView2 that is about columns and their header.
 
 #include "../kernel/qtignored.h"
-#include "qtcolumnheader.h"
 #include "qtsavedcolumns.h"
+#include "qtviewheader.h"
 #include "qtviewmodel2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
@@ -17,9 +17,9 @@ namespace {
 
 using E = VXAbstractView2Emitters;
 
-const QtColumnHeader& own(const QHeaderView& header)
+const QtViewHeader& own(const QHeaderView& header)
 {
-    return static_cast<const QtColumnHeader&>(header);
+    return static_cast<const QtViewHeader&>(header);
 }
 
 } // namespace
@@ -168,7 +168,7 @@ void QtAbstractView2::reportHeaderClick(int section)
 
 void QtAbstractView2::reportColumnWidth(int section, int width)
 {
-    const QtColumnHeader& header = own(columnHeader());
+    const QtViewHeader& header = own(columnHeader());
     if (header.isUserActing() && !header.isFlexible(section))
         report(&E::columnResized, m_model->headerUIDFromSection(section, Qt::Horizontal), width);
 }

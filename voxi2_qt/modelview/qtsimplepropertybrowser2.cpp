@@ -1,5 +1,6 @@
 #include "voxi2_qt/modelview/qtsimplepropertybrowser2.h"
 
+#include "../kernel/qtignored.h"
 #include "qtsimplepropertytree2.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -67,12 +68,14 @@ QtSimplePropertyBrowser2::~QtSimplePropertyBrowser2()
 
 void QtSimplePropertyBrowser2::doAddProperty(Property property, Property group)
 {
-    m_tree->addProperty(property, group);
+    if (group.id() == 0 || isShown(group))
+        m_tree->addProperty(property, group);
 }
 
 void QtSimplePropertyBrowser2::doRemoveProperty(Property property)
 {
-    m_tree->removeProperty(property);
+    if (isShown(property))
+        m_tree->removeProperty(property);
 }
 
 void QtSimplePropertyBrowser2::doClear() { m_tree->clearProperties(); }
@@ -91,12 +94,14 @@ void QtSimplePropertyBrowser2::doSetEditorFactory(
 
 void QtSimplePropertyBrowser2::doSetEditor(Property property, unsigned editor)
 {
-    m_tree->setEditor(property, editor);
+    if (isShown(property))
+        m_tree->setEditor(property, editor);
 }
 
 void QtSimplePropertyBrowser2::doSetPropertyToolTip(Property property, const std::wstring& text)
 {
-    m_tree->setPropertyToolTip(property, toQString(text));
+    if (isShown(property))
+        m_tree->setPropertyToolTip(property, toQString(text));
 }
 
 void QtSimplePropertyBrowser2::doSetReadonly(bool readonly) { m_tree->setReadonly(readonly); }
@@ -118,7 +123,11 @@ std::vector<VXHandle<VXSimpleProperty2>> QtSimplePropertyBrowser2::doGetProperti
     return m_tree->properties(group);
 }
 
-void QtSimplePropertyBrowser2::doEdit(Property property) { m_tree->editProperty(property); }
+void QtSimplePropertyBrowser2::doEdit(Property property)
+{
+    if (isShown(property))
+        m_tree->editProperty(property);
+}
 
 VXHandle<VXSimpleProperty2> QtSimplePropertyBrowser2::doGetEdited()
 {
@@ -128,7 +137,8 @@ VXHandle<VXSimpleProperty2> QtSimplePropertyBrowser2::doGetEdited()
 void QtSimplePropertyBrowser2::doSetExpanded(Property property, bool expanded)
 {
     const QtProgramScope scope;
-    m_tree->setPropertyExpanded(property, expanded);
+    if (isShown(property))
+        m_tree->setPropertyExpanded(property, expanded);
 }
 
 bool QtSimplePropertyBrowser2::doIsExpanded(Property property)
@@ -139,7 +149,8 @@ bool QtSimplePropertyBrowser2::doIsExpanded(Property property)
 void QtSimplePropertyBrowser2::doSetCurrent(Property property)
 {
     const QtProgramScope scope;
-    m_tree->setCurrentProperty(property);
+    if (property.id() == 0 || isShown(property))
+        m_tree->setCurrentProperty(property);
 }
 
 VXHandle<VXSimpleProperty2> QtSimplePropertyBrowser2::doGetCurrent()
@@ -156,12 +167,25 @@ std::wstring QtSimplePropertyBrowser2::doGetFilter() { return toStdWString(m_tre
 
 void QtSimplePropertyBrowser2::doimSetExpanded(Property property, bool expanded)
 {
-    m_tree->setPropertyExpanded(property, expanded);
+    if (isShown(property))
+        m_tree->setPropertyExpanded(property, expanded);
 }
 
 void QtSimplePropertyBrowser2::doimDoubleClick(Property property)
 {
-    m_tree->doubleClickProperty(property);
+    if (isShown(property))
+        m_tree->doubleClickProperty(property);
+}
+
+// Helpers -----------------------------------------------------------------------------------------
+
+/// Whether a request is about what is shown here, which is told if not: unless that has ended.
+bool QtSimplePropertyBrowser2::isShown(Property property, CallPlace where) const
+{
+    const bool isHere = m_tree->hasProperty(property);
+    if (!isHere && property.isValid())
+        ignored(*this, Reason::NotInThis, where);
+    return isHere;
 }
 
 } // namespace VOXI

@@ -1,5 +1,6 @@
 #include "qtsimplepropertytree2.h"
 
+#include "../kernel/qtignored.h"
 #include "qtsimpleitemdelegate2.h"
 #include "voxi2/kernel/translation.h"
 #include "voxi2_qt/kernel/qtconvert.h"
@@ -80,7 +81,7 @@ QtSimplePropertyTree2::~QtSimplePropertyTree2()
 
 void QtSimplePropertyTree2::addProperty(Property property, Property group)
 {
-    if (!property.isValid() || property == group)
+    if (!property.isValid())
         return;
     const QtDeletionHold hold(&m_browser);
     if (waitsForItem(group) || waitsForItem(property))
@@ -89,7 +90,9 @@ void QtSimplePropertyTree2::addProperty(Property property, Property group)
         return;
     if (QtPropertyItem* const item = itemOf(property)) {
         QTreeWidgetItem* const to = group.id() != 0 ? itemOf(group) : invisibleRootItem();
-        if (to)
+        if (isInside(to, *item))
+            ignored(m_browser, Reason::HoldsThis);
+        else if (to)
             moveItem(*item, *to);
     } else if (m_sort && group.id() == 0) {
         m_items.emplace(property.id(), nullptr);
@@ -275,11 +278,11 @@ QtPropertyItem* QtSimplePropertyTree2::doAddProperty(Property property, Property
     return item;
 }
 
-/// Nothing happens where it would come to lie in itself.
+/// The group does not lie in it.
 void QtSimplePropertyTree2::moveItem(QtPropertyItem& item, QTreeWidgetItem& group)
 {
     QTreeWidgetItem* const former = item.parent() ? item.parent() : invisibleRootItem();
-    if (former == &group || isInside(&group, item))
+    if (former == &group)
         return;
     const QtProgramScope scope;
     closeEditorWithin(item);

@@ -40,6 +40,9 @@ public:
     explicit QtSimplePropertyTree2(QtSimplePropertyBrowser2& browser);
     ~QtSimplePropertyTree2() override;
 
+    /// Also where its item is still to be made.
+    bool hasProperty(Property property) const { return find(property) != m_items.end(); }
+
     // Requests
     void addProperty(Property property, Property group);
     void removeProperty(Property property);

@@ -1,5 +1,6 @@
 // The part of QtSimplePropertyTree2 that is about editors.
 
+#include "../kernel/qtignored.h"
 #include "../kernel/qttakeout.h"
 #include "qtsimpleitemdelegate2.h"
 #include "qtsimplepropertytree2.h"
@@ -57,8 +58,10 @@ void QtSimplePropertyTree2::setEditor(Property property, unsigned editor)
     settle();
     QtPropertyItem* const item = itemOf(property);
     const VXObjectDataLocker lock;
+    if (!item || (editor != 0 && !VXObject::objectById(editor)))
+        return;
     QWidget* const widget = editor != 0 ? qWidgetOf(lookup(editor)) : nullptr;
-    if (!item || (editor != 0 && (!widget || isWithin(widget, this))))
+    if (editor != 0 && !canHold(m_browser, this, widget))
         return;
     QWidget* const former = itemWidget(item, QtPropertyItem::ValueColumn);
     if (former == widget)

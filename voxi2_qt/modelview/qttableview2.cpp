@@ -1,8 +1,8 @@
 #include "voxi2_qt/modelview/qttableview2.h"
 
 #include "../kernel/qtignored.h"
-#include "qtcolumnheader.h"
 #include "qttableview2eventfilter.h"
+#include "qtviewheader.h"
 #include "qtviewmodel2.h"
 #include "voxi2_qt/kernel/qtconvert.h"
 
@@ -46,12 +46,14 @@ int scaled(int size, double factor)
 QtTableView2::QtTableView2(VXTableView2* object, VXTableView2Emitters* emitters, QWidget* parent)
     : QtAbstractView2Shim(object, emitters, s_requests, parent)
 {
-    auto* const header = new QtColumnHeader(this);
+    auto* const header = new QtViewHeader(Qt::Horizontal, this);
     setHorizontalHeader(header);
     // A click on a section is the program's to answer, by sorting for example.
     QObject::disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
     QObject::disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
-    verticalHeader()->setResizeContentsPrecision(0); // by what is in sight
+    auto* const rows = new QtViewHeader(Qt::Vertical, this);
+    rows->setSectionsClickable(true);
+    setVerticalHeader(rows);
     beginView();
     new QtTableView2EventFilter(*this);
 }

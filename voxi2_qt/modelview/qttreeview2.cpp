@@ -1,6 +1,6 @@
 #include "voxi2_qt/modelview/qttreeview2.h"
 
-#include "qtcolumnheader.h"
+#include "qtviewheader.h"
 #include "qtviewmodel2.h"
 #include "voxi2_qt/kernel/qtasuser.h"
 #include "voxi2_qt/kernel/qtsignalblocker.h"
@@ -33,7 +33,7 @@ const auto s_requests = TROV::operations<E>(
 QtTreeView2::QtTreeView2(VXTreeView2* object, VXTreeView2Emitters* emitters, QWidget* parent)
     : QtAbstractView2Shim(object, emitters, s_requests, parent)
 {
-    auto* const header = new QtColumnHeader(this);
+    auto* const header = new QtViewHeader(Qt::Horizontal, this);
     header->setStretchLastSection(true);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setHeader(header);

@@ -163,6 +163,11 @@ void QtViewHost::clearQueuedEvents()
         m_queue.clear();
 }
 
+bool QtViewHost::waitsForEditor() const
+{
+    return m_view.viewDelegate().getPendingIndex().isValid() || m_view.m_awaitedIndex.isValid();
+}
+
 bool QtViewHost::comesFromEditor(const QInputEvent& event) const
 {
     const QWidget* const editor = m_view.viewDelegate().getEditorWidget();
@@ -181,10 +186,10 @@ void QtViewHost::passToEditor(const QInputEvent& event)
         m_hasPress = true;
     else if (event.type() == QEvent::MouseButtonRelease)
         m_hasPress = false;
-    QtViewDelegate2& delegate = m_view.viewDelegate();
+    const QtViewDelegate2& delegate = m_view.viewDelegate();
     if (delegate.isEditing())
         send(*delegate.getEditorWidget(), event);
-    else if (delegate.getPendingIndex().isValid() && m_queue.size() < MostQueued)
+    else if (waitsForEditor() && m_queue.size() < MostQueued)
         m_queue.emplace_back(static_cast<QInputEvent*>(event.clone()));
 }
 

@@ -50,6 +50,8 @@ public:
     /// makes it the current one.
     void clearQueuedEvents();
 
+    /// Whether one is to come: it has been asked for, or will be when its cell is known.
+    bool waitsForEditor() const;
     /// To be asked before the view handles an event: whether the editor, being above the view, got
     /// it first and did not want it.
     bool comesFromEditor(const QInputEvent& event) const;

@@ -3,6 +3,7 @@
 #include "voxi2_qt/kernel/qtenums.h"
 
 #include <QEvent>
+#include <QThread>
 
 #include <utility>
 
@@ -100,10 +101,15 @@ void QtViewModel2::multiData(const QModelIndex& index, QModelRoleDataSpan roles)
 
 QVariant QtViewModel2::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    int recordsRole = role;
     switch (role) {
+    case HeaderIconRole:
+        recordsRole = Qt::DecorationRole;
+        break;
+    case HeaderToolTipRole:
+        recordsRole = Qt::ToolTipRole;
+        break;
     case Qt::DisplayRole:
-    case Qt::DecorationRole:
-    case Qt::ToolTipRole:
     case Qt::FontRole:
     case Qt::TextAlignmentRole:
     case Qt::BackgroundRole:
@@ -119,7 +125,7 @@ QVariant QtViewModel2::headerData(int section, Qt::Orientation orientation, int 
     if (!record)
         m_queries.askAroundSection(section, Qt2VX(orientation));
     return record && record->renderer() != NumberedSection
-               ? record->data(role)
+               ? record->data(recordsRole)
                : QAbstractItemModel::headerData(section, orientation, role);
 }
 
@@ -135,7 +141,7 @@ Qt::ItemFlags QtViewModel2::flags(const QModelIndex& index) const
         flags.setFlag(Qt::ItemIsEnabled, record->isEnabled());
         flags.setFlag(Qt::ItemIsEditable, !record->isReadOnly());
     } else {
-        flags.setFlag(Qt::ItemIsEnabled, m_isWayOpen);
+        flags.setFlag(Qt::ItemIsEnabled, isWayOpen());
     }
     return flags;
 }
@@ -188,6 +194,22 @@ const CellRecord* QtViewModel2::askFor(const QModelIndex& index) const
     if (index.isValid())
         m_queries.askAround(rowFromIndex(index), index.column());
     return nullptr;
+}
+
+QtViewModel2::OpenWay::OpenWay(QtViewModel2& model)
+    : m_model(&model),
+      m_former(std::exchange(model.m_wayLevel, QThread::currentThread()->loopLevel()))
+{}
+
+QtViewModel2::OpenWay::~OpenWay()
+{
+    if (m_model)
+        m_model->m_wayLevel = m_former;
+}
+
+bool QtViewModel2::isWayOpen() const
+{
+    return m_wayLevel >= 0 && m_wayLevel == QThread::currentThread()->loopLevel();
 }
 
 const CellRecord* QtViewModel2::peekCell(const QModelIndex& index) const

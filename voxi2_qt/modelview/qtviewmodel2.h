@@ -88,9 +88,21 @@ public:
     /// The null cell for an invalid index, or when the model has gone.
     ModelCell2 cellFromIndex(const QModelIndex& index) const;
     ModelCell2 createCell(Uid row, Uid column) const;
-    /// Whether cells that are not known count as enabled, as they mostly will be: a key then goes
-    /// to them instead of looking for one that is known.
-    void setWayOpen(bool isOpen) { m_isWayOpen = isOpen; }
+    /// While one lives, cells that are not known count as enabled, as they mostly will be: a key
+    /// then goes to them instead of looking for one that is known. Not in a loop that a handler
+    /// opens meanwhile, where the view is painted, and other keys come.
+    class OpenWay
+    {
+    public:
+        explicit OpenWay(QtViewModel2& model);
+        ~OpenWay();
+        OpenWay(const OpenWay&) = delete;
+        OpenWay& operator=(const OpenWay&) = delete;
+
+    private:
+        QPointer<QtViewModel2> m_model;
+        int m_former;
+    };
     /// Its position among the rows of its parent; -1 if there is no such row.
     int rowFromUID(Uid row) const { return m_rows.placeOf(row).row; }
     int columnFromUID(Uid column) const { return m_columns.placeOf(column); }
@@ -184,6 +196,7 @@ private:
     static Cell sectionCell(Uid section, Qt::Orientation orientation);
 
     const CellRecord* askFor(const QModelIndex& index) const;
+    bool isWayOpen() const;
 
     // Answers
     void addRow(Uid row, Footprint& footprint) const;
@@ -240,7 +253,7 @@ private:
     Uids m_columnsInSight;
     bool m_isBlockingSelection = false;
     bool m_isMovingColumns = false;
-    bool m_isWayOpen = false;
+    int m_wayLevel = -1; // at which loop level unknown cells may be gone to; -1: at none
     QPointer<QItemSelectionModel> m_selection;
     FloodLimits m_floodLimits;
 };

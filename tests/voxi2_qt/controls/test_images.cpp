@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -122,6 +124,55 @@ TEST(Image, isFittedInItsProportions)
     image.setScaleEnabled(true);
     EXPECT_EQ(image.scaling(), ImageScaling::Stretch);
     EXPECT_EQ(shown(), QRect(0, 0, 30, 10));
+}
+
+/// Qt's style, which tells how often it has greyed a picture.
+class GreyingStyle : public QProxyStyle
+{
+public:
+    QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
+                                const QStyleOption* option) const override
+    {
+        ++m_greyed;
+        return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+    }
+    mutable int m_greyed = 0;
+};
+
+TEST(Image, isGreyedOnceForEachLook)
+{
+    GreyingStyle style;
+    VXImage2 image(filled(40, 20, 0xff0000ff));
+    qt(image)->resize(101, 51);
+    qt(image)->setStyle(&style);
+    image.setEnabled(false);
+    const auto paintings = [&] {
+        style.m_greyed = 0;
+        for (int i = 0; i < 3; ++i)
+            qt(image)->grab();
+        return style.m_greyed;
+    };
+    QLabel label; // Qt's, which looks the same
+    label.resize(101, 51);
+    label.setStyle(&style);
+    label.setPixmap(dynamic_cast<QLabel&>(*qt(image)).pixmap(Qt::ReturnByValue));
+    label.setEnabled(false);
+    for (const ImageScaling each :
+         {ImageScaling::Fit, ImageScaling::Shrink, ImageScaling::Stretch, ImageScaling::None}) {
+        image.setScaling(each);
+        EXPECT_EQ(paintings(), 1) << static_cast<int>(each);
+        label.setScaledContents(each == ImageScaling::Stretch);
+        const bool isQts = each == ImageScaling::Stretch || each == ImageScaling::None;
+        EXPECT_EQ(qt(image)->grab().toImage() == label.grab().toImage(), isQts);
+    }
+    image.setPixmap(filled(40, 20, 0x00ff00ff));
+    EXPECT_EQ(paintings(), 1);
+    qt(image)->setPalette(QPalette(Qt::green));
+    EXPECT_EQ(paintings(), 1);
+    EXPECT_EQ(paintings(), 0);
+    image.setEnabled(true);
+    EXPECT_EQ(paintings(), 0);
+    qt(image)->setStyle(nullptr);
 }
 
 // Drawings ----------------------------------------------------------------------------------------

@@ -14,11 +14,14 @@
 #include "voxi2/controls/vxhgscene2.h"
 #include "voxi2/controls/vxmenu2.h"
 #include "voxi2/controls/vxprogressbar2.h"
+#include "voxi2/controls/vxsvgimage2.h"
+#include "voxi2/controls/vxtoolbar2.h"
 #include "voxi2/kernel/ignored.h"
 #include "voxi2/kernel/vxaction2.h"
 #include "voxi2/kernel/vxfactory2.h"
 #include "voxi2/kernel/vxhandle.h"
 #include "voxi2/modelview/vxpaletteview2.h"
+#include "voxi2/modelview/vxsimplepropertybrowser2.h"
 #include "voxi2/modelview/vxtableview2.h"
 #include "voxi2/modelview/vxtreemodel2.h"
 #include "voxi2/modelview/vxtreeview2.h"
@@ -122,6 +125,15 @@ TEST_F(Ignored, tellsOfEachThatNamesWhatIsNotThere)
     VXProgressBar2 bar;
     VXMenu2 menu;
     VXDockWidget2 dock;
+    VXToolBar2 tools;
+    VXAction2 action;
+    VXSvgImage2 drawing;
+    VXSimplePropertyBrowser2 properties;
+    VXSimpleProperty2 outer("outer");
+    VXSimpleProperty2 inner("inner");
+    VXSimpleProperty2 unknown("unknown");
+    properties.addProperty(&outer);
+    properties.addProperty(&inner, &outer);
 
     const struct
     {
@@ -130,7 +142,8 @@ TEST_F(Ignored, tellsOfEachThatNamesWhatIsNotThere)
         std::function<void()> m_act;
     } wrong[] = {
         {form, "insertRow", [&] { form.addRow("again", &field); }},
-        {form, "insertRow", [&] { form.insertRow(0, static_cast<VXWidget2*>(nullptr)); }},
+        {form, "insertRow", [&] { form.insertRow(0, nullptr); }},
+        {form, "insertRow", [&] { form.addRow("nothing", nullptr); }},
         {form, "insertRow", [&] { form.addRow("itself", &form); }},
         {form, "removeRow", [&] { form.removeRow(&stranger); }},
         {form, "setRowVisible", [&] { form.setRowVisible(nullptr, true); }},
@@ -144,6 +157,24 @@ TEST_F(Ignored, tellsOfEachThatNamesWhatIsNotThere)
         {group, "setChecked", [&] { group.setChecked(true); }},
         {bar, "setValue", [&] { bar.setValue(101); }},
         {menu, "addSubMenu", [&] { menu.addMenu("itself", &menu); }},
+        {menu, "removeMenuItem", [&] { menu.removeAction(&action); }},
+        {menu, "removeSubMenu", [&] { menu.removeMenu(&menu); }},
+        {tools, "removeAction", [&] { tools.removeAction(&action); }},
+        {tools, "removeWidget", [&] { tools.removeWidget(&stranger); }},
+        {drawing, "setHeight", [&] { drawing.setHeight(-1); }},
+        {drawing, "setHeight", [&] { drawing.setHeight(10); }},
+        {properties, "addProperty", [&] { properties.addProperty(nullptr); }},
+        {properties, "addProperty", [&] { properties.addProperty(&inner, &unknown); }},
+        {properties, "addProperty", [&] { properties.addProperty(&outer, &inner); }},
+        {properties, "removeProperty", [&] { properties.removeProperty(&unknown); }},
+        {properties, "setEditor", [&] { properties.setEditor(&unknown, &stranger); }},
+        {properties, "setEditor", [&] { properties.setEditor(&inner, &properties); }},
+        {properties, "setPropertyToolTip", [&] { properties.setToolTip(&unknown, "?"); }},
+        {properties, "edit", [&] { properties.edit(&unknown); }},
+        {properties, "setExpanded", [&] { properties.setExpanded(&unknown, true); }},
+        {properties, "setCurrent", [&] { properties.setCurrent(&unknown); }},
+        {properties, "setExpanded", [&] { properties.imitateExpand(&unknown, true); }},
+        {properties, "doubleClick", [&] { properties.imitateDoubleClick(&unknown); }},
         {window, "setDockSize", [&] { window.setDockSize(&dock, 9, Orientation::Vertical); }},
         {window, "setDockCorner",
          [&] { window.setDockCorner(DockCorner::TopLeft, DockArea::Right); }},

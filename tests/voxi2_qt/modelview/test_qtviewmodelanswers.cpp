@@ -110,8 +110,8 @@ TEST_F(QtViewModelAnswers, askForHeadersByTheHundred)
     settle();
     ASSERT_EQ(changed.size(), 1);
     EXPECT_EQ(item.headerData(1, Qt::Horizontal), QStringLiteral("Name"));
-    EXPECT_EQ(item.headerData(1, Qt::Horizontal, Qt::ToolTipRole), QStringLiteral("whose"));
-    EXPECT_FALSE(item.headerData(1, Qt::Horizontal, Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_EQ(item.headerData(1, Qt::Horizontal, HeaderToolTipRole), QStringLiteral("whose"));
+    EXPECT_FALSE(item.headerData(1, Qt::Horizontal, HeaderIconRole).value<QIcon>().isNull());
     EXPECT_EQ(item.headerData(0, Qt::Horizontal), 1);
     ASSERT_EQ(model.m_headerQueries.size(), 3u) << "asked for anew since it has changed";
     EXPECT_EQ(model.m_headerQueries[2].sections(), Uids{8});

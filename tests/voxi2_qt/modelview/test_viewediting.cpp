@@ -179,6 +179,60 @@ TEST_F(ViewEditing, goesOnToTheNextCellAndBack)
     EXPECT_EQ(m_view.editor(1, 1), nullptr);
 }
 
+/// What is tabbed to is edited when it is known, by what was typed until then.
+TEST_F(ViewEditing, goesOnToCellsThatAreNotKnownYet)
+{
+    answer();
+    m_view.setEditTriggers(EditTrigger::EditKeyPressed);
+    const auto tab = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); };
+    const auto tabFrom = [&](SlowModel& model, unsigned row, unsigned column) {
+        model.m_cell = [](unsigned inRow, unsigned inColumn) {
+            const bool isDisabled = inRow == 2 && inColumn == 1;
+            return CellUIData(inRow).setReadOnly(false).setEnabled(!isDisabled);
+        };
+        show(model);
+        m_view.setActiveCell({row, column, nullptr});
+        m_view.setEditor(row, column, &m_editor);
+        m_ends.clear();
+        tab();
+        EXPECT_TRUE(m_ends.only().isCommitted());
+    };
+    const auto answerAll = [&](SlowModel& model) {
+        model.answerAll();
+        settle();
+    };
+    SlowModel slow(5);
+    tabFrom(slow, 1, 1);
+    EXPECT_EQ(m_view.activeCell(), (ModelCell2{1, 2, &slow}));
+    EXPECT_TRUE(m_requests.isEmpty());
+    type(QStringLiteral("7"));
+    answerAll(slow);
+    EXPECT_EQ(m_view.editor(1, 2), &m_editor);
+    EXPECT_EQ(qobject_cast<QSpinBox*>(qt(m_editor))->text(), QStringLiteral("7"));
+
+    SlowModel quick(5);
+    tabFrom(quick, 1, 1);
+    type(QStringLiteral("8"));
+    tab();
+    answerAll(quick);
+    EXPECT_EQ(m_ends.last().column(), 2U) << "another Tab waits, too";
+    EXPECT_EQ(m_editor.value(), 8);
+    EXPECT_EQ(m_view.editor(2, 2), &m_editor);
+
+    SlowModel disabled(5);
+    tabFrom(disabled, 1, 2);
+    EXPECT_EQ(m_view.activeCell(), (ModelCell2{2, 1, &disabled}));
+    answerAll(disabled);
+    EXPECT_EQ(m_view.editor(2, 2), &m_editor) << "the way leads past what turns out disabled";
+
+    SlowModel left(5);
+    tabFrom(left, 3, 1);
+    QTest::keyClick(&qtView(), Qt::Key_Down);
+    m_requests.clear();
+    answerAll(left);
+    EXPECT_TRUE(m_requests.isEmpty()) << "the user has gone elsewhere";
+}
+
 TEST_F(ViewEditing, survivesTheEndOfEditorRowAndView)
 {
     m_view.setEditTriggers(EditTrigger::EditKeyPressed);

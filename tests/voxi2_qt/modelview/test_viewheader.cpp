@@ -1,6 +1,10 @@
 #include "viewsupport.h"
 
+#include <QHelpEvent>
 #include <QScrollBar>
+#include <QToolTip>
+
+#include <cstdint>
 
 namespace VOXI {
 namespace {
@@ -166,6 +170,54 @@ TEST_F(ViewHeader, isSavedAndRestoredAndNoOtherTextIsTrusted)
     EXPECT_EQ(m_view.saveHeaderState(), restored);
     EXPECT_TRUE(m_resized.isEmpty());
     EXPECT_TRUE(m_moved.isEmpty());
+}
+
+/// The first two columns and rows are called the same; the second one has an icon and a tool tip.
+class AdornedModel : public NumberedModel
+{
+public:
+    using NumberedModel::NumberedModel;
+    ~AdornedModel() override { retire(); }
+
+    void queryHeader(const HeaderQuery2& query) override
+    {
+        const bool isColumn = query.orientation() == Orientation::Horizontal;
+        HeaderQueryResult2 result;
+        result.set(1, CellUIData("same"));
+        result.set(2, CellUIData("same")
+                          .setIcon(Icon::fromPixmap(
+                              Pixmap(16, 16, std::vector<std::uint32_t>(256, 0xff00ffff))))
+                          .setToolTip(isColumn ? "of a column" : "of a row"));
+        answer(query, std::move(result));
+    }
+};
+
+TEST_F(ViewHeader, showsIconsAndToolTipsByRolesOfItsOwn)
+{
+    AdornedModel model(5);
+    show(model);
+    for (auto* const each : qtView().findChildren<QHeaderView*>()) {
+        const Qt::Orientation orientation = each->orientation();
+        const bool isColumn = orientation == Qt::Horizontal;
+        const int begin = each->sectionViewportPosition(1);
+        const QRect section = isColumn ? QRect(begin, 0, each->sectionSize(1), each->height())
+                                       : QRect(0, begin, each->width(), each->sectionSize(1));
+        const QImage shown = each->viewport()->grab(section).toImage();
+        int inColor = 0;
+        for (int x = 0; x < shown.width(); ++x) {
+            for (int y = 0; y < shown.height(); ++y)
+                inColor += shown.pixelColor(x, y) == QColor(255, 0, 255);
+        }
+        EXPECT_GE(inColor, 100);
+        const QPoint at = section.topLeft() + QPoint(5, 5);
+        QHelpEvent rest(QEvent::ToolTip, at, each->viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(each->viewport(), &rest);
+        EXPECT_EQ(QToolTip::text(),
+                  isColumn ? QStringLiteral("of a column") : QStringLiteral("of a row"));
+        EXPECT_GE(each->sectionSizeHint(1), each->sectionSizeHint(0) + (isColumn ? 16 : 0));
+        for (const int role : {Qt::DecorationRole, Qt::ToolTipRole})
+            EXPECT_FALSE(qtModel().headerData(1, orientation, role).isValid());
+    }
 }
 
 } // namespace

@@ -1,10 +1,12 @@
 #include "viewsupport.h"
 
 #include <QClipboard>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
 
-#include <numeric>
+#include <utility>
 
 namespace VOXI {
 namespace {
@@ -214,19 +216,7 @@ TEST_F(ViewSelection, isSearchedByKeysAmongWhatIsKnown)
 /// A key goes where it means to, also where nothing is known yet.
 TEST_F(ViewSelection, keysGoToCellsThatAreNotKnown)
 {
-    class Silent : public VXAbstractViewModel2
-    {
-    public:
-        Silent()
-        {
-            std::vector<unsigned> rows(3000);
-            std::iota(rows.begin(), rows.end(), 1);
-            changeSize(SizeChange2::appendColumns({1, 2}));
-            changeSize(SizeChange2::appendRows(rows));
-        }
-        void query(const ViewQuery2&) override {}
-    };
-    Silent silent;
+    SlowModel silent(3000);
     show(silent);
     m_view.setActiveCell({1, 1, nullptr});
     const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
@@ -238,6 +228,37 @@ TEST_F(ViewSelection, keysGoToCellsThatAreNotKnown)
     EXPECT_EQ(press(Qt::Key_Up), 2999U);
     EXPECT_EQ(press(Qt::Key_Home, Qt::ControlModifier), 1U);
     EXPECT_FALSE(m_view.cellInfo(1, 1).isEnabled);
+}
+
+TEST_F(ViewSelection, aKeyGoesItsWayThroughALoopThatAHandlerRuns)
+{
+    SlowModel silent(3000);
+    show(silent);
+    m_view.setActiveCell({1, 1, nullptr});
+    std::vector<bool> isOpen;
+    const auto look = [&] {
+        const QModelIndex unknown = qtModel().index(2000, 0);
+        isOpen.push_back(qtModel().flags(unknown).testFlag(Qt::ItemIsEnabled));
+    };
+    TROV::Listener listener;
+    bool isFirst = true;
+    m_view.activeCellChanged().connect(&listener, [&](const VXEditRequestEvent2&) {
+        look();
+        if (!std::exchange(isFirst, false))
+            return;
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] {
+            look();
+            QTest::keyClick(&qtView(), Qt::Key_Down);
+            loop.quit();
+        });
+        loop.exec();
+        look();
+    });
+    QTest::keyClick(&qtView(), Qt::Key_Down);
+    look();
+    EXPECT_EQ(isOpen, (std::vector<bool>{true, false, true, true, false}));
+    EXPECT_EQ(m_view.activeCell().row, 3U);
 }
 
 } // namespace

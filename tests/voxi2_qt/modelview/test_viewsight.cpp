@@ -7,42 +7,8 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include <deque>
-
 namespace VOXI {
 namespace {
-
-/// Keeps its queries until it is told to answer.
-class SlowModel : public VXAbstractViewModel2
-{
-public:
-    explicit SlowModel(unsigned rows)
-    {
-        changeSize(SizeChange2::appendColumns({1, 2}));
-        std::vector<unsigned> all(rows);
-        for (unsigned i = 0; i < rows; ++i)
-            all[i] = i + 1;
-        changeSize(SizeChange2::appendRows(std::move(all)));
-    }
-    ~SlowModel() override { retire(); }
-
-    void query(const ViewQuery2& query) override { m_queries.push_back(query); }
-
-    void answerAll()
-    {
-        for (const ViewQuery2& query : m_queries) {
-            QueryResult2 result;
-            for (const unsigned row : query.rows()) {
-                for (const unsigned column : query.columns())
-                    result.set(row, column, CellUIData(std::to_wstring(row)));
-            }
-            answer(query, std::move(result));
-        }
-        m_queries.clear();
-    }
-
-    std::deque<ViewQuery2> m_queries;
-};
 
 class ViewSight : public ShownView<VXTableView2>
 {};

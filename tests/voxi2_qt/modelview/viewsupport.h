@@ -13,8 +13,11 @@
 #include <QHeaderView>
 #include <QTest>
 
+#include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <numeric>
 #include <set>
 #include <string>
 #include <vector>
@@ -109,6 +112,40 @@ private:
             made.emplace_back(L"column " + std::to_wstring(column));
         return made;
     }
+};
+
+/// Rows 1, 2, ... of two columns; keeps its queries until it is told to answer.
+class SlowModel : public VXAbstractViewModel2
+{
+public:
+    explicit SlowModel(unsigned rows)
+    {
+        changeSize(SizeChange2::appendColumns({1, 2}));
+        std::vector<unsigned> all(rows);
+        std::iota(all.begin(), all.end(), 1);
+        changeSize(SizeChange2::appendRows(std::move(all)));
+    }
+    ~SlowModel() override { retire(); }
+
+    void query(const ViewQuery2& query) override { m_queries.push_back(query); }
+
+    void answerAll()
+    {
+        for (const ViewQuery2& query : m_queries) {
+            QueryResult2 result;
+            for (const unsigned row : query.rows()) {
+                for (const unsigned column : query.columns())
+                    result.set(row, column, m_cell(row, column));
+            }
+            answer(query, std::move(result));
+        }
+        m_queries.clear();
+    }
+
+    std::function<CellUIData(unsigned, unsigned)> m_cell = [](unsigned row, unsigned) {
+        return CellUIData(std::to_wstring(row));
+    };
+    std::deque<ViewQuery2> m_queries;
 };
 
 } // namespace VOXI

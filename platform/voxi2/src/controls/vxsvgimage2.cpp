@@ -1,5 +1,7 @@
 #include "voxi2/controls/vxsvgimage2.h"
 
+#include "voxi2/kernel/ignored.h"
+
 #include <cstddef>
 
 namespace VOXI {
@@ -28,7 +30,11 @@ Size<int> VXSvgImage2::imageSize() const { return m_emitters.getImageSize(); }
 
 void VXSvgImage2::setHeight(int height)
 {
-    if (height >= 0 && hasSize())
+    if (height < 0)
+        ignored(this, "the height is negative");
+    else if (!hasSize())
+        ignored(this, "it shows no drawing that has a size");
+    else
         m_emitters.setHeight(height);
 }
 

@@ -1,5 +1,7 @@
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
 
+#include "../kernel/notnull.h"
+
 namespace VOXI {
 
 VXSimplePropertyBrowser2::VXSimplePropertyBrowser2(VXObject2* parent)
@@ -17,12 +19,12 @@ void VXSimplePropertyBrowser2::addProperty(VXSimpleProperty2* property, VXSimple
 {
     const Property inside = handleOf(group);
     if (!group || inside.id() != 0)
-        m_emitters.addProperty(handleOf(property), inside);
+        m_emitters.addProperty(handleOf(notNull(this, property)), inside);
 }
 
 void VXSimplePropertyBrowser2::removeProperty(VXSimpleProperty2* property)
 {
-    m_emitters.removeProperty(handleOf(property));
+    m_emitters.removeProperty(handleOf(notNull(this, property)));
 }
 
 void VXSimplePropertyBrowser2::clear() { m_emitters.clear(); }
@@ -52,7 +54,7 @@ void VXSimplePropertyBrowser2::refreshUI() { m_emitters.refreshUIOnUIThread(); }
 
 void VXSimplePropertyBrowser2::setToolTip(VXSimpleProperty2* property, const AnyText& text)
 {
-    m_emitters.setPropertyToolTip(handleOf(property), text.toWide());
+    m_emitters.setPropertyToolTip(handleOf(notNull(this, property)), text.toWide());
 }
 
 // Editing -----------------------------------------------------------------------------------------
@@ -70,12 +72,12 @@ void VXSimplePropertyBrowser2::setEditor(VXSimpleProperty2* property, VXWidget2*
 {
     const VXObjectDataLocker lock;
     if (!editor || isObjectValid(editor))
-        m_emitters.setEditor(handleOf(property), editor ? editor->id() : 0);
+        m_emitters.setEditor(handleOf(notNull(this, property)), editor ? editor->id() : 0);
 }
 
 void VXSimplePropertyBrowser2::edit(VXSimpleProperty2* property)
 {
-    m_emitters.edit(handleOf(property));
+    m_emitters.edit(handleOf(notNull(this, property)));
 }
 
 VXSimpleProperty2* VXSimplePropertyBrowser2::editedProperty() const
@@ -89,7 +91,7 @@ void VXSimplePropertyBrowser2::closeOpenEditor() { m_emitters.closeOpenEditor();
 
 void VXSimplePropertyBrowser2::setExpanded(VXSimpleProperty2* property, bool expanded)
 {
-    m_emitters.setExpanded(handleOf(property), expanded);
+    m_emitters.setExpanded(handleOf(notNull(this, property)), expanded);
 }
 
 bool VXSimplePropertyBrowser2::isExpanded(const VXSimpleProperty2* property) const
@@ -116,12 +118,12 @@ std::wstring VXSimplePropertyBrowser2::filter() const { return m_emitters.getFil
 
 void VXSimplePropertyBrowser2::imitateExpand(VXSimpleProperty2* property, bool expand)
 {
-    m_emitters.setExpandedAsUser(handleOf(property), expand);
+    m_emitters.setExpandedAsUser(handleOf(notNull(this, property)), expand);
 }
 
 void VXSimplePropertyBrowser2::imitateDoubleClick(VXSimpleProperty2* property)
 {
-    m_emitters.doubleClick(handleOf(property));
+    m_emitters.doubleClick(handleOf(notNull(this, property)));
 }
 
 /// However many there are until the back end takes them, it is asked once.

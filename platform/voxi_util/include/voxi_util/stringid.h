@@ -2,7 +2,6 @@
 
 #include "voxi_util/voxi_util_export.h"
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>

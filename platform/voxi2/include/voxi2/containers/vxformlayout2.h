@@ -7,6 +7,7 @@
 #include "voxi2/voxi2_export.h"
 #include "voxi_util/anytext.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace VOXI {
@@ -51,6 +52,15 @@ public:
     void insertRow(int position, VXWidget2* widget, int stretch = 0);
     VXWidget2* insertRow(int position, const AnyText& label, VXLayout2* layout, int stretch = 0);
     VXWidget2* insertRow(int position, VXLayout2* layout, int stretch = 0);
+    /// A plain `nullptr` is no field and no layout either: ignored as any null, whichever was
+    /// meant.
+    void addRow(const AnyText& label, std::nullptr_t, int = 0) { addRow(label, NoField); }
+    void addRow(std::nullptr_t, int = 0) { addRow(NoField); }
+    void insertRow(int position, const AnyText& label, std::nullptr_t, int = 0)
+    {
+        insertRow(position, label, NoField);
+    }
+    void insertRow(int position, std::nullptr_t, int = 0) { insertRow(position, NoField); }
     /// Takes a row out. Its label and message end; the field, or wide widget, stays where it is
     /// until moved.
     void removeRow(const VXWidget2* widget);
@@ -91,6 +101,8 @@ public:
     VXFieldNote2* note(const VXWidget2* field) const;
 
 private:
+    static constexpr VXWidget2* NoField = nullptr;
+
     struct Row
     {
         VXHandle<VXWidget2> m_field;

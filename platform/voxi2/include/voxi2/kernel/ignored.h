@@ -3,11 +3,11 @@
 #include "voxi2/voxi2_export.h"
 
 #include <atomic>
-#include <concepts>
 #include <functional>
 #include <source_location>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace VOXI {
@@ -73,7 +73,8 @@ inline void ignored(const VXObject* object, const char* why, CallPlace where = C
 }
 
 /// The same with a reason that is made only if somebody wants to know.
-template <std::invocable Why>
+template <class Why>
+requires std::is_invocable_v<Why>
 void ignored(const VXObject* object, Why&& why, CallPlace where = CallPlace::current())
 {
     if (detail::tellsIgnored.load(std::memory_order_relaxed)) [[unlikely]]

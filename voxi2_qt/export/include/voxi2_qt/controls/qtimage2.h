@@ -34,6 +34,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void load(const QString& path, bool mask);
@@ -44,6 +45,7 @@ private:
     ImageScaling m_scaling = ImageScaling::None;
     QPixmap m_scaled; // as it was painted last
     qint64 m_scaledFrom = 0;
+    QPixmap m_greyed; // the same while it is disabled; null if it is to be made
 };
 
 } // namespace VOXI

@@ -163,7 +163,7 @@ protected:
     /// Whether the pointer draws what was selected already, and somebody wants to know of drags:
     /// then it selects nothing else on its way.
     bool isDraggingCells(const QMouseEvent& event) const;
-    /// Of the platform's keys; true if it was one.
+    /// Of the platform's keys and those that wait; true if it was one.
     bool handleKey(const QKeyEvent& event);
     void searchFor(const QString& text);
 
@@ -190,6 +190,8 @@ private:
     void notePress(const QMouseEvent& event);
     void editIfClicked(QMouseEvent& event);
     void editNext(bool forward);
+    void noteAnswers();
+    void editAwaited();
     void reportActivation(const QModelIndex& index);
     void reportHeaderClick(int section);
     void reportColumnWidth(int section, int width);
@@ -208,7 +210,10 @@ private:
     SortIndicator m_sort;
     int m_cacheLimit;
     QPersistentModelIndex m_pressedIndex;
-    QPersistentModelIndex m_askedIndex;     ///< for which this click has asked for an editor
+    QPersistentModelIndex m_askedIndex; ///< for which this click has asked for an editor
+    /// What was tabbed to, and is to be edited when it is known, if it is still the current one.
+    QPersistentModelIndex m_awaitedIndex;
+    bool m_awaitsForward = true;            ///< by which way it was tabbed to
     std::map<unsigned, int> m_hiddenWidths; ///< of columns, by their UID
     bool m_isEditBarred = false;
     bool m_hasPressedSelection = false; ///< the left button went down on a cell that was selected

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2/kernel/ignored.h"
 #include "voxi2/modelview/vxsimplepropertybrowser2.h"
 #include "voxi2_qt/kernel/qtouterwidget2shim.h"
 #include "voxi2_qt/voxi2_qt_export.h"
@@ -53,6 +54,8 @@ public:
     virtual void doimDoubleClick(Property property);
 
 private:
+    bool isShown(Property property, CallPlace where = CallPlace::current()) const;
+
     QtSimplePropertyTree2* m_tree; ///< whose making is an event already
 };
 
