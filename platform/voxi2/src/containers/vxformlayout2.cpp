@@ -14,6 +14,8 @@ namespace {
 /// The rows of the grid that a row of the form has: for a label above, the field, the message.
 constexpr int GridRows = 3;
 
+constexpr const char* HasRow = "that has a row already";
+
 /// A label without the sign of its mnemonic.
 std::wstring spoken(const AnyText& label)
 {
@@ -114,7 +116,7 @@ VXWidget2* VXFormLayout2::insertRow(int position, const AnyText& label, VXLayout
     const auto buddy = static_cast<VXWidget2*>(objectById(first));
     insertField(position, label, panel.get(), buddy, stretch);
     panel.with([&](VXWidget2& around) { around.setAccessibleName(spoken(label)); });
-    return panel.get();
+    return self.isValid() ? panel.get() : nullptr;
 }
 
 VXWidget2* VXFormLayout2::insertRow(int position, VXLayout2* layout, int stretch)
@@ -124,7 +126,7 @@ VXWidget2* VXFormLayout2::insertRow(int position, VXLayout2* layout, int stretch
     const VXHandle<VXWidget2> panel = panelOf(layout);
     if (self.isValid() && panel.isValid())
         insertRow(position, panel.get(), stretch);
-    return panel.get();
+    return self.isValid() ? panel.get() : nullptr;
 }
 
 void VXFormLayout2::removeRow(const VXWidget2* widget)
@@ -294,7 +296,7 @@ bool VXFormLayout2::canGetRow(const VXWidget2* widget, CallPlace where) const
     if (isObjectValid(widget) && !find(widget))
         return true;
     if (!widget || isObjectValid(widget))
-        ignored(this, widget ? "that has a row already" : Reason::Null, where);
+        ignored(this, widget ? HasRow : Reason::Null, where);
     return false;
 }
 
@@ -313,12 +315,21 @@ VXWidget2* VXFormLayout2::panelOf(VXLayout2* layout, CallPlace where)
             return nullptr;
         }
     }
+    if (VXObject2* const around = layout->parent();
+        around && around->parent() == this && find(dynamic_cast<VXWidget2*>(around))) {
+        ignored(this, HasRow, where);
+        return nullptr;
+    }
+    const VXHandle<VXFormLayout2> self(this);
     const VXHandle<VXLayout2> kept(layout);
     const VXHandle<VXPanel2> panel(new VXPanel2(this));
     // As if it lay in the form itself: a widget would give it margins of the style's.
     const auto margins = kept.with([](const VXLayout2& alive) { return alive.margins(); });
-    kept.with([&](VXLayout2& alive) { alive.setParent(panel.get()); });
-    const bool isIn = panel.isValid() && kept.isValid() && kept.get()->parent() == panel.get();
+    // While a worker waits for these, the form may end.
+    if (self.isValid())
+        kept.with([&](VXLayout2& alive) { alive.setParent(panel.get()); });
+    const bool isIn =
+        self.isValid() && panel.isValid() && kept.isValid() && kept.get()->parent() == panel.get();
     if (!isIn) {
         panel->destroy();
         return nullptr;
