@@ -13,7 +13,6 @@ namespace {
 
 /// The rows of the grid that a row of the form has: for a label above, the field, the message.
 constexpr int GridRows = 3;
-
 constexpr const char* HasRow = "that has a row already";
 
 /// A label without the sign of its mnemonic.
@@ -28,12 +27,10 @@ std::wstring spoken(const AnyText& label)
 /// The first widget in a layout, or in those that lie in it; 0 when there is none.
 unsigned firstWidgetIn(const VXHandle<VXLayout2>& layout)
 {
-    const auto itemAt = [&layout](int index) {
-        return layout.with([index](const VXLayout2& alive) { return alive.itemAt(index); });
-    };
     const int count = layout.with([](const VXLayout2& alive) { return alive.count(); });
     for (int i = 0; i < count; ++i) {
-        VXObject2* const item = itemAt(i);
+        VXObject2* const item =
+            layout.with([i](const VXLayout2& alive) { return alive.itemAt(i); });
         if (!VXObject::isObjectValid(item))
             continue;
         if (dynamic_cast<VXWidget2*>(item))
@@ -113,8 +110,7 @@ VXWidget2* VXFormLayout2::insertRow(int position, const AnyText& label, VXLayout
     const unsigned first = panel.id() != 0 ? firstWidgetIn(kept) : 0;
     if (!self.isValid() || !panel.isValid())
         return nullptr;
-    const auto buddy = static_cast<VXWidget2*>(objectById(first));
-    insertField(position, label, panel.get(), buddy, stretch);
+    insertField(position, label, panel.get(), static_cast<VXWidget2*>(objectById(first)), stretch);
     panel.with([&](VXWidget2& around) { around.setAccessibleName(spoken(label)); });
     return self.isValid() ? panel.get() : nullptr;
 }
@@ -328,9 +324,8 @@ VXWidget2* VXFormLayout2::panelOf(VXLayout2* layout, CallPlace where)
     // While a worker waits for these, the form may end.
     if (self.isValid())
         kept.with([&](VXLayout2& alive) { alive.setParent(panel.get()); });
-    const bool isIn =
-        self.isValid() && panel.isValid() && kept.isValid() && kept.get()->parent() == panel.get();
-    if (!isIn) {
+    if (!self.isValid() || !panel.isValid() || !kept.isValid()
+        || kept.get()->parent() != panel.get()) {
         panel->destroy();
         return nullptr;
     }
