@@ -248,6 +248,14 @@ bool QtDockWidget2::event(QEvent* event)
             updateDragPicture();
         return done;
     }
+    case QEvent::ParentAboutToChange: {
+        const ProgramScope scope(nullptr);
+        endDrag();
+        break;
+    }
+    case QEvent::ParentChange:
+        m_known = state(); // the program has put it elsewhere
+        break;
     case QEvent::MouseButtonRelease: // the end of a drag
         QMetaObject::invokeMethod(this, &QtDockWidget2::updateFloatTitle, Qt::QueuedConnection);
         break;

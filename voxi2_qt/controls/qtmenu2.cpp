@@ -82,8 +82,9 @@ QtMenu2::~QtMenu2()
     releaseParent();
 }
 
-/// While Qt shows a menu on behalf of the one that it is an entry of. Handlers run meanwhile, and
-/// Qt takes it for granted that the outer menu still follows the inner one.
+/// While Qt shows a menu, maybe on behalf of the one that it is an entry of. Handlers run
+/// meanwhile, and Qt takes it for granted that the outer menu still follows the inner one, that the
+/// menu bar knows which is open, and that the loop of a button that opens it has yet to end.
 class QtMenu2::Coming
 {
 public:
@@ -101,8 +102,10 @@ public:
             m_menu->m_isComing = false;
         if (m_outer)
             --m_outer->m_innerComing;
-        if (m_outer && m_outer->m_isHideOpen)
-            QMetaObject::invokeMethod(m_outer, &QtMenu2::completeHide, Qt::QueuedConnection);
+        for (QtMenu2* const each : {m_menu.data(), m_outer.data()}) {
+            if (each && each->m_isHideOpen)
+                QMetaObject::invokeMethod(each, &QtMenu2::completeHide, Qt::QueuedConnection);
+        }
     }
     const QtMenu2* outer() const { return m_outer; }
 
@@ -282,7 +285,7 @@ void QtMenu2::hideEvent(QHideEvent* event)
         return;
     const QAction* const active = activeAction();
     const auto* const inner = qobject_cast<QtMenu2*>(active ? active->menu() : nullptr);
-    m_isHideOpen = inner && inner->m_isComing;
+    m_isHideOpen = m_isComing || (inner && inner->m_isComing);
     if (!m_isHideOpen)
         QtWidget2Shim::hideEvent(event);
 }

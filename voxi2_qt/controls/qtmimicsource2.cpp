@@ -113,11 +113,9 @@ QtMimicSource2::QtMimicSource2(VXMimicSource2* object, VXMimicSource2Emitters* e
     : QtObject2Shim(object, emitters, s_requests, parent)
 {}
 
-QtMimicSource2::~QtMimicSource2()
-{
-    endPeer();
-    leaveWidget();
-}
+/// Qt takes the filters back. What they are installed on is not looked for: where this lies in it,
+/// it may be half gone.
+QtMimicSource2::~QtMimicSource2() { endPeer(); }
 
 // Requests ----------------------------------------------------------------------------------------
 

@@ -49,7 +49,12 @@ QtMimicView2::QtMimicView2(VXMimicView2* object, VXMimicView2Emitters* emitters,
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QtMimicView2::~QtMimicView2() = default;
+QtMimicView2::~QtMimicView2()
+{
+    endPeer();
+    if (m_source) // it may lie in this, and go later than what its slots use
+        QObject::disconnect(m_source, nullptr, this, nullptr);
+}
 
 // Requests ----------------------------------------------------------------------------------------
 

@@ -108,6 +108,8 @@ bool useInBar(QToolButton& button, QToolBar& bar, const QKeyEvent& event)
     const int back = isRow ? (isMirrored ? Qt::Key_Right : Qt::Key_Left) : Qt::Key_Up;
     const QWidgetList stops = stopsIn(bar);
     const qsizetype place = stops.indexOf(&button);
+    if (place < 0)
+        return false; // it is disabled
     if (key == Qt::Key_Escape && former()) {
         focusFormer();
     } else if (key == ahead || key == back) {

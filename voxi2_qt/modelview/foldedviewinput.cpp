@@ -3,6 +3,7 @@
 #include "extentsums.h"
 #include "qtkeyboardsearch.h"
 #include "qtviewmodel2.h"
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/modelview/foldedview.h"
 
 #include <QApplication>
@@ -23,6 +24,12 @@ namespace {
 constexpr qsizetype MostLookedAt = 10'000;
 
 } // namespace
+
+void FoldedView::focusInEvent(QFocusEvent* event)
+{
+    const QtFocusComing coming(*this, *event);
+    QAbstractItemView::focusInEvent(event);
+}
 
 // The pointer -------------------------------------------------------------------------------------
 

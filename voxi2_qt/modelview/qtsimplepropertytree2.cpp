@@ -4,6 +4,7 @@
 #include "qtsimpleitemdelegate2.h"
 #include "voxi2/kernel/translation.h"
 #include "voxi2_qt/kernel/qtconvert.h"
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/modelview/qtsimplepropertybrowser2.h"
 
 #include <QEvent>
@@ -236,6 +237,12 @@ void QtSimplePropertyTree2::currentChanged(const QModelIndex& current, const QMo
     QTreeWidget::currentChanged(to, from);
     if (isNews)
         m_browser.report(&E::currentChanged, told);
+}
+
+void QtSimplePropertyTree2::focusInEvent(QFocusEvent* event)
+{
+    const QtFocusComing coming(*this, *event);
+    QTreeWidget::focusInEvent(event);
 }
 
 // Items -------------------------------------------------------------------------------------------

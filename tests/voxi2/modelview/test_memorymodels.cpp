@@ -3,6 +3,7 @@
 
 #include "../fakebackend.h"
 #include "naiveview.h"
+#include "support/worker.h"
 #include "voxi2/modelview/vxtablemodel2.h"
 #include "voxi2/modelview/vxtreemodel2.h"
 
@@ -191,7 +192,11 @@ TEST_F(MemoryModels, tellOfATurnInOneEventAndAnswer)
     settle();
     EXPECT_EQ(view.m_cells[std::pair(2u, 2u)], L"größer");
 
+    model.setFilterText(u8"größer");
+    EXPECT_EQ(model.rows(), std::vector{2u});
     model.removeColumn(2);
+    EXPECT_TRUE(model.rows().empty()) << "it was found there";
+    model.setFilter(nullptr);
     EXPECT_EQ(model.sorting(), SortIndicator());
     EXPECT_TRUE(model.value(3, 2).isEmpty());
     EXPECT_EQ(model.insertColumn(1, "First"), 3u);
@@ -199,6 +204,52 @@ TEST_F(MemoryModels, tellOfATurnInOneEventAndAnswer)
     EXPECT_EQ(view.m_columns, (std::vector<unsigned>{3, 1}));
     const VXHandle<VXTableModel2> gone;
     EXPECT_EQ(gone->appendColumn("x") + gone->appendRow({1}), 0u);
+}
+
+TEST_F(MemoryModels, changeWhileTheirFilterWaits)
+{
+    TROV::Thread* const self = TROV::Thread::getCurrentThread();
+    auto* const model = new VXTableModel2({"Value"});
+    std::optional<NaiveView> view(*model);
+    std::function<void(unsigned)> meanwhile;
+    // As one that asks a widget does.
+    const auto asking = [&](int least) {
+        return [&, least](unsigned row) {
+            const int value = std::stoi(model->value(row, 1).textU());
+            TROV::ask(self, [&] { std::exchange(meanwhile, [](unsigned) {})(row); });
+            return value >= least;
+        };
+    };
+    const unsigned first = model->appendRow({5});
+    const unsigned second = model->appendRow({1});
+    unsigned late = 0;
+    onWorker([&] {
+        meanwhile = [&](unsigned row) {
+            EXPECT_EQ(row, first);
+            model->removeRow(row);
+            late = model->appendRow({2});
+            meanwhile = [&](unsigned) { model->setValue(second, 1, 7); };
+        };
+        model->setFilter(asking(4));
+        EXPECT_EQ(model->rows(), std::vector{second});
+
+        meanwhile = [&](unsigned) { model->setValue(second, 1, 3); };
+        model->setValue(second, 1, 9);
+        EXPECT_TRUE(model->rows().empty());
+        meanwhile = [&](unsigned) { model->setFilter(asking(2)); };
+        model->setFilter(asking(8));
+        EXPECT_EQ(model->rows(), (std::vector{second, late}));
+        meanwhile = [&](unsigned) { model->clear(); };
+        model->setValue(second, 1, 9);
+        EXPECT_EQ(model->rowCount(), 0u);
+    });
+    settle();
+    EXPECT_TRUE(view->m_rows[0].empty());
+    view.reset();
+    onWorker([&] {
+        meanwhile = [&](unsigned) { delete model; };
+        model->appendRow({1});
+    });
 }
 
 TEST_F(MemoryModels, stayWholeWhileThreadsChangeThem)

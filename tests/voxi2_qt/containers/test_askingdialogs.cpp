@@ -239,6 +239,14 @@ TEST_F(Asking, showsHowFarATaskIsAndCancelsIt)
     EXPECT_TRUE(waitFor([&] { return wasCancelled && !task.isRunning(); }));
     EXPECT_TRUE(done) << "nobody was told";
 
+    // Nor is anybody where the thread that wanted the result has ended.
+    mayEnd = false;
+    std::thread([&] { task = TROV::Task::run(nullptr, work); }).join();
+    VXProgressDialog2::follow(task, m_window, "Working", std::chrono::milliseconds(0));
+    ASSERT_TRUE(waitFor([] { return shown() != nullptr; }));
+    mayEnd = true;
+    EXPECT_TRUE(waitFor([] { return shown() == nullptr; }));
+
     VXProgressDialog2 own("Own", m_window);
     own.setCancellable(false);
     own.open();

@@ -1,7 +1,9 @@
 #include "../kernel/toolkit.h"
 #include "support/waitfor.h"
+#include "voxi2/containers/vxboxlayout2.h"
 #include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/containers/vxpanel2.h"
+#include "voxi2/containers/vxsplitter2.h"
 #include "voxi2/containers/vxwindow2.h"
 #include "voxi2/kernel/vxaction2.h"
 
@@ -270,6 +272,40 @@ TEST_F(DockWidget, isSeenAndUnseenByItsTab)
     choose("Second");
     EXPECT_EQ(m_seen.count(), 2);
     EXPECT_EQ(otherSeen.count(), 2);
+}
+
+TEST_F(DockWidget, mayBePutElsewhereWhileItIsDragged)
+{
+    auto* const centre = m_window->centralWidget();
+    auto* const row = new VXBoxLayout2(centre);
+    auto* const splitter = new VXSplitter2(centre);
+    row->addWidget(splitter);
+    VXPanel2 other(nullptr);
+    const std::function<void()> moves[] = {
+        [&] { row->addWidget(m_dock); }, [&] { splitter->addWidget(m_dock); },
+        [&] { m_dock->setParent(centre); }, [&] { m_dock->setParent(&other); },
+        [&] { m_dock->setParent(nullptr); }};
+    for (const auto& move : moves) {
+        m_window->addDockWidget(m_dock);
+        m_dock->setFloating(false);
+        turn();
+        const QPoint title = qt(*m_dock)->mapToGlobal(QPoint(20, 8));
+        const auto send = [&](QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
+            const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+            QMouseEvent event(type, qt(*m_dock)->mapFromGlobal(at), at, button, held, {});
+            QCoreApplication::sendEvent(qt(*m_dock), &event);
+        };
+        send(QEvent::MouseButtonPress, title, Qt::LeftButton);
+        for (const int way : {20, 40, 300})
+            send(QEvent::MouseMove, title + QPoint(way, way), Qt::LeftButton);
+        EXPECT_TRUE(m_dock->isFloating());
+        move();
+        EXPECT_EQ(m_window->dockArea(m_dock), DockArea::None);
+        send(QEvent::MouseMove, title + QPoint(10, 10), Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, title, Qt::NoButton);
+        turn();
+        EXPECT_TRUE(m_floated.isEmpty() && m_moved.isEmpty());
+    }
 }
 
 TEST_F(DockWidget, mayBeDestroyedInEveryState)

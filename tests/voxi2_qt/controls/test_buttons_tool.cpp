@@ -2,6 +2,7 @@
 
 #include "menusupport.h"
 #include "support/qtwarnings.h"
+#include "support/watchdog.h"
 #include "voxi2/containers/vxpanel2.h"
 #include "voxi2/controls/vxtoolbutton2.h"
 #include "voxi2/kernel/vxactiongroup2.h"
@@ -12,6 +13,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <chrono>
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -123,6 +125,18 @@ TEST_F(ToolButton, isQuietWhenTheProgramChangesItsAction)
     EXPECT_FALSE(italic.isChecked());
     qt(italic)->trigger(); // the user, elsewhere
     EXPECT_TRUE(m_toggles.takeOne());
+}
+
+TEST_F(ToolButton, isThroughWhenItsMenuIsHiddenAsItComes)
+{
+    VXMenu2 menu;
+    menu.addAction("entry");
+    m_button.setMenu(&menu);
+    m_window.show();
+    menu.shown().connect(&menu, &VXMenu2::hide);
+    const Watchdog watchdog(std::chrono::seconds(20), "the menu's loop");
+    QTest::mousePress(&m_qt, Qt::LeftButton, {}, QPoint(3, m_qt.height() / 2));
+    EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(ToolButton, opensItsMenuAsItsModeSays)

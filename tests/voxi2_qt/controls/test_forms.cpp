@@ -94,6 +94,7 @@ TEST_F(Form, aRowMayBeALayout)
     EXPECT_TRUE(m_form->note(first)->isVisible());
 
     EXPECT_EQ(m_form->addRow("lies in the first", inner), nullptr);
+    EXPECT_EQ(m_form->addRow("is one already", row), nullptr);
     EXPECT_EQ(m_form->addRow(m_form), nullptr);
     EXPECT_EQ(m_form->addRow(static_cast<VXLayout2*>(nullptr)), nullptr);
     auto* const wide = new VXBoxLayout2(m_form);
@@ -188,6 +189,38 @@ TEST_F(Form, isFilledByWorkersWhileOthersEndIt)
         turn();
     waiter.join();
     EXPECT_FALSE(form.isValid());
+}
+
+TEST_F(Form, mayEndWhileAWorkerAddsALayout)
+{
+    for (int round = 0; round < 60; ++round) {
+        const int turns = round % 12;
+        auto* const ending = new VXFormLayout2(m_page);
+        std::atomic<bool> began = false;
+        std::atomic<bool> isOver = false;
+        std::thread worker([&, form = VXHandle<VXFormLayout2>(ending)] {
+            form.with([&](VXFormLayout2& layout) {
+                began = true;
+                auto* const row = new VXBoxLayout2;
+                VXWidget2* const panel = form.isValid() ? layout.addRow("label", row) : nullptr;
+                EXPECT_TRUE(form.isValid() || !panel);
+            });
+            isOver = true;
+        });
+        while (!began)
+            std::this_thread::yield();
+        for (int i = 0; i <= turns; ++i) {
+            {
+                const VXObjectDataLocker lock; // to be had while the worker waits for an answer
+                if (i == turns)
+                    delete ending;
+            }
+            turn();
+        }
+        while (!isOver)
+            turn();
+        worker.join();
+    }
 }
 
 TEST_F(Form, itsRowsComeAndGoAnywhere)

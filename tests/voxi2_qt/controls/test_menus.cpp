@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QWindow>
 
 #include <limits>
 
@@ -284,6 +285,23 @@ TEST_F(Menus, hang_in_the_menu_bar_of_a_window)
     EXPECT_TRUE(widget->actions().isEmpty());
     m_window->setMenuBar(bar);
     EXPECT_TRUE(bar->isVisible());
+}
+
+TEST_F(Menus, may_be_hidden_as_they_open_from_the_menu_bar)
+{
+    auto* const bar = new VXMenuBar2(m_window.get());
+    m_menu->addAction("entry");
+    bar->addMenu("&File", m_menu);
+    m_window->setMenuBar(bar);
+    m_window->setActiveWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(qt(*m_window)));
+    Log shown(m_menu->shown());
+    m_menu->shown().connect(m_menu, &VXMenu2::hide);
+    QTest::keyClick(qt(*m_window)->windowHandle(), Qt::Key_F, Qt::AltModifier);
+    EXPECT_EQ(shown.count(), 1);
+    EXPECT_FALSE(m_menu->isVisible());
+    turn();
+    EXPECT_EQ(dynamic_cast<QMenuBar*>(qt(*bar))->activeAction(), nullptr);
 }
 
 TEST_F(Menus, let_go_of_what_is_destroyed_while_it_is_used)

@@ -356,7 +356,7 @@ TEST_F(Mimic, standsHandlersThatDestroyAll)
     panel->resize({100, 50});
     auto* const button = new VXButton2("press", panel);
     button->resize({100, 50});
-    auto* const source = new VXMimicSource2(panel);
+    auto* const source = new VXMimicSource2(view);
     source->setWidget(panel);
     view->setSource(source);
     view->setForwarding(true);
@@ -374,6 +374,19 @@ TEST_F(Mimic, standsHandlersThatDestroyAll)
     QTest::mouseClick(qt(*view), Qt::LeftButton, {}, {50, 25});
     EXPECT_TRUE(destroyed);
     runDeletions();
+}
+
+TEST_F(Mimic, mayBePicturedByWhatLiesInIt)
+{
+    VXPanel2 panel;
+    auto* const part = new VXPanel2(&panel);
+    new VXPanel2(part);
+    auto* const source = new VXMimicSource2(part);
+    source->setWidget(&panel);
+    const QPointer<QWidget> gone(qt(*part));
+    delete part;
+    runDeletions();
+    EXPECT_FALSE(gone);
 }
 
 TEST_F(Mimic, comesToRestWhereItShowsItself)

@@ -78,6 +78,22 @@ protected:
         turn();
         return item("name")->text(1).toStdString();
     }
+    /// Types a line before the others in their dialog, and clicks on a button there.
+    void editLines(const char* button)
+    {
+        open<QLineEdit>().findChild<QToolButton*>()->click();
+        QTextEdit* area = nullptr;
+        EXPECT_TRUE(waitFor([&] {
+            area = qobject_cast<QTextEdit*>(QApplication::focusWidget());
+            return area;
+        }));
+        QTest::keyClicks(area, QStringLiteral("zero"));
+        QTest::keyClick(area, Qt::Key_Return);
+        for (QPushButton* each : area->window()->findChildren<QPushButton*>()) {
+            if (each->text() == QLatin1String(button))
+                return each->click();
+        }
+    }
 };
 
 TEST_F(PropertyEditors, checkBoxesCombosAndFlagsActAtOnce)
@@ -175,29 +191,25 @@ TEST_F(PropertyEditors, severalLinesHaveADialog)
 {
     VXSimpleProperty2& lines = addTyped(PropertyType::multilineText(), "one\ntwo");
     Log edited(lines.valueEdited());
-    const auto dialog = [this](const char* button) {
-        open<QLineEdit>().findChild<QToolButton*>()->click();
-        QTextEdit* area = nullptr;
-        EXPECT_TRUE(waitFor([&] {
-            area = qobject_cast<QTextEdit*>(QApplication::focusWidget());
-            return area;
-        }));
-        QTest::keyClicks(area, QStringLiteral("zero"));
-        QTest::keyClick(area, Qt::Key_Return);
-        for (QPushButton* each : area->window()->findChildren<QPushButton*>()) {
-            if (each->text() == QLatin1String(button))
-                return each->click();
-        }
-    };
-    dialog("&Cancel");
+    editLines("&Cancel");
     turn();
     EXPECT_EQ(lines.valueAs<std::wstring>(), L"one\ntwo");
-    dialog("&OK");
+    editLines("&OK");
     turn();
     EXPECT_EQ(lines.valueAs<std::wstring>(), L"zero\none\ntwo");
     EXPECT_EQ(edited.count(), 1);
     open<QLineEdit>().findChild<QToolButton*>()->click();
     delete m_browser; // with the dialog
+    runDeletions();
+    EXPECT_FALSE(QApplication::activeModalWidget());
+}
+
+TEST_F(PropertyEditors, severalLinesMayBeTheEndOfTheirBrowser)
+{
+    VXSimpleProperty2& lines = addTyped(PropertyType::multilineText(), "one");
+    lines.valueEdited().connect(&lines, [this] { delete m_browser; });
+    editLines("&OK");
+    EXPECT_EQ(lines.valueAs<std::wstring>(), L"zero\none");
     runDeletions();
     EXPECT_FALSE(QApplication::activeModalWidget());
 }

@@ -95,6 +95,38 @@ TEST_F(PropertyPages, areTabsWithOneSearch)
     EXPECT_EQ(m_pages.pages().back(), made);
 }
 
+TEST_F(PropertyPages, mayEndWhileTheyAreAskedFor)
+{
+    for (int turns = 0; turns < 12; ++turns) {
+        const VXHandle<VXPropertyPages2> pages(new VXPropertyPages2);
+        TROV::Worker worker;
+        std::atomic<bool> isOver{false};
+        worker.thread()->post([pages, &isOver] {
+            pages.with([pages](VXPropertyPages2& made) {
+                VXSimplePropertyBrowser2* const page = made.addPage("Page");
+                EXPECT_EQ(page != nullptr, pages.isValid());
+                if (page)
+                    made.setCurrentPage(page);
+            });
+            isOver = true;
+        });
+        for (int i = 0; i < turns; ++i)
+            turn();
+        delete pages.get();
+        EXPECT_TRUE(waitFor([&] { return isOver.load(); }));
+    }
+    runDeletions();
+
+    auto* const pages = new VXPropertyPages2;
+    pages->addPage("First");
+    auto* const second = pages->addPage("Second");
+    pages->show();
+    turn();
+    second->shown().connect(second, [pages] { delete pages; });
+    pages->setCurrentPage(second);
+    runDeletions();
+}
+
 TEST_F(PropertyPages, sayWhatThereIsToSayOfTheProperty)
 {
     EXPECT_TRUE(foot().isEmpty());

@@ -1,4 +1,10 @@
+#include "support/waitfor.h"
 #include "viewsupport.h"
+#include "voxi2/containers/vxboxlayout2.h"
+#include "voxi2/containers/vxpanel2.h"
+#include "voxi2/modelview/vxexplorerbarview2.h"
+#include "voxi2/modelview/vxsimplepropertybrowser2.h"
+#include "voxi2/modelview/vxtreemodel2.h"
 
 #include <QClipboard>
 #include <QEventLoop>
@@ -259,6 +265,45 @@ TEST_F(ViewSelection, aKeyGoesItsWayThroughALoopThatAHandlerRuns)
     look();
     EXPECT_EQ(isOpen, (std::vector<bool>{true, false, true, true, false}));
     EXPECT_EQ(m_view.activeCell().row, 3U);
+}
+
+/// Qt makes the first row the current one when the focus comes and there is none.
+TEST(ViewFocus, isFollowedByNoReportWhereTheProgramGivesIt)
+{
+    VXTreeModel2 model({"header"});
+    model.appendRow(0, {"row"});
+    VXSimpleProperty2 property("name");
+    VXPanel2 page(nullptr);
+    VXBoxLayout2 row(&page);
+    VXTableView2 table(&page);
+    VXExplorerBarView2 bar(&page);
+    VXSimplePropertyBrowser2 properties(&page);
+    table.setViewModel(&model);
+    bar.setViewModel(&model);
+    properties.addProperty(&property);
+    for (VXWidget2* const each : std::initializer_list<VXWidget2*>{&table, &bar, &properties})
+        row.addWidget(each);
+    Log tables(table.activeCellChanged());
+    Log bars(bar.currentChanged());
+    Log browsers(properties.currentChanged());
+    VXPanel2 other(nullptr);
+    page.show();
+    for (int i = 0; i < 3; ++i) {
+        qt(page)->grab();
+        turn();
+    }
+    for (VXWidget2* const each : std::initializer_list<VXWidget2*>{&table, &bar, &properties}) {
+        other.show();
+        other.setActiveWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(qt(other)));
+        each->setFocus();
+        page.setActiveWindow();
+        EXPECT_TRUE(waitFor([&] { return isWithin(qt(*each), QApplication::focusWidget()); }));
+    }
+    EXPECT_EQ(table.activeCell().row, 1U);
+    EXPECT_EQ(bar.currentRow(), 1U);
+    EXPECT_EQ(properties.current(), &property);
+    EXPECT_TRUE(tables.isEmpty() && bars.isEmpty() && browsers.isEmpty());
 }
 
 } // namespace

@@ -13,6 +13,7 @@ namespace {
 
 /// The rows of the grid that a row of the form has: for a label above, the field, the message.
 constexpr int GridRows = 3;
+constexpr const char* HasRow = "that has a row already";
 
 /// A label without the sign of its mnemonic.
 std::wstring spoken(const AnyText& label)
@@ -26,12 +27,10 @@ std::wstring spoken(const AnyText& label)
 /// The first widget in a layout, or in those that lie in it; 0 when there is none.
 unsigned firstWidgetIn(const VXHandle<VXLayout2>& layout)
 {
-    const auto itemAt = [&layout](int index) {
-        return layout.with([index](const VXLayout2& alive) { return alive.itemAt(index); });
-    };
     const int count = layout.with([](const VXLayout2& alive) { return alive.count(); });
     for (int i = 0; i < count; ++i) {
-        VXObject2* const item = itemAt(i);
+        VXObject2* const item =
+            layout.with([i](const VXLayout2& alive) { return alive.itemAt(i); });
         if (!VXObject::isObjectValid(item))
             continue;
         if (dynamic_cast<VXWidget2*>(item))
@@ -111,10 +110,9 @@ VXWidget2* VXFormLayout2::insertRow(int position, const AnyText& label, VXLayout
     const unsigned first = panel.id() != 0 ? firstWidgetIn(kept) : 0;
     if (!self.isValid() || !panel.isValid())
         return nullptr;
-    const auto buddy = static_cast<VXWidget2*>(objectById(first));
-    insertField(position, label, panel.get(), buddy, stretch);
+    insertField(position, label, panel.get(), static_cast<VXWidget2*>(objectById(first)), stretch);
     panel.with([&](VXWidget2& around) { around.setAccessibleName(spoken(label)); });
-    return panel.get();
+    return self.isValid() ? panel.get() : nullptr;
 }
 
 VXWidget2* VXFormLayout2::insertRow(int position, VXLayout2* layout, int stretch)
@@ -124,7 +122,7 @@ VXWidget2* VXFormLayout2::insertRow(int position, VXLayout2* layout, int stretch
     const VXHandle<VXWidget2> panel = panelOf(layout);
     if (self.isValid() && panel.isValid())
         insertRow(position, panel.get(), stretch);
-    return panel.get();
+    return self.isValid() ? panel.get() : nullptr;
 }
 
 void VXFormLayout2::removeRow(const VXWidget2* widget)
@@ -294,7 +292,7 @@ bool VXFormLayout2::canGetRow(const VXWidget2* widget, CallPlace where) const
     if (isObjectValid(widget) && !find(widget))
         return true;
     if (!widget || isObjectValid(widget))
-        ignored(this, widget ? "that has a row already" : Reason::Null, where);
+        ignored(this, widget ? HasRow : Reason::Null, where);
     return false;
 }
 
@@ -313,13 +311,21 @@ VXWidget2* VXFormLayout2::panelOf(VXLayout2* layout, CallPlace where)
             return nullptr;
         }
     }
+    if (VXObject2* const around = layout->parent();
+        around && around->parent() == this && find(dynamic_cast<VXWidget2*>(around))) {
+        ignored(this, HasRow, where);
+        return nullptr;
+    }
+    const VXHandle<VXFormLayout2> self(this);
     const VXHandle<VXLayout2> kept(layout);
     const VXHandle<VXPanel2> panel(new VXPanel2(this));
     // As if it lay in the form itself: a widget would give it margins of the style's.
     const auto margins = kept.with([](const VXLayout2& alive) { return alive.margins(); });
-    kept.with([&](VXLayout2& alive) { alive.setParent(panel.get()); });
-    const bool isIn = panel.isValid() && kept.isValid() && kept.get()->parent() == panel.get();
-    if (!isIn) {
+    // While a worker waits for these, the form may end.
+    if (self.isValid())
+        kept.with([&](VXLayout2& alive) { alive.setParent(panel.get()); });
+    if (!self.isValid() || !panel.isValid() || !kept.isValid()
+        || kept.get()->parent() != panel.get()) {
         panel->destroy();
         return nullptr;
     }

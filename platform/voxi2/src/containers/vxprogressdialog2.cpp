@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace VOXI {
 
@@ -16,6 +17,13 @@ namespace {
 
 constexpr int Width = 360;
 constexpr int Steps = 1000;
+
+/// Ends the dialog when it goes.
+struct DialogEnd
+{
+    const VXHandle<VXProgressDialog2> m_dialog;
+    ~DialogEnd() { m_dialog->destroy(); }
+};
 
 } // namespace
 
@@ -69,8 +77,10 @@ void VXProgressDialog2::follow(const TROV::Task& task, VXObject2* parent, const 
         const TROV::TaskProgress now = task.progress();
         dialog.setFraction(now.fraction);
         dialog.setText(now.text);
+        // Where the thread that wanted the result has ended, nobody tells: all that listens goes.
         task.ended().connect(
-            &dialog, [shown] { shown->destroy(); }, thread);
+            &dialog, [shown, end = std::make_unique<DialogEnd>(shown)] { shown->destroy(); },
+            thread);
         dialog.finished().connect(
             &dialog, [task](const VXDialogEvent2&) { TROV::Task(task).cancel(); }, thread);
     });

@@ -203,6 +203,76 @@ void VXMemoryModel2::setFilterText(const AnyText& text)
     });
 }
 
+void VXMemoryModel2::Data::filter(Filter function)
+{
+    const auto filter = function ? std::make_shared<const Filter>(std::move(function)) : nullptr;
+    const auto former = std::exchange(m_filter, filter);
+    const unsigned model = m_model->id();
+    std::vector<unsigned> all;
+    for (unsigned uid = m_rows[0].first; uid != 0; uid = following(uid))
+        all.push_back(uid);
+    std::vector<Judgement> judgements;
+    try {
+        for (const unsigned uid : all) {
+            if (const auto judgement = judge(uid))
+                judgements.push_back(*judgement);
+            if (!VXObject::isObjectValid(model) || m_filter != filter)
+                return; // another one has come meanwhile, and looks at all rows
+        }
+    } catch (...) {
+        // What it throws leaves all as it was.
+        if (VXObject::isObjectValid(model) && m_filter == filter)
+            m_filter = former;
+        throw;
+    }
+    std::erase_if(judgements, [this](const Judgement& each) { return !accept(each); });
+    // First all that goes, then all that comes: neighbours go and come together.
+    for (const Judgement& each : judgements) {
+        if (!each.passes && m_rows[each.uid].shownChildren == 0)
+            conceal(each.uid);
+    }
+    for (const Judgement& each : judgements) {
+        if (each.passes && !m_rows[each.uid].isShown)
+            reveal(each.uid);
+    }
+}
+
+std::optional<VXMemoryModel2::Data::Judgement> VXMemoryModel2::Data::judge(unsigned uid)
+{
+    const auto found = m_rows.find(uid);
+    if (found == m_rows.end())
+        return std::nullopt;
+    Judgement judgement{uid, ++found->second.judged, true};
+    if (const auto filter = m_filter) {
+        const unsigned model = m_model->id();
+        judgement.passes = (*filter)(uid);
+        if (!VXObject::isObjectValid(model))
+            return std::nullopt;
+    }
+    return judgement;
+}
+
+bool VXMemoryModel2::Data::accept(const Judgement& judgement)
+{
+    const auto found = m_rows.find(judgement.uid);
+    const bool isLast = found != m_rows.end() && found->second.judged == judgement.number;
+    if (isLast)
+        found->second.passes = judgement.passes;
+    return isLast;
+}
+
+void VXMemoryModel2::Data::update(unsigned uid)
+{
+    const auto judgement = judge(uid);
+    if (!judgement || !accept(*judgement))
+        return;
+    const Row& row = m_rows[uid];
+    if (row.passes && !row.isShown)
+        reveal(uid);
+    else if (!row.passes && row.shownChildren == 0)
+        conceal(uid);
+}
+
 // What views ask ----------------------------------------------------------------------------------
 
 void VXMemoryModel2::query(const ViewQuery2& query)

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <set>
 #include <tuple>
 #include <unordered_map>
@@ -62,6 +63,8 @@ public:
                 row.cells[uid - 1] = {};
         }
         tell(SizeChange2::removeColumn(uid));
+        if (m_filter)
+            filter(*m_filter); // which may have seen what was in it
     }
 
     // Cells ---------------------------------------------------------------------------------------
@@ -204,25 +207,7 @@ public:
             describeBelow(0, [this](SizeChange2 change) { tell(std::move(change)); });
     }
 
-    void filter(Filter function)
-    {
-        // What it throws leaves all as it was.
-        std::vector<std::pair<unsigned, bool>> passing;
-        for (unsigned uid = m_rows[0].first; uid != 0; uid = following(uid))
-            passing.emplace_back(uid, !function || function(uid));
-        m_filter = std::move(function);
-        for (const auto& [uid, passes] : passing)
-            m_rows[uid].passes = passes;
-        // First all that goes, then all that comes: neighbours go and come together.
-        for (const auto& [uid, passes] : passing) {
-            if (!passes && m_rows[uid].shownChildren == 0)
-                conceal(uid);
-        }
-        for (const auto& [uid, passes] : passing) {
-            if (passes && !m_rows[uid].isShown)
-                reveal(uid);
-        }
-    }
+    void filter(Filter function);
 
     VXMemoryModel2* const m_model;
     std::vector<Column> m_columns;
@@ -247,8 +232,17 @@ private:
         bool isShown = false;
         bool promisesChildren = false;
         unsigned shownChildren = 0;
+        unsigned judged = 0;                                // how often
         std::unique_ptr<std::set<unsigned, InOrder>> order; // of those; null when not sorted
         std::vector<CellUIData> cells;                      // by the columns' numbers
+    };
+
+    /// What the filter says of a row.
+    struct Judgement
+    {
+        unsigned uid;
+        unsigned number; // among those of the row
+        bool passes;
     };
 
     bool isSorted() const { return m_sorting.column != 0; }
@@ -285,16 +279,14 @@ private:
         return row->next;
     }
 
-    /// Looks whether a row is to be shown now.
-    void update(unsigned uid)
-    {
-        Row& row = m_rows[uid];
-        row.passes = !m_filter || m_filter(uid);
-        if (row.passes && !row.isShown)
-            reveal(uid);
-        else if (!row.passes && row.shownChildren == 0)
-            conceal(uid);
-    }
+    /// Asks the filter about a row, if that is there; nothing where the model has ended by then. A
+    /// filter that asks a widget waits for another thread, which may change the model meanwhile, or
+    /// set another one.
+    std::optional<Judgement> judge(unsigned uid);
+    /// Unless the row has gone, or has been judged again.
+    bool accept(const Judgement& judgement);
+    /// Looks whether a row is to be shown now; the last thing that is done for it.
+    void update(unsigned uid);
 
     /// Shows a row, and those above it.
     void reveal(unsigned uid)
@@ -415,7 +407,7 @@ private:
     std::vector<bool> m_isColumn{false}; // by number
     std::unordered_map<unsigned, Row> m_rows;
     unsigned m_lastRow = 0;
-    Filter m_filter;
+    std::shared_ptr<const Filter> m_filter; // null: all pass
 };
 
 } // namespace VOXI

@@ -86,10 +86,15 @@ VXPropertyPages2::~VXPropertyPages2()
 VXSimplePropertyBrowser2* VXPropertyPages2::addPage(const AnyText& title)
 {
     const VXObjectDataLocker lock;
+    const BuildScope scope;
+    const VXHandle<VXPropertyPages2> self(this);
     auto* const tab = new VXTab2(title, m_tabs.get());
     auto* const column = new VXBoxLayout2(tab, Direction::TopToBottom);
     column->setMargins({0, 0, 0, 0});
     auto* const browser = new VXSimplePropertyBrowser2(tab);
+    // While a worker waits for these, the pages may end.
+    if (!self.isValid())
+        return nullptr;
     browser->setAccessibleName(title);
     browser->setEditorFactory(VXStandardPropertyEditors2::shared());
     column->addWidget(browser);
@@ -142,17 +147,22 @@ std::vector<VXSimplePropertyBrowser2*> VXPropertyPages2::pages() const
 void VXPropertyPages2::setCurrentPage(VXSimplePropertyBrowser2* browser)
 {
     const VXObjectDataLocker lock;
+    const VXHandle<VXPropertyPages2> self(this);
+    const VXHandle<VXTabContainer2> tabs = m_tabs;
     for (const Page& page : livePages()) {
         if (page.browser.get() == browser)
-            m_tabs->setCurrentTab(page.tab.get());
+            tabs->setCurrentTab(page.tab.get());
     }
-    describeCurrent();
+    // What comes and goes with a page may have been the end of them all.
+    self.with([](VXPropertyPages2& pages) { pages.describeCurrent(); });
 }
 
 VXSimplePropertyBrowser2* VXPropertyPages2::currentPage() const
 {
-    const VXTab2* const current = m_tabs->currentTab();
-    for (const Page& page : livePages()) {
+    const VXObjectDataLocker lock;
+    const std::vector<Page> pages = livePages();
+    const VXTab2* const current = m_tabs->currentTab(); // all may have ended by then
+    for (const Page& page : pages) {
         if (current && page.tab.get() == current)
             return page.browser.get();
     }
@@ -193,8 +203,13 @@ void VXPropertyPages2::applySearch(const std::wstring& text)
 
 void VXPropertyPages2::describeCurrent()
 {
-    if (VXSimplePropertyBrowser2* const browser = currentPage())
-        describe(browser->current());
+    const VXObjectDataLocker lock;
+    const VXHandle<VXPropertyPages2> self(this);
+    const VXHandle<VXSimplePropertyBrowser2> browser = currentPage();
+    if (!browser.isValid())
+        return;
+    const VXHandle<VXSimpleProperty2> property = browser->current();
+    self.with([&](VXPropertyPages2& pages) { pages.describe(property); });
 }
 
 void VXPropertyPages2::describe(VXHandle<VXSimpleProperty2> property)

@@ -314,14 +314,16 @@ void editLines(VXHandle<VXSimplePropertyBrowser2> browser, Property property)
         dialog->setButtonResult(button, result);
         buttons->addWidget(button);
     }
-    // Only what the user has changed counts: line breaks are all alike in an area.
+    // Only what the user has changed counts: line breaks are all alike in an area. Who hears of it
+    // may end the browser, and all this with it.
     const std::wstring shown = area->textU();
     dialog->finished().connect(
-        dialog, [=, edited = VXHandle<VXEditArea2>(area)](const VXDialogEvent2& event) {
+        dialog, [=, edited = VXHandle<VXEditArea2>(area),
+                 done = VXHandle<VXDialog2>(dialog)](const VXDialogEvent2& event) {
             const std::wstring now = edited->textU();
             if (event.result() == VXDialog2::Accepted && edited.isValid() && now != shown)
                 property->imitateEdit(now);
-            dialog->destroy();
+            done->destroy();
         });
     dialog->resize({480, 320});
     dialog->open();

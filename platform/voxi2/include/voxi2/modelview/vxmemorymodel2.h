@@ -54,13 +54,15 @@ public:
     void setSorting(unsigned column, SortOrder order = SortOrder::Ascending);
     SortIndicator sorting() const;
     /// How cells are compared instead of by `CellValue::compare`, which is used again with none.
-    /// Called under the object lock, by whoever changes the model.
+    /// Called under the object lock, by whoever changes the model; it must not ask widgets, which
+    /// may wait for another thread.
     using Comparison = std::function<std::weak_ordering(const CellUIData&, const CellUIData&)>;
     void setComparison(Comparison comparison);
 
     /// Shows only rows for which the function gives true, and those above them; all with none. It
     /// is called under the object lock, by whoever changes the model, and again for a row when one
-    /// of its cells changes.
+    /// of its cells changes or its column goes. It may ask widgets: what others change while it
+    /// waits is looked at again.
     using Filter = std::function<bool(unsigned row)>;
     void setFilter(Filter filter);
     /// Shows only rows with a cell in which the text occurs, in capitals or not.

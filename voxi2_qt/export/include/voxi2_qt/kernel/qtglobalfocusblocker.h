@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <optional>
 #include <unordered_map>
 
 QT_BEGIN_NAMESPACE
@@ -72,6 +73,21 @@ private:
 
     std::unordered_map<const QObject*, Entry> m_windows;
     int m_suspensions = 0;
+};
+
+/// Stands around what a widget does when the focus comes. Where that is not to be reported, what
+/// comes of it, a current row for example, is the program's doing as well. A local variable.
+class QtFocusComing
+{
+public:
+    QtFocusComing(const QWidget& widget, const QFocusEvent& event)
+    {
+        if (QtGlobalFocusBlocker::instance().blocks(&widget, event))
+            m_program.emplace();
+    }
+
+private:
+    std::optional<QtProgramScope> m_program;
 };
 
 } // namespace VOXI

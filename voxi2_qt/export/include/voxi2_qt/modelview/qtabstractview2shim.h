@@ -1,5 +1,6 @@
 #pragma once
 
+#include "voxi2_qt/kernel/qtglobalfocusblocker.h"
 #include "voxi2_qt/kernel/qtleavingkey.h"
 #include "voxi2_qt/kernel/qtwidget2shim.h"
 #include "voxi2_qt/modelview/qtabstractview2.h"
@@ -90,6 +91,12 @@ protected:
             if (!this->handleKey(*event))
                 Shim::keyPressEvent(event);
         });
+    }
+
+    void focusInEvent(QFocusEvent* event) override
+    {
+        const QtFocusComing coming(*this, *event);
+        Shim::focusInEvent(event);
     }
 
     using Q::edit;
