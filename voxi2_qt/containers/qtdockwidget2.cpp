@@ -86,6 +86,7 @@ void QtDockWidget2::scheduleDelete()
 
 void QtDockWidget2::endDrag()
 {
+    const ProgramScope scope(nullptr);
     QCloseEvent event; // nothing is closed, but Qt gives up the drag
     closeEvent(&event);
 }
@@ -97,9 +98,12 @@ void QtDockWidget2::undock()
     const bool isShown = !isHidden();
     endDrag();
     setFloating(false); // or it would come back as a window
-    static_cast<QMainWindow*>(parentWidget())->removeDockWidget(this);
+    auto* const window = qobject_cast<QMainWindow*>(parentWidget());
+    if (!window)
+        return; // a handler has taken it away
+    window->removeDockWidget(this);
     if (isShown)
-        keepHidden(this, parentWidget()); // Qt has hidden it, not the program
+        keepHidden(this, window); // Qt has hidden it, not the program
 }
 
 void QtDockWidget2::leave()
@@ -248,11 +252,9 @@ bool QtDockWidget2::event(QEvent* event)
             updateDragPicture();
         return done;
     }
-    case QEvent::ParentAboutToChange: {
-        const ProgramScope scope(nullptr);
+    case QEvent::ParentAboutToChange:
         endDrag();
         break;
-    }
     case QEvent::ParentChange:
         m_known = state(); // the program has put it elsewhere
         break;

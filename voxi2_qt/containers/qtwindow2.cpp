@@ -202,6 +202,7 @@ void QtWindow2::undock(QToolBar& bar)
 {
     if (!isDocked(bar))
         return;
+    VOXI::endDrag(&bar);
     const bool isShown = !bar.isHidden();
     removeToolBar(&bar);
     if (isShown)

@@ -411,11 +411,9 @@ bool QtWindow2::isDocked(const QWidget& widget) const
 
 void QtWindow2::endDrags()
 {
-    const QtDockWidget2::ProgramScope scope(nullptr);
-    const Docked panes = m_dockedPanes;
-    for (QWidget* widget : panes) {
-        if (auto* pane = dynamic_cast<QtDockWidget2*>(widget))
-            pane->endDrag();
+    for (const Docked& docked : {m_dockedPanes, m_dockedBars}) { // copies: handlers may dock
+        for (const QWidget* widget : docked)
+            VOXI::endDrag(widget);
     }
 }
 

@@ -358,14 +358,6 @@ void QtHGScene2::renewSurface()
     makeSurface();
 }
 
-/// A picture may have been made in it that the window was not put together of yet: Qt would still
-/// see to that, without a context.
-void QtHGScene2::slotContextLost()
-{
-    m_surface->hide();
-    QMetaObject::invokeMethod(this, &QtHGScene2::renewSurface, Qt::QueuedConnection);
-}
-
 /// Beside the margins; the highlight is painted around it.
 void QtHGScene2::placeSurface()
 {

@@ -66,6 +66,14 @@ void QtHGScene2::slotFrameEnds()
         QMetaObject::invokeMethod(this, &QtHGScene2::tellFrame, Qt::QueuedConnection);
 }
 
+/// A picture may have been made in it that the window was not put together of yet: Qt would still
+/// see to that, without a context.
+void QtHGScene2::slotContextLost()
+{
+    m_surface->hide();
+    QMetaObject::invokeMethod(this, &QtHGScene2::renewSurface, Qt::QueuedConnection);
+}
+
 QSize QtHGScene2::sizeHint() const { return {320, 240}; }
 
 void QtHGScene2::changeEvent(QEvent* event)

@@ -9,6 +9,7 @@
 
 #include <QLayout>
 #include <QMainWindow>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QToolButton>
 
@@ -170,7 +171,9 @@ bool QtToolBar2::event(QEvent* event)
         m_layoutFixPending = true;
         QTimer::singleShot(LayoutFixDelay, this, &QtToolBar2::slotFixLayout);
     }
-    if (event->type() == QEvent::ParentChange)
+    if (event->type() == QEvent::ParentAboutToChange)
+        endDrag();
+    else if (event->type() == QEvent::ParentChange)
         updateFocusPolicies();
     return QtWidget2Shim::event(event);
 }
@@ -195,6 +198,22 @@ QToolBar& QtToolBar2::barForNextItem()
     if (m_innerToolBar && m_innerToolBar->actions().count() < m_minimumVisibleItems)
         return *m_innerToolBar;
     return *this;
+}
+
+/// Qt gives up a drag by events alone, and docks the bar unless it is far from where it could be.
+void QtToolBar2::endDrag()
+{
+    if (QWidget::mouseGrabber() != this)
+        return;
+    constexpr QPointF Away(-100'000, -100'000);
+    const QtEventBlocker blocker(
+        *this, {WidgetEvent::Show, WidgetEvent::Hide, WidgetEvent::Move, WidgetEvent::Resize});
+    const QPoint place = pos();
+    QMouseEvent away(QEvent::MouseMove, Away, Away, Qt::NoButton, Qt::LeftButton, {});
+    QToolBar::event(&away);
+    QMouseEvent release(QEvent::MouseButtonRelease, Away, Away, Qt::LeftButton, Qt::NoButton, {});
+    QToolBar::event(&release);
+    move(place);
 }
 
 /// Tab passes by what is docked in a window, where F6 goes to. Elsewhere they are buttons as

@@ -29,9 +29,11 @@ void setAside(QWidget* widget)
     widget->setProperty(IsAside, true);
 }
 
+QtWidget2* widgetPeerOf(const QWidget* widget) { return dynamic_cast<QtWidget2*>(peerOf(widget)); }
+
 void leaveBar(const QWidget* widget)
 {
-    if (auto* peer = dynamic_cast<QtWidget2*>(peerOf(widget)))
+    if (QtWidget2* const peer = widgetPeerOf(widget))
         peer->leaveBar();
 }
 
@@ -72,8 +74,15 @@ void endAside(QWidget* widget, bool comesIntoSight)
         widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
 }
 
+void endDrag(const QWidget* widget)
+{
+    if (QtWidget2* const peer = widget ? widgetPeerOf(widget) : nullptr)
+        peer->endDrag();
+}
+
 void takeOut(QWidget* widget)
 {
+    endDrag(widget);
     leaveBar(widget);
     endAside(widget, true);
     QStackedWidget* const stack = stackOfPage(widget);
@@ -88,10 +97,12 @@ void takeOut(QWidget* widget)
 
 void takeOutFor(QWidget* target, QWidget* widget)
 {
-    if (target && widget->parentWidget() != target)
+    if (target && widget->parentWidget() != target) {
         takeOut(widget);
-    else
+    } else {
+        endDrag(widget);
         endAside(widget, true);
+    }
 }
 
 void keepHidden(QWidget* widget, QWidget* keeper)

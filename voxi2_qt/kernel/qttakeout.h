@@ -25,13 +25,16 @@ private:
     std::list<QtEventBlocker> m_blockers;
 };
 
+/// Ends the user's drag of a peer; of any other widget, or null, nothing happens.
+void endDrag(const QWidget* widget);
+
 /// Readies a widget that the program is about to put into another widget.
 ///
-/// Qt hides what moves; that is no news. A tool bar is left. And it takes a page that a stack has
-/// hidden for one that the program has hidden, and would not show it in the new place.
+/// Qt hides what moves; that is no news. A tool bar is left, a drag ended. And it takes a page that
+/// a stack has hidden for one that the program has hidden, and would not show it in the new place.
 void takeOut(QWidget* widget);
 
-/// The same, unless the widget lies in `target` already.
+/// The same; of a widget that lies in `target` already only a drag ends.
 void takeOutFor(QWidget* target, QWidget* widget);
 
 /// Ends what the two below begin: the program has put the widget somewhere, where it comes into

@@ -395,6 +395,46 @@ TEST_F(ToolBars, dock_at_the_sides_of_a_window)
     }
 }
 
+TEST_F(ToolBars, may_be_put_elsewhere_while_they_are_dragged)
+{
+    addAction("action");
+    auto* const page = new VXPanel2(m_window.get());
+    auto* const row = new VXBoxLayout2(page);
+    m_window->setCentralWidget(page);
+    m_window->addToolBar(new VXToolBar2(m_window.get()));
+    const auto layout = m_window->saveLayout();
+    const std::function<void()> moves[] = {[&] { row->addWidget(m_bar); },
+                                           [&] { m_bar->setParent(page); },
+                                           [&] { m_bar->setParent(nullptr); },
+                                           [&] { m_window->removeToolBar(m_bar); },
+                                           [&] { m_window->addToolBar(m_bar, ToolBarArea::Left); },
+                                           [&] { m_window->restoreLayout(layout); },
+                                           [&] { m_window->setCentralWidget(m_bar); }};
+    for (const auto& move : moves) {
+        m_window->addToolBar(m_bar);
+        m_bar->show();
+        turn();
+        const QPoint handle = m_outer->mapToGlobal(QPoint(4, m_outer->height() / 2));
+        const auto send = [&](QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
+            const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+            QMouseEvent event(type, m_outer->mapFromGlobal(at), at, button, held, {});
+            QCoreApplication::sendEvent(m_outer, &event);
+        };
+        send(QEvent::MouseButtonPress, handle, Qt::LeftButton);
+        for (const int way : {25, 100, 200, 250}) {
+            send(QEvent::MouseMove, handle + QPoint(way, way / 2), Qt::LeftButton);
+            turn();
+        }
+        EXPECT_TRUE(m_outer->isWindow());
+        move();
+        EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+        send(QEvent::MouseMove, handle + QPoint(10, 10), Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, handle, Qt::NoButton);
+        turn();
+        qt(*m_window)->grab();
+    }
+}
+
 TEST_F(ToolBars, let_go_of_what_is_destroyed_under_the_pointer)
 {
     VXAction2* action = addAction("goes");

@@ -52,13 +52,10 @@ public:
 
     void scheduleDelete() override;
     void leave() override;
+    void endDrag() override;
 
     /// Takes the pane out of its window's docks, hidden, if it is docked. Its events are reported.
     void undock();
-
-    /// Ends the user's drag, if there is one, as if it had not begun: the window's layout holds on
-    /// to what is dragged.
-    void endDrag();
 
     /// While one lives, what happens to dock widgets is the program's doing and not reported. At
     /// the end the window's layout is brought up to date, as Qt would do it later.

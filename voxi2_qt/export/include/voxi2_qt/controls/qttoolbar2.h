@@ -52,6 +52,8 @@ public:
     virtual Size<int> doGetIconSize();
     virtual ToolButtonStyle doGetToolButtonStyle();
 
+    void endDrag() override;
+
 protected:
     bool event(QEvent* event) override;
 

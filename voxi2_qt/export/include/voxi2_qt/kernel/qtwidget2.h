@@ -155,6 +155,9 @@ public:
     QAction* getWidgetAction() const;
     /// Takes the widget out of the tool bar that shows it, if one does; see `QtBarItem`.
     void leaveBar();
+    /// Ends the user's drag of the widget, if there is one, as if it had not begun: the layout of a
+    /// window holds on to what is dragged. Not reported.
+    virtual void endDrag() {}
 
     /// The delegate that decides about drags over this widget; null when there is none.
     QtDragDelegate2* dragDelegate() const;
