@@ -48,7 +48,9 @@ ExplorerWindow::ExplorerWindow(Settings settings)
 
 ExplorerWindow::~ExplorerWindow()
 {
-    keepLayout();
+    // That of a window that was closed is kept: by now the program's end has closed its panes, too.
+    if (m_window->isVisible())
+        keepLayout();
     closeFile();
     m_window->destroy();
 }

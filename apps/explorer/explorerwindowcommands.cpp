@@ -94,8 +94,10 @@ void ExplorerWindow::connectCommands()
 
     m_window->closing().connect(m_window, [this](const VXCloseEvent2& event) {
         const bool hasChanges = m_document && m_document->hasChanges();
-        if (m_mayClose || !(hasChanges || m_rows.hasRejected() || m_editing.isUnfinished()))
+        if (m_mayClose || !(hasChanges || m_rows.hasRejected() || m_editing.isUnfinished())) {
+            keepLayout();
             return;
+        }
         event.refuse();
         whenChangesAreDone([this] {
             m_mayClose = true;

@@ -44,6 +44,8 @@ protected:
                 explorer::Settings(m_folder / "settings"));
         return *m_explorer;
     }
+    /// Ends it; the next one finds its settings.
+    void end() { m_explorer.reset(); }
     /// Opens it and waits until its first table is there.
     void open(const Path& file)
     {

@@ -3,6 +3,7 @@
 #include "explorersupport.h"
 #include "qthost/qthost.h"
 #include "voxi2/containers/vxdialog2.h"
+#include "voxi2/containers/vxdockwidget2.h"
 #include "voxi2/controls/vxbutton2.h"
 
 #include <algorithm>
@@ -228,6 +229,22 @@ TEST_F(Explorer, goesToTheEndBeforeItKnowsWhereThatIs)
     rows().imitateSetActiveCell({1, 1, nullptr});
     ASSERT_TRUE(waitFor(isListed, Patience));
     EXPECT_EQ(rows().activeCell().row, 1U);
+}
+
+TEST_F(Explorer, keepsPanesThatStandAlone)
+{
+    explorer();
+    auto* const pane = find<VXDockWidget2>("schema-dock");
+    pane->setFloating(true);
+    ASSERT_TRUE(pane->isVisible());
+    explorer().window()->close();
+    QApplication::closeAllWindows(); // as at the end of a program
+    end();
+
+    explorer();
+    auto* const again = find<VXDockWidget2>("schema-dock");
+    EXPECT_TRUE(again->isFloating());
+    EXPECT_TRUE(waitFor([&] { return again->isVisible(); }));
 }
 
 TEST_F(Explorer, noticesWhatAnotherProgramChanges)
