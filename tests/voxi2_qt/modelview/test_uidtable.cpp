@@ -37,6 +37,11 @@ void operator delete(void* memory) noexcept
 
 void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
 
+// Sanitizers bring their own, which would not call these.
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete[](void* memory) noexcept { operator delete(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { operator delete(memory); }
+
 namespace VOXI {
 namespace {
 
