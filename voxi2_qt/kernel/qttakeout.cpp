@@ -97,12 +97,10 @@ void takeOut(QWidget* widget)
 
 void takeOutFor(QWidget* target, QWidget* widget)
 {
-    if (target && widget->parentWidget() != target) {
+    if (target && widget->parentWidget() != target)
         takeOut(widget);
-    } else {
-        endDrag(widget);
+    else
         endAside(widget, true);
-    }
 }
 
 void keepHidden(QWidget* widget, QWidget* keeper)

@@ -34,7 +34,7 @@ void endDrag(const QWidget* widget);
 /// a stack has hidden for one that the program has hidden, and would not show it in the new place.
 void takeOut(QWidget* widget);
 
-/// The same; of a widget that lies in `target` already only a drag ends.
+/// The same, unless the widget lies in `target` already.
 void takeOutFor(QWidget* target, QWidget* widget);
 
 /// Ends what the two below begin: the program has put the widget somewhere, where it comes into
